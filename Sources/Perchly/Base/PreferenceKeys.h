@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QLatin1StringView>
+
+/// The names under which preferences are stored. The area that owns a key gives its type and
+/// default.
+namespace perchly::keys {
+
+inline constexpr QLatin1StringView displayIndex("displayIndex");
+inline constexpr QLatin1StringView shelfEdge("shelfEdge");
+inline constexpr QLatin1StringView shelfEdgePosition("shelfEdgePosition");
+inline constexpr QLatin1StringView shelfScale("shelfScale");
+inline constexpr QLatin1StringView hoverDelay("hoverDelay");
+inline constexpr QLatin1StringView openOnHover("openOnHover");
+inline constexpr QLatin1StringView shelfTheme("shelfTheme");
+inline constexpr QLatin1StringView shelfAccent("shelfAccent");
+inline constexpr QLatin1StringView shelfOpacity("shelfOpacity");
+inline constexpr QLatin1StringView compactMode("compactMode");
+
+inline constexpr QLatin1StringView leftWidget("leftWidget");
+inline constexpr QLatin1StringView rightWidget("rightWidget");
+inline constexpr QLatin1StringView quickNote("quickNote");
+
+inline constexpr QLatin1StringView focusMinutes("focusMinutes");
+inline constexpr QLatin1StringView breakMinutes("breakMinutes");
+inline constexpr QLatin1StringView focusDay("focusDay");
+inline constexpr QLatin1StringView focusSessions("focusSessions");
+inline constexpr QLatin1StringView focusTotalMinutes("focusTotalMinutes");
+
+inline constexpr QLatin1StringView shelfLibrary("shelfLibrary");
+inline constexpr QLatin1StringView favoritesOnly("favoritesOnly");
+
+} // namespace perchly::keys

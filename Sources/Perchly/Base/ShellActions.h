@@ -1,0 +1,39 @@
+#pragma once
+
+#include "Geometry.h"
+
+#include <QObject>
+
+namespace perchly {
+
+/// What the areas and views may ask of the shell. They are given this interface and never see the
+/// application's delegate itself. Main thread only.
+class ShellActions : public QObject {
+    Q_OBJECT
+public:
+    using QObject::QObject;
+
+    /// Opens the shelf as if the pointer had reached it; it closes by the ordinary hover rules.
+    Q_INVOKABLE virtual void showShelf() = 0;
+    /// Each of these collapses the shelf and brings its window, made on first use, to the front.
+    Q_INVOKABLE virtual void showSettings() = 0;
+    Q_INVOKABLE virtual void showTools() = 0;
+    Q_INVOKABLE virtual void showMixer() = 0;
+    /// showTools() on the section "Search".
+    Q_INVOKABLE virtual void showSearch() = 0;
+    /// Ends the program.
+    Q_INVOKABLE virtual void terminate() = 0;
+
+    /// Opens the shelf in keyboard mode, or closes it when it is in that mode already.
+    Q_INVOKABLE virtual void toggleKeyboardOpen() = 0;
+    /// Recomputes the shelf's sizes and places it again; called after a change of its preferences.
+    Q_INVOKABLE virtual void resize() = 0;
+
+    /// The pointer was pressed, moved and released on one of the areas by which the shelf is held.
+    /// Where the pointer is, the shell finds out itself, since the shelf moves under it.
+    Q_INVOKABLE virtual void handlePressed() = 0;
+    Q_INVOKABLE virtual void handleMoved() = 0;
+    Q_INVOKABLE virtual void handleReleased() = 0;
+};
+
+} // namespace perchly

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+namespace perchly {
+
+/// A delayed or repeated action that has been scheduled. Destroying it cancels the action; that is
+/// allowed from within the action itself. Keep it in one field per purpose: assigning a new task to
+/// the field cancels the old one, and an action never outlives the object that holds its task.
+class ScheduledTask {
+public:
+    ScheduledTask() = default;
+    virtual ~ScheduledTask() = default;
+    ScheduledTask(const ScheduledTask &) = delete;
+    ScheduledTask &operator=(const ScheduledTask &) = delete;
+};
+
+using Task = std::unique_ptr<ScheduledTask>;
+
+/// Time and timers. Main thread only; every action runs on the main thread, from the event loop.
+class Clock {
+public:
+    using TimePoint = std::chrono::system_clock::time_point;
+    using Action = std::function<void()>;
+
+    virtual ~Clock() = default;
+
+    /// The wall clock's time.
+    [[nodiscard]] virtual TimePoint now() const = 0;
+
+    /// The first moment of the local calendar day that contains now().
+    [[nodiscard]] virtual TimePoint startOfDay() const = 0;
+
+    /// The first moment of the local calendar day after that.
+    [[nodiscard]] virtual TimePoint startOfNextDay() const = 0;
+
+    /// Runs the action once, after the delay as a clock that nobody sets counts it.
+    [[nodiscard]] virtual Task after(std::chrono::milliseconds delay, Action action) = 0;
+
+    /// Runs the action again and again, the first time after one period.
+    [[nodiscard]] virtual Task every(std::chrono::milliseconds period, Action action) = 0;
+
+    /// Runs the action when the wall clock reaches the moment, and also whenever the wall clock was
+    /// set or the machine woke up before that: the action looks at now() itself and asks again.
+    /// It runs at most once.
+    [[nodiscard]] virtual Task at(TimePoint moment, Action action) = 0;
+};
+
+} // namespace perchly

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Geometry.h"
+
+#include <QList>
+#include <QObject>
+#include <QString>
+
+#include <optional>
+
+namespace perchly {
+
+/// One attached display.
+struct Display {
+    QString name;            ///< as the person knows it
+    ScreenRect frame;        ///< the whole display
+    ScreenRect visibleFrame; ///< without what panels and docks reserve on this display
+    /// Height of a camera housing at the top, 0 without one, and the usable areas beside it.
+    double safeAreaTop = 0;
+    std::optional<ScreenRect> auxiliaryTopLeftArea = std::nullopt;
+    std::optional<ScreenRect> auxiliaryTopRightArea = std::nullopt;
+
+    bool operator==(const Display &) const = default;
+};
+
+/// The attached displays, the primary one first. Main thread only.
+class Displays : public QObject {
+    Q_OBJECT
+public:
+    using QObject::QObject;
+
+    /// In the system's order; empty when there is none.
+    [[nodiscard]] virtual QList<Display> list() const = 0;
+
+Q_SIGNALS:
+    /// Displays, their arrangement, resolution or reserved areas changed; list() is new already.
+    void changed();
+};
+
+} // namespace perchly

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "AlertSound.h"
+#include "Applications.h"
+#include "Clock.h"
+#include "Displays.h"
+#include "HotKeys.h"
+#include "KeyMonitor.h"
+#include "Motion.h"
+#include "PanelHost.h"
+#include "PointerMonitor.h"
+#include "Preferences.h"
+#include "StatusItem.h"
+
+#include <memory>
+
+namespace perchly {
+
+/// Everything that the program asks of its surroundings. No field is ever empty: what is missing is
+/// answered by a null implementation. Members are destroyed in reverse order.
+struct Hosts {
+    std::unique_ptr<Clock> clock;
+    std::unique_ptr<Preferences> preferences;
+    std::unique_ptr<Displays> displays;
+    std::unique_ptr<PointerMonitor> pointer;
+    std::unique_ptr<KeyMonitor> keys;
+    std::unique_ptr<PanelHost> panel;
+    std::unique_ptr<HotKeys> hotKeys;
+    std::unique_ptr<StatusItem> statusItem;
+    std::unique_ptr<Applications> applications;
+    std::unique_ptr<Motion> motion;
+    std::unique_ptr<AlertSound> alertSound;
+};
+
+} // namespace perchly

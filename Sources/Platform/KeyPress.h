@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QFlags>
+#include <qnamespace.h>
+#include <QString>
+
+namespace perchly {
+
+/// The program's four modifiers, independent of what the keyboard calls them.
+enum class Modifier { Shift = 1, Control = 2, Option = 4, Command = 8 };
+Q_DECLARE_FLAGS(Modifiers, Modifier)
+Q_DECLARE_OPERATORS_FOR_FLAGS(Modifiers)
+
+/// One key going down.
+struct KeyPress {
+    Qt::Key key = Qt::Key_unknown;
+    Modifiers modifiers;
+    /// What the key writes without modifiers; empty for keys that write nothing.
+    QString charactersIgnoringModifiers;
+};
+
+/// A key with exactly the modifiers that must be held.
+struct Chord {
+    Qt::Key key = Qt::Key_unknown;
+    Modifiers modifiers;
+
+    bool operator==(const Chord &) const = default;
+};
+
+} // namespace perchly

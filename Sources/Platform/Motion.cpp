@@ -1,0 +1,4 @@
+#include "Motion.h"
+
+// Gives the interface's meta-object one home.
+#include "moc_Motion.cpp"

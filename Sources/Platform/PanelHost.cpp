@@ -1,0 +1,4 @@
+#include "PanelHost.h"
+
+// Gives the interface's meta-object one home.
+#include "moc_PanelHost.cpp"

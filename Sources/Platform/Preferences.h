@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+
+#include <optional>
+#include <variant>
+
+namespace perchly {
+
+/// What one key can hold: a boolean, a number, a string, or data (a stored document's UTF-8 JSON).
+using PreferenceValue = std::variant<bool, double, QString, QByteArray>;
+
+/// The person's preferences: string keys with typed values. A set is durable when it returns: the
+/// program may be killed right after it. Readers check the stored type and never convert, so that
+/// an absent value and one of the wrong type both read as the reader's default. Main thread only.
+class Preferences : public QObject {
+    Q_OBJECT
+public:
+    using QObject::QObject;
+
+    [[nodiscard]] virtual std::optional<PreferenceValue> value(const QString &key) const = 0;
+
+    /// Stores the value and announces it. A write that fails leaves what was stored on disk whole;
+    /// the new value holds for the run and is tried again with the next set.
+    virtual void setValue(const QString &key, const PreferenceValue &value) = 0;
+
+    /// Forgets the key and announces it, if it was there.
+    virtual void removeValue(const QString &key) = 0;
+
+    [[nodiscard]] std::optional<bool> boolean(const QString &key) const;
+    [[nodiscard]] std::optional<double> number(const QString &key) const;
+    /// A stored number without a fraction that fits into 53 bits.
+    [[nodiscard]] std::optional<qint64> wholeNumber(const QString &key) const;
+    [[nodiscard]] std::optional<QString> string(const QString &key) const;
+    [[nodiscard]] std::optional<QByteArray> data(const QString &key) const;
+
+    void setBoolean(const QString &key, bool value) { setValue(key, value); }
+    void setNumber(const QString &key, double value) { setValue(key, value); }
+    void setString(const QString &key, const QString &value) { setValue(key, value); }
+    void setData(const QString &key, const QByteArray &value) { setValue(key, value); }
+
+Q_SIGNALS:
+    /// The key was set (possibly to the value that it had) or removed.
+    void changed(const QString &key);
+};
+
+} // namespace perchly

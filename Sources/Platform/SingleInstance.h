@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+namespace perchly {
+
+/// Keeps the program to one running instance for each person and session. Main thread only.
+class SingleInstance : public QObject {
+    Q_OBJECT
+public:
+    using QObject::QObject;
+
+    /// True when this is the only instance. False when another runs: it has been asked to show its
+    /// shelf, and this one should end.
+    [[nodiscard]] virtual bool claim() = 0;
+
+Q_SIGNALS:
+    /// Another start, or the desktop, asked for one of "show", "search", "workspace", "mixer" and
+    /// "settings".
+    void requested(const QString &action);
+};
+
+} // namespace perchly

@@ -1,0 +1,30 @@
+#include "FakeHosts.h"
+
+namespace perchly {
+
+namespace {
+
+template <class Fake, class Interface>
+Fake &install(std::unique_ptr<Interface> &field) {
+    auto fake = std::make_unique<Fake>();
+    Fake &reference = *fake;
+    field = std::move(fake);
+    return reference;
+}
+
+} // namespace
+
+FakeHosts::FakeHosts()
+    : clock(install<FakeClock>(hosts.clock))
+    , preferences(install<FakePreferences>(hosts.preferences))
+    , displays(install<FakeDisplays>(hosts.displays))
+    , pointer(install<FakePointer>(hosts.pointer))
+    , keys(install<FakeKeys>(hosts.keys))
+    , panel(install<FakePanelHost>(hosts.panel))
+    , hotKeys(install<FakeHotKeys>(hosts.hotKeys))
+    , statusItem(install<FakeStatusItem>(hosts.statusItem))
+    , applications(install<FakeApplications>(hosts.applications))
+    , motion(install<FakeMotion>(hosts.motion))
+    , alertSound(install<FakeAlertSound>(hosts.alertSound)) {}
+
+} // namespace perchly

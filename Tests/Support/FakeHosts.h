@@ -1,0 +1,29 @@
+#pragma once
+
+#include "FakeClock.h"
+#include "FakePlatform.h"
+#include "FakePreferences.h"
+#include "Hosts.h"
+
+namespace perchly {
+
+/// A complete platform of fakes. The program is given `hosts`; the test holds the fakes themselves,
+/// which live as long as `hosts` does.
+struct FakeHosts {
+    FakeHosts();
+
+    Hosts hosts;
+    FakeClock &clock;
+    FakePreferences &preferences;
+    FakeDisplays &displays;
+    FakePointer &pointer;
+    FakeKeys &keys;
+    FakePanelHost &panel;
+    FakeHotKeys &hotKeys;
+    FakeStatusItem &statusItem;
+    FakeApplications &applications;
+    FakeMotion &motion;
+    FakeAlertSound &alertSound;
+};
+
+} // namespace perchly

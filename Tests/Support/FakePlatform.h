@@ -1,0 +1,115 @@
+#pragma once
+
+#include "Hosts.h"
+
+#include <QRegion>
+#include <QSet>
+
+namespace perchly {
+
+class FakeDisplays : public Displays {
+public:
+    QList<Display> list() const override { return displays; }
+
+    QList<Display> displays{Display{.name = QStringLiteral("Main"),
+                                    .frame = {0, 0, 1440, 900},
+                                    .visibleFrame = {0, 40, 1440, 840}}};
+};
+
+class FakePointer : public PointerMonitor {
+public:
+    void start() override { started = true; }
+    ScreenPoint position() const override { return at; }
+    void setPolling(bool on) override { polling = on; }
+
+    void moveTo(double x, double y) {
+        at = {x, y};
+        Q_EMIT moved();
+    }
+
+    ScreenPoint at{700, 100};
+    bool started = false;
+    bool polling = false;
+};
+
+class FakeKeys : public KeyMonitor {
+public:
+    void start(Handler newHandler) override { handler = std::move(newHandler); }
+
+    /// True when the press was consumed.
+    bool press(Qt::Key key, Modifiers modifiers = {}, const QString &characters = {}) {
+        return handler && handler({key, modifiers, characters});
+    }
+
+    Handler handler;
+};
+
+class FakePanelHost : public PanelHost {
+public:
+    void attach(QWindow *) override {}
+    void place(const ScreenRect &newFrame, const QMarginsF &) override {
+        frame = newFrame;
+        ++placements;
+    }
+    void orderFront() override { shown = true; }
+    void setShape(const QRegion &region) override { shape = region; }
+    void takeKeyboard() override { keyboard = true; }
+    void giveKeyboardBack() override { keyboard = false; }
+    bool hasKeyboard() const override { return keyboard; }
+    void activate(QWindow *window) override { activated.append(window); }
+    bool isComposited() const override { return true; }
+
+    ScreenRect frame;
+    QRegion shape;
+    int placements = 0;
+    bool shown = false;
+    bool keyboard = false;
+    QList<QWindow *> activated;
+};
+
+class FakeHotKeys : public HotKeys {
+public:
+    bool registerChord(int identifier, Chord chord) override {
+        registered.append({identifier, chord});
+        return !heldByOthers.contains(identifier);
+    }
+
+    QList<std::pair<int, Chord>> registered;
+    QSet<int> heldByOthers;
+};
+
+class FakeStatusItem : public StatusItem {
+public:
+    void show(const QIcon &, const QString &name, const QList<StatusMenuEntry> &entries) override {
+        accessibleName = name;
+        menu = entries;
+    }
+
+    QString accessibleName;
+    QList<StatusMenuEntry> menu;
+};
+
+class FakeApplications : public Applications {
+public:
+    void open(const QString &path, Completion) override { opened.append(path); }
+    void openUrl(const QUrl &url, Completion) override { openedUrls.append(url); }
+
+    QStringList opened;
+    QList<QUrl> openedUrls;
+};
+
+class FakeMotion : public Motion {
+public:
+    bool isReduced() const override { return reduced; }
+
+    bool reduced = false;
+};
+
+class FakeAlertSound : public AlertSound {
+public:
+    void play() override { ++played; }
+
+    int played = 0;
+};
+
+} // namespace perchly
