@@ -1,0 +1,10 @@
+#include "ShelfExtras.h"
+
+namespace perchly {
+
+void ShelfExtras::setSection(const QString &section) {
+    m_section = section;
+    Q_EMIT sectionChanged();
+}
+
+} // namespace perchly

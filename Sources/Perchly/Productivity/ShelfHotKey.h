@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QObject>
+
+namespace perchly {
+
+class HotKeys;
+class Productivity;
+class ShellActions;
+
+/// The two chords that work whichever program has the keyboard: Control-Option-Space toggles the
+/// shelf in keyboard mode, Control-Option-K opens search. They are kept for the whole run.
+class ShelfHotKey : public QObject {
+    Q_OBJECT
+public:
+    /// All three must outlive this object.
+    ShelfHotKey(HotKeys &hotKeys, ShellActions &shell, Productivity &productivity,
+                QObject *parent = nullptr);
+
+    /// Takes both chords. One that cannot be had is reported as the workspace store's message; the
+    /// toggle's report wins when both fail. Call it once.
+    void registerChords();
+
+private:
+    void perform(int identifier);
+
+    HotKeys &m_hotKeys;
+    ShellActions &m_shell;
+    Productivity &m_productivity;
+};
+
+} // namespace perchly

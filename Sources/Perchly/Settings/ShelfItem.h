@@ -1,0 +1,49 @@
+#pragma once
+
+#include "Widget.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QObject>
+#include <QString>
+
+#include <optional>
+
+class QUrl;
+
+namespace perchly {
+
+/// One entry of the shelf's strip: a widget, an application or a shortcut. Compared field by field;
+/// identified in lists by `id`.
+struct ShelfItem {
+    Q_GADGET
+    Q_PROPERTY(QString id MEMBER id CONSTANT FINAL)
+    Q_PROPERTY(QString name MEMBER name CONSTANT FINAL)
+    Q_PROPERTY(bool visible MEMBER visible CONSTANT FINAL)
+    Q_PROPERTY(bool favorite MEMBER favorite CONSTANT FINAL)
+public:
+    QString id;
+    QString name;
+    std::optional<QString> widgetName = std::nullopt;   ///< a widget's title
+    std::optional<QString> path = std::nullopt;         ///< an application's desktop entry
+    std::optional<QString> shortcutName = std::nullopt; ///< a shortcut, as it is listed
+    bool visible = true;
+    bool favorite = false;
+
+    [[nodiscard]] static ShelfItem forWidget(Widget widget);
+    [[nodiscard]] static ShelfItem forShortcut(const QString &name);
+    /// `path` is kept as given; the identifier is its form without dot segments.
+    [[nodiscard]] static ShelfItem forApplication(const QString &path, const QString &name);
+
+    bool operator==(const ShelfItem &) const = default;
+};
+
+/// The stored form: a JSON array of objects in UTF-8, one for each item in order. Absent optional
+/// fields are left out.
+[[nodiscard]] QByteArray encodeShelfItems(const QList<ShelfItem> &items);
+
+/// Nothing when the document is not such an array, or one element lacks a required field or has one
+/// of another type. Unknown fields are ignored; optional ones may be null.
+[[nodiscard]] std::optional<QList<ShelfItem>> decodeShelfItems(const QByteArray &document);
+
+} // namespace perchly

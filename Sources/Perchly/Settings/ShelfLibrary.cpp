@@ -1,0 +1,100 @@
+#include "ShelfLibrary.h"
+
+#include "PreferenceKeys.h"
+#include "Preferences.h"
+
+#include <algorithm>
+
+namespace perchly {
+
+namespace {
+
+QList<ShelfItem> defaultItems() {
+    QList<ShelfItem> items;
+    for (const Widget widget : allWidgets) {
+        items.append(ShelfItem::forWidget(widget));
+    }
+    return items;
+}
+
+} // namespace
+
+ShelfLibrary::ShelfLibrary(Preferences &preferences, QObject *parent)
+    : QObject(parent)
+    , m_preferences(preferences) {
+    const auto stored = preferences.data(keys::shelfLibrary);
+    const auto decoded = stored ? decodeShelfItems(*stored) : std::nullopt;
+    setItems(decoded ? *decoded : defaultItems());
+    setFavoritesOnly(preferences.boolean(keys::favoritesOnly).value_or(false));
+}
+
+void ShelfLibrary::setItems(const QList<ShelfItem> &items) {
+    m_items = items;
+    save();
+    Q_EMIT itemsChanged();
+    Q_EMIT shownChanged();
+}
+
+void ShelfLibrary::setFavoritesOnly(bool favoritesOnly) {
+    m_favoritesOnly = favoritesOnly;
+    m_preferences.setBoolean(keys::favoritesOnly, favoritesOnly);
+    Q_EMIT favoritesOnlyChanged();
+    Q_EMIT shownChanged();
+}
+
+QList<ShelfItem> ShelfLibrary::shown() const {
+    QList<ShelfItem> result;
+    std::ranges::copy_if(m_items, std::back_inserter(result), [this](const ShelfItem &item) {
+        return item.visible && (item.favorite || !m_favoritesOnly);
+    });
+    return result;
+}
+
+qsizetype ShelfLibrary::indexOf(const QString &id) const {
+    const auto found = std::ranges::find(m_items, id, &ShelfItem::id);
+    return found == m_items.cend() ? -1 : std::distance(m_items.cbegin(), found);
+}
+
+void ShelfLibrary::add(const ShelfItem &item) {
+    QList<ShelfItem> items = m_items;
+    if (const qsizetype index = indexOf(item.id); index >= 0) {
+        items[index].visible = true;
+    } else {
+        items.append(item);
+    }
+    setItems(items);
+}
+
+void ShelfLibrary::toggle(const QString &id, Flag flag) {
+    const qsizetype index = indexOf(id);
+    if (index < 0) {
+        return;
+    }
+    QList<ShelfItem> items = m_items;
+    bool &value = flag == Flag::Favorite ? items[index].favorite : items[index].visible;
+    value = !value;
+    setItems(items);
+}
+
+void ShelfLibrary::move(const QString &id, qsizetype offset) {
+    const qsizetype from = indexOf(id);
+    const qsizetype to = from + offset;
+    if (from < 0 || to < 0 || to >= m_items.size()) {
+        return;
+    }
+    QList<ShelfItem> items = m_items;
+    items.swapItemsAt(from, to);
+    setItems(items);
+}
+
+void ShelfLibrary::remove(const QString &id) {
+    QList<ShelfItem> items = m_items;
+    items.removeIf([&id](const ShelfItem &item) { return item.id == id; });
+    setItems(items);
+}
+
+void ShelfLibrary::save() {
+    m_preferences.setData(keys::shelfLibrary, encodeShelfItems(m_items));
+}
+
+} // namespace perchly

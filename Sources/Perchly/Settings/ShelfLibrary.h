@@ -1,0 +1,71 @@
+#pragma once
+
+#include "ShelfItem.h"
+
+#include <QList>
+#include <QObject>
+
+namespace perchly {
+
+class Preferences;
+
+/// The shelf's entries in their order. Every change is stored at once: what is stored is always
+/// what the library holds. Main thread only.
+class ShelfLibrary : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QList<perchly::ShelfItem> items READ items NOTIFY itemsChanged FINAL)
+    Q_PROPERTY(QList<perchly::ShelfItem> shown READ shown NOTIFY shownChanged FINAL)
+    Q_PROPERTY(bool favoritesOnly READ favoritesOnly WRITE setFavoritesOnly NOTIFY
+                   favoritesOnlyChanged FINAL)
+    Q_PROPERTY(QList<perchly::ShelfItem> installed READ installed NOTIFY installedChanged FINAL)
+public:
+    enum class Flag { Visible, Favorite };
+
+    /// Loads the stored library, or replaces what cannot be read with the five widgets. The
+    /// preferences must outlive the library.
+    explicit ShelfLibrary(Preferences &preferences, QObject *parent = nullptr);
+
+    [[nodiscard]] const QList<ShelfItem> &items() const { return m_items; }
+    void setItems(const QList<ShelfItem> &items);
+
+    /// When true, the shelf shows favourites only.
+    [[nodiscard]] bool favoritesOnly() const { return m_favoritesOnly; }
+    void setFavoritesOnly(bool favoritesOnly);
+
+    /// Applications found on this machine, by name; empty until they were looked for.
+    [[nodiscard]] const QList<ShelfItem> &installed() const { return m_installed; }
+
+    /// What the strip shows and ⌘1 to ⌘9 launch.
+    [[nodiscard]] QList<ShelfItem> shown() const;
+
+    /// Appends the item, or makes the one with its identifier visible again as it was.
+    void add(const ShelfItem &item);
+
+    /// Inverts one flag of the item with that identifier, if there is one.
+    void toggle(const QString &id, Flag flag);
+
+    /// Swaps the item with the one `offset` places away; nothing happens past either end.
+    void move(const QString &id, qsizetype offset);
+
+    /// Removes every item with that identifier.
+    void remove(const QString &id);
+
+    /// Stores the items.
+    void save();
+
+Q_SIGNALS:
+    void itemsChanged();
+    void shownChanged();
+    void favoritesOnlyChanged();
+    void installedChanged();
+
+private:
+    [[nodiscard]] qsizetype indexOf(const QString &id) const;
+
+    Preferences &m_preferences;
+    QList<ShelfItem> m_items;
+    QList<ShelfItem> m_installed;
+    bool m_favoritesOnly = false;
+};
+
+} // namespace perchly

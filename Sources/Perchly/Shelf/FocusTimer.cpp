@@ -1,0 +1,139 @@
+// The focus timer of the shelf model: a countdown against an absolute deadline, so that it stays
+// right however late its ticks come, and the day's totals.
+
+#include "AlertSound.h"
+#include "PreferenceKeys.h"
+#include "Preferences.h"
+#include "ShelfModel.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace perchly {
+
+using Seconds = std::chrono::seconds;
+
+namespace {
+
+constexpr int secondsPerMinute = 60;
+constexpr std::chrono::milliseconds tickPeriod{1000};
+
+int limitedToInt(qint64 value) {
+    return int(std::clamp<qint64>(value, 0, std::numeric_limits<int>::max()));
+}
+
+double secondsSinceEpoch(Clock::TimePoint moment) {
+    return std::chrono::duration<double>(moment.time_since_epoch()).count();
+}
+
+} // namespace
+
+int ShelfModel::storedMinutes(const QString &key, int defaultMinutes) const {
+    // A length stored by other means has no upper bound of its own: its seconds must fit an int.
+    constexpr qint64 longest = std::numeric_limits<int>::max() / secondsPerMinute;
+    const qint64 stored = m_preferences.wholeNumber(key).value_or(defaultMinutes);
+    return int(std::clamp<qint64>(stored, 1, longest));
+}
+
+int ShelfModel::remainingSeconds(int withoutDeadline) const {
+    if (!m_deadline) {
+        return withoutDeadline;
+    }
+    return limitedToInt(std::chrono::ceil<Seconds>(*m_deadline - m_clock.now()).count());
+}
+
+void ShelfModel::setRunning(bool running) {
+    publish(m_running, running, &ShelfModel::runningChanged);
+    scheduleTick();
+}
+
+void ShelfModel::startCountdown(int minutes, const QString &activity) {
+    publish(m_seconds, minutes * secondsPerMinute, &ShelfModel::secondsChanged);
+    m_deadline = m_clock.now() + Seconds(m_seconds);
+    setRunning(true);
+    setActivity(activity);
+}
+
+void ShelfModel::focus() {
+    publish(m_isBreak, false, &ShelfModel::isBreakChanged);
+    m_plannedMinutes = storedMinutes(keys::focusMinutes, 25);
+    startCountdown(m_plannedMinutes, QStringLiteral("Focus session"));
+}
+
+void ShelfModel::startBreak() {
+    endFocus();
+    publish(m_isBreak, true, &ShelfModel::isBreakChanged);
+    startCountdown(storedMinutes(keys::breakMinutes, 5), QStringLiteral("Break"));
+}
+
+void ShelfModel::togglePause() {
+    if (m_running) {
+        publish(m_seconds, remainingSeconds(m_seconds), &ShelfModel::secondsChanged);
+        m_deadline.reset();
+        setRunning(false);
+    } else if (m_seconds >= 1) {
+        m_deadline = m_clock.now() + Seconds(m_seconds);
+        setRunning(true);
+    }
+}
+
+void ShelfModel::endFocus() {
+    m_deadline.reset();
+    setRunning(false);
+    publish(m_seconds, 0, &ShelfModel::secondsChanged);
+    setQuietFocus(false);
+    setActivity(QStringLiteral("Ready when you are"));
+}
+
+void ShelfModel::refreshDay() {
+    const double today = secondsSinceEpoch(m_clock.startOfDay());
+    if (m_preferences.number(keys::focusDay).value_or(0) != today) {
+        // The day last: if the program is killed in between, the next start begins the day again
+        // instead of counting yesterday's totals as today's.
+        m_preferences.setNumber(keys::focusSessions, 0);
+        m_preferences.setNumber(keys::focusTotalMinutes, 0);
+        m_preferences.setNumber(keys::focusDay, today);
+    }
+    const auto stored = [this](const QString &key) {
+        return limitedToInt(m_preferences.wholeNumber(key).value_or(0));
+    };
+    publish(m_todaySessions, stored(keys::focusSessions), &ShelfModel::todaySessionsChanged);
+    publish(m_todayMinutes, stored(keys::focusTotalMinutes), &ShelfModel::todayMinutesChanged);
+}
+
+/// A second's tick while a countdown runs. Otherwise only the day can change, so that is all that
+/// the program wakes up for.
+void ShelfModel::scheduleTick() {
+    m_ticker = m_running ? m_clock.every(tickPeriod, [this] { tick(); })
+                         : m_clock.at(m_clock.startOfNextDay(), [this] {
+                               tick();
+                               scheduleTick();
+                           });
+}
+
+void ShelfModel::tick() {
+    refreshDay();
+    if (!m_running) {
+        return;
+    }
+    publish(m_seconds, remainingSeconds(0), &ShelfModel::secondsChanged);
+    if (m_seconds > 0) {
+        return;
+    }
+    if (!m_isBreak) {
+        const auto sum = [](int a, int b) { return limitedToInt(qint64(a) + b); };
+        publish(m_todaySessions, sum(m_todaySessions, 1), &ShelfModel::todaySessionsChanged);
+        publish(m_todayMinutes, sum(m_todayMinutes, m_plannedMinutes),
+                &ShelfModel::todayMinutesChanged);
+        m_preferences.setNumber(keys::focusSessions, m_todaySessions);
+        m_preferences.setNumber(keys::focusTotalMinutes, m_todayMinutes);
+    }
+    setQuietFocus(false);
+    m_deadline.reset();
+    setRunning(false);
+    setActivity(m_isBreak ? QStringLiteral("Break complete") : QStringLiteral("Focus complete"));
+    m_alertSound.play();
+}
+
+} // namespace perchly

@@ -1,0 +1,99 @@
+#include "ShelfModel.h"
+
+namespace perchly {
+
+ShelfModel::ShelfModel(Clock &clock, Preferences &preferences, AlertSound &alertSound,
+                       QObject *parent)
+    : QObject(parent)
+    , m_clock(clock)
+    , m_preferences(preferences)
+    , m_alertSound(alertSound) {
+    refreshDay();
+    scheduleTick();
+}
+
+void ShelfModel::setExpanded(bool expanded) {
+    publish(m_expanded, expanded, &ShelfModel::expandedChanged);
+}
+
+void ShelfModel::setDragging(bool dragging) {
+    publish(m_dragging, dragging, &ShelfModel::draggingChanged);
+}
+
+void ShelfModel::setDockEdge(ShelfEdge edge) {
+    publish(m_dockEdge, edge, &ShelfModel::dockEdgeChanged);
+}
+
+void ShelfModel::setQuietFocus(bool quiet) {
+    publish(m_quietFocus, quiet, &ShelfModel::quietFocusChanged);
+}
+
+void ShelfModel::setCompactWidth(double width) {
+    publish(m_compactWidth, width, &ShelfModel::compactWidthChanged);
+}
+
+void ShelfModel::setCompactHeight(double height) {
+    publish(m_compactHeight, height, &ShelfModel::compactHeightChanged);
+}
+
+void ShelfModel::setHardwareNotchWidth(double width) {
+    publish(m_hardwareNotchWidth, width, &ShelfModel::hardwareNotchWidthChanged);
+}
+
+void ShelfModel::setLeft(Widget widget) {
+    publish(m_left, widget, &ShelfModel::leftChanged);
+}
+
+void ShelfModel::setRight(Widget widget) {
+    publish(m_right, widget, &ShelfModel::rightChanged);
+}
+
+void ShelfModel::setActivity(const QString &activity) {
+    publish(m_activity, activity, &ShelfModel::activityChanged);
+}
+
+void ShelfModel::setPlaying(bool playing) {
+    publish(m_playing, playing, &ShelfModel::playingChanged);
+}
+
+void ShelfModel::setArtist(const QString &artist) {
+    publish(m_artist, artist, &ShelfModel::artistChanged);
+}
+
+void ShelfModel::setMusicActive(bool active) {
+    publish(m_musicActive, active, &ShelfModel::musicActiveChanged);
+}
+
+void ShelfModel::setMusicTitle(const QString &title) {
+    publish(m_musicTitle, title, &ShelfModel::musicTitleChanged);
+}
+
+void ShelfModel::setMusicArtist(const QString &artist) {
+    publish(m_musicArtist, artist, &ShelfModel::musicArtistChanged);
+}
+
+void ShelfModel::setControlError(const QString &error) {
+    publish(m_controlError, error, &ShelfModel::controlErrorChanged);
+}
+
+void ShelfModel::setControlling(bool controlling) {
+    publish(m_controlling, controlling, &ShelfModel::controllingChanged);
+}
+
+void ShelfModel::setMediaSource(const QString &source) {
+    publish(m_mediaSource, source, &ShelfModel::mediaSourceChanged);
+}
+
+void ShelfModel::setSystemMedia(bool system) {
+    publish(m_systemMedia, system, &ShelfModel::systemMediaChanged);
+}
+
+void ShelfModel::setMediaIsBrowser(bool browser) {
+    publish(m_mediaIsBrowser, browser, &ShelfModel::mediaIsBrowserChanged);
+}
+
+void ShelfModel::setMediaCanSeek(bool canSeek) {
+    publish(m_mediaCanSeek, canSeek, &ShelfModel::mediaCanSeekChanged);
+}
+
+} // namespace perchly

@@ -1,0 +1,226 @@
+#pragma once
+
+#include "Clock.h"
+#include "ShelfEdge.h"
+#include "Widget.h"
+
+#include <QObject>
+#include <QString>
+
+#include <optional>
+
+namespace perchly {
+
+class AlertSound;
+class Preferences;
+
+/// The shelf's observable state: whether it is open, how its collapsed form is laid out, its pinned
+/// widgets, what is playing, and the focus timer.
+///
+/// Every setter assigns and then announces, also when the value is the one it had. Optional strings
+/// are null (`isNull()`) when absent. Main thread only.
+class ShelfModel : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(bool expanded READ expanded NOTIFY expandedChanged FINAL)
+    Q_PROPERTY(bool dragging READ dragging NOTIFY draggingChanged FINAL)
+    Q_PROPERTY(QString dockEdge READ dockEdgeName NOTIFY dockEdgeChanged FINAL)
+    Q_PROPERTY(bool quietFocus READ quietFocus WRITE setQuietFocus NOTIFY quietFocusChanged FINAL)
+    Q_PROPERTY(double compactWidth READ compactWidth NOTIFY compactWidthChanged FINAL)
+    Q_PROPERTY(double compactHeight READ compactHeight NOTIFY compactHeightChanged FINAL)
+    Q_PROPERTY(
+        double hardwareNotchWidth READ hardwareNotchWidth NOTIFY hardwareNotchWidthChanged FINAL)
+    Q_PROPERTY(QString left READ leftTitle NOTIFY leftChanged FINAL)
+    Q_PROPERTY(QString right READ rightTitle NOTIFY rightChanged FINAL)
+    Q_PROPERTY(QString activity READ activity WRITE setActivity NOTIFY activityChanged FINAL)
+    Q_PROPERTY(bool playing READ playing NOTIFY playingChanged FINAL)
+    Q_PROPERTY(QString artist READ artist NOTIFY artistChanged FINAL)
+    Q_PROPERTY(bool musicActive READ musicActive NOTIFY musicActiveChanged FINAL)
+    Q_PROPERTY(QString musicTitle READ musicTitle NOTIFY musicTitleChanged FINAL)
+    Q_PROPERTY(QString musicArtist READ musicArtist NOTIFY musicArtistChanged FINAL)
+    Q_PROPERTY(QString controlError READ controlError WRITE setControlError NOTIFY
+                   controlErrorChanged FINAL)
+    Q_PROPERTY(bool controlling READ controlling NOTIFY controllingChanged FINAL)
+    Q_PROPERTY(QString mediaSource READ mediaSource NOTIFY mediaSourceChanged FINAL)
+    Q_PROPERTY(bool systemMedia READ systemMedia NOTIFY systemMediaChanged FINAL)
+    Q_PROPERTY(bool mediaIsBrowser READ mediaIsBrowser NOTIFY mediaIsBrowserChanged FINAL)
+    Q_PROPERTY(bool mediaCanSeek READ mediaCanSeek NOTIFY mediaCanSeekChanged FINAL)
+    Q_PROPERTY(int seconds READ seconds NOTIFY secondsChanged FINAL)
+    Q_PROPERTY(bool running READ running NOTIFY runningChanged FINAL)
+    Q_PROPERTY(bool isBreak READ isBreak NOTIFY isBreakChanged FINAL)
+    Q_PROPERTY(int todaySessions READ todaySessions NOTIFY todaySessionsChanged FINAL)
+    Q_PROPERTY(int todayMinutes READ todayMinutes NOTIFY todayMinutesChanged FINAL)
+public:
+    /// Loads today's totals and starts watching for the end of the day. The three hosts must
+    /// outlive the model.
+    ShelfModel(Clock &clock, Preferences &preferences, AlertSound &alertSound,
+               QObject *parent = nullptr);
+
+    /// The shelf is open. Written by the shell only.
+    [[nodiscard]] bool expanded() const { return m_expanded; }
+    void setExpanded(bool expanded);
+    /// The shelf is being dragged: nothing else may move, open or close it.
+    [[nodiscard]] bool dragging() const { return m_dragging; }
+    void setDragging(bool dragging);
+    /// The edge that the shelf is laid out for.
+    [[nodiscard]] ShelfEdge dockEdge() const { return m_dockEdge; }
+    [[nodiscard]] QString dockEdgeName() const { return shelfEdgeName(m_dockEdge); }
+    void setDockEdge(ShelfEdge edge);
+    /// A focus session was started from a focus button; the strip makes room for a quiet message.
+    [[nodiscard]] bool quietFocus() const { return m_quietFocus; }
+    void setQuietFocus(bool quiet);
+    /// The widget chooser is open, so the shelf must not close. Not announced.
+    [[nodiscard]] bool choosingWidget() const { return m_choosingWidget; }
+    Q_INVOKABLE void setChoosingWidget(bool choosing) { m_choosingWidget = choosing; }
+
+    /// The collapsed shelf's size, and the width of a camera housing within it; in points.
+    [[nodiscard]] double compactWidth() const { return m_compactWidth; }
+    void setCompactWidth(double width);
+    [[nodiscard]] double compactHeight() const { return m_compactHeight; }
+    void setCompactHeight(double height);
+    [[nodiscard]] double hardwareNotchWidth() const { return m_hardwareNotchWidth; }
+    void setHardwareNotchWidth(double width);
+
+    /// The pinned widgets. The views store them; the model only holds them.
+    [[nodiscard]] Widget left() const { return m_left; }
+    [[nodiscard]] QString leftTitle() const { return widgetTitle(m_left); }
+    void setLeft(Widget widget);
+    [[nodiscard]] Widget right() const { return m_right; }
+    [[nodiscard]] QString rightTitle() const { return widgetTitle(m_right); }
+    void setRight(Widget widget);
+
+    /// One line that says what goes on.
+    [[nodiscard]] QString activity() const { return m_activity; }
+    void setActivity(const QString &activity);
+
+    /// What is playing, and where.
+    [[nodiscard]] bool playing() const { return m_playing; }
+    void setPlaying(bool playing);
+    [[nodiscard]] QString artist() const { return m_artist; }
+    void setArtist(const QString &artist);
+    [[nodiscard]] bool musicActive() const { return m_musicActive; }
+    void setMusicActive(bool active);
+    [[nodiscard]] QString musicTitle() const { return m_musicTitle; }
+    void setMusicTitle(const QString &title);
+    [[nodiscard]] QString musicArtist() const { return m_musicArtist; }
+    void setMusicArtist(const QString &artist);
+    /// Why the last playback command failed; absent until one does and after it was dismissed.
+    [[nodiscard]] QString controlError() const { return m_controlError; }
+    void setControlError(const QString &error);
+    /// A playback command is on its way.
+    [[nodiscard]] bool controlling() const { return m_controlling; }
+    void setControlling(bool controlling);
+    [[nodiscard]] QString mediaSource() const { return m_mediaSource; }
+    void setMediaSource(const QString &source);
+    [[nodiscard]] bool systemMedia() const { return m_systemMedia; }
+    void setSystemMedia(bool system);
+    [[nodiscard]] bool mediaIsBrowser() const { return m_mediaIsBrowser; }
+    void setMediaIsBrowser(bool browser);
+    [[nodiscard]] bool mediaCanSeek() const { return m_mediaCanSeek; }
+    void setMediaCanSeek(bool canSeek);
+    /// Identifier of the player that commands go to. Not announced.
+    [[nodiscard]] QString playerID() const { return m_playerID; }
+    void setPlayerID(const QString &identifier) { m_playerID = identifier; }
+
+    /// The focus timer: seconds left, frozen while it is paused.
+    [[nodiscard]] int seconds() const { return m_seconds; }
+    [[nodiscard]] bool running() const { return m_running; }
+    /// The current countdown, or the last one, is a break.
+    [[nodiscard]] bool isBreak() const { return m_isBreak; }
+    /// Sessions and minutes completed on this local day.
+    [[nodiscard]] int todaySessions() const { return m_todaySessions; }
+    [[nodiscard]] int todayMinutes() const { return m_todayMinutes; }
+    [[nodiscard]] std::optional<Clock::TimePoint> deadline() const { return m_deadline; }
+    /// Length in minutes of the last focus session that was started; what its completion credits.
+    [[nodiscard]] int plannedMinutes() const { return m_plannedMinutes; }
+
+    /// Starts a focus session of the stored length.
+    Q_INVOKABLE void focus();
+    /// Ends what runs, without credit, and starts a break of the stored length.
+    Q_INVOKABLE void startBreak();
+    /// Pauses a running countdown or resumes a paused one; otherwise does nothing.
+    Q_INVOKABLE void togglePause();
+    /// Stops and clears the countdown.
+    Q_INVOKABLE void endFocus();
+    /// Starts the totals again when the local day has changed, and loads them.
+    void refreshDay();
+
+Q_SIGNALS:
+    void expandedChanged();
+    void draggingChanged();
+    void dockEdgeChanged();
+    void quietFocusChanged();
+    void compactWidthChanged();
+    void compactHeightChanged();
+    void hardwareNotchWidthChanged();
+    void leftChanged();
+    void rightChanged();
+    void activityChanged();
+    void playingChanged();
+    void artistChanged();
+    void musicActiveChanged();
+    void musicTitleChanged();
+    void musicArtistChanged();
+    void controlErrorChanged();
+    void controllingChanged();
+    void mediaSourceChanged();
+    void systemMediaChanged();
+    void mediaIsBrowserChanged();
+    void mediaCanSeekChanged();
+    void secondsChanged();
+    void runningChanged();
+    void isBreakChanged();
+    void todaySessionsChanged();
+    void todayMinutesChanged();
+
+private:
+    template <class T>
+    void publish(T &field, const T &value, void (ShelfModel::*changed)()) {
+        field = value;
+        Q_EMIT(this->*changed)();
+    }
+
+    [[nodiscard]] int storedMinutes(const QString &key, int defaultMinutes) const;
+    [[nodiscard]] int remainingSeconds(int withoutDeadline) const;
+    void startCountdown(int minutes, const QString &activity);
+    void setRunning(bool running);
+    void scheduleTick();
+    void tick();
+
+    Clock &m_clock;
+    Preferences &m_preferences;
+    AlertSound &m_alertSound;
+
+    bool m_expanded = false;
+    bool m_dragging = false;
+    ShelfEdge m_dockEdge = ShelfEdge::Top;
+    bool m_quietFocus = false;
+    bool m_choosingWidget = false;
+    double m_compactWidth = 190;
+    double m_compactHeight = 34;
+    double m_hardwareNotchWidth = 0;
+    Widget m_left = Widget::Clock;
+    Widget m_right = Widget::Timer;
+    QString m_activity = QStringLiteral("Ready when you are");
+    bool m_playing = false;
+    QString m_artist = QStringLiteral("");
+    bool m_musicActive = false;
+    QString m_musicTitle = QStringLiteral("Music");
+    QString m_musicArtist = QStringLiteral("");
+    QString m_controlError;
+    bool m_controlling = false;
+    QString m_mediaSource = QStringLiteral("Apple Music");
+    bool m_systemMedia = false;
+    bool m_mediaIsBrowser = false;
+    bool m_mediaCanSeek = false;
+    QString m_playerID = QStringLiteral("com.apple.Music");
+    int m_seconds = 0;
+    bool m_running = false;
+    bool m_isBreak = false;
+    int m_todaySessions = 0;
+    int m_todayMinutes = 0;
+    std::optional<Clock::TimePoint> m_deadline;
+    int m_plannedMinutes = 25;
+    Task m_ticker;
+};
+
+} // namespace perchly
