@@ -28,6 +28,9 @@ class Picture:
         """Whether a pixel of the rectangle (x, y, width, height) has about this colour."""
         return any(near(pixel, colour, tolerance) for pixel in self.pixels(*rect))
 
+    def same_as(self, other):
+        return self._data == other._data
+
     def save(self, path):
         rows = bytearray()
         for y in range(self.height):
