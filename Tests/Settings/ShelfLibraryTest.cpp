@@ -273,16 +273,19 @@ private Q_SLOTS:
     void changesAreStoredWhenTheyAreAnnounced() {
         LibraryFixture fixture({named("a")});
         int heard = 0;
-        connect(&*fixture.library, &ShelfLibrary::shownChanged, this, [&] {
+        const auto check = [&] {
             ++heard;
             QVERIFY(fixture.stored() == fixture.library->items());
             QCOMPARE(fixture.preferences.boolean(keys::favoritesOnly),
                      std::optional(fixture.library->favoritesOnly()));
-        });
+        };
+        connect(&*fixture.library, &ShelfLibrary::itemsChanged, this, check);
+        connect(&*fixture.library, &ShelfLibrary::favoritesOnlyChanged, this, check);
+        connect(&*fixture.library, &ShelfLibrary::shownChanged, this, check);
         fixture.library->add(named("b"));
         fixture.library->setFavoritesOnly(true);
         fixture.library->setItems({});
-        QCOMPARE(heard, 3);
+        QCOMPARE(heard, 6);
         QVERIFY(fixture.stored() == QList<ShelfItem>());
     }
 
