@@ -70,12 +70,23 @@ void XClient::typeKey(quint8 keycode) const {
     QThread::msleep(3);
 }
 
-void XClient::typeChord(quint8 keycode) const {
+void XClient::pressChord(quint8 keycode) const {
     pressKey(controlKey);
     pressKey(altKey);
-    typeKey(keycode);
+    pressKey(keycode);
+}
+
+void XClient::releaseChord(quint8 keycode) const {
+    releaseKey(keycode);
     releaseKey(altKey);
     releaseKey(controlKey);
+    // No finger is fast enough to press again in the same millisecond.
+    QThread::msleep(3);
+}
+
+void XClient::typeChord(quint8 keycode) const {
+    pressChord(keycode);
+    releaseChord(keycode);
 }
 
 xcb_window_t XClient::makeWindow(const QRect &area, Managed managed) const {

@@ -33,6 +33,8 @@ public:
     void releaseKey(quint8 keycode) const;
     void typeKey(quint8 keycode) const;
     /// Ctrl+Alt and the key.
+    void pressChord(quint8 keycode) const;
+    void releaseChord(quint8 keycode) const;
     void typeChord(quint8 keycode) const;
 
     // The program

@@ -32,7 +32,7 @@ class X11HotKeysTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { setLayout({QStringLiteral("us")}); }
+    void cleanup() { setLayout({QStringLiteral("us"), QStringLiteral("-option"), QString()}); }
     void tellsThePressedChord();
     void locksDoNotMatter_data();
     void locksDoNotMatter();
@@ -42,6 +42,7 @@ private Q_SLOTS:
     void releasesItsChords();
     void followsTheLayout();
     void worksInALayoutWithoutTheLetter();
+    void worksWhileTheSecondLayoutIsOn();
 
 private:
     // Whatever was sent has been told when this returns.
@@ -133,13 +134,9 @@ void X11HotKeysTest::anotherProgramsChordIsRefused() {
 
 void X11HotKeysTest::aHeldKeyIsToldOnce() {
     const auto holdChord = [this] {
-        m_person.pressKey(37);
-        m_person.pressKey(64);
-        m_person.pressKey(spaceKey);
+        m_person.pressChord(spaceKey);
         QTest::qWait(1200);
-        m_person.releaseKey(spaceKey);
-        m_person.releaseKey(64);
-        m_person.releaseKey(37);
+        m_person.releaseChord(spaceKey);
     };
     XClient other;
     const xcb_window_t window = other.makeWindow({0, 0, 50, 50}, XClient::Managed::No);
@@ -189,6 +186,19 @@ void X11HotKeysTest::worksInALayoutWithoutTheLetter() {
     const QSignalSpy pressed(&keys, &HotKeys::pressed);
     QVERIFY(keys.registerChord(1, controlOptionK));
     m_person.typeChord(kKey);
+    settle();
+    QCOMPARE(pressed.count(), 1);
+}
+
+void X11HotKeysTest::worksWhileTheSecondLayoutIsOn() {
+    setLayout(
+        {QStringLiteral("us,ru"), QStringLiteral("-option"), QStringLiteral("grp:caps_toggle")});
+    X11HotKeys keys;
+    const QSignalSpy pressed(&keys, &HotKeys::pressed);
+    QVERIFY(keys.registerChord(1, controlOptionK));
+    m_person.typeKey(capsLockKey);
+    m_person.typeChord(kKey);
+    m_person.typeKey(capsLockKey);
     settle();
     QCOMPARE(pressed.count(), 1);
 }

@@ -1,3 +1,4 @@
+#include "X11HotKeys.h"
 #include "X11PanelHost.h"
 #include "XClient.h"
 
@@ -15,6 +16,7 @@ using namespace perchly;
 namespace {
 
 constexpr quint8 aKey = 38;
+constexpr quint8 spaceKey = 65;
 const ScreenRect pillFrame{495, 766, 290, 34};
 const QMarginsF pillMargins{40, 0, 40, 40};
 const QRect pillInWindow{40, 0, 290, 34};
@@ -47,6 +49,7 @@ private Q_SLOTS:
     void cleanup();
     void showingAndClickingLeavesTheKeyboardAlone();
     void theKeyboardIsTakenAndGivenBack();
+    void aHotKeyTakesTheKeyboardWhileItIsHeld();
     void theKeyboardIsNotGivenBackOnceItWentElsewhere();
     void theKeyboardGoesSomewhereWhenItsOwnerIsGone();
     void clicksInTheMarginFallThrough();
@@ -134,6 +137,31 @@ void X11PanelHostTest::theKeyboardIsTakenAndGivenBack() {
     QTRY_COMPARE(m_client->focusedWindow(), other);
     QTest::qWait(250);
     QCOMPARE(m_client->focusedWindow(), other);
+}
+
+void X11PanelHostTest::aHotKeyTakesTheKeyboardWhileItIsHeld() {
+    const xcb_window_t other = showOther({100, 200, 300, 300});
+    X11HotKeys keys;
+    QVERIFY(keys.registerChord(1, {Qt::Key_Space, Modifier::Control | Modifier::Option}));
+    connect(&keys, &HotKeys::pressed, this, [this] {
+        if (m_host->hasKeyboard()) {
+            m_host->giveKeyboardBack();
+        } else {
+            m_host->orderFront();
+            m_host->takeKeyboard();
+        }
+    });
+    m_client->pressChord(spaceKey);
+    QTRY_VERIFY(m_host->hasKeyboard());
+    m_client->releaseChord(spaceKey);
+    QTRY_COMPARE(QGuiApplication::focusWindow(), m_panel.get());
+    m_panel->typed.clear();
+    m_client->typeKey(aKey);
+    QTRY_COMPARE(m_panel->typed, QList<int>{Qt::Key_A});
+
+    m_client->typeChord(spaceKey);
+    QTRY_COMPARE(m_client->focusedWindow(), other);
+    QTRY_VERIFY(!m_host->hasKeyboard());
 }
 
 void X11PanelHostTest::theKeyboardIsNotGivenBackOnceItWentElsewhere() {
