@@ -7,8 +7,14 @@
 #include "NullHosts.h"
 #include "PortalMotion.h"
 #include "QtClock.h"
+#include "QtKeyMonitor.h"
 #include "SessionBus.h"
 #include "TrayStatusItem.h"
+#include "X11Displays.h"
+#include "X11HotKeys.h"
+#include "X11PanelHost.h"
+#include "X11PointerMonitor.h"
+#include "XServerReach.h"
 
 #include <QGuiApplication>
 
@@ -67,13 +73,25 @@ void addDesktop(Hosts &hosts) {
     hosts.alertSound = std::make_unique<CanberraAlertSound>();
 }
 
-void addWindowSystem(Hosts &) {
+void addWindowSystem(Hosts &hosts) {
     if (QGuiApplication::platformName() != QStringLiteral("xcb")) {
         tellOnce("no X display: the shelf's place, the pointer and the hot keys are missing");
+        return;
     }
+    hosts.displays = std::make_unique<X11Displays>();
+    hosts.pointer = std::make_unique<X11PointerMonitor>();
+    hosts.keys = std::make_unique<QtKeyMonitor>();
+    hosts.panel = std::make_unique<X11PanelHost>();
+    hosts.hotKeys = std::make_unique<X11HotKeys>();
 }
 
 } // namespace
+
+void chooseWindowSystem() {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", canReachXServer() ? "xcb" : "offscreen");
+    }
+}
 
 Hosts makeHosts() {
     Hosts hosts = nullHosts();

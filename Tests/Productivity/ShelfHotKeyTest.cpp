@@ -25,6 +25,7 @@ public:
     void handlePressed() override { note("handlePressed"); }
     void handleMoved() override { note("handleMoved"); }
     void handleReleased() override { note("handleReleased"); }
+    void handleCanceled() override { note("handleCanceled"); }
 
     QStringList asked;
 

@@ -13,10 +13,10 @@ namespace perchly {
 struct KeyboardMap {
     int firstKeycode = 8;
     int keysymsPerKeycode = 1;
-    QList<quint32> keysyms; ///< keysymsPerKeycode for each keycode from the first on
+    QList<quint32> keysyms = {}; ///< keysymsPerKeycode for each keycode from the first on
 
     int keycodesPerModifier = 0;
-    QList<quint8> modifierKeycodes; ///< for Shift, Lock, Control, Mod1 … Mod5; 0 for none
+    QList<quint8> modifierKeycodes = {}; ///< for Shift, Lock, Control, Mod1 … Mod5; 0 for none
 
     /// The key that writes this without modifiers in the first layout, else in another one. When no
     /// layout has it, the key that stands there on a keyboard with Latin letters.

@@ -30,19 +30,24 @@ void StrutWatcher::handleEvent(const xcb_generic_event_t *event) {
     case XCB_PROPERTY_NOTIFY: {
         const auto *notice = reinterpret_cast<const xcb_property_notify_event_t *>(event);
         if (notice->window == m_connection.root() && notice->atom == m_clientList) {
-            m_refresh.start();
+            refreshSoon();
         } else if (notice->atom == m_strut || notice->atom == m_strutPartial) {
             m_outdated.insert(notice->window);
-            m_refresh.start();
+            refreshSoon();
         }
         break;
     }
     case XCB_CONFIGURE_NOTIFY:
-        m_refresh.start();
+        refreshSoon();
         break;
     default:
         break;
     }
+}
+
+void StrutWatcher::refreshSoon() {
+    if (!m_refresh.isActive())
+        m_refresh.start();
 }
 
 void StrutWatcher::refresh() {

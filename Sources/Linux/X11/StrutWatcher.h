@@ -25,6 +25,7 @@ Q_SIGNALS:
 
 private:
     void handleEvent(const xcb_generic_event_t *event);
+    void refreshSoon();
     void refresh();
     void readStruts(const QList<xcb_window_t> &windows);
     void watchPropertiesOf(xcb_window_t window);
