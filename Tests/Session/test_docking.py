@@ -1,7 +1,6 @@
 """The shelf is dragged by its header and docks at an edge of any display."""
 
 from perchly_session.case import SessionCase, main
-from perchly_session.other_programs import OtherWindow
 from perchly_session.waiting import wait_until
 
 LEFT_HALF = (0, 0, 640, 800)
@@ -85,7 +84,7 @@ class DockingTest(SessionCase):
 
     def test_dragging_an_open_shelf_closes_it_and_gives_the_keyboard_back(self):
         self.start_session()
-        other = OtherWindow(self.screen, rect=(100, 600, 300, 120)).take_focus()
+        other = self.other_window(rect=(100, 600, 300, 120)).take_focus()
         self.run_program()
         self.screen.key("Control_L", "Alt_L", "space")
         self.expect_frame(self.expanded_frame(), "the shelf open")
@@ -129,7 +128,7 @@ class DockingTest(SessionCase):
 
     def test_on_a_side_edge_it_keeps_off_what_a_dock_reserves(self):
         self.start_session()
-        dock = OtherWindow(self.screen, "Dock", (0, 600, 1280, 200))
+        dock = self.other_window("Dock", (0, 600, 1280, 200))
         dock.reserve("bottom", 200)
         dock.show()
         self.session.store(shelfEdge="left", shelfEdgePosition=0.0)

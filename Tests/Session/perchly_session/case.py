@@ -5,6 +5,7 @@ import sys
 import unittest
 from pathlib import Path
 
+from .other_programs import OtherWindow
 from .session import Session
 from .waiting import wait_until, wait_while
 
@@ -39,6 +40,12 @@ class SessionCase(unittest.TestCase):
     def run_program(self):
         self.program = self.session.run()
         return self.program
+
+    def other_window(self, *arguments, **options):
+        """Another program's window, not shown yet."""
+        other = OtherWindow(self.screen, *arguments, **options)
+        self.addCleanup(other.close)
+        return other
 
     # What the shelf looks like from outside
 

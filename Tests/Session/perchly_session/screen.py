@@ -7,6 +7,7 @@ from Xlib import X, XK, display, error
 from Xlib.ext import shape, xtest
 
 from .picture import Picture
+from .waiting import TimedOut, wait_until
 
 STEP_PIXELS = 8
 STEP_SECONDS = 0.004
@@ -112,6 +113,18 @@ class Screen:
         Lock."""
         return self.root.query_pointer().mask & (X.LockMask | X.Mod2Mask)
 
+    def is_held(self, key, modifiers):
+        """Whether a program has taken this chord for itself."""
+        code = self.display.keysym_to_keycode(XK.string_to_keysym(key))
+        refused = error.CatchError(error.BadAccess)
+        self.root.grab_key(
+            code, modifiers, True, X.GrabModeAsync, X.GrabModeAsync, onerror=refused
+        )
+        self.display.sync()
+        self.root.ungrab_key(code, modifiers)
+        self.display.sync()
+        return bool(refused.get_error())
+
     # Windows
 
     def focus(self):
@@ -132,10 +145,37 @@ class Screen:
         )
         return bool(found and len(found.value))
 
+    def manages_windows(self):
+        """Whether the window manager takes care of a new window within a moment. It announces
+        itself before it does, and may miss what is mapped in between."""
+        window = self.root.create_window(0, 0, 50, 50, 0, X.CopyFromParent)
+        window.map()
+        try:
+            state = self.atom("WM_STATE")
+            wait_until(lambda: window.get_property(state, state, 0, 1), "WM_STATE", timeout=0.5)
+        except TimedOut:
+            return False
+        finally:
+            window.destroy()
+            self.display.sync()
+        return True
+
     def windows_of(self, process):
-        """The mapped windows of a process, from the lowest to the highest."""
+        """The mapped windows of a process, those that no manager takes care of first."""
+        managed = self.root.get_full_property(
+            self.atom("_NET_CLIENT_LIST_STACKING"), X.AnyPropertyType
+        )
+        own = self.root.query_tree().children
+        numbers = [window.id for window in own] + list(managed.value if managed else ())
         found = []
-        self._collect(self.root, process, found, depth=0)
+        for number in dict.fromkeys(numbers):
+            window = self.display.create_resource_object("window", number)
+            try:
+                described = self._describe(window, process)
+            except (error.BadWindow, error.BadDrawable):
+                continue  # it went away meanwhile
+            if described:
+                found.append(described)
         return found
 
     def stacking(self):
@@ -187,17 +227,6 @@ class Screen:
             event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask,
         )
         self.display.flush()
-
-    def _collect(self, window, process, found, depth):
-        for child in window.query_tree().children:
-            try:
-                described = self._describe(child, process)
-                if described:
-                    found.append(described)
-                elif depth < 3:
-                    self._collect(child, process, found, depth + 1)
-            except (error.BadWindow, error.BadDrawable):
-                continue  # it went away meanwhile
 
     def _describe(self, window, process):
         owner = window.get_full_property(self.atom("_NET_WM_PID"), X.AnyPropertyType)

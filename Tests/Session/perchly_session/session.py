@@ -9,6 +9,8 @@ import sys
 import tempfile
 from pathlib import Path
 
+from Xlib import X
+
 from .accessibility import Accessibility
 from .screen import Screen
 from .status_item import StatusItem, watcher_runs
@@ -31,6 +33,7 @@ BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus
   </policy>
 </busconfig>
 """
+CHORD_KEYS = ("space", "k")
 MENUS = ("_NET_WM_WINDOW_TYPE_TOOLTIP", "_NET_WM_WINDOW_TYPE_POPUP_MENU")
 
 
@@ -160,7 +163,7 @@ class Session:
         shutil.rmtree(self.folder, ignore_errors=True)
 
     def run(self, wait=True):
-        """Starts the program and waits for its shelf."""
+        """Starts the program and waits for its shelf and its hot keys."""
         program = Program(self, len(self.programs))
         self.programs.append(program)
         if wait:
@@ -169,6 +172,11 @@ class Session:
             )
             if not program.running():
                 raise AssertionError(f"the program ended at once: {program.errors()}")
+            for key in CHORD_KEYS:
+                wait_until(
+                    lambda: self.screen.is_held(key, X.ControlMask | X.Mod1Mask),
+                    f"the chord with {key} taken",
+                )
         return program
 
     # Preferences
@@ -284,6 +292,7 @@ class Session:
         else:
             self._spawn("openbox", "--sm-disable")
         wait_until(self.screen.has_window_manager, f"{self.window_manager} running")
+        wait_until(self.screen.manages_windows, f"{self.window_manager} at work")
 
     def _spawn(self, *command, pass_fds=()):
         with open(self.folder / "services.log", "ab") as log:
