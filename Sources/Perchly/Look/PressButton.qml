@@ -31,8 +31,6 @@ MouseArea {
     activeFocusOnTab: true
     cursorShape: root.enabled ? Qt.PointingHandCursor : Qt.ArrowCursor
     hoverEnabled: true
-    implicitHeight: body.childrenRect.height
-    implicitWidth: body.childrenRect.width
 
     Accessible.onPressAction: root.press()
     Keys.onReturnPressed: root.press()

@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// A symbol by its name, centred in a square of its own.
+/// A symbol by its name, centred in a square of its own; nothing while the name is empty.
 Item {
     id: root
 
@@ -11,7 +11,7 @@ Item {
     property color color: Theme.text
     property bool bold: false
 
-    readonly property string glyph: SymbolTable.glyphText(root.name)
+    readonly property string glyph: root.name !== "" ? SymbolTable.glyphText(root.name) : ""
 
     implicitHeight: Math.round(root.size * 1.25)
     implicitWidth: implicitHeight
@@ -28,7 +28,7 @@ Item {
     }
 
     Loader {
-        active: root.glyph === ""
+        active: root.glyph === "" && root.name !== ""
         anchors.centerIn: parent
         height: root.implicitHeight
         source: active ? "DrawnSymbol.qml" : ""

@@ -21,10 +21,11 @@ QIcon symbolIcon(const QString &name, const QColor &colour) {
         painter.setRenderHint(QPainter::Antialiasing);
         // A margin of one sixteenth keeps the symbol clear of its neighbours.
         const qreal scale = side * 0.875 / std::max(bounds.width(), bounds.height());
-        painter.translate(side / 2.0, side / 2.0);
-        painter.scale(scale, scale);
-        painter.translate(-bounds.center());
-        painter.fillPath(outline, colour);
+        // Mapped first: a path this small is flattened too coarsely by the painter's own scale.
+        const QTransform toPixels =
+            QTransform::fromTranslate(-bounds.center().x(), -bounds.center().y()) *
+            QTransform::fromScale(scale, scale) * QTransform::fromTranslate(side / 2.0, side / 2.0);
+        painter.fillPath(toPixels.map(outline), colour);
         painter.end();
         icon.addPixmap(pixmap);
     }

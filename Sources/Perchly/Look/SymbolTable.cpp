@@ -7,6 +7,7 @@
 #include <QRawFont>
 #include <QResource>
 #include <QTextLayout>
+#include <QTransform>
 
 #include <algorithm>
 #include <array>
@@ -123,8 +124,9 @@ QPainterPath SymbolTable::outline(const QString &name) {
     }
     outline.setFillRule(Qt::WindingFill);
     const QPointF toCentre = QPointF(side, side) / 2 - outline.boundingRect().center();
-    return QTransform::fromTranslate(toCentre.x(), toCentre.y()).map(outline) *
-           QTransform::fromScale(1.0 / side, 1.0 / side);
+    const QTransform toUnit = QTransform::fromTranslate(toCentre.x(), toCentre.y()) *
+                              QTransform::fromScale(1.0 / side, 1.0 / side);
+    return toUnit.map(outline);
 }
 
 } // namespace perchly

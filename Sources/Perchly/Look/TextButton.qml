@@ -39,7 +39,7 @@ PressButton {
         Symbol {
             anchors.verticalCenter: parent.verticalCenter
             color: root.color
-            name: root.symbol !== "" ? root.symbol : "checkmark"
+            name: root.symbol
             size: root.size
             visible: root.symbol !== ""
         }

@@ -16,11 +16,10 @@ Item {
     required property ShelfExtras extras
     required property ShellActions shell
     required property CompactStatus status
-    required property color accentColor
-    required property color statusColor
     /// From 0, not there yet, to 1, fully there.
-    required property real appearance
+    property real appearance: 0
 
+    readonly property color statusColor: root.model.running ? Theme.orange : Theme.accentColor(root.preferences.accent)
     readonly property string edge: root.model.dockEdge
     readonly property bool onSide: root.edge !== "top"
     readonly property real bandWidth: root.onSide ? 34 : 0

@@ -1,16 +1,16 @@
 import QtQuick
 import Perchly.Look
+import Perchly.Stores
 
 /// Says, over the whole shelf, that a playback command failed, until the person has read it.
 Item {
     id: root
 
-    required property string message
-    required property string edge
+    required property ShelfModel model
+    required property ShelfPreferences preferences
     required property real radius
-    required property color accentColor
 
-    signal dismissed()
+    readonly property string edge: root.model.dockEdge
 
     clip: true
 
@@ -33,7 +33,7 @@ Item {
     Rectangle {
         id: card
 
-        Accessible.description: root.message
+        Accessible.description: root.model.controlError
         Accessible.name: title.text
         Accessible.role: Accessible.AlertMessage
         anchors.centerIn: parent
@@ -68,7 +68,7 @@ Item {
             horizontalAlignment: Text.AlignHCenter
             lineHeight: 1.25
             maximumLineCount: 8
-            text: root.message
+            text: root.model.controlError
             wrapMode: Text.Wrap
         }
         PressButton {
@@ -81,11 +81,11 @@ Item {
             focusRadius: 11
             height: 30
             label: "OK"
-            onActivated: root.dismissed()
+            onActivated: root.model.clearControlError()
 
             Rectangle {
                 anchors.fill: parent
-                color: root.accentColor
+                color: Theme.accentColor(root.preferences.accent)
                 opacity: confirm.containsMouse ? 1 : 0.9
                 radius: 8
             }

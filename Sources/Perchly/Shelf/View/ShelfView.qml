@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Perchly.Look
 import Perchly.Stores
@@ -140,23 +138,19 @@ FocusScope {
         x: layout.restRect.x
         y: layout.restRect.y
 
-        Loader {
-            active: !root.onSide
+        CompactTop {
             anchors.fill: parent
-            sourceComponent: CompactTop {
-                notchWidth: root.model.hardwareNotchWidth
-                status: status
-                statusColor: root.statusColor
-            }
+            notchWidth: root.model.hardwareNotchWidth
+            status: status
+            statusColor: root.statusColor
+            visible: !root.onSide
         }
-        Loader {
-            active: root.onSide
+        CompactSide {
             anchors.fill: parent
-            sourceComponent: CompactSide {
-                edge: root.edge
-                status: status
-                statusColor: root.statusColor
-            }
+            edge: root.edge
+            status: status
+            statusColor: root.statusColor
+            visible: root.onSide
         }
     }
 
@@ -184,18 +178,21 @@ FocusScope {
             x: layout.openRect.x - window.x
             y: layout.openRect.y - window.y
 
-            sourceComponent: ExpandedContent {
-                accentColor: root.accentColor
-                appearance: root.onSide ? 1 : openness.value
-                extras: root.extras
-                library: root.library
-                model: root.model
-                preferences: root.preferences
-                productivity: root.productivity
-                shell: root.shell
+            Component.onCompleted: expandedContent.setSource("ExpandedContent.qml", {
+                extras: root.extras,
+                library: root.library,
+                model: root.model,
+                preferences: root.preferences,
+                productivity: root.productivity,
+                shell: root.shell,
                 status: status
-                statusColor: root.statusColor
-            }
+            })
+        }
+        Binding {
+            property: "appearance"
+            target: expandedContent.item
+            value: root.onSide ? 1 : openness.value
+            when: expandedContent.item
         }
     }
 
@@ -261,18 +258,18 @@ FocusScope {
     }
 
     Loader {
+        id: alert
+
         active: root.expanded && root.model.controlError !== ""
         height: layout.openRect.height
         width: layout.openRect.width
         x: layout.openRect.x
         y: layout.openRect.y
 
-        sourceComponent: MediaAlert {
-            accentColor: root.accentColor
-            edge: root.edge
-            message: root.model.controlError
+        Component.onCompleted: alert.setSource("MediaAlert.qml", {
+            model: root.model,
+            preferences: root.preferences,
             radius: layout.openRadius
-            onDismissed: root.model.clearControlError()
-        }
+        })
     }
 }
