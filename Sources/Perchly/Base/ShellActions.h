@@ -34,6 +34,8 @@ public:
     Q_INVOKABLE virtual void handlePressed() = 0;
     Q_INVOKABLE virtual void handleMoved() = 0;
     Q_INVOKABLE virtual void handleReleased() = 0;
+    /// The press ended without a release: neither a click nor, unless a drag had begun, a drop.
+    Q_INVOKABLE virtual void handleCanceled() = 0;
 };
 
 } // namespace perchly

@@ -89,8 +89,9 @@ void ShelfLibrary::move(const QString &id, qsizetype offset) {
 
 void ShelfLibrary::remove(const QString &id) {
     QList<ShelfItem> items = m_items;
-    items.removeIf([&id](const ShelfItem &item) { return item.id == id; });
-    setItems(items);
+    if (items.removeIf([&id](const ShelfItem &item) { return item.id == id; }) > 0) {
+        setItems(items);
+    }
 }
 
 void ShelfLibrary::save() {

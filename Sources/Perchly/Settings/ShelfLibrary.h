@@ -47,7 +47,7 @@ public:
     /// Swaps the item with the one `offset` places away; nothing happens past either end.
     void move(const QString &id, qsizetype offset);
 
-    /// Removes every item with that identifier.
+    /// Removes every item with that identifier; nothing happens when there is none.
     void remove(const QString &id);
 
     /// Stores the items.

@@ -1,0 +1,230 @@
+#!/usr/bin/python3
+"""Measures Perchly from outside, in X sessions of its own, beside a dock and beside the noise.
+
+Every figure of one run comes from the same machine under the same load; compare figures of one run
+only. Usage: benchmark.py PROGRAM [--rounds N] [--seconds N]
+"""
+
+import argparse
+import shutil
+import statistics
+import subprocess
+import sys
+import time
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "Tests" / "Session"))
+
+from Xlib import X  # noqa: E402
+from Xlib.ext import xtest  # noqa: E402
+
+from painting import Painting  # noqa: E402
+from perchly_session.session import Session  # noqa: E402
+from perchly_session.waiting import wait_until  # noqa: E402
+from processes import cost_of_a_minute, proportional_megabytes  # noqa: E402
+
+WIDTH, HEIGHT = 1280, 800
+PILL_CENTRE = (WIDTH // 2, 17)
+PILL_STRIP = (WIDTH // 2 - 100, 4, 200, 26)
+BELOW_PILL = (WIDTH // 2 - 100, 36, 200, 60)
+AWAY = (200, 600)
+
+
+def main():
+    arguments = argparse.ArgumentParser(description=__doc__)
+    arguments.add_argument("program")
+    arguments.add_argument("--rounds", type=int, default=100)
+    arguments.add_argument("--seconds", type=float, default=60)
+    options = arguments.parse_args()
+    program = Path(options.program).resolve()
+
+    times = []
+    costs = []
+    times.append(("a small X client: start to painted (noise)", root_painted(options.rounds)))
+    times.append(("start to pill painted", started(program, options.rounds)))
+    with_session(program, lambda s, p: measure_opening(s, times, options.rounds))
+    with_session(program, lambda s, p: measure_cost(s, p, costs, options.seconds))
+    if shutil.which("plank"):
+        measure_dock(times, costs, options)
+    report(times, costs)
+
+
+# Sessions
+
+
+def with_session(program, measure):
+    session = Session(program, size=(WIDTH, HEIGHT)).start()
+    try:
+        session.environment.pop("QT_LINUX_ACCESSIBILITY_ALWAYS_ON")
+        session.screen.move_to(*AWAY)
+        measure(session, session.run() if program else None)
+    finally:
+        session.stop()
+
+
+def root_painted(rounds):
+    """The same way as the program's start, by the smallest client there is."""
+    samples = []
+
+    def measure(session, _):
+        for number in range(rounds):
+            colour = f"#{number % 200 + 20:02x}4060"
+            painting = Painting(session.screen, PILL_STRIP)
+            start = time.perf_counter()
+            client = subprocess.Popen(["xsetroot", "-solid", colour], env=session.environment)
+            samples.append(painting.wait(start))
+            client.wait()
+            painting.close()
+
+    with_session(None, measure)
+    return samples
+
+
+def started(program, rounds):
+    samples = []
+
+    def measure(session, _):
+        session.executable = str(program)
+        session.run().stop()  # the first start fills the caches
+        for _ in range(min(rounds, 40)):
+            wait_until(lambda: not session.programs[-1].windows(), "the windows gone")
+            time.sleep(0.05)
+            painting = Painting(session.screen, PILL_STRIP)
+            start = time.perf_counter()
+            running = session.run(wait=False)
+            samples.append(painting.wait(start))
+            painting.close()
+            wait_until(running.panel, "the shelf")
+            running.stop()
+
+    with_session(None, measure)
+    return samples
+
+
+# Opening
+
+
+def measure_opening(session, times, rounds):
+    time.sleep(1)
+    times.append(("pointer onto the pill to the first open frame", by_pointer(session, rounds)))
+    times.append(("hot key to the first open frame", by_hot_key(session, rounds)))
+
+
+def closed(session):
+    program = session.programs[-1]
+    wait_until(lambda: program.frame() and program.frame()[3] == 34, "the shelf closed")
+    time.sleep(0.1)
+
+
+def by_pointer(session, rounds):
+    samples = []
+    screen = session.screen
+    for _ in range(rounds):
+        screen.move_to(*AWAY, step=200)
+        closed(session)
+        x, y = screen.pointer()
+        painting = Painting(screen, BELOW_PILL)
+        start = time.perf_counter()
+        screen.move_by(PILL_CENTRE[0] - x, PILL_CENTRE[1] - y)
+        samples.append(painting.wait(start))
+        painting.close()
+    return samples
+
+
+def by_hot_key(session, rounds):
+    samples = []
+    screen = session.screen
+    screen.move_to(*AWAY, step=200)
+    for _ in range(rounds):
+        closed(session)
+        painting = Painting(screen, BELOW_PILL)
+        start = time.perf_counter()
+        screen.key("Control_L", "Alt_L", "space")
+        samples.append(painting.wait(start))
+        painting.close()
+        time.sleep(0.05)
+        screen.key("Control_L", "Alt_L", "space")
+    return samples
+
+
+# Cost
+
+
+def moving_pointer(screen):
+    """A pointer that moves about at 1,000 events a second, away from the shelf."""
+    state = {"next": time.monotonic(), "step": 1}
+
+    def move():
+        for _ in range(10):
+            xtest.fake_input(screen.display, X.MotionNotify, detail=1, x=state["step"], y=0)
+            state["step"] = -state["step"]
+        screen.display.flush()
+        state["next"] += 0.01
+        time.sleep(max(0, state["next"] - time.monotonic()))
+
+    return move
+
+
+def measure_cost(session, program, costs, seconds):
+    pid = program.pid
+    time.sleep(10)
+    costs.append(("memory after 10 s", f"{proportional_megabytes(pid):.1f} MB proportional"))
+
+    def add(name, meanwhile=None):
+        cpu, woken = cost_of_a_minute(pid, seconds, meanwhile)
+        costs.append((name, f"{cpu:.3f} CPU s a minute, {woken:.2f} wake-ups a second"))
+
+    add("closed, pointer at rest")
+    add("closed, pointer moving elsewhere", moving_pointer(session.screen))
+    session.screen.key("Control_L", "Alt_L", "space")
+    time.sleep(2)
+    costs.append(("memory while open", f"{proportional_megabytes(pid):.1f} MB proportional"))
+    add("open, pointer at rest")
+    add("open, pointer moving elsewhere", moving_pointer(session.screen))
+
+
+# The dock beside it
+
+
+def measure_dock(times, costs, options):
+    session = Session("plank", size=(WIDTH, HEIGHT), compositor="picom").start()
+    try:
+        starts = []
+        dock = None
+        for _ in range(min(options.rounds, 20)):
+            if dock:
+                dock.stop()
+                time.sleep(0.3)
+            painting = Painting(session.screen, (WIDTH // 2 - 20, HEIGHT - 40, 40, 38))
+            start = time.perf_counter()
+            dock = session.run(wait=False)
+            starts.append(painting.wait(start))
+            painting.close()
+        times.append(("plank: start to painted", starts))
+        time.sleep(10)
+        memory = proportional_megabytes(dock.pid)
+        costs.append(("plank: memory after 10 s", f"{memory:.1f} MB proportional"))
+        cpu, woken = cost_of_a_minute(dock.pid, options.seconds)
+        costs.append(
+            ("plank: pointer at rest", f"{cpu:.3f} CPU s a minute, {woken:.2f} wake-ups a second")
+        )
+    finally:
+        session.stop()
+
+
+# Report
+
+
+def report(times, costs):
+    print(f"\n{'milliseconds':<50}{'median':>9}{'p99':>9}{'runs':>6}")
+    for name, samples in times:
+        ordered = sorted(samples)
+        high = ordered[min(len(ordered) - 1, int(len(ordered) * 0.99))]
+        print(f"{name:<50}{statistics.median(ordered):>9.1f}{high:>9.1f}{len(ordered):>6}")
+    print()
+    for name, cost in costs:
+        print(f"{name:<50}{cost}")
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,89 @@
+#include "PanelWindow.h"
+
+#include "ToolkitConnection.h"
+
+#include <QColor>
+#include <QRegion>
+#include <QVariant>
+#include <QWindow>
+#include <xcb/shape.h>
+
+#include <cmath>
+
+namespace perchly {
+
+namespace {
+
+void setCardinals(xcb_window_t window, xcb_atom_t name, xcb_atom_t type,
+                  const QList<quint32> &values) {
+    xcb_change_property(toolkitConnection(), XCB_PROP_MODE_REPLACE, window, name, type, 32,
+                        static_cast<quint32>(values.size()), values.constData());
+}
+
+QList<xcb_rectangle_t> pixelsOf(const QRegion &shape, double pixelRatio) {
+    QList<xcb_rectangle_t> result;
+    for (const QRect &rect : shape) {
+        const double left = std::floor(rect.x() * pixelRatio);
+        const double top = std::floor(rect.y() * pixelRatio);
+        const double right = std::ceil((rect.x() + rect.width()) * pixelRatio);
+        const double bottom = std::ceil((rect.y() + rect.height()) * pixelRatio);
+        result.append({static_cast<qint16>(left), static_cast<qint16>(top),
+                       static_cast<quint16>(right - left), static_cast<quint16>(bottom - top)});
+    }
+    return result;
+}
+
+void setShape(xcb_window_t window, xcb_shape_sk_t kind, const QList<xcb_rectangle_t> &rectangles) {
+    xcb_shape_rectangles(toolkitConnection(), XCB_SHAPE_SO_SET, kind, XCB_CLIP_ORDERING_UNSORTED,
+                         window, 0, 0, static_cast<quint32>(rectangles.size()),
+                         rectangles.constData());
+}
+
+} // namespace
+
+void preparePanel(QWindow &panel) {
+    panel.setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+                   Qt::BypassWindowManagerHint);
+    panel.setProperty("_q_showWithoutActivating", true);
+    // A scene's window asks for transparency by its colour; the format would lose its depth and
+    // stencil if it were set from nothing.
+    if (panel.metaObject()->indexOfProperty("color") >= 0)
+        panel.setProperty("color", QColor(Qt::transparent));
+    QSurfaceFormat format = panel.requestedFormat();
+    format.setAlphaBufferSize(8);
+    panel.setFormat(format);
+}
+
+void describePanel(XcbConnection &connection, xcb_window_t panel) {
+    if (!toolkitConnection())
+        return;
+    // As a utility with an alpha channel no compositor draws a shadow of its own around it.
+    setCardinals(panel, connection.atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM,
+                 {connection.atom("_NET_WM_WINDOW_TYPE_UTILITY")});
+    setCardinals(panel, connection.atom("_NET_WM_STATE"), XCB_ATOM_ATOM,
+                 {connection.atom("_NET_WM_STATE_ABOVE"), connection.atom("_NET_WM_STATE_STICKY"),
+                  connection.atom("_NET_WM_STATE_SKIP_TASKBAR"),
+                  connection.atom("_NET_WM_STATE_SKIP_PAGER")});
+    setCardinals(panel, connection.atom("_NET_WM_DESKTOP"), XCB_ATOM_CARDINAL, {0xffffffff});
+    setCardinals(panel, connection.atom("_COMPTON_SHADOW"), XCB_ATOM_CARDINAL, {0});
+    // What is painted stays at the top centre while the window grows, until it is painted again.
+    const quint32 gravity = XCB_GRAVITY_NORTH;
+    xcb_change_window_attributes(toolkitConnection(), panel, XCB_CW_BIT_GRAVITY, &gravity);
+    xcb_flush(toolkitConnection());
+}
+
+void shapePanel(xcb_window_t panel, const QRegion &shape, double pixelRatio,
+                Transparency transparency) {
+    if (!toolkitConnection())
+        return;
+    const QList<xcb_rectangle_t> rectangles = pixelsOf(shape, pixelRatio);
+    setShape(panel, XCB_SHAPE_SK_INPUT, rectangles);
+    if (transparency == Transparency::Missing)
+        setShape(panel, XCB_SHAPE_SK_BOUNDING, rectangles);
+    else
+        xcb_shape_mask(toolkitConnection(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, panel, 0, 0,
+                       XCB_PIXMAP_NONE);
+    xcb_flush(toolkitConnection());
+}
+
+} // namespace perchly

@@ -1,0 +1,155 @@
+#include "StackingGuard.h"
+
+#include "ScreenSpace.h"
+
+#include <QGuiApplication>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace perchly {
+
+namespace {
+
+constexpr std::chrono::milliseconds settleTime{40};
+constexpr std::chrono::milliseconds periodLength{5000};
+constexpr int mostRaises = 4;
+
+QRect rectOf(const xcb_get_geometry_reply_t &geometry) {
+    return {geometry.x, geometry.y, geometry.width, geometry.height};
+}
+
+bool isOurs(xcb_window_t window) {
+    const QWindowList all = QGuiApplication::allWindows();
+    return std::any_of(all.begin(), all.end(), [window](const QWindow *candidate) {
+        return candidate->handle() && candidate->winId() == window;
+    });
+}
+
+bool fillsDisplay(const QRect &area) {
+    const QList<ScreenSpace::Screen> screens = ScreenSpace::current().screens();
+    return std::any_of(screens.begin(), screens.end(), [&](const ScreenSpace::Screen &screen) {
+        return area.contains(ScreenSpace::pixelGeometry(screen));
+    });
+}
+
+} // namespace
+
+StackingGuard::StackingGuard(XcbConnection &connection, QObject *parent)
+    : QObject(parent)
+    , m_connection(connection) {
+    m_check.setSingleShot(true);
+    m_check.setInterval(settleTime);
+    connect(&m_check, &QTimer::timeout, this, &StackingGuard::check);
+    connect(&connection, &XcbConnection::eventArrived, this, &StackingGuard::handleEvent);
+    if (!connection.isAlive())
+        return;
+    // Under a compositor nothing is ever obscured; there the order of the managed windows tells.
+    const quint32 mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes(connection.get(), connection.root(), XCB_CW_EVENT_MASK, &mask);
+    connection.flush();
+}
+
+void StackingGuard::watch(xcb_window_t window) {
+    m_window = window;
+    m_isSelected = false;
+    select();
+    m_check.start();
+}
+
+void StackingGuard::handleEvent(const xcb_generic_event_t *event) {
+    switch (event->response_type & 0x7f) {
+    case XCB_VISIBILITY_NOTIFY:
+        if (reinterpret_cast<const xcb_visibility_notify_event_t *>(event)->state ==
+            XCB_VISIBILITY_UNOBSCURED)
+            return;
+        break;
+    case XCB_PROPERTY_NOTIFY:
+        if (reinterpret_cast<const xcb_property_notify_event_t *>(event)->atom !=
+            m_connection.atom("_NET_CLIENT_LIST_STACKING"))
+            return;
+        break;
+    default:
+        return;
+    }
+    if (!m_check.isActive())
+        m_check.start();
+}
+
+void StackingGuard::select() {
+    if (m_isSelected || m_window == XCB_WINDOW_NONE || !m_connection.isAlive())
+        return;
+    const quint32 mask = XCB_EVENT_MASK_VISIBILITY_CHANGE;
+    m_isSelected = m_connection.succeeded({xcb_change_window_attributes_checked(
+        m_connection.get(), m_window, XCB_CW_EVENT_MASK, &mask)});
+}
+
+void StackingGuard::check() {
+    select();
+    if (!isCovered())
+        return;
+    if (m_period.hasExpired()) {
+        m_period.setRemainingTime(periodLength);
+        m_raises = 0;
+    }
+    if (m_raises == mostRaises) {
+        m_check.start(std::chrono::milliseconds(m_period.remainingTime()) + settleTime);
+        return;
+    }
+    ++m_raises;
+    m_check.setInterval(settleTime);
+    Q_EMIT raiseWanted();
+}
+
+bool StackingGuard::isCovered() {
+    if (m_window == XCB_WINDOW_NONE || !m_connection.isAlive())
+        return false;
+    const auto geometry = m_connection.reply<xcb_get_geometry_reply_t>(
+        xcb_get_geometry(m_connection.get(), m_window));
+    if (!geometry)
+        return false;
+    const QRect area = rectOf(*geometry);
+    const QList<xcb_window_t> above = windowsAbove();
+    return std::any_of(above.begin(), above.end(),
+                       [&](xcb_window_t window) { return mayCover(window, area); });
+}
+
+QList<xcb_window_t> StackingGuard::windowsAbove() {
+    const auto tree = m_connection.reply<xcb_query_tree_reply_t>(
+        xcb_query_tree(m_connection.get(), m_connection.root()));
+    if (!tree)
+        return {};
+    const xcb_window_t *windows = xcb_query_tree_children(tree.get());
+    const xcb_window_t *end = windows + xcb_query_tree_children_length(tree.get());
+    const xcb_window_t *ours = std::find(windows, end, m_window);
+    return ours == end ? QList<xcb_window_t>{} : QList<xcb_window_t>(ours + 1, end);
+}
+
+// Whether the window lies over the area and does not belong there.
+bool StackingGuard::mayCover(xcb_window_t window, const QRect &area) {
+    const auto attributesCookie = xcb_get_window_attributes(m_connection.get(), window);
+    const auto geometryCookie = xcb_get_geometry(m_connection.get(), window);
+    const auto attributes = m_connection.reply<xcb_get_window_attributes_reply_t>(attributesCookie);
+    const auto geometry = m_connection.reply<xcb_get_geometry_reply_t>(geometryCookie);
+    if (!attributes || !geometry || attributes->map_state != XCB_MAP_STATE_VIEWABLE ||
+        attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY || !rectOf(*geometry).intersects(area) ||
+        isOurs(window))
+        return false;
+    if (!attributes->override_redirect)
+        return true;
+    return !fillsDisplay(rectOf(*geometry)) && !isMenu(window);
+}
+
+bool StackingGuard::isMenu(xcb_window_t window) {
+    static const QList<QByteArray> kinds{
+        "_NET_WM_WINDOW_TYPE_MENU",    "_NET_WM_WINDOW_TYPE_POPUP_MENU",
+        "_NET_WM_WINDOW_TYPE_COMBO",   "_NET_WM_WINDOW_TYPE_DROPDOWN_MENU",
+        "_NET_WM_WINDOW_TYPE_TOOLTIP", "_NET_WM_WINDOW_TYPE_DND"};
+    const QList<quint32> types =
+        m_connection.property(window, m_connection.atom("_NET_WM_WINDOW_TYPE"));
+    return std::any_of(kinds.begin(), kinds.end(), [&](const QByteArray &kind) {
+        return types.contains(m_connection.atom(kind));
+    });
+}
+
+} // namespace perchly

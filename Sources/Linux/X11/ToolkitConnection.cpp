@@ -1,0 +1,13 @@
+#include "ToolkitConnection.h"
+
+#include <QGuiApplication>
+
+namespace perchly {
+
+xcb_connection_t *toolkitConnection() {
+    const auto *native =
+        qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
+    return native ? native->connection() : nullptr;
+}
+
+} // namespace perchly

@@ -1,0 +1,136 @@
+#include "X11PanelHost.h"
+
+#include "PanelWindow.h"
+#include "ScreenSpace.h"
+#include "ToolkitConnection.h"
+
+#include <QGuiApplication>
+#include <QPlatformSurfaceEvent>
+
+#include <cmath>
+
+namespace perchly {
+
+namespace {
+
+QMargins rounded(const QMarginsF &margins) {
+    return {static_cast<int>(std::lround(margins.left())),
+            static_cast<int>(std::lround(margins.top())),
+            static_cast<int>(std::lround(margins.right())),
+            static_cast<int>(std::lround(margins.bottom()))};
+}
+
+void flushToolkit() {
+    if (xcb_connection_t *connection = toolkitConnection())
+        xcb_flush(connection);
+}
+
+} // namespace
+
+X11PanelHost::X11PanelHost(QObject *parent)
+    : PanelHost(parent)
+    , m_compositor(m_connection)
+    , m_focus(m_connection)
+    , m_stacking(m_connection) {
+    connect(&m_compositor, &CompositorWatch::changed, this, [this] {
+        applyShape();
+        Q_EMIT compositedChanged();
+    });
+    connect(&m_stacking, &StackingGuard::raiseWanted, this, &X11PanelHost::raise);
+}
+
+void X11PanelHost::attach(QWindow *panel) {
+    m_panel = panel;
+    preparePanel(*panel);
+    panel->installEventFilter(this);
+    connect(panel, &QWindow::screenChanged, this, &X11PanelHost::applyShape);
+    if (panel->handle())
+        prepareNativeWindow();
+    else
+        panel->create();
+}
+
+void X11PanelHost::place(const ScreenRect &frame, const QMarginsF &margins) {
+    if (!m_panel)
+        return;
+    m_panel->setGeometry(ScreenSpace::current().toToolkit(frame).marginsAdded(rounded(margins)));
+    flushToolkit();
+}
+
+void X11PanelHost::orderFront() {
+    if (!m_panel)
+        return;
+    m_panel->show();
+    raise();
+}
+
+void X11PanelHost::setShape(const QRegion &shape) {
+    if (m_shape == shape)
+        return;
+    m_shape = shape;
+    applyShape();
+}
+
+void X11PanelHost::takeKeyboard() {
+    if (!m_panel)
+        return;
+    flushToolkit();
+    m_focus.take(panelId());
+}
+
+void X11PanelHost::giveKeyboardBack() {
+    if (m_panel)
+        m_focus.giveBack(panelId());
+}
+
+bool X11PanelHost::hasKeyboard() const {
+    return m_panel && panelId() != XCB_WINDOW_NONE && m_focus.current() == panelId();
+}
+
+void X11PanelHost::activate(QWindow *window) {
+    if (window->windowStates().testFlag(Qt::WindowMinimized))
+        window->setWindowStates(window->windowStates() & ~Qt::WindowMinimized);
+    window->show();
+    window->raise();
+    flushToolkit();
+    m_focus.activate(static_cast<xcb_window_t>(window->winId()));
+}
+
+bool X11PanelHost::isComposited() const {
+    return m_compositor.isRunning();
+}
+
+bool X11PanelHost::eventFilter(QObject *watched, QEvent *event) {
+    if (watched == m_panel && event->type() == QEvent::PlatformSurface &&
+        static_cast<QPlatformSurfaceEvent *>(event)->surfaceEventType() ==
+            QPlatformSurfaceEvent::SurfaceCreated)
+        prepareNativeWindow();
+    return PanelHost::eventFilter(watched, event);
+}
+
+void X11PanelHost::prepareNativeWindow() {
+    describePanel(m_connection, panelId());
+    applyShape();
+    m_stacking.watch(panelId());
+}
+
+void X11PanelHost::applyShape() {
+    if (!m_panel || !m_panel->handle() || !m_shape)
+        return;
+    shapePanel(panelId(), *m_shape, m_panel->devicePixelRatio(),
+               isComposited() ? Transparency::Available : Transparency::Missing);
+}
+
+void X11PanelHost::raise() {
+    if (!m_panel || !m_panel->isVisible())
+        return;
+    m_panel->raise();
+    flushToolkit();
+}
+
+quint32 X11PanelHost::panelId() const {
+    return m_panel && m_panel->handle() ? static_cast<quint32>(m_panel->winId())
+                                        : quint32{XCB_WINDOW_NONE};
+}
+
+} // namespace perchly

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "XcbPointer.h"
+
+#include <QByteArray>
+#include <QHash>
+#include <QList>
+#include <QObject>
+#include <xcb/xcb.h>
+
+#include <deque>
+#include <memory>
+
+class QSocketNotifier;
+
+namespace perchly {
+
+/// A host's own line to the X server, beside the toolkit's: events that the toolkit hides, and
+/// questions whose wait has an end. Nothing here waits longer than a quarter of a second; a server
+/// that does not answer, or is gone, gives empty answers. Main thread only.
+class XcbConnection : public QObject {
+    Q_OBJECT
+public:
+    /// Connects to the server named by DISPLAY, or to the given one.
+    explicit XcbConnection(const QByteArray &displayName = {}, QObject *parent = nullptr);
+    ~XcbConnection() override;
+
+    /// False once the server refused the connection or closed it; it does not come back.
+    [[nodiscard]] bool isAlive() const;
+
+    /// For sending requests. Null if the server could not be reached.
+    [[nodiscard]] xcb_connection_t *get() const { return m_connection; }
+    [[nodiscard]] xcb_window_t root() const { return m_root; }
+    [[nodiscard]] int screenNumber() const { return m_screenNumber; }
+
+    /// Waits for the answer to a request; null after an error or without an answer.
+    template <typename Reply, typename Cookie>
+    [[nodiscard]] XcbPointer<Reply> reply(Cookie cookie) {
+        return XcbPointer<Reply>(static_cast<Reply *>(waitForReply(cookie.sequence)));
+    }
+
+    /// Whether requests sent by their _checked variants all succeeded.
+    [[nodiscard]] bool succeeded(const QList<xcb_void_cookie_t> &cookies);
+
+    /// The atom of that name, made if needed; XCB_ATOM_NONE if the server does not answer.
+    [[nodiscard]] xcb_atom_t atom(const QByteArray &name);
+
+    /// The 32-bit values of a window's property; empty when absent or of another format.
+    [[nodiscard]] QList<quint32> property(xcb_window_t window, xcb_atom_t name);
+
+    /// Values of a requested property, for asking about many windows at once.
+    [[nodiscard]] QList<quint32> property(xcb_get_property_cookie_t cookie);
+    [[nodiscard]] xcb_get_property_cookie_t requestProperty(xcb_window_t window, xcb_atom_t name);
+
+    void flush();
+
+    /// While off, events wait in the socket and wake nobody.
+    void setListening(bool on);
+
+    /// Tells the events that are there now.
+    void drain();
+
+Q_SIGNALS:
+    /// One event, which lives as long as the call.
+    void eventArrived(const xcb_generic_event_t *event);
+
+    /// All events that were there have been told.
+    void drained();
+
+private:
+    void *waitForReply(unsigned int sequence);
+    void keepQueuedEvents();
+
+    xcb_connection_t *m_connection = nullptr;
+    xcb_window_t m_root = XCB_WINDOW_NONE;
+    int m_screenNumber = 0;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+    std::deque<XcbPointer<xcb_generic_event_t>> m_waiting;
+    bool m_isDrainScheduled = false;
+    QHash<QByteArray, xcb_atom_t> m_atoms;
+};
+
+} // namespace perchly

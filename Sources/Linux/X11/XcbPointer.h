@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstdlib>
+#include <memory>
+
+namespace perchly {
+
+struct FreeDeleter {
+    void operator()(void *memory) const { std::free(memory); }
+};
+
+/// A reply, event or error of the X server, freed as libxcb wants it.
+template <typename T>
+using XcbPointer = std::unique_ptr<T, FreeDeleter>;
+
+} // namespace perchly

@@ -1,0 +1,94 @@
+// When the shelf opens and closes.
+
+#include "AppDelegate.h"
+#include "Hosts.h"
+#include "PreferenceKeys.h"
+
+#include <algorithm>
+
+namespace perchly {
+
+using std::chrono::milliseconds;
+
+namespace {
+
+constexpr double defaultHoverDelay = 0.35;
+constexpr milliseconds settleDelay{500};
+constexpr milliseconds reducedSettleDelay{150};
+
+/// Seconds as stored, which may be anything that a number can be.
+milliseconds delayOf(double seconds) {
+    constexpr double longest = 24 * 60 * 60;
+    return milliseconds(qint64(std::clamp(seconds, 0.0, longest) * 1000));
+}
+
+} // namespace
+
+void AppDelegate::checkHover() {
+    if (m_keyboardOpen || m_model.dragging()) {
+        return;
+    }
+    if (m_model.choosingWidget()) {
+        m_closeTask.reset();
+        return;
+    }
+    const ShelfSize size = m_model.expanded() ? ShelfSize::Expanded : ShelfSize::Compact;
+    if (shelfFrame(size).contains(m_hosts.pointer->position())) {
+        m_closeTask.reset();
+        const bool opens = m_hosts.preferences->boolean(keys::openOnHover).value_or(true);
+        if (!m_model.expanded() && opens) {
+            setExpanded(true);
+        }
+    } else if (m_model.expanded() && !m_closeTask) {
+        startCloseTask();
+    }
+}
+
+void AppDelegate::startCloseTask() {
+    const double seconds =
+        m_hosts.preferences->number(keys::hoverDelay).value_or(defaultHoverDelay);
+    m_closeTask = m_hosts.clock->after(delayOf(seconds), [this] { setExpanded(false); });
+}
+
+void AppDelegate::setExpanded(bool expanded) {
+    m_closeTask.reset();
+    if (m_model.dragging() || m_model.expanded() == expanded) {
+        return;
+    }
+    m_settleTask.reset();
+    if (expanded) {
+        placePanel(ShelfSize::Expanded); // large before the view starts to open
+        m_model.setExpanded(true);
+    } else {
+        m_model.setExpanded(false);
+        setPanelOutline(shelfFrame(ShelfSize::Compact), ShelfSize::Compact);
+        startSettleTask();
+    }
+    m_hosts.pointer->setPolling(expanded);
+}
+
+void AppDelegate::startSettleTask() {
+    const milliseconds delay = m_hosts.motion->isReduced() ? reducedSettleDelay : settleDelay;
+    m_settleTask = m_hosts.clock->after(delay, [this] {
+        if (!m_model.expanded()) {
+            placePanel(ShelfSize::Compact);
+        }
+    });
+}
+
+void AppDelegate::setKeyboardOpen(bool open) {
+    m_keyboardOpen = open;
+    setExpanded(open);
+    if (open) {
+        m_hosts.panel->orderFront();
+        m_hosts.panel->takeKeyboard();
+    } else {
+        m_hosts.panel->giveKeyboardBack();
+    }
+}
+
+void AppDelegate::toggleKeyboardOpen() {
+    setKeyboardOpen(!m_keyboardOpen);
+}
+
+} // namespace perchly

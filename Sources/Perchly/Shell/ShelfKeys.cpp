@@ -1,0 +1,54 @@
+// Which keys the shelf takes.
+
+#include "AppDelegate.h"
+#include "Hosts.h"
+
+namespace perchly {
+
+bool AppDelegate::handleKey(const KeyPress &press) {
+    if (handleShelfKey(press)) {
+        return true;
+    }
+    // The status menu's own keys, in any of the program's windows.
+    if (press.modifiers.testFlag(Modifier::Command) && press.key == Qt::Key_Comma) {
+        showSettings();
+        return true;
+    }
+    if (press.modifiers.testFlag(Modifier::Command) && press.key == Qt::Key_Q) {
+        terminate();
+        return true;
+    }
+    return false;
+}
+
+bool AppDelegate::handleShelfKey(const KeyPress &press) {
+    if (press.key == Qt::Key_Space && press.modifiers == (Modifier::Control | Modifier::Option)) {
+        toggleKeyboardOpen();
+        return true;
+    }
+    if (!m_hosts.panel->hasKeyboard()) {
+        return false;
+    }
+    if (press.key == Qt::Key_Escape) {
+        setKeyboardOpen(false);
+        return true;
+    }
+    return press.modifiers.testFlag(Modifier::Command) &&
+           launchShown(press.charactersIgnoringModifiers);
+}
+
+bool AppDelegate::launchShown(const QString &number) {
+    bool valid = false;
+    const qsizetype position = number.toInt(&valid);
+    const QList<ShelfItem> shown = m_library.shown();
+    if (!valid || position < 1 || position > shown.size()) {
+        return false;
+    }
+    const ShelfItem &item = shown.at(position - 1);
+    if (!item.shortcutName && item.path) {
+        m_hosts.applications->open(*item.path);
+    }
+    return true;
+}
+
+} // namespace perchly

@@ -1,0 +1,91 @@
+#include "ShelfPanel.h"
+
+#include "PanelHost.h"
+
+#include <QPainterPath>
+#include <QQuickItem>
+
+namespace perchly {
+
+namespace {
+
+constexpr double shadowMargin = 26;
+
+/// The sides of the frame that touch the display's edge cast no shadow.
+QMarginsF shadowMargins(ShelfEdge edge) {
+    const double left = edge == ShelfEdge::Left ? 0 : shadowMargin;
+    const double top = edge == ShelfEdge::Top ? 0 : shadowMargin;
+    const double right = edge == ShelfEdge::Right ? 0 : shadowMargin;
+    return {left, top, right, shadowMargin};
+}
+
+/// A rectangle whose corners are round except where it touches the display's edge.
+QRegion roundedRegion(const QRectF &rectangle, double radius, ShelfEdge edge) {
+    QPainterPath path;
+    path.addRoundedRect(rectangle, radius, radius);
+    QRectF square = rectangle;
+    switch (edge) {
+    case ShelfEdge::Top:
+        square.setHeight(radius);
+        break;
+    case ShelfEdge::Left:
+        square.setWidth(radius);
+        break;
+    case ShelfEdge::Right:
+        square.setLeft(rectangle.right() - radius);
+        break;
+    }
+    return QRegion(path.toFillPolygon().toPolygon()) + square.toAlignedRect();
+}
+
+} // namespace
+
+ShelfPanel::ShelfPanel(PanelHost &host)
+    : m_host(host) {
+    setResizeMode(SizeRootObjectToView);
+    setColor(Qt::transparent);
+    setTitle(QStringLiteral("Perchly"));
+    m_host.attach(this);
+    connect(&m_host, &PanelHost::compositedChanged, this, [this] {
+        setFrame(m_frame, m_compactFrame, m_edge);
+        applyOutline();
+    });
+}
+
+void ShelfPanel::load(const QUrl &source, const QVariantMap &properties) {
+    if (source.isEmpty()) {
+        return;
+    }
+    setInitialProperties(properties);
+    setSource(source);
+}
+
+QRectF ShelfPanel::inWindow(const ScreenRect &rectangle) const {
+    return {m_margins.left() + rectangle.minX() - m_frame.minX(),
+            m_margins.top() + m_frame.maxY() - rectangle.maxY(), rectangle.width, rectangle.height};
+}
+
+void ShelfPanel::setFrame(const ScreenRect &frame, const ScreenRect &compactFrame, ShelfEdge edge) {
+    m_frame = frame;
+    m_compactFrame = compactFrame;
+    m_edge = edge;
+    m_margins = m_host.isComposited() ? shadowMargins(edge) : QMarginsF();
+    m_host.place(frame, m_margins);
+    if (QQuickItem *root = rootObject()) {
+        root->setProperty("composited", m_host.isComposited());
+        root->setProperty("shadowMargin", m_host.isComposited() ? shadowMargin : 0);
+        root->setProperty("compactRect", inWindow(compactFrame));
+    }
+}
+
+void ShelfPanel::setOutline(const ScreenRect &outline, double cornerRadius) {
+    m_outline = outline;
+    m_cornerRadius = cornerRadius;
+    applyOutline();
+}
+
+void ShelfPanel::applyOutline() {
+    m_host.setShape(roundedRegion(inWindow(m_outline), m_cornerRadius, m_edge));
+}
+
+} // namespace perchly

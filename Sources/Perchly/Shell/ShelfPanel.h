@@ -1,0 +1,47 @@
+#pragma once
+
+#include "Geometry.h"
+#include "ShelfEdge.h"
+
+#include <QQuickView>
+
+namespace perchly {
+
+class PanelHost;
+
+/// The floating window that is the shelf. It shows the shelf's view and is placed by its frame; a
+/// margin around the frame, on the sides that do not touch the display's edge, holds its shadow.
+/// Main thread only.
+class ShelfPanel : public QQuickView {
+    Q_OBJECT
+public:
+    /// The host must outlive the panel.
+    explicit ShelfPanel(PanelHost &host);
+
+    /// Loads the view, which must be a local one, with its initial properties. An empty source
+    /// leaves the panel without content.
+    void load(const QUrl &source, const QVariantMap &properties);
+
+    /// Moves the panel to the frame. `compactFrame` is where the collapsed shelf is, within it.
+    void setFrame(const ScreenRect &frame, const ScreenRect &compactFrame, ShelfEdge edge);
+
+    /// The frame that the panel was last given.
+    [[nodiscard]] const ScreenRect &frame() const { return m_frame; }
+
+    /// Where the panel takes the pointer from now on: a part of its frame.
+    void setOutline(const ScreenRect &outline, double cornerRadius);
+
+private:
+    void applyOutline();
+    [[nodiscard]] QRectF inWindow(const ScreenRect &rectangle) const;
+
+    PanelHost &m_host;
+    ScreenRect m_frame;
+    ScreenRect m_compactFrame;
+    ShelfEdge m_edge = ShelfEdge::Top;
+    QMarginsF m_margins;
+    ScreenRect m_outline;
+    double m_cornerRadius = 0;
+};
+
+} // namespace perchly

@@ -1,0 +1,150 @@
+"""What a screen reader sees: the program's tree on the accessibility bus."""
+
+from gi.repository import Gio, GLib
+
+from .waiting import wait_until
+
+ACCESSIBLE = "org.a11y.atspi.Accessible"
+ROOT = "/org/a11y/atspi/accessible/root"
+SHOWING = 25
+CALL_MILLISECONDS = 3000
+
+
+def connect(address):
+    return Gio.DBusConnection.new_for_address_sync(
+        address,
+        Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
+        | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION,
+        None,
+        None,
+    )
+
+
+def call(bus, name, path, interface, method, arguments=None):
+    """A blocking call with a deadline; returns the reply's values."""
+    return bus.call_sync(
+        name, path, interface, method, arguments, None, Gio.DBusCallFlags.NONE, CALL_MILLISECONDS
+    ).unpack()
+
+
+class Node:
+    """One element of the tree."""
+
+    def __init__(self, bus, name, path):
+        self._bus = bus
+        self._name = name
+        self._path = path
+
+    def _call(self, interface, method, arguments=None):
+        return call(self._bus, self._name, self._path, interface, method, arguments)
+
+    @property
+    def role(self):
+        return self._call(ACCESSIBLE, "GetRoleName")[0]
+
+    @property
+    def name(self):
+        arguments = GLib.Variant("(ss)", (ACCESSIBLE, "Name"))
+        return self._call("org.freedesktop.DBus.Properties", "Get", arguments)[0]
+
+    @property
+    def description(self):
+        arguments = GLib.Variant("(ss)", (ACCESSIBLE, "Description"))
+        return self._call("org.freedesktop.DBus.Properties", "Get", arguments)[0]
+
+    @property
+    def children(self):
+        return [Node(self._bus, *child) for child in self._call(ACCESSIBLE, "GetChildren")[0]]
+
+    @property
+    def showing(self):
+        low, _ = self._call(ACCESSIBLE, "GetState")[0]
+        return bool(low & (1 << SHOWING))
+
+    @property
+    def extents(self):
+        """(x, y, width, height) on the screen."""
+        arguments = GLib.Variant("(u)", (0,))
+        return self._call("org.a11y.atspi.Component", "GetExtents", arguments)[0]
+
+    @property
+    def centre(self):
+        x, y, width, height = self.extents
+        return x + width // 2, y + height // 2
+
+    def press(self):
+        """Performs the element's press action, as a screen reader's user does."""
+        actions = self._call("org.a11y.atspi.Action", "GetActions")[0]
+        names = [action[0] for action in actions]
+        arguments = GLib.Variant("(i)", (names.index("Press"),))
+        self._call("org.a11y.atspi.Action", "DoAction", arguments)
+
+    def walk(self):
+        """This element and all below it."""
+        yield self
+        for child in self.children:
+            yield from child.walk()
+
+
+class Accessibility:
+    """Finds elements of one process. Elements come and go with the shelf's states, so every search
+    is repeated until the deadline."""
+
+    def __init__(self, session_address, process):
+        address = call(
+            connect(session_address), "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress"
+        )[0]
+        self._bus = connect(address)
+        self._process = process
+
+    def application(self):
+        """The program's root element, once it is on the bus."""
+        return wait_until(self._application, "the program on the accessibility bus")
+
+    def find(self, name, role=None):
+        """The showing element with this name (and role)."""
+        return wait_until(lambda: self.look_for(name, role), f"an element named {name!r}")
+
+    def look_for(self, name, role=None):
+        """As find, but only looks once; None if there is no such element now."""
+        try:
+            for node in self.application().walk():
+                if node.name == name and (role is None or node.role == role) and node.showing:
+                    return node
+        except GLib.Error:
+            pass  # the tree changed under our eyes
+        return None
+
+    def outline(self):
+        """The tree as indented lines, for a failure's report."""
+        lines = []
+
+        def add(node, depth):
+            try:
+                lines.append("  " * depth + f"{node.role}: {node.name!r} {node.extents}")
+                for child in node.children:
+                    add(child, depth + 1)
+            except GLib.Error as problem:
+                lines.append("  " * depth + f"({problem.message})")
+
+        add(self.application(), 0)
+        return "\n".join(lines)
+
+    def _application(self):
+        registry = Node(self._bus, "org.a11y.atspi.Registry", ROOT)
+        try:
+            for child in registry.children:
+                arguments = GLib.Variant("(s)", (child._name,))
+                process = call(
+                    self._bus,
+                    "org.freedesktop.DBus",
+                    "/org/freedesktop/DBus",
+                    "org.freedesktop.DBus",
+                    "GetConnectionUnixProcessID",
+                    arguments,
+                )[0]
+                if process == self._process:
+                    return child
+        except GLib.Error:
+            pass
+        return None

@@ -1,0 +1,115 @@
+"""The base of the session tests."""
+
+import os
+import sys
+import unittest
+from pathlib import Path
+
+from .session import Session
+from .waiting import wait_until, wait_while
+
+SANITIZER_REPORTS = ("AddressSanitizer", "ThreadSanitizer", "LeakSanitizer", "runtime error:")
+
+
+def default_window_manager():
+    return os.environ.get("PERCHLY_WINDOW_MANAGER", "openbox")
+
+
+class SessionCase(unittest.TestCase):
+    """Gives each test a session of its own under the window manager that
+    PERCHLY_WINDOW_MANAGER names, and shows what went on when the test fails."""
+
+    maxDiff = None
+
+    def start_session(self, **options):
+        options.setdefault("window_manager", default_window_manager())
+        self.session = Session(os.environ["PERCHLY_PROGRAM"], **options)
+        self.addCleanup(self._end_session, self.session)
+        self.session.start()
+        self.screen = self.session.screen
+        self.screen.move_to(self.screen.width // 2, self.screen.height - 60, step=100)
+        return self.session
+
+    def start(self, preferences=None, **options):
+        """A session with the program in it."""
+        self.start_session(**options)
+        self.session.store(**(preferences or {}))
+        return self.run_program()
+
+    def run_program(self):
+        self.program = self.session.run()
+        return self.program
+
+    # What the shelf looks like from outside
+
+    def expect_frame(self, frame, what, timeout=10):
+        """Waits until the shelf has exactly this frame (x, y, width, height)."""
+        try:
+            wait_until(lambda: self.program.frame() == frame, what, timeout)
+        except AssertionError as problem:
+            raise AssertionError(f"{problem}; the frame is {self.program.frame()}") from None
+
+    def keeps_frame(self, frame, what, seconds):
+        wait_while(lambda: self.program.frame() == frame, what, seconds)
+
+    def compact_frame(self, edge="top", position=0.5, area=None, visible=None):
+        """Where the collapsed shelf hangs on a display."""
+        return self._place(edge, position, area, visible, {"top": (290, 34)}.get(edge, (34, 120)))
+
+    def expanded_frame(self, edge="top", position=0.5, area=None, visible=None):
+        """Where the open shelf hangs on a display, at scale 1."""
+        return self._place(edge, position, area, visible, {"top": (660, 519)}.get(edge, (694, 519)))
+
+    def _place(self, edge, position, area, visible, size):
+        left, top, width, height = area or (0, 0, self.screen.width, self.screen.height)
+        _, visible_top, _, visible_height = visible or (left, top, width, height)
+        if edge == "top":
+            x = left + position * width - size[0] / 2
+            return round(max(left, min(x, left + width - size[0]))), top, *size
+        x = left if edge == "left" else left + width - size[0]
+        # Positions along a side count from the bottom.
+        y = visible_top + (1 - position) * visible_height - size[1] / 2
+        y = max(visible_top, min(y, visible_top + visible_height - size[1]))
+        return x, round(y), *size
+
+    def on_pill(self):
+        """A point inside the collapsed shelf."""
+        x, y, width, height = self.program.frame()
+        return x + width // 2, y + height // 2
+
+    def away(self):
+        """A point that no shelf covers."""
+        return self.screen.width // 2, self.screen.height - 60
+
+    # Endings
+
+    def _end_session(self, session):
+        failed = not self._outcome.success
+        try:
+            if failed:
+                self._report(session)
+            for program in session.programs:
+                if program.running():
+                    self.assertIn(program.stop(), (0, -15), program.errors())
+            for program in session.programs:
+                for report in SANITIZER_REPORTS:
+                    self.assertNotIn(report, program.errors())
+        finally:
+            session.stop()
+
+    def _report(self, session):
+        folder = Path(os.environ.get("PERCHLY_SESSION_REPORTS", "session-reports"))
+        folder.mkdir(parents=True, exist_ok=True)
+        if session.screen:
+            name = f"{self.id()}-{session.window_manager or 'bare'}"
+            session.screen.screenshot().save(folder / f"{name}.png")
+            print(f"screenshot: {folder}/{name}.png", file=sys.stderr)
+        for program in session.programs:
+            print(f"the program wrote:\n{program.errors()}", file=sys.stderr)
+            if program.running():
+                print(f"its windows: {program.windows()}", file=sys.stderr)
+                print(f"its frame: {program.frame()}", file=sys.stderr)
+
+
+def main():
+    unittest.main(verbosity=2)

@@ -1,0 +1,222 @@
+"""The X side of a session: pointer, keys, windows, focus and screenshots."""
+
+import time
+from dataclasses import dataclass
+
+from Xlib import X, XK, display, error
+from Xlib.ext import shape, xtest
+
+from .picture import Picture
+
+STEP_PIXELS = 8
+STEP_SECONDS = 0.004
+
+
+@dataclass(frozen=True)
+class Window:
+    """One window of the program: where it is on the screen, in pixels, and what it is."""
+
+    id: int
+    title: str
+    x: int
+    y: int
+    width: int
+    height: int
+    override_redirect: bool
+    types: tuple
+
+    @property
+    def rect(self):
+        return self.x, self.y, self.width, self.height
+
+
+class Screen:
+    """A client of the session's X server with the hands and eyes of a person."""
+
+    def __init__(self, name):
+        self.name = name
+        self.display = display.Display(name)
+        self.root = self.display.screen().root
+        self.width = self.display.screen().width_in_pixels
+        self.height = self.display.screen().height_in_pixels
+
+    def close(self):
+        self.display.close()
+
+    def atom(self, name):
+        return self.display.get_atom(name)
+
+    # Pointer
+
+    def pointer(self):
+        at = self.root.query_pointer()
+        return at.root_x, at.root_y
+
+    def move_by(self, dx, dy):
+        """One relative motion event, which programs that listen to raw motion see as well."""
+        xtest.fake_input(self.display, X.MotionNotify, detail=1, x=dx, y=dy)
+        self.display.sync()
+
+    def move_to(self, x, y, step=STEP_PIXELS, pause=STEP_SECONDS):
+        """Moves in a straight line of small steps."""
+        from_x, from_y = self.pointer()
+        steps = max(1, round(max(abs(x - from_x), abs(y - from_y)) / step))
+        for number in range(1, steps + 1):
+            at_x, at_y = self.pointer()
+            to_x = round(from_x + (x - from_x) * number / steps)
+            to_y = round(from_y + (y - from_y) * number / steps)
+            self.move_by(to_x - at_x, to_y - at_y)
+            time.sleep(pause)
+        if self.pointer() != (x, y):
+            raise AssertionError(f"the pointer is at {self.pointer()}, not at {(x, y)}")
+
+    def press(self, button=1):
+        xtest.fake_input(self.display, X.ButtonPress, button)
+        self.display.sync()
+
+    def release(self, button=1):
+        xtest.fake_input(self.display, X.ButtonRelease, button)
+        self.display.sync()
+
+    def click(self, x, y):
+        self.move_to(x, y)
+        self.press()
+        time.sleep(0.03)
+        self.release()
+
+    def drag(self, start, end):
+        """Presses at the start, moves to the end as a hand does, and releases there."""
+        self.move_to(*start)
+        self.press()
+        distance = max(abs(end[0] - start[0]), abs(end[1] - start[1]))
+        self.move_to(*end, step=max(distance / 40, 1), pause=0.01)
+        time.sleep(0.05)
+        self.release()
+
+    # Keys
+
+    def key(self, *names):
+        """Presses the named keys in order and releases them in reverse, as in
+        key("Control_L", "Alt_L", "space")."""
+        codes = [self.display.keysym_to_keycode(XK.string_to_keysym(name)) for name in names]
+        for code in codes:
+            xtest.fake_input(self.display, X.KeyPress, code)
+        self.display.sync()
+        time.sleep(0.02)
+        for code in reversed(codes):
+            xtest.fake_input(self.display, X.KeyRelease, code)
+        self.display.sync()
+
+    def locks(self):
+        """The modifier bits that are locked now: X.LockMask for Caps Lock, X.Mod2Mask for Num
+        Lock."""
+        return self.root.query_pointer().mask & (X.LockMask | X.Mod2Mask)
+
+    # Windows
+
+    def focus(self):
+        """The id of the window with the keyboard, or 0 for none and the root."""
+        window = self.display.get_input_focus().focus
+        return 0 if isinstance(window, int) or window.id == self.root.id else window.id
+
+    def active_window(self):
+        found = self.root.get_full_property(self.atom("_NET_ACTIVE_WINDOW"), X.AnyPropertyType)
+        return int(found.value[0]) if found and len(found.value) else 0
+
+    def has_compositor(self):
+        return self.display.get_selection_owner(self.atom("_NET_WM_CM_S0")) != X.NONE
+
+    def has_window_manager(self):
+        found = self.root.get_full_property(
+            self.atom("_NET_SUPPORTING_WM_CHECK"), X.AnyPropertyType
+        )
+        return bool(found and len(found.value))
+
+    def windows_of(self, process):
+        """The mapped windows of a process, from the lowest to the highest."""
+        found = []
+        self._collect(self.root, process, found, depth=0)
+        return found
+
+    def stacking(self):
+        """The ids of the root's children, from the lowest to the highest."""
+        return [child.id for child in self.root.query_tree().children]
+
+    def top_level(self, window_id):
+        """The root's child that is or holds the window: its frame, if the manager gave it one."""
+        window = self.display.create_resource_object("window", window_id)
+        while True:
+            parent = window.query_tree().parent
+            if not parent or parent.id == self.root.id:
+                return window.id
+            window = parent
+
+    def input_frame(self, window):
+        """Where the window takes the pointer, as (x, y, width, height) on the screen."""
+        resource = self.display.create_resource_object("window", window.id)
+        rectangles = resource.shape_get_rectangles(shape.SK.Input).rectangles
+        if not rectangles:
+            return window.rect
+        left = min(r.x for r in rectangles)
+        top = min(r.y for r in rectangles)
+        right = max(r.x + r.width for r in rectangles)
+        bottom = max(r.y + r.height for r in rectangles)
+        return window.x + left, window.y + top, right - left, bottom - top
+
+    def close_window(self, window):
+        """Asks the window manager to close a window, as the button in its title bar does."""
+        self._message(window.id, "_NET_CLOSE_WINDOW", [X.CurrentTime, 2, 0, 0, 0])
+
+    def activate(self, window_id):
+        """Asks the window manager to give a window the keyboard, as a task bar does."""
+        self._message(window_id, "_NET_ACTIVE_WINDOW", [2, X.CurrentTime, 0, 0, 0])
+
+    def screenshot(self):
+        image = self.root.get_image(0, 0, self.width, self.height, X.ZPixmap, 0xFFFFFFFF)
+        return Picture(self.width, self.height, bytes(image.data))
+
+    def _message(self, window_id, name, data):
+        from Xlib.protocol import event
+
+        self.root.send_event(
+            event.ClientMessage(
+                window=self.display.create_resource_object("window", window_id),
+                client_type=self.atom(name),
+                data=(32, data),
+            ),
+            event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask,
+        )
+        self.display.flush()
+
+    def _collect(self, window, process, found, depth):
+        for child in window.query_tree().children:
+            try:
+                described = self._describe(child, process)
+                if described:
+                    found.append(described)
+                elif depth < 3:
+                    self._collect(child, process, found, depth + 1)
+            except (error.BadWindow, error.BadDrawable):
+                continue  # it went away meanwhile
+
+    def _describe(self, window, process):
+        owner = window.get_full_property(self.atom("_NET_WM_PID"), X.AnyPropertyType)
+        if not owner or owner.value[0] != process:
+            return None
+        attributes = window.get_attributes()
+        if attributes.map_state != X.IsViewable or attributes.win_class != X.InputOutput:
+            return None
+        title = window.get_full_property(self.atom("_NET_WM_NAME"), X.AnyPropertyType)
+        types = window.get_full_property(self.atom("_NET_WM_WINDOW_TYPE"), X.AnyPropertyType)
+        geometry = window.get_geometry()
+        origin = self.root.translate_coords(window, 0, 0)
+        return Window(
+            id=window.id,
+            title=title.value.decode() if title else "",
+            x=origin.x,
+            y=origin.y,
+            width=geometry.width,
+            height=geometry.height,
+            override_redirect=bool(attributes.override_redirect),
+            types=tuple(self.display.get_atom_name(a) for a in types.value) if types else (),
+        )

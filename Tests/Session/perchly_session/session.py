@@ -1,0 +1,326 @@
+"""A desktop session of its own: X server, window manager, bus, folders, and the program in it."""
+
+import json
+import os
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+from .accessibility import Accessibility
+from .screen import Screen
+from .status_item import StatusItem, watcher_runs
+from .waiting import wait_until
+
+ACCESSIBILITY_SERVICE = """[D-BUS Service]
+Name=org.a11y.Bus
+Exec=/usr/libexec/at-spi-bus-launcher
+"""
+BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>session</type>
+  <listen>unix:path={folder}/bus</listen>
+  <servicedir>{folder}/services</servicedir>
+  <policy context="default">
+    <allow send_destination="*" eavesdrop="true"/>
+    <allow eavesdrop="true"/>
+    <allow own="*"/>
+  </policy>
+</busconfig>
+"""
+MENUS = ("_NET_WM_WINDOW_TYPE_TOOLTIP", "_NET_WM_WINDOW_TYPE_POPUP_MENU")
+
+
+class Program:
+    """A running Perchly."""
+
+    def __init__(self, session, number):
+        self._session = session
+        self._errors = session.folder / f"stderr-{number}"
+        with open(self._errors, "wb") as errors:
+            self.process = subprocess.Popen(
+                [session.executable],
+                env=session.environment,
+                cwd=session.folder,
+                stdin=subprocess.DEVNULL,
+                stdout=errors,
+                stderr=errors,
+            )
+
+    @property
+    def pid(self):
+        return self.process.pid
+
+    def running(self):
+        return self.process.poll() is None
+
+    def errors(self):
+        """What the program has written on its standard streams."""
+        return self._errors.read_text(errors="replace")
+
+    def windows(self):
+        return self._session.screen.windows_of(self.pid)
+
+    def window(self, title):
+        """The mapped window with exactly this title, or None."""
+        return next((w for w in self.windows() if w.title == title), None)
+
+    def panel(self):
+        """The shelf's window, or None."""
+        for window in self.windows():
+            if window.override_redirect and not set(window.types) & set(MENUS):
+                return window
+        return None
+
+    def frame(self):
+        """The shelf's frame without its shadow, as (x, y, width, height), or None."""
+        panel = self.panel()
+        return self._session.screen.input_frame(panel) if panel else None
+
+    def accessibility(self):
+        return Accessibility(self._session.bus_address, self.pid)
+
+    def stop(self):
+        """Ends the program as a session manager does and returns its exit status."""
+        if self.running():
+            self.process.terminate()
+            try:
+                self.process.wait(10)
+            except subprocess.TimeoutExpired:
+                self.kill()
+                raise AssertionError("the program did not end when asked to") from None
+        return self.process.returncode
+
+    def kill(self):
+        """Ends the program at once, as a crash or a power cut does."""
+        self.process.kill()
+        self.process.wait()
+
+
+class Session:
+    """Everything runs from start() to stop(); nothing of the person's own is touched.
+
+    window_manager is "openbox", "xfwm4" or None; compositor is "xfwm4", "picom" or None. monitors
+    is a list of (x, y, width, height) that the screen is divided into.
+    """
+
+    def __init__(
+        self,
+        executable,
+        window_manager="openbox",
+        compositor=None,
+        bus=True,
+        status_watcher=False,
+        size=(1280, 800),
+        monitors=(),
+        scale=None,
+    ):
+        self.executable = str(executable)
+        self.window_manager = window_manager
+        self.compositor = compositor
+        self.programs = []
+        self.screen = None
+        self._bus = bus
+        self._status_watcher = status_watcher
+        self._size = size
+        self._monitors = list(monitors)
+        self._services = []
+        self.folder = Path(tempfile.mkdtemp(prefix="perchly-session-"))
+        self.bus_address = f"unix:path={self.folder}/bus"
+        self.environment = self._make_environment(scale)
+
+    # Life
+
+    def start(self):
+        self.environment["DISPLAY"] = self._start_server()
+        self.screen = Screen(self.environment["DISPLAY"])
+        for number, monitor in enumerate(self._monitors):
+            self.add_monitor(number, monitor)
+        if self._bus:
+            self._start_bus()
+        if self._status_watcher:
+            self.start_status_watcher()
+        if self.window_manager:
+            self._start_window_manager()
+        if self.compositor:
+            self.start_compositor()
+        return self
+
+    def stop(self):
+        for program in self.programs:
+            if program.running():
+                program.kill()
+        if self.screen:
+            self.screen.close()
+        for service in reversed(self._services):
+            _end(service)
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def run(self, wait=True):
+        """Starts the program and waits for its shelf."""
+        program = Program(self, len(self.programs))
+        self.programs.append(program)
+        if wait:
+            wait_until(
+                lambda: program.panel() or not program.running(), "the shelf on the screen"
+            )
+            if not program.running():
+                raise AssertionError(f"the program ended at once: {program.errors()}")
+        return program
+
+    # Preferences
+
+    @property
+    def preferences_file(self):
+        return Path(self.environment["XDG_CONFIG_HOME"]) / "perchly" / "preferences.json"
+
+    def preferences(self):
+        """What is stored now; empty if nothing is."""
+        try:
+            return json.loads(self.preferences_file.read_text())
+        except FileNotFoundError:
+            return {}
+
+    def store(self, **values):
+        """Stores preferences before the program starts, beside those that are there."""
+        self.preferences_file.parent.mkdir(parents=True, exist_ok=True, mode=0o700)
+        self.preferences_file.write_text(json.dumps(self.preferences() | values))
+
+    # What surrounds the program
+
+    def add_monitor(self, number, rect):
+        """Makes a part of the screen a display of its own."""
+        x, y, width, height = rect
+        geometry = f"{width}/300x{height}/200+{x}+{y}"
+        output = "screen" if number == 0 else "none"
+        self._call("xrandr", "--setmonitor", f"monitor{number}", geometry, output)
+
+    def remove_monitor(self, number):
+        self._call("xrandr", "--delmonitor", f"monitor{number}")
+
+    def start_compositor(self):
+        if self.compositor == "picom":
+            self._spawn("picom", "--backend", "xrender", "--config", "/dev/null")
+        wait_until(self.screen.has_compositor, "a compositor")
+
+    def start_status_watcher(self):
+        script = Path(__file__).with_name("status_watcher.py")
+        self._spawn(sys.executable, "-B", str(script))
+        wait_until(lambda: watcher_runs(self.bus_address), "the status watcher")
+
+    def status_item(self):
+        return StatusItem(self.bus_address)
+
+    # Parts
+
+    def _make_environment(self, scale):
+        environment = {
+            name: value
+            for name, value in os.environ.items()
+            if name in ("PATH", "LD_LIBRARY_PATH", "QT_QUICK_BACKEND")
+            or name.endswith("SAN_OPTIONS")
+        }
+        environment |= {
+            "LANG": "C.UTF-8",
+            "TZ": "UTC",
+            "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
+            "DBUS_SESSION_BUS_ADDRESS": self.bus_address,
+            "GIO_USE_VFS": "local",
+            "GSETTINGS_BACKEND": "memory",
+        }
+        if scale:
+            environment["QT_SCALE_FACTOR"] = str(scale)
+        folders = {
+            "HOME": "home",
+            "XDG_CONFIG_HOME": "home/.config",
+            "XDG_DATA_HOME": "home/.local/share",
+            "XDG_STATE_HOME": "home/.local/state",
+            "XDG_CACHE_HOME": "home/.cache",
+            "XDG_RUNTIME_DIR": "runtime",
+        }
+        for name, folder in folders.items():
+            (self.folder / folder).mkdir(parents=True, exist_ok=True, mode=0o700)
+            environment[name] = str(self.folder / folder)
+        return environment
+
+    def _start_server(self):
+        width, height = self._size
+        read, write = os.pipe()
+        self._spawn(
+            "Xvfb",
+            "-displayfd",
+            str(write),
+            "-screen",
+            "0",
+            f"{width}x{height}x24",
+            "-nolisten",
+            "tcp",
+            "-noreset",
+            pass_fds=(write,),
+        )
+        os.close(write)
+        with os.fdopen(read) as pipe:
+            number = pipe.readline().strip()
+        if not number:
+            raise AssertionError(f"Xvfb did not start: {self._log()}")
+        return f":{number}"
+
+    def _start_bus(self):
+        services = self.folder / "services"
+        services.mkdir()
+        (services / "org.a11y.Bus.service").write_text(ACCESSIBILITY_SERVICE)
+        configuration = self.folder / "bus.conf"
+        configuration.write_text(BUS_CONFIGURATION.format(folder=self.folder))
+        self._spawn("dbus-daemon", "--nofork", f"--config-file={configuration}")
+        wait_until((self.folder / "bus").exists, "the session bus")
+
+    def _start_window_manager(self):
+        if self.window_manager == "xfwm4":
+            compositor = "on" if self.compositor == "xfwm4" else "off"
+            self._spawn("xfwm4", f"--compositor={compositor}")
+        else:
+            self._spawn("openbox", "--sm-disable")
+        wait_until(self.screen.has_window_manager, f"{self.window_manager} running")
+
+    def _spawn(self, *command, pass_fds=()):
+        with open(self.folder / "services.log", "ab") as log:
+            service = subprocess.Popen(
+                command,
+                env=self.environment,
+                cwd=self.folder,
+                stdin=subprocess.DEVNULL,
+                stdout=log,
+                stderr=log,
+                pass_fds=pass_fds,
+                start_new_session=True,
+            )
+        self._services.append(service)
+
+    def _call(self, *command):
+        subprocess.run(
+            command,
+            env=self.environment,
+            check=True,
+            stdin=subprocess.DEVNULL,
+            capture_output=True,
+            timeout=20,
+        )
+
+    def _log(self):
+        return (self.folder / "services.log").read_text(errors="replace")
+
+
+def _end(service):
+    """Ends a service and what it started."""
+    try:
+        os.killpg(service.pid, signal.SIGTERM)
+    except ProcessLookupError:
+        pass
+    try:
+        service.wait(3)
+    except subprocess.TimeoutExpired:
+        os.killpg(service.pid, signal.SIGKILL)
+        service.wait()

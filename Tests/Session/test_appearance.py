@@ -1,0 +1,85 @@
+"""Themes, accents, opacity, scale and compact mode, judged by what is on the screen."""
+
+from perchly_session.case import SessionCase, main
+from perchly_session.other_programs import OtherWindow
+from perchly_session.picture import near
+from perchly_session.waiting import wait_until
+
+THEMES = {
+    "Midnight": (6, 7, 8),
+    "Graphite": (36, 36, 36),
+    "Ocean": (5, 20, 36),
+    "No such theme": (6, 7, 8),
+}
+
+
+class AppearanceTest(SessionCase):
+    def background(self):
+        """A place of the pill that holds nothing: between its title and its status."""
+        x, y, _, _ = self.compact_frame()
+        return self.screen.screenshot().pixel(x + 150, y + 17)
+
+    def symbol_colours(self):
+        """The saturated colours where the pill's symbol stands."""
+        x, y, _, _ = self.compact_frame()
+        pixels = self.screen.screenshot().pixels(x + 12, y + 4, 24, 26)
+        return [pixel for pixel in pixels if max(pixel) - min(pixel) > 90]
+
+    def test_each_theme_has_its_colour(self):
+        for theme, colour in THEMES.items():
+            with self.subTest(theme=theme):
+                self.start({"shelfTheme": theme})
+                wait_until(lambda: near(self.background(), colour, 3), f"the colour {colour}")
+
+    def test_each_accent_colours_the_symbol(self):
+        strongest = {"Mint": (1, 2), "Blue": (2,), "Purple": (2,), "Orange": (0,)}
+        for accent, channels in strongest.items():
+            with self.subTest(accent=accent):
+                self.start({"shelfAccent": accent})
+                colours = wait_until(self.symbol_colours, "a coloured symbol")
+                pixel = max(colours, key=lambda colour: max(colour) - min(colour))
+                self.assertIn(pixel.index(max(pixel)), channels, pixel)
+
+    def test_opacity_lets_the_window_below_through(self):
+        self.start_session(window_manager="openbox", compositor="picom")
+        OtherWindow(self.screen, state="_NET_WM_STATE_FULLSCREEN").take_focus()
+        self.session.store(shelfOpacity=0.5)
+        self.run_program()
+        half = tuple((a + b) // 2 for a, b in zip(THEMES["Midnight"], (0x30, 0x50, 0xA0)))
+        wait_until(lambda: near(self.background(), half, 6), f"half of both colours, {half}")
+
+    def test_without_a_compositor_it_is_opaque(self):
+        self.start({"shelfOpacity": 0.5})
+        wait_until(lambda: max(self.background()) < 30, "a dark pill")
+
+    def test_the_open_shelf_follows_the_scale(self):
+        self.start({"shelfScale": 1.2})
+        self.expect_frame(self.compact_frame(), "the pill, which keeps its size")
+        self.screen.move_to(*self.on_pill())
+        wait_until(lambda: self.program.frame()[2:] in ((792, 623), (792, 622)), "792 x 622.8")
+        button = self.program.accessibility().find("Quit", "push button")
+        x, y, width, height = self.program.frame()
+        left, top = button.centre
+        self.assertTrue(x < left < x + width and y < top < y + height, button.centre)
+        self.screen.click(*button.centre)
+        wait_until(lambda: not self.program.running(), "the scaled button pressed")
+
+    def test_compact_mode_is_denser(self):
+        tops = []
+        for compact in (False, True):
+            self.start({"compactMode": compact})
+            self.screen.move_to(*self.on_pill())
+            self.expect_frame(self.expanded_frame(), "the shelf open")
+            tree = self.program.accessibility()
+            tree.find("Search", "push button")
+
+            def resting():
+                first = tree.find("Search", "push button").extents[1]
+                return first if first == tree.find("Search", "push button").extents[1] else None
+
+            tops.append(wait_until(resting, "the toolbar at rest"))
+        self.assertLess(tops[1], tops[0] - 30)
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,153 @@
+"""The shelf is dragged by its header and docks at an edge of any display."""
+
+from perchly_session.case import SessionCase, main
+from perchly_session.other_programs import OtherWindow
+from perchly_session.waiting import wait_until
+
+LEFT_HALF = (0, 0, 640, 800)
+RIGHT_HALF = (640, 0, 640, 800)
+
+
+class DockingTest(SessionCase):
+    def expect_stored(self, **wanted):
+        def matches():
+            stored = self.session.preferences()
+            return all(
+                abs(stored.get(key, -9) - value) < 0.01
+                if isinstance(value, float)
+                else stored.get(key) == value
+                for key, value in wanted.items()
+            )
+
+        try:
+            wait_until(matches, f"{wanted} stored")
+        except AssertionError as problem:
+            raise AssertionError(f"{problem}: {self.session.preferences()}") from None
+
+    def drag_pill(self, end):
+        self.screen.drag(self.on_pill(), end)
+        self.screen.move_to(640, 740)
+
+    def test_seven_points_are_a_click(self):
+        self.start({"openOnHover": False})
+        self.screen.move_to(*self.on_pill())
+        self.screen.press()
+        self.screen.move_by(7, 0)
+        self.keeps_frame(self.compact_frame(), "the pill still in its place", 0.3)
+        self.screen.release()
+        self.expect_frame(self.expanded_frame(), "the shelf open")
+        self.assertNotIn("shelfEdgePosition", self.session.preferences())
+
+    def test_eight_points_are_a_drag(self):
+        self.start({"openOnHover": False})
+        x, y, width, height = self.compact_frame()
+        self.screen.move_to(*self.on_pill())
+        self.screen.press()
+        self.screen.move_by(8, 0)
+        self.expect_frame((x + 8, y, width, height), "the pill under the pointer")
+        self.screen.move_by(100, 200)
+        self.expect_frame((x + 108, y + 200, width, height), "the pill following the pointer")
+        self.screen.move_by(-100, -200)
+        self.screen.release()
+        self.expect_stored(shelfEdge="top", shelfEdgePosition=648 / 1280, displayIndex=0)
+        self.expect_frame(self.compact_frame("top", 648 / 1280), "the pill docked")
+
+    def test_each_edge_can_be_docked_at(self):
+        self.start({"openOnHover": False})
+        self.drag_pill((4, 500))
+        self.expect_stored(shelfEdge="left", shelfEdgePosition=0.375, displayIndex=0)
+        self.expect_frame(self.compact_frame("left", 0.375), "the strip at the left edge")
+        self.drag_pill((1276, 200))
+        self.expect_stored(shelfEdge="right", shelfEdgePosition=0.75, displayIndex=0)
+        self.expect_frame(self.compact_frame("right", 0.75), "the strip at the right edge")
+        self.drag_pill((320, 3))
+        self.expect_stored(shelfEdge="top", shelfEdgePosition=0.25, displayIndex=0)
+        self.expect_frame(self.compact_frame("top", 0.25), "the pill at the top edge")
+
+    def test_on_a_side_edge_it_opens_flush_with_the_edge(self):
+        for edge in ("left", "right"):
+            with self.subTest(edge=edge):
+                self.start({"shelfEdge": edge, "shelfEdgePosition": 0.5})
+                self.expect_frame(self.compact_frame(edge), "the strip")
+                self.screen.move_to(*self.on_pill())
+                self.expect_frame(self.expanded_frame(edge), "the shelf open")
+                self.screen.move_to(640, 740)
+                self.expect_frame(self.compact_frame(edge), "the strip again")
+
+    def test_on_a_side_edge_the_open_shelf_is_dragged_by_its_edge(self):
+        self.start({"shelfEdge": "left"})
+        self.screen.move_to(*self.on_pill())
+        self.expect_frame(self.expanded_frame("left"), "the shelf open")
+        self.screen.drag((17, 500), (1270, 400))
+        self.screen.move_to(640, 740)
+        self.expect_stored(shelfEdge="right", shelfEdgePosition=0.5)
+        self.expect_frame(self.compact_frame("right"), "the strip at the right edge")
+
+    def test_dragging_an_open_shelf_closes_it_and_gives_the_keyboard_back(self):
+        self.start_session()
+        other = OtherWindow(self.screen, rect=(100, 600, 300, 120)).take_focus()
+        self.run_program()
+        self.screen.key("Control_L", "Alt_L", "space")
+        self.expect_frame(self.expanded_frame(), "the shelf open")
+        self.screen.move_to(500, 17)
+        self.screen.press()
+        self.screen.move_by(0, 9)
+        wait_until(lambda: self.program.frame()[2:] == (290, 34), "the shelf small again")
+        self.screen.move_by(200, 4)
+        self.screen.release()
+        self.screen.move_to(640, 740)
+        wait_until(other.has_focus, "the other window with the keyboard")
+        self.expect_frame(self.compact_frame("top", 700 / 1280), "the pill docked")
+
+    def test_it_docks_on_a_second_display(self):
+        self.start({"openOnHover": False}, monitors=[LEFT_HALF, RIGHT_HALF])
+        self.expect_frame(self.compact_frame(area=LEFT_HALF), "the pill on the first display")
+        self.drag_pill((646, 600))
+        self.expect_stored(shelfEdge="left", shelfEdgePosition=0.25, displayIndex=1)
+        self.expect_frame(
+            self.compact_frame("left", 0.25, RIGHT_HALF), "the strip on the second display"
+        )
+        self.drag_pill((960, 5))
+        self.expect_stored(shelfEdge="top", shelfEdgePosition=0.5, displayIndex=1)
+        self.expect_frame(self.compact_frame(area=RIGHT_HALF), "the pill on the second display")
+
+    def test_a_display_taken_away_sends_the_shelf_to_one_that_is_left(self):
+        stored = {"shelfEdge": "right", "shelfEdgePosition": 0.5, "displayIndex": 1}
+        self.start(stored, monitors=[LEFT_HALF, RIGHT_HALF])
+        there = self.compact_frame("right", 0.5, RIGHT_HALF)
+        self.expect_frame(there, "the strip on the second display")
+        self.session.remove_monitor(1)
+        self.expect_frame(
+            self.compact_frame("right", 0.5, LEFT_HALF), "the strip on the first display"
+        )
+        self.screen.move_to(*self.on_pill())
+        wait_until(lambda: self.program.frame()[2] > 600, "the shelf open there")
+        self.screen.move_to(320, 740)
+        self.assertEqual(self.session.preferences() | stored, self.session.preferences())
+        self.session.add_monitor(1, RIGHT_HALF)
+        self.expect_frame(there, "the strip back on the second display")
+
+    def test_on_a_side_edge_it_keeps_off_what_a_dock_reserves(self):
+        self.start_session()
+        dock = OtherWindow(self.screen, "Dock", (0, 600, 1280, 200))
+        dock.reserve("bottom", 200)
+        dock.show()
+        self.session.store(shelfEdge="left", shelfEdgePosition=0.0)
+        self.run_program()
+        visible = (0, 0, 1280, 600)
+        self.expect_frame(
+            self.compact_frame("left", 0.0, visible=visible), "the strip above the dock"
+        )
+        dock.close()
+        self.expect_frame(self.compact_frame("left", 0.0), "the strip in the corner")
+
+    def test_everything_is_twice_as_large_at_scale_two(self):
+        self.start(scale=2)
+        self.expect_frame((350, 0, 580, 68), "the pill")
+        self.screen.move_to(640, 60)
+        # The display is 640 x 400 points: the open shelf is limited to it.
+        self.expect_frame((0, 0, 1280, 800), "the open shelf")
+
+
+if __name__ == "__main__":
+    main()

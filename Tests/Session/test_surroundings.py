@@ -1,0 +1,120 @@
+"""The program runs with what the desktop has and does without what it has not."""
+
+import subprocess
+
+from perchly_session.case import SessionCase, default_window_manager, main
+from perchly_session.other_programs import OtherWindow
+from perchly_session.picture import near
+from perchly_session.waiting import wait_until, wait_while
+
+OTHER_BLUE = (0x30, 0x50, 0xA0)
+
+
+class SurroundingsTest(SessionCase):
+    def expect_hover_and_chord(self):
+        self.expect_frame(self.compact_frame(), "the pill")
+        self.screen.move_to(*self.on_pill())
+        self.expect_frame(self.expanded_frame(), "the shelf open by hovering")
+        self.screen.move_to(*self.away())
+        self.expect_frame(self.compact_frame(), "the shelf closed")
+        self.screen.key("Control_L", "Alt_L", "space")
+        self.expect_frame(self.expanded_frame(), "the shelf open by the chord")
+        self.screen.key("Control_L", "Alt_L", "space")
+        self.expect_frame(self.compact_frame(), "the shelf closed by the chord")
+
+    def test_without_a_bus(self):
+        self.start(bus=False)
+        self.expect_hover_and_chord()
+
+    def test_without_a_window_manager(self):
+        self.start(window_manager=None)
+        self.expect_hover_and_chord()
+
+    def test_without_a_compositor_the_window_is_the_frame(self):
+        self.start()
+        self.assertEqual(self.program.panel().rect, self.compact_frame())
+        self.screen.move_to(*self.on_pill())
+        self.expect_frame(self.expanded_frame(), "the shelf open")
+        self.assertEqual(self.program.panel().rect, self.expanded_frame())
+
+    def test_with_a_compositor_the_corners_show_what_lies_below(self):
+        compositor = "xfwm4" if default_window_manager() == "xfwm4" else "picom"
+        self.start_session(compositor=compositor)
+        other = OtherWindow(self.screen, rect=(300, 0, 700, 700), state="_NET_WM_STATE_FULLSCREEN")
+        other.take_focus()
+        self.run_program()
+        self.expect_frame(self.compact_frame(), "the pill")
+        x, _, width, height = self.compact_frame()
+        wait_until(
+            lambda: near(self.screen.screenshot().pixel(x, height - 1), OTHER_BLUE, 60),
+            "the other window in the pill's corner",
+        )
+        self.expect_hover_and_chord()
+
+    def test_a_click_beside_the_pill_belongs_to_the_window_below(self):
+        for compositor in (None, "picom"):
+            with self.subTest(compositor=compositor):
+                self.start_session(compositor=compositor, window_manager="openbox")
+                other = OtherWindow(self.screen, state="_NET_WM_STATE_FULLSCREEN").take_focus()
+                self.session.store(openOnHover=False)
+                self.run_program()
+                self.expect_frame(self.compact_frame(), "the pill")
+                x, y, width, height = self.compact_frame()
+                for point in ((x - 3, 10), (x + width + 2, 10), (640, height + 2)):
+                    other.clicks()
+                    self.screen.click(*point)
+                    wait_until(lambda: other.clicks() == 1, f"the click at {point} below")
+
+    def test_a_compositor_may_come_and_go(self):
+        self.start(window_manager="openbox")
+        self.session.compositor = "picom"
+        self.session.start_compositor()
+        self.expect_hover_and_chord()
+
+    def test_above_a_full_screen_window(self):
+        self.start_session()
+        other = OtherWindow(self.screen, state="_NET_WM_STATE_FULLSCREEN").take_focus()
+        self.assertEqual(other.window.get_geometry().width, self.screen.width)
+        self.run_program()
+
+        def above():
+            order = self.screen.stacking()
+            panel = self.screen.top_level(self.program.panel().id)
+            return order.index(panel) > order.index(self.screen.top_level(other.id))
+
+        wait_until(above, "the pill above the full-screen window")
+        self.expect_hover_and_chord()
+        other = OtherWindow(self.screen, "Later", state="_NET_WM_STATE_FULLSCREEN").take_focus()
+        wait_until(above, "the pill above a full-screen window that came later")
+        self.expect_hover_and_chord()
+
+    def test_a_place_for_status_items_may_come_later(self):
+        self.start()
+        self.expect_hover_and_chord()
+        self.session.start_status_watcher()
+        self.assertEqual(len(self.session.status_item().menu()), 6)
+
+    def test_without_a_display_it_says_so(self):
+        self.start_session(window_manager=None, bus=False)
+        environment = self.session.environment | {"DISPLAY": ":9999"}
+        ended = subprocess.run(
+            [self.session.executable],
+            env=environment,
+            stdin=subprocess.DEVNULL,
+            capture_output=True,
+            timeout=20,
+        )
+        self.assertGreater(ended.returncode, 0, ended.stderr)
+        self.assertIn(b"display", ended.stderr)
+
+    def test_what_is_missing_is_said_once(self):
+        self.start(bus=False, window_manager=None)
+        self.expect_hover_and_chord()
+        wait_while(self.program.running, "the program", 1.0)
+        lines = self.program.errors().splitlines()
+        self.assertEqual(len(lines), len(set(lines)), lines)
+        self.assertLess(len(lines), 8, lines)
+
+
+if __name__ == "__main__":
+    main()

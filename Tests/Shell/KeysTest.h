@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QObject>
+
+class KeysTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void togglesOnExactlyControlOptionSpace_data();
+    void togglesOnExactlyControlOptionSpace();
+    void takesAndGivesBackTheKeyboard();
+    void turnsAHoverOpenShelfIntoAKeyboardOpenOne();
+    void passesKeysOnWithoutTheKeyboard();
+    void escapeCloses();
+    void launchesTheShownEntryOfADigit_data();
+    void launchesTheShownEntryOfADigit();
+    void answersTheMenusKeysInEveryWindow();
+    void hotKeysActOnceTheHostsHandlingIsOver();
+};

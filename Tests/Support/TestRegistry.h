@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QObject>
+
+#include <memory>
+#include <vector>
+
+namespace perchly {
+
+using TestFactory = std::unique_ptr<QObject> (*)();
+
+/// The test classes of one executable. `main` runs them one after the other; with the name of a
+/// class as the first argument, that one only, with the other arguments.
+std::vector<TestFactory> &testFactories();
+
+/// `const RegisteredTest<MyTest> registered;` in MyTest's own file adds it to the executable.
+template <class Test>
+struct RegisteredTest {
+    RegisteredTest() {
+        testFactories().push_back(
+            []() -> std::unique_ptr<QObject> { return std::make_unique<Test>(); });
+    }
+};
+
+} // namespace perchly

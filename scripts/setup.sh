@@ -1,0 +1,33 @@
+#!/bin/sh
+# Installs the Debian packages of packages.txt that are missing. Quick when none is.
+set -eu
+cd "$(dirname "$0")/.."
+
+wanted=$(grep -v -e '^#' -e '^$' scripts/packages.txt)
+if ! command -v dpkg-query >/dev/null; then
+    echo "setup: this is not a Debian system. Install what corresponds to these packages:" >&2
+    echo "$wanted" >&2
+    exit 1
+fi
+
+# shellcheck disable=SC2086 # one word a package
+installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' $wanted 2>/dev/null |
+    sed -n 's/^installed //p' || true)
+missing=$(echo "$wanted" | grep -vxF "$installed" | tr '\n' ' ' || true)
+[ -n "$missing" ] || exit 0
+
+install="apt-get install -y --no-install-recommends $missing"
+if [ "$(id -u)" -eq 0 ]; then
+    as_root=
+elif command -v sudo >/dev/null && { [ -t 0 ] || sudo -n true 2>/dev/null; }; then
+    as_root=sudo
+else
+    echo "setup: packages are missing, and installing them needs root rights. Run as root:" >&2
+    echo "$install" >&2
+    exit 1
+fi
+
+echo "setup: installing $missing"
+$as_root apt-get update -q
+# shellcheck disable=SC2086 # as above
+$as_root env DEBIAN_FRONTEND=noninteractive $install </dev/null
