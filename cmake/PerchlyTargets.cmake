@@ -51,3 +51,31 @@ function(perchly_test name)
     set_tests_properties(${name} PROPERTIES
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen" LABELS "unit;${test_LABELS}" TIMEOUT 120)
 endfunction()
+
+# perchly_qml_module(<name> URI … [SOURCES …] [HEADERS …] [QML_FILES …] [IMPORTS …]
+#                    [PUBLIC …] [PRIVATE …])
+# A static QML module perchly_<name>, which the program and the tests link with its plugin. HEADERS
+# are the public ones among the sources.
+function(perchly_qml_module name)
+    cmake_parse_arguments(PARSE_ARGV 1 module "" "URI"
+        "SOURCES;HEADERS;QML_FILES;IMPORTS;PUBLIC;PRIVATE")
+    qt_add_qml_module(perchly_${name}
+        URI ${module_URI}
+        VERSION 1.0
+        STATIC
+        RESOURCE_PREFIX /qt/qml
+        SOURCES ${module_SOURCES} ${module_HEADERS}
+        QML_FILES ${module_QML_FILES}
+        IMPORTS ${module_IMPORTS})
+    target_sources(perchly_${name} PUBLIC FILE_SET HEADERS
+        BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES ${module_HEADERS})
+    target_link_libraries(perchly_${name}
+        PUBLIC ${module_PUBLIC} PRIVATE perchly_options ${module_PRIVATE})
+    # What Qt generates is held to Qt's rules.
+    get_target_property(sources perchly_${name} SOURCES)
+    list(FILTER sources INCLUDE REGEX "qmlcache|qmltyperegistrations")
+    set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS -w)
+    if(TARGET perchly_${name}_qmlcache)
+        target_compile_options(perchly_${name}_qmlcache PRIVATE -w)
+    endif()
+endfunction()

@@ -48,6 +48,14 @@ void ShelfModel::setRight(Widget widget) {
     publish(m_right, widget, &ShelfModel::rightChanged);
 }
 
+void ShelfModel::setLeftTitle(const QString &title) {
+    setLeft(widgetFromTitle(title).value_or(Widget::Clock));
+}
+
+void ShelfModel::setRightTitle(const QString &title) {
+    setRight(widgetFromTitle(title).value_or(Widget::Timer));
+}
+
 void ShelfModel::setActivity(const QString &activity) {
     publish(m_activity, activity, &ShelfModel::activityChanged);
 }

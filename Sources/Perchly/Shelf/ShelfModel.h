@@ -87,6 +87,9 @@ public:
     [[nodiscard]] Widget right() const { return m_right; }
     [[nodiscard]] QString rightTitle() const { return widgetTitle(m_right); }
     void setRight(Widget widget);
+    /// By title; any other text gives the widget that the slot starts with.
+    Q_INVOKABLE void setLeftTitle(const QString &title);
+    Q_INVOKABLE void setRightTitle(const QString &title);
 
     /// One line that says what goes on.
     [[nodiscard]] QString activity() const { return m_activity; }
@@ -106,6 +109,7 @@ public:
     /// Why the last playback command failed; absent until one does and after it was dismissed.
     [[nodiscard]] QString controlError() const { return m_controlError; }
     void setControlError(const QString &error);
+    Q_INVOKABLE void clearControlError() { setControlError({}); }
     /// A playback command is on its way.
     [[nodiscard]] bool controlling() const { return m_controlling; }
     void setControlling(bool controlling);

@@ -1,0 +1,33 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Perchly.Look
+
+/// Text whose digits all take the same width, so that a running time does not tremble.
+Row {
+    id: root
+
+    property string text: ""
+    property color color: Theme.text
+    property int size: 11
+    property int weight: Font.Normal
+
+    readonly property font cellFont: Qt.font({ family: Theme.family, pixelSize: root.size, weight: root.weight })
+    readonly property real cell: Theme.digitWidth(root.cellFont)
+
+    Repeater {
+        model: root.text.length
+
+        Label {
+            required property int index
+            readonly property string character: root.text.charAt(index)
+
+            Accessible.ignored: true
+            color: root.color
+            font: root.cellFont
+            horizontalAlignment: Text.AlignHCenter
+            text: character
+            width: character >= "0" && character <= "9" ? root.cell : implicitWidth
+        }
+    }
+}

@@ -1,0 +1,12 @@
+import QtQuick
+import Perchly.Look
+
+/// Plain text in the program's typeface; the font's sizes are in points of the screen.
+Text {
+    color: Theme.text
+    elide: Text.ElideRight
+    font.family: Theme.family
+    font.pixelSize: 11
+    textFormat: Text.PlainText
+    verticalAlignment: Text.AlignVCenter
+}

@@ -1,0 +1,67 @@
+import QtQuick
+import Perchly.Look
+
+/// A button made of whatever is put inside it. While it is pressed its content is a little smaller
+/// and dimmer. Space and Return press it when it has the keyboard.
+MouseArea {
+    id: root
+
+    /// What assistive programs call it.
+    required property string label
+    property string toolTip: ""
+    /// Scale of the content while the button is pressed.
+    property real pressedScale: 0.92
+    property real focusRadius: 8
+    property int focusInset: -3
+    default property alias content: body.data
+
+    signal activated()
+
+    function press() {
+        if (root.enabled) {
+            root.activated();
+        }
+    }
+
+    Accessible.description: root.toolTip !== root.label ? root.toolTip : ""
+    Accessible.focusable: true
+    Accessible.focused: root.activeFocus
+    Accessible.name: root.label
+    Accessible.role: Accessible.Button
+    activeFocusOnTab: true
+    cursorShape: root.enabled ? Qt.PointingHandCursor : Qt.ArrowCursor
+    hoverEnabled: true
+
+    Accessible.onPressAction: root.press()
+    Keys.onReturnPressed: root.press()
+    Keys.onEnterPressed: root.press()
+    Keys.onSpacePressed: root.press()
+    onClicked: root.activated()
+
+    Item {
+        id: body
+
+        readonly property bool held: root.pressed && root.containsMouse
+
+        anchors.fill: parent
+        opacity: body.held ? 0.7 : 1
+        scale: body.held && !Theme.reduceMotion ? root.pressedScale : 1
+
+        Behavior on opacity { PressAnimation {} }
+        Behavior on scale { PressAnimation {} }
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        anchors.margins: root.focusInset
+        border.color: Theme.mint
+        border.width: 2
+        color: "transparent"
+        radius: root.focusRadius
+        visible: root.activeFocus
+    }
+
+    ToolTipArea {
+        text: root.toolTip
+    }
+}

@@ -1,0 +1,62 @@
+#include "Theme.h"
+
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QFontMetricsF>
+
+#include <algorithm>
+
+namespace perchly {
+
+QString Theme::family() {
+    static const QString chosen = [] {
+        const QString preferred = QStringLiteral("Inter");
+        // Asking for one match is far cheaper than listing every family.
+        return QFontInfo(QFont(preferred)).family() == preferred
+                   ? preferred
+                   : QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
+    }();
+    return chosen;
+}
+
+void Theme::setReduceMotion(bool reduce) {
+    if (m_reduceMotion == reduce) {
+        return;
+    }
+    m_reduceMotion = reduce;
+    Q_EMIT reduceMotionChanged();
+}
+
+QColor Theme::accentColor(const QString &name) {
+    if (name == QLatin1StringView("Blue")) {
+        return blue();
+    }
+    if (name == QLatin1StringView("Purple")) {
+        return purple();
+    }
+    if (name == QLatin1StringView("Orange")) {
+        return orange();
+    }
+    return mint();
+}
+
+QColor Theme::backgroundColor(const QString &name) {
+    if (name == QLatin1StringView("Graphite")) {
+        return QColor::fromRgbF(0.14F, 0.14F, 0.14F);
+    }
+    if (name == QLatin1StringView("Ocean")) {
+        return QColor::fromRgbF(0.02F, 0.08F, 0.14F);
+    }
+    return QColor::fromRgbF(0.025F, 0.028F, 0.033F);
+}
+
+double Theme::digitWidth(const QFont &font) {
+    const QFontMetricsF metrics(font);
+    double widest = 0;
+    for (char16_t digit = u'0'; digit <= u'9'; ++digit) {
+        widest = std::max(widest, metrics.horizontalAdvance(QChar(digit)));
+    }
+    return widest;
+}
+
+} // namespace perchly

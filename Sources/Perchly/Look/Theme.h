@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+namespace perchly {
+
+/// What every view of the program shares: colours, the text's typeface, and whether motion is
+/// reduced. One for each QML engine.
+class Theme : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+    Q_PROPERTY(QString family READ family CONSTANT FINAL)
+    Q_PROPERTY(
+        bool reduceMotion READ reduceMotion WRITE setReduceMotion NOTIFY reduceMotionChanged FINAL)
+    Q_PROPERTY(QColor mint READ mint CONSTANT FINAL)
+    Q_PROPERTY(QColor blue READ blue CONSTANT FINAL)
+    Q_PROPERTY(QColor purple READ purple CONSTANT FINAL)
+    Q_PROPERTY(QColor orange READ orange CONSTANT FINAL)
+    Q_PROPERTY(QColor pink READ pink CONSTANT FINAL)
+    Q_PROPERTY(QColor yellow READ yellow CONSTANT FINAL)
+    Q_PROPERTY(QColor green READ green CONSTANT FINAL)
+    Q_PROPERTY(QColor cyan READ cyan CONSTANT FINAL)
+    Q_PROPERTY(QColor grey READ grey CONSTANT FINAL)
+    Q_PROPERTY(QColor text READ text CONSTANT FINAL)
+    Q_PROPERTY(QColor card READ card CONSTANT FINAL)
+    Q_PROPERTY(QColor floating READ floating CONSTANT FINAL)
+public:
+    using QObject::QObject;
+
+    /// Inter where it is installed, else the desktop's own typeface.
+    [[nodiscard]] static QString family();
+
+    /// Follows the desktop's setting; the root of a view keeps it up to date.
+    [[nodiscard]] bool reduceMotion() const { return m_reduceMotion; }
+    void setReduceMotion(bool reduce);
+
+    [[nodiscard]] static QColor mint() { return QColor(102, 212, 207); }
+    [[nodiscard]] static QColor blue() { return QColor(10, 132, 255); }
+    [[nodiscard]] static QColor purple() { return QColor(191, 90, 242); }
+    [[nodiscard]] static QColor orange() { return QColor(255, 159, 10); }
+    [[nodiscard]] static QColor pink() { return QColor(255, 55, 95); }
+    [[nodiscard]] static QColor yellow() { return QColor(255, 214, 10); }
+    [[nodiscard]] static QColor green() { return QColor(48, 209, 88); }
+    [[nodiscard]] static QColor cyan() { return QColor(100, 210, 255); }
+    [[nodiscard]] static QColor grey() { return QColor(152, 152, 157); }
+    [[nodiscard]] static QColor text() { return QColor(Qt::white); }
+    /// Of the cards that lie on the shelf's background.
+    [[nodiscard]] static QColor card() { return QColor::fromRgbF(1, 1, 1, 0.045F); }
+    /// Of what floats above it: popovers, alerts, tooltips.
+    [[nodiscard]] static QColor floating() { return QColor::fromRgbF(0.075F, 0.08F, 0.09F); }
+
+    /// The accent stored under that name; mint for every other name.
+    Q_INVOKABLE [[nodiscard]] static QColor accentColor(const QString &name);
+    /// The background stored under that name; the near-black one for every other name. Opaque.
+    Q_INVOKABLE [[nodiscard]] static QColor backgroundColor(const QString &name);
+
+    /// Width of the widest digit of that font, for figures that change in place.
+    Q_INVOKABLE [[nodiscard]] static double digitWidth(const QFont &font);
+
+Q_SIGNALS:
+    void reduceMotionChanged();
+
+private:
+    bool m_reduceMotion = false;
+};
+
+} // namespace perchly

@@ -1,0 +1,61 @@
+import QtQuick
+import Perchly.Look
+
+/// Gives its parent a tooltip: after the pointer has rested on it for a moment, the text appears in a
+/// small window of its own, since the collapsed shelf has no room for one. Until then there is none.
+Item {
+    id: root
+
+    property string text: ""
+    /// Where the tooltip goes, if the display has room there: Qt.BottomEdge, Qt.LeftEdge or
+    /// Qt.RightEdge.
+    property int side: Qt.BottomEdge
+    readonly property bool shown: window.active
+
+    function dismiss() {
+        rest.stop();
+        window.active = false;
+    }
+
+    anchors.fill: parent
+
+    onTextChanged: {
+        if (root.text === "") {
+            root.dismiss();
+        }
+    }
+    onVisibleChanged: root.dismiss()
+
+    HoverHandler {
+        id: hover
+
+        enabled: root.text !== ""
+        onHoveredChanged: {
+            if (hover.hovered) {
+                rest.restart();
+            } else {
+                root.dismiss();
+            }
+        }
+        onPointChanged: {
+            if (rest.running) {
+                rest.restart();
+            }
+        }
+    }
+
+    Timer {
+        id: rest
+
+        interval: 700
+        onTriggered: window.active = hover.hovered && root.visible
+    }
+
+    Loader {
+        id: window
+
+        active: false
+        source: active ? "ToolTipWindow.qml" : ""
+        onLoaded: (item as ToolTipWindow).present(root, root.text, root.side)
+    }
+}

@@ -1,0 +1,53 @@
+import QtQuick
+import Perchly.Look
+
+/// A tooltip's window. It never takes the keyboard nor the pointer.
+Window {
+    id: root
+
+    readonly property int gap: 8
+
+    /// Shows the text beside the item, inside the item's display.
+    function present(item: Item, text: string, side: int) {
+        label.text = text;
+        const topLeft = item.mapToGlobal(0, 0);
+        const bottomRight = item.mapToGlobal(item.width, item.height);
+        let left = (topLeft.x + bottomRight.x - root.width) / 2;
+        let top = bottomRight.y + root.gap;
+        if (side === Qt.BottomEdge) {
+            if (top + root.height > item.Screen.virtualY + item.Screen.height) {
+                top = topLeft.y - root.gap - root.height;
+            }
+        } else {
+            left = side === Qt.RightEdge ? bottomRight.x + root.gap : topLeft.x - root.gap - root.width;
+            top = (topLeft.y + bottomRight.y - root.height) / 2;
+        }
+        root.x = Math.round(root.within(left, item.Screen.virtualX, item.Screen.width - root.width));
+        root.y = Math.round(root.within(top, item.Screen.virtualY, item.Screen.height - root.height));
+        root.visible = true;
+    }
+
+    function within(value: real, start: real, room: real): real {
+        return Math.max(start, Math.min(value, start + room));
+    }
+
+    color: Theme.floating
+    flags: Qt.ToolTip | Qt.FramelessWindowHint | Qt.WindowDoesNotAcceptFocus | Qt.WindowTransparentForInput
+    height: Math.ceil(label.implicitHeight) + 10
+    visible: false
+    width: Math.ceil(label.implicitWidth) + 20
+
+    Rectangle {
+        anchors.fill: parent
+        border.color: Qt.rgba(1, 1, 1, 0.14)
+        border.width: 1
+        color: "transparent"
+    }
+
+    Label {
+        id: label
+
+        anchors.centerIn: parent
+        font.pixelSize: 11
+    }
+}

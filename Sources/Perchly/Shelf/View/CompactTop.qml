@@ -1,0 +1,46 @@
+import QtQuick
+import Perchly.Look
+import Perchly.Shelf
+
+/// The collapsed shelf at the top: what goes on, to the left and right of a camera housing.
+Item {
+    id: root
+
+    required property CompactStatus status
+    required property color statusColor
+    required property real notchWidth
+
+    readonly property real leftWidth: root.notchWidth > 0 ? 140 : 200
+    readonly property real rightWidth: root.notchWidth > 0 ? 140 : 90
+
+    Symbol {
+        id: symbol
+
+        anchors.left: parent.left
+        anchors.leftMargin: 16
+        anchors.verticalCenter: parent.verticalCenter
+        bold: true
+        color: root.statusColor
+        name: root.status.symbol
+        size: 13
+    }
+    Label {
+        Accessible.ignored: true
+        anchors.left: symbol.right
+        anchors.leftMargin: 8
+        anchors.verticalCenter: parent.verticalCenter
+        font.pixelSize: 11
+        font.weight: Font.Medium
+        text: root.status.title
+        width: root.leftWidth - 16 - x
+    }
+    StatusText {
+        anchors.right: parent.right
+        anchors.rightMargin: 16
+        anchors.verticalCenter: parent.verticalCenter
+        color: root.statusColor
+        size: 10
+        text: root.status.status
+        weight: Font.Medium
+    }
+}

@@ -1,0 +1,51 @@
+import QtQuick
+import Perchly.Look
+import Perchly.Stores
+
+/// An area by which the shelf is held: a click opens it in keyboard mode, a drag moves it. Which of
+/// the two a press becomes, the shell decides.
+MouseArea {
+    id: root
+
+    required property ShellActions shell
+    required property string label
+    property string toolTip: ""
+    property int toolTipSide: Qt.BottomEdge
+
+    Accessible.focusable: root.activeFocusOnTab
+    Accessible.focused: root.activeFocus
+    Accessible.name: root.label
+    Accessible.role: Accessible.Button
+    acceptedButtons: Qt.LeftButton
+    activeFocusOnTab: true
+    preventStealing: true
+
+    Accessible.onPressAction: root.shell.toggleKeyboardOpen()
+    Keys.onEnterPressed: root.shell.toggleKeyboardOpen()
+    Keys.onReturnPressed: root.shell.toggleKeyboardOpen()
+    Keys.onSpacePressed: root.shell.toggleKeyboardOpen()
+    onCanceled: root.shell.handleReleased()
+    onPositionChanged: root.shell.handleMoved()
+    onPressed: {
+        tip.dismiss();
+        root.shell.handlePressed();
+    }
+    onReleased: root.shell.handleReleased()
+
+    Rectangle {
+        anchors.fill: parent
+        anchors.margins: 4
+        border.color: Theme.mint
+        border.width: 2
+        color: "transparent"
+        radius: 10
+        visible: root.activeFocus
+    }
+
+    ToolTipArea {
+        id: tip
+
+        side: root.toolTipSide
+        text: root.toolTip
+    }
+}

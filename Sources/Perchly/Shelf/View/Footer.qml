@@ -1,0 +1,44 @@
+import QtQuick
+import Perchly.Look
+import Perchly.Stores
+
+/// The open shelf's last line: the battery, and the way out.
+Item {
+    id: root
+
+    required property ShelfExtras extras
+    required property ShellActions shell
+
+    implicitHeight: 16
+
+    Rectangle {
+        id: dot
+
+        anchors.left: parent.left
+        anchors.verticalCenter: parent.verticalCenter
+        color: Theme.mint
+        height: 5
+        radius: 2.5
+        width: 5
+    }
+    Label {
+        anchors.left: dot.right
+        anchors.leftMargin: 8
+        anchors.right: quit.left
+        anchors.rightMargin: 20
+        anchors.verticalCenter: parent.verticalCenter
+        color: Theme.grey
+        font.pixelSize: 10
+        text: root.extras.battery
+    }
+    TextButton {
+        id: quit
+
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        color: Theme.grey
+        size: 10
+        text: "Quit"
+        onActivated: root.shell.terminate()
+    }
+}

@@ -1,0 +1,102 @@
+import QtQuick
+import Perchly.Look
+import Perchly.Stores
+
+/// Says, over the whole shelf, that a playback command failed, until the person has read it.
+Item {
+    id: root
+
+    required property ShelfModel model
+    required property ShelfPreferences preferences
+    required property real radius
+
+    readonly property string edge: root.model.dockEdge
+
+    clip: true
+
+    Component.onCompleted: confirm.forceActiveFocus()
+
+    Rectangle {
+        anchors.fill: parent
+        anchors.leftMargin: root.edge === "left" ? -root.radius : 0
+        anchors.rightMargin: root.edge === "right" ? -root.radius : 0
+        anchors.topMargin: root.edge === "top" ? -root.radius : 0
+        color: Qt.rgba(0, 0, 0, 0.55)
+        radius: root.radius
+    }
+    MouseArea {
+        anchors.fill: parent
+        hoverEnabled: true
+        onWheel: wheel => wheel.accepted = true
+    }
+
+    Rectangle {
+        id: card
+
+        Accessible.description: root.model.controlError
+        Accessible.name: title.text
+        Accessible.role: Accessible.AlertMessage
+        anchors.centerIn: parent
+        border.color: Qt.rgba(1, 1, 1, 0.1)
+        border.width: 1
+        color: Theme.floating
+        height: confirm.y + confirm.height + 16
+        radius: 16
+        width: Math.min(320, root.width - 40)
+
+        Label {
+            id: title
+
+            anchors.left: parent.left
+            anchors.leftMargin: 20
+            anchors.right: parent.right
+            anchors.rightMargin: 20
+            font.pixelSize: 13
+            font.weight: Font.DemiBold
+            horizontalAlignment: Text.AlignHCenter
+            text: "Media controls unavailable"
+            y: 20
+        }
+        Label {
+            id: body
+
+            anchors.left: title.left
+            anchors.right: title.right
+            anchors.top: title.bottom
+            anchors.topMargin: 8
+            color: Qt.rgba(1, 1, 1, 0.75)
+            horizontalAlignment: Text.AlignHCenter
+            lineHeight: 1.25
+            maximumLineCount: 8
+            text: root.model.controlError
+            wrapMode: Text.Wrap
+        }
+        PressButton {
+            id: confirm
+
+            anchors.left: title.left
+            anchors.right: title.right
+            anchors.top: body.bottom
+            anchors.topMargin: 16
+            focusRadius: 11
+            height: 30
+            label: "OK"
+            onActivated: root.model.clearControlError()
+
+            Rectangle {
+                anchors.fill: parent
+                color: Theme.accentColor(root.preferences.accent)
+                opacity: confirm.containsMouse ? 1 : 0.9
+                radius: 8
+            }
+            Label {
+                Accessible.ignored: true
+                anchors.centerIn: parent
+                color: "black"
+                font.pixelSize: 12
+                font.weight: Font.DemiBold
+                text: confirm.label
+            }
+        }
+    }
+}

@@ -1,0 +1,30 @@
+import QtQuick
+import Perchly.Look
+import Perchly.Stores
+
+/// The line above the strip.
+Item {
+    id: root
+
+    required property ShellActions shell
+
+    implicitHeight: 16
+
+    Label {
+        anchors.left: parent.left
+        anchors.verticalCenter: parent.verticalCenter
+        color: Theme.grey
+        font.letterSpacing: 2
+        font.pixelSize: 10
+        font.weight: Font.DemiBold
+        text: "YOUR SHELF"
+    }
+    TextButton {
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        color: Theme.grey
+        symbol: "gearshape"
+        text: "Settings"
+        onActivated: root.shell.showSettings()
+    }
+}

@@ -1,0 +1,42 @@
+import QtQuick
+import Perchly.Look
+
+/// The shelf's body. Its corners at the display's edge are square: the rounded rectangle reaches
+/// beyond that edge, where the panel ends.
+Item {
+    id: root
+
+    required property string edge
+    required property color color
+    required property real radius
+    required property real shadowRadius
+    required property real shadowSpread
+    /// Drawn along the outline while something that can be dropped is held over the shelf.
+    required property color highlight
+
+    readonly property real hidden: root.radius + 2
+
+    Item {
+        id: body
+
+        anchors.fill: parent
+        anchors.leftMargin: root.edge === "left" ? -root.hidden : 0
+        anchors.rightMargin: root.edge === "right" ? -root.hidden : 0
+        anchors.topMargin: root.edge === "top" ? -root.hidden : 0
+
+        SoftShadow {
+            anchors.fill: parent
+            anchors.margins: -root.shadowSpread
+            radius: root.shadowRadius
+            spread: root.shadowSpread
+            visible: root.shadowSpread > 0
+        }
+        Rectangle {
+            anchors.fill: parent
+            border.color: root.highlight
+            border.width: root.highlight.a > 0 ? 2 : 0
+            color: root.color
+            radius: root.radius
+        }
+    }
+}

@@ -1,0 +1,275 @@
+import QtQuick
+import Perchly.Look
+import Perchly.Stores
+import Perchly.Shelf
+
+/// The whole content of the shelf's panel: the pill at the top of the display or the strip at its
+/// side, and what it opens into.
+///
+/// The panel is larger than what is drawn: by `shadowMargin` on every side that does not lie at the
+/// display's edge, and, from just before the shelf opens until it has closed, by the room that the
+/// open shelf takes. The outline moves between `restRect` and `openRect` in it. `shapeRect` and
+/// `shapeRadius` tell the panel where the outline is at rest, for its mask and its input region.
+FocusScope {
+    id: root
+
+    required property ShelfModel model
+    required property ShelfPreferences preferences
+    required property ShelfLibrary library
+    required property Productivity productivity
+    required property ShelfExtras extras
+    required property ShellActions shell
+    required property Motion motion
+
+    /// Whether the panel's pixels may be translucent. If not, nothing is drawn outside the outline
+    /// and the shelf opens and closes at once.
+    property bool composited: true
+    property real shadowMargin: 0
+    /// The collapsed shelf's frame in the panel's coordinates; the middle of the docked side while
+    /// it is empty.
+    property rect compactRect: Qt.rect(0, 0, 0, 0)
+
+    readonly property bool expanded: root.model.expanded
+    readonly property string edge: root.model.dockEdge
+    readonly property bool onSide: root.edge !== "top"
+    readonly property color accentColor: Theme.accentColor(root.preferences.accent)
+    readonly property color backgroundColor: Theme.backgroundColor(root.preferences.theme)
+    readonly property color statusColor: root.model.running ? Theme.orange : root.accentColor
+
+    readonly property alias layout: layout
+    readonly property alias status: status
+    readonly property alias openness: openness
+    readonly property alias sideReveal: sideReveal
+    readonly property rect shapeRect: root.expanded ? layout.openRect : layout.restRect
+    readonly property real shapeRadius: root.expanded ? layout.openRadius : layout.restRadius
+
+    function reveal() {
+        sideReveal.jumpTo(0);
+        if (root.expanded && root.onSide) {
+            sideReveal.target = 1;
+        }
+    }
+
+    focus: true
+
+    Component.onCompleted: {
+        root.model.setLeftTitle(root.preferences.savedLeft);
+        root.model.setRightTitle(root.preferences.savedRight);
+        sideReveal.jumpTo(root.expanded && root.onSide ? 1 : 0);
+    }
+    onEdgeChanged: {
+        root.reveal();
+        edgeFade.jumpTo(0);
+        edgeFade.target = 1;
+    }
+    onExpandedChanged: root.reveal()
+
+    Binding {
+        property: "reduceMotion"
+        target: Theme
+        value: root.motion.reduced
+    }
+
+    CompactStatus {
+        id: status
+
+        model: root.model
+        productivity: root.productivity
+    }
+
+    ShelfLayout {
+        id: layout
+
+        compactRect: root.compactRect
+        compactSize: Qt.size(root.model.compactWidth, root.model.compactHeight)
+        contentHeight: expandedContent.item ? (expandedContent.item as ExpandedContent).implicitHeight : 0
+        edge: root.edge
+        openness: openness.value
+        panelHeight: root.height
+        panelWidth: root.width
+        shadowMargin: root.shadowMargin
+        wantedScale: root.preferences.shelfScale
+    }
+
+    SpringValue {
+        id: openness
+
+        animated: root.composited
+        reduced: root.motion.reduced
+        target: root.expanded ? 1 : 0
+    }
+
+    SpringValue {
+        id: sideReveal
+
+        animated: root.composited
+        reduced: root.motion.reduced
+    }
+
+    SpringValue {
+        id: edgeFade
+
+        animated: root.composited
+        reduced: root.motion.reduced
+        target: 1
+    }
+
+    ShelfOutline {
+        color: Qt.rgba(root.backgroundColor.r, root.backgroundColor.g, root.backgroundColor.b,
+                       root.backgroundColor.a * root.preferences.opacity)
+        edge: root.edge
+        height: layout.outline.height
+        highlight: dropArea.containsDrag ? root.accentColor : "transparent"
+        radius: layout.radius
+        shadowRadius: openness.value > 0 ? layout.openRadius : layout.restRadius
+        shadowSpread: root.composited ? root.shadowMargin : 0
+        width: layout.outline.width
+        x: layout.outline.x
+        y: layout.outline.y
+    }
+
+    Item {
+        id: compactContent
+
+        height: layout.restRect.height
+        opacity: Math.max(0, 1 - 4 * openness.value) * edgeFade.value
+        visible: openness.value < 0.25
+        width: layout.restRect.width
+        x: layout.restRect.x
+        y: layout.restRect.y
+
+        CompactTop {
+            anchors.fill: parent
+            notchWidth: root.model.hardwareNotchWidth
+            status: status
+            statusColor: root.statusColor
+            visible: !root.onSide
+        }
+        CompactSide {
+            anchors.fill: parent
+            edge: root.edge
+            status: status
+            statusColor: root.statusColor
+            visible: root.onSide
+        }
+    }
+
+    // What the open shelf holds stays where it will be; the growing outline uncovers it.
+    Item {
+        id: window
+
+        readonly property real shownWidth: root.onSide ? layout.openRect.width * sideReveal.value : layout.outline.width
+
+        clip: true
+        height: layout.outline.height
+        visible: openness.value > 0 && window.width > 0
+        width: Math.min(layout.outline.width, window.shownWidth)
+        x: root.edge === "right" ? layout.outline.x + layout.outline.width - window.width : layout.outline.x
+        y: layout.outline.y
+
+        Loader {
+            id: expandedContent
+
+            active: root.expanded || openness.value > 0 || idle.passed
+            height: layout.naturalHeight
+            scale: layout.scale
+            transformOrigin: Item.TopLeft
+            width: layout.naturalWidth
+            x: layout.openRect.x - window.x
+            y: layout.openRect.y - window.y
+
+            Component.onCompleted: expandedContent.setSource("ExpandedContent.qml", {
+                extras: root.extras,
+                library: root.library,
+                model: root.model,
+                preferences: root.preferences,
+                productivity: root.productivity,
+                shell: root.shell,
+                status: status
+            })
+        }
+        Binding {
+            property: "appearance"
+            target: expandedContent.item
+            value: root.onSide ? 1 : openness.value
+            when: expandedContent.item
+        }
+    }
+
+    // Opening for the first time must be as quick as ever after, so what it shows is made while
+    // nobody waits for it.
+    Timer {
+        id: idle
+
+        property bool passed: false
+
+        interval: 600
+        running: true
+        onTriggered: idle.passed = true
+    }
+
+    DropArea {
+        id: dropArea
+
+        height: layout.outline.height
+        width: layout.outline.width
+        x: layout.outline.x
+        y: layout.outline.y
+
+        onDropped: drop => {
+            if (drop.hasUrls) {
+                root.productivity.hold(drop.urls);
+                drop.accept(Qt.CopyAction);
+            }
+        }
+        onEntered: drag => drag.accepted = drag.hasUrls
+    }
+
+    DragHandle {
+        id: edgeHandle
+
+        Accessible.ignored: !root.expanded
+        activeFocusOnTab: false
+        enabled: root.onSide || edgeHandle.pressed
+        height: root.shapeRect.height
+        label: edgeHandle.toolTip
+        shell: root.shell
+        toolTip: root.onSide && root.expanded ? "Drag this edge to detach and reposition the shelf" : ""
+        toolTipSide: root.edge === "left" ? Qt.RightEdge : Qt.LeftEdge
+        width: Math.min(root.shapeRect.width, layout.band * layout.scale)
+        x: root.edge === "right" ? root.shapeRect.x + root.shapeRect.width - width : root.shapeRect.x
+        y: root.shapeRect.y
+    }
+
+    DragHandle {
+        id: headerHandle
+
+        readonly property rect openArea: layout.onStage(layout.bandLeft, 0, layout.rowsWidth, layout.headerHeight)
+        readonly property rect area: root.expanded ? headerHandle.openArea : layout.restRect
+
+        height: headerHandle.area.height
+        label: status.sentence
+        shell: root.shell
+        toolTip: root.expanded ? "Click to open · Drag to the top, left, or right edge" : status.sentence
+        toolTipSide: !root.onSide || root.expanded ? Qt.BottomEdge : root.edge === "left" ? Qt.RightEdge : Qt.LeftEdge
+        width: headerHandle.area.width
+        x: headerHandle.area.x
+        y: headerHandle.area.y
+    }
+
+    Loader {
+        id: alert
+
+        active: root.expanded && root.model.controlError !== ""
+        height: layout.openRect.height
+        width: layout.openRect.width
+        x: layout.openRect.x
+        y: layout.openRect.y
+
+        Component.onCompleted: alert.setSource("MediaAlert.qml", {
+            model: root.model,
+            preferences: root.preferences,
+            radius: layout.openRadius
+        })
+    }
+}

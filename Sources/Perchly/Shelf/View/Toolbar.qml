@@ -1,0 +1,65 @@
+import QtQuick
+import Perchly.Look
+import Perchly.Stores
+
+/// The row of buttons that lead to the program's other windows.
+Item {
+    id: root
+
+    required property ShelfModel model
+    required property Productivity productivity
+    required property ShelfExtras extras
+    required property ShellActions shell
+    /// Whether a part of the screen can be captured.
+    property bool canCapture: false
+
+    implicitHeight: 20
+
+    Row {
+        anchors.left: parent.left
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 14
+
+        TextButton {
+            symbol: "magnifyingglass"
+            text: "Search"
+            onActivated: {
+                root.extras.section = "Search";
+                root.shell.showTools();
+            }
+        }
+        TextButton {
+            enabled: root.canCapture
+            symbol: "camera"
+            text: "Capture"
+        }
+        TextButton {
+            symbol: "slider.horizontal.3"
+            text: "Mixer"
+            onActivated: root.shell.showMixer()
+        }
+        TextButton {
+            symbol: "tray"
+            text: "Workspace"
+            onActivated: root.shell.showTools()
+        }
+        TextButton {
+            symbol: "moon"
+            text: root.model.quietFocus ? "End focus" : "Focus"
+            onActivated: {
+                if (root.model.quietFocus) {
+                    root.model.endFocus();
+                } else {
+                    root.model.quietFocus = true;
+                    root.model.focus();
+                }
+            }
+        }
+        Label {
+            anchors.verticalCenter: parent.verticalCenter
+            color: Theme.mint
+            text: root.productivity.held.length + " held"
+            visible: root.productivity.held.length > 0
+        }
+    }
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "ShelfExtras.h"
+
+#include <QtQml/qqml.h>
+
+namespace perchly {
+
+struct ShelfExtrasForeign {
+    Q_GADGET
+    QML_FOREIGN(perchly::ShelfExtras)
+    QML_NAMED_ELEMENT(ShelfExtras)
+    QML_UNCREATABLE("Given to the views by the shell.")
+};
+
+} // namespace perchly

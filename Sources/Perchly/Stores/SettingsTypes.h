@@ -1,0 +1,23 @@
+#pragma once
+
+#include "ShelfItem.h"
+#include "ShelfLibrary.h"
+
+#include <QtQml/qqml.h>
+
+namespace perchly {
+
+struct ShelfItemForeign {
+    Q_GADGET
+    QML_FOREIGN(perchly::ShelfItem)
+    QML_VALUE_TYPE(shelfItem)
+};
+
+struct ShelfLibraryForeign {
+    Q_GADGET
+    QML_FOREIGN(perchly::ShelfLibrary)
+    QML_NAMED_ELEMENT(ShelfLibrary)
+    QML_UNCREATABLE("Given to the views by the shell.")
+};
+
+} // namespace perchly

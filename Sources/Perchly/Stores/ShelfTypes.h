@@ -1,0 +1,24 @@
+#pragma once
+
+#include "ShelfModel.h"
+#include "ShelfPreferences.h"
+
+#include <QtQml/qqml.h>
+
+namespace perchly {
+
+struct ShelfModelForeign {
+    Q_GADGET
+    QML_FOREIGN(perchly::ShelfModel)
+    QML_NAMED_ELEMENT(ShelfModel)
+    QML_UNCREATABLE("Given to the views by the shell.")
+};
+
+struct ShelfPreferencesForeign {
+    Q_GADGET
+    QML_FOREIGN(perchly::ShelfPreferences)
+    QML_NAMED_ELEMENT(ShelfPreferences)
+    QML_UNCREATABLE("Given to the views by the shell.")
+};
+
+} // namespace perchly
