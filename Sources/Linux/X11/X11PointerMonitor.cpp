@@ -8,7 +8,7 @@ namespace perchly {
 
 namespace {
 
-constexpr std::chrono::milliseconds restTime{8};
+constexpr std::chrono::milliseconds restTime{12};
 constexpr std::chrono::milliseconds pollInterval{250};
 
 } // namespace

@@ -25,7 +25,8 @@ ShelfExtras &AppDelegate::extras() {
 }
 
 void AppDelegate::launch() {
-    m_panel = std::make_unique<ShelfPanel>(*m_hosts.panel);
+    m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    m_panel = std::make_unique<ShelfPanel>(m_engine, *m_hosts.panel);
     m_panel->load(m_resources.shelfView,
                   {{QStringLiteral("model"), QVariant::fromValue(&m_model)},
                    {QStringLiteral("preferences"), QVariant::fromValue(&m_shelfPreferences)},
@@ -60,7 +61,8 @@ void AppDelegate::showStatusItem() {
 void AppDelegate::show(std::unique_ptr<AuxiliaryWindow> &window, const QString &title,
                        const QSize &size, AuxiliaryWindow::Buttons buttons) {
     if (!window) {
-        window = std::make_unique<AuxiliaryWindow>(title, size, buttons, QUrl(), QVariantMap());
+        window = std::make_unique<AuxiliaryWindow>(m_engine, title, size, buttons, QUrl(),
+                                                   QVariantMap());
     }
     m_keyboardOpen = false; // the window takes the keyboard from here, so it is not given back
     setExpanded(false);

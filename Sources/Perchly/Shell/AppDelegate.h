@@ -15,6 +15,7 @@
 #include "ShellActions.h"
 
 #include <QIcon>
+#include <QQmlEngine>
 #include <QUrl>
 
 #include <memory>
@@ -118,6 +119,7 @@ private:
     Hosts &m_hosts;
     ShellResources m_resources;
     ShelfPreferences m_shelfPreferences;
+    QQmlEngine m_engine; // one for all windows: each of its own would cost memory and time
 
     ShelfModel m_model;
     ShelfLibrary m_library;

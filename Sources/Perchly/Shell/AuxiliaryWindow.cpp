@@ -11,8 +11,9 @@ constexpr QRgb background = 0xff1c1c1e;
 
 } // namespace
 
-AuxiliaryWindow::AuxiliaryWindow(const QString &title, const QSize &size, Buttons buttons,
-                                 const QUrl &source, const QVariantMap &properties) {
+AuxiliaryWindow::AuxiliaryWindow(QQmlEngine &engine, const QString &title, const QSize &size,
+                                 Buttons buttons, const QUrl &source, const QVariantMap &properties)
+    : QQuickView(&engine, nullptr) {
     Qt::WindowFlags flags = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                             Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint |
                             Qt::WindowMaximizeButtonHint;

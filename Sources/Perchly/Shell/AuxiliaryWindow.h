@@ -12,9 +12,10 @@ class AuxiliaryWindow : public QQuickView {
 public:
     enum class Buttons { CloseMinimizeMaximize, CloseMaximize };
 
-    /// Size in points, of the content. An empty source leaves the window without content.
-    AuxiliaryWindow(const QString &title, const QSize &size, Buttons buttons, const QUrl &source,
-                    const QVariantMap &properties);
+    /// Size in points, of the content. An empty source leaves the window without content. The
+    /// engine must outlive the window.
+    AuxiliaryWindow(QQmlEngine &engine, const QString &title, const QSize &size, Buttons buttons,
+                    const QUrl &source, const QVariantMap &properties);
 
 protected:
     bool event(QEvent *event) override;

@@ -40,8 +40,9 @@ QRegion roundedRegion(const QRectF &rectangle, double radius, ShelfEdge edge) {
 
 } // namespace
 
-ShelfPanel::ShelfPanel(PanelHost &host)
-    : m_host(host) {
+ShelfPanel::ShelfPanel(QQmlEngine &engine, PanelHost &host)
+    : QQuickView(&engine, nullptr)
+    , m_host(host) {
     setResizeMode(SizeRootObjectToView);
     setColor(Qt::transparent);
     setTitle(QStringLiteral("Perchly"));

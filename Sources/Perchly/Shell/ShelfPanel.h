@@ -15,8 +15,8 @@ class PanelHost;
 class ShelfPanel : public QQuickView {
     Q_OBJECT
 public:
-    /// The host must outlive the panel.
-    explicit ShelfPanel(PanelHost &host);
+    /// Both must outlive the panel.
+    ShelfPanel(QQmlEngine &engine, PanelHost &host);
 
     /// Loads the view, which must be a local one, with its initial properties. An empty source
     /// leaves the panel without content.

@@ -1,6 +1,7 @@
 #include "AppDelegate.h"
 #include "Hosts.h"
 #include "LinuxHosts.h"
+#include "SymbolIcon.h"
 
 #include <QApplication>
 #include <QQuickWindow>
@@ -26,7 +27,9 @@ int main(int argc, char **argv) {
     }
 
     Hosts hosts = makeHosts();
-    AppDelegate delegate(hosts, {.statusIcon = {}, .shelfView = {}});
+    AppDelegate delegate(
+        hosts, {.statusIcon = symbolIcon(QStringLiteral("square.stack.3d.up")),
+                .shelfView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Shelf/ShelfView.qml"))});
     QObject::connect(instance.get(), &SingleInstance::requested, &delegate, &AppDelegate::perform);
     delegate.launch();
     return QApplication::exec();

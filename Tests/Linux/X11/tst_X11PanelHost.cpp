@@ -62,6 +62,16 @@ private Q_SLOTS:
 
 private:
     xcb_window_t panelId() const { return static_cast<xcb_window_t>(m_panel->winId()); }
+    // The first rectangle in which the panel takes the pointer.
+    QRect pointerArea() const {
+        const XcbPointer<xcb_shape_get_rectangles_reply_t> shape(xcb_shape_get_rectangles_reply(
+            m_client->get(),
+            xcb_shape_get_rectangles(m_client->get(), panelId(), XCB_SHAPE_SK_INPUT), nullptr));
+        if (!shape || xcb_shape_get_rectangles_rectangles_length(shape.get()) == 0)
+            return {};
+        const xcb_rectangle_t *first = xcb_shape_get_rectangles_rectangles(shape.get());
+        return {first->x, first->y, first->width, first->height};
+    }
     xcb_window_t showOther(const QRect &area) {
         const xcb_window_t window = m_client->makeWindow(area);
         m_client->map(window);
@@ -197,6 +207,7 @@ void X11PanelHostTest::clicksInTheMarginFallThrough() {
     m_host->orderFront();
     QVERIFY(QTest::qWaitForWindowExposed(m_panel.get()));
     QTRY_VERIFY(m_client->isAbove(panelId(), below));
+    QTRY_COMPARE(pointerArea(), pillInWindow);
 
     m_client->click(inMargin);
     QTRY_COMPARE(m_client->countEvents(XCB_BUTTON_PRESS, below), 1);
@@ -205,6 +216,7 @@ void X11PanelHostTest::clicksInTheMarginFallThrough() {
     QCOMPARE(m_client->countEvents(XCB_BUTTON_PRESS, below), 1);
 
     m_host->setShape(QRect(0, 0, 370, 74));
+    QTRY_COMPARE(pointerArea(), QRect(0, 0, 370, 74));
     m_client->click(inMargin);
     QTRY_COMPARE(m_panel->clicks, 2);
     m_client->destroy(below);
