@@ -85,7 +85,6 @@ class RestartTest(SessionCase):
                 file.write_text(content)
                 self.run_program()
                 self.expect_frame(self.compact_frame(), "the pill as by default")
-                self.screen.move_to(*self.on_pill())
                 self.screen.drag(self.on_pill(), (4, 400))
                 wait_until(
                     lambda: self.session.preferences().get("shelfEdge") == "left",

@@ -11,6 +11,7 @@ from .waiting import TimedOut, wait_until
 
 STEP_PIXELS = 8
 STEP_SECONDS = 0.004
+PRESS_SECONDS = 0.1
 
 
 @dataclass(frozen=True)
@@ -72,8 +73,10 @@ class Screen:
             raise AssertionError(f"the pointer is at {self.pointer()}, not at {(x, y)}")
 
     def press(self, button=1):
+        """Presses a button and rests a moment, as a hand does."""
         xtest.fake_input(self.display, X.ButtonPress, button)
         self.display.sync()
+        time.sleep(PRESS_SECONDS)
 
     def release(self, button=1):
         xtest.fake_input(self.display, X.ButtonRelease, button)
@@ -82,7 +85,6 @@ class Screen:
     def click(self, x, y):
         self.move_to(x, y)
         self.press()
-        time.sleep(0.03)
         self.release()
 
     def drag(self, start, end):

@@ -171,7 +171,8 @@ class Session:
                 lambda: program.panel() or not program.running(), "the shelf on the screen"
             )
             if not program.running():
-                raise AssertionError(f"the program ended at once: {program.errors()}")
+                status = program.process.returncode
+                raise AssertionError(f"it ended at once, status {status}: {program.errors()}")
             for key in CHORD_KEYS:
                 wait_until(
                     lambda: self.screen.is_held(key, X.ControlMask | X.Mod1Mask),
