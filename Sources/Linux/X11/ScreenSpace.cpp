@@ -50,8 +50,8 @@ ScreenPoint ScreenSpace::fromPixels(QPoint pixels) const {
         std::min_element(m_screens.begin(), m_screens.end(), [&](const Screen &a, const Screen &b) {
             return distanceTo(pixelGeometry(a), pixels) < distanceTo(pixelGeometry(b), pixels);
         });
-    return fromToolkit(nearest == m_screens.end() ? QPointF(pixels)
-                                                  : pointsFromPixels(pixels, *nearest));
+    const QPointF corner(pixels.x(), pixels.y() + 1);
+    return fromToolkit(nearest == m_screens.end() ? corner : pointsFromPixels(corner, *nearest));
 }
 
 QRect ScreenSpace::pixelGeometry(const Screen &screen) {

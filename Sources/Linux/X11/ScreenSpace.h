@@ -26,7 +26,9 @@ public:
     /// The displays as they are now. Main thread only.
     [[nodiscard]] static ScreenSpace current();
 
-    /// A place in pixels belongs to the display that contains it, else to the nearest one.
+    /// The lower left corner of a pixel, so that the topmost row lies inside the display and the
+    /// row below a rectangle outside it. It belongs to the display that contains it, else to the
+    /// nearest one.
     [[nodiscard]] ScreenPoint fromPixels(QPoint pixels) const;
 
     /// The display's area in pixels, and an area of that display in the program's points.

@@ -17,7 +17,6 @@ int main(int argc, char **argv) {
 
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("perchly"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Perchly"));
     QApplication::setDesktopFileName(QStringLiteral("org.perchly.Perchly"));
     QApplication::setQuitOnLastWindowClosed(false);
 

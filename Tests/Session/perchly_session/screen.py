@@ -78,9 +78,10 @@ class Screen:
         self.display.sync()
         time.sleep(PRESS_SECONDS)
 
-    def release(self, button=1):
+    def release(self, button=1, rest=PRESS_SECONDS):
         xtest.fake_input(self.display, X.ButtonRelease, button)
         self.display.sync()
+        time.sleep(rest)
 
     def click(self, x, y):
         self.move_to(x, y)
@@ -93,7 +94,7 @@ class Screen:
         self.press()
         distance = max(abs(end[0] - start[0]), abs(end[1] - start[1]))
         self.move_to(*end, step=max(distance / 40, 1), pause=0.01)
-        time.sleep(0.05)
+        time.sleep(PRESS_SECONDS)
         self.release()
 
     # Keys

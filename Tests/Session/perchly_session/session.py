@@ -34,6 +34,7 @@ BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus
 </busconfig>
 """
 CHORD_KEYS = ("space", "k")
+CHORD_MODIFIERS = X.ControlMask | X.Mod1Mask
 MENUS = ("_NET_WM_WINDOW_TYPE_TOOLTIP", "_NET_WM_WINDOW_TYPE_POPUP_MENU")
 
 
@@ -93,14 +94,20 @@ class Program:
             try:
                 self.process.wait(10)
             except subprocess.TimeoutExpired:
-                self.kill()
+                self.process.kill()
                 raise AssertionError("the program did not end when asked to") from None
         return self.process.returncode
 
     def kill(self):
-        """Ends the program at once, as a crash or a power cut does."""
+        """Ends the program at once, as a crash does, and waits until nothing of it is left."""
         self.process.kill()
         self.process.wait()
+        wait_until(lambda: not self.windows(), "the windows of a killed program gone")
+        for key in CHORD_KEYS:
+            wait_until(
+                lambda: not self._session.screen.is_held(key, CHORD_MODIFIERS),
+                f"the chord with {key} free again",
+            )
 
 
 class Session:
@@ -155,7 +162,8 @@ class Session:
     def stop(self):
         for program in self.programs:
             if program.running():
-                program.kill()
+                program.process.kill()
+                program.process.wait()
         if self.screen:
             self.screen.close()
         for service in reversed(self._services):
@@ -175,7 +183,7 @@ class Session:
                 raise AssertionError(f"it ended at once, status {status}: {program.errors()}")
             for key in CHORD_KEYS:
                 wait_until(
-                    lambda: self.screen.is_held(key, X.ControlMask | X.Mod1Mask),
+                    lambda: self.screen.is_held(key, CHORD_MODIFIERS),
                     f"the chord with {key} taken",
                 )
         return program
