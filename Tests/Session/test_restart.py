@@ -20,7 +20,7 @@ class RestartTest(SessionCase):
     def start_again(self):
         return subprocess.run(
             [self.session.executable],
-            env=self.session.environment,
+            env=self.session.program_environment(),
             stdin=subprocess.DEVNULL,
             capture_output=True,
             timeout=20,

@@ -165,9 +165,7 @@ class Screen:
 
     def windows_of(self, process):
         """The mapped windows of a process, those that no manager takes care of first."""
-        managed = self.root.get_full_property(
-            self.atom("_NET_CLIENT_LIST_STACKING"), X.AnyPropertyType
-        )
+        managed = self.root.get_full_property(self.atom("_NET_CLIENT_LIST"), X.AnyPropertyType)
         own = self.root.query_tree().children
         numbers = [window.id for window in own] + list(managed.value if managed else ())
         found = []

@@ -47,7 +47,7 @@ class Program:
         with open(self._errors, "wb") as errors:
             self.process = subprocess.Popen(
                 [session.executable],
-                env=session.environment,
+                env=session.program_environment(),
                 cwd=session.folder,
                 stdin=subprocess.DEVNULL,
                 stdout=errors,
@@ -114,7 +114,8 @@ class Session:
     """Everything runs from start() to stop(); nothing of the person's own is touched.
 
     window_manager is "openbox", "xfwm4" or None; compositor is "xfwm4", "picom" or None. monitors
-    is a list of (x, y, width, height) that the screen is divided into.
+    is a list of (x, y, width, height) that the screen is divided into. Without bus the program has
+    none; window managers do not work without.
     """
 
     def __init__(
@@ -149,8 +150,7 @@ class Session:
         self.screen = Screen(self.environment["DISPLAY"])
         for number, monitor in enumerate(self._monitors):
             self.add_monitor(number, monitor)
-        if self._bus:
-            self._start_bus()
+        self._start_bus()
         if self._status_watcher:
             self.start_status_watcher()
         if self.window_manager:
@@ -187,6 +187,12 @@ class Session:
                     f"the chord with {key} taken",
                 )
         return program
+
+    def program_environment(self):
+        environment = dict(self.environment)
+        if not self._bus:
+            environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={self.folder}/no-bus"
+        return environment
 
     # Preferences
 
