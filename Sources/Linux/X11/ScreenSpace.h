@@ -26,7 +26,8 @@ public:
     /// The displays as they are now. Main thread only.
     [[nodiscard]] static ScreenSpace current();
 
-    /// A place in pixels belongs to the display that contains it, else to the nearest one.
+    /// A pixel belongs to the display that contains it, else to the nearest one. It is taken at its
+    /// centre, so that the topmost row lies inside the display also where y grows upwards.
     [[nodiscard]] ScreenPoint fromPixels(QPoint pixels) const;
 
     /// The display's area in pixels, and an area of that display in the program's points.

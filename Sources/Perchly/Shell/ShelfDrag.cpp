@@ -39,7 +39,7 @@ void AppDelegate::moveShelfDrag(ScreenPoint pointer) {
     const double height = m_model.compactHeight();
     const ScreenRect frame{pointer.x - m_dragOffset.x, pointer.y + m_dragOffset.y - height, width,
                            height};
-    setPanelFrame(frame, frame, ShelfSize::Compact);
+    setPanelFrame(frame, frame);
 }
 
 void AppDelegate::endShelfDrag(ScreenPoint point) {

@@ -61,7 +61,6 @@ void AppDelegate::setExpanded(bool expanded) {
         m_model.setExpanded(true);
     } else {
         m_model.setExpanded(false);
-        setPanelOutline(shelfFrame(ShelfSize::Compact), ShelfSize::Compact);
         startSettleTask();
     }
     m_hosts.pointer->setPolling(expanded);
