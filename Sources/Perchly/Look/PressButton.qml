@@ -24,7 +24,7 @@ MouseArea {
     }
 
     Accessible.description: root.toolTip !== root.label ? root.toolTip : ""
-    Accessible.focusable: true
+    Accessible.focusable: root.enabled
     Accessible.focused: root.activeFocus
     Accessible.name: root.label
     Accessible.role: Accessible.Button

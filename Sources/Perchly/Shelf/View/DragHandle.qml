@@ -24,7 +24,7 @@ MouseArea {
     Keys.onEnterPressed: root.shell.toggleKeyboardOpen()
     Keys.onReturnPressed: root.shell.toggleKeyboardOpen()
     Keys.onSpacePressed: root.shell.toggleKeyboardOpen()
-    onCanceled: root.shell.handleReleased()
+    onCanceled: root.shell.handleCanceled()
     onPositionChanged: root.shell.handleMoved()
     onPressed: {
         tip.dismiss();
