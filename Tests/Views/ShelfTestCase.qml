@@ -55,7 +55,7 @@ TestCase {
         wait(0);
     }
 
-    function init() {
+    function begin() {
         failOnWarning(/.?/);
         root.fixture = root.fixtureComponent.createObject(root) as ShelfFixture;
     }

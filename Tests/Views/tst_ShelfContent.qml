@@ -1,9 +1,13 @@
 import QtQuick
-import QtTest
 import Perchly.Look
 
 ShelfTestCase {
     id: root
+
+    function init() {
+        root.begin();
+        root.fixture.reduceMotion(true);
+    }
 
     function button(name: string): string {
         return "Button: " + name;

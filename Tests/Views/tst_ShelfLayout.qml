@@ -1,9 +1,12 @@
 import QtQuick
-import QtTest
 import Perchly.Look
 
 ShelfTestCase {
     id: root
+
+    function init() {
+        root.begin();
+    }
 
     function test_openShelfLiesAgainstItsEdge_data() {
         return [
