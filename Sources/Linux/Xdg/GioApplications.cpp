@@ -1,0 +1,46 @@
+#include "GioApplications.h"
+
+#include "GioLaunch.h"
+
+#include <QDir>
+
+#include <gio/gio.h>
+
+namespace perchly {
+
+GioApplications::GioApplications()
+    : m_cancellable(g_cancellable_new(), [](GCancellable *object) { g_object_unref(object); }) {
+    m_pool.setMaxThreadCount(8); // a few slow services must not hold up the next application
+    m_pool.setExpiryTimeout(1000);
+}
+
+GioApplications::~GioApplications() {
+    g_cancellable_cancel(m_cancellable.get());
+}
+
+void GioApplications::open(const QString &path, Completion completion) {
+    if (QDir::isAbsolutePath(path) && !path.endsWith(QStringLiteral(".desktop"))) {
+        openUrl(QUrl::fromLocalFile(path), std::move(completion));
+        return;
+    }
+    start([path](GCancellable *cancellable) { return giolaunch::application(path, cancellable); },
+          std::move(completion));
+}
+
+void GioApplications::openUrl(const QUrl &url, Completion completion) {
+    start([url](GCancellable *cancellable) { return giolaunch::url(url, cancellable); },
+          std::move(completion));
+}
+
+void GioApplications::start(Launch launch, Completion completion) {
+    m_pool.start([this, launch = std::move(launch), completion = std::move(completion)]() mutable {
+        const QString error = launch(m_cancellable.get());
+        if (completion) {
+            QMetaObject::invokeMethod(
+                &m_receiver, [completion = std::move(completion), error] { completion(error); },
+                Qt::QueuedConnection);
+        }
+    });
+}
+
+} // namespace perchly

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Applications.h"
+
+#include <QObject>
+#include <QThreadPool>
+
+#include <memory>
+
+struct _GCancellable;
+
+namespace perchly {
+
+/// Opens applications and links by GIO, each on a pool thread that ends when it is idle, since a
+/// desktop entry may lie on a sleeping disk and a started service may take its time to answer.
+/// A path that is no desktop entry but a file or folder is opened like a link to it.
+/// Destroying it cancels what is under way; no completion is called after that.
+class GioApplications : public Applications {
+public:
+    GioApplications();
+    ~GioApplications() override;
+
+    void open(const QString &path, Completion completion = {}) override;
+    void openUrl(const QUrl &url, Completion completion = {}) override;
+
+private:
+    using Launch = std::function<QString(_GCancellable *cancellable)>;
+
+    void start(Launch launch, Completion completion);
+
+    std::shared_ptr<_GCancellable> m_cancellable;
+    QObject m_receiver; ///< completions run in its thread, as long as it lives
+    QThreadPool m_pool; ///< destroyed first: it waits for the threads
+};
+
+} // namespace perchly

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "Clock.h"
+
+namespace perchly {
+
+/// The system's time, with timers in the thread's event loop. Nothing wakes up while nothing is
+/// scheduled. Delays of up to a second are exact to about a millisecond, longer ones to a twentieth
+/// of their length, so that the system can wake up once for several. A delay is cut to 24 days.
+class QtClock : public Clock {
+public:
+    [[nodiscard]] TimePoint now() const override;
+    [[nodiscard]] TimePoint startOfDay() const override;
+    [[nodiscard]] TimePoint startOfNextDay() const override;
+    [[nodiscard]] Task after(std::chrono::milliseconds delay, Action action) override;
+    [[nodiscard]] Task every(std::chrono::milliseconds period, Action action) override;
+    [[nodiscard]] Task at(TimePoint moment, Action action) override;
+};
+
+} // namespace perchly
