@@ -1,0 +1,105 @@
+#include "DBusSingleInstance.h"
+
+#include "ApplicationAdaptor.h"
+
+#include <QDBusMessage>
+
+#include <cstdio>
+
+namespace perchly {
+
+namespace {
+
+const QString name = QStringLiteral("org.perchly.Perchly");
+const QString objectPath = QStringLiteral("/org/perchly/Perchly");
+const QString busName = QStringLiteral("org.freedesktop.DBus");
+
+constexpr int busTimeout = 1000; // milliseconds; with the next one at most two seconds
+constexpr int instanceTimeout = 1000;
+
+} // namespace
+
+DBusSingleInstance::DBusSingleInstance(std::optional<QDBusConnection> bus, QObject *parent)
+    : SingleInstance(parent)
+    , m_bus(std::move(bus)) {
+    auto *adaptor = new ApplicationAdaptor(this);
+    connect(adaptor, &ApplicationAdaptor::requested, this, &SingleInstance::requested);
+}
+
+DBusSingleInstance::~DBusSingleInstance() {
+    if (m_bus) {
+        m_bus->unregisterObject(objectPath);
+        m_bus->send(QDBusMessage::createMethodCall(busName, QStringLiteral("/org/freedesktop/DBus"),
+                                                   busName, QStringLiteral("ReleaseName"))
+                    << name);
+    }
+}
+
+bool DBusSingleInstance::claim() {
+    if (!m_bus || !m_bus->isConnected()) {
+        return claimLock();
+    }
+    // The object first: a call may follow the name at once.
+    m_bus->registerObject(objectPath, this);
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        switch (requestName()) {
+        case Name::Ours:
+            return true;
+        case Name::NotToBeHad:
+            return claimLock();
+        case Name::Taken:
+            if (activateOther()) {
+                return false;
+            }
+        }
+    }
+    return false;
+}
+
+DBusSingleInstance::Name DBusSingleInstance::requestName() {
+    constexpr uint doNotQueue = 4;
+    constexpr uint primaryOwner = 1;
+    constexpr uint exists = 3;
+    constexpr uint alreadyOwner = 4;
+    // Asked directly, since the library's own call would wait for up to 25 seconds.
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        busName, QStringLiteral("/org/freedesktop/DBus"), busName, QStringLiteral("RequestName"));
+    call << name << doNotQueue;
+    const QDBusMessage reply = m_bus->call(call, QDBus::Block, busTimeout);
+    const uint result =
+        reply.type() == QDBusMessage::ReplyMessage ? reply.arguments().value(0).toUInt() : 0;
+    if (result == exists) {
+        return Name::Taken;
+    }
+    return result == primaryOwner || result == alreadyOwner ? Name::Ours : Name::NotToBeHad;
+}
+
+bool DBusSingleInstance::activateOther() {
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        name, objectPath, QStringLiteral("org.freedesktop.Application"),
+        QStringLiteral("Activate"));
+    call << QVariantMap();
+    call.setAutoStartService(false);
+    const QDBusMessage reply = m_bus->call(call, QDBus::Block, instanceTimeout);
+    if (reply.type() == QDBusMessage::ReplyMessage) {
+        return true;
+    }
+    const QString error = reply.errorName();
+    if (error == QStringLiteral("org.freedesktop.DBus.Error.NameHasNoOwner") ||
+        error == QStringLiteral("org.freedesktop.DBus.Error.ServiceUnknown")) {
+        return false;
+    }
+    std::fprintf(stderr, "perchly: another instance is running, but it does not answer: %s\n",
+                 qPrintable(reply.errorMessage()));
+    return true;
+}
+
+bool DBusSingleInstance::claimLock() {
+    m_bus.reset();
+    m_lock.emplace(LockedInstance::defaultFolder());
+    connect(&*m_lock, &LockedInstance::requested, this,
+            [this] { Q_EMIT requested(QStringLiteral("show")); });
+    return m_lock->claim();
+}
+
+} // namespace perchly
