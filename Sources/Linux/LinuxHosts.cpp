@@ -1,0 +1,94 @@
+#include "LinuxHosts.h"
+
+#include "CanberraAlertSound.h"
+#include "DBusSingleInstance.h"
+#include "GioApplications.h"
+#include "JsonPreferences.h"
+#include "NullHosts.h"
+#include "PortalMotion.h"
+#include "QtClock.h"
+#include "SessionBus.h"
+#include "TrayStatusItem.h"
+
+#include <QGuiApplication>
+
+#include <cstdio>
+
+namespace perchly {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+bool wantsNullHosts() {
+    return qEnvironmentVariable("PERCHLY_HOSTS") == QStringLiteral("null");
+}
+
+void tellOnce(const char *text) {
+    static QList<const char *> told;
+    if (!told.contains(text)) {
+        told.append(text);
+        std::fprintf(stderr, "perchly: %s\n", text);
+    }
+}
+
+std::optional<QDBusConnection> sessionBus() {
+    const auto bus = sessionbus::within(1s);
+    if (!bus) {
+        tellOnce("no session bus: status icon, portals and control by other programs are missing");
+    }
+    return bus;
+}
+
+Hosts nullHosts() {
+    Hosts hosts;
+    hosts.clock = std::make_unique<QtClock>();
+    hosts.preferences = std::make_unique<NullPreferences>();
+    hosts.displays = std::make_unique<NullDisplays>();
+    hosts.pointer = std::make_unique<NullPointerMonitor>();
+    hosts.keys = std::make_unique<NullKeyMonitor>();
+    hosts.panel = std::make_unique<NullPanelHost>();
+    hosts.hotKeys = std::make_unique<NullHotKeys>();
+    hosts.statusItem = std::make_unique<NullStatusItem>();
+    hosts.applications = std::make_unique<NullApplications>();
+    hosts.motion = std::make_unique<NullMotion>();
+    hosts.alertSound = std::make_unique<NullAlertSound>();
+    return hosts;
+}
+
+void addDesktop(Hosts &hosts) {
+    const auto bus = sessionBus();
+    // A connection that never was answers like a bus on which nobody is.
+    const QDBusConnection reachable = bus.value_or(QDBusConnection(QString()));
+    hosts.preferences = std::make_unique<JsonPreferences>(JsonPreferences::defaultPath());
+    hosts.statusItem = std::make_unique<TrayStatusItem>(reachable);
+    hosts.applications = std::make_unique<GioApplications>();
+    hosts.motion = std::make_unique<PortalMotion>(reachable);
+    hosts.alertSound = std::make_unique<CanberraAlertSound>();
+}
+
+void addWindowSystem(Hosts &) {
+    if (QGuiApplication::platformName() != QStringLiteral("xcb")) {
+        tellOnce("no X display: the shelf's place, the pointer and the hot keys are missing");
+    }
+}
+
+} // namespace
+
+Hosts makeHosts() {
+    Hosts hosts = nullHosts();
+    if (!wantsNullHosts()) {
+        addDesktop(hosts);
+        addWindowSystem(hosts);
+    }
+    return hosts;
+}
+
+std::unique_ptr<SingleInstance> makeSingleInstance() {
+    if (wantsNullHosts()) {
+        return std::make_unique<NullSingleInstance>();
+    }
+    return std::make_unique<DBusSingleInstance>(sessionBus());
+}
+
+} // namespace perchly

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "Hosts.h"
+#include "SingleInstance.h"
+
+#include <memory>
+
+namespace perchly {
+
+/// The one place that chooses how the program reaches its surroundings. With PERCHLY_HOSTS=null in
+/// the environment it chooses the null implementations everywhere, apart from time. What is missing
+/// is told on standard error, once each; a desktop without a place for status icons misses nothing.
+
+/// Needs the application object; the status item needs a QApplication. Preferences are read here.
+[[nodiscard]] Hosts makeHosts();
+
+/// Needs the application object. Connects to the session bus.
+[[nodiscard]] std::unique_ptr<SingleInstance> makeSingleInstance();
+
+} // namespace perchly

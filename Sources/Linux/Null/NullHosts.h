@@ -1,0 +1,116 @@
+#pragma once
+
+#include "Hosts.h"
+#include "SingleInstance.h"
+
+#include <QMap>
+#include <QPointer>
+
+/// What each capability answers where there is nothing to ask. Time is never missing, so there is
+/// no null clock.
+namespace perchly {
+
+/// Holds for the run only.
+class NullPreferences : public Preferences {
+public:
+    using Preferences::Preferences;
+
+    [[nodiscard]] std::optional<PreferenceValue> value(const QString &key) const override;
+    void setValue(const QString &key, const PreferenceValue &value) override;
+    void removeValue(const QString &key) override;
+
+private:
+    QMap<QString, PreferenceValue> m_values;
+};
+
+/// No display at all.
+class NullDisplays : public Displays {
+public:
+    using Displays::Displays;
+
+    [[nodiscard]] QList<Display> list() const override { return {}; }
+};
+
+/// A pointer that rests at the origin.
+class NullPointerMonitor : public PointerMonitor {
+public:
+    using PointerMonitor::PointerMonitor;
+
+    void start() override {}
+    [[nodiscard]] ScreenPoint position() const override { return {}; }
+    void setPolling(bool) override {}
+};
+
+/// A keyboard that nobody uses.
+class NullKeyMonitor : public KeyMonitor {
+public:
+    void start(Handler) override {}
+};
+
+/// Every chord is somebody else's.
+class NullHotKeys : public HotKeys {
+public:
+    using HotKeys::HotKeys;
+
+    [[nodiscard]] bool registerChord(int, Chord) override { return false; }
+};
+
+/// Only what the toolkit does for any window: the panel has its size and is shown, but the window
+/// system puts it where it likes and gives it the keyboard as it likes.
+class NullPanelHost : public PanelHost {
+public:
+    using PanelHost::PanelHost;
+
+    void attach(QWindow *panel) override;
+    void place(const ScreenRect &frame, const QMarginsF &margins) override;
+    void orderFront() override;
+    void setShape(const QRegion &) override {}
+    void takeKeyboard() override {}
+    void giveKeyboardBack() override {}
+    [[nodiscard]] bool hasKeyboard() const override { return false; }
+    void activate(QWindow *window) override;
+    [[nodiscard]] bool isComposited() const override { return false; }
+
+private:
+    QPointer<QWindow> m_panel;
+};
+
+/// No place for status icons.
+class NullStatusItem : public StatusItem {
+public:
+    void show(const QIcon &, const QString &, const QList<StatusMenuEntry> &) override {}
+};
+
+/// Opens nothing and says so.
+class NullApplications : public Applications {
+public:
+    void open(const QString &path, Completion completion) override;
+    void openUrl(const QUrl &url, Completion completion) override;
+
+private:
+    QObject m_receiver;
+};
+
+/// Nobody asked for less motion.
+class NullMotion : public Motion {
+public:
+    using Motion::Motion;
+
+    [[nodiscard]] bool isReduced() const override { return false; }
+};
+
+/// Silence.
+class NullAlertSound : public AlertSound {
+public:
+    void play() override {}
+};
+
+/// Every instance is the only one.
+class NullSingleInstance : public SingleInstance {
+public:
+    using SingleInstance::SingleInstance;
+
+    [[nodiscard]] bool claim() override { return true; }
+};
+
+} // namespace perchly
