@@ -1,7 +1,6 @@
 """Themes, accents, opacity, scale and compact mode, judged by what is on the screen."""
 
 from perchly_session.case import SessionCase, main
-from perchly_session.other_programs import OtherWindow
 from perchly_session.picture import near
 from perchly_session.waiting import wait_until
 
@@ -42,7 +41,7 @@ class AppearanceTest(SessionCase):
 
     def test_opacity_lets_the_window_below_through(self):
         self.start_session(window_manager="openbox", compositor="picom")
-        OtherWindow(self.screen, state="_NET_WM_STATE_FULLSCREEN").take_focus()
+        self.other_window(state="_NET_WM_STATE_FULLSCREEN").take_focus()
         self.session.store(shelfOpacity=0.5)
         self.run_program()
         half = tuple((a + b) // 2 for a, b in zip(THEMES["Midnight"], (0x30, 0x50, 0xA0)))

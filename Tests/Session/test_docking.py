@@ -1,11 +1,15 @@
 """The shelf is dragged by its header and docks at an edge of any display."""
 
 from perchly_session.case import SessionCase, main
-from perchly_session.other_programs import OtherWindow
 from perchly_session.waiting import wait_until
 
 LEFT_HALF = (0, 0, 640, 800)
 RIGHT_HALF = (640, 0, 640, 800)
+
+
+def along_side(row):
+    """The position along a side edge of a shelf released at this row of pixels."""
+    return (799 - row) / 800
 
 
 class DockingTest(SessionCase):
@@ -55,11 +59,11 @@ class DockingTest(SessionCase):
     def test_each_edge_can_be_docked_at(self):
         self.start({"openOnHover": False})
         self.drag_pill((4, 500))
-        self.expect_stored(shelfEdge="left", shelfEdgePosition=0.375, displayIndex=0)
-        self.expect_frame(self.compact_frame("left", 0.375), "the strip at the left edge")
+        self.expect_stored(shelfEdge="left", shelfEdgePosition=along_side(500), displayIndex=0)
+        self.expect_frame(self.compact_frame("left", along_side(500)), "the strip at the left edge")
         self.drag_pill((1276, 200))
-        self.expect_stored(shelfEdge="right", shelfEdgePosition=0.75, displayIndex=0)
-        self.expect_frame(self.compact_frame("right", 0.75), "the strip at the right edge")
+        self.expect_stored(shelfEdge="right", shelfEdgePosition=along_side(200), displayIndex=0)
+        self.expect_frame(self.compact_frame("right", along_side(200)), "the strip at the right edge")
         self.drag_pill((320, 3))
         self.expect_stored(shelfEdge="top", shelfEdgePosition=0.25, displayIndex=0)
         self.expect_frame(self.compact_frame("top", 0.25), "the pill at the top edge")
@@ -80,12 +84,14 @@ class DockingTest(SessionCase):
         self.expect_frame(self.expanded_frame("left"), "the shelf open")
         self.screen.drag((17, 500), (1270, 400))
         self.screen.move_to(640, 740)
-        self.expect_stored(shelfEdge="right", shelfEdgePosition=0.5)
-        self.expect_frame(self.compact_frame("right"), "the strip at the right edge")
+        self.expect_stored(shelfEdge="right", shelfEdgePosition=along_side(400))
+        self.expect_frame(
+            self.compact_frame("right", along_side(400)), "the strip at the right edge"
+        )
 
     def test_dragging_an_open_shelf_closes_it_and_gives_the_keyboard_back(self):
         self.start_session()
-        other = OtherWindow(self.screen, rect=(100, 600, 300, 120)).take_focus()
+        other = self.other_window(rect=(100, 600, 300, 120)).take_focus()
         self.run_program()
         self.screen.key("Control_L", "Alt_L", "space")
         self.expect_frame(self.expanded_frame(), "the shelf open")
@@ -103,11 +109,12 @@ class DockingTest(SessionCase):
         self.start({"openOnHover": False}, monitors=[LEFT_HALF, RIGHT_HALF])
         self.expect_frame(self.compact_frame(area=LEFT_HALF), "the pill on the first display")
         self.drag_pill((646, 600))
-        self.expect_stored(shelfEdge="left", shelfEdgePosition=0.25, displayIndex=1)
+        self.expect_stored(shelfEdge="left", shelfEdgePosition=along_side(600), displayIndex=1)
         self.expect_frame(
-            self.compact_frame("left", 0.25, RIGHT_HALF), "the strip on the second display"
+            self.compact_frame("left", along_side(600), RIGHT_HALF),
+            "the strip on the second display",
         )
-        self.drag_pill((960, 5))
+        self.drag_pill((960, 0))
         self.expect_stored(shelfEdge="top", shelfEdgePosition=0.5, displayIndex=1)
         self.expect_frame(self.compact_frame(area=RIGHT_HALF), "the pill on the second display")
 
@@ -129,7 +136,7 @@ class DockingTest(SessionCase):
 
     def test_on_a_side_edge_it_keeps_off_what_a_dock_reserves(self):
         self.start_session()
-        dock = OtherWindow(self.screen, "Dock", (0, 600, 1280, 200))
+        dock = self.other_window("Dock", (0, 600, 1280, 200))
         dock.reserve("bottom", 200)
         dock.show()
         self.session.store(shelfEdge="left", shelfEdgePosition=0.0)

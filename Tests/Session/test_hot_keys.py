@@ -5,7 +5,7 @@ import subprocess
 from Xlib import X
 
 from perchly_session.case import SessionCase, main
-from perchly_session.other_programs import HotKeyHolder, OtherWindow
+from perchly_session.other_programs import HotKeyHolder
 from perchly_session.screen import Screen
 from perchly_session.waiting import wait_until
 
@@ -44,6 +44,7 @@ class HotKeyTest(SessionCase):
     def test_a_toggle_held_by_another_program_stays_its_own(self):
         self.start_session()
         holder = HotKeyHolder(self.screen, "space")
+        self.addCleanup(holder.close)
         self.run_program()
         self.screen.key(*TOGGLE)
         wait_until(lambda: holder.presses() == 1, "the press with the other program")
@@ -54,6 +55,7 @@ class HotKeyTest(SessionCase):
     def test_a_search_chord_held_by_another_program_leaves_the_toggle(self):
         self.start_session()
         holder = HotKeyHolder(self.screen, "k")
+        self.addCleanup(holder.close)
         self.run_program()
         self.screen.key(*SEARCH)
         wait_until(lambda: holder.presses() == 1, "the press with the other program")
@@ -79,7 +81,7 @@ class HotKeyTest(SessionCase):
 
     def test_the_chords_reach_no_other_window(self):
         self.start_session()
-        other = OtherWindow(self.screen).take_focus()
+        other = self.other_window().take_focus()
         self.run_program()
         self.screen.key(*TOGGLE)
         self.expect_frame(self.expanded_frame(), "the shelf open")

@@ -1,7 +1,8 @@
 """Keyboard mode: the shelf takes the keyboard and gives it back to the window that had it."""
 
+import json
+
 from perchly_session.case import SessionCase, main
-from perchly_session.other_programs import OtherWindow
 from perchly_session.waiting import wait_until, wait_while
 
 TOGGLE = ("Control_L", "Alt_L", "space")
@@ -11,7 +12,7 @@ class KeyboardTest(SessionCase):
     def start_beside_another_window(self, **options):
         preferences = options.pop("preferences", {})
         self.start_session(**options)
-        self.other = OtherWindow(self.screen, rect=(100, 600, 300, 120)).take_focus()
+        self.other = self.other_window(rect=(100, 600, 300, 120)).take_focus()
         self.session.store(**preferences)
         self.run_program()
 
@@ -97,6 +98,28 @@ class KeyboardTest(SessionCase):
         self.expect_open_with_keyboard()
         self.screen.key("Shift_L", *TOGGLE)
         self.keeps_frame(self.expanded_frame(), "the shelf open", 0.5)
+
+    def test_command_digits_launch_the_entries(self):
+        self.start_session()
+        folder = self.session.folder
+        entries = []
+        for number in (1, 2):
+            launcher = folder / f"launcher{number}.desktop"
+            command = f"touch {folder}/launched{number}"
+            launcher.write_text(f"[Desktop Entry]\nType=Application\nName=L\nExec={command}\n")
+            entry = {"id": str(launcher), "name": "L", "path": str(launcher)}
+            entries.append(entry | {"visible": True, "favorite": False})
+        self.session.store(shelfLibrary={"data": json.dumps(entries), "encoding": "utf-8"})
+        self.run_program()
+        self.screen.key("Control_L", "Alt_L", "space")
+        self.expect_open_with_keyboard()
+        self.screen.key("Super_L", "3")
+        self.screen.key("Super_L", "2")
+        wait_until((folder / "launched2").exists, "the second entry launched")
+        self.assertFalse((folder / "launched1").exists())
+        self.screen.key("Control_L", "1")
+        wait_until((folder / "launched1").exists, "the first entry launched")
+        self.keeps_frame(self.expanded_frame(), "the shelf open", 0.3)
 
     def test_without_a_window_manager_the_keyboard_comes_back_too(self):
         self.start_beside_another_window(window_manager=None)

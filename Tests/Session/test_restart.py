@@ -39,7 +39,7 @@ class RestartTest(SessionCase):
         self.start(kept | {"openOnHover": False})
         self.screen.drag(self.on_pill(), (1277, 300))
         self.screen.move_to(*self.away())
-        docked = self.compact_frame("right", 0.625)
+        docked = self.compact_frame("right", (799 - 300) / 800)
         self.expect_frame(docked, "the strip at the right edge")
         before = self.session.preferences()
         self.assertEqual(before | kept, before)
@@ -85,7 +85,6 @@ class RestartTest(SessionCase):
                 file.write_text(content)
                 self.run_program()
                 self.expect_frame(self.compact_frame(), "the pill as by default")
-                self.screen.move_to(*self.on_pill())
                 self.screen.drag(self.on_pill(), (4, 400))
                 wait_until(
                     lambda: self.session.preferences().get("shelfEdge") == "left",
@@ -134,8 +133,7 @@ class RestartTest(SessionCase):
             before = self.session.preferences()
             self.screen.press()
             self.screen.move_by(8 if number % 2 else -8, 0)
-            self.screen.release()
-            time.sleep(random.uniform(0, 0.03))
+            self.screen.release(rest=random.uniform(0, 0.03))
             program.kill()
             try:
                 after = self.session.preferences()

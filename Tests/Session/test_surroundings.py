@@ -3,7 +3,6 @@
 import subprocess
 
 from perchly_session.case import SessionCase, default_window_manager, main
-from perchly_session.other_programs import OtherWindow
 from perchly_session.picture import near
 from perchly_session.waiting import wait_until, wait_while
 
@@ -40,7 +39,7 @@ class SurroundingsTest(SessionCase):
     def test_with_a_compositor_the_corners_show_what_lies_below(self):
         compositor = "xfwm4" if default_window_manager() == "xfwm4" else "picom"
         self.start_session(compositor=compositor)
-        other = OtherWindow(self.screen, rect=(300, 0, 700, 700), state="_NET_WM_STATE_FULLSCREEN")
+        other = self.other_window(rect=(300, 0, 700, 700), state="_NET_WM_STATE_FULLSCREEN")
         other.take_focus()
         self.run_program()
         self.expect_frame(self.compact_frame(), "the pill")
@@ -55,7 +54,7 @@ class SurroundingsTest(SessionCase):
         for compositor in (None, "picom"):
             with self.subTest(compositor=compositor):
                 self.start_session(compositor=compositor, window_manager="openbox")
-                other = OtherWindow(self.screen, state="_NET_WM_STATE_FULLSCREEN").take_focus()
+                other = self.other_window(state="_NET_WM_STATE_FULLSCREEN").take_focus()
                 self.session.store(openOnHover=False)
                 self.run_program()
                 self.expect_frame(self.compact_frame(), "the pill")
@@ -73,7 +72,7 @@ class SurroundingsTest(SessionCase):
 
     def test_above_a_full_screen_window(self):
         self.start_session()
-        other = OtherWindow(self.screen, state="_NET_WM_STATE_FULLSCREEN").take_focus()
+        other = self.other_window(state="_NET_WM_STATE_FULLSCREEN").take_focus()
         self.assertEqual(other.window.get_geometry().width, self.screen.width)
         self.run_program()
 
@@ -84,7 +83,7 @@ class SurroundingsTest(SessionCase):
 
         wait_until(above, "the pill above the full-screen window")
         self.expect_hover_and_chord()
-        other = OtherWindow(self.screen, "Later", state="_NET_WM_STATE_FULLSCREEN").take_focus()
+        other = self.other_window("Later", state="_NET_WM_STATE_FULLSCREEN").take_focus()
         wait_until(above, "the pill above a full-screen window that came later")
         self.expect_hover_and_chord()
 

@@ -40,7 +40,7 @@ class WindowTest(SessionCase):
         self.assertEqual([title for _, title, _ in self.item.menu()], MENU)
         shortcuts = {title: keys for _, title, keys in self.item.menu() if keys}
         self.assertEqual(
-            shortcuts, {"Settings…": [["Control", ","]], "Quit Perchly": [["Control", "q"]]}
+            shortcuts, {"Settings…": [["Control", ","]], "Quit Perchly": [["Control", "Q"]]}
         )
 
     def test_the_status_item_opens_each_window_with_its_title_and_size(self):

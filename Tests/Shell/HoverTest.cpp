@@ -164,6 +164,7 @@ void HoverTest::neverClosesUnderTheWidgetChooser() {
 void HoverTest::ignoresThePointerInKeyboardMode() {
     ShellFixture shell;
     shell.delegate->toggleKeyboardOpen();
+    QVERIFY2(!shell.fake.pointer.polling, "in keyboard mode the pointer does not matter");
     shell.pointerOntoPill();
     shell.pointerAway();
     shell.fake.clock.advance(10s);

@@ -103,6 +103,7 @@ private:
     void startCloseTask();
     void startSettleTask();
     void setKeyboardOpen(bool open);
+    void updatePolling();
     // ShelfPlacement.cpp
     [[nodiscard]] static DisplayGeometry geometryOf(const Display &display);
     void placePanel(ShelfSize size);

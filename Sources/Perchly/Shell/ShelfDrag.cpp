@@ -27,7 +27,7 @@ void AppDelegate::beginShelfDrag(ScreenPoint start) {
                                      std::min(std::max(frame.maxY() - start.y, 0.0), height)}
                        : ScreenPoint{width / 2, height / 2};
     m_model.setExpanded(false);
-    m_hosts.pointer->setPolling(false);
+    updatePolling();
     moveShelfDrag(start);
 }
 

@@ -20,7 +20,6 @@ int main(int argc, char **argv) {
     QApplication application(argc, argv);
     windowSystem.reset();
     QApplication::setApplicationName(QStringLiteral("perchly"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Perchly"));
     QApplication::setDesktopFileName(QStringLiteral("org.perchly.Perchly"));
     QApplication::setQuitOnLastWindowClosed(false);
 

@@ -1,10 +1,12 @@
 """The base of the session tests."""
 
+import math
 import os
 import sys
 import unittest
 from pathlib import Path
 
+from .other_programs import OtherWindow
 from .session import Session
 from .waiting import wait_until, wait_while
 
@@ -40,6 +42,12 @@ class SessionCase(unittest.TestCase):
         self.program = self.session.run()
         return self.program
 
+    def other_window(self, *arguments, **options):
+        """Another program's window, not shown yet."""
+        other = OtherWindow(self.screen, *arguments, **options)
+        self.addCleanup(other.close)
+        return other
+
     # What the shelf looks like from outside
 
     def expect_frame(self, frame, what, timeout=10):
@@ -65,12 +73,13 @@ class SessionCase(unittest.TestCase):
         _, visible_top, _, visible_height = visible or (left, top, width, height)
         if edge == "top":
             x = left + position * width - size[0] / 2
-            return round(max(left, min(x, left + width - size[0]))), top, *size
+            x = max(left, min(x, left + width - size[0]))
+            return math.floor(x + 0.5), top, *size
         x = left if edge == "left" else left + width - size[0]
         # Positions along a side count from the bottom.
         y = visible_top + (1 - position) * visible_height - size[1] / 2
         y = max(visible_top, min(y, visible_top + visible_height - size[1]))
-        return x, round(y), *size
+        return x, math.floor(y + 0.5), *size
 
     def on_pill(self):
         """A point inside the collapsed shelf."""

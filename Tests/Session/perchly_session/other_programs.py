@@ -5,6 +5,7 @@ from Xlib import X, XK, Xatom, Xutil, display
 from .waiting import wait_until
 
 LOCKS = (0, X.LockMask, X.Mod2Mask, X.LockMask | X.Mod2Mask)
+KEY_NAMES = {getattr(XK, name): name[3:] for name in dir(XK) if name.startswith("XK_")}
 
 
 class OtherWindow:
@@ -79,7 +80,7 @@ class OtherWindow:
         names = []
         for event in self._events(X.KeyPress):
             symbol = self.display.keycode_to_keysym(event.detail, 0)
-            names.append(XK.keysym_to_string(symbol) or hex(symbol))
+            names.append(KEY_NAMES.get(symbol, hex(symbol)))
         return names
 
     def clicks(self):
@@ -87,7 +88,9 @@ class OtherWindow:
         return len(self._events(X.ButtonPress))
 
     def close(self):
-        self.display.close()
+        if self.display:
+            self.display.close()
+        self.display = None
 
     def _events(self, kind):
         self.display.sync()

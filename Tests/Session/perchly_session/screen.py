@@ -7,9 +7,11 @@ from Xlib import X, XK, display, error
 from Xlib.ext import shape, xtest
 
 from .picture import Picture
+from .waiting import TimedOut, wait_until
 
 STEP_PIXELS = 8
 STEP_SECONDS = 0.004
+PRESS_SECONDS = 0.1
 
 
 @dataclass(frozen=True)
@@ -71,17 +73,19 @@ class Screen:
             raise AssertionError(f"the pointer is at {self.pointer()}, not at {(x, y)}")
 
     def press(self, button=1):
+        """Presses a button and rests a moment, as a hand does."""
         xtest.fake_input(self.display, X.ButtonPress, button)
         self.display.sync()
+        time.sleep(PRESS_SECONDS)
 
-    def release(self, button=1):
+    def release(self, button=1, rest=PRESS_SECONDS):
         xtest.fake_input(self.display, X.ButtonRelease, button)
         self.display.sync()
+        time.sleep(rest)
 
     def click(self, x, y):
         self.move_to(x, y)
         self.press()
-        time.sleep(0.03)
         self.release()
 
     def drag(self, start, end):
@@ -90,7 +94,7 @@ class Screen:
         self.press()
         distance = max(abs(end[0] - start[0]), abs(end[1] - start[1]))
         self.move_to(*end, step=max(distance / 40, 1), pause=0.01)
-        time.sleep(0.05)
+        time.sleep(PRESS_SECONDS)
         self.release()
 
     # Keys
@@ -112,6 +116,18 @@ class Screen:
         Lock."""
         return self.root.query_pointer().mask & (X.LockMask | X.Mod2Mask)
 
+    def is_held(self, key, modifiers):
+        """Whether a program has taken this chord for itself."""
+        code = self.display.keysym_to_keycode(XK.string_to_keysym(key))
+        refused = error.CatchError(error.BadAccess)
+        self.root.grab_key(
+            code, modifiers, True, X.GrabModeAsync, X.GrabModeAsync, onerror=refused
+        )
+        self.display.sync()
+        self.root.ungrab_key(code, modifiers)
+        self.display.sync()
+        return bool(refused.get_error())
+
     # Windows
 
     def focus(self):
@@ -132,10 +148,37 @@ class Screen:
         )
         return bool(found and len(found.value))
 
+    def manages_windows(self):
+        """Whether the window manager takes care of a new window within a moment. It announces
+        itself before it does, and may miss what is mapped in between."""
+        window = self.root.create_window(0, 0, 50, 50, 0, X.CopyFromParent)
+        window.map()
+        try:
+            state = self.atom("WM_STATE")
+            wait_until(lambda: window.get_property(state, state, 0, 1), "WM_STATE", timeout=0.5)
+        except TimedOut:
+            return False
+        finally:
+            window.destroy()
+            self.display.sync()
+        return True
+
     def windows_of(self, process):
-        """The mapped windows of a process, from the lowest to the highest."""
+        """The mapped windows of a process, those that no manager takes care of first."""
+        managed = self.root.get_full_property(
+            self.atom("_NET_CLIENT_LIST_STACKING"), X.AnyPropertyType
+        )
+        own = self.root.query_tree().children
+        numbers = [window.id for window in own] + list(managed.value if managed else ())
         found = []
-        self._collect(self.root, process, found, depth=0)
+        for number in dict.fromkeys(numbers):
+            window = self.display.create_resource_object("window", number)
+            try:
+                described = self._describe(window, process)
+            except (error.BadWindow, error.BadDrawable):
+                continue  # it went away meanwhile
+            if described:
+                found.append(described)
         return found
 
     def stacking(self):
@@ -187,17 +230,6 @@ class Screen:
             event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask,
         )
         self.display.flush()
-
-    def _collect(self, window, process, found, depth):
-        for child in window.query_tree().children:
-            try:
-                described = self._describe(child, process)
-                if described:
-                    found.append(described)
-                elif depth < 3:
-                    self._collect(child, process, found, depth + 1)
-            except (error.BadWindow, error.BadDrawable):
-                continue  # it went away meanwhile
 
     def _describe(self, window, process):
         owner = window.get_full_property(self.atom("_NET_WM_PID"), X.AnyPropertyType)

@@ -9,6 +9,8 @@ import sys
 import tempfile
 from pathlib import Path
 
+from Xlib import X
+
 from .accessibility import Accessibility
 from .screen import Screen
 from .status_item import StatusItem, watcher_runs
@@ -31,6 +33,8 @@ BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus
   </policy>
 </busconfig>
 """
+CHORD_KEYS = ("space", "k")
+CHORD_MODIFIERS = X.ControlMask | X.Mod1Mask
 MENUS = ("_NET_WM_WINDOW_TYPE_TOOLTIP", "_NET_WM_WINDOW_TYPE_POPUP_MENU")
 
 
@@ -90,14 +94,20 @@ class Program:
             try:
                 self.process.wait(10)
             except subprocess.TimeoutExpired:
-                self.kill()
+                self.process.kill()
                 raise AssertionError("the program did not end when asked to") from None
         return self.process.returncode
 
     def kill(self):
-        """Ends the program at once, as a crash or a power cut does."""
+        """Ends the program at once, as a crash does, and waits until nothing of it is left."""
         self.process.kill()
         self.process.wait()
+        wait_until(lambda: not self.windows(), "the windows of a killed program gone")
+        for key in CHORD_KEYS:
+            wait_until(
+                lambda: not self._session.screen.is_held(key, CHORD_MODIFIERS),
+                f"the chord with {key} free again",
+            )
 
 
 class Session:
@@ -152,7 +162,8 @@ class Session:
     def stop(self):
         for program in self.programs:
             if program.running():
-                program.kill()
+                program.process.kill()
+                program.process.wait()
         if self.screen:
             self.screen.close()
         for service in reversed(self._services):
@@ -160,7 +171,7 @@ class Session:
         shutil.rmtree(self.folder, ignore_errors=True)
 
     def run(self, wait=True):
-        """Starts the program and waits for its shelf."""
+        """Starts the program and waits for its shelf and its hot keys."""
         program = Program(self, len(self.programs))
         self.programs.append(program)
         if wait:
@@ -168,7 +179,13 @@ class Session:
                 lambda: program.panel() or not program.running(), "the shelf on the screen"
             )
             if not program.running():
-                raise AssertionError(f"the program ended at once: {program.errors()}")
+                status = program.process.returncode
+                raise AssertionError(f"it ended at once, status {status}: {program.errors()}")
+            for key in CHORD_KEYS:
+                wait_until(
+                    lambda: self.screen.is_held(key, CHORD_MODIFIERS),
+                    f"the chord with {key} taken",
+                )
         return program
 
     # Preferences
@@ -284,6 +301,7 @@ class Session:
         else:
             self._spawn("openbox", "--sm-disable")
         wait_until(self.screen.has_window_manager, f"{self.window_manager} running")
+        wait_until(self.screen.manages_windows, f"{self.window_manager} at work")
 
     def _spawn(self, *command, pass_fds=()):
         with open(self.folder / "services.log", "ab") as log:

@@ -2,7 +2,7 @@
 
 import time
 
-DEADLINE = 15.0
+DEADLINE = 10.0
 
 
 class TimedOut(AssertionError):
