@@ -50,8 +50,8 @@ ScreenPoint ScreenSpace::fromPixels(QPoint pixels) const {
         std::min_element(m_screens.begin(), m_screens.end(), [&](const Screen &a, const Screen &b) {
             return distanceTo(pixelGeometry(a), pixels) < distanceTo(pixelGeometry(b), pixels);
         });
-    const QPointF centre = QPointF(pixels) + QPointF(0.5, 0.5);
-    return fromToolkit(nearest == m_screens.end() ? centre : pointsFromPixels(centre, *nearest));
+    const QPointF corner(pixels.x(), pixels.y() + 1);
+    return fromToolkit(nearest == m_screens.end() ? corner : pointsFromPixels(corner, *nearest));
 }
 
 QRect ScreenSpace::pixelGeometry(const Screen &screen) {

@@ -26,8 +26,9 @@ public:
     /// The displays as they are now. Main thread only.
     [[nodiscard]] static ScreenSpace current();
 
-    /// A pixel belongs to the display that contains it, else to the nearest one. It is taken at its
-    /// centre, so that the topmost row lies inside the display also where y grows upwards.
+    /// The lower left corner of a pixel, so that the topmost row lies inside the display and the
+    /// row below a rectangle outside it. It belongs to the display that contains it, else to the
+    /// nearest one.
     [[nodiscard]] ScreenPoint fromPixels(QPoint pixels) const;
 
     /// The display's area in pixels, and an area of that display in the program's points.

@@ -38,7 +38,7 @@ void ScaledDisplaysTest::displaysAndPointerAreInPoints() {
     QCOMPARE(displays.list().first().frame, (ScreenRect{0, 0, 640, 400}));
     QCOMPARE(displays.list().first().visibleFrame, (ScreenRect{0, 0, 640, 400}));
     m_client.movePointer({101, 50});
-    QCOMPARE(X11PointerMonitor().position(), (ScreenPoint{50.75, 374.75}));
+    QCOMPARE(X11PointerMonitor().position(), (ScreenPoint{50.5, 374.5}));
 }
 
 void ScaledDisplaysTest::thePanelIsPlacedAndShapedInPoints() {

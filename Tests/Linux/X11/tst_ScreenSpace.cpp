@@ -31,17 +31,17 @@ void ScreenSpaceTest::pixelsBecomePoints_data() {
     QTest::addColumn<QPoint>("pixels");
     QTest::addColumn<QPointF>("expected");
 
-    QTest::newRow("the bottom left pixel lies in the corner")
-        << oneDisplay << QPoint(0, 799) << QPointF(0.5, 0.5);
-    QTest::newRow("y grows upwards") << oneDisplay << QPoint(100, 50) << QPointF(100.5, 749.5);
+    QTest::newRow("the bottom left pixel is at the origin")
+        << oneDisplay << QPoint(0, 799) << QPointF(0, 0);
+    QTest::newRow("y grows upwards") << oneDisplay << QPoint(100, 0) << QPointF(100, 799);
     QTest::newRow("the origin is the primary display's, wherever it stands")
-        << mixedDisplays << QPoint(3840, 200) << QPointF(0.5, 1079.5);
+        << mixedDisplays << QPoint(3840, 200) << QPointF(0, 1079);
     QTest::newRow("a dense display counts two pixels as a point")
-        << mixedDisplays << QPoint(1000, 500) << QPointF(-3339.75, 1029.75);
+        << mixedDisplays << QPoint(1000, 500) << QPointF(-3340, 1029.5);
     QTest::newRow("a place beside all displays belongs to the nearest")
-        << mixedDisplays << QPoint(3850, 190) << QPointF(10.5, 1089.5);
+        << mixedDisplays << QPoint(3850, 190) << QPointF(10, 1089);
     QTest::newRow("without displays pixels are points")
-        << Screens{} << QPoint(5, 6) << QPointF(5.5, -6.5);
+        << Screens{} << QPoint(5, 6) << QPointF(5, -7);
 }
 
 void ScreenSpaceTest::pixelsBecomePoints() {
