@@ -14,7 +14,6 @@
 #include "X11HotKeys.h"
 #include "X11PanelHost.h"
 #include "X11PointerMonitor.h"
-#include "XServerReach.h"
 
 #include <QGuiApplication>
 
@@ -87,9 +86,10 @@ void addWindowSystem(Hosts &hosts) {
 
 } // namespace
 
-void chooseWindowSystem() {
+WindowSystemChoice::WindowSystemChoice() {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", canReachXServer() ? "xcb" : "offscreen");
+        m_connection = connectToXServer();
+        qputenv("QT_QPA_PLATFORM", m_connection ? "xcb" : "offscreen");
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "Hosts.h"
 #include "SingleInstance.h"
+#include "XServerReach.h"
 
 #include <memory>
 
@@ -11,9 +12,16 @@ namespace perchly {
 /// the environment it chooses the null implementations everywhere, apart from time. What is missing
 /// is told on standard error, once each; a desktop without a place for status icons misses nothing.
 
-/// Call it before the application object is made: chooses the toolkit's window system. That is X11,
-/// also on a Wayland desktop, or none where no X server can be reached. QT_QPA_PLATFORM overrides.
-void chooseWindowSystem();
+/// Chooses the toolkit's window system: X11, also on a Wayland desktop, or none where no X server
+/// can be reached. QT_QPA_PLATFORM overrides. Make it before the application object, and keep it
+/// until that is made: an X server that its last client leaves starts anew.
+class WindowSystemChoice {
+public:
+    WindowSystemChoice();
+
+private:
+    XConnectionPointer m_connection;
+};
 
 /// Needs the application object; the status item needs a QApplication. Preferences are read here.
 [[nodiscard]] Hosts makeHosts();

@@ -54,7 +54,7 @@ LockedInstance::~LockedInstance() {
 }
 
 QString LockedInstance::defaultFolder() {
-    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
     if (isPrivateFolder(runtime)) {
         return runtime;
     }

@@ -53,7 +53,9 @@ void X11PanelHost::attach(QWindow *panel) {
 void X11PanelHost::place(const ScreenRect &frame, const QMarginsF &margins) {
     if (!m_panel)
         return;
-    m_panel->setGeometry(ScreenSpace::current().toToolkit(frame).marginsAdded(rounded(margins)));
+    QRect geometry = ScreenSpace::current().toToolkit(frame);
+    geometry.setSize(geometry.size().expandedTo(QSize(1, 1))); // the X server knows no empty window
+    m_panel->setGeometry(geometry.marginsAdded(rounded(margins)));
     flushToolkit();
 }
 

@@ -17,30 +17,27 @@ struct Attempt {
     std::condition_variable finished;
     bool isFinished = false;
     bool isAbandoned = false;
-    xcb_connection_t *connection = nullptr;
+    XConnectionPointer connection;
     int screenNumber = 0;
 };
 
-xcb_connection_t *usable(xcb_connection_t *connection) {
-    if (xcb_connection_has_error(connection) == 0 &&
-        xcb_setup_roots_length(xcb_get_setup(connection)) > 0)
-        return connection;
-    xcb_disconnect(connection);
-    return nullptr;
+XConnectionPointer usable(xcb_connection_t *connection) {
+    XConnectionPointer result(connection);
+    if (xcb_connection_has_error(connection) != 0 ||
+        xcb_setup_roots_length(xcb_get_setup(connection)) == 0)
+        result.reset();
+    return result;
 }
 
 // The library has no deadline for connecting, so a thread waits for it.
 void attemptToConnect(const std::shared_ptr<Attempt> &attempt, const QByteArray &displayName) {
     int screenNumber = 0;
     const char *name = displayName.isEmpty() ? nullptr : displayName.constData();
-    xcb_connection_t *connection = usable(xcb_connect(name, &screenNumber));
+    XConnectionPointer connection = usable(xcb_connect(name, &screenNumber));
     const std::lock_guard lock(attempt->mutex);
-    if (attempt->isAbandoned) {
-        if (connection)
-            xcb_disconnect(connection);
+    if (attempt->isAbandoned)
         return;
-    }
-    attempt->connection = connection;
+    attempt->connection = std::move(connection);
     attempt->screenNumber = screenNumber;
     attempt->isFinished = true;
     attempt->finished.notify_one();
@@ -48,18 +45,14 @@ void attemptToConnect(const std::shared_ptr<Attempt> &attempt, const QByteArray 
 
 } // namespace
 
-bool canReachXServer(const QByteArray &displayName, std::chrono::milliseconds patience) {
-    if (displayName.isEmpty() && qgetenv("DISPLAY").isEmpty())
-        return false;
-    xcb_connection_t *connection = connectToXServer(displayName, nullptr, patience);
-    if (!connection)
-        return false;
+void CloseXConnection::operator()(xcb_connection_t *connection) const {
     xcb_disconnect(connection);
-    return true;
 }
 
-xcb_connection_t *connectToXServer(const QByteArray &displayName, int *screenNumber,
-                                   std::chrono::milliseconds patience) {
+XConnectionPointer connectToXServer(const QByteArray &displayName, int *screenNumber,
+                                    std::chrono::milliseconds patience) {
+    if (displayName.isEmpty() && qgetenv("DISPLAY").isEmpty())
+        return nullptr;
     const auto attempt = std::make_shared<Attempt>();
     try {
         std::thread(attemptToConnect, attempt, displayName).detach();
@@ -73,7 +66,7 @@ xcb_connection_t *connectToXServer(const QByteArray &displayName, int *screenNum
     }
     if (screenNumber)
         *screenNumber = attempt->screenNumber;
-    return attempt->connection;
+    return std::move(attempt->connection);
 }
 
 } // namespace perchly

@@ -3,20 +3,24 @@
 #include <QByteArray>
 
 #include <chrono>
+#include <memory>
 
 struct xcb_connection_t;
 
 namespace perchly {
 
-/// Whether the X server named by DISPLAY (or the given name) answers and lets us in. May be called
-/// before there is an application object, from any thread, and takes no longer than the patience.
-[[nodiscard]] bool
-canReachXServer(const QByteArray &displayName = {},
-                std::chrono::milliseconds patience = std::chrono::milliseconds(2000));
+struct CloseXConnection {
+    void operator()(xcb_connection_t *connection) const;
+};
+using XConnectionPointer = std::unique_ptr<xcb_connection_t, CloseXConnection>;
 
-/// A new connection, which the caller closes with xcb_disconnect(); null when the server refuses it
-/// or does not answer in time. A server that never answers leaves one sleeping thread behind.
-[[nodiscard]] xcb_connection_t *connectToXServer(const QByteArray &displayName, int *screenNumber,
-                                                 std::chrono::milliseconds patience);
+/// A new connection to the X server named by DISPLAY (or by the given name); null when there is no
+/// such server, when it refuses us or does not answer in time. May be called from any thread and
+/// before there is an application object, to find out whether to use X at all: then keep the result
+/// until the toolkit has connected, for a server that its last client leaves starts anew. A server
+/// that never answers leaves one sleeping thread behind.
+[[nodiscard]] XConnectionPointer
+connectToXServer(const QByteArray &displayName = {}, int *screenNumber = nullptr,
+                 std::chrono::milliseconds patience = std::chrono::milliseconds(2000));
 
 } // namespace perchly

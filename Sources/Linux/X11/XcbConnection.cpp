@@ -15,7 +15,6 @@ namespace perchly {
 
 namespace {
 
-constexpr std::chrono::milliseconds connectPatience{2000};
 constexpr std::chrono::milliseconds replyPatience{250};
 constexpr quint32 longestProperty = 16384;
 
@@ -23,7 +22,7 @@ constexpr quint32 longestProperty = 16384;
 
 XcbConnection::XcbConnection(const QByteArray &displayName, QObject *parent)
     : QObject(parent) {
-    m_connection = connectToXServer(displayName, &m_screenNumber, connectPatience);
+    m_connection = connectToXServer(displayName, &m_screenNumber).release();
     if (!m_connection) {
         qWarning("The X server cannot be reached.");
         return;

@@ -9,8 +9,10 @@
 namespace perchly {
 
 /// Brings the preferences to the disk in the background, one generation at a time, and keeps the
-/// last one that arrived there beside them. Generations that come while one is being written are
-/// passed over for the newest. Main thread only; the destructor waits for the disk.
+/// last one that arrived there beside them. A file system that is busy with that holds up the next
+/// replacement of the file by some milliseconds, so it waits for a pause between two sets, and
+/// generations that are not the newest then are passed over. Main thread only; the destructor waits
+/// for the disk.
 class PreferencesBackup {
 public:
     /// The backup stands beside the file under the name "file.bak".

@@ -130,7 +130,7 @@ QString replace(const QString &path, const QByteArray &bytes, Durability durabil
     const bool onDisk = durability == Durability::Disk;
     if (!writeAll(file.get(), bytes) || (onDisk && ::fsync(file.get()) != 0) || !file.close() ||
         std::rename(temporary.constData(), target.constData()) != 0) {
-        const QString error = errorText();
+        QString error = errorText();
         ::unlink(temporary.constData());
         return error;
     }

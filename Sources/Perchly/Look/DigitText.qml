@@ -22,7 +22,6 @@ Row {
             required property int index
             readonly property string character: root.text.charAt(index)
 
-            Accessible.ignored: true
             color: root.color
             font: root.cellFont
             horizontalAlignment: Text.AlignHCenter

@@ -24,11 +24,11 @@ MouseArea {
     }
 
     Accessible.description: root.toolTip !== root.label ? root.toolTip : ""
-    Accessible.focusable: true
+    Accessible.focusable: root.enabled
     Accessible.focused: root.activeFocus
     Accessible.name: root.label
     Accessible.role: Accessible.Button
-    activeFocusOnTab: true
+    activeFocusOnTab: root.enabled
     cursorShape: root.enabled ? Qt.PointingHandCursor : Qt.ArrowCursor
     hoverEnabled: true
 

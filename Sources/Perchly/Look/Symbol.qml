@@ -17,7 +17,6 @@ Item {
     implicitWidth: implicitHeight
 
     Text {
-        Accessible.ignored: true
         anchors.centerIn: parent
         color: root.color
         font.bold: root.bold

@@ -44,7 +44,6 @@ PressButton {
             visible: root.symbol !== ""
         }
         Label {
-            Accessible.ignored: true
             anchors.verticalCenter: parent.verticalCenter
             color: root.color
             font.pixelSize: root.size

@@ -14,6 +14,10 @@ Item {
 
     function dismiss() {
         rest.stop();
+        if (window.item) {
+            // Unloading it takes until the next turn of the event loop.
+            (window.item as ToolTipWindow).visible = false;
+        }
         window.active = false;
     }
 

@@ -5,6 +5,7 @@ import Perchly.Look
 Window {
     id: root
 
+    readonly property alias text: label.text
     readonly property int gap: 8
 
     /// Shows the text beside the item, inside the item's display.

@@ -103,11 +103,11 @@ private:
     void startCloseTask();
     void startSettleTask();
     void setKeyboardOpen(bool open);
+    void updatePolling();
     // ShelfPlacement.cpp
     [[nodiscard]] static DisplayGeometry geometryOf(const Display &display);
     void placePanel(ShelfSize size);
-    void setPanelFrame(const ScreenRect &frame, const ScreenRect &compactFrame, ShelfSize size);
-    void setPanelOutline(const ScreenRect &frame, ShelfSize size);
+    void setPanelFrame(const ScreenRect &frame, const ScreenRect &compactFrame);
     // ShelfKeys.cpp
     [[nodiscard]] bool handleShelfKey(const KeyPress &press);
     [[nodiscard]] bool launchShown(const QString &number);

@@ -27,7 +27,7 @@ void AppDelegate::beginShelfDrag(ScreenPoint start) {
                                      std::min(std::max(frame.maxY() - start.y, 0.0), height)}
                        : ScreenPoint{width / 2, height / 2};
     m_model.setExpanded(false);
-    m_hosts.pointer->setPolling(false);
+    updatePolling();
     moveShelfDrag(start);
 }
 
@@ -39,7 +39,7 @@ void AppDelegate::moveShelfDrag(ScreenPoint pointer) {
     const double height = m_model.compactHeight();
     const ScreenRect frame{pointer.x - m_dragOffset.x, pointer.y + m_dragOffset.y - height, width,
                            height};
-    setPanelFrame(frame, frame, ShelfSize::Compact);
+    setPanelFrame(frame, frame);
 }
 
 void AppDelegate::endShelfDrag(ScreenPoint point) {

@@ -61,10 +61,9 @@ void AppDelegate::setExpanded(bool expanded) {
         m_model.setExpanded(true);
     } else {
         m_model.setExpanded(false);
-        setPanelOutline(shelfFrame(ShelfSize::Compact), ShelfSize::Compact);
         startSettleTask();
     }
-    m_hosts.pointer->setPolling(expanded);
+    updatePolling();
 }
 
 void AppDelegate::startSettleTask() {
@@ -79,12 +78,18 @@ void AppDelegate::startSettleTask() {
 void AppDelegate::setKeyboardOpen(bool open) {
     m_keyboardOpen = open;
     setExpanded(open);
+    updatePolling();
     if (open) {
         m_hosts.panel->orderFront();
         m_hosts.panel->takeKeyboard();
     } else {
         m_hosts.panel->giveKeyboardBack();
     }
+}
+
+/// Jumps of the pointer matter only while leaving the shelf would close it.
+void AppDelegate::updatePolling() {
+    m_hosts.pointer->setPolling(m_model.expanded() && !m_keyboardOpen);
 }
 
 void AppDelegate::toggleKeyboardOpen() {

@@ -47,10 +47,8 @@ ShelfPanel::ShelfPanel(QQmlEngine &engine, PanelHost &host)
     setColor(Qt::transparent);
     setTitle(QStringLiteral("Perchly"));
     m_host.attach(this);
-    connect(&m_host, &PanelHost::compositedChanged, this, [this] {
-        setFrame(m_frame, m_compactFrame, m_edge);
-        applyOutline();
-    });
+    connect(&m_host, &PanelHost::compositedChanged, this,
+            [this] { setFrame(m_frame, m_compactFrame, m_edge); });
 }
 
 void ShelfPanel::load(const QUrl &source, const QVariantMap &properties) {
@@ -59,6 +57,10 @@ void ShelfPanel::load(const QUrl &source, const QVariantMap &properties) {
     }
     setInitialProperties(properties);
     setSource(source);
+    if (QQuickItem *root = rootObject()) {
+        connect(root, SIGNAL(shapeRectChanged()), this, SLOT(applyShape()));
+        connect(root, SIGNAL(shapeRadiusChanged()), this, SLOT(applyShape()));
+    }
 }
 
 QRectF ShelfPanel::inWindow(const ScreenRect &rectangle) const {
@@ -77,16 +79,14 @@ void ShelfPanel::setFrame(const ScreenRect &frame, const ScreenRect &compactFram
         root->setProperty("shadowMargin", m_host.isComposited() ? shadowMargin : 0);
         root->setProperty("compactRect", inWindow(compactFrame));
     }
+    applyShape();
 }
 
-void ShelfPanel::setOutline(const ScreenRect &outline, double cornerRadius) {
-    m_outline = outline;
-    m_cornerRadius = cornerRadius;
-    applyOutline();
-}
-
-void ShelfPanel::applyOutline() {
-    m_host.setShape(roundedRegion(inWindow(m_outline), m_cornerRadius, m_edge));
+void ShelfPanel::applyShape() {
+    const QQuickItem *root = rootObject();
+    const QRectF shape = root ? root->property("shapeRect").toRectF() : inWindow(m_frame);
+    const double radius = root ? root->property("shapeRadius").toDouble() : 0;
+    m_host.setShape(roundedRegion(shape, radius, m_edge));
 }
 
 } // namespace perchly

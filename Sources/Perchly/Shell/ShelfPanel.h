@@ -28,11 +28,11 @@ public:
     /// The frame that the panel was last given.
     [[nodiscard]] const ScreenRect &frame() const { return m_frame; }
 
-    /// Where the panel takes the pointer from now on: a part of its frame.
-    void setOutline(const ScreenRect &outline, double cornerRadius);
+private Q_SLOTS:
+    /// Takes the pointer where the view says that the shelf is, and nowhere else.
+    void applyShape();
 
 private:
-    void applyOutline();
     [[nodiscard]] QRectF inWindow(const ScreenRect &rectangle) const;
 
     PanelHost &m_host;
@@ -40,8 +40,6 @@ private:
     ScreenRect m_compactFrame;
     ShelfEdge m_edge = ShelfEdge::Top;
     QMarginsF m_margins;
-    ScreenRect m_outline;
-    double m_cornerRadius = 0;
 };
 
 } // namespace perchly

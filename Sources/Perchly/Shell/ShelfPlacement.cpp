@@ -8,13 +8,6 @@
 
 namespace perchly {
 
-namespace {
-
-constexpr double compactRadius = 17;
-constexpr double expandedRadius = 28;
-
-} // namespace
-
 DisplayGeometry AppDelegate::geometryOf(const Display &display) {
     return {.frame = display.frame,
             .visibleFrame = display.visibleFrame,
@@ -65,21 +58,13 @@ ScreenRect AppDelegate::shelfFrame(ShelfSize size) const {
 
 void AppDelegate::placePanel(ShelfSize size) {
     if (shelfScreen()) {
-        setPanelFrame(shelfFrame(size), shelfFrame(ShelfSize::Compact), size);
+        setPanelFrame(shelfFrame(size), shelfFrame(ShelfSize::Compact));
     }
 }
 
-void AppDelegate::setPanelFrame(const ScreenRect &frame, const ScreenRect &compactFrame,
-                                ShelfSize size) {
+void AppDelegate::setPanelFrame(const ScreenRect &frame, const ScreenRect &compactFrame) {
     if (m_panel) {
         m_panel->setFrame(frame, compactFrame, m_model.dockEdge());
-        setPanelOutline(frame, size);
-    }
-}
-
-void AppDelegate::setPanelOutline(const ScreenRect &frame, ShelfSize size) {
-    if (m_panel) {
-        m_panel->setOutline(frame, size == ShelfSize::Expanded ? expandedRadius : compactRadius);
     }
 }
 

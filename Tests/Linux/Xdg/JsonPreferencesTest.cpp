@@ -404,7 +404,5 @@ void JsonPreferencesTest::sweepsLeftoversOnly() {
                                    QStringLiteral("preferences.json.tmp-of-the-person")}));
 }
 
-Q_DECLARE_METATYPE(perchly::PreferenceValue)
-
 QTEST_GUILESS_MAIN(JsonPreferencesTest)
 #include "JsonPreferencesTest.moc"

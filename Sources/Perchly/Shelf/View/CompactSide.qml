@@ -27,7 +27,6 @@ Item {
             width: 20
 
             Label {
-                Accessible.ignored: true
                 anchors.centerIn: parent
                 // The space after the last letter is not part of the word.
                 anchors.verticalCenterOffset: root.edge === "left" ? 0.75 : -0.75

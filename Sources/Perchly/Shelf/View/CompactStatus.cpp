@@ -43,37 +43,20 @@ void CompactStatus::refresh() {
     if (shelf == nullptr || workspace == nullptr) {
         return;
     }
-    assign(m_time,
-           QStringLiteral("%1:%2")
-               .arg(shelf->seconds() / 60, 2, 10, QLatin1Char('0'))
-               .arg(shelf->seconds() % 60, 2, 10, QLatin1Char('0')),
-           &CompactStatus::timeChanged);
-
-    if (!workspace->busyShortcut().isNull()) {
-        show(QStringLiteral("bolt.fill"), QStringLiteral("Running"), workspace->busyShortcut());
-    } else if (shelf->running()) {
-        show(QStringLiteral("timer"), m_time, QStringLiteral("Focus"));
-    } else if (shelf->musicActive()) {
-        const bool playing = shelf->playing();
-        show(playing ? QStringLiteral("waveform") : QStringLiteral("pause.fill"),
-             playing ? QStringLiteral("Playing") : QStringLiteral("Paused"), shelf->musicTitle());
-    } else if (const auto held = workspace->held().size(); held > 0) {
-        show(QStringLiteral("tray.fill"), QStringLiteral("%1 held").arg(held),
-             QStringLiteral("File shelf"));
-    } else {
-        const QString complete = QStringLiteral("Focus complete");
-        const bool done = shelf->activity() == complete;
-        show(QStringLiteral("square.stack.3d.up.fill"),
-             done ? QStringLiteral("Done") : QStringLiteral("Ready"),
-             done ? complete : QStringLiteral("Perchly"));
-    }
-}
-
-void CompactStatus::show(const QString &symbol, const QString &status, const QString &title) {
-    assign(m_symbol, symbol, &CompactStatus::symbolChanged);
-    assign(m_status, status, &CompactStatus::statusChanged);
-    assign(m_title, title, &CompactStatus::titleChanged);
-    assign(m_sentence, title + QStringLiteral(" · ") + status, &CompactStatus::sentenceChanged);
+    assign(m_time, minutesAndSeconds(shelf->seconds()), &CompactStatus::timeChanged);
+    const CompactLook look = compactLook({.busyShortcut = workspace->busyShortcut(),
+                                          .timerRuns = shelf->running(),
+                                          .seconds = shelf->seconds(),
+                                          .musicActive = shelf->musicActive(),
+                                          .playing = shelf->playing(),
+                                          .musicTitle = shelf->musicTitle(),
+                                          .held = workspace->held().size(),
+                                          .activity = shelf->activity()});
+    assign(m_look.symbol, look.symbol, &CompactStatus::symbolChanged);
+    assign(m_look.status, look.status, &CompactStatus::statusChanged);
+    assign(m_look.title, look.title, &CompactStatus::titleChanged);
+    assign(m_sentence, look.title + QStringLiteral(" · ") + look.status,
+           &CompactStatus::sentenceChanged);
 }
 
 void CompactStatus::assign(QString &field, const QString &value, void (CompactStatus::*changed)()) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CompactLook.h"
 #include "Productivity.h"
 #include "ShelfModel.h"
 
@@ -35,9 +36,9 @@ public:
 
     /// The focus timer's remaining minutes and seconds, "05:09".
     [[nodiscard]] QString time() const { return m_time; }
-    [[nodiscard]] QString symbol() const { return m_symbol; }
-    [[nodiscard]] QString status() const { return m_status; }
-    [[nodiscard]] QString title() const { return m_title; }
+    [[nodiscard]] QString symbol() const { return m_look.symbol; }
+    [[nodiscard]] QString status() const { return m_look.status; }
+    [[nodiscard]] QString title() const { return m_look.title; }
     /// Title and status in one line, for tooltips and assistive programs.
     [[nodiscard]] QString sentence() const { return m_sentence; }
 
@@ -52,15 +53,12 @@ Q_SIGNALS:
 
 private:
     void refresh();
-    void show(const QString &symbol, const QString &status, const QString &title);
     void assign(QString &field, const QString &value, void (CompactStatus::*changed)());
 
     QPointer<ShelfModel> m_model;
     QPointer<Productivity> m_productivity;
     QString m_time;
-    QString m_symbol;
-    QString m_status;
-    QString m_title;
+    CompactLook m_look;
     QString m_sentence;
 };
 

@@ -25,7 +25,6 @@ Item {
         size: 13
     }
     Label {
-        Accessible.ignored: true
         anchors.left: symbol.right
         anchors.leftMargin: 8
         anchors.verticalCenter: parent.verticalCenter

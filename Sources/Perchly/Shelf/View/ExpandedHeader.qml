@@ -26,7 +26,6 @@ Item {
     Label {
         id: brand
 
-        Accessible.ignored: true
         anchors.left: symbol.right
         anchors.leftMargin: 10
         anchors.verticalCenter: parent.verticalCenter

@@ -22,6 +22,8 @@ Item {
         width: 5
     }
     Label {
+        Accessible.name: text
+        Accessible.role: Accessible.StaticText
         anchors.left: dot.right
         anchors.leftMargin: 8
         anchors.right: quit.left

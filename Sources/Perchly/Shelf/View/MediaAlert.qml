@@ -90,7 +90,6 @@ Item {
                 radius: 8
             }
             Label {
-                Accessible.ignored: true
                 anchors.centerIn: parent
                 color: "black"
                 font.pixelSize: 12

@@ -11,6 +11,8 @@ Item {
     implicitHeight: 16
 
     Label {
+        Accessible.name: text
+        Accessible.role: Accessible.StaticText
         anchors.left: parent.left
         anchors.verticalCenter: parent.verticalCenter
         color: Theme.grey

@@ -45,7 +45,7 @@ FocusScope {
 
     function reveal() {
         sideReveal.jumpTo(0);
-        if (root.expanded && root.onSide) {
+        if (root.expanded && root.edge !== "top") {
             sideReveal.target = 1;
         }
     }
@@ -55,7 +55,7 @@ FocusScope {
     Component.onCompleted: {
         root.model.setLeftTitle(root.preferences.savedLeft);
         root.model.setRightTitle(root.preferences.savedRight);
-        sideReveal.jumpTo(root.expanded && root.onSide ? 1 : 0);
+        sideReveal.jumpTo(root.expanded && root.edge !== "top" ? 1 : 0);
     }
     onEdgeChanged: {
         root.reveal();

@@ -25,7 +25,6 @@ Item {
     Label {
         id: word
 
-        Accessible.ignored: true
         color: root.color
         font.pixelSize: root.size
         font.weight: root.weight

@@ -56,6 +56,8 @@ Item {
             }
         }
         Label {
+            Accessible.name: text
+            Accessible.role: Accessible.StaticText
             anchors.verticalCenter: parent.verticalCenter
             color: Theme.mint
             text: root.productivity.held.length + " held"

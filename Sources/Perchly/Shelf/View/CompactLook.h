@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+
+namespace perchly {
+
+/// What may go on, of which the collapsed shelf shows the most important.
+struct CompactFacts {
+    QString busyShortcut = {}; ///< null while no shortcut runs
+    bool timerRuns = false;
+    int seconds = 0; ///< left on the focus timer
+    bool musicActive = false;
+    bool playing = false;
+    QString musicTitle = {};
+    qsizetype held = 0;
+    QString activity = {};
+};
+
+/// A symbol's name, a status word and a title.
+struct CompactLook {
+    QString symbol;
+    QString status;
+    QString title;
+
+    bool operator==(const CompactLook &) const = default;
+};
+
+/// The first that applies: a running shortcut, the focus timer, media, held files, nothing.
+[[nodiscard]] CompactLook compactLook(const CompactFacts &facts);
+
+/// "02:05"; minutes go on past 59.
+[[nodiscard]] QString minutesAndSeconds(int seconds);
+
+} // namespace perchly

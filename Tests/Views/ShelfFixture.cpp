@@ -1,0 +1,138 @@
+#include "ShelfFixture.h"
+
+#include <QAccessible>
+#include <QAccessibleActionInterface>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QGuiApplication>
+#include <QMetaEnum>
+#include <QMimeData>
+#include <QQuickWindow>
+
+#include <functional>
+
+namespace perchly {
+
+namespace {
+
+void visit(QAccessibleInterface *thing, const std::function<void(QAccessibleInterface &)> &see) {
+    if (thing == nullptr || thing->state().invisible) {
+        return;
+    }
+    see(*thing);
+    for (int child = 0; child < thing->childCount(); ++child) {
+        visit(thing->child(child), see);
+    }
+}
+
+} // namespace
+
+ShelfFixture::ShelfFixture(QObject *parent)
+    : QObject(parent)
+    , m_model(m_fakes.clock, m_fakes.preferences, m_fakes.alertSound)
+    , m_preferences(m_fakes.preferences)
+    , m_library(m_fakes.preferences) {}
+
+void ShelfFixture::dock(const QString &edge, double notchWidth) {
+    const ShelfEdge parsed = shelfEdgeFromName(edge).value_or(ShelfEdge::Top);
+    const bool top = parsed == ShelfEdge::Top;
+    m_model.setDockEdge(parsed);
+    m_model.setHardwareNotchWidth(notchWidth);
+    m_model.setCompactWidth(!top ? 34 : notchWidth > 0 ? notchWidth + 280 : 290);
+    m_model.setCompactHeight(top ? 34 : 120);
+}
+
+void ShelfFixture::prefer(const QString &key, const QVariant &value) {
+    switch (value.typeId()) {
+    case QMetaType::Bool:
+        m_fakes.preferences.setValue(key, value.toBool());
+        break;
+    case QMetaType::QString:
+        m_fakes.preferences.setValue(key, value.toString());
+        break;
+    default:
+        m_fakes.preferences.setValue(key, value.toDouble());
+    }
+}
+
+void ShelfFixture::reduceMotion(bool reduce) {
+    m_fakes.motion.reduced = reduce;
+    Q_EMIT m_fakes.motion.changed();
+}
+
+void ShelfFixture::play(const QString &title) {
+    m_model.setMusicTitle(title);
+    m_model.setPlaying(true);
+    m_model.setMusicActive(true);
+}
+
+void ShelfFixture::advance(int seconds) {
+    m_fakes.clock.advance(std::chrono::seconds(seconds));
+}
+
+QStringList ShelfFixture::takeCalls() {
+    return std::exchange(m_shell.calls, {});
+}
+
+QStringList ShelfFixture::accessibleWithin(QQuickItem *item) {
+    QStringList found;
+    visit(QAccessible::queryAccessibleInterface(item->window()), [&](QAccessibleInterface &thing) {
+        const QString name = thing.text(QAccessible::Name);
+        if (name.isEmpty() || thing.role() == QAccessible::Window) {
+            return;
+        }
+        const QString role =
+            QString::fromLatin1(QMetaEnum::fromType<QAccessible::Role>().valueToKey(thing.role()));
+        found.append(role + QStringLiteral(": ") + name);
+    });
+    return found;
+}
+
+bool ShelfFixture::pressAccessible(QQuickItem *within, const QString &name) {
+    QAccessibleActionInterface *found = nullptr;
+    visit(QAccessible::queryAccessibleInterface(within->window()),
+          [&](QAccessibleInterface &thing) {
+              if (thing.text(QAccessible::Name) == name) {
+                  found = thing.actionInterface();
+              }
+          });
+    if (found == nullptr) {
+        return false;
+    }
+    found->doAction(QAccessibleActionInterface::pressAction());
+    return true;
+}
+
+bool ShelfFixture::drop(QQuickItem *item, double x, double y, const QList<QUrl> &urls) {
+    QMimeData data;
+    if (urls.isEmpty()) {
+        data.setText(QStringLiteral("no link"));
+    } else {
+        data.setUrls(urls);
+    }
+    const QPointF at = item->mapToScene(QPointF(x, y));
+    QDragEnterEvent enter(at.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(item->window(), &enter);
+    if (!enter.isAccepted()) {
+        QDragLeaveEvent leave;
+        QCoreApplication::sendEvent(item->window(), &leave);
+        return false;
+    }
+    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(item->window(), &drop);
+    return drop.isAccepted();
+}
+
+QStringList ShelfFixture::toolTips() {
+    QStringList texts;
+    for (const QWindow *window : QGuiApplication::topLevelWindows()) {
+        if (window->isVisible() && window->type() == Qt::ToolTip) {
+            const bool inside = window->screen()->geometry().contains(window->geometry());
+            texts.append(inside ? window->property("text").toString()
+                                : QStringLiteral("outside the display"));
+        }
+    }
+    return texts;
+}
+
+} // namespace perchly

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "FakeHosts.h"
+#include "Productivity.h"
+#include "ShelfExtras.h"
+#include "ShelfLibrary.h"
+#include "ShelfModel.h"
+#include "ShelfPreferences.h"
+#include "ShellActions.h"
+
+#include <QQuickItem>
+#include <QtQml/qqmlregistration.h>
+
+namespace perchly {
+
+/// Writes down what the view asks of the shell.
+class RecordingShell : public ShellActions {
+public:
+    void showShelf() override { calls.append(QStringLiteral("showShelf")); }
+    void showSettings() override { calls.append(QStringLiteral("showSettings")); }
+    void showTools() override { calls.append(QStringLiteral("showTools")); }
+    void showMixer() override { calls.append(QStringLiteral("showMixer")); }
+    void showSearch() override { calls.append(QStringLiteral("showSearch")); }
+    void terminate() override { calls.append(QStringLiteral("terminate")); }
+    void toggleKeyboardOpen() override { calls.append(QStringLiteral("toggleKeyboardOpen")); }
+    void resize() override { calls.append(QStringLiteral("resize")); }
+    void handlePressed() override { calls.append(QStringLiteral("pressed")); }
+    void handleMoved() override { calls.append(QStringLiteral("moved")); }
+    void handleReleased() override { calls.append(QStringLiteral("released")); }
+    void handleCanceled() override { calls.append(QStringLiteral("canceled")); }
+
+    QStringList calls;
+};
+
+/// The stores that a shelf's view is given, over fake hosts, with what a test needs to drive them.
+class ShelfFixture : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(perchly::ShelfModel *model READ model CONSTANT FINAL)
+    Q_PROPERTY(perchly::ShelfPreferences *preferences READ preferences CONSTANT FINAL)
+    Q_PROPERTY(perchly::ShelfLibrary *library READ library CONSTANT FINAL)
+    Q_PROPERTY(perchly::Productivity *productivity READ productivity CONSTANT FINAL)
+    Q_PROPERTY(perchly::ShelfExtras *extras READ extras CONSTANT FINAL)
+    Q_PROPERTY(perchly::ShellActions *shell READ shell CONSTANT FINAL)
+    Q_PROPERTY(perchly::Motion *motion READ motion CONSTANT FINAL)
+public:
+    explicit ShelfFixture(QObject *parent = nullptr);
+
+    ShelfModel *model() { return &m_model; }
+    ShelfPreferences *preferences() { return &m_preferences; }
+    ShelfLibrary *library() { return &m_library; }
+    Productivity *productivity() { return &m_productivity; }
+    ShelfExtras *extras() { return &m_extras; }
+    ShellActions *shell() { return &m_shell; }
+    Motion *motion() { return &m_fakes.motion; }
+
+    /// Lays the collapsed shelf out for that edge, as the shell does.
+    Q_INVOKABLE void dock(const QString &edge, double notchWidth);
+    Q_INVOKABLE void setExpanded(bool expanded) { m_model.setExpanded(expanded); }
+    Q_INVOKABLE void prefer(const QString &key, const QVariant &value);
+    Q_INVOKABLE void reduceMotion(bool reduce);
+    Q_INVOKABLE void play(const QString &title);
+    Q_INVOKABLE void advance(int seconds);
+
+    /// What was asked of the shell since the last call.
+    Q_INVOKABLE QStringList takeCalls();
+
+    /// "Button: Search" for every accessible thing in the item's window, in their order.
+    Q_INVOKABLE static QStringList accessibleWithin(QQuickItem *item);
+    /// Presses the accessible thing of that name, as an assistive program does; false without one.
+    Q_INVOKABLE static bool pressAccessible(QQuickItem *within, const QString &name);
+    /// Drops URLs on the item's window at that point of the item; true if they were accepted.
+    Q_INVOKABLE static bool drop(QQuickItem *item, double x, double y, const QList<QUrl> &urls);
+    /// The texts of all tooltips on the screen.
+    Q_INVOKABLE static QStringList toolTips();
+
+private:
+    FakeHosts m_fakes;
+    ShelfModel m_model;
+    ShelfPreferences m_preferences;
+    ShelfLibrary m_library;
+    Productivity m_productivity;
+    ShelfExtras m_extras;
+    RecordingShell m_shell;
+};
+
+} // namespace perchly

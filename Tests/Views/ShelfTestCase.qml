@@ -1,0 +1,77 @@
+import QtQuick
+import QtTest
+import Perchly.Shelf
+import Perchly.Tests
+
+/// A test of the shelf's view in a panel like the shell's. Any warning fails it.
+TestCase {
+    id: root
+
+    readonly property real margin: 26
+    property ShelfFixture fixture: null
+    property ShelfView view: null
+
+    property Component fixtureComponent: Component { ShelfFixture {} }
+    property Component viewComponent: Component { ShelfView {} }
+
+    /// Makes the view collapsed at that edge. `more` are further properties.
+    function open(edge: string, more: var) {
+        root.fixture.dock(edge, 0);
+        const properties = Object.assign({
+            model: root.fixture.model,
+            preferences: root.fixture.preferences,
+            library: root.fixture.library,
+            productivity: root.fixture.productivity,
+            extras: root.fixture.extras,
+            shell: root.fixture.shell,
+            motion: root.fixture.motion,
+            shadowMargin: root.margin
+        }, more ?? {});
+        root.view = root.viewComponent.createObject(root, properties) as ShelfView;
+        verify(root.view !== null);
+        root.fit(root.fixture.model.compactWidth, root.fixture.model.compactHeight);
+        wait(0);
+    }
+
+    /// Gives the panel the room that the shell gives it for a frame of that size.
+    function fit(width: real, height: real) {
+        const side = root.view.edge !== "top";
+        root.view.width = width + (side ? 1 : 2) * root.view.shadowMargin;
+        root.view.height = height + (side ? 2 : 1) * root.view.shadowMargin;
+    }
+
+    /// Opens the shelf as the shell does, and waits for its motion to end.
+    function expand() {
+        const side = root.view.edge !== "top";
+        const scale = root.fixture.preferences.shelfScale;
+        root.fit((side ? 694 : 660) * scale, (side ? 519 : root.fixture.model.compactHeight + 485) * scale);
+        root.fixture.setExpanded(true);
+        root.settle();
+    }
+
+    function settle() {
+        tryCompare(root.view.openness, "running", false);
+        tryCompare(root.view.sideReveal, "running", false);
+        wait(0);
+    }
+
+    function begin() {
+        failOnWarning(/.?/);
+        root.fixture = root.fixtureComponent.createObject(root) as ShelfFixture;
+    }
+
+    function cleanup() {
+        // The stores outlive the view, as in the program.
+        if (root.view !== null) {
+            root.view.destroy();
+        }
+        wait(0);
+        root.fixture.destroy();
+        wait(0);
+    }
+
+    when: windowShown
+    width: 900
+    height: 720
+    visible: true
+}

@@ -1,0 +1,91 @@
+#include "SymbolIcon.h"
+#include "SymbolTable.h"
+#include "Theme.h"
+
+#include <QGlyphRun>
+#include <QImage>
+#include <QRawFont>
+#include <QTest>
+#include <QTextLayout>
+
+namespace perchly {
+
+class SymbolsTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void everySymbolIsOneGlyphOfTheFont_data() {
+        QTest::addColumn<QString>("name");
+        for (const QString &name : SymbolTable::names()) {
+            if (name != QStringLiteral("app.dashed")) {
+                QTest::newRow(qPrintable(name)) << name;
+            }
+        }
+    }
+
+    /// A name that the font does not know would be drawn as several letters or as another font's.
+    void everySymbolIsOneGlyphOfTheFont() {
+        QFETCH(QString, name);
+        QFont font(SymbolTable::family());
+        font.setPixelSize(20);
+        QTextLayout layout(SymbolTable::glyphText(name), font);
+        layout.beginLayout();
+        layout.createLine();
+        layout.endLayout();
+        QCOMPARE(layout.glyphRuns().size(), 1);
+        const QGlyphRun run = layout.glyphRuns().constFirst();
+        QCOMPARE(run.glyphIndexes().size(), 1);
+        QVERIFY(run.glyphIndexes().constFirst() != 0);
+        QCOMPARE(run.rawFont().familyName(), SymbolTable::family());
+    }
+
+    void everySymbolMakesAnIconThatIsThere_data() {
+        QTest::addColumn<QString>("name");
+        for (const QString &name : SymbolTable::names()) {
+            QTest::newRow(qPrintable(name)) << name;
+        }
+    }
+
+    void everySymbolMakesAnIconThatIsThere() {
+        QFETCH(QString, name);
+        const QIcon icon = symbolIcon(name, QColor(Qt::green));
+        for (const int side : {16, 22, 64}) {
+            const QImage image = icon.pixmap(side, side).toImage();
+            QCOMPARE(image.size(), QSize(side, side));
+            int inked = 0;
+            for (int y = 0; y < side; ++y) {
+                for (int x = 0; x < side; ++x) {
+                    const QColor pixel = image.pixelColor(x, y);
+                    inked += pixel.alpha() > 127 ? 1 : 0;
+                    const bool rim = x == 0 || y == 0 || x == side - 1 || y == side - 1;
+                    QVERIFY2(!rim || pixel.alpha() == 0, "the symbol is cut off");
+                }
+            }
+            QVERIFY2(inked > side * side / 50, "the symbol is hardly visible");
+        }
+    }
+
+    void anUnknownNameIsReportedAndDrawsNothing() {
+        QTest::ignoreMessage(QtWarningMsg, "There is no symbol named \"no.such.symbol\"");
+        QVERIFY(SymbolTable::glyphText(QStringLiteral("no.such.symbol")).isEmpty());
+        QTest::ignoreMessage(QtWarningMsg, "There is no symbol named \"no.such.symbol\"");
+        QVERIFY(symbolIcon(QStringLiteral("no.such.symbol")).isNull());
+    }
+
+    void unknownThemesAndAccentsAreTheDefaults() {
+        QCOMPARE(Theme::accentColor(QStringLiteral("mauve")), Theme::mint());
+        QCOMPARE(Theme::accentColor(QStringLiteral("Orange")), Theme::orange());
+        QCOMPARE(Theme::accentColor(QStringLiteral("Purple")), Theme::purple());
+        QCOMPARE(Theme::accentColor(QStringLiteral("Blue")), Theme::blue());
+        const QColor midnight = Theme::backgroundColor(QStringLiteral("Midnight"));
+        QCOMPARE(Theme::backgroundColor(QStringLiteral("")), midnight);
+        QCOMPARE(midnight.rgb(), qRgb(6, 7, 8));
+        QCOMPARE(Theme::backgroundColor(QStringLiteral("Graphite")).rgb(), qRgb(36, 36, 36));
+        QCOMPARE(Theme::backgroundColor(QStringLiteral("Ocean")).rgb(), qRgb(5, 20, 36));
+    }
+};
+
+} // namespace perchly
+
+QTEST_MAIN(perchly::SymbolsTest)
+
+#include "SymbolsTest.moc"

@@ -1,0 +1,21 @@
+#include <QAccessible>
+#include <QQmlEngine>
+#include <QQuickWindow>
+#include <QtQuickTest>
+
+/// Prepares the engine that each of the QML files beside this one is run in.
+class Setup : public QObject {
+    Q_OBJECT
+public Q_SLOTS:
+    void applicationAvailable() {
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+        QAccessible::setActive(true);
+    }
+    void qmlEngineAvailable(QQmlEngine *engine) {
+        engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
+    }
+};
+
+QUICK_TEST_MAIN_WITH_SETUP(views, Setup)
+
+#include "ViewTests.moc"

@@ -1,0 +1,187 @@
+import QtQuick
+import Perchly.Look
+
+ShelfTestCase {
+    id: root
+
+    function init() {
+        root.begin();
+        root.fixture.reduceMotion(true);
+    }
+
+    function button(name: string): string {
+        return "Button: " + name;
+    }
+
+    function test_collapsedItIsOneButtonThatSaysWhatGoesOn_data() {
+        return [{ tag: "top" }, { tag: "left" }, { tag: "right" }];
+    }
+
+    function test_collapsedItIsOneButtonThatSaysWhatGoesOn(data) {
+        root.open(data.tag);
+        compare(root.fixture.accessibleWithin(root.view), [root.button("Perchly · Ready")]);
+        root.fixture.play("A title that is a good deal longer than the pill is wide");
+        compare(root.view.status.symbol, "waveform");
+        compare(root.fixture.accessibleWithin(root.view),
+                [root.button("A title that is a good deal longer than the pill is wide · Playing")]);
+        verify(root.fixture.pressAccessible(root.view, root.view.status.sentence));
+        compare(root.fixture.takeCalls(), ["toggleKeyboardOpen"]);
+    }
+
+    function test_openItTellsEveryButton() {
+        root.open("left");
+        root.fixture.productivity.hold(["file:///tmp/a", "https://example.org"]);
+        root.expand();
+        compare(root.fixture.accessibleWithin(root.view).join("\n"), [
+            "StaticText: YOUR SHELF",
+            root.button("Settings"), root.button("Search"), root.button("Capture"),
+            root.button("Mixer"), root.button("Workspace"), root.button("Focus"),
+            "StaticText: 2 held", "StaticText: Checking battery…", root.button("Quit"),
+            root.button("Drag this edge to detach and reposition the shelf"),
+            root.button("File shelf · 2 held")
+        ].join("\n"));
+    }
+
+    function test_buttonsAskTheShell_data() {
+        return [
+            { tag: "Settings", calls: ["showSettings"] },
+            { tag: "Mixer", calls: ["showMixer"] },
+            { tag: "Workspace", calls: ["showTools"] },
+            { tag: "Search", calls: ["showTools"] },
+            { tag: "Capture", calls: [] },
+            { tag: "Quit", calls: ["terminate"] }
+        ];
+    }
+
+    function test_buttonsAskTheShell(data) {
+        root.open("top");
+        root.fixture.extras.section = "Meetings";
+        root.expand();
+        verify(root.fixture.pressAccessible(root.view, data.tag));
+        compare(root.fixture.takeCalls(), data.calls);
+        compare(root.fixture.extras.section, data.tag === "Search" ? "Search" : "Meetings");
+    }
+
+    function test_focusStartsAQuietSessionAndEndsIt() {
+        root.open("top");
+        root.expand();
+        verify(root.fixture.pressAccessible(root.view, "Focus"));
+        verify(root.fixture.model.quietFocus);
+        compare(root.fixture.model.seconds, 1500);
+        verify(root.fixture.accessibleWithin(root.view).indexOf(root.button("Settings")) < 0);
+        verify(Qt.colorEqual(root.view.statusColor, Theme.orange));
+        root.fixture.advance(63);
+        compare(root.view.status.status, "23:57");
+        verify(root.fixture.pressAccessible(root.view, "End focus"));
+        verify(!root.fixture.model.quietFocus);
+        compare(root.fixture.model.seconds, 0);
+        verify(Qt.colorEqual(root.view.statusColor, root.view.accentColor));
+    }
+
+    function test_theKeyboardReachesAndPressesButtons() {
+        root.open("top");
+        root.expand();
+        root.view.forceActiveFocus();
+        const pressed = [];
+        for (let step = 0; step < 7; ++step) {
+            keyClick(Qt.Key_Tab);
+            keyClick(step % 2 ? Qt.Key_Return : Qt.Key_Space);
+            pressed.push(...root.fixture.takeCalls());
+        }
+        compare(pressed, ["showSettings", "showTools", "showMixer", "showTools", "terminate", "toggleKeyboardOpen"]);
+    }
+
+    function test_aDragOutlivesTheOpenShelf_data() {
+        return [
+            { tag: "by the header", edge: "top", x: 100, y: 15 },
+            { tag: "by the header at a side", edge: "left", x: 300, y: 85 },
+            { tag: "by the edge", edge: "right", x: 26 + 680, y: 300 }
+        ];
+    }
+
+    function test_aDragOutlivesTheOpenShelf(data) {
+        root.open(data.edge);
+        root.expand();
+        mousePress(root.view, data.x, data.y);
+        mouseMove(root.view, data.x + 9, data.y);
+        compare(root.fixture.takeCalls(), ["pressed", "moved"]);
+        root.fixture.setExpanded(false);
+        root.fit(root.fixture.model.compactWidth, root.fixture.model.compactHeight);
+        root.settle();
+        mouseMove(root.view, data.x + 200, data.y + 50);
+        root.fixture.dock(data.edge === "top" ? "left" : "top", 0);
+        mouseMove(root.view, data.x + 210, data.y + 50);
+        compare(root.fixture.takeCalls(), ["moved", "moved"]);
+        mouseRelease(root.view, data.x + 210, data.y + 50);
+        compare(root.fixture.takeCalls(), ["released"]);
+    }
+
+    function test_pinsAreRestored_data() {
+        return [
+            { tag: "nothing stored", left: "Clock", right: "Focus timer" },
+            { tag: "stored titles", storedLeft: "Quick note", storedRight: "Quick note", left: "Quick note", right: "Quick note" },
+            { tag: "texts that are no titles", storedLeft: "clock", storedRight: "Weather", left: "Clock", right: "Focus timer" }
+        ];
+    }
+
+    function test_pinsAreRestored(data) {
+        if (data.storedLeft) {
+            root.fixture.prefer("leftWidget", data.storedLeft);
+            root.fixture.prefer("rightWidget", data.storedRight);
+        }
+        root.open("top");
+        compare(root.fixture.model.left, data.left);
+        compare(root.fixture.model.right, data.right);
+    }
+
+    function test_aMediaErrorStandsUntilItIsDismissed() {
+        root.open("top");
+        root.fixture.model.controlError = "The player did not answer.";
+        verify(root.fixture.accessibleWithin(root.view).indexOf("AlertMessage: Media controls unavailable") < 0);
+        root.expand();
+        verify(root.fixture.accessibleWithin(root.view).indexOf("AlertMessage: Media controls unavailable") >= 0);
+        // It covers the buttons below it.
+        mouseClick(root.view, 26 + 20 + 20, 365);
+        compare(root.fixture.takeCalls(), []);
+        verify(root.fixture.pressAccessible(root.view, "OK"));
+        compare(root.fixture.model.controlError, "");
+        verify(root.fixture.accessibleWithin(root.view).indexOf("Button: OK") < 0);
+        mouseClick(root.view, 26 + 20 + 20, 365);
+        compare(root.fixture.takeCalls(), ["showTools"]);
+    }
+
+    function test_filesAndLinksCanBeDroppedAnywhere_data() {
+        return [{ tag: "on the pill", expanded: false }, { tag: "on the open shelf", expanded: true }];
+    }
+
+    function test_filesAndLinksCanBeDroppedAnywhere(data) {
+        root.open("top");
+        if (data.expanded) {
+            root.expand();
+        }
+        verify(!root.fixture.drop(root.view, 100, 10, []));
+        verify(root.fixture.drop(root.view, 100, data.expanded ? 300 : 10, ["file:///tmp/a%20b", "https://example.org/"]));
+        compare(root.fixture.productivity.held.length, 2);
+        compare(root.view.status.sentence, "File shelf · 2 held");
+    }
+
+    function test_tooltipsComeAfterARest() {
+        root.open("top");
+        mouseMove(root.view, 100, 15);
+        wait(300);
+        compare(root.fixture.toolTips(), []);
+        tryVerify(() => root.fixture.toolTips().length > 0, 2000);
+        compare(root.fixture.toolTips(), ["Perchly · Ready"]);
+        mouseMove(root.view, 100, 400);
+        tryVerify(() => root.fixture.toolTips().length === 0);
+        root.expand();
+        mouseMove(root.view, 100, 15);
+        tryVerify(() => root.fixture.toolTips().length > 0, 2000);
+        compare(root.fixture.toolTips(), ["Click to open · Drag to the top, left, or right edge"]);
+        mousePress(root.view, 100, 15);
+        compare(root.fixture.toolTips(), []);
+        mouseRelease(root.view, 100, 15);
+    }
+
+    name: "ShelfContent"
+}
