@@ -74,21 +74,22 @@ class KeyboardTest(SessionCase):
 
     def test_escape_means_the_other_window_unless_the_shelf_has_the_keyboard(self):
         self.start_beside_another_window()
+        third = self.other_window("Third program", (700, 600, 300, 120)).take_focus()
+        self.other.take_focus()
         self.screen.move_to(*self.on_pill())
         self.expect_frame(self.expanded_frame(), "the shelf open by hovering")
         self.screen.key("Escape")
         wait_until(lambda: self.other.typed() == ["Escape"], "Escape typed into the other window")
         self.screen.key(*TOGGLE)
         self.expect_open_with_keyboard()
-        self.screen.click(200, 650)
-        wait_until(self.other.take_focus, "the other window clicked")
-        self.other.typed()
+        self.screen.click(850, 660)
+        wait_until(third.has_focus, "the third window with the keyboard after a click")
         self.screen.key("Escape")
-        wait_until(lambda: self.other.typed() == ["Escape"], "Escape typed into the other window")
+        wait_until(lambda: third.typed() == ["Escape"], "Escape typed into the third window")
         self.keeps_frame(self.expanded_frame(), "the shelf open without the keyboard", 0.5)
         self.screen.key(*TOGGLE)
         self.expect_frame(self.compact_frame(), "the shelf closed")
-        self.assertTrue(self.other.has_focus(), "the keyboard was taken from the window in use")
+        self.assertTrue(third.has_focus(), "the keyboard was taken from the window in use")
 
     def test_a_further_modifier_makes_it_another_chord(self):
         self.start_beside_another_window()
