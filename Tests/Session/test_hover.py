@@ -21,11 +21,9 @@ class HoverTest(SessionCase):
         self.assertEqual(self.program.frame(), self.expanded_frame())
         self.screen.move_by(0, 30)
         left = time.monotonic()
-        self.expect_frame(self.compact_frame(), "the shelf closed again")
+        wait_until(lambda: self.program.outline() == self.compact_frame(), "the shelf closed")
         closed = time.monotonic() - left
-        wait_until(
-            lambda: self.program.panel().rect == self.compact_frame(), "the window small again"
-        )
+        self.expect_frame(self.compact_frame(), "the window small again")
         return closed, time.monotonic() - left
 
     def test_the_pill_hangs_at_the_top_centre_and_takes_no_keyboard(self):

@@ -10,6 +10,7 @@ from .other_programs import OtherWindow
 from .session import Session
 from .waiting import wait_until, wait_while
 
+LARGEST_COMPACT = 290 * 34 * 2
 SANITIZER_REPORTS = ("AddressSanitizer", "ThreadSanitizer", "LeakSanitizer", "runtime error:")
 
 
@@ -58,7 +59,16 @@ class SessionCase(unittest.TestCase):
             raise AssertionError(f"{problem}; the frame is {self.program.frame()}") from None
 
     def keeps_frame(self, frame, what, seconds):
-        wait_while(lambda: self.program.frame() == frame, what, seconds)
+        """Shows that the shelf stays as it is. Its window keeps the open size for a moment when it
+        closes; what takes the pointer does not."""
+        is_open = frame[2] * frame[3] > LARGEST_COMPACT
+
+        def same():
+            outline = self.program.outline()
+            open_now = outline[2] * outline[3] > LARGEST_COMPACT
+            return self.program.frame() == frame and open_now == is_open
+
+        wait_while(same, what, seconds)
 
     def compact_frame(self, edge="top", position=0.5, area=None, visible=None):
         """Where the collapsed shelf hangs on a display."""

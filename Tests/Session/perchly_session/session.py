@@ -33,6 +33,7 @@ BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus
   </policy>
 </busconfig>
 """
+SHADOW = 26
 CHORD_KEYS = ("space", "k")
 CHORD_MODIFIERS = X.ControlMask | X.Mod1Mask
 MENUS = ("_NET_WM_WINDOW_TYPE_TOOLTIP", "_NET_WM_WINDOW_TYPE_POPUP_MENU")
@@ -79,10 +80,23 @@ class Program:
                 return window
         return None
 
-    def frame(self):
-        """The shelf's frame without its shadow, as (x, y, width, height), or None."""
+    def outline(self):
+        """What of the shelf takes the pointer, as (x, y, width, height), or None."""
         panel = self.panel()
         return self._session.screen.input_frame(panel) if panel else None
+
+    def frame(self):
+        """The shelf's window without its shadow, as (x, y, width, height), or None."""
+        panel = self.panel()
+        if not panel or not self._session.screen.has_compositor():
+            return panel.rect if panel else None
+        # There is no shadow on the side that touches the edge of the display.
+        x, y, width, height = panel.rect
+        outline = self._session.screen.input_frame(panel)
+        left = 0 if outline[0] == x else SHADOW
+        top = 0 if outline[1] == y else SHADOW
+        right = 0 if outline[0] + outline[2] == x + width else SHADOW
+        return x + left, y + top, width - left - right, height - top - SHADOW
 
     def accessibility(self):
         return Accessibility(self._session.bus_address, self.pid)
