@@ -22,7 +22,8 @@ public:
     virtual void attach(QWindow *panel) = 0;
 
     /// Moves the panel to the frame at once. The window is larger than the frame by the margins,
-    /// which hold its shadow.
+    /// which hold its shadow. A shape that was set is forgotten when the size changes: set the one
+    /// that belongs to the new size right afterwards.
     virtual void place(const ScreenRect &frame, const QMarginsF &margins) = 0;
 
     /// Shows the panel above the other windows without taking the keyboard.

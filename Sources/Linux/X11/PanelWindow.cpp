@@ -39,6 +39,10 @@ void setShape(xcb_window_t window, xcb_shape_sk_t kind, const QList<xcb_rectangl
                          rectangles.constData());
 }
 
+void removeShape(xcb_window_t panel, xcb_shape_sk_t kind) {
+    xcb_shape_mask(toolkitConnection(), XCB_SHAPE_SO_SET, kind, panel, 0, 0, XCB_PIXMAP_NONE);
+}
+
 } // namespace
 
 void preparePanel(QWindow &panel) {
@@ -72,6 +76,13 @@ void describePanel(XcbConnection &connection, xcb_window_t panel) {
     xcb_flush(toolkitConnection());
 }
 
+void unshapePanel(xcb_window_t panel) {
+    if (!toolkitConnection())
+        return;
+    removeShape(panel, XCB_SHAPE_SK_INPUT);
+    removeShape(panel, XCB_SHAPE_SK_BOUNDING);
+}
+
 void shapePanel(xcb_window_t panel, const QRegion &shape, double pixelRatio,
                 Transparency transparency) {
     if (!toolkitConnection())
@@ -81,9 +92,7 @@ void shapePanel(xcb_window_t panel, const QRegion &shape, double pixelRatio,
     if (transparency == Transparency::Missing)
         setShape(panel, XCB_SHAPE_SK_BOUNDING, rectangles);
     else
-        xcb_shape_mask(toolkitConnection(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, panel, 0, 0,
-                       XCB_PIXMAP_NONE);
-    xcb_flush(toolkitConnection());
+        removeShape(panel, XCB_SHAPE_SK_BOUNDING);
 }
 
 } // namespace perchly

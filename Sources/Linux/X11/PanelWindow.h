@@ -22,4 +22,8 @@ enum class Transparency { Available, Missing };
 /// the rest is not shown either.
 void shapePanel(xcb_window_t panel, const QRegion &shape, double pixelRatio, Transparency);
 
+/// The whole window takes the pointer and is shown, until it is shaped again. Sent with what
+/// follows.
+void unshapePanel(xcb_window_t panel);
+
 } // namespace perchly

@@ -55,8 +55,16 @@ void X11PanelHost::place(const ScreenRect &frame, const QMarginsF &margins) {
         return;
     QRect geometry = ScreenSpace::current().toToolkit(frame);
     geometry.setSize(geometry.size().expandedTo(QSize(1, 1))); // the X server knows no empty window
-    m_panel->setGeometry(geometry.marginsAdded(rounded(margins)));
-    flushToolkit();
+    geometry = geometry.marginsAdded(rounded(margins));
+    if (geometry == m_panel->geometry())
+        return;
+    // The toolkit sends the new place at once. Until its shape follows, the whole window takes the
+    // pointer: a press that fell through the old shape in the new place would be lost.
+    if (geometry.size() != m_panel->size()) {
+        m_shape.reset();
+        unshapePanel(panelId());
+    }
+    m_panel->setGeometry(geometry);
 }
 
 void X11PanelHost::orderFront() {
@@ -121,6 +129,7 @@ void X11PanelHost::applyShape() {
         return;
     shapePanel(panelId(), *m_shape, m_panel->devicePixelRatio(),
                isComposited() ? Transparency::Available : Transparency::Missing);
+    flushToolkit();
 }
 
 void X11PanelHost::raise() {

@@ -75,6 +75,9 @@ void ShelfPanel::setFrame(const ScreenRect &frame, const ScreenRect &compactFram
     m_margins = m_host.isComposited() ? shadowMargins(edge) : QMarginsF();
     m_host.place(frame, m_margins);
     if (QQuickItem *root = rootObject()) {
+        // The window's own resize event comes later, and what depends on the size is needed now.
+        root->setSize({frame.width + m_margins.left() + m_margins.right(),
+                       frame.height + m_margins.top() + m_margins.bottom()});
         root->setProperty("composited", m_host.isComposited());
         root->setProperty("shadowMargin", m_host.isComposited() ? shadowMargin : 0);
         root->setProperty("compactRect", inWindow(compactFrame));
