@@ -7,6 +7,7 @@ import signal
 import subprocess
 import sys
 import tempfile
+import time
 from pathlib import Path
 
 from Xlib import X
@@ -61,6 +62,15 @@ class Program:
 
     def running(self):
         return self.process.poll() is None
+
+    def rests(self):
+        """Whether the program waits for events: it sleeps, and uses no time, for a while."""
+        seen = set()
+        for _ in range(6):
+            fields = Path(f"/proc/{self.pid}/stat").read_text().rpartition(")")[2].split()
+            seen.add((fields[0], fields[11], fields[12]))
+            time.sleep(0.02)
+        return len(seen) == 1 and seen.pop()[0] == "S"
 
     def errors(self):
         """What the program has written on its standard streams."""
@@ -185,7 +195,7 @@ class Session:
         shutil.rmtree(self.folder, ignore_errors=True)
 
     def run(self, wait=True):
-        """Starts the program and waits for its shelf and its hot keys."""
+        """Starts the program and waits for its shelf, and until it rests."""
         program = Program(self, len(self.programs))
         self.programs.append(program)
         if wait:
@@ -195,11 +205,7 @@ class Session:
             if not program.running():
                 status = program.process.returncode
                 raise AssertionError(f"it ended at once, status {status}: {program.errors()}")
-            for key in CHORD_KEYS:
-                wait_until(
-                    lambda: self.screen.is_held(key, CHORD_MODIFIERS),
-                    f"the chord with {key} taken",
-                )
+            wait_until(program.rests, "the program done with its start", interval=0)
         return program
 
     def program_environment(self):
