@@ -6,6 +6,8 @@ ShelfTestCase {
 
     function init() {
         root.begin();
+        // Most of these are about where things end, not how they get there.
+        root.fixture.reduceMotion(true);
     }
 
     function test_openShelfLiesAgainstItsEdge_data() {
@@ -66,6 +68,7 @@ ShelfTestCase {
     }
 
     function test_theOutlineMovesWithoutJumps() {
+        root.fixture.reduceMotion(false);
         root.open("top");
         root.fit(660, 519);
         root.fixture.setExpanded(true);
@@ -79,6 +82,7 @@ ShelfTestCase {
     }
 
     function test_sideShelfIsUncoveredAndGoesAtOnce() {
+        root.fixture.reduceMotion(false);
         root.open("left");
         compare(root.view.sideReveal.value, 0);
         root.fit(694, 519);
@@ -98,7 +102,6 @@ ShelfTestCase {
     }
 
     function test_reducedMotionIsShort() {
-        root.fixture.reduceMotion(true);
         root.open("top");
         verify(Theme.reduceMotion);
         root.fit(660, 519);
