@@ -1,5 +1,6 @@
 """A desktop session of its own: X server, window manager, bus, folders, and the program in it."""
 
+import ctypes
 import json
 import os
 import shutil
@@ -34,6 +35,7 @@ BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus
   </policy>
 </busconfig>
 """
+PR_SET_PDEATHSIG = 1
 SHADOW = 26
 CHORD_KEYS = ("space", "k")
 CHORD_MODIFIERS = X.ControlMask | X.Mod1Mask
@@ -54,6 +56,7 @@ class Program:
                 stdin=subprocess.DEVNULL,
                 stdout=errors,
                 stderr=errors,
+                preexec_fn=_die_with_parent,
             )
 
     @property
@@ -340,6 +343,7 @@ class Session:
                 stderr=log,
                 pass_fds=pass_fds,
                 start_new_session=True,
+                preexec_fn=_die_with_parent,
             )
         self._services.append(service)
 
@@ -355,6 +359,11 @@ class Session:
 
     def _log(self):
         return (self.folder / "services.log").read_text(errors="replace")
+
+
+def _die_with_parent():
+    """A test that is killed leaves nothing running."""
+    ctypes.CDLL(None).prctl(PR_SET_PDEATHSIG, signal.SIGKILL)
 
 
 def _end(service):
