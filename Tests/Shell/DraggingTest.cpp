@@ -23,12 +23,13 @@ void drag(ShellFixture &shell, ScreenPoint from, ScreenPoint to) {
 constexpr ScreenPoint onPill{720, 890};
 
 void addNotch(FakeHosts &fake) {
-    fake.displays.displays = {perchly::Display{.name = QStringLiteral("Notched"),
-                                      .frame = {0, 0, 1512, 982},
-                                      .visibleFrame = {0, 0, 1512, 950},
-                                      .safeAreaTop = 32,
-                                      .auxiliaryTopLeftArea = ScreenRect{0, 950, 660, 32},
-                                      .auxiliaryTopRightArea = ScreenRect{852, 950, 660, 32}}};
+    fake.displays.displays = {
+        perchly::Display{.name = QStringLiteral("Notched"),
+                         .frame = {0, 0, 1512, 982},
+                         .visibleFrame = {0, 0, 1512, 950},
+                         .safeAreaTop = 32,
+                         .auxiliaryTopLeftArea = ScreenRect{0, 950, 660, 32},
+                         .auxiliaryTopRightArea = ScreenRect{852, 950, 660, 32}}};
 }
 
 } // namespace
@@ -109,8 +110,8 @@ void DraggingTest::docksWhereItIsLetGo() {
     QFETCH(double, display);
     ShellFixture shell([](FakeHosts &fake) {
         fake.displays.displays.append(perchly::Display{.name = QStringLiteral("Second"),
-                                              .frame = {1440, 0, 800, 600},
-                                              .visibleFrame = {1440, 0, 800, 600}});
+                                                       .frame = {1440, 0, 800, 600},
+                                                       .visibleFrame = {1440, 0, 800, 600}});
     });
     drag(shell, onPill, {point.x(), point.y()});
     shell.delegate->handleReleased();

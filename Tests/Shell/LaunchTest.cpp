@@ -138,8 +138,8 @@ void LaunchTest::fallsBackToTheLastDisplay() {
     QFETCH(double, x);
     ShellFixture shell([stored](FakeHosts &fake) {
         fake.displays.displays.append(perchly::Display{.name = QStringLiteral("Second"),
-                                              .frame = {1440, 0, 800, 600},
-                                              .visibleFrame = {1440, 0, 800, 600}});
+                                                       .frame = {1440, 0, 800, 600},
+                                                       .visibleFrame = {1440, 0, 800, 600}});
         fake.preferences.setNumber(keys::displayIndex, stored);
     });
     QCOMPARE(shell.fake.panel.frame.x, x);

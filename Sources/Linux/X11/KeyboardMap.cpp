@@ -41,7 +41,7 @@ quint32 keysymOf(Qt::Key key) {
 // Rows of a keyboard with Latin letters; keycodes are the same on all of Linux.
 std::optional<quint8> physicalKey(Qt::Key key) {
     struct Row {
-        quint8 first;
+        quint8 first = 0;
         QLatin1StringView keys;
     };
     static constexpr Row rows[] = {{10, QLatin1StringView("1234567890")},

@@ -85,12 +85,14 @@ class Screen:
 
     def click(self, x, y):
         self.move_to(x, y)
+        time.sleep(PRESS_SECONDS)
         self.press()
         self.release()
 
     def drag(self, start, end):
         """Presses at the start, moves to the end as a hand does, and releases there."""
         self.move_to(*start)
+        time.sleep(PRESS_SECONDS)
         self.press()
         distance = max(abs(end[0] - start[0]), abs(end[1] - start[1]))
         self.move_to(*end, step=max(distance / 40, 1), pause=0.01)
@@ -110,6 +112,8 @@ class Screen:
         for code in reversed(codes):
             xtest.fake_input(self.display, X.KeyRelease, code)
         self.display.sync()
+        # A press at the very time of the release would be the keyboard's own repetition.
+        time.sleep(0.02)
 
     def locks(self):
         """The modifier bits that are locked now: X.LockMask for Caps Lock, X.Mod2Mask for Num
@@ -117,7 +121,8 @@ class Screen:
         return self.root.query_pointer().mask & (X.LockMask | X.Mod2Mask)
 
     def is_held(self, key, modifiers):
-        """Whether a program has taken this chord for itself."""
+        """Whether a program has taken this chord for itself. Takes it for a moment to see, so that
+        a program that wants it just then does not get it."""
         code = self.display.keysym_to_keycode(XK.string_to_keysym(key))
         refused = error.CatchError(error.BadAccess)
         self.root.grab_key(

@@ -1,5 +1,6 @@
 """A desktop session of its own: X server, window manager, bus, folders, and the program in it."""
 
+import ctypes
 import json
 import os
 import shutil
@@ -7,6 +8,7 @@ import signal
 import subprocess
 import sys
 import tempfile
+import time
 from pathlib import Path
 
 from Xlib import X
@@ -33,6 +35,7 @@ BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus
   </policy>
 </busconfig>
 """
+PR_SET_PDEATHSIG = 1
 SHADOW = 26
 CHORD_KEYS = ("space", "k")
 CHORD_MODIFIERS = X.ControlMask | X.Mod1Mask
@@ -53,6 +56,7 @@ class Program:
                 stdin=subprocess.DEVNULL,
                 stdout=errors,
                 stderr=errors,
+                preexec_fn=_die_with_parent,
             )
 
     @property
@@ -61,6 +65,15 @@ class Program:
 
     def running(self):
         return self.process.poll() is None
+
+    def rests(self):
+        """Whether the program waits for events: it sleeps, and uses no time, for a while."""
+        seen = set()
+        for _ in range(6):
+            fields = Path(f"/proc/{self.pid}/stat").read_text().rpartition(")")[2].split()
+            seen.add((fields[0], fields[11], fields[12]))
+            time.sleep(0.02)
+        return len(seen) == 1 and seen.pop()[0] == "S"
 
     def errors(self):
         """What the program has written on its standard streams."""
@@ -185,7 +198,7 @@ class Session:
         shutil.rmtree(self.folder, ignore_errors=True)
 
     def run(self, wait=True):
-        """Starts the program and waits for its shelf and its hot keys."""
+        """Starts the program and waits for its shelf, and until it rests."""
         program = Program(self, len(self.programs))
         self.programs.append(program)
         if wait:
@@ -195,11 +208,7 @@ class Session:
             if not program.running():
                 status = program.process.returncode
                 raise AssertionError(f"it ended at once, status {status}: {program.errors()}")
-            for key in CHORD_KEYS:
-                wait_until(
-                    lambda: self.screen.is_held(key, CHORD_MODIFIERS),
-                    f"the chord with {key} taken",
-                )
+            wait_until(program.rests, "the program done with its start", interval=0)
         return program
 
     def program_environment(self):
@@ -334,6 +343,7 @@ class Session:
                 stderr=log,
                 pass_fds=pass_fds,
                 start_new_session=True,
+                preexec_fn=_die_with_parent,
             )
         self._services.append(service)
 
@@ -349,6 +359,11 @@ class Session:
 
     def _log(self):
         return (self.folder / "services.log").read_text(errors="replace")
+
+
+def _die_with_parent():
+    """A test that is killed leaves nothing running."""
+    ctypes.CDLL(None).prctl(PR_SET_PDEATHSIG, signal.SIGKILL)
 
 
 def _end(service):
