@@ -4,6 +4,7 @@
 
 #include <QMarginsF>
 #include <QObject>
+#include <QPointF>
 
 class QRegion;
 class QWindow;
@@ -48,6 +49,10 @@ public:
     /// Whether windows can be transparent here. Without it the panel has no shadow and square
     /// paint.
     [[nodiscard]] virtual bool isComposited() const = 0;
+
+    /// Where a place on the screen is that the toolkit names (its points, y down): the place of a
+    /// pointer event in the panel.
+    [[nodiscard]] virtual ScreenPoint toScreen(QPointF point) const = 0;
 
 Q_SIGNALS:
     void compositedChanged();

@@ -68,6 +68,14 @@ class DockingTest(SessionCase):
         self.expect_stored(shelfEdge="top", shelfEdgePosition=0.25, displayIndex=0)
         self.expect_frame(self.compact_frame("top", 0.25), "the pill at the top edge")
 
+    def test_a_hasty_drag_counts_where_it_began_and_ended(self):
+        self.start({"openOnHover": False})
+        self.screen.hasty_drag((600, 20), (1275, 320), beyond=(700, 700))
+        self.expect_stored(shelfEdge="right", shelfEdgePosition=along_side(320))
+        self.expect_frame(
+            self.compact_frame("right", along_side(320)), "the strip at the right edge"
+        )
+
     def test_on_a_side_edge_it_opens_flush_with_the_edge(self):
         for edge in ("left", "right"):
             with self.subTest(edge=edge):

@@ -91,6 +91,17 @@ class KeyboardTest(SessionCase):
         self.expect_frame(self.compact_frame(), "the shelf closed")
         self.assertTrue(third.has_focus(), "the keyboard was taken from the window in use")
 
+    def test_a_click_takes_the_keyboard_back_to_the_window_that_had_it(self):
+        self.start_beside_another_window()
+        self.screen.key(*TOGGLE)
+        self.expect_open_with_keyboard()
+        self.screen.click(200, 660)
+        wait_until(self.other.has_focus, "the keyboard in the window that was clicked")
+        self.other.typed()
+        self.screen.key("Escape")
+        wait_until(lambda: self.other.typed() == ["Escape"], "Escape typed into that window")
+        self.keeps_frame(self.expanded_frame(), "the shelf open without the keyboard", 0.5)
+
     def test_a_further_modifier_makes_it_another_chord(self):
         self.start_beside_another_window()
         self.screen.key("Shift_L", *TOGGLE)

@@ -58,6 +58,7 @@ public:
     bool hasKeyboard() const override { return keyboard; }
     void activate(QWindow *window) override { activated.append(window); }
     bool isComposited() const override { return true; }
+    ScreenPoint toScreen(QPointF point) const override { return {point.x(), 900 - point.y()}; }
 
     ScreenRect frame;
     QRegion shape;

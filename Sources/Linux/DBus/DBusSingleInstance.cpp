@@ -3,6 +3,7 @@
 #include "ApplicationAdaptor.h"
 
 #include <QDBusMessage>
+#include <QElapsedTimer>
 
 #include <cstdio>
 
@@ -80,13 +81,14 @@ bool DBusSingleInstance::activateOther() {
         QStringLiteral("Activate"));
     call << QVariantMap();
     call.setAutoStartService(false);
+    QElapsedTimer waited;
+    waited.start();
     const QDBusMessage reply = m_bus->call(call, QDBus::Block, instanceTimeout);
     if (reply.type() == QDBusMessage::ReplyMessage) {
         return true;
     }
-    const QString error = reply.errorName();
-    if (error == QStringLiteral("org.freedesktop.DBus.Error.NameHasNoOwner") ||
-        error == QStringLiteral("org.freedesktop.DBus.Error.ServiceUnknown")) {
+    // An error before the time is up means that it was just ending: its name can be had now.
+    if (!waited.hasExpired(instanceTimeout - 100)) {
         return false;
     }
     std::fprintf(stderr, "perchly: another instance is running, but it does not answer: %s\n",

@@ -70,6 +70,9 @@ public:
     [[nodiscard]] bool hasKeyboard() const override { return false; }
     void activate(QWindow *window) override;
     [[nodiscard]] bool isComposited() const override { return false; }
+    [[nodiscard]] ScreenPoint toScreen(QPointF point) const override {
+        return {point.x(), -point.y()};
+    }
 
 private:
     QPointer<QWindow> m_panel;

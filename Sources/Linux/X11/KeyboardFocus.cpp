@@ -22,8 +22,12 @@ KeyboardFocus::KeyboardFocus(XcbConnection &connection, QObject *parent)
     m_leave.setInterval(managerPatience);
     connect(&m_retry, &QTimer::timeout, this, &KeyboardFocus::tryAgain);
     connect(&m_leave, &QTimer::timeout, this, [this] {
-        if (current() == m_leaving)
+        if (current() != m_leaving)
+            return;
+        if (m_wanted == XCB_WINDOW_NONE)
             restoreDirectly();
+        else
+            startTrying();
     });
 }
 
@@ -44,8 +48,7 @@ void KeyboardFocus::take(xcb_window_t window) {
     if (setFocus(window))
         return;
     m_wanted = window;
-    m_triesLeft = mostTries;
-    m_retry.start();
+    startTrying();
 }
 
 void KeyboardFocus::giveBack(xcb_window_t from) {
@@ -57,7 +60,14 @@ void KeyboardFocus::giveBack(xcb_window_t from) {
         return;
     }
     askWindowManager(m_before.active);
+    m_wanted = XCB_WINDOW_NONE;
     m_leaving = from;
+    m_leave.start();
+}
+
+void KeyboardFocus::pressedOutside(xcb_window_t holder) {
+    m_wanted = XCB_WINDOW_NONE;
+    m_leaving = holder;
     m_leave.start();
 }
 
@@ -65,13 +75,14 @@ void KeyboardFocus::activate(xcb_window_t window) {
     m_leave.stop();
     if (hasWindowManager()) {
         m_retry.stop();
+        m_wanted = window;
+        m_leaving = current();
         askWindowManager(window);
+        m_leave.start();
         return;
     }
     m_wanted = window;
-    m_triesLeft = mostTries;
-    m_retry.start();
-    tryAgain();
+    startTrying();
 }
 
 // A manager that died leaves its property on the root, but not the window that it names.
@@ -126,6 +137,12 @@ void KeyboardFocus::restoreDirectly() {
     const bool isGone = m_before.focus == XCB_WINDOW_NONE;
     if (isGone || !setFocus(m_before.focus))
         setFocus(XCB_INPUT_FOCUS_POINTER_ROOT);
+}
+
+void KeyboardFocus::startTrying() {
+    m_triesLeft = mostTries;
+    m_retry.start();
+    tryAgain();
 }
 
 void KeyboardFocus::tryAgain() {

@@ -24,6 +24,11 @@ public:
     /// Gives the focus back to the remembered window, unless it went elsewhere meanwhile.
     void giveBack(xcb_window_t from);
 
+    /// The person pressed a button outside the window that holds the focus. The window manager
+    /// moves the focus then, unless the press went to the window that it believes has it already:
+    /// that one gets it back here.
+    void pressedOutside(xcb_window_t holder);
+
     /// Makes an ordinary window the active one, whatever the window manager thinks of programs that
     /// take the focus unasked. The window is to have been shown by the toolkit already.
     void activate(xcb_window_t window);
@@ -40,11 +45,13 @@ private:
     bool setFocus(xcb_window_t window);
     void askWindowManager(xcb_window_t window);
     void restoreDirectly();
+    void startTrying();
     void tryAgain();
 
     XcbConnection &m_connection;
     Holder m_before;
-    xcb_window_t m_wanted = XCB_WINDOW_NONE; ///< gets the focus once it is viewable
+    xcb_window_t m_wanted =
+        XCB_WINDOW_NONE; ///< gets the focus once it is viewable; none when one is to be given back
     int m_triesLeft = 0;
     QTimer m_retry;
     xcb_window_t m_leaving = XCB_WINDOW_NONE; ///< what the window manager was asked to leave

@@ -31,11 +31,14 @@ X11PanelHost::X11PanelHost(QObject *parent)
     : PanelHost(parent)
     , m_compositor(m_connection)
     , m_focus(m_connection)
+    , m_outsidePress(m_connection)
     , m_stacking(m_connection) {
     connect(&m_compositor, &CompositorWatch::changed, this, [this] {
         applyShape();
         Q_EMIT compositedChanged();
     });
+    connect(&m_outsidePress, &OutsidePress::pressed, this,
+            [this] { m_focus.pressedOutside(panelId()); });
     connect(&m_stacking, &StackingGuard::raiseWanted, this, &X11PanelHost::raise);
 }
 
@@ -86,9 +89,11 @@ void X11PanelHost::takeKeyboard() {
         return;
     flushToolkit();
     m_focus.take(panelId());
+    m_outsidePress.watch(panelId());
 }
 
 void X11PanelHost::giveKeyboardBack() {
+    m_outsidePress.watch(XCB_WINDOW_NONE);
     if (m_panel)
         m_focus.giveBack(panelId());
 }
@@ -98,6 +103,7 @@ bool X11PanelHost::hasKeyboard() const {
 }
 
 void X11PanelHost::activate(QWindow *window) {
+    m_outsidePress.watch(XCB_WINDOW_NONE);
     if (window->windowStates().testFlag(Qt::WindowMinimized))
         window->setWindowStates(window->windowStates() & ~Qt::WindowMinimized);
     window->show();
@@ -108,6 +114,10 @@ void X11PanelHost::activate(QWindow *window) {
 
 bool X11PanelHost::isComposited() const {
     return m_compositor.isRunning();
+}
+
+ScreenPoint X11PanelHost::toScreen(QPointF point) const {
+    return ScreenSpace::current().fromToolkit(point + QPointF(0, 1));
 }
 
 bool X11PanelHost::eventFilter(QObject *watched, QEvent *event) {

@@ -2,6 +2,7 @@
 
 #include "CompositorWatch.h"
 #include "KeyboardFocus.h"
+#include "OutsidePress.h"
 #include "PanelHost.h"
 #include "StackingGuard.h"
 #include "XcbConnection.h"
@@ -31,6 +32,7 @@ public:
     [[nodiscard]] bool hasKeyboard() const override;
     void activate(QWindow *window) override;
     [[nodiscard]] bool isComposited() const override;
+    [[nodiscard]] ScreenPoint toScreen(QPointF point) const override;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -44,6 +46,7 @@ private:
     mutable XcbConnection m_connection;
     CompositorWatch m_compositor;
     mutable KeyboardFocus m_focus;
+    OutsidePress m_outsidePress;
     StackingGuard m_stacking;
     QPointer<QWindow> m_panel;
     std::optional<QRegion> m_shape;

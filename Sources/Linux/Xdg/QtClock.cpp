@@ -19,7 +19,8 @@ public:
     TimerTask(milliseconds interval, bool singleShot, Clock::Action action) {
         m_timer.setInterval(std::clamp(interval, singleShot ? 0ms : 1ms, milliseconds(24h * 24)));
         m_timer.setSingleShot(singleShot);
-        m_timer.setTimerType(interval <= 1s ? Qt::PreciseTimer : Qt::CoarseTimer);
+        // A coarse timer may be early, and people see a delay that is.
+        m_timer.setTimerType(interval <= 10s ? Qt::PreciseTimer : Qt::CoarseTimer);
         QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [action = std::move(action)] {
             // The action may destroy the task and with it this closure.
             const auto running = action;

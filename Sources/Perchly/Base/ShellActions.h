@@ -30,7 +30,8 @@ public:
     Q_INVOKABLE virtual void resize() = 0;
 
     /// The pointer was pressed, moved and released on one of the areas by which the shelf is held.
-    /// Where the pointer is, the shell finds out itself, since the shelf moves under it.
+    /// Called while the event is handled: where it happened, the shell finds out itself, since the
+    /// shelf moves under the pointer.
     Q_INVOKABLE virtual void handlePressed() = 0;
     Q_INVOKABLE virtual void handleMoved() = 0;
     Q_INVOKABLE virtual void handleReleased() = 0;

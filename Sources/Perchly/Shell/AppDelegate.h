@@ -108,6 +108,8 @@ private:
     [[nodiscard]] static DisplayGeometry geometryOf(const Display &display);
     void placePanel(ShelfSize size);
     void setPanelFrame(const ScreenRect &frame, const ScreenRect &compactFrame);
+    // ShelfDrag.cpp
+    [[nodiscard]] ScreenPoint handlePosition() const;
     // ShelfKeys.cpp
     [[nodiscard]] bool handleShelfKey(const KeyPress &press);
     [[nodiscard]] bool launchShown(const QString &number);

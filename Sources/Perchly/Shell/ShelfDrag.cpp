@@ -72,20 +72,25 @@ void AppDelegate::endShelfDrag(ScreenPoint point) {
     resize();
 }
 
+ScreenPoint AppDelegate::handlePosition() const {
+    const auto event = m_panel ? m_panel->eventPosition() : std::nullopt;
+    return event ? *event : m_hosts.pointer->position();
+}
+
 void AppDelegate::handlePressed() {
-    m_headerView.press(m_hosts.pointer->position());
+    m_headerView.press(handlePosition());
 }
 
 void AppDelegate::handleMoved() {
-    m_headerView.move(m_hosts.pointer->position());
+    m_headerView.move(handlePosition());
 }
 
 void AppDelegate::handleReleased() {
-    m_headerView.release(m_hosts.pointer->position());
+    m_headerView.release(handlePosition());
 }
 
 void AppDelegate::handleCanceled() {
-    m_headerView.cancel(m_hosts.pointer->position());
+    m_headerView.cancel(handlePosition());
 }
 
 } // namespace perchly

@@ -2,6 +2,7 @@
 
 #include "PanelHost.h"
 
+#include <QMouseEvent>
 #include <QPainterPath>
 #include <QQuickItem>
 
@@ -83,6 +84,18 @@ void ShelfPanel::setFrame(const ScreenRect &frame, const ScreenRect &compactFram
         root->setProperty("compactRect", inWindow(compactFrame));
     }
     applyShape();
+}
+
+bool ShelfPanel::event(QEvent *event) {
+    const bool pointer = event->type() == QEvent::MouseButtonPress ||
+                         event->type() == QEvent::MouseMove ||
+                         event->type() == QEvent::MouseButtonRelease;
+    if (pointer) {
+        m_eventPosition = m_host.toScreen(static_cast<QMouseEvent *>(event)->globalPosition());
+    }
+    const bool handled = QQuickView::event(event);
+    m_eventPosition.reset();
+    return handled;
 }
 
 void ShelfPanel::applyShape() {

@@ -5,6 +5,8 @@
 
 #include <QQuickView>
 
+#include <optional>
+
 namespace perchly {
 
 class PanelHost;
@@ -25,8 +27,15 @@ public:
     /// Moves the panel to the frame. `compactFrame` is where the collapsed shelf is, within it.
     void setFrame(const ScreenRect &frame, const ScreenRect &compactFrame, ShelfEdge edge);
 
+    /// Where the pointer event happened that is being handled now; nothing outside of one. The
+    /// pointer itself may have gone on since.
+    [[nodiscard]] std::optional<ScreenPoint> eventPosition() const { return m_eventPosition; }
+
     /// The frame that the panel was last given.
     [[nodiscard]] const ScreenRect &frame() const { return m_frame; }
+
+protected:
+    bool event(QEvent *event) override;
 
 private Q_SLOTS:
     /// Takes the pointer where the view says that the shelf is, and nowhere else.
@@ -40,6 +49,7 @@ private:
     ScreenRect m_compactFrame;
     ShelfEdge m_edge = ShelfEdge::Top;
     QMarginsF m_margins;
+    std::optional<ScreenPoint> m_eventPosition;
 };
 
 } // namespace perchly

@@ -85,19 +85,27 @@ class Screen:
 
     def click(self, x, y):
         self.move_to(x, y)
-        time.sleep(PRESS_SECONDS)
         self.press()
         self.release()
 
     def drag(self, start, end):
         """Presses at the start, moves to the end as a hand does, and releases there."""
         self.move_to(*start)
-        time.sleep(PRESS_SECONDS)
         self.press()
         distance = max(abs(end[0] - start[0]), abs(end[1] - start[1]))
         self.move_to(*end, step=max(distance / 40, 1), pause=0.01)
-        time.sleep(PRESS_SECONDS)
         self.release()
+
+    def hasty_drag(self, start, end, beyond):
+        """Presses, moves, releases and moves on, all before a program has seen any of it."""
+        self.move_to(*start)
+        points = [start, ((start[0] + end[0]) // 2, (start[1] + end[1]) // 2), end]
+        xtest.fake_input(self.display, X.ButtonPress, 1)
+        for point in points:
+            xtest.fake_input(self.display, X.MotionNotify, x=point[0], y=point[1])
+        xtest.fake_input(self.display, X.ButtonRelease, 1)
+        xtest.fake_input(self.display, X.MotionNotify, x=beyond[0], y=beyond[1])
+        self.display.sync()
 
     # Keys
 
