@@ -54,20 +54,21 @@ void X11PanelHost::attach(QWindow *panel) {
 }
 
 void X11PanelHost::place(const ScreenRect &frame, const QMarginsF &margins) {
-    if (!m_panel)
+    QWindow *panel = m_panel;
+    if (!panel)
         return;
     QRect geometry = ScreenSpace::current().toToolkit(frame);
     geometry.setSize(geometry.size().expandedTo(QSize(1, 1))); // the X server knows no empty window
     geometry = geometry.marginsAdded(rounded(margins));
-    if (geometry == m_panel->geometry())
+    if (geometry == panel->geometry())
         return;
     // The toolkit sends the new place at once. Until its shape follows, the whole window takes the
     // pointer: a press that fell through the old shape in the new place would be lost.
-    if (geometry.size() != m_panel->size()) {
+    if (geometry.size() != panel->size()) {
         m_shape.reset();
         unshapePanel(panelId());
     }
-    m_panel->setGeometry(geometry);
+    panel->setGeometry(geometry);
 }
 
 void X11PanelHost::orderFront() {
