@@ -19,6 +19,7 @@ public:
     void showTools() override { note("showTools"); }
     void showMixer() override { note("showMixer"); }
     void showSearch() override { note("showSearch"); }
+    void launch(const QString &) override { note("launch"); }
     void terminate() override { note("terminate"); }
     void toggleKeyboardOpen() override { note("toggleKeyboardOpen"); }
     void resize() override { note("resize"); }

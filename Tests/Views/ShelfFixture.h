@@ -21,6 +21,7 @@ public:
     void showTools() override { calls.append(QStringLiteral("showTools")); }
     void showMixer() override { calls.append(QStringLiteral("showMixer")); }
     void showSearch() override { calls.append(QStringLiteral("showSearch")); }
+    void launch(const QString &id) override { calls.append(QStringLiteral("launch ") + id); }
     void terminate() override { calls.append(QStringLiteral("terminate")); }
     void toggleKeyboardOpen() override { calls.append(QStringLiteral("toggleKeyboardOpen")); }
     void resize() override { calls.append(QStringLiteral("resize")); }

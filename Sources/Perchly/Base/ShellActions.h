@@ -3,6 +3,7 @@
 #include "Geometry.h"
 
 #include <QObject>
+#include <QString>
 
 namespace perchly {
 
@@ -21,6 +22,9 @@ public:
     Q_INVOKABLE virtual void showMixer() = 0;
     /// showTools() on the section "Search".
     Q_INVOKABLE virtual void showSearch() = 0;
+    /// Runs the shortcut or opens the application that the shelf's entry with that identifier stands
+    /// for; nothing for a widget.
+    Q_INVOKABLE virtual void launch(const QString &id) = 0;
     /// Ends the program.
     Q_INVOKABLE virtual void terminate() = 0;
 

@@ -66,6 +66,7 @@ public:
     void showTools() override;
     void showMixer() override;
     void showSearch() override;
+    void launch(const QString &id) override;
     void terminate() override;
     void toggleKeyboardOpen() override;
     void resize() override;
@@ -113,6 +114,7 @@ private:
     // ShelfKeys.cpp
     [[nodiscard]] bool handleShelfKey(const KeyPress &press);
     [[nodiscard]] bool launchShown(const QString &number);
+    void launch(const ShelfItem &item);
     // AppDelegate.cpp
     void showStatusItem();
     void show(std::unique_ptr<AuxiliaryWindow> &window, const QString &title, const QSize &size,

@@ -3,6 +3,8 @@
 #include "AppDelegate.h"
 #include "Hosts.h"
 
+#include <algorithm>
+
 namespace perchly {
 
 bool AppDelegate::handleKey(const KeyPress &press) {
@@ -44,11 +46,22 @@ bool AppDelegate::launchShown(const QString &number) {
     if (!valid || position < 1 || position > shown.size()) {
         return false;
     }
-    const ShelfItem &item = shown.at(position - 1);
+    launch(shown.at(position - 1));
+    return true;
+}
+
+void AppDelegate::launch(const ShelfItem &item) {
     if (!item.shortcutName && item.path) {
         m_hosts.applications->open(*item.path);
     }
-    return true;
+}
+
+void AppDelegate::launch(const QString &id) {
+    const QList<ShelfItem> &items = m_library.items();
+    const auto item = std::ranges::find(items, id, &ShelfItem::id);
+    if (item != items.cend()) {
+        launch(*item);
+    }
 }
 
 } // namespace perchly
