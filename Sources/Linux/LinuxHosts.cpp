@@ -86,6 +86,12 @@ void addWindowSystem(Hosts &hosts) {
 
 } // namespace
 
+void disableSilentBus() {
+    if (!sessionbus::answers(1s)) {
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+    }
+}
+
 WindowSystemChoice::WindowSystemChoice() {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         m_connection = connectToXServer();

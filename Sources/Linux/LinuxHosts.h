@@ -12,6 +12,10 @@ namespace perchly {
 /// the environment it chooses the null implementations everywhere, apart from time. What is missing
 /// is told on standard error, once each; a desktop without a place for status icons misses nothing.
 
+/// A session bus that takes connections and never answers would hold up the toolkit for good. Call
+/// it first of all: such a bus, and one that is not there, is put out of sight.
+void disableSilentBus();
+
 /// Chooses the toolkit's window system: X11, also on a Wayland desktop, or none where no X server
 /// can be reached. QT_QPA_PLATFORM overrides. Make it before the application object, and keep it
 /// until that is made: an X server that its last client leaves starts anew.

@@ -91,6 +91,8 @@ class HoverTest(SessionCase):
         for name in ("Settings", "Search", "Capture", "Mixer", "Workspace", "Focus", "Quit"):
             with self.subTest(button=name):
                 self.assertEqual(tree.find(name).role, "push button")
+        nodes = [node for node in tree.application().walk() if node.role == "push button"]
+        self.assertEqual([n.extents for n in nodes if n.showing and not n.name], [])
 
 
 if __name__ == "__main__":

@@ -1,5 +1,7 @@
 """The program runs with what the desktop has and does without what it has not."""
 
+import socket
+
 from perchly_session.case import SessionCase, default_window_manager, main
 from perchly_session.picture import near
 from perchly_session.waiting import wait_until, wait_while
@@ -98,6 +100,25 @@ class SurroundingsTest(SessionCase):
         wait_until(lambda: "display" in program.errors(), "a word about the display")
         wait_while(program.running, "the program without a display", 0.5)
         self.assertIn(program.stop(), (0, -15), program.errors())
+
+    def test_a_bus_that_never_answers_holds_nothing_up(self):
+        self.start_session(bus=False)
+        silent = socket.socket(socket.AF_UNIX)
+        silent.bind(str(self.session.folder / "silent"))
+        silent.listen()
+        self.addCleanup(silent.close)
+        address = f"unix:path={self.session.folder}/silent"
+        self.session.environment["DBUS_SESSION_BUS_ADDRESS"] = address
+        self.run_program()
+        self.expect_hover_and_chord()
+        self.assertIn("no session bus", self.program.errors())
+
+    def test_windows_stay_in_reach_on_a_small_display(self):
+        self.start(size=(800, 480))
+        self.screen.key("Control_L", "Alt_L", "k")
+        window = wait_until(lambda: self.program.window("Perchly Workspace"), "the workspace")
+        self.assertGreater(window.y, 0, "the title bar is above the display")
+        self.assertLessEqual(window.y + window.height, 480)
 
     def test_what_is_missing_is_said_once(self):
         self.start(bus=False, window_manager=None)

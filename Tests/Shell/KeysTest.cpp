@@ -115,6 +115,8 @@ void KeysTest::answersTheMenusKeysInEveryWindow() {
     QVERIFY(shell.fake.keys.press(Qt::Key_Comma, Modifier::Command, QStringLiteral(",")));
     QVERIFY(shell.delegate->settingsWindow() != nullptr);
     QVERIFY(!shell.fake.keys.press(Qt::Key_Comma, {}, QStringLiteral(",")));
+    QVERIFY2(!shell.fake.keys.press(Qt::Key_Q, Modifier::Command | Modifier::Shift),
+             "another program's chord must not quit this one");
 }
 
 void KeysTest::hotKeysActOnceTheHostsHandlingIsOver() {

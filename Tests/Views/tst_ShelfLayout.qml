@@ -30,7 +30,7 @@ ShelfTestCase {
         root.expand();
         compare(root.view.layout.outline, Qt.rect(data.x, data.y, data.width, Math.round(429 * data.scale)));
         compare(root.view.shapeRect, root.view.layout.outline);
-        compare(root.view.layout.radius, 28);
+        fuzzyCompare(root.view.layout.radius, 28 * data.scale, 1e-6);
     }
 
     function test_compactContentMakesItLower() {

@@ -35,13 +35,11 @@ void NullPanelHost::place(const ScreenRect &frame, const QMarginsF &margins) {
 void NullPanelHost::orderFront() {
     if (m_panel) {
         m_panel->show();
-        m_panel->raise();
     }
 }
 
 void NullPanelHost::activate(QWindow *window) {
     window->show();
-    window->raise();
     window->requestActivate();
 }
 

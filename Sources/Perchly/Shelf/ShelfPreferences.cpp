@@ -14,7 +14,8 @@ ShelfPreferences::ShelfPreferences(Preferences &preferences, QObject *parent)
 }
 
 double ShelfPreferences::shelfScale() const {
-    return m_preferences.number(keys::shelfScale).value_or(1.0);
+    const double stored = m_preferences.number(keys::shelfScale).value_or(1.0);
+    return stored > 0 ? stored : 1.0; // nothing can be shown at no size
 }
 
 QString ShelfPreferences::theme() const {

@@ -23,7 +23,7 @@ public:
     /// The preferences must outlive this object.
     explicit ShelfPreferences(Preferences &preferences, QObject *parent = nullptr);
 
-    [[nodiscard]] double shelfScale() const; ///< default 1.0
+    [[nodiscard]] double shelfScale() const; ///< default 1.0; always positive
     [[nodiscard]] QString theme() const;     ///< default "Midnight"
     [[nodiscard]] QString accent() const;    ///< default "Mint"
     [[nodiscard]] double opacity() const;    ///< default 1.0

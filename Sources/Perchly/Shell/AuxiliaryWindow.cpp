@@ -3,11 +3,14 @@
 #include <QCloseEvent>
 #include <QScreen>
 
+#include <algorithm>
+
 namespace perchly {
 
 namespace {
 
 constexpr QRgb background = 0xff1c1c1e;
+constexpr int titleBarHeight = 32; // about what window managers take
 
 } // namespace
 
@@ -27,11 +30,19 @@ AuxiliaryWindow::AuxiliaryWindow(QQmlEngine &engine, const QString &title, const
         setInitialProperties(properties);
         setSource(source);
     }
+    setGeometry(centred(size));
+}
+
+QRect AuxiliaryWindow::centred(const QSize &size) const {
     QRect frame(QPoint(), size);
     if (screen() != nullptr) {
+        // The title bar must stay in reach on a display that is too low for the window.
+        const QRect room = screen()->availableGeometry().adjusted(0, titleBarHeight, 0, 0);
+        frame.setSize(size.boundedTo(room.size()));
         frame.moveCenter(screen()->availableGeometry().center());
+        frame.moveTop(std::max(frame.top(), room.top()));
     }
-    setGeometry(frame);
+    return frame;
 }
 
 bool AuxiliaryWindow::event(QEvent *event) {

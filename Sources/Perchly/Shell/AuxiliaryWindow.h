@@ -1,7 +1,5 @@
 #pragma once
 
-#include "Geometry.h"
-
 #include <QQuickView>
 
 namespace perchly {
@@ -19,6 +17,9 @@ public:
 
 protected:
     bool event(QEvent *event) override;
+
+private:
+    [[nodiscard]] QRect centred(const QSize &size) const;
 };
 
 } // namespace perchly

@@ -12,11 +12,13 @@ bool AppDelegate::handleKey(const KeyPress &press) {
         return true;
     }
     // The status menu's own keys, in any of the program's windows.
-    if (press.modifiers.testFlag(Modifier::Command) && press.key == Qt::Key_Comma) {
+    const bool command = press.modifiers.testFlag(Modifier::Command) &&
+                         !(press.modifiers & (Modifier::Shift | Modifier::Option));
+    if (command && press.key == Qt::Key_Comma) {
         showSettings();
         return true;
     }
-    if (press.modifiers.testFlag(Modifier::Command) && press.key == Qt::Key_Q) {
+    if (command && press.key == Qt::Key_Q) {
         terminate();
         return true;
     }

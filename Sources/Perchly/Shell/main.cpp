@@ -11,6 +11,8 @@
 using namespace perchly;
 
 int main(int argc, char **argv) {
+    qSetMessagePattern(QStringLiteral("perchly: %{message}"));
+    disableSilentBus();
     std::optional<WindowSystemChoice> windowSystem(std::in_place);
     // The software renderer shows the first picture in half the time and a third of the memory.
     if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND")) {

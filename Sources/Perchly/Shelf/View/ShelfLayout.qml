@@ -18,7 +18,7 @@ QtObject {
     readonly property real band: 34
     readonly property real rowsWidth: 660
     readonly property real restRadius: 17
-    readonly property real openRadius: 28
+    readonly property real openRadius: 28 * root.scale
 
     readonly property bool onSide: root.edge !== "top"
     readonly property real bandLeft: root.edge === "left" ? root.band : 0
@@ -37,16 +37,16 @@ QtObject {
 
     readonly property rect restRect: root.compactRect.width > 0 ? root.compactRect : root.docked(root.compactSize.width, root.compactSize.height)
 
-    /// The person's scale, or the largest below it with which the open shelf fits the panel. The
-    /// panel's whole pixels may take away less than two of its points.
+    /// The person's scale, or the largest below it with which the open shelf fits the panel, whose
+    /// whole pixels may take away less than one of its points.
     readonly property real scale: {
-        const room = Math.min((root.frame.width + 2) / root.naturalWidth, (root.frame.height + 2) / Math.max(1, root.naturalHeight));
+        const room = Math.min((root.frame.width + 0.99) / root.naturalWidth, (root.frame.height + 0.99) / Math.max(1, root.naturalHeight));
         return root.openness > 0 ? Math.min(root.wantedScale, room) : root.wantedScale;
     }
 
     readonly property rect openRect: {
-        const width = Math.round(root.naturalWidth * root.scale);
-        const height = Math.round(root.naturalHeight * root.scale);
+        const width = Math.min(Math.round(root.naturalWidth * root.scale), Math.ceil(Math.max(root.frame.width, root.restRect.width)));
+        const height = Math.min(Math.round(root.naturalHeight * root.scale), Math.ceil(Math.max(root.frame.height, root.restRect.height)));
         const place = root.docked(width, height);
         if (root.onSide) {
             // It opens around the strip as far as the display lets it.

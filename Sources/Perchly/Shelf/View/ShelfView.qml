@@ -62,7 +62,12 @@ FocusScope {
         edgeFade.jumpTo(0);
         edgeFade.target = 1;
     }
-    onExpandedChanged: root.reveal()
+    onExpandedChanged: {
+        root.reveal();
+        if (!root.expanded) {
+            root.forceActiveFocus(); // not on a button that nobody sees any more
+        }
+    }
 
     Binding {
         property: "reduceMotion"
@@ -94,7 +99,8 @@ FocusScope {
     SpringValue {
         id: openness
 
-        animated: root.composited
+        // The panel of a dragged shelf is as small as the pill, so there is no room to close in.
+        animated: root.composited && !root.model.dragging
         reduced: root.motion.reduced
         target: root.expanded ? 1 : 0
     }
@@ -102,7 +108,7 @@ FocusScope {
     SpringValue {
         id: sideReveal
 
-        animated: root.composited
+        animated: root.composited && !root.model.dragging
         reduced: root.motion.reduced
     }
 
@@ -222,13 +228,21 @@ FocusScope {
                 drop.accept(Qt.CopyAction);
             }
         }
-        onEntered: drag => drag.accepted = drag.hasUrls
+        // Only references are kept: a source that were told "move" would delete what it gave.
+        onEntered: drag => {
+            if (drag.hasUrls) {
+                drag.accept(Qt.CopyAction);
+            } else {
+                drag.accepted = false;
+            }
+        }
+        onPositionChanged: drag => drag.accept(Qt.CopyAction)
     }
 
     DragHandle {
         id: edgeHandle
 
-        Accessible.ignored: !root.expanded
+        Accessible.ignored: !root.onSide || !root.expanded
         activeFocusOnTab: false
         enabled: root.onSide || edgeHandle.pressed
         height: root.shapeRect.height

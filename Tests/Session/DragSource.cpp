@@ -1,0 +1,41 @@
+// Another program from which files and links are dragged: a window at (100, 550) that offers to
+// copy or to move them, and says on standard output which of the two it was told.
+
+#include <QApplication>
+#include <QDrag>
+#include <QMimeData>
+#include <QUrl>
+#include <QWidget>
+
+#include <cstdio>
+
+namespace {
+
+class Source : public QWidget {
+protected:
+    void mousePressEvent(QMouseEvent *) override {
+        auto *held = new QMimeData;
+        held->setUrls({QUrl::fromLocalFile(QStringLiteral("/etc/hosts")),
+                       QUrl::fromLocalFile(QStringLiteral("/etc")),
+                       QUrl(QStringLiteral("https://example.org/page")),
+                       QUrl(QStringLiteral("ftp://example.org/file"))});
+        auto *drag = new QDrag(this);
+        drag->setMimeData(held);
+        const Qt::DropAction action = drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
+        std::puts(action == Qt::CopyAction   ? "copy"
+                  : action == Qt::MoveAction ? "move"
+                                             : "nothing");
+        std::fflush(stdout);
+    }
+};
+
+} // namespace
+
+int main(int argc, char **argv) {
+    QApplication application(argc, argv);
+    Source source;
+    source.setWindowTitle(QStringLiteral("Drag source"));
+    source.setGeometry(100, 550, 200, 100);
+    source.show();
+    return QApplication::exec();
+}
