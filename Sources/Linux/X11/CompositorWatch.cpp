@@ -7,8 +7,9 @@ namespace perchly {
 CompositorWatch::CompositorWatch(XcbConnection &connection, QObject *parent)
     : QObject(parent)
     , m_connection(connection) {
-    if (!connection.isAlive())
+    if (!connection.isAlive()) {
         return;
+    }
     m_selection = connection.atom("_NET_WM_CM_S" + QByteArray::number(connection.screenNumber()));
     connect(&connection, &XcbConnection::eventArrived, this, &CompositorWatch::handleEvent);
 
@@ -30,16 +31,19 @@ CompositorWatch::CompositorWatch(XcbConnection &connection, QObject *parent)
 
 void CompositorWatch::handleEvent(const xcb_generic_event_t *event) {
     if (m_firstEvent == 0 ||
-        (event->response_type & 0x7f) != m_firstEvent + XCB_XFIXES_SELECTION_NOTIFY)
+        (event->response_type & 0x7f) != m_firstEvent + XCB_XFIXES_SELECTION_NOTIFY) {
         return;
+    }
     const auto *notice = reinterpret_cast<const xcb_xfixes_selection_notify_event_t *>(event);
-    if (notice->selection == m_selection)
+    if (notice->selection == m_selection) {
         setRunning(notice->owner != XCB_WINDOW_NONE);
+    }
 }
 
 void CompositorWatch::setRunning(bool isRunning) {
-    if (isRunning == m_isRunning)
+    if (isRunning == m_isRunning) {
         return;
+    }
     m_isRunning = isRunning;
     Q_EMIT changed();
 }

@@ -12,11 +12,13 @@ constexpr quint32 lastDigitKey = 19;
 
 QString charactersWithoutModifiers(const QKeyEvent &event) {
     const quint32 physical = event.nativeScanCode();
-    if (physical >= firstDigitKey && physical <= lastDigitKey)
+    if (physical >= firstDigitKey && physical <= lastDigitKey) {
         return QString::number((physical - firstDigitKey + 1) % 10);
+    }
     // Printing keys carry their character as it is written with Shift; others lie far above.
-    if (event.key() < Qt::Key_Space || event.key() >= Qt::Key_Escape)
+    if (event.key() < Qt::Key_Space || event.key() >= Qt::Key_Escape) {
         return {};
+    }
     const auto character = static_cast<char32_t>(event.key());
     return QString::fromUcs4(&character, 1).toLower();
 }

@@ -22,18 +22,21 @@ KeyboardFocus::KeyboardFocus(XcbConnection &connection, QObject *parent)
     m_leave.setInterval(managerPatience);
     connect(&m_retry, &QTimer::timeout, this, &KeyboardFocus::tryAgain);
     connect(&m_leave, &QTimer::timeout, this, [this] {
-        if (current() != m_leaving)
+        if (current() != m_leaving) {
             return;
-        if (m_wanted == XCB_WINDOW_NONE)
+        }
+        if (m_wanted == XCB_WINDOW_NONE) {
             restoreDirectly();
-        else
+        } else {
             startTrying();
+        }
     });
 }
 
 xcb_window_t KeyboardFocus::current() {
-    if (!m_connection.isAlive())
+    if (!m_connection.isAlive()) {
         return XCB_WINDOW_NONE;
+    }
     const auto answer =
         m_connection.reply<xcb_get_input_focus_reply_t>(xcb_get_input_focus(m_connection.get()));
     return answer ? answer->focus : xcb_window_t{XCB_WINDOW_NONE};
@@ -42,19 +45,22 @@ xcb_window_t KeyboardFocus::current() {
 void KeyboardFocus::take(xcb_window_t window) {
     m_leave.stop();
     const xcb_window_t holder = current();
-    if (holder == window)
+    if (holder == window) {
         return;
+    }
     m_before = {activeWindow(), holder};
-    if (setFocus(window))
+    if (setFocus(window)) {
         return;
+    }
     m_wanted = window;
     startTrying();
 }
 
 void KeyboardFocus::giveBack(xcb_window_t from) {
     m_retry.stop();
-    if (current() != from)
+    if (current() != from) {
         return;
+    }
     if (!hasWindowManager() || !isViewable(m_before.active)) {
         restoreDirectly();
         return;
@@ -93,16 +99,18 @@ bool KeyboardFocus::hasWindowManager() {
 }
 
 xcb_window_t KeyboardFocus::activeWindow() {
-    if (!hasWindowManager())
+    if (!hasWindowManager()) {
         return XCB_WINDOW_NONE;
+    }
     const QList<quint32> active =
         m_connection.property(m_connection.root(), m_connection.atom("_NET_ACTIVE_WINDOW"));
     return active.isEmpty() ? xcb_window_t{XCB_WINDOW_NONE} : active.first();
 }
 
 bool KeyboardFocus::isViewable(xcb_window_t window) {
-    if (window == XCB_WINDOW_NONE || !m_connection.isAlive())
+    if (window == XCB_WINDOW_NONE || !m_connection.isAlive()) {
         return false;
+    }
     const auto answer = m_connection.reply<xcb_get_window_attributes_reply_t>(
         xcb_get_window_attributes(m_connection.get(), window));
     return answer && answer->map_state == XCB_MAP_STATE_VIEWABLE;
@@ -135,8 +143,9 @@ void KeyboardFocus::askWindowManager(xcb_window_t window) {
 
 void KeyboardFocus::restoreDirectly() {
     const bool isGone = m_before.focus == XCB_WINDOW_NONE;
-    if (isGone || !setFocus(m_before.focus))
+    if (isGone || !setFocus(m_before.focus)) {
         setFocus(XCB_INPUT_FOCUS_POINTER_ROOT);
+    }
 }
 
 void KeyboardFocus::startTrying() {
@@ -146,8 +155,9 @@ void KeyboardFocus::startTrying() {
 }
 
 void KeyboardFocus::tryAgain() {
-    if (--m_triesLeft < 0 || (isViewable(m_wanted) && setFocus(m_wanted)))
+    if (--m_triesLeft < 0 || (isViewable(m_wanted) && setFocus(m_wanted))) {
         m_retry.stop();
+    }
 }
 
 } // namespace perchly

@@ -11,13 +11,16 @@ namespace {
 constexpr quint32 noKeysym = 0;
 
 quint32 keysymOf(Qt::Key key) {
-    if (key >= Qt::Key_A && key <= Qt::Key_Z)
+    if (key >= Qt::Key_A && key <= Qt::Key_Z) {
         return static_cast<quint32>(key - Qt::Key_A) + XK_a;
+    }
     // Latin-1 keysyms are the characters themselves.
-    if (key >= Qt::Key_Space && key <= Qt::Key_ydiaeresis)
+    if (key >= Qt::Key_Space && key <= Qt::Key_ydiaeresis) {
         return static_cast<quint32>(key);
-    if (key >= Qt::Key_F1 && key <= Qt::Key_F35)
+    }
+    if (key >= Qt::Key_F1 && key <= Qt::Key_F35) {
         return static_cast<quint32>(key - Qt::Key_F1) + XK_F1;
+    }
     static const QHash<Qt::Key, quint32> named{{Qt::Key_Escape, XK_Escape},
                                                {Qt::Key_Tab, XK_Tab},
                                                {Qt::Key_Return, XK_Return},
@@ -49,12 +52,14 @@ std::optional<quint8> physicalKey(Qt::Key key) {
                                    {38, QLatin1StringView("ASDFGHJKL")},
                                    {52, QLatin1StringView("ZXCVBNM")},
                                    {65, QLatin1StringView(" ")}};
-    if (key > Qt::Key_Z)
+    if (key > Qt::Key_Z) {
         return std::nullopt;
+    }
     for (const Row &row : rows) {
         const qsizetype place = row.keys.indexOf(QLatin1Char(static_cast<char>(key)));
-        if (place >= 0)
+        if (place >= 0) {
             return static_cast<quint8>(row.first + place);
+        }
     }
     return std::nullopt;
 }
@@ -63,8 +68,9 @@ std::optional<quint8> physicalKey(Qt::Key key) {
 
 std::optional<quint8> KeyboardMap::keycodeFor(Qt::Key key) const {
     const quint32 keysym = keysymOf(key);
-    if (keysym == noKeysym)
+    if (keysym == noKeysym) {
         return std::nullopt;
+    }
     const auto found = keycodeOf(keysym);
     return found ? found : physicalKey(key);
 }
@@ -74,8 +80,9 @@ std::optional<quint8> KeyboardMap::keycodeOf(quint32 keysym) const {
     for (int column = 0; column < keysymsPerKeycode; column += 2) {
         for (qsizetype at = column, code = firstKeycode; at < keysyms.size();
              at += keysymsPerKeycode, ++code) {
-            if (keysyms[at] == keysym)
+            if (keysyms[at] == keysym) {
                 return static_cast<quint8>(code);
+            }
         }
     }
     return std::nullopt;
@@ -84,14 +91,18 @@ std::optional<quint8> KeyboardMap::keycodeOf(quint32 keysym) const {
 quint16 KeyboardMap::maskFor(Modifiers modifiers) const {
     const auto either = [](quint16 found, quint16 usual) { return found ? found : usual; };
     quint16 mask = 0;
-    if (modifiers.testFlag(Modifier::Shift))
+    if (modifiers.testFlag(Modifier::Shift)) {
         mask |= XCB_MOD_MASK_SHIFT;
-    if (modifiers.testFlag(Modifier::Control))
+    }
+    if (modifiers.testFlag(Modifier::Control)) {
         mask |= XCB_MOD_MASK_CONTROL;
-    if (modifiers.testFlag(Modifier::Option))
+    }
+    if (modifiers.testFlag(Modifier::Option)) {
         mask |= either(modifierWith(XK_Alt_L), XCB_MOD_MASK_1);
-    if (modifiers.testFlag(Modifier::Command))
+    }
+    if (modifiers.testFlag(Modifier::Command)) {
         mask |= either(modifierWith(XK_Super_L), XCB_MOD_MASK_4);
+    }
     return mask;
 }
 
@@ -101,12 +112,14 @@ quint16 KeyboardMap::numLockMask() const {
 
 quint16 KeyboardMap::modifierWith(quint32 keysym) const {
     for (qsizetype i = 0; i < modifierKeycodes.size(); ++i) {
-        if (modifierKeycodes[i] == 0)
+        if (modifierKeycodes[i] == 0) {
             continue;
+        }
         const qsizetype start = (modifierKeycodes[i] - firstKeycode) * keysymsPerKeycode;
         for (qsizetype at = start; at < start + keysymsPerKeycode; ++at) {
-            if (at >= 0 && at < keysyms.size() && keysyms[at] == keysym)
+            if (at >= 0 && at < keysyms.size() && keysyms[at] == keysym) {
                 return static_cast<quint16>(1U << (i / keycodesPerModifier));
+            }
         }
     }
     return 0;

@@ -8,14 +8,16 @@ OutsidePress::OutsidePress(XcbConnection &connection, QObject *parent)
     : QObject(parent)
     , m_connection(connection) {
     connect(&connection, &XcbConnection::eventArrived, this, &OutsidePress::handleEvent);
-    if (!connection.isAlive())
+    if (!connection.isAlive()) {
         return;
+    }
     const auto *extension = xcb_get_extension_data(connection.get(), &xcb_input_id);
     // Before version 2.1 raw presses stop while another program holds the pointer.
     if (extension && extension->present &&
         connection.reply<xcb_input_xi_query_version_reply_t>(
-            xcb_input_xi_query_version(connection.get(), 2, 2)))
+            xcb_input_xi_query_version(connection.get(), 2, 2))) {
         m_inputOpcode = extension->major_opcode;
+    }
 }
 
 void OutsidePress::watch(xcb_window_t window) {
@@ -24,8 +26,9 @@ void OutsidePress::watch(xcb_window_t window) {
 }
 
 void OutsidePress::select(quint32 events) {
-    if (m_inputOpcode == 0 || !m_connection.isAlive())
+    if (m_inputOpcode == 0 || !m_connection.isAlive()) {
         return;
+    }
     struct {
         xcb_input_event_mask_t head{XCB_INPUT_DEVICE_ALL_MASTER, 1};
         quint32 mask;
@@ -38,8 +41,9 @@ void OutsidePress::handleEvent(const xcb_generic_event_t *event) {
     const auto *generic = reinterpret_cast<const xcb_ge_generic_event_t *>(event);
     if ((event->response_type & 0x7f) == XCB_GE_GENERIC && generic->extension == m_inputOpcode &&
         generic->event_type == XCB_INPUT_RAW_BUTTON_PRESS && m_window != XCB_WINDOW_NONE &&
-        !isPointerInside())
+        !isPointerInside()) {
         Q_EMIT pressed();
+    }
 }
 
 bool OutsidePress::isPointerInside() {

@@ -51,16 +51,18 @@ void preparePanel(QWindow &panel) {
     panel.setProperty("_q_showWithoutActivating", true);
     // A scene's window asks for transparency by its colour; the format would lose its depth and
     // stencil if it were set from nothing.
-    if (panel.metaObject()->indexOfProperty("color") >= 0)
+    if (panel.metaObject()->indexOfProperty("color") >= 0) {
         panel.setProperty("color", QColor(Qt::transparent));
+    }
     QSurfaceFormat format = panel.requestedFormat();
     format.setAlphaBufferSize(8);
     panel.setFormat(format);
 }
 
 void describePanel(XcbConnection &connection, xcb_window_t panel) {
-    if (!toolkitConnection())
+    if (!toolkitConnection()) {
         return;
+    }
     // As a utility with an alpha channel no compositor draws a shadow of its own around it.
     setCardinals(panel, connection.atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM,
                  {connection.atom("_NET_WM_WINDOW_TYPE_UTILITY")});
@@ -77,22 +79,25 @@ void describePanel(XcbConnection &connection, xcb_window_t panel) {
 }
 
 void unshapePanel(xcb_window_t panel) {
-    if (!toolkitConnection())
+    if (!toolkitConnection()) {
         return;
+    }
     removeShape(panel, XCB_SHAPE_SK_INPUT);
     removeShape(panel, XCB_SHAPE_SK_BOUNDING);
 }
 
 void shapePanel(xcb_window_t panel, const QRegion &shape, double pixelRatio,
                 Transparency transparency) {
-    if (!toolkitConnection())
+    if (!toolkitConnection()) {
         return;
+    }
     const QList<xcb_rectangle_t> rectangles = pixelsOf(shape, pixelRatio);
     setShape(panel, XCB_SHAPE_SK_INPUT, rectangles);
-    if (transparency == Transparency::Missing)
+    if (transparency == Transparency::Missing) {
         setShape(panel, XCB_SHAPE_SK_BOUNDING, rectangles);
-    else
+    } else {
         removeShape(panel, XCB_SHAPE_SK_BOUNDING);
+    }
 }
 
 } // namespace perchly

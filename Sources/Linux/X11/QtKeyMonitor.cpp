@@ -11,8 +11,9 @@ QtKeyMonitor::QtKeyMonitor(QObject *parent)
     : QObject(parent) {}
 
 void QtKeyMonitor::start(Handler handler) {
-    if (!m_handler)
+    if (!m_handler) {
         qApp->installEventFilter(this);
+    }
     m_handler = std::move(handler);
 }
 
@@ -23,8 +24,9 @@ bool QtKeyMonitor::Verdict::isAbout(const QKeyEvent &event) const {
 
 bool QtKeyMonitor::eventFilter(QObject *watched, QEvent *event) {
     const bool isOverride = event->type() == QEvent::ShortcutOverride;
-    if ((!isOverride && event->type() != QEvent::KeyPress) || !watched->isWindowType())
+    if ((!isOverride && event->type() != QEvent::KeyPress) || !watched->isWindowType()) {
         return QObject::eventFilter(watched, event);
+    }
 
     const auto &press = *static_cast<QKeyEvent *>(event);
     if (isOverride) {
@@ -36,8 +38,9 @@ bool QtKeyMonitor::eventFilter(QObject *watched, QEvent *event) {
     const bool isKnown = m_verdict && m_verdict->isAbout(press);
     const bool isConsumed = isKnown ? m_verdict->isConsumed : handle(press);
     m_verdict.reset();
-    if (isConsumed)
+    if (isConsumed) {
         event->accept();
+    }
     return isConsumed;
 }
 

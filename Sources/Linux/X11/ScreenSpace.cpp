@@ -40,8 +40,9 @@ ScreenSpace ScreenSpace::current() {
     QList<Screen> screens;
     const QList<QScreen *> all = QGuiApplication::screens();
     screens.reserve(all.size());
-    for (const QScreen *screen : all)
+    for (const QScreen *screen : all) {
         screens.append({screen->geometry(), screen->devicePixelRatio()});
+    }
     return ScreenSpace(std::move(screens));
 }
 

@@ -42,8 +42,9 @@ StackingGuard::StackingGuard(XcbConnection &connection, QObject *parent)
     m_check.setInterval(settleTime);
     connect(&m_check, &QTimer::timeout, this, &StackingGuard::check);
     connect(&connection, &XcbConnection::eventArrived, this, &StackingGuard::handleEvent);
-    if (!connection.isAlive())
+    if (!connection.isAlive()) {
         return;
+    }
     // Under a compositor nothing is ever obscured; there the order of the managed windows tells.
     const quint32 mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
     xcb_change_window_attributes(connection.get(), connection.root(), XCB_CW_EVENT_MASK, &mask);
@@ -61,24 +62,28 @@ void StackingGuard::handleEvent(const xcb_generic_event_t *event) {
     switch (event->response_type & 0x7f) {
     case XCB_VISIBILITY_NOTIFY:
         if (reinterpret_cast<const xcb_visibility_notify_event_t *>(event)->state ==
-            XCB_VISIBILITY_UNOBSCURED)
+            XCB_VISIBILITY_UNOBSCURED) {
             return;
+        }
         break;
     case XCB_PROPERTY_NOTIFY:
         if (reinterpret_cast<const xcb_property_notify_event_t *>(event)->atom !=
-            m_connection.atom("_NET_CLIENT_LIST_STACKING"))
+            m_connection.atom("_NET_CLIENT_LIST_STACKING")) {
             return;
+        }
         break;
     default:
         return;
     }
-    if (!m_check.isActive())
+    if (!m_check.isActive()) {
         m_check.start();
+    }
 }
 
 void StackingGuard::select() {
-    if (m_isSelected || m_window == XCB_WINDOW_NONE || !m_connection.isAlive())
+    if (m_isSelected || m_window == XCB_WINDOW_NONE || !m_connection.isAlive()) {
         return;
+    }
     const quint32 mask = XCB_EVENT_MASK_VISIBILITY_CHANGE;
     m_isSelected = m_connection.succeeded({xcb_change_window_attributes_checked(
         m_connection.get(), m_window, XCB_CW_EVENT_MASK, &mask)});
@@ -86,8 +91,9 @@ void StackingGuard::select() {
 
 void StackingGuard::check() {
     select();
-    if (!isCovered())
+    if (!isCovered()) {
         return;
+    }
     if (m_period.hasExpired()) {
         m_period.setRemainingTime(periodLength);
         m_raises = 0;
@@ -102,12 +108,14 @@ void StackingGuard::check() {
 }
 
 bool StackingGuard::isCovered() {
-    if (m_window == XCB_WINDOW_NONE || !m_connection.isAlive())
+    if (m_window == XCB_WINDOW_NONE || !m_connection.isAlive()) {
         return false;
+    }
     const auto geometry = m_connection.reply<xcb_get_geometry_reply_t>(
         xcb_get_geometry(m_connection.get(), m_window));
-    if (!geometry)
+    if (!geometry) {
         return false;
+    }
     const QRect area = rectOf(*geometry);
     const QList<xcb_window_t> above = windowsAbove();
     return std::any_of(above.begin(), above.end(),
@@ -117,8 +125,9 @@ bool StackingGuard::isCovered() {
 QList<xcb_window_t> StackingGuard::windowsAbove() {
     const auto tree = m_connection.reply<xcb_query_tree_reply_t>(
         xcb_query_tree(m_connection.get(), m_connection.root()));
-    if (!tree)
+    if (!tree) {
         return {};
+    }
     const xcb_window_t *windows = xcb_query_tree_children(tree.get());
     const xcb_window_t *end = windows + xcb_query_tree_children_length(tree.get());
     const xcb_window_t *ours = std::find(windows, end, m_window);
@@ -133,10 +142,12 @@ bool StackingGuard::mayCover(xcb_window_t window, const QRect &area) {
     const auto geometry = m_connection.reply<xcb_get_geometry_reply_t>(geometryCookie);
     if (!attributes || !geometry || attributes->map_state != XCB_MAP_STATE_VIEWABLE ||
         attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY || !rectOf(*geometry).intersects(area) ||
-        isOurs(window))
+        isOurs(window)) {
         return false;
-    if (!attributes->override_redirect)
+    }
+    if (!attributes->override_redirect) {
         return true;
+    }
     return !fillsDisplay(rectOf(*geometry)) && !isMenu(window);
 }
 

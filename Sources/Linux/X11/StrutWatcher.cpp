@@ -14,8 +14,9 @@ StrutWatcher::StrutWatcher(QObject *parent)
     m_refresh.setSingleShot(true);
     m_refresh.setInterval(settleTime);
     connect(&m_refresh, &QTimer::timeout, this, &StrutWatcher::refresh);
-    if (!m_connection.isAlive())
+    if (!m_connection.isAlive()) {
         return;
+    }
     m_clientList = m_connection.atom("_NET_CLIENT_LIST");
     m_strut = m_connection.atom("_NET_WM_STRUT");
     m_strutPartial = m_connection.atom("_NET_WM_STRUT_PARTIAL");
@@ -46,20 +47,23 @@ void StrutWatcher::handleEvent(const xcb_generic_event_t *event) {
 }
 
 void StrutWatcher::refreshSoon() {
-    if (!m_refresh.isActive())
+    if (!m_refresh.isActive()) {
         m_refresh.start();
+    }
 }
 
 void StrutWatcher::refresh() {
     const QHash<xcb_window_t, Strut> oldStruts = m_struts;
     const QSize oldSize = m_xScreenSize;
 
-    if (!m_connection.isAlive())
+    if (!m_connection.isAlive()) {
         return;
+    }
     const auto geometry = xcb_get_geometry(m_connection.get(), m_connection.root());
     const QList<quint32> list = m_connection.property(m_connection.root(), m_clientList);
-    if (const auto answer = m_connection.reply<xcb_get_geometry_reply_t>(geometry))
+    if (const auto answer = m_connection.reply<xcb_get_geometry_reply_t>(geometry)) {
         m_xScreenSize = QSize(answer->width, answer->height);
+    }
 
     const QSet<xcb_window_t> clients(list.begin(), list.end());
     for (const xcb_window_t window : clients - m_clients) {
@@ -71,24 +75,27 @@ void StrutWatcher::refresh() {
     readStruts((m_outdated & clients).values());
     m_outdated.clear();
 
-    if (m_struts != oldStruts || m_xScreenSize != oldSize)
+    if (m_struts != oldStruts || m_xScreenSize != oldSize) {
         Q_EMIT changed();
+    }
 }
 
 void StrutWatcher::readStruts(const QList<xcb_window_t> &windows) {
     QList<std::pair<xcb_get_property_cookie_t, xcb_get_property_cookie_t>> requests;
     requests.reserve(windows.size());
-    for (const xcb_window_t window : windows)
+    for (const xcb_window_t window : windows) {
         requests.append({m_connection.requestProperty(window, m_strutPartial),
                          m_connection.requestProperty(window, m_strut)});
+    }
     for (qsizetype i = 0; i < windows.size(); ++i) {
         const QList<quint32> partial = m_connection.property(requests[i].first);
         const QList<quint32> whole = m_connection.property(requests[i].second);
         const Strut strut = Strut::fromProperties(partial, whole);
-        if (strut.isEmpty())
+        if (strut.isEmpty()) {
             m_struts.remove(windows[i]);
-        else
+        } else {
             m_struts.insert(windows[i], strut);
+        }
     }
 }
 

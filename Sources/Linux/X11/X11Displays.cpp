@@ -17,11 +17,13 @@ QString nameOf(const QScreen &screen) {
 // Two displays of the same make are told apart by where they are plugged in.
 void makeNamesDistinct(QList<Display> &displays, const QList<QScreen *> &screens) {
     QHash<QString, int> count;
-    for (const Display &display : displays)
+    for (const Display &display : displays) {
         ++count[display.name];
+    }
     for (qsizetype i = 0; i < displays.size(); ++i) {
-        if (count.value(displays[i].name) > 1 && displays[i].name != screens[i]->name())
+        if (count.value(displays[i].name) > 1 && displays[i].name != screens[i]->name()) {
             displays[i].name += QStringLiteral(" (%1)").arg(screens[i]->name());
+        }
     }
 }
 
@@ -41,8 +43,9 @@ X11Displays::X11Displays(QObject *parent)
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, soon);
     connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, soon);
     const QList<QScreen *> screens = QGuiApplication::screens();
-    for (QScreen *screen : screens)
+    for (QScreen *screen : screens) {
         follow(screen);
+    }
     m_announced = list();
 }
 
@@ -73,8 +76,9 @@ void X11Displays::follow(QScreen *screen) {
 
 void X11Displays::announceIfChanged() {
     QList<Display> now = list();
-    if (now == m_announced)
+    if (now == m_announced) {
         return;
+    }
     m_announced = std::move(now);
     Q_EMIT changed();
 }

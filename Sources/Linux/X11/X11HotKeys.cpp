@@ -28,8 +28,9 @@ bool X11HotKeys::registerChord(int identifier, Chord chord) {
         m_registrations.erase(old);
     }
     Registration registration{.chord = chord};
-    if (!grab(registration))
+    if (!grab(registration)) {
         return false;
+    }
     m_registrations.insert(identifier, registration);
     return true;
 }
@@ -44,8 +45,9 @@ void X11HotKeys::handleEvent(const xcb_generic_event_t *event) {
         break;
     case XCB_MAPPING_NOTIFY:
         if (reinterpret_cast<const xcb_mapping_notify_event_t *>(event)->request !=
-            XCB_MAPPING_POINTER)
+            XCB_MAPPING_POINTER) {
             m_keyboardChange.start();
+        }
         break;
     default:
         break;
@@ -55,35 +57,41 @@ void X11HotKeys::handleEvent(const xcb_generic_event_t *event) {
 void X11HotKeys::handlePress(const xcb_key_press_event_t &press) {
     const int held = press.state & chordModifiers & ~m_keyboard.numLockMask();
     for (auto it = m_registrations.begin(); it != m_registrations.end(); ++it) {
-        if (!it->isHeld || it->keycode != press.detail || it->modifiers != held)
+        if (!it->isHeld || it->keycode != press.detail || it->modifiers != held) {
             continue;
+        }
         // Key repeat releases and presses at the same moment.
-        if (it->releasedAt == 0 || it->releasedAt != press.time)
+        if (it->releasedAt == 0 || it->releasedAt != press.time) {
             Q_EMIT pressed(it.key());
+        }
         return;
     }
 }
 
 void X11HotKeys::handleRelease(const xcb_key_release_event_t &release) {
     for (Registration &registration : m_registrations) {
-        if (registration.keycode == release.detail)
+        if (registration.keycode == release.detail) {
             registration.releasedAt = release.time;
+        }
     }
 }
 
 void X11HotKeys::followKeyboardChange() {
-    for (Registration &registration : m_registrations)
+    for (Registration &registration : m_registrations) {
         release(registration);
+    }
     readKeyboard();
     for (Registration &registration : m_registrations) {
-        if (!grab(registration))
+        if (!grab(registration)) {
             qWarning("A hot key was lost with the change of the keyboard layout.");
+        }
     }
 }
 
 void X11HotKeys::readKeyboard() {
-    if (!m_connection.isAlive())
+    if (!m_connection.isAlive()) {
         return;
+    }
     xcb_connection_t *connection = m_connection.get();
     const xcb_setup_t *setup = xcb_get_setup(connection);
     const auto count = static_cast<quint8>(setup->max_keycode - setup->min_keycode + 1);
@@ -91,8 +99,9 @@ void X11HotKeys::readKeyboard() {
     const auto modifierCookie = xcb_get_modifier_mapping(connection);
     const auto map = m_connection.reply<xcb_get_keyboard_mapping_reply_t>(mapCookie);
     const auto modifiers = m_connection.reply<xcb_get_modifier_mapping_reply_t>(modifierCookie);
-    if (!map || !modifiers || map->keysyms_per_keycode == 0)
+    if (!map || !modifiers || map->keysyms_per_keycode == 0) {
         return;
+    }
     const xcb_keysym_t *keysyms = xcb_get_keyboard_mapping_keysyms(map.get());
     const xcb_keycode_t *keycodes = xcb_get_modifier_mapping_keycodes(modifiers.get());
     m_keyboard = KeyboardMap{
@@ -106,37 +115,43 @@ void X11HotKeys::readKeyboard() {
 
 bool X11HotKeys::grab(Registration &registration) {
     const auto keycode = m_keyboard.keycodeFor(registration.chord.key);
-    if (!keycode || !m_connection.isAlive())
+    if (!keycode || !m_connection.isAlive()) {
         return false;
+    }
     registration.keycode = *keycode;
     registration.modifiers = m_keyboard.maskFor(registration.chord.modifiers);
     QList<xcb_void_cookie_t> cookies;
-    for (const quint16 locks : lockVariants())
+    for (const quint16 locks : lockVariants()) {
         cookies.append(xcb_grab_key_checked(m_connection.get(), 1, m_connection.root(),
                                             static_cast<quint16>(registration.modifiers | locks),
                                             registration.keycode, XCB_GRAB_MODE_ASYNC,
                                             XCB_GRAB_MODE_ASYNC));
+    }
     registration.isHeld = m_connection.succeeded(cookies);
-    if (!registration.isHeld)
+    if (!registration.isHeld) {
         release(registration);
+    }
     return registration.isHeld;
 }
 
 void X11HotKeys::release(Registration &registration) {
     registration.isHeld = false;
-    if (!m_connection.isAlive())
+    if (!m_connection.isAlive()) {
         return;
-    for (const quint16 locks : lockVariants())
+    }
+    for (const quint16 locks : lockVariants()) {
         xcb_ungrab_key(m_connection.get(), registration.keycode, m_connection.root(),
                        static_cast<quint16>(registration.modifiers | locks));
+    }
     m_connection.flush();
 }
 
 QList<quint16> X11HotKeys::lockVariants() const {
     const quint16 numLock = m_keyboard.numLockMask();
     QList<quint16> variants{0, XCB_MOD_MASK_LOCK};
-    if (numLock != 0)
+    if (numLock != 0) {
         variants << numLock << static_cast<quint16>(numLock | XCB_MOD_MASK_LOCK);
+    }
     return variants;
 }
 

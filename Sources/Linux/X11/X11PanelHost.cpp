@@ -21,8 +21,9 @@ QMargins rounded(const QMarginsF &margins) {
 }
 
 void flushToolkit() {
-    if (xcb_connection_t *connection = toolkitConnection())
+    if (xcb_connection_t *connection = toolkitConnection()) {
         xcb_flush(connection);
+    }
 }
 
 } // namespace
@@ -47,21 +48,24 @@ void X11PanelHost::attach(QWindow *panel) {
     preparePanel(*panel);
     panel->installEventFilter(this);
     connect(panel, &QWindow::screenChanged, this, &X11PanelHost::applyShape);
-    if (panel->handle())
+    if (panel->handle()) {
         prepareNativeWindow();
-    else
+    } else {
         panel->create();
+    }
 }
 
 void X11PanelHost::place(const ScreenRect &frame, const QMarginsF &margins) {
     QWindow *panel = m_panel;
-    if (!panel)
+    if (!panel) {
         return;
+    }
     QRect geometry = ScreenSpace::current().toToolkit(frame);
     geometry.setSize(geometry.size().expandedTo(QSize(1, 1))); // the X server knows no empty window
     geometry = geometry.marginsAdded(rounded(margins));
-    if (geometry == panel->geometry())
+    if (geometry == panel->geometry()) {
         return;
+    }
     // The toolkit sends the new place at once. Until its shape follows, the whole window takes the
     // pointer: a press that fell through the old shape in the new place would be lost.
     if (geometry.size() != panel->size()) {
@@ -72,22 +76,25 @@ void X11PanelHost::place(const ScreenRect &frame, const QMarginsF &margins) {
 }
 
 void X11PanelHost::orderFront() {
-    if (!m_panel)
+    if (!m_panel) {
         return;
+    }
     m_panel->show();
     raise();
 }
 
 void X11PanelHost::setShape(const QRegion &shape) {
-    if (m_shape == shape)
+    if (m_shape == shape) {
         return;
+    }
     m_shape = shape;
     applyShape();
 }
 
 void X11PanelHost::takeKeyboard() {
-    if (!m_panel)
+    if (!m_panel) {
         return;
+    }
     flushToolkit();
     m_focus.take(panelId());
     m_outsidePress.watch(panelId());
@@ -95,8 +102,9 @@ void X11PanelHost::takeKeyboard() {
 
 void X11PanelHost::giveKeyboardBack() {
     m_outsidePress.watch(XCB_WINDOW_NONE);
-    if (m_panel)
+    if (m_panel) {
         m_focus.giveBack(panelId());
+    }
 }
 
 bool X11PanelHost::hasKeyboard() const {
@@ -105,8 +113,9 @@ bool X11PanelHost::hasKeyboard() const {
 
 void X11PanelHost::activate(QWindow *window) {
     m_outsidePress.watch(XCB_WINDOW_NONE);
-    if (window->windowStates().testFlag(Qt::WindowMinimized))
+    if (window->windowStates().testFlag(Qt::WindowMinimized)) {
         window->setWindowStates(window->windowStates() & ~Qt::WindowMinimized);
+    }
     window->show();
     window->raise();
     flushToolkit();
@@ -124,8 +133,9 @@ ScreenPoint X11PanelHost::toScreen(QPointF point) const {
 bool X11PanelHost::eventFilter(QObject *watched, QEvent *event) {
     if (watched == m_panel && event->type() == QEvent::PlatformSurface &&
         static_cast<QPlatformSurfaceEvent *>(event)->surfaceEventType() ==
-            QPlatformSurfaceEvent::SurfaceCreated)
+            QPlatformSurfaceEvent::SurfaceCreated) {
         prepareNativeWindow();
+    }
     return PanelHost::eventFilter(watched, event);
 }
 
@@ -136,16 +146,18 @@ void X11PanelHost::prepareNativeWindow() {
 }
 
 void X11PanelHost::applyShape() {
-    if (!m_panel || !m_panel->handle() || !m_shape)
+    if (!m_panel || !m_panel->handle() || !m_shape) {
         return;
+    }
     shapePanel(panelId(), *m_shape, m_panel->devicePixelRatio(),
                isComposited() ? Transparency::Available : Transparency::Missing);
     flushToolkit();
 }
 
 void X11PanelHost::raise() {
-    if (!m_panel || !m_panel->isVisible())
+    if (!m_panel || !m_panel->isVisible()) {
         return;
+    }
     m_panel->raise();
     flushToolkit();
 }

@@ -27,8 +27,9 @@ X11PointerMonitor::X11PointerMonitor(QObject *parent)
 }
 
 void X11PointerMonitor::start() {
-    if (!m_connection.isAlive())
+    if (!m_connection.isAlive()) {
         return;
+    }
     const auto *extension = xcb_get_extension_data(m_connection.get(), &xcb_input_id);
     // Before version 2.1 raw motion stops while another program holds the pointer.
     const auto version = extension && extension->present
@@ -55,11 +56,13 @@ ScreenPoint X11PointerMonitor::position() const {
 }
 
 void X11PointerMonitor::setPolling(bool on) {
-    if (on == m_poll.isActive())
+    if (on == m_poll.isActive()) {
         return;
+    }
     if (!on) {
-        if (!m_seesMotion)
+        if (!m_seesMotion) {
             return;
+        }
         m_poll.stop();
         return;
     }
@@ -70,14 +73,16 @@ void X11PointerMonitor::setPolling(bool on) {
 void X11PointerMonitor::handleEvent(const xcb_generic_event_t *event) {
     const auto *generic = reinterpret_cast<const xcb_ge_generic_event_t *>(event);
     if ((event->response_type & 0x7f) != XCB_GE_GENERIC || generic->extension != m_inputOpcode ||
-        generic->event_type != XCB_INPUT_RAW_MOTION)
+        generic->event_type != XCB_INPUT_RAW_MOTION) {
         return;
+    }
     m_hasMoved = true;
 }
 
 void X11PointerMonitor::announce() {
-    if (!m_hasMoved || m_rest.isActive())
+    if (!m_hasMoved || m_rest.isActive()) {
         return;
+    }
     m_hasMoved = false;
     m_connection.setListening(false);
     m_rest.start();
@@ -86,23 +91,27 @@ void X11PointerMonitor::announce() {
 
 void X11PointerMonitor::lookAgain() {
     m_connection.drain();
-    if (!m_rest.isActive())
+    if (!m_rest.isActive()) {
         m_connection.setListening(true);
+    }
 }
 
 void X11PointerMonitor::poll() {
     const QPoint before = m_lastPixels;
-    if (queryPosition() != before)
+    if (queryPosition() != before) {
         Q_EMIT moved();
+    }
 }
 
 QPoint X11PointerMonitor::queryPosition() const {
-    if (!m_connection.isAlive())
+    if (!m_connection.isAlive()) {
         return m_lastPixels;
+    }
     const auto answer = m_connection.reply<xcb_query_pointer_reply_t>(
         xcb_query_pointer(m_connection.get(), m_connection.root()));
-    if (answer)
+    if (answer) {
         m_lastPixels = QPoint(answer->root_x, answer->root_y);
+    }
     return m_lastPixels;
 }
 

@@ -24,8 +24,9 @@ struct Attempt {
 XConnectionPointer usable(xcb_connection_t *connection) {
     XConnectionPointer result(connection);
     if (xcb_connection_has_error(connection) != 0 ||
-        xcb_setup_roots_length(xcb_get_setup(connection)) == 0)
+        xcb_setup_roots_length(xcb_get_setup(connection)) == 0) {
         result.reset();
+    }
     return result;
 }
 
@@ -35,8 +36,9 @@ void attemptToConnect(const std::shared_ptr<Attempt> &attempt, const QByteArray 
     const char *name = displayName.isEmpty() ? nullptr : displayName.constData();
     XConnectionPointer connection = usable(xcb_connect(name, &screenNumber));
     const std::lock_guard lock(attempt->mutex);
-    if (attempt->isAbandoned)
+    if (attempt->isAbandoned) {
         return;
+    }
     attempt->connection = std::move(connection);
     attempt->screenNumber = screenNumber;
     attempt->isFinished = true;
@@ -51,8 +53,9 @@ void CloseXConnection::operator()(xcb_connection_t *connection) const {
 
 XConnectionPointer connectToXServer(const QByteArray &displayName, int *screenNumber,
                                     std::chrono::milliseconds patience) {
-    if (displayName.isEmpty() && qgetenv("DISPLAY").isEmpty())
+    if (displayName.isEmpty() && qgetenv("DISPLAY").isEmpty()) {
         return nullptr;
+    }
     const auto attempt = std::make_shared<Attempt>();
     try {
         std::thread(attemptToConnect, attempt, displayName).detach();
@@ -64,8 +67,9 @@ XConnectionPointer connectToXServer(const QByteArray &displayName, int *screenNu
         attempt->isAbandoned = true;
         return nullptr;
     }
-    if (screenNumber)
+    if (screenNumber) {
         *screenNumber = attempt->screenNumber;
+    }
     return std::move(attempt->connection);
 }
 

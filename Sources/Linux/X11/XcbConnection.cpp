@@ -28,8 +28,9 @@ XcbConnection::XcbConnection(const QByteArray &displayName, QObject *parent)
         return;
     }
     auto screen = xcb_setup_roots_iterator(xcb_get_setup(m_connection));
-    for (int i = 0; i < m_screenNumber && screen.rem > 1; ++i)
+    for (int i = 0; i < m_screenNumber && screen.rem > 1; ++i) {
         xcb_screen_next(&screen);
+    }
     m_root = screen.data->root;
 
     // The library asks for an extension at its first use and then waits without end. Asked for now,
@@ -50,8 +51,9 @@ XcbConnection::XcbConnection(const QByteArray &displayName, QObject *parent)
 
 XcbConnection::~XcbConnection() {
     m_notifier.reset();
-    if (m_connection)
+    if (m_connection) {
         xcb_disconnect(m_connection);
+    }
 }
 
 bool XcbConnection::isAlive() const {
@@ -59,12 +61,14 @@ bool XcbConnection::isAlive() const {
 }
 
 bool XcbConnection::succeeded(const QList<xcb_void_cookie_t> &cookies) {
-    if (!isAlive())
+    if (!isAlive()) {
         return false;
+    }
     // Once a later request is answered, checking the earlier ones does not wait.
     if (!reply<xcb_get_input_focus_reply_t>(xcb_get_input_focus(m_connection))) {
-        for (const xcb_void_cookie_t cookie : cookies)
+        for (const xcb_void_cookie_t cookie : cookies) {
             xcb_discard_reply(m_connection, cookie.sequence);
+        }
         return false;
     }
     bool result = true;
@@ -76,21 +80,25 @@ bool XcbConnection::succeeded(const QList<xcb_void_cookie_t> &cookies) {
 }
 
 xcb_atom_t XcbConnection::atom(const QByteArray &name) {
-    if (const auto known = m_atoms.constFind(name); known != m_atoms.constEnd())
+    if (const auto known = m_atoms.constFind(name); known != m_atoms.constEnd()) {
         return *known;
-    if (!isAlive())
+    }
+    if (!isAlive()) {
         return XCB_ATOM_NONE;
+    }
     const auto answer = reply<xcb_intern_atom_reply_t>(
         xcb_intern_atom(m_connection, 0, static_cast<quint16>(name.size()), name.constData()));
-    if (!answer)
+    if (!answer) {
         return XCB_ATOM_NONE;
+    }
     m_atoms.insert(name, answer->atom);
     return answer->atom;
 }
 
 QList<quint32> XcbConnection::property(xcb_window_t window, xcb_atom_t name) {
-    if (!isAlive())
+    if (!isAlive()) {
         return {};
+    }
     return property(requestProperty(window, name));
 }
 
@@ -101,26 +109,30 @@ xcb_get_property_cookie_t XcbConnection::requestProperty(xcb_window_t window, xc
 
 QList<quint32> XcbConnection::property(xcb_get_property_cookie_t cookie) {
     const auto answer = reply<xcb_get_property_reply_t>(cookie);
-    if (!answer || answer->format != 32)
+    if (!answer || answer->format != 32) {
         return {};
+    }
     const auto *values = static_cast<const quint32 *>(xcb_get_property_value(answer.get()));
     return {values, values + answer->value_len};
 }
 
 void XcbConnection::flush() {
-    if (isAlive())
+    if (isAlive()) {
         xcb_flush(m_connection);
+    }
 }
 
 void XcbConnection::setListening(bool on) {
-    if (m_notifier)
+    if (m_notifier) {
         m_notifier->setEnabled(on && isAlive());
+    }
 }
 
 void XcbConnection::drain() {
     m_isDrainScheduled = false;
-    if (!m_connection)
+    if (!m_connection) {
         return;
+    }
     const QPointer<XcbConnection> self(this);
     while (self) {
         XcbPointer<xcb_generic_event_t> event;
@@ -130,22 +142,27 @@ void XcbConnection::drain() {
         } else {
             event.reset(xcb_poll_for_event(m_connection));
         }
-        if (!event)
+        if (!event) {
             break;
-        if (event->response_type != 0)
+        }
+        if (event->response_type != 0) {
             Q_EMIT eventArrived(event.get());
+        }
     }
-    if (!self)
+    if (!self) {
         return;
+    }
     // A closed socket is readable for ever.
-    if (!isAlive())
+    if (!isAlive()) {
         setListening(false);
+    }
     Q_EMIT drained();
 }
 
 void *XcbConnection::waitForReply(unsigned int sequence) {
-    if (!isAlive())
+    if (!isAlive()) {
         return nullptr;
+    }
     xcb_flush(m_connection);
     const QDeadlineTimer deadline(replyPatience);
     void *answer = nullptr;
@@ -166,10 +183,12 @@ void *XcbConnection::waitForReply(unsigned int sequence) {
 
 // Events read while waiting for an answer no longer make the socket readable.
 void XcbConnection::keepQueuedEvents() {
-    while (auto *event = xcb_poll_for_queued_event(m_connection))
+    while (auto *event = xcb_poll_for_queued_event(m_connection)) {
         m_waiting.emplace_back(event);
-    if (m_waiting.empty() || m_isDrainScheduled)
+    }
+    if (m_waiting.empty() || m_isDrainScheduled) {
         return;
+    }
     m_isDrainScheduled = true;
     QMetaObject::invokeMethod(this, &XcbConnection::drain, Qt::QueuedConnection);
 }

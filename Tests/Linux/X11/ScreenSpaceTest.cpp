@@ -87,4 +87,4 @@ void ScreenSpaceTest::anAreaOfADenseDisplayIsDivided() {
 }
 
 QTEST_GUILESS_MAIN(ScreenSpaceTest)
-#include "tst_ScreenSpace.moc"
+#include "ScreenSpaceTest.moc"

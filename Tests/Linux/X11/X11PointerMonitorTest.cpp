@@ -104,4 +104,4 @@ void X11PointerMonitorTest::seesJumpsOnlyWhilePolling() {
 }
 
 QTEST_MAIN(X11PointerMonitorTest)
-#include "tst_X11PointerMonitor.moc"
+#include "X11PointerMonitorTest.moc"

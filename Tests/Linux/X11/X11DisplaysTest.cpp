@@ -110,4 +110,4 @@ void X11DisplaysTest::eachDisplayHasItsOwnPanels() {
 }
 
 QTEST_MAIN(X11DisplaysTest)
-#include "tst_X11Displays.moc"
+#include "X11DisplaysTest.moc"

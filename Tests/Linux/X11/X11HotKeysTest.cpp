@@ -204,4 +204,4 @@ void X11HotKeysTest::worksWhileTheSecondLayoutIsOn() {
 }
 
 QTEST_MAIN(X11HotKeysTest)
-#include "tst_X11HotKeys.moc"
+#include "X11HotKeysTest.moc"

@@ -89,4 +89,4 @@ int main(int argc, char **argv) {
     return QTest::qExec(&test, argc, argv);
 }
 
-#include "tst_ScaledDisplays.moc"
+#include "ScaledDisplaysTest.moc"

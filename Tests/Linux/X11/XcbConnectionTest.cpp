@@ -151,4 +151,4 @@ void XcbConnectionTest::aLostServerIsSurvived() {
 }
 
 QTEST_GUILESS_MAIN(XcbConnectionTest)
-#include "tst_XcbConnection.moc"
+#include "XcbConnectionTest.moc"

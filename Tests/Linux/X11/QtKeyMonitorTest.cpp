@@ -140,4 +140,4 @@ void QtKeyMonitorTest::aReplacedHandlerIsNotAsked() {
 }
 
 QTEST_MAIN(QtKeyMonitorTest)
-#include "tst_QtKeyMonitor.moc"
+#include "QtKeyMonitorTest.moc"

@@ -348,4 +348,4 @@ void X11PanelHostTest::anOrdinaryWindowIsActivated() {
 }
 
 QTEST_MAIN(X11PanelHostTest)
-#include "tst_X11PanelHost.moc"
+#include "X11PanelHostTest.moc"

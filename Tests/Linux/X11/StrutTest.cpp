@@ -81,4 +81,4 @@ void StrutTest::nonsenseReservesNothing() {
 }
 
 QTEST_GUILESS_MAIN(StrutTest)
-#include "tst_Strut.moc"
+#include "StrutTest.moc"

@@ -86,4 +86,4 @@ void KeyboardMapTest::modifiersFollowTheMapping() {
 }
 
 QTEST_GUILESS_MAIN(KeyboardMapTest)
-#include "tst_KeyboardMap.moc"
+#include "KeyboardMapTest.moc"
