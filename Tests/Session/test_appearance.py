@@ -63,6 +63,23 @@ class AppearanceTest(SessionCase):
         self.screen.click(*button.centre)
         wait_until(lambda: not self.program.running(), "the scaled button pressed")
 
+    def test_the_cards_have_no_seams_at_any_scale(self):
+        for scale in (0.85, 0.93, 1.2):
+            with self.subTest(scale=scale):
+                self.start({"shelfScale": scale})
+                self.screen.move_to(*self.on_pill())
+                self.program.accessibility().find("Search", "push button")
+                x, _, width, _ = self.program.frame()
+                y = round((34 + 12 + 4) * scale)  # where the cards' upper corners end
+
+                def runs():
+                    """How many stretches of the card's colour one row of pixels crosses."""
+                    row = self.screen.screenshot().pixels(x, y, width, 1)
+                    is_card = [near(pixel, (17, 18, 19), 1) for pixel in row]
+                    return sum(a and not b for a, b in zip(is_card, is_card[1:]))
+
+                wait_until(lambda: runs() == 3, "three cards without seams")
+
     def test_compact_mode_is_denser(self):
         tops = []
         for compact in (False, True):

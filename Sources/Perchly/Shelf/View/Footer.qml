@@ -11,7 +11,7 @@ Item {
 
     implicitHeight: 16
 
-    Rectangle {
+    RoundedRect {
         id: dot
 
         anchors.left: parent.left

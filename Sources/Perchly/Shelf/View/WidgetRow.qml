@@ -12,7 +12,7 @@ Item {
     Repeater {
         model: [0, root.cardWidth + 12, root.width - root.cardWidth]
 
-        Rectangle {
+        RoundedRect {
             required property real modelData
             required property int index
 
