@@ -1,5 +1,5 @@
-#include "KeyTranslation.h"
 #include "QtKeyMonitor.h"
+#include "KeyTranslation.h"
 
 #include <QKeyEvent>
 #include <QShortcut>

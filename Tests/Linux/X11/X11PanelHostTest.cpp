@@ -1,5 +1,5 @@
-#include "X11HotKeys.h"
 #include "X11PanelHost.h"
+#include "X11HotKeys.h"
 #include "XClient.h"
 
 #include <QPainter>
