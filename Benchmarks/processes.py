@@ -42,4 +42,6 @@ def cost_of_a_minute(pid, seconds, meanwhile=None):
         else:
             time.sleep(seconds - (time.monotonic() - start))
     span = time.monotonic() - start
-    return (cpu_seconds(pid) - cpu) * 60 / span, (wake_ups(pid) - woken) / span
+    # A thread that ends takes its counts with it.
+    cpu, woken = max(0, cpu_seconds(pid) - cpu), max(0, wake_ups(pid) - woken)
+    return cpu * 60 / span, woken / span
