@@ -2,10 +2,7 @@
 
 #include <systemd/sd-bus.h>
 
-#include <future>
 #include <memory>
-#include <system_error>
-#include <thread>
 
 namespace perchly::sessionbus {
 
@@ -44,20 +41,12 @@ bool answers(std::chrono::milliseconds limit) {
 }
 
 std::optional<QDBusConnection> within(std::chrono::milliseconds limit) {
-    // Connecting waits for the bus without a limit of its own, so somebody else does the waiting.
-    std::promise<bool> connected;
-    std::future<bool> answer = connected.get_future();
-    try {
-        std::thread([connected = std::move(connected)]() mutable {
-            connected.set_value(QDBusConnection::sessionBus().isConnected());
-        }).detach();
-    } catch (const std::system_error &) {
+    // The library's own connecting waits without a limit, so only a bus that answers is left to it.
+    if (!answers(limit)) {
         return std::nullopt;
     }
-    if (answer.wait_for(limit) != std::future_status::ready || !answer.get()) {
-        return std::nullopt;
-    }
-    return QDBusConnection::sessionBus();
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    return bus.isConnected() ? std::optional(bus) : std::nullopt;
 }
 
 } // namespace perchly::sessionbus
