@@ -31,7 +31,7 @@ void OutsidePress::select(quint32 events) {
     }
     struct {
         xcb_input_event_mask_t head{XCB_INPUT_DEVICE_ALL_MASTER, 1};
-        quint32 mask;
+        quint32 mask = 0;
     } selection{.mask = events};
     xcb_input_xi_select_events(m_connection.get(), m_connection.root(), 1, &selection.head);
     m_connection.flush();
