@@ -75,6 +75,7 @@ QPainterPath dashedApp() {
     square.addRoundedRect(QRectF(0.1, 0.1, 0.8, 0.8), 0.18, 0.18);
     QPainterPathStroker stroker;
     stroker.setWidth(0.075);
+    stroker.setCurveThreshold(0.0005); // its default is meant for lengths in pixels
     stroker.setCapStyle(Qt::RoundCap);
     const qreal dash = square.length() / 12 / stroker.width();
     stroker.setDashPattern({dash * 0.55, dash * 0.45});
