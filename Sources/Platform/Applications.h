@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QImage>
 #include <QString>
 #include <QUrl>
 
@@ -7,7 +8,8 @@
 
 namespace perchly {
 
-/// Opening applications and links, as the desktop does it. Nothing blocks. Main thread only.
+/// Opening applications and links, as the desktop does it. Nothing blocks, and all but
+/// icon() is for the main thread.
 class Applications {
 public:
     /// Called once on the main thread: empty when it was opened, else why it was not.
@@ -17,6 +19,10 @@ public:
 
     /// Launches the application whose desktop entry has this absolute path.
     virtual void open(const QString &path, Completion completion = {}) = 0;
+
+    /// The application's own picture, to be shown `side` pixels wide and high; null if it has none.
+    /// Blocks while files are read, and may be called on any thread, also on several at once.
+    [[nodiscard]] virtual QImage icon(const QString &path, int side) = 0;
 
     /// Opens a link or file with the person's own choice of program.
     virtual void openUrl(const QUrl &url, Completion completion = {}) = 0;

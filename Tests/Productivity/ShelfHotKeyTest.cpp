@@ -22,6 +22,11 @@ public:
     void launch(const QString &) override { note("launch"); }
     void terminate() override { note("terminate"); }
     void toggleKeyboardOpen() override { note("toggleKeyboardOpen"); }
+    bool takeKeyboard() override {
+        note("takeKeyboard");
+        return true;
+    }
+    void returnKeyboard() override { note("returnKeyboard"); }
     void resize() override { note("resize"); }
     void handlePressed() override { note("handlePressed"); }
     void handleMoved() override { note("handleMoved"); }

@@ -11,6 +11,32 @@ namespace perchly {
 class ShelfItemTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
+    void kinds_data() {
+        QTest::addColumn<ShelfItem>("item");
+        QTest::addColumn<QString>("kind");
+        const auto row = [](const char *name, const ShelfItem &item, const char *kind) {
+            QTest::newRow(name) << item << QString::fromLatin1(kind);
+        };
+        const auto text = [](const char *words) { return QString::fromLatin1(words); };
+        ShelfItem item{.id = text("id"), .name = text("name")};
+        row("nothing in particular", item, "");
+        item.path = text("/apps/editor.desktop");
+        row("an application by its path", item, "application");
+        item.shortcutName = text("Resize");
+        row("a shortcut, even with a path", item, "shortcut");
+        item.widgetName = text("Weather");
+        row("a widget that there is not does not count", item, "shortcut");
+        item.widgetName = text("Clock");
+        row("a widget before all", item, "widget");
+    }
+
+    void kinds() {
+        QFETCH(ShelfItem, item);
+        QTEST(item.kind(), "kind");
+        QCOMPARE(item.widgetTitle(),
+                 item.kind() == QLatin1StringView("widget") ? QStringLiteral("Clock") : QString());
+    }
+
     void identifiers_data() {
         QTest::addColumn<ShelfItem>("item");
         QTest::addColumn<QString>("id");

@@ -30,6 +30,8 @@ private Q_SLOTS:
         row(keys::compactMode, "compact", false, true, true);
         row(keys::leftWidget, "savedLeft", text("Clock"), text("Quick note"), text("Quick note"));
         row(keys::rightWidget, "savedRight", text("Focus timer"), text("Music"), text("Music"));
+        row(keys::quickNote, "note", text(""), text("milk\nand tea"), text("milk\nand tea"));
+        row(keys::focusMinutes, "focusMinutes", 25, 50.0, 50);
     }
 
     void everyKeyHasItsDefaultAndItsAnnouncement() {

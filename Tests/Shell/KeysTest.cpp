@@ -73,6 +73,61 @@ void KeysTest::escapeCloses() {
     QVERIFY(!shell.fake.panel.keyboard);
 }
 
+void KeysTest::escapeClosesAnOpenChooserFirst() {
+    ShellFixture shell;
+    shell.delegate->toggleKeyboardOpen();
+    shell.delegate->model().setChoosingWidget(true);
+    QVERIFY2(!shell.fake.keys.press(Qt::Key_Escape), "the chooser's own key");
+    QVERIFY(shell.expanded());
+    shell.delegate->model().setChoosingWidget(false);
+    QVERIFY(shell.fake.keys.press(Qt::Key_Escape));
+    QVERIFY(!shell.expanded());
+}
+
+void KeysTest::aBorrowedKeyboardGoesBackWithTheShelf_data() {
+    using End = std::function<void(ShellFixture &)>;
+    QTest::addColumn<End>("end");
+    QTest::addColumn<bool>("keyboardAfter");
+    QTest::newRow("when it is returned")
+        << End([](ShellFixture &shell) { shell.delegate->returnKeyboard(); }) << false;
+    QTest::newRow("when the pointer leaves") << End([](ShellFixture &shell) {
+        shell.pointerAway();
+        shell.fake.clock.advance(std::chrono::milliseconds(350));
+    }) << false;
+    QTest::newRow("when Escape closes the shelf")
+        << End([](ShellFixture &shell) { QVERIFY(shell.fake.keys.press(Qt::Key_Escape)); })
+        << false;
+    QTest::newRow("when the shelf is dragged away") << End([](ShellFixture &shell) {
+        shell.delegate->beginShelfDrag({720, 890});
+    }) << false;
+    QTest::newRow("not when a window takes it from the shelf")
+        << End([](ShellFixture &shell) { shell.delegate->showTools(); }) << true;
+}
+
+void KeysTest::aBorrowedKeyboardGoesBackWithTheShelf() {
+    QFETCH(std::function<void(ShellFixture &)>, end);
+    ShellFixture shell;
+    QVERIFY2(!shell.delegate->takeKeyboard(), "the collapsed shelf has no use for it");
+    shell.pointerOntoPill();
+    QVERIFY(shell.delegate->takeKeyboard());
+    QVERIFY2(!shell.delegate->takeKeyboard(), "it has it already");
+    QVERIFY(shell.fake.panel.keyboard);
+    QVERIFY(!shell.delegate->keyboardOpen());
+    end(shell);
+    QTEST(shell.fake.panel.keyboard, "keyboardAfter");
+}
+
+void KeysTest::keyboardModeKeepsABorrowedKeyboard() {
+    ShellFixture shell;
+    shell.pointerOntoPill();
+    QVERIFY(shell.delegate->takeKeyboard());
+    shell.delegate->toggleKeyboardOpen();
+    shell.delegate->returnKeyboard();
+    QVERIFY(shell.fake.panel.keyboard);
+    shell.delegate->toggleKeyboardOpen();
+    QVERIFY(!shell.fake.panel.keyboard);
+}
+
 void KeysTest::launchesTheShownEntryOfADigit_data() {
     QTest::addColumn<QString>("characters");
     QTest::addColumn<bool>("consumed");

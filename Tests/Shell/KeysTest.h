@@ -11,6 +11,10 @@ private Q_SLOTS:
     void turnsAHoverOpenShelfIntoAKeyboardOpenOne();
     void passesKeysOnWithoutTheKeyboard();
     void escapeCloses();
+    void escapeClosesAnOpenChooserFirst();
+    void aBorrowedKeyboardGoesBackWithTheShelf_data();
+    void aBorrowedKeyboardGoesBackWithTheShelf();
+    void keyboardModeKeepsABorrowedKeyboard();
     void launchesTheShownEntryOfADigit_data();
     void launchesTheShownEntryOfADigit();
     void answersTheMenusKeysInEveryWindow();

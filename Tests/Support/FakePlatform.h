@@ -93,6 +93,14 @@ public:
 class FakeApplications : public Applications {
 public:
     void open(const QString &path, Completion) override { opened.append(path); }
+    QImage icon(const QString &path, int side) override {
+        if (path.startsWith(QStringLiteral("/gone/"))) {
+            return {};
+        }
+        QImage picture(side, side, QImage::Format_ARGB32);
+        picture.fill(Qt::red);
+        return picture;
+    }
     void openUrl(const QUrl &url, Completion) override { openedUrls.append(url); }
 
     QStringList opened;

@@ -4,6 +4,7 @@
 #include <QAccessibleActionInterface>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QMetaEnum>
 #include <QMimeData>
@@ -31,7 +32,12 @@ ShelfFixture::ShelfFixture(QObject *parent)
     : QObject(parent)
     , m_model(m_fakes.clock, m_fakes.preferences, m_fakes.alertSound)
     , m_preferences(m_fakes.preferences)
-    , m_library(m_fakes.preferences) {}
+    , m_library(m_fakes.preferences) {
+    connect(&m_model, &ShelfModel::controlRequested, this,
+            [this](const QString &word) { m_commands.append(word); });
+    connect(&m_model, &ShelfModel::musicRequested, this,
+            [this] { m_commands.append(QStringLiteral("open music")); });
+}
 
 void ShelfFixture::dock(const QString &edge, double notchWidth) {
     const ShelfEdge parsed = shelfEdgeFromName(edge).value_or(ShelfEdge::Top);
@@ -64,6 +70,44 @@ void ShelfFixture::play(const QString &title) {
     m_model.setMusicTitle(title);
     m_model.setPlaying(true);
     m_model.setMusicActive(true);
+}
+
+void ShelfFixture::setMedia(const QVariantMap &fields) {
+    const auto set = [&](const char *name, auto setter) {
+        if (const auto field = fields.find(QLatin1StringView(name)); field != fields.end()) {
+            setter(*field);
+        }
+    };
+    set("active", [this](const QVariant &value) { m_model.setMusicActive(value.toBool()); });
+    set("playing", [this](const QVariant &value) { m_model.setPlaying(value.toBool()); });
+    set("title", [this](const QVariant &value) { m_model.setMusicTitle(value.toString()); });
+    set("artist", [this](const QVariant &value) { m_model.setMusicArtist(value.toString()); });
+    set("source", [this](const QVariant &value) { m_model.setMediaSource(value.toString()); });
+    set("browser", [this](const QVariant &value) { m_model.setMediaIsBrowser(value.toBool()); });
+    set("canSeek", [this](const QVariant &value) { m_model.setMediaCanSeek(value.toBool()); });
+    set("controlling", [this](const QVariant &value) { m_model.setControlling(value.toBool()); });
+}
+
+void ShelfFixture::fill(const QStringList &widgets, const QStringList &applications) {
+    QList<ShelfItem> items;
+    for (const QString &title : widgets) {
+        items.append(ShelfItem::forWidget(widgetFromTitle(title).value_or(Widget::Clock)));
+    }
+    for (const QString &name : applications) {
+        const bool whole = name.startsWith(QLatin1Char('/'));
+        items.append(ShelfItem::forApplication(whole ? name : QStringLiteral("/apps/") + name,
+                                               whole ? QFileInfo(name).baseName() : name));
+    }
+    m_library.setItems(items);
+}
+
+void ShelfFixture::addShortcut(const QString &name) {
+    m_library.add(ShelfItem::forShortcut(name));
+}
+
+QVariant ShelfFixture::stored(const QString &key) const {
+    const auto text = m_fakes.preferences.string(key);
+    return text ? QVariant(*text) : QVariant();
 }
 
 void ShelfFixture::advance(int seconds) {

@@ -24,6 +24,11 @@ public:
     void launch(const QString &id) override { calls.append(QStringLiteral("launch ") + id); }
     void terminate() override { calls.append(QStringLiteral("terminate")); }
     void toggleKeyboardOpen() override { calls.append(QStringLiteral("toggleKeyboardOpen")); }
+    bool takeKeyboard() override {
+        calls.append(QStringLiteral("takeKeyboard"));
+        return true;
+    }
+    void returnKeyboard() override { calls.append(QStringLiteral("returnKeyboard")); }
     void resize() override { calls.append(QStringLiteral("resize")); }
     void handlePressed() override { calls.append(QStringLiteral("pressed")); }
     void handleMoved() override { calls.append(QStringLiteral("moved")); }
@@ -61,6 +66,17 @@ public:
     Q_INVOKABLE void prefer(const QString &key, const QVariant &value);
     Q_INVOKABLE void reduceMotion(bool reduce);
     Q_INVOKABLE void play(const QString &title);
+    /// Sets the media fields of the model that are named; the others stay.
+    Q_INVOKABLE void setMedia(const QVariantMap &fields);
+    /// What was asked of the players since the last call.
+    Q_INVOKABLE QStringList takeCommands() { return std::exchange(m_commands, {}); }
+    /// Replaces the shelf's entries by applications of those names, after the widgets of those
+    /// titles. The desktop entry of one is "/apps/" and its name.
+    Q_INVOKABLE void fill(const QStringList &widgets, const QStringList &applications);
+    Q_INVOKABLE void addShortcut(const QString &name);
+    /// What is stored under a key.
+    Q_INVOKABLE QVariant stored(const QString &key) const;
+    Q_INVOKABLE bool choosingWidget() const { return m_model.choosingWidget(); }
     Q_INVOKABLE void advance(int seconds);
 
     /// What was asked of the shell since the last call.
@@ -83,6 +99,7 @@ private:
     Productivity m_productivity;
     ShelfExtras m_extras;
     RecordingShell m_shell;
+    QStringList m_commands;
 };
 
 } // namespace perchly

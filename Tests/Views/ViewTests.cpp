@@ -1,3 +1,6 @@
+#include "ApplicationPictures.h"
+#include "FakePlatform.h"
+
 #include <QAccessible>
 #include <QQmlEngine>
 #include <QQuickWindow>
@@ -13,7 +16,12 @@ public Q_SLOTS:
     }
     void qmlEngineAvailable(QQmlEngine *engine) {
         engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
+        engine->addImageProvider(QStringLiteral("applications"),
+                                 new perchly::ApplicationPictures(m_applications));
     }
+
+private:
+    perchly::FakeApplications m_applications;
 };
 
 QUICK_TEST_MAIN_WITH_SETUP(views, Setup)

@@ -29,12 +29,21 @@ ShelfTestCase {
     }
 
     function test_openItTellsEveryButton() {
+        root.fixture.prefer("leftWidget", "Calendar");
         root.open("left");
         root.fixture.productivity.hold(["file:///tmp/a", "https://example.org"]);
         root.expand();
         compare(root.fixture.accessibleWithin(root.view).join("\n"), [
-            "StaticText: YOUR SHELF",
-            root.button("Settings"), root.button("Search"), root.button("Capture"),
+            "Grouping: Calendar", root.button("Change pinned widget"),
+            "StaticText: " + new Date().getDate() + " " + Qt.locale().standaloneMonthName(new Date().getMonth()) + " " + new Date().getFullYear(),
+            "StaticText: Upcoming meetings", root.button("Meetings"),
+            "Grouping: Activity", "StaticText: Ready when you are", "StaticText: Your current activity lives here",
+            "Grouping: Focus timer", root.button("Change pinned widget"), "StaticText: 25:00", root.button("Start focus"),
+            "StaticText: YOUR SHELF", root.button("Settings"),
+            "Grouping: Your shelf", root.button("Previous icons"), root.button("Pin Clock"),
+            root.button("Pin Focus timer"), root.button("Pin Music"), root.button("Pin Quick note"),
+            root.button("Pin Calendar"), root.button("More icons"),
+            root.button("Search"), root.button("Capture"),
             root.button("Mixer"), root.button("Workspace"), root.button("Focus"),
             "StaticText: 2 held", "StaticText: Checking battery…", root.button("Quit"),
             root.button("Drag this edge to detach and reposition the shelf"),
@@ -83,12 +92,20 @@ ShelfTestCase {
         root.expand();
         root.view.forceActiveFocus();
         const pressed = [];
-        for (let step = 0; step < 7; ++step) {
+        for (let step = 0; step < 15; ++step) {
             keyClick(Qt.Key_Tab);
             keyClick(step % 2 ? Qt.Key_Return : Qt.Key_Space);
+            if (root.view.choosing) {
+                keyClick(Qt.Key_Escape);
+                verify(!root.view.choosing);
+            }
             pressed.push(...root.fixture.takeCalls());
         }
-        compare(pressed, ["showSettings", "showTools", "showMixer", "showTools", "terminate", "toggleKeyboardOpen"]);
+        const chosen = ["takeKeyboard", "returnKeyboard"];
+        // The menus of both cards, the session between them, and the tiles come before the toolbar.
+        compare(pressed, [...chosen, ...chosen, "showSettings", ...chosen, ...chosen, ...chosen, ...chosen, ...chosen,
+                          "showTools", "showMixer", "showTools", "terminate", "toggleKeyboardOpen"]);
+        verify(root.fixture.model.quietFocus);
     }
 
     function test_aDragOutlivesTheOpenShelf_data() {

@@ -88,6 +88,7 @@ public:
 class NullApplications : public Applications {
 public:
     void open(const QString &path, Completion completion) override;
+    QImage icon(const QString &, int) override { return {}; }
     void openUrl(const QUrl &url, Completion completion) override;
 
 private:

@@ -3,13 +3,15 @@
 #include "GioLaunch.h"
 
 #include <QDir>
+#include <QIcon>
 
 #include <gio/gio.h>
 
 namespace perchly {
 
 GioApplications::GioApplications()
-    : m_cancellable(g_cancellable_new(), [](GCancellable *object) { g_object_unref(object); }) {
+    : m_icons(QIcon::themeName(), IconTheme::standardFolders())
+    , m_cancellable(g_cancellable_new(), [](GCancellable *object) { g_object_unref(object); }) {
     m_pool.setMaxThreadCount(8); // a few slow services must not hold up the next application
     m_pool.setExpiryTimeout(1000);
 }
@@ -25,6 +27,11 @@ void GioApplications::open(const QString &path, Completion completion) {
     }
     start([path](GCancellable *cancellable) { return giolaunch::application(path, cancellable); },
           std::move(completion));
+}
+
+QImage GioApplications::icon(const QString &path, int side) {
+    const QString name = iconOfEntry(path);
+    return name.isEmpty() ? QImage() : m_icons.image(name, side);
 }
 
 void GioApplications::openUrl(const QUrl &url, Completion completion) {

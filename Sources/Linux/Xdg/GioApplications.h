@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Applications.h"
+#include "IconTheme.h"
 
 #include <QObject>
 #include <QThreadPool>
@@ -21,6 +22,8 @@ public:
     ~GioApplications() override;
 
     void open(const QString &path, Completion completion = {}) override;
+    /// Found as the icon theme specification says, in the theme that is set when this is made.
+    QImage icon(const QString &path, int side) override;
     void openUrl(const QUrl &url, Completion completion = {}) override;
 
 private:
@@ -28,6 +31,7 @@ private:
 
     void start(Launch launch, Completion completion);
 
+    IconTheme m_icons;
     std::shared_ptr<_GCancellable> m_cancellable;
     QObject m_receiver; ///< completions run in its thread, as long as it lives
     QThreadPool m_pool; ///< destroyed first: it waits for the threads

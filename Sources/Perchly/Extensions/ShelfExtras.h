@@ -10,6 +10,7 @@ namespace perchly {
 class ShelfExtras : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString section READ section WRITE setSection NOTIFY sectionChanged FINAL)
+    Q_PROPERTY(QString firstEventTitle READ firstEventTitle NOTIFY firstEventTitleChanged FINAL)
     Q_PROPERTY(QString battery READ battery NOTIFY batteryChanged FINAL)
 public:
     using QObject::QObject;
@@ -18,15 +19,20 @@ public:
     [[nodiscard]] QString section() const { return m_section; }
     void setSection(const QString &section);
 
+    /// Title of the first of the upcoming events; empty without one.
+    [[nodiscard]] QString firstEventTitle() const { return m_firstEventTitle; }
+
     /// One line on the battery.
     [[nodiscard]] QString battery() const { return m_battery; }
 
 Q_SIGNALS:
     void sectionChanged();
+    void firstEventTitleChanged();
     void batteryChanged();
 
 private:
     QString m_section = QStringLiteral("Search");
+    QString m_firstEventTitle;
     QString m_battery = QStringLiteral("Checking battery…");
 };
 

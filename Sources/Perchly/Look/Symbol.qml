@@ -30,9 +30,13 @@ Item {
         active: root.glyph === "" && root.name !== ""
         anchors.centerIn: parent
         height: root.implicitHeight
-        source: active ? "DrawnSymbol.qml" : ""
+        source: active ? "OutlineSymbol.qml" : ""
         width: root.implicitWidth
 
-        onLoaded: (item as DrawnSymbol).color = Qt.binding(() => root.color)
+        onLoaded: {
+            const drawn = item as DrawnSymbol;
+            drawn.color = Qt.binding(() => root.color);
+            drawn.name = Qt.binding(() => root.name);
+        }
     }
 }

@@ -69,17 +69,20 @@ QString loadFont() {
     return QFontDatabase::applicationFontFamilies(font).value(0);
 }
 
-/// A rounded square of eight dashes.
+/// A rounded square of twelve dashes.
 QPainterPath dashedApp() {
+    // Dashes are cut to a precision that is meant for lengths in pixels.
+    constexpr qreal side = 1000;
     QPainterPath square;
-    square.addRoundedRect(QRectF(0.1, 0.1, 0.8, 0.8), 0.18, 0.18);
+    square.addRoundedRect(QRectF(0.1 * side, 0.1 * side, 0.8 * side, 0.8 * side), 0.18 * side,
+                          0.18 * side);
     QPainterPathStroker stroker;
-    stroker.setWidth(0.075);
+    stroker.setWidth(0.075 * side);
     stroker.setCapStyle(Qt::RoundCap);
     const qreal dash = square.length() / 12 / stroker.width();
     stroker.setDashPattern({dash * 0.55, dash * 0.45});
     stroker.setDashOffset(dash * 0.275);
-    return stroker.createStroke(square);
+    return QTransform::fromScale(1 / side, 1 / side).map(stroker.createStroke(square));
 }
 
 } // namespace

@@ -69,7 +69,7 @@ std::optional<ShelfItem> decoded(const QJsonValue &value) {
 } // namespace
 
 ShelfItem ShelfItem::forWidget(Widget widget) {
-    const QString title = widgetTitle(widget);
+    const QString title = perchly::widgetTitle(widget);
     return {.id = QLatin1StringView("widget:") + title, .name = title, .widgetName = title};
 }
 
@@ -79,6 +79,20 @@ ShelfItem ShelfItem::forShortcut(const QString &name) {
 
 ShelfItem ShelfItem::forApplication(const QString &path, const QString &name) {
     return {.id = QDir::cleanPath(path), .name = name, .path = path};
+}
+
+QString ShelfItem::kind() const {
+    if (!widgetTitle().isEmpty()) {
+        return QStringLiteral("widget");
+    }
+    if (shortcutName) {
+        return QStringLiteral("shortcut");
+    }
+    return path ? QStringLiteral("application") : QString();
+}
+
+QString ShelfItem::widgetTitle() const {
+    return widgetName && widgetFromTitle(*widgetName) ? *widgetName : QString();
 }
 
 QByteArray encodeShelfItems(const QList<ShelfItem> &items) {

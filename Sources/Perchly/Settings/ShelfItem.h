@@ -19,6 +19,9 @@ struct ShelfItem {
     Q_GADGET
     Q_PROPERTY(QString id MEMBER id CONSTANT FINAL)
     Q_PROPERTY(QString name MEMBER name CONSTANT FINAL)
+    Q_PROPERTY(QString kind READ kind CONSTANT FINAL)
+    Q_PROPERTY(QString widgetTitle READ widgetTitle CONSTANT FINAL)
+    Q_PROPERTY(QString applicationPath READ applicationPath CONSTANT FINAL)
     Q_PROPERTY(bool visible MEMBER visible CONSTANT FINAL)
     Q_PROPERTY(bool favorite MEMBER favorite CONSTANT FINAL)
 public:
@@ -34,6 +37,14 @@ public:
     [[nodiscard]] static ShelfItem forShortcut(const QString &name);
     /// `path` is kept as given; the identifier is its form without dot segments.
     [[nodiscard]] static ShelfItem forApplication(const QString &path, const QString &name);
+
+    /// What to show for the item: "widget" when it names one, else "shortcut", "application" or,
+    /// when it is none of them, the empty string.
+    [[nodiscard]] QString kind() const;
+    /// The widget's title, or empty for what is no widget.
+    [[nodiscard]] QString widgetTitle() const;
+    /// Empty where there is no path.
+    [[nodiscard]] QString applicationPath() const { return path.value_or(QString()); }
 
     bool operator==(const ShelfItem &) const = default;
 };

@@ -3,6 +3,8 @@
 #include "PreferenceKeys.h"
 #include "Preferences.h"
 
+#include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace perchly {
@@ -50,6 +52,19 @@ void ShelfPreferences::setSavedRight(const QString &title) {
     m_preferences.setString(keys::rightWidget, title);
 }
 
+QString ShelfPreferences::note() const {
+    return m_preferences.string(keys::quickNote).value_or(QString());
+}
+
+void ShelfPreferences::setNote(const QString &note) {
+    m_preferences.setString(keys::quickNote, note);
+}
+
+int ShelfPreferences::focusMinutes() const {
+    constexpr qint64 most = std::numeric_limits<int>::max();
+    return int(std::clamp(m_preferences.wholeNumber(keys::focusMinutes).value_or(25), -most, most));
+}
+
 void ShelfPreferences::announce(const QString &key) {
     using Signal = void (ShelfPreferences::*)();
     static constexpr std::pair<QLatin1StringView, Signal> signalOfKey[] = {
@@ -60,6 +75,8 @@ void ShelfPreferences::announce(const QString &key) {
         {keys::compactMode, &ShelfPreferences::compactChanged},
         {keys::leftWidget, &ShelfPreferences::savedLeftChanged},
         {keys::rightWidget, &ShelfPreferences::savedRightChanged},
+        {keys::quickNote, &ShelfPreferences::noteChanged},
+        {keys::focusMinutes, &ShelfPreferences::focusMinutesChanged},
     };
     for (const auto &[candidate, changed] : signalOfKey) {
         if (candidate == key) {

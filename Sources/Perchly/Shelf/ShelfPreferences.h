@@ -19,6 +19,8 @@ class ShelfPreferences : public QObject {
     Q_PROPERTY(QString savedLeft READ savedLeft WRITE setSavedLeft NOTIFY savedLeftChanged FINAL)
     Q_PROPERTY(
         QString savedRight READ savedRight WRITE setSavedRight NOTIFY savedRightChanged FINAL)
+    Q_PROPERTY(QString note READ note WRITE setNote NOTIFY noteChanged FINAL)
+    Q_PROPERTY(int focusMinutes READ focusMinutes NOTIFY focusMinutesChanged FINAL)
 public:
     /// The preferences must outlive this object.
     explicit ShelfPreferences(Preferences &preferences, QObject *parent = nullptr);
@@ -35,6 +37,13 @@ public:
     [[nodiscard]] QString savedRight() const;
     void setSavedRight(const QString &title);
 
+    /// The quick note; default empty.
+    [[nodiscard]] QString note() const;
+    void setNote(const QString &note);
+
+    /// The planned length of a focus session as it is stored; 25 where that is no whole number.
+    [[nodiscard]] int focusMinutes() const;
+
 Q_SIGNALS:
     void shelfScaleChanged();
     void themeChanged();
@@ -43,6 +52,8 @@ Q_SIGNALS:
     void compactChanged();
     void savedLeftChanged();
     void savedRightChanged();
+    void noteChanged();
+    void focusMinutesChanged();
 
 private:
     void announce(const QString &key);

@@ -1,5 +1,6 @@
 #include "AppDelegate.h"
 
+#include "ApplicationPictures.h"
 #include "Hosts.h"
 
 #include <QCoreApplication>
@@ -26,6 +27,8 @@ ShelfExtras &AppDelegate::extras() {
 
 void AppDelegate::launch() {
     m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    m_engine.addImageProvider(QStringLiteral("applications"),
+                              new ApplicationPictures(*m_hosts.applications));
     m_panel = std::make_unique<ShelfPanel>(m_engine, *m_hosts.panel);
     m_panel->load(m_resources.shelfView,
                   {{QStringLiteral("model"), QVariant::fromValue(&m_model)},
@@ -64,7 +67,9 @@ void AppDelegate::show(std::unique_ptr<AuxiliaryWindow> &window, const QString &
         window = std::make_unique<AuxiliaryWindow>(m_engine, title, size, buttons, QUrl(),
                                                    QVariantMap());
     }
-    m_keyboardOpen = false; // the window takes the keyboard from here, so it is not given back
+    // The window takes the keyboard from here, so it is not given back.
+    m_keyboardOpen = false;
+    m_keyboardBorrowed = false;
     setExpanded(false);
     m_hosts.panel->activate(window.get());
 }

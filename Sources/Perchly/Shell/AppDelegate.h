@@ -69,6 +69,8 @@ public:
     void launch(const QString &id) override;
     void terminate() override;
     void toggleKeyboardOpen() override;
+    bool takeKeyboard() override;
+    void returnKeyboard() override;
     void resize() override;
     void handlePressed() override;
     void handleMoved() override;
@@ -133,6 +135,7 @@ private:
     ShelfHotKey m_hotKey;
     std::unique_ptr<AuxiliaryWindow> m_toolsWindow;
     bool m_keyboardOpen = false;
+    bool m_keyboardBorrowed = false; ///< taken outside keyboard mode
     std::unique_ptr<AuxiliaryWindow> m_settingsWindow;
     std::unique_ptr<ShelfPanel> m_panel;
     ShelfHeaderView m_headerView;

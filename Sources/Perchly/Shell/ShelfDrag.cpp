@@ -18,6 +18,7 @@ void AppDelegate::beginShelfDrag(ScreenPoint start) {
         m_keyboardOpen = false;
         m_hosts.panel->giveKeyboardBack();
     }
+    returnKeyboard();
     m_model.setDragging(true);
 
     const double width = m_model.compactWidth();

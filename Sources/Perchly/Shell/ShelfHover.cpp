@@ -5,6 +5,7 @@
 #include "PreferenceKeys.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace perchly {
 
@@ -61,6 +62,7 @@ void AppDelegate::setExpanded(bool expanded) {
         m_model.setExpanded(true);
     } else {
         m_model.setExpanded(false);
+        returnKeyboard();
         startSettleTask();
     }
     updatePolling();
@@ -77,12 +79,28 @@ void AppDelegate::startSettleTask() {
 
 void AppDelegate::setKeyboardOpen(bool open) {
     m_keyboardOpen = open;
+    m_keyboardBorrowed = false;
     setExpanded(open);
     updatePolling();
     if (open) {
         m_hosts.panel->orderFront();
         m_hosts.panel->takeKeyboard();
     } else {
+        m_hosts.panel->giveKeyboardBack();
+    }
+}
+
+bool AppDelegate::takeKeyboard() {
+    if (!m_model.expanded() || m_hosts.panel->hasKeyboard()) {
+        return false;
+    }
+    m_keyboardBorrowed = !m_keyboardOpen;
+    m_hosts.panel->takeKeyboard();
+    return m_keyboardBorrowed;
+}
+
+void AppDelegate::returnKeyboard() {
+    if (std::exchange(m_keyboardBorrowed, false)) {
         m_hosts.panel->giveKeyboardBack();
     }
 }

@@ -34,6 +34,9 @@ bool AppDelegate::handleShelfKey(const KeyPress &press) {
         return false;
     }
     if (press.key == Qt::Key_Escape) {
+        if (m_model.choosingWidget()) {
+            return false; // closes the chooser alone
+        }
         setKeyboardOpen(false);
         return true;
     }

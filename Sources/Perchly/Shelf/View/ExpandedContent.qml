@@ -19,6 +19,9 @@ Item {
     /// From 0, not there yet, to 1, fully there.
     property real appearance: 0
 
+    /// A chooser is open above the rest.
+    readonly property alias choosing: popovers.open
+    readonly property alias strip: strip
     readonly property color statusColor: root.model.running ? Theme.orange : Theme.accentColor(root.preferences.accent)
     readonly property string edge: root.model.dockEdge
     readonly property bool onSide: root.edge !== "top"
@@ -52,6 +55,12 @@ Item {
         WidgetRow {
             id: widgetRow
 
+            extras: root.extras
+            model: root.model
+            popovers: popovers
+            preferences: root.preferences
+            shell: root.shell
+            status: root.status
             height: root.preferences.compact ? 110 : 145
             width: 620
             x: 20
@@ -68,17 +77,22 @@ Item {
             width: 620
             x: 20
         }
-        Item {
+        AppStrip {
             id: strip
 
             anchors.top: sectionHeader.bottom
             anchors.topMargin: root.spacing
             height: 88
+            library: root.library
+            model: root.model
+            pictureScale: root.Screen.devicePixelRatio * root.preferences.shelfScale
+            popovers: popovers
+            shell: root.shell
             visible: !root.model.quietFocus
             width: 620
             x: 20
         }
-        Item {
+        QuietFocus {
             id: quiet
 
             anchors.top: widgetRow.bottom
@@ -127,5 +141,14 @@ Item {
             radius: 1.5
             width: 3
         }
+    }
+
+    PopoverLayer {
+        id: popovers
+
+        anchors.fill: parent
+        model: root.model
+        preferences: root.preferences
+        shell: root.shell
     }
 }

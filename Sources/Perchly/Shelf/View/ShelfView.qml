@@ -40,6 +40,10 @@ FocusScope {
     readonly property alias status: status
     readonly property alias openness: openness
     readonly property alias sideReveal: sideReveal
+    /// A chooser is open, which takes the next press wherever it is.
+    readonly property bool choosing: root.content?.choosing ?? false
+    /// What the open shelf shows, once it is made.
+    readonly property ExpandedContent content: expandedContent.item as ExpandedContent
     readonly property rect shapeRect: root.expanded ? layout.openRect : layout.restRect
     readonly property real shapeRadius: root.expanded ? layout.openRadius : layout.restRadius
 
@@ -244,7 +248,7 @@ FocusScope {
 
         Accessible.ignored: !root.onSide || !root.expanded
         activeFocusOnTab: false
-        enabled: root.onSide || edgeHandle.pressed
+        enabled: (root.onSide && !root.choosing) || edgeHandle.pressed
         height: root.shapeRect.height
         label: edgeHandle.toolTip
         shell: root.shell
@@ -258,6 +262,7 @@ FocusScope {
     DragHandle {
         id: headerHandle
 
+        enabled: !root.choosing || headerHandle.pressed
         readonly property rect openArea: layout.onStage(layout.bandLeft, 0, layout.rowsWidth, layout.headerHeight)
         readonly property rect area: root.expanded ? headerHandle.openArea : layout.restRect
 

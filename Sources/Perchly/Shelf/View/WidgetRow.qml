@@ -1,26 +1,51 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
-import Perchly.Look
+import Perchly.Stores
+import Perchly.Shelf
 
 /// The row of cards: a pinned widget at each end and the activity between them.
 Item {
     id: root
 
+    required property ShelfModel model
+    required property ShelfPreferences preferences
+    required property ShelfExtras extras
+    required property ShellActions shell
+    required property CompactStatus status
+    required property PopoverLayer popovers
+
     readonly property real cardWidth: Math.ceil((root.width - 24) / 3)
 
-    Repeater {
-        model: [0, root.cardWidth + 12, root.width - root.cardWidth]
-
-        RoundedRect {
-            required property real modelData
-            required property int index
-
-            color: Theme.card
-            height: root.height
-            radius: 18
-            width: index === 1 ? root.width - 2 * root.cardWidth - 24 : root.cardWidth
-            x: modelData
-        }
+    PinnedCard {
+        extras: root.extras
+        height: root.height
+        model: root.model
+        popovers: root.popovers
+        preferences: root.preferences
+        shell: root.shell
+        side: "left"
+        status: root.status
+        widget: root.model.left
+        width: root.cardWidth
+    }
+    ActivityCard {
+        height: root.height
+        model: root.model
+        preferences: root.preferences
+        status: root.status
+        width: root.width - 2 * root.cardWidth - 24
+        x: root.cardWidth + 12
+    }
+    PinnedCard {
+        extras: root.extras
+        height: root.height
+        model: root.model
+        popovers: root.popovers
+        preferences: root.preferences
+        shell: root.shell
+        side: "right"
+        status: root.status
+        widget: root.model.right
+        width: root.cardWidth
+        x: root.width - root.cardWidth
     }
 }

@@ -1,0 +1,193 @@
+#include "IconTheme.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QStandardPaths>
+
+#include <glib.h>
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <memory>
+
+namespace perchly {
+
+namespace {
+
+using KeyFile = std::unique_ptr<GKeyFile, decltype(&g_key_file_unref)>;
+
+constexpr qint64 largestKeyFile = 4 * 1024 * 1024;
+constexpr qsizetype mostThemes = 16;
+constexpr std::array endings{QLatin1StringView(".svg"), QLatin1StringView(".png"),
+                             QLatin1StringView(".xpm")};
+
+KeyFile readKeyFile(const QString &path) {
+    KeyFile file(g_key_file_new(), &g_key_file_unref);
+    const QFileInfo info(path);
+    if (!info.isFile() || info.size() > largestKeyFile ||
+        g_key_file_load_from_file(file.get(), QFile::encodeName(path).constData(), G_KEY_FILE_NONE,
+                                  nullptr) == FALSE) {
+        return {nullptr, &g_key_file_unref};
+    }
+    return file;
+}
+
+QString text(GKeyFile *file, const char *group, const char *key) {
+    const std::unique_ptr<char, decltype(&g_free)> value(
+        g_key_file_get_string(file, group, key, nullptr), &g_free);
+    return QString::fromUtf8(value.get());
+}
+
+int number(GKeyFile *file, const QByteArray &group, const char *key, int otherwise) {
+    const int value = g_key_file_get_integer(file, group.constData(), key, nullptr);
+    return value > 0 && value <= 4096 ? value : otherwise;
+}
+
+QStringList list(GKeyFile *file, const char *key) {
+    return text(file, "Icon Theme", key).split(QLatin1Char(','), Qt::SkipEmptyParts);
+}
+
+} // namespace
+
+QString iconOfEntry(const QString &path) {
+    const KeyFile entry = readKeyFile(path);
+    if (!entry) {
+        return {};
+    }
+    const std::unique_ptr<char, decltype(&g_free)> name(
+        g_key_file_get_locale_string(entry.get(), "Desktop Entry", "Icon", nullptr, nullptr),
+        &g_free);
+    return QString::fromUtf8(name.get());
+}
+
+IconTheme::IconTheme(const QString &theme, const QStringList &folders)
+    : m_name(theme)
+    , m_folders(folders) {}
+
+QStringList IconTheme::standardFolders() {
+    QStringList folders{QDir::homePath() + QStringLiteral("/.icons")};
+    const QStringList data = QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
+    for (const QLatin1StringView kind :
+         {QLatin1StringView("/icons"), QLatin1StringView("/pixmaps")}) {
+        for (const QString &folder : data) {
+            folders.append(folder + kind);
+        }
+    }
+    return folders;
+}
+
+QImage IconTheme::image(const QString &name, int side) {
+    const QString found = QDir::isAbsolutePath(name) ? name : file(name, side);
+    // What is no ordinary file might never end.
+    if (found.isEmpty() || !QFileInfo(found).isFile()) {
+        return {};
+    }
+    QImageReader reader(found);
+    const QSize natural = reader.size();
+    const bool drawn = reader.format().startsWith("svg");
+    if (natural.isValid() && (drawn || std::max(natural.width(), natural.height()) > side)) {
+        reader.setScaledSize(natural.scaled(side, side, Qt::KeepAspectRatio).expandedTo({1, 1}));
+    }
+    return reader.read();
+}
+
+QString IconTheme::file(const QString &name, int side) {
+    QString plain = name;
+    for (const QLatin1StringView ending : endings) {
+        if (plain.endsWith(ending)) {
+            plain.chop(ending.size());
+        }
+    }
+    if (plain.isEmpty() || plain.contains(QLatin1Char('/'))) {
+        return {};
+    }
+    for (const Theme &theme : themes()) {
+        const QString found = fileIn(theme, plain, side);
+        if (!found.isEmpty()) {
+            return found;
+        }
+    }
+    for (const QString &folder : m_folders) {
+        for (const QLatin1StringView ending : endings) {
+            const QString candidate = folder + QLatin1Char('/') + plain + ending;
+            if (QFile::exists(candidate)) {
+                return candidate;
+            }
+        }
+    }
+    return {};
+}
+
+const QList<IconTheme::Theme> &IconTheme::themes() {
+    const QMutexLocker lock(&m_mutex);
+    if (m_themes.isEmpty()) {
+        load(m_name);
+        load(QStringLiteral("hicolor"));
+    }
+    return m_themes;
+}
+
+void IconTheme::load(const QString &name) {
+    const bool known = std::ranges::find(m_themes, name, &Theme::name) != m_themes.cend();
+    if (known || name.isEmpty() || name.contains(QLatin1Char('/')) ||
+        m_themes.size() >= mostThemes) {
+        return;
+    }
+    Theme theme{.name = name, .folders = {}};
+    QStringList parents;
+    for (const QString &base : m_folders) {
+        const KeyFile index =
+            readKeyFile(base + QLatin1Char('/') + name + QLatin1StringView("/index.theme"));
+        if (!index) {
+            continue;
+        }
+        for (const QString &path :
+             list(index.get(), "Directories") + list(index.get(), "ScaledDirectories")) {
+            const QByteArray group = path.toUtf8();
+            const int size = number(index.get(), group, "Size", 48);
+            const int scale = number(index.get(), group, "Scale", 1);
+            const bool scalable =
+                text(index.get(), group.constData(), "Type") == QLatin1StringView("Scalable");
+            theme.folders.append(
+                {path, scale * (scalable ? number(index.get(), group, "MinSize", size) : size),
+                 scale * (scalable ? number(index.get(), group, "MaxSize", size) : size)});
+        }
+        parents = list(index.get(), "Inherits");
+        break;
+    }
+    m_themes.append(theme);
+    for (const QString &parent : parents) {
+        if (parent != QLatin1StringView("hicolor")) { // comes last
+            load(parent.trimmed());
+        }
+    }
+}
+
+QString IconTheme::fileIn(const Theme &theme, const QString &name, int side) const {
+    QString best;
+    int least = std::numeric_limits<int>::max();
+    for (const Folder &folder : theme.folders) {
+        // What is too small looks worse than what is too large.
+        const int distance = folder.largest < side ? 4 * (side - folder.largest)
+                                                   : std::max(0, folder.smallest - side);
+        if (distance >= least) {
+            continue;
+        }
+        for (const QString &base : m_folders) {
+            for (const QLatin1StringView ending : endings) {
+                const QString candidate = base + QLatin1Char('/') + theme.name + QLatin1Char('/') +
+                                          folder.path + QLatin1Char('/') + name + ending;
+                if (distance < least && QFile::exists(candidate)) {
+                    best = candidate;
+                    least = distance;
+                }
+            }
+        }
+    }
+    return best;
+}
+
+} // namespace perchly

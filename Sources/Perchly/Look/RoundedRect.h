@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QColor>
+#include <QQuickPaintedItem>
+#include <QtQml/qqmlregistration.h>
+
+namespace perchly {
+
+/// A rectangle with round corners, painted in one piece: the renderer's own one shows seams at its
+/// corners where the shelf's scale, or the display's, is not a whole number.
+class RoundedRect : public QQuickPaintedItem {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged FINAL)
+    Q_PROPERTY(double radius READ radius WRITE setRadius NOTIFY radiusChanged FINAL)
+public:
+    explicit RoundedRect(QQuickItem *parent = nullptr);
+
+    [[nodiscard]] QColor color() const { return m_color; }
+    void setColor(const QColor &color);
+    [[nodiscard]] double radius() const { return m_radius; }
+    void setRadius(double radius);
+
+    void paint(QPainter *painter) override;
+
+Q_SIGNALS:
+    void colorChanged();
+    void radiusChanged();
+
+private:
+    QColor m_color = Qt::white;
+    double m_radius = 0;
+};
+
+} // namespace perchly

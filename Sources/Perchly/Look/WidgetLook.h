@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QColor>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QtQml/qqmlregistration.h>
+
+namespace perchly {
+
+/// How the kinds of widgets look, by their titles.
+class WidgetLook : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+    Q_PROPERTY(QStringList titles READ titles CONSTANT FINAL)
+public:
+    using QObject::QObject;
+
+    /// Every title, in the order of choosers.
+    [[nodiscard]] static QStringList titles();
+    /// The symbol's name; empty for a text that is no title.
+    Q_INVOKABLE [[nodiscard]] static QString symbol(const QString &title);
+    /// The colour of its tile; transparent for a text that is no title.
+    Q_INVOKABLE [[nodiscard]] static QColor color(const QString &title);
+};
+
+} // namespace perchly

@@ -1,0 +1,134 @@
+import QtQuick
+import Perchly.Look
+import Perchly.Stores
+import Perchly.Shelf
+
+/// What goes on: the focus timer, else what plays, else one line.
+Item {
+    id: root
+
+    required property ShelfModel model
+    required property ShelfPreferences preferences
+    required property CompactStatus status
+
+    readonly property string look: root.model.seconds >= 1 ? "timer" : root.model.musicActive ? "media" : "idle"
+    readonly property bool low: root.preferences.compact
+    readonly property int mainSize: root.model.running ? 25 : 14
+
+    readonly property string symbol: root.look === "timer" ? "timer" : root.look === "media" ? "play.rectangle.fill" : "waveform"
+    readonly property string mainLine: root.look === "timer" ? root.status.time : root.look === "media" ? root.model.musicTitle : root.model.activity
+    readonly property string secondLine: {
+        switch (root.look) {
+        case "timer": return "";
+        case "media": return CardText.mediaLine(root.model.musicArtist, root.model.mediaSource, root.model.playing);
+        default: return "Your current activity lives here";
+        }
+    }
+
+    Accessible.name: "Activity"
+    Accessible.role: Accessible.Grouping
+
+    onMainLineChanged: {
+        if (root.look !== "timer" && !Theme.reduceMotion) {
+            arrival.restart();
+        }
+    }
+
+    RoundedRect {
+        anchors.fill: parent
+        color: Theme.card
+        radius: 18
+    }
+
+    Column {
+        id: column
+
+        anchors.left: parent.left
+        anchors.leftMargin: 10
+        anchors.right: parent.right
+        anchors.rightMargin: 10
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: root.low ? 5 : 9
+
+        Symbol {
+            anchors.horizontalCenter: parent.horizontalCenter
+            color: root.look === "timer" ? Theme.orange : Theme.accentColor(root.preferences.accent)
+            name: root.symbol
+            // A low card has no room for it above a row of controls.
+            size: root.low && root.look !== "idle" ? 14 : 22
+        }
+        Item {
+            Accessible.name: root.mainLine
+            Accessible.role: Accessible.StaticText
+            height: root.look === "timer" ? 30 : 18
+            width: column.width
+
+            DigitText {
+                id: time
+
+                anchors.centerIn: parent
+                size: root.mainSize
+                text: root.look === "timer" ? root.mainLine : ""
+                visible: root.look === "timer"
+                weight: Font.Medium
+
+                Behavior on size {
+                    enabled: !Theme.reduceMotion
+
+                    NumberAnimation { duration: 200; easing.type: Easing.OutQuad }
+                }
+            }
+            Label {
+                id: title
+
+                anchors.fill: parent
+                font.pixelSize: 14
+                font.weight: Font.Medium
+                horizontalAlignment: Text.AlignHCenter
+                text: root.look === "timer" ? "" : root.mainLine
+            }
+            NumberAnimation {
+                id: arrival
+
+                duration: 200
+                easing.type: Easing.OutQuad
+                from: 0
+                property: "opacity"
+                target: title
+                to: 1
+            }
+        }
+        Label {
+            Accessible.ignored: !visible
+            Accessible.name: text
+            Accessible.role: Accessible.StaticText
+            color: Theme.grey
+            horizontalAlignment: Text.AlignHCenter
+            text: root.secondLine
+            visible: root.look !== "timer"
+            width: column.width
+        }
+        MusicControls {
+            anchors.horizontalCenter: parent.horizontalCenter
+            model: root.model
+            visible: root.look === "media"
+        }
+        Row {
+            anchors.horizontalCenter: parent.horizontalCenter
+            spacing: 8
+            visible: root.look === "timer"
+
+            CardButton {
+                text: root.model.running ? "Pause" : "Resume"
+                onActivated: root.model.togglePause()
+            }
+            CardButton {
+                text: "End session"
+                onActivated: {
+                    root.model.endFocus();
+                    root.model.activity = "Ready when you are";
+                }
+            }
+        }
+    }
+}

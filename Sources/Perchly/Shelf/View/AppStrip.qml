@@ -1,0 +1,227 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Perchly.Look
+import Perchly.Stores
+import Perchly.Shelf
+
+/// The shelf's entries, a page at a time: by the arrows, the wheel, a drag, or the keyboard.
+Item {
+    id: root
+
+    required property ShelfModel model
+    required property ShelfLibrary library
+    required property ShellActions shell
+    required property PopoverLayer popovers
+    /// Pixels of the screen for one point here.
+    property real pictureScale: 1
+
+    readonly property int count: root.library.shown.length
+    /// How far the entries are shifted, at rest.
+    property real offset: 0
+    readonly property alias shift: position.value
+    readonly property real lowest: StripPaging.lowest(root.count)
+
+    function goBack() {
+        root.offset = StripPaging.previous(root.offset);
+    }
+
+    function goOn() {
+        root.offset = StripPaging.next(root.offset, root.count);
+    }
+
+    function show(entry: int) {
+        root.offset = StripPaging.showing(entry, root.offset, root.count);
+    }
+
+    Accessible.name: "Your shelf"
+    Accessible.role: Accessible.Grouping
+
+    Keys.onLeftPressed: root.goBack()
+    Keys.onRightPressed: root.goOn()
+    Keys.onPressed: event => {
+        if (event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown) {
+            event.accepted = true;
+            if (event.key === Qt.Key_PageUp) {
+                root.goBack();
+            } else {
+                root.goOn();
+            }
+        }
+    }
+
+    Connections {
+        target: root.library
+
+        function onShownChanged() {
+            root.offset = 0;
+        }
+    }
+
+    SpringValue {
+        id: position
+
+        reduced: Theme.reduceMotion
+        target: root.offset
+    }
+
+    Label {
+        Accessible.ignored: !visible
+        Accessible.name: text
+        Accessible.role: Accessible.StaticText
+        anchors.centerIn: parent
+        color: Theme.grey
+        font.pixelSize: 12
+        text: "Choose widgets and apps in Settings"
+        visible: root.count === 0
+    }
+
+    StripArrow {
+        id: back
+
+        anchors.left: parent.left
+        anchors.verticalCenter: parent.verticalCenter
+        enabled: root.offset < 0
+        symbol: "chevron.left"
+        toolTip: "Previous icons"
+        visible: root.count > 0
+        onActivated: root.goBack()
+    }
+
+    Item {
+        id: film
+
+        anchors.bottom: parent.bottom
+        anchors.left: back.right
+        anchors.leftMargin: 8
+        anchors.right: on.left
+        anchors.rightMargin: 8
+        anchors.top: parent.top
+        clip: true
+        visible: root.count > 0
+
+        MouseArea {
+            id: wheel
+
+            property real turned: 0
+            property bool swiped: false
+
+            acceptedButtons: Qt.NoButton
+            anchors.fill: parent
+            onWheel: event => {
+                const turn = event.angleDelta.x !== 0 ? event.angleDelta.x : event.angleDelta.y;
+                const notch = Math.abs(turn) >= 120;
+                calm.restart();
+                if (wheel.swiped && !notch) {
+                    return; // the rest of a swipe that has paged already
+                }
+                wheel.turned += turn;
+                if (Math.abs(wheel.turned) >= 120) {
+                    if (wheel.turned > 0) {
+                        root.goBack();
+                    } else {
+                        root.goOn();
+                    }
+                    wheel.turned = 0;
+                    wheel.swiped = !notch;
+                }
+            }
+        }
+
+        Item {
+            height: film.height
+            x: position.value + (drag.active ? drag.activeTranslation.x * 0.6 : 0)
+
+            Repeater {
+                model: root.library.shown
+
+                Loader {
+                    id: place
+
+                    required property shelfItem modelData
+                    required property int index
+
+                    x: place.index * StripPaging.pitch
+
+                    Component.onCompleted: {
+                        if (place.modelData.kind === "widget") {
+                            place.setSource("WidgetTile.qml", {
+                                model: root.model,
+                                popovers: root.popovers,
+                                widget: place.modelData.widgetTitle
+                            });
+                        } else {
+                            place.setSource("StripEntry.qml", {
+                                entry: place.modelData,
+                                pictureScale: root.pictureScale,
+                                shell: root.shell
+                            });
+                        }
+                    }
+
+                    Binding {
+                        property: "pictureScale"
+                        target: place.item
+                        value: root.pictureScale
+                        when: place.modelData.kind !== "widget"
+                    }
+                    Connections {
+                        target: place.item as Item
+
+                        function onActiveFocusChanged() {
+                            if ((place.item as Item).activeFocus) {
+                                root.show(place.index);
+                            }
+                        }
+                    }
+                }
+            }
+        }
+
+        DragHandler {
+            id: drag
+
+            property real travelled: 0
+
+            target: null
+            xAxis.enabled: root.lowest < 0
+            yAxis.enabled: false
+            onActiveTranslationChanged: {
+                if (drag.active) {
+                    drag.travelled = drag.activeTranslation.x;
+                }
+            }
+            onActiveChanged: {
+                if (drag.active) {
+                    drag.travelled = 0;
+                } else if (drag.travelled !== 0) {
+                    position.jumpTo(position.value + drag.travelled * 0.6);
+                    root.offset = StripPaging.dragged(root.offset, drag.travelled, root.count);
+                    position.target = Qt.binding(() => root.offset);
+                }
+            }
+        }
+
+        Timer {
+            id: calm
+
+            interval: 180
+            onTriggered: {
+                wheel.turned = 0;
+                wheel.swiped = false;
+            }
+        }
+    }
+
+    StripArrow {
+        id: on
+
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        enabled: root.lowest < root.offset
+        symbol: "chevron.right"
+        toolTip: "More icons"
+        visible: root.count > 0
+        onActivated: root.goOn()
+    }
+}

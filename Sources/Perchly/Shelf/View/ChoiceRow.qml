@@ -1,0 +1,54 @@
+import QtQuick
+import Perchly.Look
+
+/// One thing to choose in a popover.
+PressButton {
+    id: root
+
+    required property string text
+    required property string symbol
+    required property bool chosen
+
+    Accessible.checkable: true
+    Accessible.checked: root.chosen
+    focusInset: 0
+    focusRadius: 7
+    implicitHeight: 28
+    label: root.text
+
+    Rectangle {
+        anchors.fill: parent
+        color: Qt.rgba(1, 1, 1, 0.09)
+        radius: 7
+        visible: root.containsMouse || root.activeFocus
+    }
+    Symbol {
+        id: symbol
+
+        anchors.verticalCenter: parent.verticalCenter
+        color: Theme.mint
+        name: root.symbol
+        size: 13
+        x: 8
+    }
+    Label {
+        anchors.left: symbol.right
+        anchors.leftMargin: 9
+        anchors.right: check.left
+        anchors.rightMargin: 6
+        anchors.verticalCenter: parent.verticalCenter
+        font.pixelSize: 12
+        text: root.text
+    }
+    Symbol {
+        id: check
+
+        anchors.right: parent.right
+        anchors.rightMargin: 9
+        anchors.verticalCenter: parent.verticalCenter
+        color: Theme.mint
+        name: "checkmark"
+        size: 10
+        visible: root.chosen
+    }
+}

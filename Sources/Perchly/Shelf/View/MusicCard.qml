@@ -1,0 +1,49 @@
+import QtQuick
+import Perchly.Look
+import Perchly.Shelf
+
+/// What plays, how to command it, and the way to the music application.
+CardBody {
+    id: root
+
+    Column {
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 10
+
+        Label {
+            Accessible.name: text
+            Accessible.role: Accessible.StaticText
+            font.pixelSize: 12
+            font.weight: Font.Medium
+            height: 16
+            text: root.model.musicTitle
+            width: parent.width
+        }
+        Row {
+            spacing: 5
+
+            MusicControls {
+                id: controls
+
+                model: root.model
+            }
+            Item {
+                height: controls.height
+                width: open.width + 14
+
+                TextButton {
+                    id: open
+
+                    anchors.centerIn: parent
+                    color: Qt.rgba(1, 1, 1, 0.85)
+                    plateMargin: 5
+                    size: 10
+                    text: "Open Music"
+                    onActivated: root.model.music()
+                }
+            }
+        }
+    }
+}

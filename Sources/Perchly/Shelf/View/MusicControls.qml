@@ -1,0 +1,33 @@
+import QtQuick
+import Perchly.Stores
+
+/// Back, play or pause, and forward. A browser's tab cannot skip, but may be able to seek.
+Row {
+    id: root
+
+    required property ShelfModel model
+
+    readonly property bool seeks: root.model.mediaIsBrowser
+    readonly property bool ready: !root.model.controlling
+
+    spacing: 5
+
+    PlaybackButton {
+        enabled: root.ready && (!root.seeks || root.model.mediaCanSeek)
+        symbol: root.seeks ? "gobackward.15" : "backward.end.fill"
+        toolTip: root.seeks ? "Rewind 15 seconds" : "Previous track"
+        onActivated: root.model.control(root.seeks ? "rewind" : "previous track")
+    }
+    PlaybackButton {
+        enabled: root.ready
+        symbol: root.model.playing ? "pause.fill" : "play.fill"
+        toolTip: root.model.playing ? "Pause" : "Play"
+        onActivated: root.model.control("playpause")
+    }
+    PlaybackButton {
+        enabled: root.ready && (!root.seeks || root.model.mediaCanSeek)
+        symbol: root.seeks ? "goforward.15" : "forward.end.fill"
+        toolTip: root.seeks ? "Forward 15 seconds" : "Next track"
+        onActivated: root.model.control(root.seeks ? "forward" : "next track")
+    }
+}

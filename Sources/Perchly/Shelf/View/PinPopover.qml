@@ -1,0 +1,42 @@
+import QtQuick
+import Perchly.Look
+import Perchly.Stores
+
+/// On which side to pin a widget.
+Column {
+    id: root
+
+    required property ShelfModel model
+    required property string widget
+
+    /// One of the sides was chosen.
+    signal chosen(string side, string widget)
+
+    spacing: 2
+
+    Label {
+        Accessible.name: text
+        Accessible.role: Accessible.StaticText
+        bottomPadding: 4
+        font.pixelSize: 12
+        font.weight: Font.DemiBold
+        leftPadding: 8
+        text: root.widget
+        topPadding: 3
+        width: parent.width
+    }
+    ChoiceRow {
+        chosen: root.model.left === root.widget
+        symbol: "sidebar.left"
+        text: "Pin on left"
+        width: parent.width
+        onActivated: root.chosen("left", root.widget)
+    }
+    ChoiceRow {
+        chosen: root.model.right === root.widget
+        symbol: "sidebar.right"
+        text: "Pin on right"
+        width: parent.width
+        onActivated: root.chosen("right", root.widget)
+    }
+}

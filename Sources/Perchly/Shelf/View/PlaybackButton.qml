@@ -1,0 +1,43 @@
+import QtQuick
+import Perchly.Look
+
+/// One of the playback controls. A new symbol grows in where the old one was.
+PressButton {
+    id: root
+
+    required property string symbol
+
+    focusInset: -2
+    focusRadius: 10
+    implicitHeight: 28
+    implicitWidth: 30
+    label: root.toolTip
+    opacity: root.enabled ? 1 : 0.35
+
+    onSymbolChanged: {
+        if (!Theme.reduceMotion) {
+            arrival.restart();
+        }
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: Qt.rgba(1, 1, 1, root.enabled && root.containsMouse ? 0.14 : 0.08)
+        radius: 8
+    }
+    Symbol {
+        id: symbol
+
+        anchors.centerIn: parent
+        bold: true
+        name: root.symbol
+        size: 13
+    }
+
+    ParallelAnimation {
+        id: arrival
+
+        NumberAnimation { duration: 180; easing.type: Easing.OutCubic; from: 0.5; property: "scale"; target: symbol; to: 1 }
+        NumberAnimation { duration: 180; easing.type: Easing.OutCubic; from: 0; property: "opacity"; target: symbol; to: 1 }
+    }
+}

@@ -1,0 +1,202 @@
+import QtQuick
+import Perchly.Look
+import Perchly.Stores
+
+/// Floats one chooser at a time above the open shelf, beside what it belongs to. While it does, the
+/// shelf does not close; Escape, a press elsewhere, another window's getting the keyboard, or the
+/// shelf's closing ends it.
+FocusScope {
+    id: root
+
+    required property ShelfModel model
+    required property ShelfPreferences preferences
+    required property ShellActions shell
+
+    /// What the chooser belongs to; null while there is none.
+    property Item anchorItem: null
+    readonly property bool open: root.anchorItem !== null
+    /// The widget whose side is being chosen, or empty.
+    property string selectedWidget: ""
+
+    property rect anchorRect: Qt.rect(0, 0, 0, 0)
+    property Item returnTo: null
+    property bool borrowed: false
+    property real cardWidth: 0
+    readonly property real margin: 10
+    readonly property bool above: root.anchorRect.y + root.anchorRect.height + 8 + card.height > root.height - root.margin
+
+    /// The choice with the keyboard, or the one that is `by` places from it.
+    function step(by: int) {
+        const children = chooser.item ? (chooser.item as Item).children : [];
+        const rows = [];
+        for (let index = 0; index < children.length; ++index) {
+            if (children[index] instanceof ChoiceRow) {
+                rows.push(children[index]);
+            }
+        }
+        const now = rows.findIndex(row => row.activeFocus);
+        const next = now < 0 ? (by > 0 ? 0 : rows.length - 1) : (now + by + rows.length) % rows.length;
+        rows[next]?.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    function chooseWidget(anchor: Item, side: string, current: string) {
+        chooser.setSource("WidgetMenu.qml", { side: side, current: current });
+        root.present(anchor, 176);
+    }
+
+    function choosePin(anchor: Item, widget: string) {
+        chooser.setSource("PinPopover.qml", { model: root.model, widget: widget });
+        root.selectedWidget = widget;
+        root.present(anchor, 210);
+    }
+
+    function pin(side: string, widget: string) {
+        if (side === "left") {
+            root.model.setLeftTitle(widget);
+            root.preferences.savedLeft = widget;
+        } else {
+            root.model.setRightTitle(widget);
+            root.preferences.savedRight = widget;
+        }
+    }
+
+    function present(anchor: Item, width: real) {
+        root.returnTo = root.Window.activeFocusItem;
+        root.anchorItem = anchor;
+        root.cardWidth = width;
+        const corner = root.mapFromItem(anchor, 0, 0);
+        root.anchorRect = Qt.rect(corner.x, corner.y, anchor.width, anchor.height);
+        root.model.setChoosingWidget(true);
+        root.borrowed = root.shell.takeKeyboard();
+        root.forceActiveFocus();
+        if (!Theme.reduceMotion) {
+            arrival.restart();
+        }
+    }
+
+    function close() {
+        if (!root.open) {
+            return;
+        }
+        root.anchorItem = null;
+        root.selectedWidget = "";
+        root.focus = false;
+        if (root.returnTo !== null) {
+            root.returnTo.forceActiveFocus();
+        }
+        root.returnTo = null;
+        chooser.setSource("");
+        root.model.setChoosingWidget(false);
+        if (root.borrowed) {
+            root.borrowed = false;
+            root.shell.returnKeyboard();
+        }
+    }
+
+    visible: root.open
+
+    Component.onDestruction: root.close()
+    Keys.onBacktabPressed: root.step(-1)
+    Keys.onDownPressed: root.step(1)
+    Keys.onEscapePressed: root.close()
+    Keys.onTabPressed: root.step(1)
+    Keys.onUpPressed: root.step(-1)
+
+    Connections {
+        target: root.model
+
+        function onDraggingChanged() {
+            root.close();
+        }
+        function onExpandedChanged() {
+            root.close();
+        }
+    }
+    Connections {
+        target: root.Window.window
+
+        function onActiveChanged() {
+            if (!root.Window.active) {
+                root.close();
+            }
+        }
+    }
+    Connections {
+        ignoreUnknownSignals: true
+        target: chooser.item
+
+        function onChosen(side: string, widget: string) {
+            root.pin(side, widget);
+            root.close();
+        }
+    }
+
+    MouseArea {
+        acceptedButtons: Qt.AllButtons
+        anchors.fill: parent
+        hoverEnabled: true
+        onPressed: root.close()
+        onWheel: wheel => wheel.accepted = true
+    }
+
+    Item {
+        id: card
+
+        Accessible.name: root.selectedWidget !== "" ? "Pin " + root.selectedWidget : "Change pinned widget"
+        Accessible.role: Accessible.PopupMenu
+        height: (chooser.item ? (chooser.item as Item).implicitHeight : 0) + 12
+        width: root.cardWidth
+        x: Math.round(Math.max(root.margin, Math.min(root.anchorRect.x + root.anchorRect.width / 2 - card.width / 2, root.width - root.margin - card.width)))
+        y: Math.round(root.above ? root.anchorRect.y - 8 - card.height : root.anchorRect.y + root.anchorRect.height + 8)
+        transformOrigin: root.above ? Item.Bottom : Item.Top
+
+        SoftShadow {
+            anchors.fill: parent
+            anchors.margins: -18
+            radius: 12
+            spread: 18
+        }
+        Rectangle {
+            border.color: Qt.rgba(1, 1, 1, 0.12)
+            border.width: 1
+            color: Theme.floating
+            height: 10
+            rotation: 45
+            width: 10
+            x: Math.max(14, Math.min(root.anchorRect.x + root.anchorRect.width / 2 - card.x - 5, card.width - 24))
+            y: root.above ? card.height - 6 : -4
+        }
+        Rectangle {
+            anchors.fill: parent
+            border.color: Qt.rgba(1, 1, 1, 0.12)
+            border.width: 1
+            color: Theme.floating
+            radius: 12
+        }
+        // Where the arrow and the card meet there is no line.
+        Rectangle {
+            color: Theme.floating
+            height: 2
+            width: 11
+            x: Math.max(14, Math.min(root.anchorRect.x + root.anchorRect.width / 2 - card.x - 5, card.width - 24)) - 0.5
+            y: root.above ? card.height - 2 : 0
+        }
+        MouseArea {
+            anchors.fill: parent
+        }
+        Loader {
+            id: chooser
+
+            x: 6
+            y: 6
+            width: card.width - 12
+        }
+    }
+
+    ParallelAnimation {
+        id: arrival
+
+        NumberAnimation { duration: 120; easing.type: Easing.OutCubic; from: 0.94; property: "scale"; target: card; to: 1 }
+        NumberAnimation { duration: 120; easing.type: Easing.OutCubic; from: 0; property: "opacity"; target: card; to: 1 }
+    }
+}

@@ -1,0 +1,46 @@
+import QtQuick
+import Perchly.Look
+
+/// Stands where the strip was while a quiet focus session runs.
+Column {
+    spacing: 0
+
+    Item {
+        height: (120 - 26 - 8 - 18 - 4 - 14) / 2
+        width: 1
+    }
+    Symbol {
+        anchors.horizontalCenter: parent.horizontalCenter
+        color: Theme.mint
+        name: "moon.stars.fill"
+        size: 21
+    }
+    Item {
+        height: 8
+        width: 1
+    }
+    Label {
+        Accessible.name: text
+        Accessible.role: Accessible.StaticText
+        font.pixelSize: 14
+        font.weight: Font.DemiBold
+        height: 18
+        horizontalAlignment: Text.AlignHCenter
+        text: "Room to focus"
+        width: parent.width
+    }
+    Item {
+        height: 4
+        width: 1
+    }
+    Label {
+        Accessible.name: text
+        Accessible.role: Accessible.StaticText
+        color: Theme.grey
+        font.pixelSize: 11
+        height: 14
+        horizontalAlignment: Text.AlignHCenter
+        text: "Your apps and widgets return when you leave focus mode."
+        width: parent.width
+    }
+}

@@ -1,0 +1,28 @@
+import QtQuick
+import Perchly.Look
+
+/// Pages the strip.
+PressButton {
+    id: root
+
+    required property string symbol
+
+    focusInset: -2
+    focusRadius: 10
+    implicitHeight: 34
+    implicitWidth: 24
+    label: root.toolTip
+
+    Rectangle {
+        anchors.fill: parent
+        color: Qt.rgba(1, 1, 1, !root.enabled ? 0.02 : root.containsMouse ? 0.11 : 0.06)
+        radius: 8
+    }
+    Symbol {
+        anchors.centerIn: parent
+        bold: true
+        color: Qt.rgba(1, 1, 1, root.enabled ? 0.75 : 0.15)
+        name: root.symbol
+        size: 10
+    }
+}

@@ -1,0 +1,93 @@
+import QtQuick
+import Perchly.Look
+import Perchly.Stores
+import Perchly.Shelf
+
+/// A widget on the strip, which can be pinned from here.
+PressButton {
+    id: root
+
+    required property ShelfModel model
+    required property string widget
+    required property PopoverLayer popovers
+
+    readonly property color tint: WidgetLook.color(root.widget)
+    readonly property bool pinned: root.model.left === root.widget || root.model.right === root.widget
+    readonly property real faceScale: lift.value
+
+    Accessible.description: root.pinned ? "Pinned" : ""
+    focusInset: 0
+    focusRadius: 12
+    height: 88
+    label: "Pin " + root.widget
+    toolTip: root.popovers.open ? "" : root.label
+    width: StripPaging.entryWidth
+
+    onActivated: root.popovers.choosePin(face, root.widget)
+
+    SpringValue {
+        id: lift
+
+        reduced: Theme.reduceMotion
+        target: root.containsMouse && !Theme.reduceMotion ? 1.06 : 1
+    }
+
+    Item {
+        id: face
+
+        height: 50
+        scale: lift.value
+        width: 50
+        x: 8
+        y: 8
+
+        Rectangle {
+            anchors.fill: parent
+            antialiasing: true
+            radius: 14
+
+            gradient: Gradient {
+                GradientStop { color: root.tint; position: 0 }
+                GradientStop { color: Qt.rgba(root.tint.r, root.tint.g, root.tint.b, 0.55); position: 1 }
+            }
+        }
+        Rectangle {
+            anchors.fill: parent
+            antialiasing: true
+            border.color: Qt.rgba(1, 1, 1, 0.22)
+            border.width: 1
+            color: "transparent"
+            radius: 14
+        }
+        Symbol {
+            anchors.centerIn: parent
+            bold: true
+            name: WidgetLook.symbol(root.widget)
+            size: 25
+        }
+        Rectangle {
+            color: Theme.floating
+            height: 16
+            radius: 8
+            visible: root.pinned
+            width: 16
+            x: 50 - 16 + 4
+            y: -4
+
+            Symbol {
+                anchors.centerIn: parent
+                name: "pin.fill"
+                size: 8
+            }
+        }
+    }
+    Label {
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.top: face.bottom
+        anchors.topMargin: 9
+        font.pixelSize: 10
+        horizontalAlignment: Text.AlignHCenter
+        text: root.widget
+        width: Math.min(implicitWidth, root.width)
+    }
+}

@@ -1,0 +1,239 @@
+"""The cards and the strip on the open shelf, used by hand, by keys and through assistive programs."""
+
+import json
+import time
+
+from Xlib import X
+
+from perchly_session.case import SessionCase, main
+from perchly_session.waiting import wait_until, wait_while
+
+STRIP_STEP = 230  # from ten entries' first page to their last
+
+
+class CardsTest(SessionCase):
+    def open_shelf(self):
+        """Opens it by hovering, with the pointer where nothing reacts to it."""
+        self.screen.move_to(*self.on_pill())
+        self.expect_frame(self.expanded_frame(), "the shelf open")
+        self.find = self.program.accessibility().find
+        self.find("Quit")
+
+    def close_by_leaving(self):
+        self.screen.move_to(*self.away())
+        self.expect_frame(self.compact_frame(), "the shelf closed")
+
+    def click(self, name, role="push button"):
+        self.screen.click(*self.find(name, role).centre)
+
+    def menu_buttons(self):
+        """The buttons that change the left and the right card."""
+        nodes = self.program.accessibility().application().walk()
+        found = [node for node in nodes if node.name == "Change pinned widget" and node.showing]
+        return sorted((node for node in found if node.role == "push button"), key=lambda n: n.centre)
+
+    def stored(self, key):
+        return self.session.preferences().get(key)
+
+    def expect_stored(self, key, value):
+        wait_until(lambda: self.stored(key) == value, f"{key} {value!r}, not {self.stored(key)!r}")
+
+    def applications(self, count):
+        """That many entries of the strip, and the files that show which of them were launched."""
+        folder = self.session.folder
+        entries, traces = [], []
+        for number in range(count):
+            launcher = folder / f"application{number}.desktop"
+            traces.append(folder / f"launched{number}")
+            launcher.write_text(
+                "[Desktop Entry]\nType=Application\nName=A\n"
+                f"Exec=touch {traces[-1]}\nIcon=no-such-picture\n"
+            )
+            entry = {"id": str(launcher), "name": f"App {number}", "path": str(launcher)}
+            entries.append(entry | {"visible": True, "favorite": False})
+        self.session.store(shelfLibrary={"data": json.dumps(entries), "encoding": "utf-8"})
+        return traces
+
+    # Pinning
+
+    def test_pins_by_menu_and_by_tile_survive_a_restart(self):
+        self.start()
+        self.open_shelf()
+        self.screen.click(*self.menu_buttons()[0].centre)
+        self.click("Calendar")
+        self.expect_stored("leftWidget", "Calendar")
+        self.click("Pin Music")
+        self.click("Pin on right")
+        self.expect_stored("rightWidget", "Music")
+        self.find("Open Music")
+        self.program.kill()
+        self.run_program()
+        self.open_shelf()
+        self.find("Meetings")
+        self.find("Open Music")
+
+    def test_a_chooser_holds_the_shelf_open_until_it_ends(self):
+        self.start_session()
+        other = self.other_window(rect=(100, 600, 300, 120)).take_focus()
+        self.run_program()
+        self.open_shelf()
+        self.click("Pin Clock")
+        self.find("Pin on left")
+        self.screen.move_to(*self.away())
+        self.keeps_frame(self.expanded_frame(), "open with the pointer elsewhere", 1.5)
+        self.screen.key("Escape")
+        wait_until(
+            lambda: not self.program.accessibility().look_for("Pin on left"), "the chooser closed"
+        )
+        wait_until(other.has_focus, "the other window with the keyboard")
+        self.assertEqual(other.typed(), [])
+        self.screen.move_by(3, 0)
+        self.expect_frame(self.compact_frame(), "the shelf closed")
+
+    def test_a_click_in_another_window_ends_a_chooser(self):
+        self.start_session()
+        other = self.other_window(rect=(100, 600, 300, 120)).take_focus()
+        self.run_program()
+        self.open_shelf()
+        self.screen.click(*self.menu_buttons()[1].centre)
+        self.find("Quick note", "push button")
+        self.screen.click(200, 660)
+        wait_until(other.has_focus, "the other window with the keyboard")
+        self.screen.move_by(3, 0)
+        self.expect_frame(self.compact_frame(), "the shelf closed")
+
+    def test_a_click_on_the_desktop_ends_a_chooser(self):
+        self.start()
+        self.open_shelf()
+        self.click("Pin Clock")
+        self.find("Pin on left")
+        self.screen.click(*self.away())
+        wait_until(
+            lambda: not self.program.accessibility().look_for("Pin on left"), "the chooser closed"
+        )
+        self.screen.move_by(3, 0)
+        self.expect_frame(self.compact_frame(), "the shelf closed")
+
+    # The note
+
+    def open_note(self, **preferences):
+        self.start_session()
+        self.other = self.other_window(rect=(100, 600, 300, 120)).take_focus()
+        self.session.store(leftWidget="Quick note", **preferences)
+        self.run_program()
+        self.open_shelf()
+        x, y, _, _ = self.program.frame()
+        self.screen.click(x + 100, y + 34 + 12 + 60)
+        wait_until(
+            lambda: self.screen.focus() == self.program.panel().id, "the shelf with the keyboard"
+        )
+
+    def type_text(self, text):
+        for character in text:
+            self.screen.key({" ": "space", "\n": "Return"}.get(character, character))
+
+    def test_a_typed_note_survives_a_kill(self):
+        self.open_note()
+        self.type_text("tea and\nmilk")
+        self.expect_stored("quickNote", "tea and\nmilk")
+        self.screen.key("Control_L", "z")
+        wait_until(lambda: self.stored("quickNote") != "tea and\nmilk", "something undone")
+        self.type_text("x")
+        wait_until(lambda: self.stored("quickNote").endswith("x"), "the last key stored")
+        note = self.stored("quickNote")
+        self.program.kill()
+        self.run_program()
+        self.open_shelf()
+        self.assertEqual(self.stored("quickNote"), note)
+        self.assertEqual(self.other.typed(), [])
+
+    def test_the_keyboard_goes_back_when_the_shelf_closes(self):
+        self.open_note(quickNote="old ")
+        self.type_text("a")
+        self.close_by_leaving()
+        wait_until(self.other.has_focus, "the other window with the keyboard")
+        self.screen.key("b")
+        wait_until(lambda: self.other.typed() == ["b"], "the key typed into the other window")
+        self.assertNotIn("b", self.stored("quickNote"))
+
+    def test_escape_closes_the_shelf_from_the_note(self):
+        self.open_note()
+        self.screen.move_by(0, 1)
+        self.screen.key("Escape")
+        wait_until(self.other.has_focus, "the other window with the keyboard")
+
+    def test_a_mute_owner_of_the_clipboard_does_not_hold_up_the_note(self):
+        self.open_note()
+        clipboard = self.other.display.intern_atom("CLIPBOARD")
+        slowest = 0
+        for round, character in enumerate("abcdef"):
+            # Each time a copy that nobody will ever answer for.
+            self.other.window.set_selection_owner(clipboard, X.CurrentTime)
+            self.other.display.sync()
+            began = time.monotonic()
+            self.screen.key(character)
+            self.expect_stored("quickNote", "abcdef"[: round + 1])
+            slowest = max(slowest, time.monotonic() - began)
+        self.assertLess(slowest, 1.0)
+
+    # The strip
+
+    def test_ten_entries_page_by_every_means(self):
+        self.start_session()
+        traces = self.applications(10)
+        self.run_program()
+        self.open_shelf()
+
+        def place():
+            return self.find("App 5").centre[0]
+
+        first = place()
+        at_strip = self.find("App 5").centre
+        last = first - STRIP_STEP
+
+        def expect(x, how):
+            wait_until(lambda: abs(place() - x) <= 1, f"{how}: at {x}, not at {place()}")
+
+        self.click("More icons")
+        expect(last, "the arrow to the right")
+        self.click("Previous icons")
+        expect(first, "the arrow to the left")
+        self.screen.move_to(*at_strip)
+        self.screen.press(5)
+        self.screen.release(5)
+        expect(last, "the wheel")
+        self.screen.press(4)
+        self.screen.release(4)
+        expect(first, "the wheel back")
+        self.screen.drag(at_strip, (at_strip[0] - 90, at_strip[1] + 4))
+        expect(last, "a drag that began on an entry")
+        wait_while(lambda: not any(t.exists() for t in traces), "nothing launched by a drag", 0.5)
+
+    def test_a_click_on_an_entry_launches_it(self):
+        self.start_session()
+        traces = self.applications(3)
+        self.run_program()
+        self.open_shelf()
+        self.click("App 1")
+        wait_until(traces[1].exists, "the application started")
+        self.assertFalse(traces[0].exists() or traces[2].exists())
+        self.find("App 0").press()
+        wait_until(traces[0].exists, "the application started by an assistive program")
+
+    # Names
+
+    def test_everything_has_a_name(self):
+        for left, right in (("Clock", "Focus timer"), ("Music", "Quick note"), ("Calendar", "Clock")):
+            with self.subTest(left=left, right=right):
+                self.start({"leftWidget": left, "rightWidget": right})
+                self.open_shelf()
+                for card in (left, right, "Activity", "Your shelf"):
+                    self.find(card, "panel")
+                for node in self.program.accessibility().application().walk():
+                    if node.showing and node.role in ("push button", "label", "text"):
+                        self.assertTrue(node.name, self.program.accessibility().outline())
+                self.program.stop()
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,85 @@
+#include "CardText.h"
+#include "Announcements.h"
+#include "TestRegistry.h"
+#include "WallTime.h"
+
+#include <QTest>
+
+namespace perchly {
+
+class CardTextTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void whatIsEmptyIsLeftOut() {
+        const auto line = [](const char *artist, const char *source, bool playing) {
+            return CardText::mediaLine(QString::fromUtf8(artist), QString::fromUtf8(source),
+                                       playing);
+        };
+        QCOMPARE(line("Björk", "Spotify", true), QStringLiteral("Björk · Spotify · Playing"));
+        QCOMPARE(line("", "Firefox", true), QStringLiteral("Firefox · Playing"));
+        QCOMPARE(line("", "", false), QStringLiteral("Paused"));
+    }
+
+    void aPlannedLengthIsShownAsItIs() {
+        QCOMPARE(CardText::plannedTime(50), QStringLiteral("50:00"));
+        QCOMPARE(CardText::plannedTime(5), QStringLiteral("5:00"));
+    }
+
+    void everyLocaleHasItsOwnClockAndDay_data() {
+        QTest::addColumn<QString>("locale");
+        QTest::addColumn<QString>("time");
+        QTest::addColumn<QString>("day");
+        QTest::addColumn<QString>("month");
+        const auto row = [](const char *name, const char *time, const char *day,
+                            const char *month) {
+            QTest::newRow(name) << QString::fromLatin1(name) << QString::fromUtf8(time)
+                                << QString::fromUtf8(day) << QString::fromUtf8(month);
+        };
+        row("en_US", "9:05 AM", "Tuesday, Mar 3", "March 2026");
+        row("en_GB", "09:05", "Tuesday, 3 Mar", "March 2026");
+        row("C", "09:05", "Tuesday, 3 Mar", "March 2026");
+    }
+
+    void everyLocaleHasItsOwnClockAndDay() {
+        QFETCH(QString, locale);
+        const QLocale used = locale == QLatin1StringView("C") ? QLocale::c() : QLocale(locale);
+        const QDate date(2026, 3, 3);
+        // Some versions put a narrow space before the marker.
+        QString time = CardText::timeOfDay(QTime(9, 5, 59), used);
+        time.replace(QChar(0x202f), QLatin1Char(' '));
+        QTEST(time, "time");
+        QTEST(CardText::dayLine(date, used), "day");
+        QTEST(CardText::monthLine(date, used), "month");
+    }
+
+    void noLocaleShowsSecondsOrAnEmptyLine() {
+        for (const QLocale &locale : QLocale::matchingLocales(
+                 QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory)) {
+            const QString early = CardText::timeOfDay(QTime(9, 5, 0), locale);
+            QVERIFY2(!early.isEmpty(), qPrintable(locale.name()));
+            QCOMPARE(CardText::timeOfDay(QTime(9, 5, 59), locale), early);
+        }
+    }
+
+    void aRestingClockSaysNothing() {
+        WallTime time;
+        Announcements announced(time);
+        time.setRunning(true);
+        time.setRunning(false);
+        const QStringList lines = announced.take();
+        QCOMPARE(lines.count(QStringLiteral("runningChanged")), 2);
+        QVERIFY(lines.size() <= 6); // the lines only if the minute ended just now
+        QVERIFY(!time.time().isEmpty());
+        QVERIFY(time.month().endsWith(QString::number(QDate::currentDate().year())));
+    }
+};
+
+namespace {
+
+const RegisteredTest<CardTextTest> registered;
+
+} // namespace
+
+} // namespace perchly
+
+#include "CardTextTest.moc"

@@ -1,0 +1,143 @@
+import QtQuick
+import Perchly.Shelf
+
+ShelfTestCase {
+    id: root
+
+    readonly property var names: ["a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k", "l", "m", "n"]
+    /// In the view: the middle of the strip's first entry.
+    readonly property real firstX: 26 + 20 + 32 + 33
+    readonly property real entryY: 34 + 12 + 145 + 20 + 16 + 20 + 44
+    property AppStrip strip: null
+
+    function init() {
+        root.begin();
+        root.fixture.reduceMotion(true);
+    }
+
+    function openWith(count: int) {
+        root.fixture.fill([], root.names.slice(0, count));
+        root.open("top");
+        root.expand();
+        root.strip = root.view.content.strip;
+    }
+
+    function everything(): var {
+        return root.fixture.accessibleWithin(root.view);
+    }
+
+    function drag(fromX: real, byX: real) {
+        mousePress(root.view, fromX, root.entryY);
+        for (let step = 1; step <= 8; ++step) {
+            mouseMove(root.view, fromX + byX * step / 8, root.entryY);
+        }
+        mouseRelease(root.view, fromX + byX, root.entryY);
+    }
+
+    function test_theArrowsPageByAStep() {
+        root.openWith(14);
+        compare(root.strip.offset, 0);
+        verify(root.fixture.pressAccessible(root.view, "Previous icons"));
+        compare(root.strip.offset, 0);
+        verify(root.fixture.pressAccessible(root.view, "More icons"));
+        compare(root.strip.offset, -480);
+        verify(root.fixture.pressAccessible(root.view, "More icons"));
+        compare(root.strip.offset, -550);
+        tryCompare(root.strip, "shift", -550);
+        verify(root.fixture.pressAccessible(root.view, "Previous icons"));
+        compare(root.strip.offset, -70);
+        root.fixture.fill(["Clock"], root.names.slice(0, 9));
+        compare(root.strip.offset, 0);
+    }
+
+    function test_aDragPagesAndLaunchesNothing() {
+        root.openWith(10);
+        root.drag(root.firstX + 400, -60);
+        compare(root.strip.offset, -230);
+        tryCompare(root.strip, "shift", -230);
+        root.drag(root.firstX + 160, 200);
+        compare(root.strip.offset, 0);
+        tryCompare(root.strip, "shift", 0);
+        compare(root.fixture.takeCalls(), []);
+        mouseClick(root.view, root.firstX + 80, root.entryY);
+        compare(root.fixture.takeCalls(), ["launch /apps/b"]);
+    }
+
+    function test_theWheelPages() {
+        root.openWith(10);
+        mouseWheel(root.view, root.firstX, root.entryY, 0, -120);
+        compare(root.strip.offset, -230);
+        mouseWheel(root.view, root.firstX, root.entryY, 0, 120);
+        compare(root.strip.offset, 0);
+        // A swipe is many small turns and pages once.
+        for (let turn = 0; turn < 30; ++turn) {
+            mouseWheel(root.view, root.firstX, root.entryY, -15, 0);
+        }
+        compare(root.strip.offset, -230);
+    }
+
+    function test_theKeyboardPagesAndReachesWhatIsHidden() {
+        root.openWith(14);
+        root.view.forceActiveFocus();
+        for (let step = 0; step < 6; ++step) {
+            keyClick(Qt.Key_Tab); // both menus, the session, the settings, the arrow, the first entry
+        }
+        keyClick(Qt.Key_Return);
+        const launched = root.fixture.takeCalls();
+        verify(launched[launched.length - 1].startsWith("launch /apps/"), launched);
+        keyClick(Qt.Key_Right);
+        compare(root.strip.offset, -480);
+        keyClick(Qt.Key_Left);
+        compare(root.strip.offset, 0);
+        keyClick(Qt.Key_PageDown);
+        keyClick(Qt.Key_PageDown);
+        compare(root.strip.offset, -550);
+        keyClick(Qt.Key_PageUp);
+        keyClick(Qt.Key_PageUp);
+        for (let step = 0; step < 9; ++step) {
+            keyClick(Qt.Key_Tab);
+        }
+        verify(root.strip.offset < 0);
+    }
+
+    function test_fewEntriesDoNotPage() {
+        root.openWith(7);
+        root.drag(root.firstX + 300, -200);
+        mouseWheel(root.view, root.firstX, root.entryY, 0, -120);
+        verify(root.fixture.pressAccessible(root.view, "More icons"));
+        compare(root.strip.offset, 0);
+        compare(root.strip.shift, 0);
+    }
+
+    function test_picturesAndTheirPlaceholders() {
+        root.fixture.fill([], ["found", "/gone/lost"]);
+        root.fixture.addShortcut("Resize");
+        root.open("top");
+        root.expand();
+        wait(50);
+        tryVerify(() => Qt.colorEqual(grabImage(root.view).pixel(root.firstX, root.entryY - 10), "red"));
+        // What has no picture shows a symbol instead, in its middle nothing.
+        verify(!Qt.colorEqual(grabImage(root.view).pixel(root.firstX + 80, root.entryY - 10), "red"));
+        verify(root.everything().indexOf("Button: Resize") >= 0);
+        verify(root.fixture.pressAccessible(root.view, "Resize"));
+        compare(root.fixture.takeCalls(), ["launch shortcut:Resize"]);
+    }
+
+    function test_anEmptyShelfSaysWhereToGo() {
+        root.openWith(0);
+        const all = root.everything();
+        verify(all.indexOf("StaticText: Choose widgets and apps in Settings") >= 0);
+        verify(all.indexOf("Button: More icons") < 0);
+    }
+
+    function test_quietFocusTakesTheStripsPlace() {
+        root.openWith(3);
+        root.fixture.model.quietFocus = true;
+        const all = root.everything();
+        verify(all.indexOf("StaticText: Room to focus") >= 0);
+        verify(all.indexOf("StaticText: Your apps and widgets return when you leave focus mode.") >= 0);
+        verify(all.indexOf("Button: a") < 0);
+    }
+
+    name: "AppStrip"
+}
