@@ -9,7 +9,7 @@
 #include <poll.h>
 #include <spawn.h>
 #include <sys/eventfd.h>
-#include <sys/pidfd.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
@@ -105,6 +105,11 @@ pid_t spawn(const QString &program, const QStringList &arguments, int output) {
                : -1;
 }
 
+/// Readable once the child has ended.
+int processDescriptor(pid_t child) {
+    return int(syscall(SYS_pidfd_open, child, 0)); // the library's header is not made for C++
+}
+
 int waitingTime(std::optional<steady_clock::time_point> deadline) {
     if (!deadline) {
         return -1;
@@ -192,7 +197,7 @@ std::optional<QByteArray> runChild(const QString &program, const QStringList &ar
     if (child < 0) {
         return std::nullopt;
     }
-    const Descriptor process(pidfd_open(child, 0));
+    const Descriptor process(processDescriptor(child));
     const auto deadline = limit ? std::optional(steady_clock::now() + *limit) : std::nullopt;
     QByteArray output;
     const Ending ending = process.number() < 0 ? Ending::GivenUp
