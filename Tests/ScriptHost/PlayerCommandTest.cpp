@@ -46,6 +46,9 @@ class PlayerCommandTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    /// Nothing is installed but what the test installs.
+    void initTestCase() { qputenv("XDG_DATA_DIRS", "/nowhere/at/all"); }
+
     void aCommandReachesThePlayer_data();
     void aCommandReachesThePlayer();
     void aCommandThatIsNotDoneIsNotAccepted_data();

@@ -3,7 +3,7 @@
 
 Usage: scripted_player.py NAME JSON. The JSON object may hold "properties" (of the player interface,
 merged over a playing track), "metadata" (merged over its metadata; null leaves a key out),
-"identity", "entry", and "behaviour": "obeys", "refuses" (an error to every command), "ignores",
+"identity", "entry", "flurry" (change signals for one change), and "behaviour": "obeys", "refuses" (an error to every command), "ignores",
 "silent" (answers nothing at all), or "late" (answers after "delay" seconds). Values are given as
 [SIGNATURE, VALUE]. It writes "ready" once it is on the bus and then every command that reached it.
 """
@@ -127,10 +127,11 @@ class ScriptedPlayer:
             self.metadata["xesam:title"] = ["s", member]
         if json.dumps(self.properties) != before or member in ("Next", "Previous"):
             # Partial, as many players do it.
-            self.bus.emit_signal(
-                None, PATH, "org.freedesktop.DBus.Properties", "PropertiesChanged",
-                GLib.Variant("(sa{sv}as)", (PLAYER, {}, ["Metadata"])),
-            )
+            for _ in range(self.script.get("flurry", 1)):
+                self.bus.emit_signal(
+                    None, PATH, "org.freedesktop.DBus.Properties", "PropertiesChanged",
+                    GLib.Variant("(sa{sv}as)", (PLAYER, {}, ["Metadata"])),
+                )
 
 
 if __name__ == "__main__":
