@@ -3,9 +3,10 @@
 
 Usage: scripted_player.py NAME JSON. The JSON object may hold "properties" (of the player interface,
 merged over a playing track), "metadata" (merged over its metadata; null leaves a key out),
-"identity", "entry", "flurry" (change signals for one change), and "behaviour": "obeys", "refuses" (an error to every command), "ignores",
-"silent" (answers nothing at all), or "late" (answers after "delay" seconds). Values are given as
-[SIGNATURE, VALUE]. It writes "ready" once it is on the bus and then every command that reached it.
+"identity", "entry", "flurry" (change signals for one change), "title_bytes" (a long title),
+"many_keys" (of metadata), and "behaviour": "obeys", "refuses" (an error to every command),
+"ignores", "silent" (answers nothing at all), or "late" (answers after "delay" seconds). Values are
+given as [SIGNATURE, VALUE]. It writes "ready" once it is on the bus and then every command that reached it.
 """
 
 import json
