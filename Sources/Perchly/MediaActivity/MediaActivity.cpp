@@ -55,8 +55,8 @@ MediaReading decodeMediaReading(const QByteArray &json) {
         return {.succeeded = true, .activity = {}};
     }
     const QJsonDocument document = QJsonDocument::fromJson(json);
-    auto activity = document.isObject() ? decodeActivity(document.object()) : std::nullopt;
-    return {.succeeded = activity.has_value(), .activity = std::move(activity)};
+    const auto activity = document.isObject() ? decodeActivity(document.object()) : std::nullopt;
+    return {.succeeded = activity.has_value(), .activity = activity};
 }
 
 } // namespace perchly
