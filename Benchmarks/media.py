@@ -16,6 +16,8 @@ import time
 import wave
 from pathlib import Path
 
+from gi.repository import Gio, GLib
+
 ROOT = Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(ROOT / "Tests" / "Session"))
 
@@ -31,6 +33,12 @@ INSIDE = "PERCHLY_BENCHMARK_INSIDE"
 def reading_script():
     """The text that the program sends, from its source."""
     return SCRIPTS.read_text(encoding="utf-8").split('R"js(')[1].split(')js"')[0]
+
+
+def command_script(number):
+    texts = SCRIPTS.read_text(encoding="utf-8").split('R"js(')
+    prefix, body, _, suffix = (text.split(')js"')[0] for text in texts[2:6])
+    return prefix + body.replace("%1", str(number)) + suffix
 
 
 def run(command):
@@ -99,6 +107,31 @@ def high(values):
     return ordered[min(len(ordered) - 1, int(len(ordered) * 0.99))]
 
 
+def applied(companion, reading, rounds):
+    """From a press until the player says that it has obeyed: a fresh reading, then the command."""
+    bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+    heard = []
+    bus.signal_subscribe(
+        None, "org.freedesktop.DBus.Properties", "PropertiesChanged", "/org/mpris/MediaPlayer2", None,
+        Gio.DBusSignalFlags.NONE, lambda *signal: heard.append("PlaybackStatus" in signal[5][1])
+    )
+    context = GLib.MainContext.default()
+    samples = []
+    for turn in range(rounds):
+        heard.clear()
+        start = time.perf_counter()
+        run([companion, "-l", "JavaScript", "-e", reading])
+        command = subprocess.Popen(
+            [companion, "-l", "JavaScript", "-e", command_script(1 if turn % 2 == 0 else 0)],
+            stdout=subprocess.DEVNULL,
+        )
+        while not any(heard):
+            context.iteration(True)
+        samples.append((time.perf_counter() - start) * 1e3)
+        command.wait()
+    return samples
+
+
 def report(samples):
     print(f"\n{'milliseconds':<24}{'wall':>8}{'p99':>8}{'CPU':>8}{'p99':>8}{'runs':>6}")
     for name, rows in samples.items():
@@ -158,6 +191,11 @@ def main():
         player = start_player(folder, dict(os.environ))
         try:
             report(measure(companion, script, options.rounds))
+            presses = applied(companion, script, min(options.rounds, 40))
+            print(
+                f"press to the player's own announcement: {statistics.median(presses):.1f} ms,"
+                f" at most {max(presses):.1f}"
+            )
             print(f"peak memory of a reading: {peak_megabytes(companion, script):.1f} MB")
         finally:
             player.kill()

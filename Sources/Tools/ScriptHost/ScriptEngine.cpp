@@ -1,5 +1,6 @@
 #include "ScriptEngine.h"
 
+#include "EngineMemory.h"
 #include "MediaSession.h"
 #include "Prelude.h"
 #include "ScriptText.h"
@@ -24,7 +25,7 @@ using Engine = std::unique_ptr<duk_context, decltype(&duk_destroy_heap)>;
 MediaSession &sessionOf(duk_context *context) {
     duk_memory_functions memory;
     duk_get_memory_functions(context, &memory);
-    return *static_cast<MediaSession *>(memory.udata);
+    return *static_cast<MediaSession *>(static_cast<EngineMemory *>(memory.udata)->owner());
 }
 
 duk_ret_t load(duk_context *context) {
@@ -133,7 +134,9 @@ bool evaluate(duk_context *context, const std::string &script) {
 } // namespace
 
 std::optional<std::string> runScript(std::string_view script, MediaSession &session) {
-    const Engine engine(duk_create_heap(nullptr, nullptr, nullptr, &session, nullptr),
+    EngineMemory memory(&session);
+    const Engine engine(duk_create_heap(EngineMemory::allocate, EngineMemory::reallocate,
+                                        EngineMemory::release, &memory, nullptr),
                         duk_destroy_heap);
     const std::string text = toEngine(withoutLet(script));
     if (!engine || !installBridge(engine.get()) || !evaluate(engine.get(), text)) {
