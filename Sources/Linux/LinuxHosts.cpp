@@ -1,11 +1,14 @@
 #include "LinuxHosts.h"
 
+#include "BusPlayerNotifications.h"
 #include "CanberraAlertSound.h"
 #include "DBusSingleInstance.h"
+#include "DefaultMusicPlayer.h"
 #include "GioApplications.h"
 #include "JsonPreferences.h"
 #include "NullHosts.h"
 #include "PortalMotion.h"
+#include "ProcessScriptHost.h"
 #include "QtClock.h"
 #include "QtKeyMonitor.h"
 #include "SessionBus.h"
@@ -45,6 +48,14 @@ std::optional<QDBusConnection> sessionBus() {
     return bus;
 }
 
+std::unique_ptr<ScriptHost> scriptHost() {
+    const QString companion = ProcessScriptHost::findCompanion();
+    if (companion.isEmpty()) {
+        tellOnce("perchly-scripthost is not installed: what players play is missing");
+    }
+    return std::make_unique<ProcessScriptHost>(companion);
+}
+
 Hosts nullHosts() {
     Hosts hosts;
     hosts.clock = std::make_unique<QtClock>();
@@ -58,6 +69,9 @@ Hosts nullHosts() {
     hosts.applications = std::make_unique<NullApplications>();
     hosts.motion = std::make_unique<NullMotion>();
     hosts.alertSound = std::make_unique<NullAlertSound>();
+    hosts.scriptHost = std::make_unique<NullScriptHost>();
+    hosts.playerNotifications = std::make_unique<NullPlayerNotifications>();
+    hosts.musicPlayer = std::make_unique<NullMusicPlayer>();
     return hosts;
 }
 
@@ -70,6 +84,9 @@ void addDesktop(Hosts &hosts) {
     hosts.applications = std::make_unique<GioApplications>();
     hosts.motion = std::make_unique<PortalMotion>(reachable);
     hosts.alertSound = std::make_unique<CanberraAlertSound>();
+    hosts.scriptHost = scriptHost();
+    hosts.playerNotifications = std::make_unique<BusPlayerNotifications>();
+    hosts.musicPlayer = std::make_unique<DefaultMusicPlayer>(*hosts.applications);
 }
 
 void addWindowSystem(Hosts &hosts) {

@@ -7,9 +7,12 @@
 #include "HotKeys.h"
 #include "KeyMonitor.h"
 #include "Motion.h"
+#include "MusicPlayer.h"
 #include "PanelHost.h"
+#include "PlayerNotifications.h"
 #include "PointerMonitor.h"
 #include "Preferences.h"
+#include "ScriptHost.h"
 #include "StatusItem.h"
 
 #include <memory>
@@ -30,6 +33,9 @@ struct Hosts {
     std::unique_ptr<Applications> applications;
     std::unique_ptr<Motion> motion;
     std::unique_ptr<AlertSound> alertSound;
+    std::unique_ptr<ScriptHost> scriptHost;
+    std::unique_ptr<PlayerNotifications> playerNotifications;
+    std::unique_ptr<MusicPlayer> musicPlayer;
 };
 
 } // namespace perchly

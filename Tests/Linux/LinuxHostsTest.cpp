@@ -16,7 +16,7 @@ QString file() {
 bool isComplete(const Hosts &hosts) {
     return hosts.clock && hosts.preferences && hosts.displays && hosts.pointer && hosts.keys &&
            hosts.panel && hosts.hotKeys && hosts.statusItem && hosts.applications && hosts.motion &&
-           hosts.alertSound;
+           hosts.alertSound && hosts.scriptHost && hosts.playerNotifications && hosts.musicPlayer;
 }
 
 } // namespace
@@ -44,6 +44,11 @@ void LinuxHostsTest::nullHostsTouchNothing() {
     hosts.applications->open(QStringLiteral("/a.desktop"),
                              [&](const QString &why) { error = why; });
     QTRY_VERIFY(error.contains(QStringLiteral("/a.desktop")));
+    bool failed = false;
+    const Task task =
+        hosts.scriptHost->run({}, std::nullopt, [&](const auto &output) { failed = !output; });
+    QTRY_VERIFY(failed);
+    QCOMPARE(hosts.playerNotifications->presence(), PlayerPresence::Unknown);
     QVERIFY(makeSingleInstance()->claim());
     QVERIFY(makeSingleInstance()->claim());
 }

@@ -13,6 +13,10 @@ void LaunchTest::placesAndShowsThePanel() {
     QVERIFY(shell.fake.pointer.started);
     QVERIFY(!shell.expanded());
     QCOMPARE(shell.fake.hotKeys.registered.size(), 2);
+    QVERIFY(shell.fake.playerNotifications.started);
+    QCOMPARE(shell.fake.scriptHost.underWay(), 1); // the first look at what plays
+    shell.delegate->terminate();
+    QCOMPARE(shell.fake.scriptHost.underWay(), 0);
 }
 
 void LaunchTest::runsWithoutADisplayAndAppearsWithOne() {

@@ -25,6 +25,9 @@ FakeHosts::FakeHosts()
     , statusItem(install<FakeStatusItem>(hosts.statusItem))
     , applications(install<FakeApplications>(hosts.applications))
     , motion(install<FakeMotion>(hosts.motion))
-    , alertSound(install<FakeAlertSound>(hosts.alertSound)) {}
+    , alertSound(install<FakeAlertSound>(hosts.alertSound))
+    , scriptHost(install<FakeScriptHost>(hosts.scriptHost))
+    , playerNotifications(install<FakePlayerNotifications>(hosts.playerNotifications))
+    , musicPlayer(install<FakeMusicPlayer>(hosts.musicPlayer)) {}
 
 } // namespace perchly

@@ -3,6 +3,7 @@
 #include "FakeClock.h"
 #include "FakePlatform.h"
 #include "FakePreferences.h"
+#include "FakeScriptHost.h"
 #include "Hosts.h"
 
 namespace perchly {
@@ -24,6 +25,9 @@ struct FakeHosts {
     FakeApplications &applications;
     FakeMotion &motion;
     FakeAlertSound &alertSound;
+    FakeScriptHost &scriptHost;
+    FakePlayerNotifications &playerNotifications;
+    FakeMusicPlayer &musicPlayer;
 };
 
 } // namespace perchly

@@ -114,6 +114,22 @@ public:
     bool reduced = false;
 };
 
+class FakePlayerNotifications : public PlayerNotifications {
+public:
+    void start() override { started = true; }
+    PlayerPresence presence() const override { return players; }
+
+    PlayerPresence players = PlayerPresence::Some;
+    bool started = false;
+};
+
+class FakeMusicPlayer : public MusicPlayer {
+public:
+    void open() override { ++opened; }
+
+    int opened = 0;
+};
+
 class FakeAlertSound : public AlertSound {
 public:
     void play() override { ++played; }

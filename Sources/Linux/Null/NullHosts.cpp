@@ -1,9 +1,30 @@
 #include "NullHosts.h"
 
+#include <QTimer>
 #include <QUrl>
 #include <QWindow>
 
 namespace perchly {
+
+namespace {
+
+/// An answer that is on its way until the handle goes.
+class Refusal : public ScheduledTask {
+public:
+    explicit Refusal(std::function<void()> answer) {
+        m_timer.setSingleShot(true);
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [answer = std::move(answer)] {
+            const auto action = answer; // outlives the handle that it may destroy
+            action();
+        });
+        m_timer.start(0);
+    }
+
+private:
+    QTimer m_timer;
+};
+
+} // namespace
 
 std::optional<PreferenceValue> NullPreferences::value(const QString &key) const {
     const auto found = m_values.constFind(key);
@@ -55,6 +76,12 @@ void NullApplications::openUrl(const QUrl &url, Completion completion) {
             &m_receiver, [completion = std::move(completion), error] { completion(error); },
             Qt::QueuedConnection);
     }
+}
+
+Task NullScriptHost::run(const QStringList &, std::optional<std::chrono::milliseconds>,
+                         Completion completion) {
+    return std::make_unique<Refusal>(
+        [completion = std::move(completion)] { completion(std::nullopt); });
 }
 
 } // namespace perchly

@@ -109,6 +109,29 @@ public:
     void play() override {}
 };
 
+/// No companion to run.
+class NullScriptHost : public ScriptHost {
+public:
+    [[nodiscard]] bool isRunnable() const override { return false; }
+    [[nodiscard]] Task run(const QStringList &, std::optional<std::chrono::milliseconds>,
+                           Completion completion) override;
+};
+
+/// Nobody to ask about players.
+class NullPlayerNotifications : public PlayerNotifications {
+public:
+    using PlayerNotifications::PlayerNotifications;
+
+    void start() override {}
+    [[nodiscard]] PlayerPresence presence() const override { return PlayerPresence::Unknown; }
+};
+
+/// No music application.
+class NullMusicPlayer : public MusicPlayer {
+public:
+    void open() override {}
+};
+
 /// Every instance is the only one.
 class NullSingleInstance : public SingleInstance {
 public:

@@ -77,6 +77,26 @@ void KeyboardFocus::pressedOutside(xcb_window_t holder) {
     m_leave.start();
 }
 
+void KeyboardFocus::retakeFromNobody(xcb_window_t window) {
+    const xcb_window_t holder = current();
+    if (holder != window && isNobody(holder)) {
+        setFocus(window);
+    }
+}
+
+bool KeyboardFocus::isNobody(xcb_window_t holder) {
+    if (holder == XCB_WINDOW_NONE || holder == XCB_INPUT_FOCUS_POINTER_ROOT ||
+        holder == m_connection.root()) {
+        return true;
+    }
+    if (!m_connection.isAlive()) {
+        return false;
+    }
+    const auto place =
+        m_connection.reply<xcb_get_geometry_reply_t>(xcb_get_geometry(m_connection.get(), holder));
+    return place && (place->x + place->width <= 0 || place->y + place->height <= 0);
+}
+
 void KeyboardFocus::activate(xcb_window_t window) {
     m_leave.stop();
     if (hasWindowManager()) {

@@ -29,6 +29,11 @@ public:
     /// that one gets it back here.
     void pressedOutside(xcb_window_t holder);
 
+    /// Takes the focus again that nobody has any more: its owner's window was closed and the window
+    /// manager put the focus aside, on the root or on a window of its own beyond the screen. Who is
+    /// to get the focus back afterwards stays as it was.
+    void retakeFromNobody(xcb_window_t window);
+
     /// Makes an ordinary window the active one, whatever the window manager thinks of programs that
     /// take the focus unasked. The window is to have been shown by the toolkit already.
     void activate(xcb_window_t window);
@@ -42,6 +47,7 @@ private:
     [[nodiscard]] bool hasWindowManager();
     [[nodiscard]] xcb_window_t activeWindow();
     [[nodiscard]] bool isViewable(xcb_window_t window);
+    [[nodiscard]] bool isNobody(xcb_window_t holder);
     bool setFocus(xcb_window_t window);
     void askWindowManager(xcb_window_t window);
     void restoreDirectly();

@@ -6,12 +6,16 @@
 
 #include <QGuiApplication>
 #include <QPlatformSurfaceEvent>
+#include <QTimer>
 
 #include <cmath>
 
 namespace perchly {
 
 namespace {
+
+// A window manager that loses the active window settles on another one within this time.
+constexpr std::chrono::milliseconds retakeDelay{60};
 
 QMargins rounded(const QMarginsF &margins) {
     return {static_cast<int>(std::lround(margins.left())),
@@ -38,8 +42,19 @@ X11PanelHost::X11PanelHost(QObject *parent)
         applyShape();
         Q_EMIT compositedChanged();
     });
-    connect(&m_outsidePress, &OutsidePress::pressed, this,
-            [this] { m_focus.pressedOutside(panelId()); });
+    connect(&m_outsidePress, &OutsidePress::pressed, this, [this] {
+        m_holdsKeyboard = false;
+        m_focus.pressedOutside(panelId());
+    });
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow *focused) {
+        if (m_holdsKeyboard && focused == nullptr) {
+            QTimer::singleShot(retakeDelay, this, [this] {
+                if (m_holdsKeyboard) {
+                    m_focus.retakeFromNobody(panelId());
+                }
+            });
+        }
+    });
     connect(&m_stacking, &StackingGuard::raiseWanted, this, &X11PanelHost::raise);
 }
 
@@ -96,11 +111,13 @@ void X11PanelHost::takeKeyboard() {
         return;
     }
     flushToolkit();
+    m_holdsKeyboard = true;
     m_focus.take(panelId());
     m_outsidePress.watch(panelId());
 }
 
 void X11PanelHost::giveKeyboardBack() {
+    m_holdsKeyboard = false;
     m_outsidePress.watch(XCB_WINDOW_NONE);
     if (m_panel) {
         m_focus.giveBack(panelId());
@@ -112,6 +129,7 @@ bool X11PanelHost::hasKeyboard() const {
 }
 
 void X11PanelHost::activate(QWindow *window) {
+    m_holdsKeyboard = false;
     m_outsidePress.watch(XCB_WINDOW_NONE);
     if (window->windowStates().testFlag(Qt::WindowMinimized)) {
         window->setWindowStates(window->windowStates() & ~Qt::WindowMinimized);

@@ -49,6 +49,7 @@ private:
     OutsidePress m_outsidePress;
     StackingGuard m_stacking;
     QPointer<QWindow> m_panel;
+    bool m_holdsKeyboard = false; ///< taken and not given back; a press elsewhere ends it too
     std::optional<QRegion> m_shape;
 };
 

@@ -12,6 +12,8 @@ AppDelegate::AppDelegate(Hosts &hosts, ShellResources resources)
     , m_resources(std::move(resources))
     , m_shelfPreferences(*hosts.preferences)
     , m_model(*hosts.clock, *hosts.preferences, *hosts.alertSound)
+    , m_media(m_model, *hosts.clock, *hosts.scriptHost, *hosts.playerNotifications,
+              *hosts.musicPlayer)
     , m_library(*hosts.preferences)
     , m_hotKey(*hosts.hotKeys, *this, m_productivity)
     , m_headerView(*this) {}
@@ -40,11 +42,13 @@ void AppDelegate::launch() {
                    {QStringLiteral("motion"), QVariant::fromValue(m_hosts.motion.get())}});
     resize();
     m_hosts.panel->orderFront();
+    m_media.startMediaMonitoring();
     m_hotKey.registerChords();
     m_hosts.keys->start([this](const KeyPress &press) { return handleKey(press); });
     connect(m_hosts.pointer.get(), &PointerMonitor::moved, this, &AppDelegate::checkHover);
     m_hosts.pointer->start();
     showStatusItem();
+    m_hosts.playerNotifications->start();
     connect(m_hosts.displays.get(), &Displays::changed, this, &AppDelegate::resize);
     connect(&m_shelfPreferences, &ShelfPreferences::shelfScaleChanged, this, &AppDelegate::resize);
 }
@@ -99,6 +103,7 @@ void AppDelegate::showSearch() {
 }
 
 void AppDelegate::terminate() {
+    m_media.stopMediaMonitoring();
     QCoreApplication::quit();
 }
 

@@ -3,6 +3,7 @@
 #include "AuxiliaryWindow.h"
 #include "Clock.h"
 #include "Displays.h"
+#include "MediaTracking.h"
 #include "Productivity.h"
 #include "ShelfExtras.h"
 #include "ShelfGeometry.h"
@@ -128,6 +129,7 @@ private:
     QQmlEngine m_engine; // one for all windows: each of its own would cost memory and time
 
     ShelfModel m_model;
+    MediaTracking m_media;
     ShelfLibrary m_library;
     Productivity m_productivity;
     std::unique_ptr<ShelfExtras> m_extras;

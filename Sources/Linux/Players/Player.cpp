@@ -1,0 +1,158 @@
+#include "Player.h"
+
+#include "BusValue.h"
+
+#include <systemd/sd-bus.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace perchly {
+
+namespace {
+
+constexpr std::size_t longestText = 2048;
+constexpr double microseconds = 1e6;
+
+bool isContinuation(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+/// The length of the control character or line separator that starts here; 0 for anything else.
+std::size_t controlLength(std::string_view text) {
+    const auto at = [&](std::size_t index) {
+        return index < text.size() ? static_cast<unsigned char>(text[index]) : 0U;
+    };
+    if (at(0) < 0x20 || at(0) == 0x7F) {
+        return 1;
+    }
+    if (at(0) == 0xC2 && at(1) >= 0x80 && at(1) < 0xA0) {
+        return 2;
+    }
+    return at(0) == 0xE2 && at(1) == 0x80 && (at(2) == 0xA8 || at(2) == 0xA9) ? 3 : 0;
+}
+
+Playback playbackOf(const std::string &status) {
+    if (status == "Playing") {
+        return Playback::Playing;
+    }
+    return status == "Paused" ? Playback::Paused : Playback::Stopped;
+}
+
+std::string artistOf(const BusValue &value) {
+    if (const auto *artists = std::get_if<std::vector<std::string>>(&value)) {
+        std::string joined;
+        for (const std::string &artist : *artists) {
+            if (!artist.empty()) {
+                joined.append(joined.empty() ? "" : ", ").append(artist.substr(0, longestText));
+            }
+        }
+        return cleanText(joined);
+    }
+    return cleanText(textOf(value)); // some players send one text where a list belongs
+}
+
+std::optional<double> secondsOf(const BusValue &value) {
+    const auto number = numberOf(value);
+    return number && std::isfinite(*number) ? std::optional(*number / microseconds) : std::nullopt;
+}
+
+bool isTrack(const std::string &path) {
+    return sd_bus_object_path_is_valid(path.c_str()) > 0 &&
+           path != "/org/mpris/MediaPlayer2/TrackList/NoTrack";
+}
+
+bool readMetadataEntry(std::string_view key, sd_bus_message *message, Player &player) {
+    BusValue value;
+    if (key == "xesam:title" && readVariant(message, value)) {
+        player.title = cleanText(textOf(value));
+    } else if (key == "xesam:artist" && readVariant(message, value)) {
+        player.artist = artistOf(value);
+    } else if (key == "mpris:trackid" && readVariant(message, value)) {
+        player.trackPath = isTrack(textOf(value)) ? textOf(value) : std::string();
+    } else if (key == "mpris:length" && readVariant(message, value)) {
+        const auto length = secondsOf(value);
+        player.length = length && *length > 0 ? length : std::nullopt;
+    } else {
+        return false;
+    }
+    return true;
+}
+
+bool readPlayerEntry(std::string_view key, sd_bus_message *message, Player &player) {
+    if (key == "Metadata") {
+        return visitVariantEntries(message, [&](std::string_view name, sd_bus_message *entry) {
+            return readMetadataEntry(name, entry, player);
+        });
+    }
+    BusValue value;
+    if (key == "PlaybackStatus" && readVariant(message, value)) {
+        player.playback = playbackOf(textOf(value));
+    } else if (key == "Position" && readVariant(message, value)) {
+        const auto position = secondsOf(value);
+        player.position = position && *position >= 0 ? position : std::nullopt;
+    } else if (key == "CanPlay" && readVariant(message, value)) {
+        player.canPlay = isTrue(value);
+    } else if (key == "CanPause" && readVariant(message, value)) {
+        player.canPause = isTrue(value);
+    } else if (key == "CanGoNext" && readVariant(message, value)) {
+        player.canGoNext = isTrue(value);
+    } else if (key == "CanGoPrevious" && readVariant(message, value)) {
+        player.canGoPrevious = isTrue(value);
+    } else if (key == "CanSeek" && readVariant(message, value)) {
+        player.canSeek = isTrue(value);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
+void readPlayerProperties(sd_bus_message *reply, Player &player) {
+    visitEntries(reply, [&](std::string_view key, sd_bus_message *message) {
+        return readPlayerEntry(key, message, player);
+    });
+}
+
+void readRootProperties(sd_bus_message *reply, Player &player) {
+    visitEntries(reply, [&](std::string_view key, sd_bus_message *message) {
+        BusValue value;
+        if (key == "Identity" && readVariant(message, value)) {
+            player.identity = cleanText(textOf(value));
+        } else if (key == "DesktopEntry" && readVariant(message, value)) {
+            player.desktopEntry = cleanText(textOf(value));
+        } else {
+            return false;
+        }
+        return true;
+    });
+}
+
+std::string cleanText(std::string_view text) {
+    std::string clean;
+    clean.reserve(std::min(text.size(), longestText));
+    while (!text.empty() && clean.size() <= longestText) {
+        const std::size_t control = controlLength(text);
+        if (control == 0) {
+            clean.push_back(text.front());
+        } else if (!clean.empty() && clean.back() != ' ') {
+            clean.push_back(' ');
+        }
+        text.remove_prefix(std::max(control, std::size_t(1)));
+    }
+    if (clean.size() > longestText) {
+        std::size_t end = longestText;
+        while (end > 0 && isContinuation(clean[end])) {
+            --end;
+        }
+        clean.resize(end);
+    }
+    const std::size_t first = clean.find_first_not_of(' ');
+    if (first == std::string::npos) {
+        return {};
+    }
+    return clean.substr(first, clean.find_last_not_of(' ') - first + 1);
+}
+
+} // namespace perchly

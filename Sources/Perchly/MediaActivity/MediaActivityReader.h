@@ -1,0 +1,54 @@
+#pragma once
+
+#include "Clock.h"
+#include "MediaActivity.h"
+#include "MediaPlaybackCommand.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+namespace perchly {
+
+class PlayerNotifications;
+class ScriptHost;
+
+/// Reads the desktop's media session and sends commands to it through scripts. Nothing blocks:
+/// results come on the main thread, never before the call has returned, and not at all once the
+/// task is destroyed. Several calls may be under way at once. Main thread only.
+class MediaActivityReader {
+public:
+    using Output = std::function<void(const std::optional<QByteArray> &output)>;
+    using ReadCompletion = std::function<void(const MediaReading &reading)>;
+    /// Whether the player accepted the command; nothing when the script failed.
+    using SendCompletion = std::function<void(std::optional<bool> accepted)>;
+
+    /// The hosts must outlive the reader.
+    MediaActivityReader(ScriptHost &host, const PlayerNotifications &players, Clock &clock)
+        : m_host(host)
+        , m_players(players)
+        , m_clock(clock) {}
+
+    /// Runs one script and gives what it printed; nothing when it failed or took over 5 seconds.
+    [[nodiscard]] Task execute(const QString &script, Output completion);
+
+    /// While no player runs there is nothing to read, and no process is started to find that out.
+    [[nodiscard]] Task read(ReadCompletion completion);
+
+    /// A seek needs its target in seconds; without one it is not accepted and nothing is run.
+    [[nodiscard]] Task send(MediaPlaybackCommand command, std::optional<double> position,
+                            SendCompletion completion);
+
+    /// Runs a command word in one player and gives the state that the player then says it is in;
+    /// nothing when it failed.
+    [[nodiscard]] Task tell(const QString &playerID, const QString &word, Output completion);
+
+private:
+    ScriptHost &m_host;
+    const PlayerNotifications &m_players;
+    Clock &m_clock;
+};
+
+} // namespace perchly

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QObject>
+#include <QVariantMap>
+
+namespace perchly {
+
+/// Whether any media player runs. Unknown where nobody can be asked, or before there is an answer.
+enum class PlayerPresence { Unknown, None, Some };
+
+/// What the person's music application and Spotify tell everybody about themselves.
+/// Main thread only.
+class PlayerNotifications : public QObject {
+    Q_OBJECT
+public:
+    using QObject::QObject;
+
+    /// Starts listening. Call it once.
+    virtual void start() = 0;
+
+    /// Costs nothing to ask.
+    [[nodiscard]] virtual PlayerPresence presence() const = 0;
+
+Q_SIGNALS:
+    /// A player's state has changed. The name is "com.apple.Music.playerInfo" or
+    /// "com.spotify.client.PlaybackStateChanged"; the information holds strings for the keys
+    /// "Name", "Artist" and "Player State" ("Playing", "Paused" or "Stopped"), without what is not
+    /// known.
+    void received(const QString &name, const QVariantMap &information);
+};
+
+} // namespace perchly

@@ -1,0 +1,33 @@
+#include "ProcessLimits.h"
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace perchly {
+
+namespace {
+
+// A sanitizer's shadow memory alone takes terabytes of address space.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool limitsMemory = false;
+#else
+constexpr bool limitsMemory = true;
+#endif
+
+void limit(__rlimit_resource resource, rlim_t value) {
+    const rlimit both{value, value};
+    setrlimit(resource, &both);
+}
+
+} // namespace
+
+void limitProcess() {
+    // Sooner than whoever started this would end it: that is for what even a signal cannot end.
+    alarm(4);
+    limit(RLIMIT_CORE, 0);
+    if (limitsMemory) {
+        limit(RLIMIT_AS, rlim_t(256) << 20);
+    }
+}
+
+} // namespace perchly

@@ -1,0 +1,61 @@
+#include "SessionOwner.h"
+
+#include <algorithm>
+
+namespace perchly {
+
+namespace {
+
+bool plays(const Player &player) {
+    return player.hasTrack() && player.playback == Playback::Playing;
+}
+
+const Player *find(const std::vector<Player> &players, const std::string &busName) {
+    const auto found = std::ranges::find(players, busName, &Player::busName);
+    return found == players.end() ? nullptr : &*found;
+}
+
+const Player *first(const PlayerMemory &memory, const std::vector<Player> &players,
+                    Playback playback) {
+    for (const RememberedPlayer &remembered : memory) {
+        const Player *player = find(players, remembered.busName);
+        if (player != nullptr && player->hasTrack() && player->playback == playback) {
+            return player;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+PlayerMemory remember(const PlayerMemory &before, const std::vector<Player> &players) {
+    PlayerMemory started;
+    PlayerMemory kept;
+    for (const RememberedPlayer &remembered : before) {
+        const Player *player = find(players, remembered.busName);
+        if (player == nullptr) {
+            continue;
+        }
+        if (!player->answered) {
+            kept.push_back(remembered);
+        } else if (plays(*player) && !remembered.playing) {
+            started.push_back({player->busName, true});
+        } else {
+            kept.push_back({player->busName, plays(*player)});
+        }
+    }
+    for (const Player &player : players) {
+        if (std::ranges::find(before, player.busName, &RememberedPlayer::busName) == before.end()) {
+            (plays(player) ? started : kept).push_back({player.busName, plays(player)});
+        }
+    }
+    started.insert(started.end(), kept.begin(), kept.end());
+    return started;
+}
+
+const Player *sessionOwner(const PlayerMemory &memory, const std::vector<Player> &players) {
+    const Player *playing = first(memory, players, Playback::Playing);
+    return playing != nullptr ? playing : first(memory, players, Playback::Paused);
+}
+
+} // namespace perchly

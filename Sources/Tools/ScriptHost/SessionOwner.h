@@ -1,0 +1,37 @@
+#pragma once
+
+#include "Player.h"
+
+#include <string>
+#include <vector>
+
+namespace perchly {
+
+/// A player as it was at the last look.
+struct RememberedPlayer {
+    std::string busName;
+    bool playing = false;
+
+    friend bool operator==(const RememberedPlayer &, const RememberedPlayer &) = default;
+};
+
+/// Players in the order in which they would own the media session: the last to start comes first.
+using PlayerMemory = std::vector<RememberedPlayer>;
+
+/// The memory after a look at the players. Those that have begun to play since come first, the
+/// others keep their order, new ones follow, and those that have gone are forgotten. A player that
+/// did not answer stays as it was.
+[[nodiscard]] PlayerMemory remember(const PlayerMemory &before, const std::vector<Player> &players);
+
+/// The player that owns the session: the first in that order that plays, else the first that is
+/// paused. One that is stopped or has no title never does. Null when there is none.
+[[nodiscard]] const Player *sessionOwner(const PlayerMemory &memory,
+                                         const std::vector<Player> &players);
+
+/// The memory in the file of this run of the desktop; empty when it cannot be read. The file must
+/// be a plain one, not a link.
+[[nodiscard]] PlayerMemory loadMemory();
+/// Replaces the file whole; it is readable by the person alone. Without a runtime folder, nothing.
+void storeMemory(const PlayerMemory &memory);
+
+} // namespace perchly
