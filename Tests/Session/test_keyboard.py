@@ -1,6 +1,7 @@
 """Keyboard mode: the shelf takes the keyboard and gives it back to the window that had it."""
 
 import json
+import time
 
 from perchly_session.case import SessionCase, main
 from perchly_session.waiting import wait_until, wait_while
@@ -145,6 +146,8 @@ class KeyboardTest(SessionCase):
         self.screen.key(*TOGGLE)
         self.expect_open_with_keyboard()
         self.other.close()
+        time.sleep(0.3)  # the window manager looks for another window meanwhile
+        self.expect_open_with_keyboard()
         self.screen.key("Escape")
         self.expect_frame(self.compact_frame(), "the shelf closed")
         wait_while(self.program.running, "the program", 0.3)
