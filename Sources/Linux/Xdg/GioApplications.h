@@ -22,7 +22,7 @@ public:
     ~GioApplications() override;
 
     void open(const QString &path, Completion completion = {}) override;
-    /// Found as the icon theme specification says, in the theme that is set when this is made.
+    /// Found by the rules for icon themes, in the theme that is set when this is made.
     QImage icon(const QString &path, int side) override;
     void openUrl(const QUrl &url, Completion completion = {}) override;
 

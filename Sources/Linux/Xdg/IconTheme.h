@@ -8,7 +8,7 @@
 
 namespace perchly {
 
-/// Finds pictures by the freedesktop icon theme specification and reads them. The toolkit's own
+/// Finds pictures by the desktop's rules for icon themes and reads them. The toolkit's own
 /// icon loader is for the main thread only; this one works on any thread, since the files may lie
 /// on a slow disk. A theme is read once, when it is first needed.
 class IconTheme {
