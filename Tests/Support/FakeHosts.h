@@ -1,6 +1,9 @@
 #pragma once
 
+#include "FakeApplicationCatalog.h"
 #include "FakeClock.h"
+#include "FakeLoginItem.h"
+#include "FakeOpenPanel.h"
 #include "FakePlatform.h"
 #include "FakePreferences.h"
 #include "FakeScriptHost.h"
@@ -23,6 +26,9 @@ struct FakeHosts {
     FakeHotKeys &hotKeys;
     FakeStatusItem &statusItem;
     FakeApplications &applications;
+    FakeApplicationCatalog &catalog;
+    FakeOpenPanel &openPanel;
+    FakeLoginItem &loginItem;
     FakeMotion &motion;
     FakeAlertSound &alertSound;
     FakeScriptHost &scriptHost;

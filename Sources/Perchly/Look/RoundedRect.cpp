@@ -17,6 +17,14 @@ void RoundedRect::setColor(const QColor &color) {
     }
 }
 
+void RoundedRect::setBottomColor(const QColor &color) {
+    if (m_bottomColor != color) {
+        m_bottomColor = color;
+        Q_EMIT bottomColorChanged();
+        update();
+    }
+}
+
 void RoundedRect::setRadius(double radius) {
     if (m_radius != radius) {
         m_radius = radius;
@@ -43,10 +51,17 @@ void RoundedRect::setBorderWidth(double width) {
 
 void RoundedRect::paint(QPainter *painter) {
     const double inset = m_borderWidth / 2;
+    const QRectF outline = boundingRect().adjusted(inset, inset, -inset, -inset);
     painter->setPen(m_borderWidth > 0 ? QPen(m_borderColor, m_borderWidth) : QPen(Qt::NoPen));
-    painter->setBrush(m_color);
-    painter->drawRoundedRect(boundingRect().adjusted(inset, inset, -inset, -inset),
-                             m_radius - inset, m_radius - inset);
+    if (m_bottomColor.isValid()) {
+        QLinearGradient colors(outline.topLeft(), outline.bottomLeft());
+        colors.setColorAt(0, m_color);
+        colors.setColorAt(1, m_bottomColor);
+        painter->setBrush(colors);
+    } else {
+        painter->setBrush(m_color);
+    }
+    painter->drawRoundedRect(outline, m_radius - inset, m_radius - inset);
 }
 
 } // namespace perchly
