@@ -92,11 +92,17 @@ void AppDelegate::showTools() {
 }
 
 void AppDelegate::showSettings() {
+    if (!m_displayPreferences) {
+        m_displayPreferences = std::make_unique<DisplayPreferences>(
+            *m_hosts.preferences, *m_hosts.displays, *m_hosts.loginItem, *this);
+    }
     show(m_settingsWindow,
          {.title = QStringLiteral("Perchly Settings"),
           .size = {660, 600},
           .view = m_resources.settingsView,
-          .properties = {{QStringLiteral("library"), QVariant::fromValue(&m_library)}}});
+          .properties = {
+              {QStringLiteral("library"), QVariant::fromValue(&m_library)},
+              {QStringLiteral("preferences"), QVariant::fromValue(m_displayPreferences.get())}}});
 }
 
 void AppDelegate::showMixer() {

@@ -2,6 +2,7 @@
 
 #include "AuxiliaryWindow.h"
 #include "Clock.h"
+#include "DisplayPreferences.h"
 #include "Displays.h"
 #include "MediaTracking.h"
 #include "Productivity.h"
@@ -140,6 +141,7 @@ private:
     std::unique_ptr<AuxiliaryWindow> m_toolsWindow;
     bool m_keyboardOpen = false;
     bool m_keyboardBorrowed = false; ///< taken outside keyboard mode
+    std::unique_ptr<DisplayPreferences> m_displayPreferences;
     std::unique_ptr<AuxiliaryWindow> m_settingsWindow;
     std::unique_ptr<ShelfPanel> m_panel;
     ShelfHeaderView m_headerView;
