@@ -1,9 +1,11 @@
 #include "LinuxHosts.h"
 
+#include "AutostartLoginItem.h"
 #include "BusPlayerNotifications.h"
 #include "CanberraAlertSound.h"
 #include "DBusSingleInstance.h"
 #include "DefaultMusicPlayer.h"
+#include "DesktopCatalog.h"
 #include "GioApplications.h"
 #include "JsonPreferences.h"
 #include "NullHosts.h"
@@ -11,6 +13,7 @@
 #include "ProcessScriptHost.h"
 #include "QtClock.h"
 #include "QtKeyMonitor.h"
+#include "QtOpenPanel.h"
 #include "SessionBus.h"
 #include "TrayStatusItem.h"
 #include "X11Displays.h"
@@ -85,6 +88,8 @@ void addDesktop(Hosts &hosts) {
     hosts.preferences = std::make_unique<JsonPreferences>(JsonPreferences::defaultPath());
     hosts.statusItem = std::make_unique<TrayStatusItem>(reachable);
     hosts.applications = std::make_unique<GioApplications>();
+    hosts.catalog = std::make_unique<DesktopCatalog>();
+    hosts.loginItem = std::make_unique<AutostartLoginItem>(AutostartLoginItem::runningProgram());
     hosts.motion = std::make_unique<PortalMotion>(reachable);
     hosts.alertSound = std::make_unique<CanberraAlertSound>();
     hosts.scriptHost = scriptHost();
@@ -102,6 +107,7 @@ void addWindowSystem(Hosts &hosts) {
     hosts.keys = std::make_unique<QtKeyMonitor>();
     hosts.panel = std::make_unique<X11PanelHost>();
     hosts.hotKeys = std::make_unique<X11HotKeys>();
+    hosts.openPanel = std::make_unique<QtOpenPanel>();
 }
 
 } // namespace

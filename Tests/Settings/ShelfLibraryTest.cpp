@@ -7,6 +7,7 @@
 #include "TestRegistry.h"
 
 #include <QTest>
+#include <QUrl>
 
 namespace perchly {
 
@@ -297,6 +298,52 @@ private Q_SLOTS:
         fixture.library->setItems({});
         QCOMPARE(heard, 6);
         QVERIFY(fixture.stored() == QList<ShelfItem>());
+    }
+
+    void refreshingFindsWhatIsInstalled() {
+        LibraryFixture fixture({});
+        QVERIFY(fixture.library->installed().isEmpty());
+        fixture.library->refresh();
+        fixture.library->refresh();
+        Q_EMIT fixture.catalog.changed();
+        QCOMPARE(fixture.catalog.searches.size(), 3U);
+        QVERIFY(fixture.announcements->take().isEmpty());
+        // Whichever ends last counts.
+        fixture.catalog.finish({{QStringLiteral("/b"), QStringLiteral("B")}}, 1);
+        fixture.catalog.finish({{QStringLiteral("/x/../a"), QStringLiteral("A")}});
+        QVERIFY(fixture.library->installed() ==
+                QList({ShelfItem::forApplication(QStringLiteral("/x/../a"), QStringLiteral("A"))}));
+        QCOMPARE(fixture.announcements->take(), QStringList({QStringLiteral("installedChanged"),
+                                                             QStringLiteral("installedChanged")}));
+        QVERIFY(fixture.preferences.written.isEmpty());
+        fixture.library.reset();
+        fixture.catalog.finish({}); // nobody is there any more
+    }
+
+    void browsingAddsWhatIsChosen() {
+        ShelfItem back =
+            ShelfItem::forApplication(QStringLiteral("/a"), QStringLiteral("Old name"));
+        const ShelfItem added =
+            ShelfItem::forApplication(QStringLiteral("/b"), QStringLiteral("Name of /b"));
+        LibraryFixture fixture({hidden(back), named("c")});
+        fixture.library->browse();
+        QVERIFY(fixture.openPanel.open());
+        QCOMPARE(fixture.openPanel.open()->confirmLabel, QStringLiteral("Add to shelf"));
+        QCOMPARE(fixture.openPanel.open()->folder, QStringLiteral("/usr/share/applications"));
+        QCOMPARE(fixture.openPanel.open()->choice, OpenPanel::Choice::Applications);
+        fixture.openPanel.choose({QUrl::fromLocalFile(QStringLiteral("/b")),
+                                  QUrl(QStringLiteral("https://example.org/c")),
+                                  QUrl::fromLocalFile(QStringLiteral("/a"))});
+        QTRY_COMPARE(fixture.library->items().size(), 3);
+        QVERIFY(fixture.library->items() == QList({back, named("c"), added}));
+
+        fixture.library->browse();
+        fixture.openPanel.choose({});
+        QCoreApplication::processEvents();
+        QCOMPARE(fixture.library->items().size(), 3);
+        fixture.library->browse();
+        fixture.library.reset();
+        QVERIFY(!fixture.openPanel.open());
     }
 
     void editsOfTheNextRunStartFromTheStoredOnes() {
