@@ -7,6 +7,7 @@ from perchly_session.waiting import wait_until
 
 TOGGLE = ("Control_L", "Alt_L", "space")
 TITLE = "Perchly Settings"
+SECTIONS = ["My shelf", "Apps", "Preferences"]
 OCEAN = (5, 20, 36)
 ENTRY = """[Desktop Entry]
 Type=Application
@@ -28,39 +29,27 @@ class SettingsTest(SessionCase):
         self.window = wait_until(lambda: self.program.window(TITLE), TITLE)
         wait_until(lambda: self.screen.focus() == self.window.id, "the window with the keyboard")
 
-    def go_to(self, name, subject=None):
-        """Presses Tab until the control of that name (for that entry) has the keyboard."""
+    def go_to(self, *names, subject=None):
+        """Presses Tab until a control of one of those names (for that entry) has the keyboard;
+        returns its name."""
         seen = []
 
         def there():
             node = self.tree.focused()
-            if node and node.name == name and subject in (None, node.description):
-                return True
+            if node and node.name in names and subject in (None, node.description):
+                return node.name
             seen.append(node.name if node else None)
             self.screen.key("Tab")
-            return False
+            return None
 
         try:
-            wait_until(there, f"the keyboard on {name!r}", interval=0.05)
+            return wait_until(there, f"the keyboard on one of {names}", interval=0.05)
         except AssertionError as problem:
             raise AssertionError(f"{problem}; on the way it was on {seen}") from None
 
     def choose_section(self, name):
-        order = ["My shelf", "Apps", "Preferences"]
-        for option in order:
-            node = self.tree.look_for(option, "radio button")
-            if node and node.focused:
-                break
-        else:
-            self.screen.key("Shift_L", "Tab")
-        wait_until(lambda: self.tree.focused(), "something with the keyboard")
-        for _ in range(30):
-            at = self.tree.focused().name
-            if at in order:
-                break
-            self.screen.key("Tab")
-        for _ in range(abs(order.index(name) - order.index(at))):
-            self.screen.key("Right" if order.index(name) > order.index(at) else "Left")
+        distance = SECTIONS.index(name) - SECTIONS.index(self.go_to(*SECTIONS))
+        self.press_keys(*["Right" if distance > 0 else "Left"] * abs(distance))
         wait_until(lambda: self.tree.focused().name == name, f"the section {name}")
 
     def press_keys(self, *keys):
@@ -108,9 +97,9 @@ class SettingsTest(SessionCase):
 
     def test_entries_are_rearranged_and_removed(self):
         self.open_settings()
-        self.go_to("Hide", "Music")
+        self.go_to("Hide", subject="Music")
         self.press_keys("space")
-        self.go_to("Move later", "Quick note")
+        self.go_to("Move later", subject="Quick note")
         self.press_keys("space")
         self.press_keys("Escape")
         wait_until(lambda: not self.program.window(TITLE), "the window closed")
@@ -133,9 +122,10 @@ class SettingsTest(SessionCase):
         self.tree = self.program.accessibility()
         self.show()
         self.choose_section("Apps")
-        self.tree.find("Zither Tuner", "list item")
+        self.tree.find("Abacus", "list item")
         self.go_to("Search installed apps")
-        self.press_keys("z", "I", "t")
+        self.press_keys("z", "i", "t")
+        self.tree.find("Zither Tuner", "list item")
         wait_until(lambda: not self.tree.look_for("Abacus"), "the list narrowed")
         self.press_keys("Down", "space")
         self.tree.find("Added", "push button")

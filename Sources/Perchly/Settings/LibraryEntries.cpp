@@ -27,7 +27,8 @@ void LibraryEntries::setLibrary(ShelfLibrary *library) {
 }
 
 void LibraryEntries::readLibrary() {
-    const QList<ShelfItem> items = m_library ? m_library->items() : QList<ShelfItem>();
+    const ShelfLibrary *library = m_library.data();
+    const QList<ShelfItem> items = library != nullptr ? library->items() : QList<ShelfItem>();
     removeAllBut(items);
     for (int row = 0; row < int(items.size()); ++row) {
         placeRow(row, items.at(row));
