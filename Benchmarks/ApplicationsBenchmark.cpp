@@ -30,7 +30,7 @@ QByteArray entryText(int number) {
     QByteArray text = "[Desktop Entry]\nVersion=1.0\nType=Application\nName=" + name + "\n";
     for (char first = 'a'; first <= 'j'; ++first) {
         for (char second : {'a', 'e', 'k', 'r', 't'}) {
-            const QByteArray language{first, second};
+            const QByteArray language = QByteArray(1, first) + second;
             text += "Name[" + language + "]=" + name + " (" + language + ")\nComment[" + language +
                     "]=What this application is for, in the language " + language + "\n";
         }

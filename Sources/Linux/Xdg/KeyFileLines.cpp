@@ -13,9 +13,15 @@ bool isSpace(char character) {
     return g_ascii_isspace(character) != FALSE;
 }
 
+bool isAsciiAlphanumeric(char character) {
+    return g_ascii_isalnum(character) != FALSE;
+}
+
 std::string_view withoutLeadingSpace(std::string_view text) {
-    const auto start = std::ranges::find_if_not(text, isSpace);
-    return text.substr(std::size_t(start - text.begin()));
+    while (!text.empty() && isSpace(text.front())) {
+        text.remove_prefix(1);
+    }
+    return text;
 }
 
 std::string_view withoutTrailingSpace(std::string_view text) {
@@ -27,23 +33,27 @@ std::string_view withoutTrailingSpace(std::string_view text) {
 
 bool isLanguage(std::string_view text) {
     while (!text.empty()) {
+        const char first = text.front();
+        if (isAsciiAlphanumeric(first) || first == '-' || first == '_' || first == '.' ||
+            first == '@') {
+            text.remove_prefix(1);
+            continue;
+        }
         const gunichar character = g_utf8_get_char_validated(text.data(), gssize(text.size()));
-        const bool allowed = std::string_view("-_.@").find(text.front()) != std::string_view::npos;
-        if (!allowed && (character > 0x10ffff || g_unichar_isalnum(character) == FALSE)) {
+        if (character > 0x10ffff || g_unichar_isalnum(character) == FALSE) {
             return false;
         }
-        text.remove_prefix(std::size_t(g_utf8_skip[static_cast<unsigned char>(text.front())]));
+        text.remove_prefix(std::size_t(g_utf8_skip[static_cast<unsigned char>(first)]));
     }
     return true;
 }
 
 bool isKey(std::string_view key) {
-    const std::size_t end = key.find_first_of("[]");
-    if (key.empty() || end == 0) {
-        return false;
-    }
-    if (end == std::string_view::npos) {
-        return true;
+    const auto bracket = std::ranges::find_if(
+        key, [](char character) { return character == '[' || character == ']'; });
+    const auto end = std::size_t(bracket - key.begin());
+    if (end == 0 || end == key.size()) {
+        return end > 0;
     }
     return key[end - 1] != ' ' && key[end] == '[' && key.back() == ']' &&
            isLanguage(key.substr(end + 1, key.size() - end - 2));

@@ -66,7 +66,8 @@ QList<ShelfItem> InstalledApplications::matches() const {
 }
 
 void InstalledApplications::readLibrary() {
-    m_applications = m_library ? m_library->installed() : QList<ShelfItem>();
+    const ShelfLibrary *library = m_library.data();
+    m_applications = library != nullptr ? library->installed() : QList<ShelfItem>();
     m_folded.clear();
     m_folded.reserve(m_applications.size());
     for (const ShelfItem &application : std::as_const(m_applications)) {
@@ -100,8 +101,8 @@ void InstalledApplications::replaceRows(const QList<ShelfItem> &rows) {
 
 void InstalledApplications::readAdded() {
     QSet<QString> added;
-    if (m_library) {
-        for (const ShelfItem &item : m_library->items()) {
+    if (const ShelfLibrary *library = m_library.data()) {
+        for (const ShelfItem &item : library->items()) {
             if (item.visible) {
                 added.insert(item.id);
             }
