@@ -95,8 +95,11 @@ class SettingsTest(SessionCase):
         self.press_keys("space")
         wait_until(lambda: not list(entry.glob("*.desktop")), "the entry gone")
 
-    def test_entries_are_rearranged_and_removed(self):
+    def test_entries_are_hidden_and_rearranged(self):
         self.open_settings()
+        window = self.screen.display.create_resource_object("window", self.window.id)
+        hints = window.get_wm_normal_hints()
+        self.assertEqual((hints.min_width, hints.min_height), (620, 540))
         self.go_to("Hide", subject="Music")
         self.press_keys("space")
         self.go_to("Move later", subject="Quick note")

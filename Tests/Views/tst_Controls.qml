@@ -70,6 +70,28 @@ TestCase {
         }
     }
 
+    Component {
+        id: area
+
+        ScrollArea {
+            height: 150
+            width: 200
+
+            Repeater {
+                id: rows
+
+                model: 20
+
+                PushButton {
+                    required property int index
+
+                    text: "Button " + index
+                    width: 200
+                }
+            }
+        }
+    }
+
     function init() {
         failOnWarning(/.?/);
     }
@@ -152,6 +174,30 @@ TestCase {
         compare(form.escapes, 0);
         keyClick(Qt.Key_Escape);
         compare(form.escapes, 1);
+    }
+
+    function test_anAreaScrollsByWheelBarAndKeyboard() {
+        const scrolling = root.make(area);
+        const place = () => scrolling.content[0].mapToItem(scrolling, 0, 0).y;
+        const last = 150 - 20 * scrolling.content[0].height;
+        mouseWheel(scrolling, 50, 50, 0, -120);
+        compare(place(), -60);
+        mouseWheel(scrolling, 50, 50, 0, 1200);
+        compare(place(), 0);
+        mousePress(root.Window.contentItem, 210, 5);
+        mouseMove(root.Window.contentItem, 210, 400);
+        compare(place(), last);
+        mouseMove(root.Window.contentItem, 210, 5);
+        mouseRelease(root.Window.contentItem, 210, 5);
+        compare(place(), 0);
+        for (let step = 0; step < 20; ++step) {
+            keyClick(Qt.Key_Tab);
+        }
+        verify(root.Window.activeFocusItem.mapToItem(scrolling, 0, 0).y <= 150 - 30);
+        keyClick(Qt.Key_Home, Qt.ControlModifier);
+        compare(place(), 0);
+        keyClick(Qt.Key_PageDown);
+        compare(place(), -135);
     }
 
     height: 200

@@ -37,6 +37,8 @@ RowCard {
                 Layout.fillWidth: true
                 font.pixelSize: 13
                 font.weight: Font.Medium
+                horizontalAlignment: Text.AlignLeft
+                maximumLineCount: 1
                 text: root.name
             }
             Label {
@@ -46,6 +48,8 @@ RowCard {
                 color: Theme.grey
                 elide: Text.ElideMiddle
                 font.pixelSize: 10
+                horizontalAlignment: Text.AlignLeft
+                maximumLineCount: 1
                 text: root.path
                 visible: root.path !== ""
             }

@@ -56,6 +56,8 @@ RowCard {
             color: root.entry.visible ? Theme.text : Theme.grey
             font.pixelSize: 13
             font.weight: Font.Medium
+            horizontalAlignment: Text.AlignLeft
+            maximumLineCount: 1
             text: root.entry.name
         }
         IconButton {
