@@ -102,7 +102,7 @@ TestCase {
         wait(0);
     }
 
-    function make(component: Component): Item {
+    function make(component: Component): var {
         root.made = component.createObject(root.Window.contentItem) as Item;
         root.made.forceActiveFocus();
         return root.made;

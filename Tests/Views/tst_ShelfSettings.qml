@@ -174,6 +174,8 @@ TestCase {
         tryVerify(() => root.count("Button: Add") === 3);
         root.tab(1);
         keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_Up); // back to the search
+        keyClick(Qt.Key_Down);
         for (const shown of [["/apps/a"], ["/apps/b", "/apps/a"], ["/apps/b", "/apps/a", "/apps/c"]]) {
             keyClick(Qt.Key_Space);
             compare(root.fixture.shown(), shown);

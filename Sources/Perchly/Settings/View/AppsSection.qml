@@ -17,6 +17,14 @@ ColumnLayout {
         event.accepted = search.activeFocus && list.focusFrom(0, 1, 0);
     }
 
+    Keys.onUpPressed: event => {
+        // The list has let it pass: there is no row above.
+        event.accepted = list.focusedRow() >= 0;
+        if (event.accepted) {
+            search.forceActiveFocus(Qt.BacktabFocusReason);
+        }
+    }
+
     RowLayout {
         Layout.fillWidth: true
         spacing: 10
