@@ -17,6 +17,7 @@ Item {
 
     readonly property string symbol: root.look === "timer" ? "timer" : root.look === "media" ? "play.rectangle.fill" : "waveform"
     readonly property string mainLine: root.look === "timer" ? root.status.time : root.look === "media" ? root.model.musicTitle : root.model.activity
+    readonly property string playerLine: CardText.mediaLine("", root.model.mediaSource, root.model.playing)
     readonly property string secondLine: {
         switch (root.look) {
         case "timer": return "";
@@ -87,6 +88,9 @@ Item {
                 horizontalAlignment: Text.AlignHCenter
                 text: root.look === "timer" ? "" : root.mainLine
             }
+            ToolTipArea {
+                text: title.truncated ? title.text : ""
+            }
             NumberAnimation {
                 id: arrival
 
@@ -98,15 +102,37 @@ Item {
                 to: 1
             }
         }
-        Label {
+        // Where room is short the artist gives way, not the player nor what it does.
+        Item {
             Accessible.ignored: !visible
-            Accessible.name: text
+            Accessible.name: root.secondLine
             Accessible.role: Accessible.StaticText
-            color: Theme.grey
-            horizontalAlignment: Text.AlignHCenter
-            text: root.secondLine
+            height: rest.implicitHeight
             visible: root.look !== "timer"
             width: column.width
+
+            Row {
+                anchors.horizontalCenter: parent.horizontalCenter
+
+                Label {
+                    id: artist
+
+                    color: Theme.grey
+                    text: root.look === "media" ? root.model.musicArtist : ""
+                    visible: text !== ""
+                    width: Math.min(implicitWidth, Math.max(36, column.width - rest.implicitWidth))
+                }
+                Label {
+                    id: rest
+
+                    color: Theme.grey
+                    text: root.look !== "media" ? root.secondLine : (artist.visible ? " · " : "") + root.playerLine
+                    width: Math.min(implicitWidth, column.width - (artist.visible ? artist.width : 0))
+                }
+            }
+            ToolTipArea {
+                text: artist.truncated || rest.truncated ? root.secondLine : ""
+            }
         }
         MusicControls {
             anchors.horizontalCenter: parent.horizontalCenter
