@@ -17,7 +17,6 @@ Item {
 
     readonly property string symbol: root.look === "timer" ? "timer" : root.look === "media" ? "play.rectangle.fill" : "waveform"
     readonly property string mainLine: root.look === "timer" ? root.status.time : root.look === "media" ? root.model.musicTitle : root.model.activity
-    readonly property string playerLine: CardText.mediaLine("", root.model.mediaSource, root.model.playing)
     readonly property string secondLine: {
         switch (root.look) {
         case "timer": return "";
@@ -102,12 +101,17 @@ Item {
                 to: 1
             }
         }
-        // Where room is short the artist gives way, not the player nor what it does.
+        // Where room is short the names give way, not what the player does.
         Item {
+            id: second
+
+            readonly property bool media: root.look === "media"
+            readonly property real room: column.width - doing.width - (artist.visible ? dot.width : 0)
+
             Accessible.ignored: !visible
             Accessible.name: root.secondLine
             Accessible.role: Accessible.StaticText
-            height: rest.implicitHeight
+            height: doing.implicitHeight
             visible: root.look !== "timer"
             width: column.width
 
@@ -118,20 +122,33 @@ Item {
                     id: artist
 
                     color: Theme.grey
-                    text: root.look === "media" ? root.model.musicArtist : ""
+                    text: second.media ? root.model.musicArtist : ""
                     visible: text !== ""
-                    width: Math.min(implicitWidth, Math.max(36, column.width - rest.implicitWidth))
+                    width: Math.min(implicitWidth, second.room - source.width)
                 }
                 Label {
-                    id: rest
+                    id: dot
 
                     color: Theme.grey
-                    text: root.look !== "media" ? root.secondLine : (artist.visible ? " · " : "") + root.playerLine
-                    width: Math.min(implicitWidth, column.width - (artist.visible ? artist.width : 0))
+                    text: " · "
+                    visible: artist.visible
+                }
+                Label {
+                    id: source
+
+                    color: Theme.grey
+                    text: second.media ? root.model.mediaSource : ""
+                    width: Math.min(implicitWidth, Math.max(second.room / 2, second.room - artist.implicitWidth))
+                }
+                Label {
+                    id: doing
+
+                    color: Theme.grey
+                    text: second.media ? (source.text !== "" ? " · " : "") + (root.model.playing ? "Playing" : "Paused") : root.secondLine
                 }
             }
             ToolTipArea {
-                text: artist.truncated || rest.truncated ? root.secondLine : ""
+                text: artist.truncated || source.truncated ? root.secondLine : ""
             }
         }
         MusicControls {
