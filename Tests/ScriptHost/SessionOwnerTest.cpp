@@ -31,7 +31,9 @@ std::vector<Player> players(const Looks &looks) {
 QString shown(const PlayerMemory &memory) {
     QString text;
     for (const RememberedPlayer &player : memory) {
-        text += QLatin1StringView(player.held ? "=" : player.playing ? "+" : "-") +
+        text += QLatin1StringView(player.held      ? "="
+                                  : player.playing ? "+"
+                                                   : "-") +
                 QString::fromStdString(player.busName);
     }
     return text;

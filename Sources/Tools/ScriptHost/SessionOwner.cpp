@@ -47,7 +47,8 @@ PlayerMemory remember(const PlayerMemory &before, const std::vector<Player> &pla
         } else if (plays(*player) && !remembered.playing) {
             started.push_back({player->busName, true});
         } else {
-            kept.push_back({player->busName, plays(*player), remembered.held && player->hasTrack()});
+            kept.push_back(
+                {player->busName, plays(*player), remembered.held && player->hasTrack()});
         }
     }
     for (const Player &player : players) {
