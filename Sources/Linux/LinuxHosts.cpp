@@ -15,6 +15,7 @@
 #include "QtKeyMonitor.h"
 #include "QtOpenPanel.h"
 #include "SessionBus.h"
+#include "StartupSequence.h"
 #include "TrayStatusItem.h"
 #include "X11Displays.h"
 #include "X11HotKeys.h"
@@ -89,7 +90,8 @@ void addDesktop(Hosts &hosts) {
     const QDBusConnection reachable = bus.value_or(QDBusConnection(QString()));
     hosts.preferences = std::make_unique<JsonPreferences>(JsonPreferences::defaultPath());
     hosts.statusItem = std::make_unique<TrayStatusItem>(reachable);
-    hosts.applications = std::make_unique<GioApplications>();
+    hosts.applications = std::make_unique<GioApplications>(
+        StartNotices{.begin = startupsequence::begin, .withdraw = startupsequence::withdraw});
     hosts.catalog = std::make_unique<DesktopCatalog>();
     hosts.loginItem = std::make_unique<AutostartLoginItem>(AutostartLoginItem::runningProgram());
     hosts.motion = std::make_unique<PortalMotion>(reachable);
