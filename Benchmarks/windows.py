@@ -132,17 +132,25 @@ def rows_shown(screen):
     return len(set(screen.screenshot().pixels(*ROWS))) > 20
 
 
+def settle(screen):
+    """Waits until the list has been the same for a while: pictures come after their rows."""
+    before, now = None, ()
+    while now != before:
+        time.sleep(0.3)
+        before, now = now, screen.root.get_image(*ROWS, X.ZPixmap, 0xFFFFFFFF).data
+
+
 def measure_search(session, rounds):
     program = session.run()
     screen = session.screen
     before = proportional_megabytes(program.pid)
     Opener(session).open("settings")
     wait_until(lambda: screen.focus() == getattr(program.window(WINDOWS["settings"]), "id", 1), "it")
-    time.sleep(1)
     for key in ("Tab", "Right", "Tab"):
+        wait_until(program.rests, "the program at rest", timeout=60)
         screen.key(key)
     wait_until(lambda: rows_shown(screen), "the list", timeout=60, interval=0.5)
-    time.sleep(3)
+    settle(screen)
     samples = []
     for _ in range(rounds):
         for key in SEARCH:
@@ -154,7 +162,7 @@ def measure_search(session, rounds):
             screen.display.flush()
             samples.append(painting.wait(start))
             painting.close()
-            time.sleep(0.15)
+            settle(screen)
     memory = proportional_megabytes(program.pid)
     screen.key("Tab")  # no caret blinks
     time.sleep(2)

@@ -85,7 +85,8 @@ Item {
 
     Accessible.name: root.label
     Accessible.role: Accessible.List
-    implicitHeight: view.contentHeight
+    // Not the height of all rows: a layout would give it that for a moment, and all would be made.
+    implicitHeight: 120
 
     Keys.onDownPressed: event => root.step(event, 1)
     Keys.onPressed: event => scroller.page(event)
