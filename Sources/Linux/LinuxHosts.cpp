@@ -72,6 +72,7 @@ Hosts nullHosts() {
     hosts.scriptHost = std::make_unique<NullScriptHost>();
     hosts.playerNotifications = std::make_unique<NullPlayerNotifications>();
     hosts.musicPlayer = std::make_unique<NullMusicPlayer>();
+    hosts.pasteboard = std::make_unique<NullPasteboard>();
     return hosts;
 }
 

@@ -9,6 +9,7 @@
 #include "Motion.h"
 #include "MusicPlayer.h"
 #include "PanelHost.h"
+#include "Pasteboard.h"
 #include "PlayerNotifications.h"
 #include "PointerMonitor.h"
 #include "Preferences.h"
@@ -36,6 +37,7 @@ struct Hosts {
     std::unique_ptr<ScriptHost> scriptHost;
     std::unique_ptr<PlayerNotifications> playerNotifications;
     std::unique_ptr<MusicPlayer> musicPlayer;
+    std::unique_ptr<Pasteboard> pasteboard;
 };
 
 } // namespace perchly

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FakeClock.h"
+#include "FakePasteboard.h"
 #include "FakePlatform.h"
 #include "FakePreferences.h"
 #include "FakeScriptHost.h"
@@ -28,6 +29,7 @@ struct FakeHosts {
     FakeScriptHost &scriptHost;
     FakePlayerNotifications &playerNotifications;
     FakeMusicPlayer &musicPlayer;
+    FakePasteboard &pasteboard;
 };
 
 } // namespace perchly
