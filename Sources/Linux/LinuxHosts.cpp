@@ -16,6 +16,7 @@
 #include "X11Displays.h"
 #include "X11HotKeys.h"
 #include "X11PanelHost.h"
+#include "X11Pasteboard.h"
 #include "X11PointerMonitor.h"
 
 #include <QGuiApplication>
@@ -100,6 +101,7 @@ void addWindowSystem(Hosts &hosts) {
     hosts.keys = std::make_unique<QtKeyMonitor>();
     hosts.panel = std::make_unique<X11PanelHost>();
     hosts.hotKeys = std::make_unique<X11HotKeys>();
+    hosts.pasteboard = std::make_unique<X11Pasteboard>();
 }
 
 } // namespace
