@@ -8,11 +8,13 @@ namespace perchly {
 
 namespace {
 
+constexpr int quickly = 90; // a PNG's lightest compression; other formats have no choice
+
 QByteArray encode(const QImage &image, const char *format) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    return image.save(&buffer, format) ? bytes : QByteArray();
+    return image.save(&buffer, format, quickly) ? bytes : QByteArray();
 }
 
 void complete(QByteArray &form, const QByteArray &other, const char *format) {

@@ -3,6 +3,7 @@
 #include "AuxiliaryWindow.h"
 #include "Clock.h"
 #include "Displays.h"
+#include "FieldPasting.h"
 #include "MediaTracking.h"
 #include "Productivity.h"
 #include "ShelfExtras.h"
@@ -125,6 +126,7 @@ private:
 
     Hosts &m_hosts;
     ShellResources m_resources;
+    FieldPasting m_fieldPasting;
     ShelfPreferences m_shelfPreferences;
     QQmlEngine m_engine; // one for all windows: each of its own would cost memory and time
 

@@ -1,3 +1,4 @@
+#include "Heartbeat.h"
 #include "OtherProgram.h"
 #include "X11Pasteboard.h"
 #include "XClient.h"
@@ -5,7 +6,6 @@
 #include <QDir>
 #include <QSignalSpy>
 
-#include <algorithm>
 #include <fstream>
 #include <optional>
 
@@ -51,25 +51,6 @@ private:
     QElapsedTimer m_elapsed;
     qint64 m_milliseconds = 0;
     Task m_task;
-};
-
-/// The longest time for which the main thread's events had to wait.
-class Heartbeat : public QObject {
-public:
-    Heartbeat() {
-        m_elapsed.start();
-        startTimer(1, Qt::PreciseTimer);
-    }
-    [[nodiscard]] qint64 longest() const { return m_longest; }
-
-protected:
-    void timerEvent(QTimerEvent *) override {
-        m_longest = std::max(m_longest, m_elapsed.restart());
-    }
-
-private:
-    QElapsedTimer m_elapsed;
-    qint64 m_longest = 0;
 };
 
 /// A number of the process' status, as "VmHWM".

@@ -8,6 +8,7 @@
 //          --type TARGET       gives everything as this type
 //          --format BITS       of the values it gives
 //          --more-targets N    offers N targets besides
+//          --primary           takes the primary selection instead
 
 #include "XClient.h"
 
@@ -31,6 +32,7 @@ struct Behaviour {
     QByteArray type;
     quint8 format = 8;
     int moreTargets = 0;
+    QByteArray selection = "CLIPBOARD";
 };
 
 struct Outgoing {
@@ -51,7 +53,7 @@ public:
     Owner(const QMap<QByteArray, QByteArray> &forms, Behaviour behaviour)
         : m_forms(forms)
         , m_behaviour(std::move(behaviour))
-        , m_clipboard(m_client.atom("CLIPBOARD"))
+        , m_selection(m_client.atom(m_behaviour.selection))
         , m_targets(m_client.atom("TARGETS")) {
         for (auto form = m_forms.keyBegin(); form != m_forms.keyEnd(); ++form)
             m_names.insert(m_client.atom(*form), *form);
@@ -60,7 +62,7 @@ public:
 
     int run() {
         const xcb_window_t window = m_client.makeWindow({0, 0, 1, 1});
-        xcb_set_selection_owner(m_client.get(), window, m_clipboard, XCB_CURRENT_TIME);
+        xcb_set_selection_owner(m_client.get(), window, m_selection, XCB_CURRENT_TIME);
         m_client.sync();
         say("owns");
         while (const XcbPointer<xcb_generic_event_t> event{xcb_wait_for_event(m_client.get())})
@@ -151,7 +153,7 @@ private:
     QMap<QByteArray, QByteArray> m_forms;
     Behaviour m_behaviour;
     XClient m_client;
-    xcb_atom_t m_clipboard;
+    xcb_atom_t m_selection;
     xcb_atom_t m_targets;
     QMap<xcb_atom_t, QByteArray> m_names;
     std::optional<Outgoing> m_outgoing;
@@ -187,6 +189,7 @@ int main(int argc, char **argv) {
     const QString format = option("format");
     const QString more = option("more-targets");
     parser.addOption({QStringLiteral("never-ends"), QStringLiteral("never-ends")});
+    parser.addOption({QStringLiteral("primary"), QStringLiteral("primary")});
     parser.process(application);
     Behaviour behaviour;
     behaviour.part = parser.value(increments).toLongLong();
@@ -196,5 +199,7 @@ int main(int argc, char **argv) {
     behaviour.type = parser.value(type).toUtf8();
     behaviour.format = parser.isSet(format) ? quint8(parser.value(format).toInt()) : 8;
     behaviour.moreTargets = parser.value(more).toInt();
+    if (parser.isSet(QStringLiteral("primary")))
+        behaviour.selection = "PRIMARY";
     return Owner(formsFrom(parser.positionalArguments()), behaviour).run();
 }
