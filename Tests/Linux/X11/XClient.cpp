@@ -48,7 +48,16 @@ void XClient::movePointer(QPoint to) const {
 
 void XClient::click(QPoint at) const {
     movePointer(at);
+    pressButton();
+    releaseButton();
+}
+
+void XClient::pressButton() const {
     xcb_test_fake_input(m_connection, XCB_BUTTON_PRESS, 1, 0, m_root, 0, 0, 0);
+    sync();
+}
+
+void XClient::releaseButton() const {
     xcb_test_fake_input(m_connection, XCB_BUTTON_RELEASE, 1, 0, m_root, 0, 0, 0);
     sync();
 }

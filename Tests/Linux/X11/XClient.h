@@ -29,6 +29,8 @@ public:
     // The person
     void movePointer(QPoint to) const;
     void click(QPoint at) const;
+    void pressButton() const;
+    void releaseButton() const;
     void pressKey(quint8 keycode) const;
     void releaseKey(quint8 keycode) const;
     void typeKey(quint8 keycode) const;
