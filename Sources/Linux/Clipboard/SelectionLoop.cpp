@@ -193,6 +193,9 @@ void SelectionLoop::claim(xcb_timestamp_t time) {
         m_listener.copied(m_write);
     }
     m_claimed.reset();
+    if (m_isEnding) {
+        askManager();
+    }
 }
 
 void SelectionLoop::empty(quint64 write) {
@@ -212,6 +215,13 @@ std::optional<PasteboardContent> SelectionLoop::own(const PasteboardRequest &req
 }
 
 void SelectionLoop::handOver() {
+    m_isEnding = true;
+    if (!m_claimed) {
+        askManager();
+    }
+}
+
+void SelectionLoop::askManager() {
     const SelectionAtoms &atoms = m_connection->atoms();
     if (!m_offer || m_connection->ownerOf(atoms.clipboardManager) == XCB_WINDOW_NONE) {
         m_isHandedOver = true;

@@ -53,13 +53,14 @@ public:
     /// Asks the clipboard manager, where there is one, to keep what is ours. Go on with turn()
     /// until isHandedOver().
     void handOver();
-    [[nodiscard]] bool isHandedOver() const { return m_isHandedOver || !m_offer; }
+    [[nodiscard]] bool isHandedOver() const { return m_isHandedOver || (!m_offer && !m_claimed); }
 
 private:
     void followClipboard();
     void handleEvent(const xcb_generic_event_t &event);
     void handleOwner(const xcb_generic_event_t &event);
     void claim(xcb_timestamp_t time);
+    void askManager();
     [[nodiscard]] std::optional<PasteboardContent> own(const PasteboardRequest &request) const;
 
     std::unique_ptr<SelectionConnection> m_connection;
@@ -74,6 +75,7 @@ private:
     quint64 m_claimedWrite = 0;
     std::optional<SelectionContents> m_claimed; ///< ours once the server tells the time
     std::optional<SelectionOffer> m_offer;
+    bool m_isEnding = false;
     bool m_isHandedOver = false;
 };
 

@@ -13,8 +13,8 @@ using std::chrono::steady_clock;
 
 namespace {
 
-constexpr auto handOverPatience = 2s;
-constexpr auto endPatience = 3s;
+constexpr auto handOverPatience = 1s;
+constexpr auto endPatience = 2s;
 
 std::unique_ptr<SelectionLoop> makeLoop(const SelectionLoop::Listener &listener) {
     int screenNumber = 0;

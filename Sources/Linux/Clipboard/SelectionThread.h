@@ -17,7 +17,7 @@ public:
     /// Connects to the server named by DISPLAY, in the thread. Where there is none, readings end
     /// with nothing.
     explicit SelectionThread(SelectionLoop::Listener listener);
-    /// Hands our copy over to the clipboard manager; waits for three seconds at most.
+    /// Hands our copy over to the clipboard manager; waits for two seconds at most.
     ~SelectionThread();
     SelectionThread(const SelectionThread &) = delete;
     SelectionThread &operator=(const SelectionThread &) = delete;

@@ -12,7 +12,7 @@ class SelectionThread;
 /// The clipboard of the X server. A thread of its own talks to the server and to the programs that
 /// own a copy, however slow, mute or hostile they are; it sleeps while nothing is copied. What was
 /// written last is handed to the desktop's clipboard manager, if there is one, on destruction,
-/// which waits two seconds for that at most.
+/// which waits for that a second at most.
 class X11Pasteboard : public Pasteboard {
     Q_OBJECT
 public:

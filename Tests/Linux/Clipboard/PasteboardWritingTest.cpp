@@ -7,6 +7,7 @@
 #include <QRandomGenerator>
 #include <QSignalSpy>
 
+#include <future>
 #include <optional>
 
 using namespace perchly;
@@ -26,11 +27,49 @@ QByteArray encoded(int side, const char *format) {
     return bytes;
 }
 
-bool hasOwner(const XClient &client) {
-    const auto cookie = xcb_get_selection_owner(client.get(), client.atom("CLIPBOARD"));
+bool hasOwner(const XClient &client, xcb_atom_t selection) {
+    const auto cookie = xcb_get_selection_owner(client.get(), selection);
     const XcbPointer<xcb_get_selection_owner_reply_t> answer(
         xcb_get_selection_owner_reply(client.get(), cookie, nullptr));
     return answer && answer->owner != XCB_WINDOW_NONE;
+}
+
+/// A clipboard manager that keeps one text; ends once it has.
+QByteArray keepOneText() {
+    const XClient client;
+    const xcb_window_t window = client.makeWindow({0, 0, 1, 1});
+    xcb_set_selection_owner(client.get(), window, client.atom("CLIPBOARD_MANAGER"),
+                            XCB_CURRENT_TIME);
+    client.sync();
+    xcb_selection_notify_event_t answer{};
+    answer.response_type = XCB_SELECTION_NOTIFY;
+    while (const XcbPointer<xcb_generic_event_t> event{xcb_wait_for_event(client.get())}) {
+        const int type = event->response_type & 0x7f;
+        if (type == XCB_SELECTION_REQUEST) {
+            const auto *request =
+                reinterpret_cast<const xcb_selection_request_event_t *>(event.get());
+            answer.requestor = request->requestor;
+            answer.selection = request->selection;
+            answer.target = request->target;
+            answer.property = request->property;
+            if (request->target == client.atom("SAVE_TARGETS"))
+                xcb_convert_selection(client.get(), window, client.atom("CLIPBOARD"),
+                                      client.atom("UTF8_STRING"), client.atom("KEPT"),
+                                      XCB_CURRENT_TIME);
+            client.sync();
+        } else if (type == XCB_SELECTION_NOTIFY) {
+            const auto cookie = xcb_get_property(client.get(), 0, window, client.atom("KEPT"),
+                                                 XCB_GET_PROPERTY_TYPE_ANY, 0, 16);
+            const XcbPointer<xcb_get_property_reply_t> kept(
+                xcb_get_property_reply(client.get(), cookie, nullptr));
+            xcb_send_event(client.get(), 0, answer.requestor, XCB_EVENT_MASK_NO_EVENT,
+                           reinterpret_cast<const char *>(&answer));
+            client.sync();
+            return {static_cast<const char *>(xcb_get_property_value(kept.get())),
+                    xcb_get_property_value_length(kept.get())};
+        }
+    }
+    return {};
 }
 
 } // namespace
@@ -47,9 +86,11 @@ private Q_SLOTS:
     void severalFormsAreGivenAtOnce();
     void aWriteIsCountedOnce();
     void whatIsWrittenLastIsRead();
+    void aClipboardManagerKeepsWhatIsOurs();
 
 private:
     XClient m_client;
+    xcb_atom_t m_clipboard = m_client.atom("CLIPBOARD");
 };
 
 void PasteboardWritingTest::aTextIsPastedInEveryForm_data() {
@@ -68,7 +109,7 @@ void PasteboardWritingTest::aTextIsPastedInEveryForm_data() {
 void PasteboardWritingTest::aTextIsPastedInEveryForm() {
     X11Pasteboard pasteboard;
     pasteboard.write(QStringLiteral("Grüße 🙂"));
-    QTRY_VERIFY(hasOwner(m_client));
+    QTRY_VERIFY(hasOwner(m_client, m_clipboard));
     QTEST(OtherProgram::paste(QString::fromLatin1(QTest::currentDataTag())), "expected");
 }
 
@@ -85,7 +126,7 @@ void PasteboardWritingTest::anImageIsPastedAsItIsAndInTheOtherForm() {
     QFETCH(bool, isPng);
     X11Pasteboard pasteboard;
     pasteboard.writeImage(bytes);
-    QTRY_VERIFY(hasOwner(m_client));
+    QTRY_VERIFY(hasOwner(m_client, m_clipboard));
     const QByteArray png = OtherProgram::paste(QStringLiteral("image/png"));
     const QByteArray tiff = OtherProgram::paste(QStringLiteral("image/tiff"));
     QVERIFY((isPng ? png : tiff) == bytes);
@@ -98,16 +139,16 @@ void PasteboardWritingTest::anImageIsPastedAsItIsAndInTheOtherForm() {
 void PasteboardWritingTest::bytesThatAreNoImageLeaveNothing() {
     X11Pasteboard pasteboard;
     pasteboard.write(QStringLiteral("before"));
-    QTRY_VERIFY(hasOwner(m_client));
+    QTRY_VERIFY(hasOwner(m_client, m_clipboard));
     pasteboard.writeImage("no image");
-    QTRY_VERIFY(!hasOwner(m_client));
+    QTRY_VERIFY(!hasOwner(m_client, m_clipboard));
     QCOMPARE(pasteboard.changeCount(), 2);
 }
 
 void PasteboardWritingTest::severalFormsAreGivenAtOnce() {
     X11Pasteboard pasteboard;
     pasteboard.write(QStringLiteral("both"));
-    QTRY_VERIFY(hasOwner(m_client));
+    QTRY_VERIFY(hasOwner(m_client, m_clipboard));
     const xcb_window_t window = m_client.makeWindow({0, 0, 1, 1});
     const QList<quint32> wishes{m_client.atom("UTF8_STRING"), m_client.atom("FIRST"),
                                 m_client.atom("image/png"), m_client.atom("SECOND")};
@@ -162,6 +203,17 @@ void PasteboardWritingTest::whatIsWrittenLastIsRead() {
         QCOMPARE(content->types, QStringList(pasteboardtype::text));
         QCOMPARE(content->text, longest == 4 ? QStringLiteral("ours") : QString());
     }
+}
+
+void PasteboardWritingTest::aClipboardManagerKeepsWhatIsOurs() {
+    auto kept = std::async(std::launch::async, keepOneText);
+    const xcb_atom_t manager = m_client.atom("CLIPBOARD_MANAGER");
+    QTRY_VERIFY(hasOwner(m_client, manager));
+    {
+        X11Pasteboard pasteboard;
+        pasteboard.write(QStringLiteral("ours"));
+    }
+    QCOMPARE(kept.get(), QByteArray("ours"));
 }
 
 QTEST_GUILESS_MAIN(PasteboardWritingTest)
