@@ -1,9 +1,11 @@
 #include "LinuxHosts.h"
 
+#include "AutostartLoginItem.h"
 #include "BusPlayerNotifications.h"
 #include "CanberraAlertSound.h"
 #include "DBusSingleInstance.h"
 #include "DefaultMusicPlayer.h"
+#include "DesktopCatalog.h"
 #include "GioApplications.h"
 #include "JsonPreferences.h"
 #include "NullHosts.h"
@@ -11,7 +13,9 @@
 #include "ProcessScriptHost.h"
 #include "QtClock.h"
 #include "QtKeyMonitor.h"
+#include "QtOpenPanel.h"
 #include "SessionBus.h"
+#include "StartupSequence.h"
 #include "TrayStatusItem.h"
 #include "X11Displays.h"
 #include "X11HotKeys.h"
@@ -70,6 +74,9 @@ Hosts nullHosts() {
     hosts.hotKeys = std::make_unique<NullHotKeys>();
     hosts.statusItem = std::make_unique<NullStatusItem>();
     hosts.applications = std::make_unique<NullApplications>();
+    hosts.catalog = std::make_unique<NullApplicationCatalog>();
+    hosts.openPanel = std::make_unique<NullOpenPanel>();
+    hosts.loginItem = std::make_unique<NullLoginItem>();
     hosts.motion = std::make_unique<NullMotion>();
     hosts.alertSound = std::make_unique<NullAlertSound>();
     hosts.scriptHost = std::make_unique<NullScriptHost>();
@@ -85,7 +92,10 @@ void addDesktop(Hosts &hosts) {
     const QDBusConnection reachable = bus.value_or(QDBusConnection(QString()));
     hosts.preferences = std::make_unique<JsonPreferences>(JsonPreferences::defaultPath());
     hosts.statusItem = std::make_unique<TrayStatusItem>(reachable);
-    hosts.applications = std::make_unique<GioApplications>();
+    hosts.applications = std::make_unique<GioApplications>(
+        StartNotices{.begin = startupsequence::begin, .withdraw = startupsequence::withdraw});
+    hosts.catalog = std::make_unique<DesktopCatalog>();
+    hosts.loginItem = std::make_unique<AutostartLoginItem>(AutostartLoginItem::runningProgram());
     hosts.motion = std::make_unique<PortalMotion>(reachable);
     hosts.alertSound = std::make_unique<CanberraAlertSound>();
     hosts.scriptHost = scriptHost();
@@ -104,6 +114,7 @@ void addWindowSystem(Hosts &hosts) {
     hosts.panel = std::make_unique<X11PanelHost>();
     hosts.hotKeys = std::make_unique<X11HotKeys>();
     hosts.pasteboard = std::make_unique<X11Pasteboard>();
+    hosts.openPanel = std::make_unique<QtOpenPanel>();
 }
 
 } // namespace

@@ -1,10 +1,13 @@
 #include "ShelfLibrary.h"
 #include "Announcements.h"
+#include "FakeApplicationCatalog.h"
+#include "FakeOpenPanel.h"
 #include "FakePreferences.h"
 #include "PreferenceKeys.h"
 #include "TestRegistry.h"
 
 #include <QTest>
+#include <QUrl>
 
 namespace perchly {
 
@@ -43,7 +46,7 @@ QStringList identifiers(const QList<ShelfItem> &items) {
 struct LibraryFixture {
     explicit LibraryFixture(const QList<ShelfItem> &items) {
         preferences.values[keys::shelfLibrary] = encodeShelfItems(items);
-        library.emplace(preferences);
+        library.emplace(preferences, catalog, openPanel);
         announcements.emplace(*library);
         preferences.written.clear();
     }
@@ -53,6 +56,8 @@ struct LibraryFixture {
     }
 
     FakePreferences preferences;
+    FakeApplicationCatalog catalog;
+    FakeOpenPanel openPanel;
     std::optional<ShelfLibrary> library;
     std::optional<Announcements> announcements;
 };
@@ -84,7 +89,9 @@ private Q_SLOTS:
         if (stored) {
             preferences.values[keys::shelfLibrary] = *stored;
         }
-        const ShelfLibrary library(preferences);
+        FakeApplicationCatalog catalog;
+        FakeOpenPanel openPanel;
+        const ShelfLibrary library(preferences, catalog, openPanel);
         QCOMPARE(identifiers(library.items()), defaultIds);
         for (const ShelfItem &item : library.items()) {
             QVERIFY(item.visible && !item.favorite);
@@ -111,7 +118,9 @@ private Q_SLOTS:
 
     void bothKeysAreWrittenAtStart() {
         FakePreferences preferences;
-        const ShelfLibrary library(preferences);
+        FakeApplicationCatalog catalog;
+        FakeOpenPanel openPanel;
+        const ShelfLibrary library(preferences, catalog, openPanel);
         QCOMPARE(preferences.written,
                  QStringList({QString(keys::shelfLibrary), QString(keys::favoritesOnly)}));
         QCOMPARE(preferences.boolean(keys::favoritesOnly), std::optional(false));
@@ -119,12 +128,14 @@ private Q_SLOTS:
 
     void favouritesOnlyIsRestoredIfItIsABoolean() {
         FakePreferences preferences;
+        FakeApplicationCatalog catalog;
+        FakeOpenPanel openPanel;
         preferences.values[keys::favoritesOnly] = true;
-        QVERIFY(ShelfLibrary(preferences).favoritesOnly());
+        QVERIFY(ShelfLibrary(preferences, catalog, openPanel).favoritesOnly());
         preferences.values[keys::favoritesOnly] = 1.0;
-        QVERIFY(!ShelfLibrary(preferences).favoritesOnly());
+        QVERIFY(!ShelfLibrary(preferences, catalog, openPanel).favoritesOnly());
         preferences.values[keys::favoritesOnly] = QStringLiteral("true");
-        QVERIFY(!ShelfLibrary(preferences).favoritesOnly());
+        QVERIFY(!ShelfLibrary(preferences, catalog, openPanel).favoritesOnly());
     }
 
     void shown_data() {
@@ -289,12 +300,58 @@ private Q_SLOTS:
         QVERIFY(fixture.stored() == QList<ShelfItem>());
     }
 
+    void refreshingFindsWhatIsInstalled() {
+        LibraryFixture fixture({});
+        QVERIFY(fixture.library->installed().isEmpty());
+        fixture.library->refresh();
+        fixture.library->refresh();
+        Q_EMIT fixture.catalog.changed();
+        QCOMPARE(fixture.catalog.searches.size(), 3U);
+        QVERIFY(fixture.announcements->take().isEmpty());
+        // Whichever ends last counts.
+        fixture.catalog.finish({{QStringLiteral("/b"), QStringLiteral("B")}}, 1);
+        fixture.catalog.finish({{QStringLiteral("/x/../a"), QStringLiteral("A")}});
+        QVERIFY(fixture.library->installed() ==
+                QList({ShelfItem::forApplication(QStringLiteral("/x/../a"), QStringLiteral("A"))}));
+        QCOMPARE(fixture.announcements->take(), QStringList({QStringLiteral("installedChanged"),
+                                                             QStringLiteral("installedChanged")}));
+        QVERIFY(fixture.preferences.written.isEmpty());
+        fixture.library.reset();
+        fixture.catalog.finish({}); // nobody is there any more
+    }
+
+    void browsingAddsWhatIsChosen() {
+        ShelfItem back =
+            ShelfItem::forApplication(QStringLiteral("/a"), QStringLiteral("Old name"));
+        const ShelfItem added =
+            ShelfItem::forApplication(QStringLiteral("/b"), QStringLiteral("Name of /b"));
+        LibraryFixture fixture({hidden(back), named("c")});
+        fixture.library->browse();
+        QVERIFY(fixture.openPanel.open());
+        QCOMPARE(fixture.openPanel.open()->confirmLabel, QStringLiteral("Add to shelf"));
+        QCOMPARE(fixture.openPanel.open()->folder, QStringLiteral("/usr/share/applications"));
+        QCOMPARE(fixture.openPanel.open()->choice, OpenPanel::Choice::Applications);
+        fixture.openPanel.choose({QUrl::fromLocalFile(QStringLiteral("/b")),
+                                  QUrl(QStringLiteral("https://example.org/c")),
+                                  QUrl::fromLocalFile(QStringLiteral("/a"))});
+        QTRY_COMPARE(fixture.library->items().size(), 3);
+        QVERIFY(fixture.library->items() == QList({back, named("c"), added}));
+
+        fixture.library->browse();
+        fixture.openPanel.choose({});
+        QCoreApplication::processEvents();
+        QCOMPARE(fixture.library->items().size(), 3);
+        fixture.library->browse();
+        fixture.library.reset();
+        QVERIFY(!fixture.openPanel.open());
+    }
+
     void editsOfTheNextRunStartFromTheStoredOnes() {
         LibraryFixture fixture({named("ä"), named("b")});
         fixture.library->move(named("b").id, -1);
         fixture.library->toggle(named("ä").id, ShelfLibrary::Flag::Visible);
         fixture.library->setFavoritesOnly(true);
-        const ShelfLibrary next(fixture.preferences);
+        const ShelfLibrary next(fixture.preferences, fixture.catalog, fixture.openPanel);
         QVERIFY(next.items() == QList({named("b"), hidden(named("ä"))}));
         QVERIFY(next.favoritesOnly());
     }

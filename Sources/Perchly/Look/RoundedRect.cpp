@@ -17,6 +17,14 @@ void RoundedRect::setColor(const QColor &color) {
     }
 }
 
+void RoundedRect::setBottomColor(const QColor &color) {
+    if (m_bottomColor != color) {
+        m_bottomColor = color;
+        Q_EMIT bottomColorChanged();
+        update();
+    }
+}
+
 void RoundedRect::setRadius(double radius) {
     if (m_radius != radius) {
         m_radius = radius;
@@ -27,7 +35,14 @@ void RoundedRect::setRadius(double radius) {
 
 void RoundedRect::paint(QPainter *painter) {
     painter->setPen(Qt::NoPen);
-    painter->setBrush(m_color);
+    if (m_bottomColor.isValid()) {
+        QLinearGradient colors(boundingRect().topLeft(), boundingRect().bottomLeft());
+        colors.setColorAt(0, m_color);
+        colors.setColorAt(1, m_bottomColor);
+        painter->setBrush(colors);
+    } else {
+        painter->setBrush(m_color);
+    }
     painter->drawRoundedRect(boundingRect(), m_radius, m_radius);
 }
 

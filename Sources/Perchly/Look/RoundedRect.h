@@ -12,12 +12,17 @@ class RoundedRect : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged FINAL)
+    Q_PROPERTY(
+        QColor bottomColor READ bottomColor WRITE setBottomColor NOTIFY bottomColorChanged FINAL)
     Q_PROPERTY(double radius READ radius WRITE setRadius NOTIFY radiusChanged FINAL)
 public:
     explicit RoundedRect(QQuickItem *parent = nullptr);
 
     [[nodiscard]] QColor color() const { return m_color; }
     void setColor(const QColor &color);
+    /// Where it is valid, the colour runs from `color` at the top to this one.
+    [[nodiscard]] QColor bottomColor() const { return m_bottomColor; }
+    void setBottomColor(const QColor &color);
     [[nodiscard]] double radius() const { return m_radius; }
     void setRadius(double radius);
 
@@ -25,10 +30,12 @@ public:
 
 Q_SIGNALS:
     void colorChanged();
+    void bottomColorChanged();
     void radiusChanged();
 
 private:
     QColor m_color = Qt::white;
+    QColor m_bottomColor;
     double m_radius = 0;
 };
 

@@ -15,7 +15,7 @@ AppDelegate::AppDelegate(Hosts &hosts, ShellResources resources)
     , m_model(*hosts.clock, *hosts.preferences, *hosts.alertSound)
     , m_media(m_model, *hosts.clock, *hosts.scriptHost, *hosts.playerNotifications,
               *hosts.musicPlayer)
-    , m_library(*hosts.preferences)
+    , m_library(*hosts.preferences, *hosts.catalog, *hosts.openPanel)
     , m_hotKey(*hosts.hotKeys, *this, m_productivity)
     , m_headerView(*this) {}
 
