@@ -2,10 +2,10 @@
 
 #include "Clock.h"
 
-#include <QtGlobal>
 #include <list>
 #include <memory>
 #include <optional>
+#include <QtGlobal>
 
 namespace perchly {
 

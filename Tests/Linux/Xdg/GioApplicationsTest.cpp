@@ -1,22 +1,12 @@
 #include "GioApplications.h"
+#include "TestFiles.h"
 
 #include <QDBusConnection>
-#include <QDBusConnectionInterface>
-#include <QDir>
-#include <QFile>
-#include <QTest>
 #include <QThread>
 
 using namespace perchly;
 
 namespace {
-
-void write(const QString &path, const QByteArray &text) {
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(text);
-}
 
 /// An application that starts when it is activated over the bus.
 class BusApplication : public QObject {
@@ -33,18 +23,101 @@ public Q_SLOTS:
 
 class GioApplicationsTest : public QObject {
     Q_OBJECT
-
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-    void launchesTheProgramOfADesktopEntry();
-    void activatesAnApplicationOverTheBus();
-    void saysWhyAnApplicationWasNotOpened_data();
-    void saysWhyAnApplicationWasNotOpened();
-    void opensLinksFilesAndFoldersWithTheirDefaultProgram();
-    void saysWhyALinkWasNotOpened_data();
-    void saysWhyALinkWasNotOpened();
-    void callsNothingBackOnceItIsDestroyed();
+    void initTestCase() {
+        m_data = QDir(qEnvironmentVariable("XDG_DATA_HOME"));
+        const QString program = m_data.filePath(QStringLiteral("a program.sh"));
+        const QByteArray marker = m_data.filePath(QStringLiteral("marker")).toUtf8();
+        writeFile(program, "#!/bin/sh\nprintf '%s %s' \"$DESKTOP_STARTUP_ID\" \"$*\" > '" + marker +
+                               ".part'\nmv '" + marker + ".part' '" + marker + "'\n");
+        QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner);
+        const QByteArray executed = "Exec=\"" + program.toUtf8() + '"';
+        installApplication(QStringLiteral("plain"), executed + " launched");
+        installApplication(QStringLiteral("handler"),
+                           executed +
+                               " %u\nMimeType=x-scheme-handler/perchlytest;inode/directory;");
+        installApplication(QStringLiteral("uninstalled"), "Exec=/nowhere/at/all");
+        installApplication(QStringLiteral("org.perchly.TestApplication"),
+                           "Exec=/bin/false\nDBusActivatable=true");
+        writeFile(desktopEntryPath(QStringLiteral("garbage")), QByteArray("\0\1 no entry", 11));
+        chooseApplication("x-scheme-handler/perchlytest=handler.desktop\ninode/directory",
+                          "handler");
+    }
+
+    void init() {
+        m_errors.clear();
+        m_data.remove(QStringLiteral("marker"));
+    }
+
+    void launchesTheProgramOfADesktopEntry() {
+        qputenv("DESKTOP_STARTUP_ID", "of-our-own-start");
+        GioApplications applications;
+        applications.open(desktopEntryPath(QStringLiteral("plain")), recorder());
+        QCOMPARE(m_errors, QStringList());
+        QTRY_COMPARE(marker(), QByteArray("launched"));
+        QTRY_COMPARE(m_errors, QStringList{QString()});
+    }
+
+    void activatesAnApplicationOverTheBus() {
+        BusApplication application;
+        QDBusConnection bus = QDBusConnection::sessionBus();
+        QVERIFY(bus.registerObject(QStringLiteral("/org/perchly/TestApplication"), &application,
+                                   QDBusConnection::ExportAllSlots));
+        QVERIFY(bus.registerService(QStringLiteral("org.perchly.TestApplication")));
+        GioApplications applications;
+        applications.open(desktopEntryPath(QStringLiteral("org.perchly.TestApplication")),
+                          recorder());
+        QTRY_COMPARE(m_errors, QStringList{QString()});
+        QCOMPARE(application.activations, 1);
+    }
+
+    void opensLinksAndFoldersWithTheirDefaultProgram() {
+        GioApplications applications;
+        applications.openUrl(QUrl(QStringLiteral("perchlytest:a%20b?c=%2F")), recorder());
+        QTRY_COMPARE(marker(), QByteArray("perchlytest:a%20b?c=%2F"));
+        m_data.mkpath(QStringLiteral("a folder"));
+        applications.open(m_data.filePath(QStringLiteral("a folder")), recorder());
+        QTRY_VERIFY2(marker().endsWith("a folder"), marker().constData());
+        QTRY_COMPARE(m_errors, QStringList({QString(), QString()}));
+    }
+
+    void saysWhyNothingWasOpened_data() {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("expected");
+        const QString none = QStringLiteral("There is no application");
+        const auto entry = [](const char *name) {
+            return desktopEntryPath(QString::fromUtf8(name));
+        };
+        QTest::newRow("no such entry") << entry("missing") << none;
+        QTest::newRow("a relative path") << QStringLiteral("plain.desktop") << none;
+        QTest::newRow("a file that is no desktop entry")
+            << entry("garbage") << QStringLiteral("is not an application");
+        QTest::newRow("an entry whose program is not installed")
+            << entry("uninstalled") << QStringLiteral("is not installed");
+    }
+
+    void saysWhyNothingWasOpened() {
+        QFETCH(const QString, path);
+        QFETCH(const QString, expected);
+        GioApplications applications;
+        applications.open(path, recorder());
+        QTRY_COMPARE(m_errors.size(), 1);
+        QVERIFY2(m_errors.first().contains(expected), qPrintable(m_errors.first()));
+        applications.openUrl(QUrl(QStringLiteral("no-such-scheme:x")), recorder());
+        applications.openUrl(QUrl(), recorder());
+        QTRY_COMPARE(m_errors.size(), 3);
+        QVERIFY(!m_errors.contains(QString()));
+    }
+
+    void callsNothingBackOnceItIsDestroyed() {
+        for (int round = 0; round < 20; ++round) {
+            GioApplications applications;
+            applications.open(desktopEntryPath(QStringLiteral("missing")), recorder());
+            applications.openUrl(QUrl(QStringLiteral("no-such-scheme:x")), recorder());
+        }
+        QTest::qWait(50);
+        QCOMPARE(m_errors, QStringList());
+    }
 
 private:
     Applications::Completion recorder() {
@@ -54,129 +127,12 @@ private:
         };
     }
     [[nodiscard]] QByteArray marker() const {
-        QFile file(m_marker);
-        return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
-    }
-    [[nodiscard]] QString entry(const QString &name) const {
-        return m_data.filePath(QStringLiteral("applications/%1.desktop").arg(name));
-    }
-    void writeEntry(const QString &name, const QByteArray &lines) const {
-        write(entry(name), "[Desktop Entry]\nType=Application\nName=Example\n" + lines + "\n");
+        return readFile(m_data.filePath(QStringLiteral("marker"))).trimmed();
     }
 
     QDir m_data;
-    QString m_marker;
     QStringList m_errors;
 };
-
-void GioApplicationsTest::initTestCase() {
-    m_data = QDir(qEnvironmentVariable("XDG_DATA_HOME"));
-    m_marker = m_data.filePath(QStringLiteral("marker"));
-    const QString program = m_data.filePath(QStringLiteral("a program.sh"));
-    write(program, "#!/bin/sh\nprintf '%s %s' \"$DESKTOP_STARTUP_ID\" \"$*\" > '" +
-                       m_marker.toUtf8() + ".part'\nmv '" + m_marker.toUtf8() + ".part' '" +
-                       m_marker.toUtf8() + "'\n");
-    QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner);
-    const QByteArray quoted = '"' + program.toUtf8() + '"';
-    writeEntry(QStringLiteral("plain"), "Exec=" + quoted + " launched");
-    writeEntry(QStringLiteral("handler"),
-               "Exec=" + quoted + " %u\nMimeType=x-scheme-handler/perchlytest;inode/directory;");
-    writeEntry(QStringLiteral("uninstalled"), "Exec=/nowhere/at/all");
-    writeEntry(QStringLiteral("org.perchly.TestApplication"),
-               "Exec=/bin/false\nDBusActivatable=true");
-    write(entry(QStringLiteral("garbage")), QByteArray("\0\x01\xff not a desktop entry", 22));
-    write(m_data.filePath(QStringLiteral("applications/mimeapps.list")),
-          "[Default Applications]\nx-scheme-handler/perchlytest=handler.desktop\n"
-          "inode/directory=handler.desktop\n");
-}
-
-void GioApplicationsTest::init() {
-    m_errors.clear();
-    QFile::remove(m_marker);
-}
-
-void GioApplicationsTest::launchesTheProgramOfADesktopEntry() {
-    qputenv("DESKTOP_STARTUP_ID", "of-our-own-start");
-    GioApplications applications;
-    applications.open(entry(QStringLiteral("plain")), recorder());
-    QCOMPARE(m_errors, QStringList());
-    QTRY_COMPARE(marker(), QByteArray("launched"));
-    QTRY_COMPARE(m_errors, QStringList{QString()});
-}
-
-void GioApplicationsTest::activatesAnApplicationOverTheBus() {
-    BusApplication application;
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    QVERIFY(bus.registerObject(QStringLiteral("/org/perchly/TestApplication"), &application,
-                               QDBusConnection::ExportAllSlots));
-    QVERIFY(bus.registerService(QStringLiteral("org.perchly.TestApplication")));
-    GioApplications applications;
-    applications.open(entry(QStringLiteral("org.perchly.TestApplication")), recorder());
-    QTRY_COMPARE(m_errors, QStringList{QString()});
-    QCOMPARE(application.activations, 1);
-}
-
-void GioApplicationsTest::saysWhyAnApplicationWasNotOpened_data() {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("no such entry")
-        << entry(QStringLiteral("missing")) << QStringLiteral("There is no application");
-    QTest::newRow("a relative path")
-        << QStringLiteral("plain.desktop") << QStringLiteral("There is no application");
-    QTest::newRow("no path") << QString() << QStringLiteral("There is no application");
-    QTest::newRow("a file that is no desktop entry")
-        << entry(QStringLiteral("garbage")) << QStringLiteral("is not an application");
-    QTest::newRow("an entry whose program is not installed")
-        << entry(QStringLiteral("uninstalled")) << QStringLiteral("is not installed");
-}
-
-void GioApplicationsTest::saysWhyAnApplicationWasNotOpened() {
-    QFETCH(const QString, path);
-    QFETCH(const QString, expected);
-    GioApplications applications;
-    applications.open(path, recorder());
-    QTRY_COMPARE(m_errors.size(), 1);
-    QVERIFY2(m_errors.first().contains(expected), qPrintable(m_errors.first()));
-}
-
-void GioApplicationsTest::opensLinksFilesAndFoldersWithTheirDefaultProgram() {
-    GioApplications applications;
-    applications.openUrl(QUrl(QStringLiteral("perchlytest:a%20b?c=%2F")), recorder());
-    QTRY_COMPARE(marker(), QByteArray("perchlytest:a%20b?c=%2F"));
-
-    QFile::remove(m_marker);
-    const QString folder = m_data.filePath(QStringLiteral("a folder"));
-    QVERIFY(QDir().mkpath(folder));
-    applications.open(folder, recorder());
-    QTRY_VERIFY2(marker().endsWith("a folder"), marker().constData());
-    QTRY_COMPARE(m_errors, QStringList({QString(), QString()}));
-}
-
-void GioApplicationsTest::saysWhyALinkWasNotOpened_data() {
-    QTest::addColumn<QUrl>("url");
-    QTest::newRow("a scheme that no program opens") << QUrl(QStringLiteral("no-such-scheme:x"));
-    QTest::newRow("a file that is not there") << QUrl(QStringLiteral("file:///nowhere/at/all"));
-    QTest::newRow("a relative link") << QUrl(QStringLiteral("page.html"));
-    QTest::newRow("an empty link") << QUrl();
-}
-
-void GioApplicationsTest::saysWhyALinkWasNotOpened() {
-    QFETCH(const QUrl, url);
-    GioApplications applications;
-    applications.openUrl(url, recorder());
-    QTRY_COMPARE(m_errors.size(), 1);
-    QVERIFY(!m_errors.first().isEmpty());
-}
-
-void GioApplicationsTest::callsNothingBackOnceItIsDestroyed() {
-    for (int round = 0; round < 20; ++round) {
-        GioApplications applications;
-        applications.open(entry(QStringLiteral("missing")), recorder());
-        applications.openUrl(QUrl(QStringLiteral("no-such-scheme:x")), recorder());
-    }
-    QTest::qWait(50);
-    QCOMPARE(m_errors, QStringList());
-}
 
 QTEST_GUILESS_MAIN(GioApplicationsTest)
 #include "GioApplicationsTest.moc"
