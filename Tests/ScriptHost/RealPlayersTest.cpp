@@ -54,7 +54,7 @@ QStringList mpvArguments() {
 }
 
 /// A browser without a window that shows the page of the tests.
-QStringList browserArguments(const QString &query = {}) {
+QStringList browserArguments() {
     return {QStringLiteral("--headless"),
             QStringLiteral("--no-sandbox"),
             QStringLiteral("--disable-gpu"),
@@ -65,7 +65,7 @@ QStringList browserArguments(const QString &query = {}) {
             QStringLiteral("--disable-sync"),
             QStringLiteral("--autoplay-policy=no-user-gesture-required"),
             QStringLiteral("--user-data-dir=") + QDir::tempPath() + QStringLiteral("/browser"),
-            QStringLiteral("file://" TAB_PAGE) + query};
+            QStringLiteral("file://" TAB_PAGE)};
 }
 
 double position() {
@@ -143,22 +143,6 @@ private Q_SLOTS:
         QVERIFY(model.playing());
         QVERIFY(media.succeeds("next track"));
         QVERIFY(media.waitForSession(QStringLiteral("Next song")));
-    }
-
-    void aTabThatIgnoresCommandsIsTold() {
-        const Running browser(QStringLiteral("chromium"),
-                              browserArguments(QStringLiteral("?ignores")));
-        RealMedia media;
-        QVERIFY(media.waitForSession(QStringLiteral("Tab song 🎵")));
-        for (const char *word : {"playpause", "forward"}) {
-            QVERIFY(media.press(word));
-            QVERIFY(media.model.controlError().startsWith(
-                QStringLiteral("Chromium did not apply this media command.")));
-        }
-        QVERIFY(media.succeeds("next track"));
-        QVERIFY(media.press("previous track")); // which the tab does not offer
-        QCOMPARE(media.model.controlError(),
-                 QStringLiteral("Chromium could not receive this playback command."));
     }
 };
 

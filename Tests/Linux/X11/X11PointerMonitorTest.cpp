@@ -11,27 +11,6 @@ class X11PointerMonitorTest : public QObject {
 private Q_SLOTS:
     void init() { m_client.movePointer({600, 400}); }
 
-    void tellsWhereThePointerIsEvenDuringAGrab() {
-        X11PointerMonitor monitor;
-        const QSignalSpy moved(&monitor, &PointerMonitor::moved);
-        monitor.start();
-        QTest::qWait(50);
-        QCOMPARE(moved.count(), 0);
-        XClient holder;
-        const auto cookie = xcb_grab_pointer(
-            holder.get(), 0, holder.root(), XCB_EVENT_MASK_POINTER_MOTION, XCB_GRAB_MODE_ASYNC,
-            XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
-        const XcbPointer<xcb_grab_pointer_reply_t> grab(
-            xcb_grab_pointer_reply(holder.get(), cookie, nullptr));
-        QVERIFY(grab && grab->status == XCB_GRAB_STATUS_SUCCESS);
-
-        m_client.movePointer({100, 50});
-        QTRY_VERIFY(moved.count() > 0);
-        QCOMPARE(monitor.position(), (ScreenPoint{100, 749}));
-        m_client.movePointer({1279, 799});
-        QCOMPARE(monitor.position(), (ScreenPoint{1279, 0}));
-    }
-
     void tellsAFloodOfMovementsInFewAndTheLast() {
         X11PointerMonitor monitor;
         ScreenPoint last;
