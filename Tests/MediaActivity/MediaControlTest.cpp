@@ -185,7 +185,7 @@ private Q_SLOTS:
         QCOMPARE(run.arguments, (QStringList{QStringLiteral("-e"),
                                              playerScript(QStringLiteral("com.spotify.client"),
                                                           QStringLiteral("playpause"))}));
-        QVERIFY(!run.limit);
+        QVERIFY(run.limit == 15s);
         output ? fixture.fake.scriptHost.answer(*output) : fixture.fake.scriptHost.fail();
         QVERIFY(!fixture.model.controlling());
         QTEST(fixture.model.playing(), "playing");

@@ -41,6 +41,21 @@ class MediaTest(SessionCase):
         self.close_shelf()
         self.find("Perchly · Ready")
 
+    def test_a_pause_keeps_the_player_although_another_plays(self):
+        self.start()
+        Mpv(self.session, "First")
+        self.open_shelf()
+        self.find("mpv · Playing")
+        second = ScriptedPlayer(self.session)
+        self.find("Singer · Player · Playing")
+        self.click("Pause")
+        second.expect("Pause")
+        self.find("Singer · Player · Paused")
+        self.click("Play")
+        second.expect("Play")
+        self.find("Singer · Player · Playing")
+        self.assertIsNone(self.program.accessibility().look_for("OK"))
+
     def test_every_failure_is_said_until_it_has_been_read(self):
         self.start()
         for behaviour, text in (("ignores", IGNORED), ("refuses", REFUSED)):
