@@ -88,7 +88,8 @@ private Q_SLOTS:
             QTest::keyClick(&window, Qt::Key_2, Qt::ControlModifier);
         }
         QCOMPARE(seen, (QList<Qt::Key>{Qt::Key_A, Qt::Key_2, Qt::Key_A, Qt::Key_2}));
-        QCOMPARE(window.typed, QList<int>{Qt::Key_A});
+        QCOMPARE(window.typed.count(Qt::Key_A), 1);
+        QVERIFY(!window.typed.contains(Qt::Key_2));
         QCOMPARE(activated.count(), 1);
     }
 };
