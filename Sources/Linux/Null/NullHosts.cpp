@@ -112,7 +112,7 @@ Task NullScriptHost::run(const QStringList &, std::optional<std::chrono::millise
 }
 
 Task NullPasteboard::read(const PasteboardRequest &, Completion completion) {
-    return std::make_unique<Refusal>([completion = std::move(completion)] { completion({}); });
+    return std::make_unique<Answer>([completion = std::move(completion)] { completion({}); });
 }
 
 } // namespace perchly
