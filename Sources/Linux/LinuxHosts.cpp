@@ -20,6 +20,7 @@
 #include "X11Displays.h"
 #include "X11HotKeys.h"
 #include "X11PanelHost.h"
+#include "X11Pasteboard.h"
 #include "X11PointerMonitor.h"
 
 #include <QGuiApplication>
@@ -81,6 +82,7 @@ Hosts nullHosts() {
     hosts.scriptHost = std::make_unique<NullScriptHost>();
     hosts.playerNotifications = std::make_unique<NullPlayerNotifications>();
     hosts.musicPlayer = std::make_unique<NullMusicPlayer>();
+    hosts.pasteboard = std::make_unique<NullPasteboard>();
     return hosts;
 }
 
@@ -111,6 +113,7 @@ void addWindowSystem(Hosts &hosts) {
     hosts.keys = std::make_unique<QtKeyMonitor>();
     hosts.panel = std::make_unique<X11PanelHost>();
     hosts.hotKeys = std::make_unique<X11HotKeys>();
+    hosts.pasteboard = std::make_unique<X11Pasteboard>();
     hosts.openPanel = std::make_unique<QtOpenPanel>();
 }
 

@@ -31,6 +31,7 @@ FakeHosts::FakeHosts()
     , alertSound(install<FakeAlertSound>(hosts.alertSound))
     , scriptHost(install<FakeScriptHost>(hosts.scriptHost))
     , playerNotifications(install<FakePlayerNotifications>(hosts.playerNotifications))
-    , musicPlayer(install<FakeMusicPlayer>(hosts.musicPlayer)) {}
+    , musicPlayer(install<FakeMusicPlayer>(hosts.musicPlayer))
+    , pasteboard(install<FakePasteboard>(hosts.pasteboard)) {}
 
 } // namespace perchly

@@ -2,6 +2,7 @@
 
 #include "FakeApplicationCatalog.h"
 #include "FakeClock.h"
+#include "FakePasteboard.h"
 #include "FakeLoginItem.h"
 #include "FakeOpenPanel.h"
 #include "FakePlatform.h"
@@ -34,6 +35,7 @@ struct FakeHosts {
     FakeScriptHost &scriptHost;
     FakePlayerNotifications &playerNotifications;
     FakeMusicPlayer &musicPlayer;
+    FakePasteboard &pasteboard;
 };
 
 } // namespace perchly

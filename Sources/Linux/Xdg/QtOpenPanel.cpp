@@ -21,7 +21,7 @@ public:
         const QStringList files = selectedFiles();
         const auto exists = [](const QString &file) { return QFileInfo::exists(file); };
         if (!files.isEmpty() && std::ranges::all_of(files, exists)) {
-            QDialog::accept();
+            done(Accepted);
         } else {
             QFileDialog::accept();
         }

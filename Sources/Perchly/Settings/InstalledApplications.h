@@ -57,8 +57,8 @@ private:
     QPointer<ShelfLibrary> m_library;
     QString m_search;
     QList<ShelfItem> m_applications;
-    QStringList m_folded; ///< the applications' names, as they are compared
-    Rows m_rows; ///< among the applications
+    QStringList m_folded;  ///< the applications' names, as they are compared
+    Rows m_rows;           ///< among the applications
     QSet<QString> m_added; ///< identifiers
 };
 

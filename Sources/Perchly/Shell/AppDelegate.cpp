@@ -10,6 +10,7 @@ namespace perchly {
 AppDelegate::AppDelegate(Hosts &hosts, ShellResources resources)
     : m_hosts(hosts)
     , m_resources(std::move(resources))
+    , m_fieldPasting(*hosts.pasteboard)
     , m_shelfPreferences(*hosts.preferences)
     , m_model(*hosts.clock, *hosts.preferences, *hosts.alertSound)
     , m_media(m_model, *hosts.clock, *hosts.scriptHost, *hosts.playerNotifications,

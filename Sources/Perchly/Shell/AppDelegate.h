@@ -4,6 +4,7 @@
 #include "Clock.h"
 #include "DisplayPreferences.h"
 #include "Displays.h"
+#include "FieldPasting.h"
 #include "MediaTracking.h"
 #include "Productivity.h"
 #include "ShelfExtras.h"
@@ -128,6 +129,7 @@ private:
 
     Hosts &m_hosts;
     ShellResources m_resources;
+    FieldPasting m_fieldPasting;
     ShelfPreferences m_shelfPreferences;
     QQmlEngine m_engine; // one for all windows: each of its own would cost memory and time
 
