@@ -6,6 +6,7 @@
 #include "DefaultMusicPlayer.h"
 #include "GioApplications.h"
 #include "JsonPreferences.h"
+#include "NullAudio.h"
 #include "NullHosts.h"
 #include "PortalMotion.h"
 #include "ProcessScriptHost.h"
@@ -72,6 +73,7 @@ Hosts nullHosts() {
     hosts.scriptHost = std::make_unique<NullScriptHost>();
     hosts.playerNotifications = std::make_unique<NullPlayerNotifications>();
     hosts.musicPlayer = std::make_unique<NullMusicPlayer>();
+    hosts.audio = std::make_unique<NullAudioSystem>();
     return hosts;
 }
 

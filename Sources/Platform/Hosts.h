@@ -2,6 +2,7 @@
 
 #include "AlertSound.h"
 #include "Applications.h"
+#include "AudioSystem.h"
 #include "Clock.h"
 #include "Displays.h"
 #include "HotKeys.h"
@@ -36,6 +37,7 @@ struct Hosts {
     std::unique_ptr<ScriptHost> scriptHost;
     std::unique_ptr<PlayerNotifications> playerNotifications;
     std::unique_ptr<MusicPlayer> musicPlayer;
+    std::unique_ptr<AudioSystem> audio;
 };
 
 } // namespace perchly

@@ -16,7 +16,8 @@ QString file() {
 bool isComplete(const Hosts &hosts) {
     return hosts.clock && hosts.preferences && hosts.displays && hosts.pointer && hosts.keys &&
            hosts.panel && hosts.hotKeys && hosts.statusItem && hosts.applications && hosts.motion &&
-           hosts.alertSound && hosts.scriptHost && hosts.playerNotifications && hosts.musicPlayer;
+           hosts.alertSound && hosts.scriptHost && hosts.playerNotifications && hosts.musicPlayer &&
+           hosts.audio;
 }
 
 } // namespace

@@ -28,6 +28,7 @@ FakeHosts::FakeHosts()
     , alertSound(install<FakeAlertSound>(hosts.alertSound))
     , scriptHost(install<FakeScriptHost>(hosts.scriptHost))
     , playerNotifications(install<FakePlayerNotifications>(hosts.playerNotifications))
-    , musicPlayer(install<FakeMusicPlayer>(hosts.musicPlayer)) {}
+    , musicPlayer(install<FakeMusicPlayer>(hosts.musicPlayer))
+    , audio(install<FakeAudioSystem>(hosts.audio)) {}
 
 } // namespace perchly

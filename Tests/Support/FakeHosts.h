@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FakeAudio.h"
 #include "FakeClock.h"
 #include "FakePlatform.h"
 #include "FakePreferences.h"
@@ -28,6 +29,7 @@ struct FakeHosts {
     FakeScriptHost &scriptHost;
     FakePlayerNotifications &playerNotifications;
     FakeMusicPlayer &musicPlayer;
+    FakeAudioSystem &audio;
 };
 
 } // namespace perchly

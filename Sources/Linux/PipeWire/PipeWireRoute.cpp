@@ -1,0 +1,179 @@
+#include "PipeWireRoute.h"
+
+#include "AudioGraph.h"
+#include "PipeWireConnection.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <utility>
+
+namespace perchly {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// How long the session manager may take to connect the route's ends before the process is sent
+/// there all the same.
+constexpr auto patience = 300ms;
+
+/// A route has one of each.
+constexpr AudioObject tapObject = 1;
+constexpr AudioObject deviceObject = 2;
+constexpr IoProcId ioProc = 1;
+
+struct PipeWireSource : AudioSourceNode {
+    RenderBlock render;
+};
+
+} // namespace
+
+PipeWireRoute::PipeWireRoute(PipeWireConnection &connection, AudioGraph &graph)
+    : m_connection(connection)
+    , m_graph(graph) {
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(patience);
+    connect(&m_patience, &QTimer::timeout, this, &PipeWireRoute::send);
+    connect(&graph, &AudioGraph::moverLost, this, &PipeWireRoute::interrupt);
+}
+
+PipeWireRoute::~PipeWireRoute() {
+    stopDevice(deviceObject, ioProc);
+    destroyTap(tapObject);
+}
+
+AudioStatus PipeWireRoute::createTap(const TapDescription &description, AudioObject &tap) {
+    if (!m_graph.isComplete()) {
+        return -ENOTCONN;
+    }
+    const AudioObject process = description.processes.value(0);
+    if (!m_graph.hasProcess(process)) {
+        return -ESRCH;
+    }
+    const auto streams = m_graph.streamsOf(process);
+    if (std::any_of(streams.cbegin(), streams.cend(),
+                    [](const GraphStream *stream) { return stream->isFixed; })) {
+        return -EPERM;
+    }
+    m_process = process;
+    tap = tapObject;
+    return noAudioError;
+}
+
+AudioStatus PipeWireRoute::readTapFormat(AudioObject, StreamFormat &format) {
+    // Whatever a program plays, PipeWire turns it into the stereo floats of the sink, but for what
+    // only the device can decode.
+    const auto streams = m_graph.streamsOf(m_process);
+    const bool isEncoded = std::any_of(streams.cbegin(), streams.cend(),
+                                       [](const auto *stream) { return stream->isEncoded; });
+    format = {.sampleRate = m_connection.sampleRate(),
+              .encoding = isEncoded ? AudioEncoding::Other : AudioEncoding::LinearPcm,
+              .samples = SampleKind::Float,
+              .bitsPerChannel = 32,
+              .channelsPerFrame = 2};
+    return noAudioError;
+}
+
+AudioStatus PipeWireRoute::createDevice(const AggregateDescription &description,
+                                        AudioObject &device) {
+    m_streams = std::make_shared<RouteStreams>(m_connection, description.uid, description.name);
+    const AudioStatus status = m_streams->openCapture();
+    if (status == noAudioError) {
+        device = deviceObject;
+    } else {
+        m_streams.reset();
+    }
+    return status;
+}
+
+AudioStatus PipeWireRoute::createIo(AudioObject, CaptureBlock capture, IoProcId &io) {
+    m_streams->cycle().setCapture(std::move(capture));
+    io = ioProc;
+    return noAudioError;
+}
+
+AudioStatus PipeWireRoute::startDevice(AudioObject, IoProcId) {
+    if (!isRunning()) {
+        return -EIO;
+    }
+    m_streams->cycle().open();
+    m_move = std::make_unique<ProcessMove>(m_graph, m_process, m_streams->name());
+    connect(m_move.get(), &ProcessMove::takenOver, this, &PipeWireRoute::interrupt);
+    connect(&m_graph, &AudioGraph::wiringChanged, this, &PipeWireRoute::sendWhenOpen);
+    m_patience.start();
+    sendWhenOpen();
+    return noAudioError;
+}
+
+void PipeWireRoute::sendWhenOpen() {
+    const GraphWiring &wiring = m_graph.wiring();
+    if (wiring.hasPorts(m_streams->captureNode()) && wiring.feeds(m_streams->playbackNode())) {
+        send();
+    }
+}
+
+void PipeWireRoute::send() {
+    m_patience.stop();
+    disconnect(&m_graph, &AudioGraph::wiringChanged, this, nullptr);
+    m_move->begin();
+}
+
+void PipeWireRoute::interrupt() {
+    if (std::exchange(m_isStarted, false)) {
+        Q_EMIT stopped();
+    }
+}
+
+void PipeWireRoute::stopDevice(AudioObject, IoProcId) {
+    m_patience.stop();
+    disconnect(&m_graph, &AudioGraph::wiringChanged, this, nullptr);
+    if (m_move) {
+        m_move->undo();
+    }
+}
+
+void PipeWireRoute::destroyDevice(AudioObject) {
+    if (!m_move) {
+        m_streams.reset();
+    }
+}
+
+void PipeWireRoute::destroyTap(AudioObject) {
+    m_process = 0;
+    if (std::exchange(m_move, nullptr) && m_streams) {
+        Q_EMIT retired(std::exchange(m_streams, nullptr));
+    }
+}
+
+std::optional<PlaybackFormat> PipeWireRoute::playbackFormat(double sampleRate,
+                                                            std::uint32_t channels) const {
+    return sampleRate >= 1 && channels == 2 ? std::optional(PlaybackFormat{sampleRate, channels})
+                                            : std::nullopt;
+}
+
+std::unique_ptr<AudioSourceNode> PipeWireRoute::makeSource(const PlaybackFormat &,
+                                                           RenderBlock render) {
+    auto source = std::make_unique<PipeWireSource>();
+    source->render = std::move(render);
+    return source;
+}
+
+void PipeWireRoute::attach(AudioSourceNode &source) {
+    m_streams->cycle().setRender(static_cast<PipeWireSource &>(source).render);
+}
+
+QString PipeWireRoute::start() {
+    const QString error = m_streams->openPlayback();
+    m_isStarted = error.isEmpty();
+    return error;
+}
+
+void PipeWireRoute::stop() {
+    m_isStarted = false;
+}
+
+bool PipeWireRoute::isRunning() const {
+    return m_isStarted && m_streams && m_streams->isIntact();
+}
+
+} // namespace perchly
