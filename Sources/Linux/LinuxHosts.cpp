@@ -68,6 +68,9 @@ Hosts nullHosts() {
     hosts.hotKeys = std::make_unique<NullHotKeys>();
     hosts.statusItem = std::make_unique<NullStatusItem>();
     hosts.applications = std::make_unique<NullApplications>();
+    hosts.catalog = std::make_unique<NullApplicationCatalog>();
+    hosts.openPanel = std::make_unique<NullOpenPanel>();
+    hosts.loginItem = std::make_unique<NullLoginItem>();
     hosts.motion = std::make_unique<NullMotion>();
     hosts.alertSound = std::make_unique<NullAlertSound>();
     hosts.scriptHost = std::make_unique<NullScriptHost>();

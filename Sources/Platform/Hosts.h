@@ -1,14 +1,17 @@
 #pragma once
 
 #include "AlertSound.h"
+#include "ApplicationCatalog.h"
 #include "Applications.h"
 #include "AudioSystem.h"
 #include "Clock.h"
 #include "Displays.h"
 #include "HotKeys.h"
 #include "KeyMonitor.h"
+#include "LoginItem.h"
 #include "Motion.h"
 #include "MusicPlayer.h"
+#include "OpenPanel.h"
 #include "PanelHost.h"
 #include "PlayerNotifications.h"
 #include "PointerMonitor.h"
@@ -32,6 +35,9 @@ struct Hosts {
     std::unique_ptr<HotKeys> hotKeys;
     std::unique_ptr<StatusItem> statusItem;
     std::unique_ptr<Applications> applications;
+    std::unique_ptr<ApplicationCatalog> catalog;
+    std::unique_ptr<OpenPanel> openPanel;
+    std::unique_ptr<LoginItem> loginItem;
     std::unique_ptr<Motion> motion;
     std::unique_ptr<AlertSound> alertSound;
     std::unique_ptr<ScriptHost> scriptHost;

@@ -1,5 +1,7 @@
 #include "ShelfLibrary.h"
 #include "Announcements.h"
+#include "FakeApplicationCatalog.h"
+#include "FakeOpenPanel.h"
 #include "FakePreferences.h"
 #include "PreferenceKeys.h"
 #include "TestRegistry.h"
@@ -43,7 +45,7 @@ QStringList identifiers(const QList<ShelfItem> &items) {
 struct LibraryFixture {
     explicit LibraryFixture(const QList<ShelfItem> &items) {
         preferences.values[keys::shelfLibrary] = encodeShelfItems(items);
-        library.emplace(preferences);
+        library.emplace(preferences, catalog, openPanel);
         announcements.emplace(*library);
         preferences.written.clear();
     }
@@ -53,6 +55,8 @@ struct LibraryFixture {
     }
 
     FakePreferences preferences;
+    FakeApplicationCatalog catalog;
+    FakeOpenPanel openPanel;
     std::optional<ShelfLibrary> library;
     std::optional<Announcements> announcements;
 };
@@ -84,7 +88,9 @@ private Q_SLOTS:
         if (stored) {
             preferences.values[keys::shelfLibrary] = *stored;
         }
-        const ShelfLibrary library(preferences);
+        FakeApplicationCatalog catalog;
+        FakeOpenPanel openPanel;
+        const ShelfLibrary library(preferences, catalog, openPanel);
         QCOMPARE(identifiers(library.items()), defaultIds);
         for (const ShelfItem &item : library.items()) {
             QVERIFY(item.visible && !item.favorite);
@@ -111,7 +117,9 @@ private Q_SLOTS:
 
     void bothKeysAreWrittenAtStart() {
         FakePreferences preferences;
-        const ShelfLibrary library(preferences);
+        FakeApplicationCatalog catalog;
+        FakeOpenPanel openPanel;
+        const ShelfLibrary library(preferences, catalog, openPanel);
         QCOMPARE(preferences.written,
                  QStringList({QString(keys::shelfLibrary), QString(keys::favoritesOnly)}));
         QCOMPARE(preferences.boolean(keys::favoritesOnly), std::optional(false));
@@ -119,12 +127,14 @@ private Q_SLOTS:
 
     void favouritesOnlyIsRestoredIfItIsABoolean() {
         FakePreferences preferences;
+        FakeApplicationCatalog catalog;
+        FakeOpenPanel openPanel;
         preferences.values[keys::favoritesOnly] = true;
-        QVERIFY(ShelfLibrary(preferences).favoritesOnly());
+        QVERIFY(ShelfLibrary(preferences, catalog, openPanel).favoritesOnly());
         preferences.values[keys::favoritesOnly] = 1.0;
-        QVERIFY(!ShelfLibrary(preferences).favoritesOnly());
+        QVERIFY(!ShelfLibrary(preferences, catalog, openPanel).favoritesOnly());
         preferences.values[keys::favoritesOnly] = QStringLiteral("true");
-        QVERIFY(!ShelfLibrary(preferences).favoritesOnly());
+        QVERIFY(!ShelfLibrary(preferences, catalog, openPanel).favoritesOnly());
     }
 
     void shown_data() {
@@ -294,7 +304,7 @@ private Q_SLOTS:
         fixture.library->move(named("b").id, -1);
         fixture.library->toggle(named("ä").id, ShelfLibrary::Flag::Visible);
         fixture.library->setFavoritesOnly(true);
-        const ShelfLibrary next(fixture.preferences);
+        const ShelfLibrary next(fixture.preferences, fixture.catalog, fixture.openPanel);
         QVERIFY(next.items() == QList({named("b"), hidden(named("ä"))}));
         QVERIFY(next.favoritesOnly());
     }

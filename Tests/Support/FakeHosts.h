@@ -1,7 +1,10 @@
 #pragma once
 
+#include "FakeApplicationCatalog.h"
 #include "FakeAudio.h"
 #include "FakeClock.h"
+#include "FakeLoginItem.h"
+#include "FakeOpenPanel.h"
 #include "FakePlatform.h"
 #include "FakePreferences.h"
 #include "FakeScriptHost.h"
@@ -24,6 +27,9 @@ struct FakeHosts {
     FakeHotKeys &hotKeys;
     FakeStatusItem &statusItem;
     FakeApplications &applications;
+    FakeApplicationCatalog &catalog;
+    FakeOpenPanel &openPanel;
+    FakeLoginItem &loginItem;
     FakeMotion &motion;
     FakeAlertSound &alertSound;
     FakeScriptHost &scriptHost;

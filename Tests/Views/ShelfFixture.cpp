@@ -32,7 +32,7 @@ ShelfFixture::ShelfFixture(QObject *parent)
     : QObject(parent)
     , m_model(m_fakes.clock, m_fakes.preferences, m_fakes.alertSound)
     , m_preferences(m_fakes.preferences)
-    , m_library(m_fakes.preferences) {
+    , m_library(m_fakes.preferences, m_fakes.catalog, m_fakes.openPanel) {
     connect(&m_model, &ShelfModel::controlRequested, this,
             [this](const QString &word) { m_commands.append(word); });
     connect(&m_model, &ShelfModel::musicRequested, this,

@@ -1,5 +1,6 @@
 #include "NullHosts.h"
 
+#include <QFileInfo>
 #include <QTimer>
 #include <QUrl>
 #include <QWindow>
@@ -8,10 +9,10 @@ namespace perchly {
 
 namespace {
 
-/// An answer that is on its way until the handle goes.
-class Refusal : public ScheduledTask {
+/// What is on its way until the handle goes.
+class Answer : public ScheduledTask {
 public:
-    explicit Refusal(std::function<void()> answer) {
+    explicit Answer(std::function<void()> answer) {
         m_timer.setSingleShot(true);
         QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [answer = std::move(answer)] {
             const auto action = answer; // outlives the handle that it may destroy
@@ -78,9 +79,35 @@ void NullApplications::openUrl(const QUrl &url, Completion completion) {
     }
 }
 
+void NullApplicationCatalog::find(Completion completion) {
+    describe({}, std::move(completion));
+}
+
+void NullApplicationCatalog::describe(const QStringList &paths, Completion completion) {
+    QList<FoundApplication> applications;
+    for (const QString &path : paths) {
+        applications.append({path, QFileInfo(path).completeBaseName()});
+    }
+    QMetaObject::invokeMethod(
+        this, [completion = std::move(completion), applications] { completion(applications); },
+        Qt::QueuedConnection);
+}
+
+Task NullOpenPanel::ask(const Request &, Completion completion) {
+    return std::make_unique<Answer>([completion = std::move(completion)] { completion({}); });
+}
+
+LoginItem::Result NullLoginItem::registerProgram() {
+    return {.message = QStringLiteral("Nothing here starts programs at login.")};
+}
+
+LoginItem::Result NullLoginItem::unregisterProgram() {
+    return {.outcome = Outcome::Unregistered};
+}
+
 Task NullScriptHost::run(const QStringList &, std::optional<std::chrono::milliseconds>,
                          Completion completion) {
-    return std::make_unique<Refusal>(
+    return std::make_unique<Answer>(
         [completion = std::move(completion)] { completion(std::nullopt); });
 }
 

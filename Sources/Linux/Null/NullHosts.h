@@ -95,6 +95,30 @@ private:
     QObject m_receiver;
 };
 
+/// No applications.
+class NullApplicationCatalog : public ApplicationCatalog {
+public:
+    using ApplicationCatalog::ApplicationCatalog;
+
+    void find(Completion completion) override;
+    void describe(const QStringList &paths, Completion completion) override;
+    [[nodiscard]] QString startFolder() const override { return {}; }
+};
+
+/// A dialog that is cancelled at once.
+class NullOpenPanel : public OpenPanel {
+public:
+    [[nodiscard]] Task ask(const Request &, Completion completion) override;
+};
+
+/// No login to start at.
+class NullLoginItem : public LoginItem {
+public:
+    [[nodiscard]] bool isEnabled() const override { return false; }
+    [[nodiscard]] Result registerProgram() override;
+    [[nodiscard]] Result unregisterProgram() override;
+};
+
 /// Nobody asked for less motion.
 class NullMotion : public Motion {
 public:

@@ -29,8 +29,11 @@ struct KeyPress;
 
 /// What the shell shows but does not make itself. An empty view leaves its window without content.
 struct ShellResources {
-    QIcon statusIcon;
-    QUrl shelfView;
+    QIcon statusIcon = {};
+    QUrl shelfView = {};
+    QUrl settingsView = {};
+    QUrl toolsView = {};
+    QUrl mixerView = {};
 };
 
 /// The program's single controller. It owns every store and window for the whole run and drives the
@@ -120,8 +123,7 @@ private:
     void launch(const ShelfItem &item);
     // AppDelegate.cpp
     void showStatusItem();
-    void show(std::unique_ptr<AuxiliaryWindow> &window, const QString &title, const QSize &size,
-              AuxiliaryWindow::Buttons buttons);
+    void show(std::unique_ptr<AuxiliaryWindow> &window, const WindowContent &content);
 
     Hosts &m_hosts;
     ShellResources m_resources;

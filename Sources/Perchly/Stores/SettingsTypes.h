@@ -1,11 +1,18 @@
 #pragma once
 
+#include "InstalledApplications.h"
 #include "ShelfItem.h"
 #include "ShelfLibrary.h"
 
 #include <QtQml/qqml.h>
 
 namespace perchly {
+
+struct InstalledApplicationsForeign {
+    Q_GADGET
+    QML_FOREIGN(perchly::InstalledApplications)
+    QML_NAMED_ELEMENT(InstalledApplications)
+};
 
 struct ShelfItemForeign {
     Q_GADGET

@@ -78,6 +78,11 @@ FocusScope {
         target: Theme
         value: root.motion.reduced
     }
+    Binding {
+        property: "accent"
+        target: Theme
+        value: root.accentColor
+    }
 
     CompactStatus {
         id: status
