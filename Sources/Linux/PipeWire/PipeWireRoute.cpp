@@ -13,9 +13,12 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// How long the session manager may take to connect the route's ends before the process is sent
-/// there all the same.
-constexpr auto patience = 300ms;
+/// How often, and at most how many times, it is looked whether the route's ends run already.
+constexpr auto look = 10ms;
+constexpr int looks = 50;
+
+/// How long the ends are kept running until the process' streams have come.
+constexpr auto priming = 500ms;
 
 /// A route has one of each.
 constexpr AudioObject tapObject = 1;
@@ -31,9 +34,11 @@ struct PipeWireSource : AudioSourceNode {
 PipeWireRoute::PipeWireRoute(PipeWireConnection &connection, AudioGraph &graph)
     : m_connection(connection)
     , m_graph(graph) {
-    m_patience.setSingleShot(true);
-    m_patience.setInterval(patience);
-    connect(&m_patience, &QTimer::timeout, this, &PipeWireRoute::send);
+    m_looking.setInterval(look);
+    connect(&m_looking, &QTimer::timeout, this, &PipeWireRoute::sendWhenItRuns);
+    m_priming.setSingleShot(true);
+    m_priming.setInterval(priming);
+    connect(&m_priming, &QTimer::timeout, this, [this] { m_streams->closePrimer(); });
     connect(&graph, &AudioGraph::moverLost, this, &PipeWireRoute::interrupt);
 }
 
@@ -99,23 +104,19 @@ AudioStatus PipeWireRoute::startDevice(AudioObject, IoProcId) {
     m_streams->cycle().open();
     m_move = std::make_unique<ProcessMove>(m_graph, m_process, m_streams->name());
     connect(m_move.get(), &ProcessMove::takenOver, this, &PipeWireRoute::interrupt);
-    connect(&m_graph, &AudioGraph::wiringChanged, this, &PipeWireRoute::sendWhenOpen);
-    m_patience.start();
-    sendWhenOpen();
+    m_streams->openPrimer();
+    m_looks = 0;
+    m_looking.start();
     return noAudioError;
 }
 
-void PipeWireRoute::sendWhenOpen() {
-    const GraphWiring &wiring = m_graph.wiring();
-    if (wiring.hasPorts(m_streams->captureNode()) && wiring.feeds(m_streams->playbackNode())) {
-        send();
+void PipeWireRoute::sendWhenItRuns() {
+    if (m_streams->cycle().cycles() < 2 && ++m_looks < looks) {
+        return;
     }
-}
-
-void PipeWireRoute::send() {
-    m_patience.stop();
-    disconnect(&m_graph, &AudioGraph::wiringChanged, this, nullptr);
+    m_looking.stop();
     m_move->begin();
+    m_priming.start();
 }
 
 void PipeWireRoute::interrupt() {
@@ -125,9 +126,10 @@ void PipeWireRoute::interrupt() {
 }
 
 void PipeWireRoute::stopDevice(AudioObject, IoProcId) {
-    m_patience.stop();
-    disconnect(&m_graph, &AudioGraph::wiringChanged, this, nullptr);
+    m_looking.stop();
+    m_priming.stop();
     if (m_move) {
+        m_streams->closePrimer();
         m_move->undo();
     }
 }

@@ -15,7 +15,7 @@ class PipeWireConnection;
 
 /// One route through PipeWire. The tap is the wish to capture a process; the device is a sink to
 /// which the process' streams are sent when it starts; the engine is the stream that plays.
-/// The streams are sent only when the whole way is open, so that nothing is lost on it.
+/// The streams are sent only when the whole way runs, so that nothing is lost on it.
 class PipeWireRoute : public QObject, public AudioRoute, public AudioEngine {
     Q_OBJECT
 public:
@@ -54,8 +54,7 @@ Q_SIGNALS:
     void stopped();
 
 private:
-    void sendWhenOpen();
-    void send();
+    void sendWhenItRuns();
     void interrupt();
 
     PipeWireConnection &m_connection;
@@ -63,7 +62,9 @@ private:
     AudioObject m_process = 0;
     std::shared_ptr<RouteStreams> m_streams;
     std::unique_ptr<ProcessMove> m_move;
-    QTimer m_patience;
+    QTimer m_looking;
+    int m_looks = 0;
+    QTimer m_priming;
     bool m_isStarted = false; ///< the engine
 };
 
