@@ -13,9 +13,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// How often, and at most how many times, it is looked whether the route's ends run already.
-constexpr auto look = 10ms;
-constexpr int looks = 50;
+/// How long the route's ends may take until they run before the process is sent there all the same.
+constexpr auto patience = 500ms;
 
 /// How long the ends are kept running until the process' streams have come.
 constexpr auto priming = 500ms;
@@ -34,8 +33,9 @@ struct PipeWireSource : AudioSourceNode {
 PipeWireRoute::PipeWireRoute(PipeWireConnection &connection, AudioGraph &graph)
     : m_connection(connection)
     , m_graph(graph) {
-    m_looking.setInterval(look);
-    connect(&m_looking, &QTimer::timeout, this, &PipeWireRoute::sendWhenItRuns);
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(patience);
+    connect(&m_patience, &QTimer::timeout, this, &PipeWireRoute::send);
     m_priming.setSingleShot(true);
     m_priming.setInterval(priming);
     connect(&m_priming, &QTimer::timeout, this, [this] { m_streams->closePrimer(); });
@@ -81,12 +81,13 @@ AudioStatus PipeWireRoute::readTapFormat(AudioObject, StreamFormat &format) {
 
 AudioStatus PipeWireRoute::createDevice(const AggregateDescription &description,
                                         AudioObject &device) {
+    if (m_connection.core() == nullptr) {
+        return -ENOTCONN;
+    }
     m_streams = std::make_shared<RouteStreams>(m_connection, description.uid, description.name);
     const AudioStatus status = m_streams->openCapture();
     if (status == noAudioError) {
         device = deviceObject;
-    } else {
-        m_streams.reset();
     }
     return status;
 }
@@ -104,17 +105,14 @@ AudioStatus PipeWireRoute::startDevice(AudioObject, IoProcId) {
     m_streams->cycle().open();
     m_move = std::make_unique<ProcessMove>(m_graph, m_process, m_streams->name());
     connect(m_move.get(), &ProcessMove::takenOver, this, &PipeWireRoute::interrupt);
-    m_streams->openPrimer();
-    m_looks = 0;
-    m_looking.start();
+    m_patience.start();
+    m_streams->openPrimer([this] { send(); });
     return noAudioError;
 }
 
-void PipeWireRoute::sendWhenItRuns() {
-    if (m_streams->cycle().cycles() < 2 && ++m_looks < looks) {
-        return;
-    }
-    m_looking.stop();
+void PipeWireRoute::send() {
+    m_patience.stop();
+    m_streams->ignorePrimer();
     m_move->begin();
     m_priming.start();
 }
@@ -126,23 +124,18 @@ void PipeWireRoute::interrupt() {
 }
 
 void PipeWireRoute::stopDevice(AudioObject, IoProcId) {
-    m_looking.stop();
+    m_patience.stop();
     m_priming.stop();
     if (m_move) {
-        m_streams->closePrimer();
+        m_streams->ignorePrimer();
         m_move->undo();
-    }
-}
-
-void PipeWireRoute::destroyDevice(AudioObject) {
-    if (!m_move) {
-        m_streams.reset();
     }
 }
 
 void PipeWireRoute::destroyTap(AudioObject) {
     m_process = 0;
-    if (std::exchange(m_move, nullptr) && m_streams) {
+    m_move.reset();
+    if (m_streams) {
         Q_EMIT retired(std::exchange(m_streams, nullptr));
     }
 }

@@ -32,7 +32,7 @@ public:
     [[nodiscard]] AudioStatus startDevice(AudioObject device, IoProcId io) override;
     void stopDevice(AudioObject device, IoProcId io) override;
     void destroyIo(AudioObject, IoProcId) override {}
-    void destroyDevice(AudioObject device) override;
+    void destroyDevice(AudioObject) override {}
     void destroyTap(AudioObject tap) override;
     [[nodiscard]] AudioEngine &engine() override { return *this; }
 
@@ -48,13 +48,14 @@ public:
     [[nodiscard]] bool isRunning() const override;
 
 Q_SIGNALS:
-    /// The streams are still needed until the session manager has sent the process' own back.
+    /// The streams are still needed until the session manager has sent the process' own back, and
+    /// the server has said everything about them.
     void retired(std::shared_ptr<perchly::RouteStreams> streams);
     /// isRunning() has turned false by itself. May come from within a callback of the connection.
     void stopped();
 
 private:
-    void sendWhenItRuns();
+    void send();
     void interrupt();
 
     PipeWireConnection &m_connection;
@@ -62,8 +63,7 @@ private:
     AudioObject m_process = 0;
     std::shared_ptr<RouteStreams> m_streams;
     std::unique_ptr<ProcessMove> m_move;
-    QTimer m_looking;
-    int m_looks = 0;
+    QTimer m_patience;
     QTimer m_priming;
     bool m_isStarted = false; ///< the engine
 };

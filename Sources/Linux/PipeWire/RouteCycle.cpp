@@ -1,6 +1,7 @@
 #include "RouteCycle.h"
 
 #include "AudioRing.h"
+#include "LoopEvent.h"
 #include "StreamBuffer.h"
 
 #include <algorithm>
@@ -66,7 +67,9 @@ void RouteCycle::play(pw_stream *output) {
     m_render(isSilence, stamp(m_played), frames, &list.list);
     m_played = std::min(m_captured, m_played + frames);
     m_hasPlayed = true;
-    m_cycles.fetch_add(1, std::memory_order_relaxed);
+    if (++m_cycles == 2) {
+        m_running->signal();
+    }
 }
 
 /// What was captured while nothing played would be heard late for ever after.

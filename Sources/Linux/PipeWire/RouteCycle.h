@@ -9,6 +9,8 @@
 
 namespace perchly {
 
+class LoopEvent;
+
 /// What the real-time thread does in each cycle of the server's graph: what was captured goes to
 /// the capture block, and then, within the same cycle, the render block fills what is played.
 class RouteCycle {
@@ -17,12 +19,12 @@ public:
     void setCapture(CaptureBlock capture) { m_capture = std::move(capture); }
     void setRender(RenderBlock render) { m_render = std::move(render); }
     void setOutput(pw_stream *output) { m_output = output; }
+    /// Signalled right after the second cycle that went through: the ends run then, and it is a
+    /// whole cycle until the next one.
+    void setRunning(LoopEvent *running) { m_running = running; }
 
     /// Lets the blocks be called from now on. Until then nothing is captured and silence played.
     void open() { m_isOpen.store(true, std::memory_order_release); }
-
-    /// How many cycles have gone through since then. Any thread.
-    [[nodiscard]] std::uint32_t cycles() const { return m_cycles.load(std::memory_order_relaxed); }
 
     // The real-time thread, when the source has frames, and when the output wants some. They wait
     // for nothing and allocate nothing.
@@ -37,7 +39,8 @@ private:
     RenderBlock m_render;
     pw_stream *m_output = nullptr;
     std::atomic<bool> m_isOpen = false;
-    std::atomic<std::uint32_t> m_cycles = 0;
+    LoopEvent *m_running = nullptr;
+    std::uint64_t m_cycles = 0;
     std::uint64_t m_captured = 0; ///< frames
     std::uint64_t m_played = 0;   ///< frames, those dropped too
     bool m_hasPlayed = false;     ///< since the last capture

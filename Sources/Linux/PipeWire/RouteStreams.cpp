@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 namespace perchly {
 
@@ -43,7 +44,14 @@ RouteStreams::RouteStreams(PipeWireConnection &connection, const QString &uid,
     : m_connection(connection)
     , m_uid(uid)
     , m_name(QStringLiteral("perchly.") + uid)
-    , m_description(description) {}
+    , m_description(description)
+    , m_running(connection.loop(), [this] {
+        if (const auto tell = std::exchange(m_whenRunning, nullptr)) {
+            tell();
+        }
+    }) {
+    m_cycle.setRunning(&m_running);
+}
 
 RouteStreams::~RouteStreams() = default;
 
@@ -99,7 +107,8 @@ QString RouteStreams::openPlayback() {
     return QStringLiteral("The audio output cannot be opened: %1.").arg(reason);
 }
 
-void RouteStreams::openPrimer() {
+void RouteStreams::openPrimer(std::function<void()> running) {
+    m_whenRunning = std::move(running);
     pw_properties *made = properties(m_name + QStringLiteral(".primer"));
     set(made, PW_KEY_TARGET_OBJECT, m_name);
     set(made, PW_KEY_NODE_DONT_RECONNECT, QStringLiteral("true"));

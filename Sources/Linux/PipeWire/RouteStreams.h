@@ -1,10 +1,12 @@
 #pragma once
 
+#include "LoopEvent.h"
 #include "RouteCycle.h"
 #include "StereoStream.h"
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 namespace perchly {
@@ -29,8 +31,11 @@ public:
 
     /// Plays silence into the sink, so that both ends run before anything is sent there: a stream
     /// that is sent to an end at rest is cut for two cycles.
-    void openPrimer();
+    /// Tells when they run, from within a callback of the connection.
+    void openPrimer(std::function<void()> running);
     void closePrimer() { m_primer.reset(); }
+    /// Nobody waits for it any more.
+    void ignorePrimer() { m_whenRunning = nullptr; }
 
     /// The sink's, by which streams are sent there.
     [[nodiscard]] QString name() const { return m_name; }
@@ -50,6 +55,8 @@ private:
     QString m_name;
     QString m_description;
     RouteCycle m_cycle;
+    std::function<void()> m_whenRunning;
+    LoopEvent m_running;
     std::unique_ptr<StereoStream> m_playback;
     std::unique_ptr<StereoStream> m_capture; // goes before the other one, which it triggers
     std::unique_ptr<StereoStream> m_primer;

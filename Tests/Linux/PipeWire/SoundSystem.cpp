@@ -1,11 +1,11 @@
 #include "SoundSystem.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QTest>
 
 #include <cmath>
-#include <csignal>
 #include <numbers>
 #include <vector>
 
@@ -54,47 +54,69 @@ QString toneFile() {
 
 } // namespace
 
-Player::Player(const QString &program, const QStringList &arguments) {
-    QStringList all = arguments;
-    if (program == QStringLiteral("pw-cat")) {
-        all.prepend(QStringLiteral("--playback"));
-    }
+Program::Program(const QString &program, const QStringList &arguments) {
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_process.start(program, all + QStringList{toneFile()});
+    m_process.start(program, arguments);
     if (!m_process.waitForStarted()) {
         qFatal("%s does not start", qPrintable(program));
     }
 }
 
-Player::~Player() {
-    end();
+Program::~Program() {
+    kill();
 }
 
-void Player::pause() const {
-    ::kill(pid(), SIGSTOP);
+void Program::tell(const char *text) {
+    m_process.write(text);
+    m_process.waitForBytesWritten();
 }
 
-void Player::resume() const {
-    ::kill(pid(), SIGCONT);
+bool Program::waitForWord() {
+    return QTest::qWaitFor([this] { return m_process.canReadLine(); }, 10000);
 }
 
-void Player::end() {
+void Program::quit() {
+    m_process.closeWriteChannel();
+    m_process.waitForFinished();
+}
+
+void Program::kill() {
     m_process.kill();
     m_process.waitForFinished();
+}
+
+std::unique_ptr<Program> pulsePlayer() {
+    return std::make_unique<Program>(QStringLiteral("paplay"), QStringList{toneFile()});
+}
+
+std::unique_ptr<Program> nativePlayer(const QStringList &arguments) {
+    auto player = std::make_unique<Program>(
+        QCoreApplication::applicationDirPath() + QStringLiteral("/TonePlayer"), arguments);
+    player->tell("+");
+    return player;
+}
+
+std::unique_ptr<Program> routeOwner(const Program &player) {
+    return std::make_unique<Program>(QCoreApplication::applicationDirPath() +
+                                         QStringLiteral("/RouteOwner"),
+                                     QStringList{QString::number(player.pid())});
 }
 
 QString told(const QString &program, const QStringList &arguments) {
     QProcess process;
     process.start(program, arguments);
-    if (!process.waitForFinished(5000)) {
+    // The program under test goes on meanwhile, as other programs wait for its streams.
+    if (!QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 5000)) {
         qWarning("%s does not answer", qPrintable(program));
     }
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
-QStringList tracesOfRoutes() {
-    const QString all = told(QStringLiteral("pw-dump"), {});
-    return all.split(u'\n').filter(QStringLiteral("perchly."));
+QString tracesOfRoutes() {
+    const QStringList lines = told(QStringLiteral("pw-dump"), {}).split(u'\n');
+    return (lines.filter(QStringLiteral("perchly.")) +
+            lines.filter(QStringLiteral("target.object")))
+        .join(u'\n');
 }
 
 SoundSystem::SoundSystem() {
@@ -125,7 +147,7 @@ AudioObject SoundSystem::waitForProcess(std::int32_t pid) const {
     return plays ? found->object : 0;
 }
 
-std::shared_ptr<TapPlayback> SoundSystem::route(const Player &player) {
+std::shared_ptr<TapPlayback> SoundSystem::route(const Program &player) {
     return std::make_shared<TapPlayback>(system, waitForProcess(player.pid()));
 }
 

@@ -14,28 +14,39 @@ namespace perchly {
 /// Amplitude of the tone that players play.
 constexpr float toneLevel = 0.25F;
 
-/// A program that plays a tone through PipeWire ("pw-cat") or its PulseAudio server ("paplay").
-class Player {
+/// A program that a test has started. It ends with this.
+class Program {
 public:
-    explicit Player(const QString &program, const QStringList &arguments = {});
-    ~Player();
-    Q_DISABLE_COPY_MOVE(Player)
+    Program(const QString &program, const QStringList &arguments);
+    ~Program();
+    Q_DISABLE_COPY_MOVE(Program)
 
     [[nodiscard]] std::int32_t pid() const { return std::int32_t(m_process.processId()); }
-    void pause() const;
-    void resume() const;
-    /// Ends it at once.
-    void end();
+    /// Writes to its standard input.
+    void tell(const char *text);
+    /// Waits for a line of its standard output.
+    [[nodiscard]] bool waitForWord();
+    /// Ends its standard input and waits for it.
+    void quit();
+    /// kill -9.
+    void kill();
 
 private:
     QProcess m_process;
 };
 
+/// A PulseAudio client that plays the tone.
+std::unique_ptr<Program> pulsePlayer();
+/// A native client that plays the tone through one stream; see TonePlayer.cpp.
+std::unique_ptr<Program> nativePlayer(const QStringList &arguments = {});
+/// A program that mutes another one; see RouteOwner.cpp.
+std::unique_ptr<Program> routeOwner(const Program &player);
+
 /// Runs a tool of the sound system and answers with what it said.
 QString told(const QString &program, const QStringList &arguments);
 
-/// The nodes, metadata entries and links that bear the program's name.
-QStringList tracesOfRoutes();
+/// What the sound system knows about routes: nodes, links and where streams were sent.
+QString tracesOfRoutes();
 
 /// The audio system under test, started and complete.
 class SoundSystem {
@@ -45,7 +56,7 @@ public:
     [[nodiscard]] std::optional<AudioProcess> process(std::int32_t pid) const;
     /// 0 if the process does not play within a while.
     [[nodiscard]] AudioObject waitForProcess(std::int32_t pid) const;
-    [[nodiscard]] std::shared_ptr<TapPlayback> route(const Player &player);
+    [[nodiscard]] std::shared_ptr<TapPlayback> route(const Program &player);
 
     PipeWireAudioSystem system;
 };
