@@ -20,24 +20,19 @@ stop() {
             rm "$folder/$name.pid"
         fi
     done
+    rm -f "$XDG_RUNTIME_DIR/pipewire-0" "$XDG_RUNTIME_DIR/pulse/native"
 }
 
-start() {
-    for name in pipewire wireplumber pipewire-pulse; do
-        "$name" >>"$folder/$name.log" 2>&1 </dev/null &
-        echo $! >"$folder/$name.pid"
-        disown
-    done
+launch() {
+    "$1" >>"$folder/$1.log" 2>&1 </dev/null &
+    echo $! >"$folder/$1.pid"
+    disown
 }
 
-is_ready() {
-    pw-metadata -n default 0 default.audio.sink 2>/dev/null | grep -q '"first"' &&
-        pactl info >/dev/null 2>&1
-}
-
-wait_until_ready() {
+# Tries for ten seconds.
+eventually() {
     for _ in $(seq 200); do
-        is_ready && return 0
+        "$@" && return 0
         sleep 0.05
     done
     echo "with-pipewire: the sound system did not start" >&2
@@ -45,10 +40,22 @@ wait_until_ready() {
     exit 1
 }
 
+start() {
+    launch pipewire
+    eventually test -S "$XDG_RUNTIME_DIR/pipewire-0"
+    launch wireplumber
+    launch pipewire-pulse
+}
+
+is_ready() {
+    pw-metadata -n default 0 default.audio.sink 2>/dev/null | grep -q '"first"' &&
+        pactl info >/dev/null 2>&1
+}
+
 case $1 in
 stop) stop ;;
 start) start ;;
-wait) wait_until_ready ;;
+wait) eventually is_ready ;;
 run)
     shift
     mkdir -p "$folder" "$XDG_CONFIG_HOME/pipewire/pipewire.conf.d"
@@ -67,7 +74,7 @@ CONF
     trap stop EXIT
     trap 'exit 143' HUP INT TERM
     start
-    wait_until_ready
+    eventually is_ready
     status=0
     "$@" || status=$?
     exit "$status"

@@ -3,6 +3,8 @@
 #include "AudioGraph.h"
 #include "PipeWireConnection.h"
 
+#include <QPointer>
+
 #include <algorithm>
 #include <cerrno>
 #include <utility>
@@ -16,8 +18,8 @@ namespace {
 /// How long the route's ends may take until they run before the process is sent there all the same.
 constexpr auto patience = 500ms;
 
-/// How long the ends are kept running until the process' streams have come.
-constexpr auto priming = 500ms;
+/// How long the sink runs all the same until the process' streams have come.
+constexpr auto arrival = 1s;
 
 /// A route has one of each.
 constexpr AudioObject tapObject = 1;
@@ -35,10 +37,13 @@ PipeWireRoute::PipeWireRoute(PipeWireConnection &connection, AudioGraph &graph)
     , m_graph(graph) {
     m_patience.setSingleShot(true);
     m_patience.setInterval(patience);
-    connect(&m_patience, &QTimer::timeout, this, &PipeWireRoute::send);
-    m_priming.setSingleShot(true);
-    m_priming.setInterval(priming);
-    connect(&m_priming, &QTimer::timeout, this, [this] { m_streams->closePrimer(); });
+    connect(&m_patience, &QTimer::timeout, this, [this] {
+        m_move->begin();
+        m_arrival.start();
+    });
+    m_arrival.setSingleShot(true);
+    m_arrival.setInterval(arrival);
+    connect(&m_arrival, &QTimer::timeout, this, [this] { m_streams->rest(); });
     connect(&graph, &AudioGraph::moverLost, this, &PipeWireRoute::interrupt);
 }
 
@@ -84,7 +89,12 @@ AudioStatus PipeWireRoute::createDevice(const AggregateDescription &description,
     if (m_connection.core() == nullptr) {
         return -ENOTCONN;
     }
-    m_streams = std::make_shared<RouteStreams>(m_connection, description.uid, description.name);
+    m_streams = std::make_shared<RouteStreams>(m_connection, description.uid, description.name,
+                                               [self = QPointer(this)] {
+                                                   if (self) {
+                                                       self->send();
+                                                   }
+                                               });
     const AudioStatus status = m_streams->openCapture();
     if (status == noAudioError) {
         device = deviceObject;
@@ -106,15 +116,15 @@ AudioStatus PipeWireRoute::startDevice(AudioObject, IoProcId) {
     m_move = std::make_unique<ProcessMove>(m_graph, m_process, m_streams->name());
     connect(m_move.get(), &ProcessMove::takenOver, this, &PipeWireRoute::interrupt);
     m_patience.start();
-    m_streams->openPrimer([this] { send(); });
     return noAudioError;
 }
 
 void PipeWireRoute::send() {
-    m_patience.stop();
-    m_streams->ignorePrimer();
-    m_move->begin();
-    m_priming.start();
+    if (m_patience.isActive()) {
+        m_patience.stop();
+        m_move->begin();
+        m_arrival.start();
+    }
 }
 
 void PipeWireRoute::interrupt() {
@@ -125,9 +135,8 @@ void PipeWireRoute::interrupt() {
 
 void PipeWireRoute::stopDevice(AudioObject, IoProcId) {
     m_patience.stop();
-    m_priming.stop();
+    m_arrival.stop();
     if (m_move) {
-        m_streams->ignorePrimer();
         m_move->undo();
     }
 }

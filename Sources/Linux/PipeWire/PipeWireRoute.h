@@ -64,7 +64,7 @@ private:
     std::shared_ptr<RouteStreams> m_streams;
     std::unique_ptr<ProcessMove> m_move;
     QTimer m_patience;
-    QTimer m_priming;
+    QTimer m_arrival;
     bool m_isStarted = false; ///< the engine
 };
 

@@ -9,7 +9,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto look = 100ms;
-constexpr auto rest = 300ms;
+constexpr auto rest = 400ms;
 constexpr auto limit = 2s;
 
 } // namespace
@@ -31,11 +31,8 @@ void RetiredStreams::add(std::shared_ptr<RouteStreams> streams) {
 void RetiredStreams::drop() {
     std::erase_if(m_retired, [this](const Retired &retired) {
         const auto age = std::chrono::milliseconds(retired.time.elapsed());
-        if (age >= rest) {
-            retired.streams->closePrimer();
-        }
         return !retired.streams->isIntact() || age >= limit ||
-               (age >= rest + look && !m_graph.wiring().isFed(retired.streams->captureNode()));
+               (age >= rest && !m_graph.wiring().isFed(retired.streams->captureNode()));
     });
     if (m_retired.empty()) {
         m_timer.stop();

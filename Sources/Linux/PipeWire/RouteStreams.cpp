@@ -1,9 +1,7 @@
 #include "RouteStreams.h"
 
 #include "PipeWireConnection.h"
-#include "StreamBuffer.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <utility>
@@ -24,15 +22,6 @@ void play(void *cycle, pw_stream *stream) {
     static_cast<RouteCycle *>(cycle)->play(stream);
 }
 
-void playSilence(void *, pw_stream *stream) {
-    StreamBuffer buffer(stream);
-    if (buffer) {
-        buffer.setFrames(buffer.wantedFrames());
-        std::fill_n(buffer.samples(0), buffer.frames(), 0.0F);
-        std::fill_n(buffer.samples(1), buffer.frames(), 0.0F);
-    }
-}
-
 void set(pw_properties *properties, const char *key, const QString &value) {
     pw_properties_set(properties, key, value.toUtf8().constData());
 }
@@ -40,16 +29,12 @@ void set(pw_properties *properties, const char *key, const QString &value) {
 } // namespace
 
 RouteStreams::RouteStreams(PipeWireConnection &connection, const QString &uid,
-                           const QString &description)
+                           const QString &description, std::function<void()> running)
     : m_connection(connection)
     , m_uid(uid)
     , m_name(QStringLiteral("perchly.") + uid)
     , m_description(description)
-    , m_running(connection.loop(), [this] {
-        if (const auto tell = std::exchange(m_whenRunning, nullptr)) {
-            tell();
-        }
-    }) {
+    , m_running(connection.loop(), std::move(running)) {
     m_cycle.setRunning(&m_running);
 }
 
@@ -81,6 +66,8 @@ AudioStatus RouteStreams::openCapture() {
     set(made, PW_KEY_NODE_AUTOCONNECT, QStringLiteral("false"));
     set(made, PW_KEY_NODE_VIRTUAL, QStringLiteral("true"));
     set(made, PW_KEY_PRIORITY_SESSION, QStringLiteral("0"));
+    // A stream that is sent to a sink at rest is cut for two cycles.
+    set(made, PW_KEY_NODE_ALWAYS_PROCESS, QStringLiteral("true"));
     m_capture = make(made, {capture, &m_cycle});
     const int status = m_capture->open(PW_DIRECTION_INPUT, 0);
     return status < 0 ? status : m_capture->waitUntilMade(openingLimit);
@@ -107,14 +94,11 @@ QString RouteStreams::openPlayback() {
     return QStringLiteral("The audio output cannot be opened: %1.").arg(reason);
 }
 
-void RouteStreams::openPrimer(std::function<void()> running) {
-    m_whenRunning = std::move(running);
-    pw_properties *made = properties(m_name + QStringLiteral(".primer"));
-    set(made, PW_KEY_TARGET_OBJECT, m_name);
-    set(made, PW_KEY_NODE_DONT_RECONNECT, QStringLiteral("true"));
-    m_primer = make(made, {playSilence, nullptr});
-    if (m_primer->open(PW_DIRECTION_OUTPUT, PW_STREAM_FLAG_AUTOCONNECT) < 0) {
-        m_primer.reset();
+void RouteStreams::rest() {
+    if (m_capture->handle() != nullptr) {
+        const spa_dict_item item{PW_KEY_NODE_ALWAYS_PROCESS, "false"};
+        const spa_dict changes{.flags = 0, .n_items = 1, .items = &item};
+        pw_stream_update_properties(m_capture->handle(), &changes);
     }
 }
 

@@ -17,8 +17,10 @@ class PipeWireConnection;
 /// what it captured to the default output within the same cycle. Main thread only.
 class RouteStreams {
 public:
-    /// The identifier is the route's own, the description for the person.
-    RouteStreams(PipeWireConnection &connection, const QString &uid, const QString &description);
+    /// The identifier is the route's own, the description for the person. Tells once when the two
+    /// run, from within a callback of the connection. Needs a connection.
+    RouteStreams(PipeWireConnection &connection, const QString &uid, const QString &description,
+                 std::function<void()> running);
     ~RouteStreams();
 
     /// What the real-time thread does. Once it is open, it is left alone.
@@ -29,13 +31,8 @@ public:
     /// The same. Empty when it plays, else why not.
     [[nodiscard]] QString openPlayback();
 
-    /// Plays silence into the sink, so that both ends run before anything is sent there: a stream
-    /// that is sent to an end at rest is cut for two cycles.
-    /// Tells when they run, from within a callback of the connection.
-    void openPrimer(std::function<void()> running);
-    void closePrimer() { m_primer.reset(); }
-    /// Nobody waits for it any more.
-    void ignorePrimer() { m_whenRunning = nullptr; }
+    /// Lets the sink stop whenever nothing is sent there. Until then it runs all the time.
+    void rest();
 
     /// The sink's, by which streams are sent there.
     [[nodiscard]] QString name() const { return m_name; }
@@ -55,11 +52,9 @@ private:
     QString m_name;
     QString m_description;
     RouteCycle m_cycle;
-    std::function<void()> m_whenRunning;
     LoopEvent m_running;
     std::unique_ptr<StereoStream> m_playback;
     std::unique_ptr<StereoStream> m_capture; // goes before the other one, which it triggers
-    std::unique_ptr<StereoStream> m_primer;
 };
 
 } // namespace perchly

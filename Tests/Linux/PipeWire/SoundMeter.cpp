@@ -113,14 +113,14 @@ std::vector<float> SoundMeter::heard() const {
     return m_heard;
 }
 
-std::size_t SoundMeter::brokenSamples() const {
-    constexpr std::size_t period = 100;
-    const std::vector<float> samples = heard();
-    std::size_t broken = 0;
-    for (std::size_t index = period; index < samples.size(); ++index) {
-        broken += std::abs(samples[index] - samples[index - period]) > 1e-3F ? 1 : 0;
+std::size_t SoundMeter::longestSilence() const {
+    std::size_t longest = 0;
+    std::size_t length = 0;
+    for (const float sample : heard()) {
+        length = std::abs(sample) < 1e-5F ? length + 1 : 0;
+        longest = std::max(longest, length);
     }
-    return broken;
+    return longest;
 }
 
 } // namespace perchly

@@ -26,8 +26,8 @@ public:
     void clear();
     /// What was heard since.
     [[nodiscard]] std::vector<float> heard() const;
-    /// How many samples of what was heard since are not those of one unbroken tone of 480 Hz.
-    [[nodiscard]] std::size_t brokenSamples() const;
+    /// Frames of silence in a row among what was heard since, at most.
+    [[nodiscard]] std::size_t longestSilence() const;
 
 private:
     static void listen(void *data);

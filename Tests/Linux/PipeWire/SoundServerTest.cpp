@@ -51,7 +51,7 @@ private Q_SLOTS:
     void fiftyRoundsLeaveNothingBehind();
     void aFrozenServerHoldsNobodyUp();
     void withoutAServerThereIsNothing();
-    void hundredsOfStreamsAreListed();
+    void aHundredStreamsAreListed();
 };
 
 void SoundServerTest::cleanup() {
@@ -254,28 +254,26 @@ void SoundServerTest::withoutAServerThereIsNothing() {
     QVERIFY_THROWS_EXCEPTION(MixerError, TapPlayback(system, 1));
 }
 
-void SoundServerTest::hundredsOfStreamsAreListed() {
+void SoundServerTest::aHundredStreamsAreListed() {
     SoundSystem sound;
     std::vector<std::unique_ptr<Program>> players;
     const qsizetype before = sound.system.processes()->size();
     for (int count = 0; count < 4; ++count) {
         players.push_back(nativePlayer());
-        players.back()->tell(QByteArray(50, 'o').constData());
-    }
-    for (const auto &player : players) {
-        QVERIFY(sound.waitForProcess(player->pid()) != 0);
+        QVERIFY(sound.waitForProcess(players.back()->pid()) != 0);
+        players.back()->tell(QByteArray(25, 'o').constData());
     }
     QTRY_COMPARE(sound.system.processes()->size(), before + 4);
     QTRY_VERIFY_WITH_TIMEOUT(
         told(QStringLiteral("pw-cli"), {QStringLiteral("list-objects"), QStringLiteral("Node")})
-                .count(QStringLiteral("Stream/Output/Audio")) >= 204,
+                .count(QStringLiteral("Stream/Output/Audio")) > 100,
         10000);
     const auto route = sound.route(*players.front());
     QTest::qWait(500);
     QVERIFY(route->isRunning());
     route->stop();
     players.clear();
-    QTRY_COMPARE(sound.system.processes()->size(), before);
+    QTRY_COMPARE_WITH_TIMEOUT(sound.system.processes()->size(), before, 15000);
 }
 
 QTEST_GUILESS_MAIN(SoundServerTest)

@@ -114,8 +114,8 @@ QString told(const QString &program, const QStringList &arguments) {
 
 QString tracesOfRoutes() {
     const QStringList lines = told(QStringLiteral("pw-dump"), {}).split(u'\n');
-    return (lines.filter(QStringLiteral("perchly.")) +
-            lines.filter(QStringLiteral("target.object")))
+    return (lines.filter(QStringLiteral("\"node.name\": \"perchly.")) +
+            lines.filter(QStringLiteral("\"key\": \"target.object\"")))
         .join(u'\n');
 }
 
