@@ -8,10 +8,12 @@
 #include "JsonPreferences.h"
 #include "NullAudio.h"
 #include "NullHosts.h"
+#include "PipeWireAudioSystem.h"
 #include "PortalMotion.h"
 #include "ProcessScriptHost.h"
 #include "QtClock.h"
 #include "QtKeyMonitor.h"
+#include "RunningApplications.h"
 #include "SessionBus.h"
 #include "TrayStatusItem.h"
 #include "X11Displays.h"
@@ -89,6 +91,7 @@ void addDesktop(Hosts &hosts) {
     hosts.scriptHost = scriptHost();
     hosts.playerNotifications = std::make_unique<BusPlayerNotifications>();
     hosts.musicPlayer = std::make_unique<DefaultMusicPlayer>(*hosts.applications);
+    hosts.audio = std::make_unique<PipeWireAudioSystem>(findRunningApplication);
 }
 
 void addWindowSystem(Hosts &hosts) {
