@@ -31,6 +31,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
+constexpr const char *busVariable = "DBUS_SESSION_BUS_ADDRESS";
+
 bool wantsNullHosts() {
     return qEnvironmentVariable("PERCHLY_HOSTS") == QStringLiteral("null");
 }
@@ -108,9 +110,21 @@ void addWindowSystem(Hosts &hosts) {
 
 } // namespace
 
-void disableSilentBus() {
+SilentBusScreen::SilentBusScreen() {
     if (!sessionbus::answers(1s)) {
-        qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+        m_address = qgetenv(busVariable);
+        qputenv(busVariable, "disabled:");
+    }
+}
+
+SilentBusScreen::~SilentBusScreen() {
+    if (m_address) {
+        static_cast<void>(QDBusConnection::sessionBus()); // looked for now, and never again
+        if (m_address->isNull()) {
+            qunsetenv(busVariable);
+        } else {
+            qputenv(busVariable, *m_address);
+        }
     }
 }
 

@@ -292,7 +292,7 @@ void MediaControlTest::aPlayerOutsideTheSessionIsTold() {
     QCOMPARE(run.arguments,
              (QStringList{QStringLiteral("-e"), playerScript(QStringLiteral("com.spotify.client"),
                                                              QStringLiteral("playpause"))}));
-    QVERIFY(!run.limit);
+    QVERIFY(run.limit == 15s);
     if (output) {
         fixture.fake.scriptHost.answer(*output);
     } else {

@@ -31,7 +31,10 @@ std::vector<Player> players(const Looks &looks) {
 QString shown(const PlayerMemory &memory) {
     QString text;
     for (const RememberedPlayer &player : memory) {
-        text += (player.playing ? u'+' : u'-') + QString::fromStdString(player.busName);
+        text += QLatin1StringView(player.held      ? "="
+                                  : player.playing ? "+"
+                                                   : "-") +
+                QString::fromStdString(player.busName);
     }
     return text;
 }
@@ -67,6 +70,11 @@ void SessionOwnerTest::remembersAndChooses_data() {
         {{"a", 'h'}, {"b", 'p'}}, "-a+b", "b");
     row("and is the owner again when nothing plays", {{"a", false}, {"b", true}},
         {{"a", 'h'}, {"b", 'h'}}, "-a-b", "a");
+    row("but one that we paused stays the owner", {{"a", true, true}, {"b", true}},
+        {{"a", 'h'}, {"b", 'p'}}, "=a+b", "a");
+    row("until another begins to play", {{"a", false, true}, {"b", false}},
+        {{"a", 'h'}, {"b", 'p'}}, "+b-a", "b");
+    row("or it stops", {{"a", false, true}, {"b", true}}, {{"a", 's'}, {"b", 'p'}}, "-a+b", "b");
     row("a new paused one comes last", {{"b", false}}, {{"a", 'h'}, {"b", 'h'}}, "-b-a", "b");
     row("one that has gone is forgotten", {{"a", true}, {"b", true}}, {{"b", 'p'}}, "+b", "b");
     row("one without a title never owns it", {{"a", true}}, {{"a", 'u'}, {"b", 'h'}}, "-a-b", "b");

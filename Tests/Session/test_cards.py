@@ -6,6 +6,7 @@ import time
 from Xlib import X
 
 from perchly_session.case import SessionCase, main
+from perchly_session.players import ScriptedPlayer
 from perchly_session.waiting import wait_until, wait_while
 
 STRIP_STEP = 230  # from ten entries' first page to their last
@@ -161,6 +162,21 @@ class CardsTest(SessionCase):
         self.screen.move_by(0, 1)
         self.screen.key("Escape")
         wait_until(self.other.has_focus, "the other window with the keyboard")
+
+    def test_an_alert_takes_no_key_from_the_note(self):
+        self.open_note()
+        player = ScriptedPlayer(self.session, behaviour="refuses")
+        self.find("Pause", "push button").press()
+        player.expect("Pause")
+        for _ in range(30):  # while the failure comes up
+            self.type_text(" a")
+            time.sleep(0.04)
+        self.expect_stored("quickNote", " a" * 30)
+        self.find("Media controls unavailable")
+        self.click("OK")
+        wait_until(lambda: not self.program.accessibility().look_for("OK"), "the alert gone")
+        self.type_text("b")
+        self.expect_stored("quickNote", " a" * 30 + "b")
 
     def test_a_mute_owner_of_the_clipboard_does_not_hold_up_the_note(self):
         self.open_note()
