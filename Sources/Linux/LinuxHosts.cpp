@@ -1,22 +1,29 @@
 #include "LinuxHosts.h"
 
+#include "AutostartLoginItem.h"
 #include "BusPlayerNotifications.h"
 #include "CanberraAlertSound.h"
 #include "DBusSingleInstance.h"
 #include "DefaultMusicPlayer.h"
+#include "DesktopCatalog.h"
 #include "GioApplications.h"
 #include "JsonPreferences.h"
 #include "NullAudio.h"
 #include "NullHosts.h"
+#include "PipeWireAudioSystem.h"
 #include "PortalMotion.h"
 #include "ProcessScriptHost.h"
 #include "QtClock.h"
 #include "QtKeyMonitor.h"
+#include "QtOpenPanel.h"
+#include "RunningApplications.h"
 #include "SessionBus.h"
+#include "StartupSequence.h"
 #include "TrayStatusItem.h"
 #include "X11Displays.h"
 #include "X11HotKeys.h"
 #include "X11PanelHost.h"
+#include "X11Pasteboard.h"
 #include "X11PointerMonitor.h"
 
 #include <QGuiApplication>
@@ -28,6 +35,8 @@ namespace perchly {
 using namespace std::chrono_literals;
 
 namespace {
+
+constexpr const char *busVariable = "DBUS_SESSION_BUS_ADDRESS";
 
 bool wantsNullHosts() {
     return qEnvironmentVariable("PERCHLY_HOSTS") == QStringLiteral("null");
@@ -77,6 +86,7 @@ Hosts nullHosts() {
     hosts.playerNotifications = std::make_unique<NullPlayerNotifications>();
     hosts.musicPlayer = std::make_unique<NullMusicPlayer>();
     hosts.audio = std::make_unique<NullAudioSystem>();
+    hosts.pasteboard = std::make_unique<NullPasteboard>();
     return hosts;
 }
 
@@ -86,12 +96,16 @@ void addDesktop(Hosts &hosts) {
     const QDBusConnection reachable = bus.value_or(QDBusConnection(QString()));
     hosts.preferences = std::make_unique<JsonPreferences>(JsonPreferences::defaultPath());
     hosts.statusItem = std::make_unique<TrayStatusItem>(reachable);
-    hosts.applications = std::make_unique<GioApplications>();
+    hosts.applications = std::make_unique<GioApplications>(
+        StartNotices{.begin = startupsequence::begin, .withdraw = startupsequence::withdraw});
+    hosts.catalog = std::make_unique<DesktopCatalog>();
+    hosts.loginItem = std::make_unique<AutostartLoginItem>(AutostartLoginItem::runningProgram());
     hosts.motion = std::make_unique<PortalMotion>(reachable);
     hosts.alertSound = std::make_unique<CanberraAlertSound>();
     hosts.scriptHost = scriptHost();
     hosts.playerNotifications = std::make_unique<BusPlayerNotifications>();
     hosts.musicPlayer = std::make_unique<DefaultMusicPlayer>(*hosts.applications);
+    hosts.audio = std::make_unique<PipeWireAudioSystem>(findRunningApplication);
 }
 
 void addWindowSystem(Hosts &hosts) {
@@ -104,13 +118,27 @@ void addWindowSystem(Hosts &hosts) {
     hosts.keys = std::make_unique<QtKeyMonitor>();
     hosts.panel = std::make_unique<X11PanelHost>();
     hosts.hotKeys = std::make_unique<X11HotKeys>();
+    hosts.pasteboard = std::make_unique<X11Pasteboard>();
+    hosts.openPanel = std::make_unique<QtOpenPanel>();
 }
 
 } // namespace
 
-void disableSilentBus() {
+SilentBusScreen::SilentBusScreen() {
     if (!sessionbus::answers(1s)) {
-        qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+        m_address = qgetenv(busVariable);
+        qputenv(busVariable, "disabled:");
+    }
+}
+
+SilentBusScreen::~SilentBusScreen() {
+    if (m_address) {
+        static_cast<void>(QDBusConnection::sessionBus()); // looked for now, and never again
+        if (m_address->isNull()) {
+            qunsetenv(busVariable);
+        } else {
+            qputenv(busVariable, *m_address);
+        }
     }
 }
 

@@ -4,7 +4,10 @@
 #include "SingleInstance.h"
 #include "XServerReach.h"
 
+#include <QByteArray>
+
 #include <memory>
+#include <optional>
 
 namespace perchly {
 
@@ -12,9 +15,20 @@ namespace perchly {
 /// the environment it chooses the null implementations everywhere, apart from time. What is missing
 /// is told on standard error, once each; a desktop without a place for status icons misses nothing.
 
-/// A session bus that takes connections and never answers would hold up the toolkit for good. Call
-/// it first of all: such a bus, and one that is not there, is put out of sight.
-void disableSilentBus();
+/// A session bus that takes connections and never answers would hold up the toolkit for good. While
+/// this exists, such a bus, and one that is not there, is out of the toolkit's sight, which looks
+/// once. The rest of the program, and what it starts, find the bus again when it answers. Make it
+/// first of all, and keep it until the application object is made.
+class SilentBusScreen {
+public:
+    SilentBusScreen();
+    ~SilentBusScreen();
+    SilentBusScreen(const SilentBusScreen &) = delete;
+    SilentBusScreen &operator=(const SilentBusScreen &) = delete;
+
+private:
+    std::optional<QByteArray> m_address; ///< what is hidden; null when nothing is set
+};
 
 /// Chooses the toolkit's window system: X11, also on a Wayland desktop, or none where no X server
 /// can be reached. QT_QPA_PLATFORM overrides. Make it before the application object, and keep it

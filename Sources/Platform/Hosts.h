@@ -13,6 +13,7 @@
 #include "MusicPlayer.h"
 #include "OpenPanel.h"
 #include "PanelHost.h"
+#include "Pasteboard.h"
 #include "PlayerNotifications.h"
 #include "PointerMonitor.h"
 #include "Preferences.h"
@@ -43,6 +44,7 @@ struct Hosts {
     std::unique_ptr<ScriptHost> scriptHost;
     std::unique_ptr<PlayerNotifications> playerNotifications;
     std::unique_ptr<MusicPlayer> musicPlayer;
+    std::unique_ptr<Pasteboard> pasteboard;
     std::unique_ptr<AudioSystem> audio;
 };
 

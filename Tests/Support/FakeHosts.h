@@ -5,6 +5,7 @@
 #include "FakeClock.h"
 #include "FakeLoginItem.h"
 #include "FakeOpenPanel.h"
+#include "FakePasteboard.h"
 #include "FakePlatform.h"
 #include "FakePreferences.h"
 #include "FakeScriptHost.h"
@@ -35,6 +36,7 @@ struct FakeHosts {
     FakeScriptHost &scriptHost;
     FakePlayerNotifications &playerNotifications;
     FakeMusicPlayer &musicPlayer;
+    FakePasteboard &pasteboard;
     FakeAudioSystem &audio;
 };
 

@@ -72,6 +72,8 @@ void BusPlayerNotifications::connectToBus() {
                             "path='/org/freedesktop/DBus',interface='org.freedesktop.DBus',"
                             "member='NameOwnerChanged',arg0namespace='org.mpris.MediaPlayer2'",
                             [this](sd_bus_message *message) { onOwnerChanged(message); });
+    // An answer that does not come leaves nothing known: then all begins anew.
+    m_retry.start(30s);
     m_names = m_bus->call(busName, busPath, busName, "ListNames", nullptr,
                           [this](sd_bus_message *message) { onNames(message); });
 }
@@ -89,6 +91,7 @@ void BusPlayerNotifications::onNames(sd_bus_message *message) {
     if (sd_bus_message_enter_container(message, SD_BUS_TYPE_ARRAY, "s") < 0) {
         return;
     }
+    m_retry.stop();
     m_presence = m_players.empty() ? PlayerPresence::None : PlayerPresence::Some;
     const char *name = nullptr;
     while (sd_bus_message_read_basic(message, SD_BUS_TYPE_STRING, &name) > 0) {

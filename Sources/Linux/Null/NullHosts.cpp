@@ -111,4 +111,8 @@ Task NullScriptHost::run(const QStringList &, std::optional<std::chrono::millise
         [completion = std::move(completion)] { completion(std::nullopt); });
 }
 
+Task NullPasteboard::read(const PasteboardRequest &, Completion completion) {
+    return std::make_unique<Answer>([completion = std::move(completion)] { completion({}); });
+}
+
 } // namespace perchly

@@ -156,6 +156,20 @@ public:
     void open() override {}
 };
 
+/// Nothing is ever copied, and what is written goes nowhere.
+class NullPasteboard : public Pasteboard {
+public:
+    using Pasteboard::Pasteboard;
+
+    [[nodiscard]] qint64 changeCount() const override { return m_count; }
+    [[nodiscard]] Task read(const PasteboardRequest &request, Completion completion) override;
+    void write(const QString &) override { ++m_count; }
+    void writeImage(const QByteArray &) override { ++m_count; }
+
+private:
+    qint64 m_count = 0;
+};
+
 /// Every instance is the only one.
 class NullSingleInstance : public SingleInstance {
 public:

@@ -2,6 +2,7 @@
 
 #include "DictValue.h"
 #include "PipeWireConnection.h"
+#include "ProcessTime.h"
 
 #include <spa/param/format-utils.h>
 
@@ -62,6 +63,7 @@ struct AudioGraph::Callbacks {
         }
         if (std::exchange(stream.isRunning, isRunning) != isRunning) {
             stream.graph->m_announcement.start();
+            Q_EMIT stream.graph->streamChanged(stream.node);
         }
     }
 
@@ -121,7 +123,7 @@ void AudioGraph::clear() {
     m_clients.clear();
     m_streams.clear();
     m_outputs.clear();
-    m_numbers.clear();
+    m_known.clear();
     m_registry.reset();
     Q_EMIT moverLost();
     m_announcement.start();
@@ -169,7 +171,7 @@ void AudioGraph::addNode(std::uint32_t id, const spa_dict &properties) {
         stream->node = id;
         stream->client = numberOf(properties, PW_KEY_CLIENT_ID);
         if (!stream->client) {
-            stream->ownProcess = processNumber({-1, QStringLiteral("node %1").arg(id)});
+            stream->ownProcess = know({-1, QStringLiteral("node %1").arg(id)}).number;
         }
         if (auto *bound = bindTo<pw_node>(m_registry, id, PW_TYPE_INTERFACE_Node, stream->proxy)) {
             pw_node_add_listener(bound, &stream->listener, &Callbacks::node, stream.get());
@@ -177,7 +179,7 @@ void AudioGraph::addNode(std::uint32_t id, const spa_dict &properties) {
             pw_node_subscribe_params(bound, &format, 1);
         }
         m_streams[id] = std::move(stream);
-        Q_EMIT streamAdded(id);
+        Q_EMIT streamChanged(id);
     } else if (mediaClass == QLatin1String("Audio/Sink") ||
                mediaClass == QLatin1String("Audio/Duplex")) {
         m_outputs[id] = {textOf(properties, PW_KEY_NODE_NAME),
@@ -223,9 +225,13 @@ void AudioGraph::read(GraphClient &client, const spa_dict &properties) {
         client.applicationId = sandbox;
     }
     const AudioObject before = client.process;
-    client.process =
-        processNumber(client.pid ? ProcessKey{*client.pid, sandbox}
-                                 : ProcessKey{-1, QStringLiteral("client %1").arg(client.id)});
+    Known &known = know(client.pid ? ProcessKey{*client.pid, sandbox}
+                                   : ProcessKey{-1, QStringLiteral("client %1").arg(client.id)});
+    client.process = known.number;
+    const QString &bundle = client.applicationId.isEmpty() ? client.binary : client.applicationId;
+    if (known.bundleId.isEmpty()) {
+        known.bundleId = bundle;
+    }
     if (before == client.process) {
         return;
     }
@@ -233,31 +239,43 @@ void AudioGraph::read(GraphClient &client, const spa_dict &properties) {
     m_announcement.start();
     for (const GraphStream *stream : streamsOf(client.process)) {
         if (stream->client == client.id) {
-            Q_EMIT streamAdded(stream->node);
+            Q_EMIT streamChanged(stream->node);
         }
     }
 }
 
-AudioObject AudioGraph::processNumber(const ProcessKey &key) {
-    AudioObject &number = m_numbers[key];
-    if (number == 0) {
-        number = ++m_lastNumber;
+AudioGraph::Known &AudioGraph::know(const ProcessKey &key) {
+    Known &known = m_known[key];
+    if (known.number == 0) {
+        known.number = ++m_lastNumber;
+        if (key.first > 0 && key.second.isEmpty()) {
+            known.startTime = processStartTime(std::int32_t(key.first));
+        }
     }
-    return number;
+    return known;
 }
 
 void AudioGraph::forgetProcess(AudioObject process) {
     if (process != 0 && !hasProcess(process)) {
-        std::erase_if(m_numbers, [&](const auto &entry) { return entry.second == process; });
+        std::erase_if(m_known, [&](const auto &entry) { return entry.second.number == process; });
     }
     m_announcement.start();
 }
 
-bool AudioGraph::hasProcess(AudioObject process) const {
+bool AudioGraph::isConnected(AudioObject process) const {
     return std::any_of(m_clients.cbegin(), m_clients.cend(),
                        [&](const auto &entry) { return entry.second->process == process; }) ||
            std::any_of(m_streams.cbegin(), m_streams.cend(),
                        [&](const auto &entry) { return processOf(*entry.second) == process; });
+}
+
+bool AudioGraph::hasProcess(AudioObject process) const {
+    return std::any_of(m_known.cbegin(), m_known.cend(), [&](const auto &entry) {
+        const auto &[key, known] = entry;
+        return known.number == process &&
+               (isConnected(process) ||
+                (known.startTime && processStartTime(std::int32_t(key.first)) == known.startTime));
+    });
 }
 
 AudioObject AudioGraph::processOf(const GraphStream &stream) const {
@@ -266,6 +284,11 @@ AudioObject AudioGraph::processOf(const GraphStream &stream) const {
     }
     const auto client = m_clients.find(*stream.client);
     return client == m_clients.end() ? 0 : client->second->process;
+}
+
+const GraphStream *AudioGraph::stream(std::uint32_t node) const {
+    const auto stream = m_streams.find(node);
+    return stream == m_streams.end() ? nullptr : stream->second.get();
 }
 
 AudioObject AudioGraph::processOf(std::uint32_t node) const {
@@ -296,27 +319,28 @@ const GraphClient *AudioGraph::clientOf(std::int32_t pid) const {
 QList<AudioProcess> AudioGraph::processes() const {
     std::map<AudioObject, AudioProcess> found;
     for (const auto &[id, client] : m_clients) {
-        if (client->process == 0) {
-            continue;
-        }
-        AudioProcess &process = found[client->process];
-        process.object = client->process;
-        process.pid = client->pid;
-        const QString &bundle =
-            client->applicationId.isEmpty() ? client->binary : client->applicationId;
-        if (!process.bundleId && !bundle.isEmpty()) {
-            process.bundleId = bundle;
+        if (client->process != 0) {
+            found[client->process].pid = client->pid;
         }
     }
     for (const auto &[node, stream] : m_streams) {
         if (const AudioObject number = processOf(*stream); number != 0) {
-            AudioProcess &process = found[number];
-            process.object = number;
-            process.isRunningOutput = process.isRunningOutput.value_or(false) || stream->isRunning;
+            std::optional<bool> &isRunning = found[number].isRunningOutput;
+            isRunning = isRunning.value_or(false) || stream->isRunning;
+        }
+    }
+    for (const auto &[key, known] : m_known) {
+        if (!found.contains(known.number) && hasProcess(known.number)) {
+            found[known.number] = {.pid = std::int32_t(key.first), .isRunningOutput = false};
+        }
+        if (const auto process = found.find(known.number);
+            process != found.end() && !known.bundleId.isEmpty()) {
+            process->second.bundleId = known.bundleId;
         }
     }
     QList<AudioProcess> list;
-    for (const auto &[number, process] : found) {
+    for (auto &[number, process] : found) {
+        process.object = number;
         list.append(process);
     }
     return list;

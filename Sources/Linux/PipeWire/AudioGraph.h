@@ -16,8 +16,9 @@ namespace perchly {
 class PipeWireConnection;
 
 /// What the server has announced: who plays, and where to. A process is what the clients and
-/// streams with one process identifier have in common; numbers of processes are not used again,
-/// and those of outputs stay with their names. Main thread only.
+/// streams with one process identifier have in common, and it stays one until it ends, as programs
+/// close and open their connections. Numbers of processes are not used again, and those of outputs
+/// stay with their names. Main thread only.
 class AudioGraph : public QObject {
     Q_OBJECT
 public:
@@ -35,6 +36,8 @@ public:
     /// Null when there is none.
     [[nodiscard]] const GraphClient *clientOf(std::int32_t pid) const;
     [[nodiscard]] QList<const GraphStream *> streamsOf(AudioObject process) const;
+    /// Null when there is no such stream.
+    [[nodiscard]] const GraphStream *stream(std::uint32_t node) const;
     /// 0 when there is no such stream.
     [[nodiscard]] AudioObject processOf(std::uint32_t node) const;
     /// A number that is not used again; empty when the node is no output.
@@ -50,7 +53,8 @@ Q_SIGNALS:
     void changed();
 
     // From within a callback of the connection:
-    void streamAdded(std::uint32_t node);
+    /// It belongs to a process now, or has begun to play.
+    void streamChanged(std::uint32_t node);
     void streamRemoved(std::uint32_t node);
     void wiringChanged();
     /// Streams cannot be moved any more, nor be sent back.
@@ -59,6 +63,12 @@ Q_SIGNALS:
 private:
     struct Callbacks;
     using ProcessKey = std::pair<std::int64_t, QString>;
+
+    struct Known {
+        AudioObject number = 0;
+        std::optional<quint64> startTime; ///< nothing when it cannot be told whether it runs
+        QString bundleId;
+    };
 
     struct Output {
         QString name;
@@ -74,7 +84,8 @@ private:
     void forgetProcess(AudioObject process);
     void answered(int number);
     void findDefault();
-    [[nodiscard]] AudioObject processNumber(const ProcessKey &key);
+    [[nodiscard]] Known &know(const ProcessKey &key);
+    [[nodiscard]] bool isConnected(AudioObject process) const;
     [[nodiscard]] AudioObject processOf(const GraphStream &stream) const;
 
     PipeWireConnection &m_connection;
@@ -85,7 +96,7 @@ private:
     std::map<std::uint32_t, std::unique_ptr<GraphClient>> m_clients;
     std::map<std::uint32_t, std::unique_ptr<GraphStream>> m_streams;
     std::map<std::uint32_t, Output> m_outputs;
-    std::map<ProcessKey, AudioObject> m_numbers; ///< of processes that are there
+    std::map<ProcessKey, Known> m_known;
     QHash<QString, AudioObject> m_outputNumbers;
     AudioObject m_lastNumber = 0;
     AudioObject m_defaultOutput = 0;

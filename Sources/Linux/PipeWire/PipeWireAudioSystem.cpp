@@ -9,7 +9,6 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto startDelay = 300ms;
-constexpr auto retiredLimit = 1s;
 constexpr auto farewellLimit = 250ms;
 
 } // namespace
@@ -17,24 +16,14 @@ constexpr auto farewellLimit = 250ms;
 PipeWireAudioSystem::PipeWireAudioSystem(ApplicationFinder find, QObject *parent)
     : AudioSystem(parent)
     , m_find(std::move(find))
-    , m_graph(m_connection) {
-    m_dropping.setSingleShot(true);
-    m_dropping.setInterval(0);
-    m_lastDropping.setSingleShot(true);
-    m_lastDropping.setInterval(retiredLimit);
+    , m_graph(m_connection)
+    , m_retired(m_graph) {
     connect(&m_graph, &AudioGraph::changed, this, &PipeWireAudioSystem::note);
-    connect(&m_graph, &AudioGraph::wiringChanged, this, [this] {
-        if (!m_retired.empty()) {
-            m_dropping.start();
-        }
-    });
-    connect(&m_dropping, &QTimer::timeout, this, &PipeWireAudioSystem::dropRetired);
-    connect(&m_lastDropping, &QTimer::timeout, this, [this] { m_retired.clear(); });
 }
 
 PipeWireAudioSystem::~PipeWireAudioSystem() {
     // What the server was told last must have reached it.
-    if (!m_retired.empty()) {
+    if (!m_retired.isEmpty()) {
         m_connection.settle(farewellLimit);
     }
 }
@@ -71,25 +60,10 @@ std::optional<RunningApplication> PipeWireAudioSystem::application(std::int32_t 
 
 std::unique_ptr<AudioRoute> PipeWireAudioSystem::makeRoute() {
     auto route = std::make_unique<PipeWireRoute>(m_connection, m_graph);
-    connect(route.get(), &PipeWireRoute::retired, this, &PipeWireAudioSystem::retire);
+    connect(route.get(), &PipeWireRoute::retired, &m_retired, &RetiredStreams::add);
     connect(route.get(), &PipeWireRoute::stopped, this, &AudioSystem::changed,
             Qt::QueuedConnection);
     return route;
-}
-
-void PipeWireAudioSystem::retire(const std::shared_ptr<RouteStreams> &streams) {
-    m_retired.push_back(streams);
-    m_dropping.start();
-    m_lastDropping.start();
-}
-
-void PipeWireAudioSystem::dropRetired() {
-    std::erase_if(m_retired, [this](const auto &streams) {
-        return !streams->isIntact() || !m_graph.wiring().isFed(streams->captureNode());
-    });
-    if (m_retired.empty()) {
-        m_lastDropping.stop();
-    }
 }
 
 } // namespace perchly

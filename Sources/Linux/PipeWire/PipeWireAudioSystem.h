@@ -3,14 +3,12 @@
 #include "AudioGraph.h"
 #include "AudioSystem.h"
 #include "PipeWireConnection.h"
-#include "RouteStreams.h"
+#include "RetiredStreams.h"
 
 #include <QHash>
-#include <QTimer>
 
 #include <functional>
 #include <memory>
-#include <vector>
 
 namespace perchly {
 
@@ -37,15 +35,11 @@ public:
 
 private:
     void note();
-    void retire(const std::shared_ptr<RouteStreams> &streams);
-    void dropRetired();
 
     ApplicationFinder m_find;
     PipeWireConnection m_connection;
     AudioGraph m_graph;
-    std::vector<std::shared_ptr<RouteStreams>> m_retired;
-    QTimer m_dropping;
-    QTimer m_lastDropping;
+    RetiredStreams m_retired;
     mutable QHash<std::int32_t, std::optional<RunningApplication>> m_applications;
     bool m_hasBeenComplete = false;
 };

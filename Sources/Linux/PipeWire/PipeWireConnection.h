@@ -23,6 +23,8 @@ public:
     /// Tries to connect now, and whenever a server may have come. Call it once.
     void start();
 
+    /// Null until the first attempt to connect.
+    [[nodiscard]] pw_loop *loop() const { return m_loop.get(); }
     /// Null while there is no server.
     [[nodiscard]] pw_core *core() const { return m_core.get(); }
 

@@ -3,6 +3,8 @@
 #include "AudioGraph.h"
 #include "PipeWireConnection.h"
 
+#include <QPointer>
+
 #include <algorithm>
 #include <cerrno>
 #include <utility>
@@ -13,9 +15,11 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// How long the session manager may take to connect the route's ends before the process is sent
-/// there all the same.
-constexpr auto patience = 300ms;
+/// How long the route's ends may take until they run before the process is sent there all the same.
+constexpr auto patience = 500ms;
+
+/// How long the sink runs all the same until the process' streams have come.
+constexpr auto arrival = 1s;
 
 /// A route has one of each.
 constexpr AudioObject tapObject = 1;
@@ -33,7 +37,13 @@ PipeWireRoute::PipeWireRoute(PipeWireConnection &connection, AudioGraph &graph)
     , m_graph(graph) {
     m_patience.setSingleShot(true);
     m_patience.setInterval(patience);
-    connect(&m_patience, &QTimer::timeout, this, &PipeWireRoute::send);
+    connect(&m_patience, &QTimer::timeout, this, [this] {
+        m_move->begin();
+        m_arrival.start();
+    });
+    m_arrival.setSingleShot(true);
+    m_arrival.setInterval(arrival);
+    connect(&m_arrival, &QTimer::timeout, this, [this] { m_streams->rest(); });
     connect(&graph, &AudioGraph::moverLost, this, &PipeWireRoute::interrupt);
 }
 
@@ -76,12 +86,18 @@ AudioStatus PipeWireRoute::readTapFormat(AudioObject, StreamFormat &format) {
 
 AudioStatus PipeWireRoute::createDevice(const AggregateDescription &description,
                                         AudioObject &device) {
-    m_streams = std::make_shared<RouteStreams>(m_connection, description.uid, description.name);
+    if (m_connection.core() == nullptr) {
+        return -ENOTCONN;
+    }
+    m_streams = std::make_shared<RouteStreams>(m_connection, description.uid, description.name,
+                                               [self = QPointer(this)] {
+                                                   if (self) {
+                                                       self->send();
+                                                   }
+                                               });
     const AudioStatus status = m_streams->openCapture();
     if (status == noAudioError) {
         device = deviceObject;
-    } else {
-        m_streams.reset();
     }
     return status;
 }
@@ -99,23 +115,16 @@ AudioStatus PipeWireRoute::startDevice(AudioObject, IoProcId) {
     m_streams->cycle().open();
     m_move = std::make_unique<ProcessMove>(m_graph, m_process, m_streams->name());
     connect(m_move.get(), &ProcessMove::takenOver, this, &PipeWireRoute::interrupt);
-    connect(&m_graph, &AudioGraph::wiringChanged, this, &PipeWireRoute::sendWhenOpen);
     m_patience.start();
-    sendWhenOpen();
     return noAudioError;
 }
 
-void PipeWireRoute::sendWhenOpen() {
-    const GraphWiring &wiring = m_graph.wiring();
-    if (wiring.hasPorts(m_streams->captureNode()) && wiring.feeds(m_streams->playbackNode())) {
-        send();
-    }
-}
-
 void PipeWireRoute::send() {
-    m_patience.stop();
-    disconnect(&m_graph, &AudioGraph::wiringChanged, this, nullptr);
-    m_move->begin();
+    if (m_patience.isActive()) {
+        m_patience.stop();
+        m_move->begin();
+        m_arrival.start();
+    }
 }
 
 void PipeWireRoute::interrupt() {
@@ -126,21 +135,16 @@ void PipeWireRoute::interrupt() {
 
 void PipeWireRoute::stopDevice(AudioObject, IoProcId) {
     m_patience.stop();
-    disconnect(&m_graph, &AudioGraph::wiringChanged, this, nullptr);
+    m_arrival.stop();
     if (m_move) {
         m_move->undo();
     }
 }
 
-void PipeWireRoute::destroyDevice(AudioObject) {
-    if (!m_move) {
-        m_streams.reset();
-    }
-}
-
 void PipeWireRoute::destroyTap(AudioObject) {
     m_process = 0;
-    if (std::exchange(m_move, nullptr) && m_streams) {
+    m_move.reset();
+    if (m_streams) {
         Q_EMIT retired(std::exchange(m_streams, nullptr));
     }
 }

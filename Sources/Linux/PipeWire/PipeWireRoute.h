@@ -15,7 +15,7 @@ class PipeWireConnection;
 
 /// One route through PipeWire. The tap is the wish to capture a process; the device is a sink to
 /// which the process' streams are sent when it starts; the engine is the stream that plays.
-/// The streams are sent only when the whole way is open, so that nothing is lost on it.
+/// The streams are sent only when the whole way runs, so that nothing is lost on it.
 class PipeWireRoute : public QObject, public AudioRoute, public AudioEngine {
     Q_OBJECT
 public:
@@ -32,7 +32,7 @@ public:
     [[nodiscard]] AudioStatus startDevice(AudioObject device, IoProcId io) override;
     void stopDevice(AudioObject device, IoProcId io) override;
     void destroyIo(AudioObject, IoProcId) override {}
-    void destroyDevice(AudioObject device) override;
+    void destroyDevice(AudioObject) override {}
     void destroyTap(AudioObject tap) override;
     [[nodiscard]] AudioEngine &engine() override { return *this; }
 
@@ -48,13 +48,13 @@ public:
     [[nodiscard]] bool isRunning() const override;
 
 Q_SIGNALS:
-    /// The streams are still needed until the session manager has sent the process' own back.
+    /// The streams are still needed until the session manager has sent the process' own back, and
+    /// the server has said everything about them.
     void retired(std::shared_ptr<perchly::RouteStreams> streams);
     /// isRunning() has turned false by itself. May come from within a callback of the connection.
     void stopped();
 
 private:
-    void sendWhenOpen();
     void send();
     void interrupt();
 
@@ -64,6 +64,7 @@ private:
     std::shared_ptr<RouteStreams> m_streams;
     std::unique_ptr<ProcessMove> m_move;
     QTimer m_patience;
+    QTimer m_arrival;
     bool m_isStarted = false; ///< the engine
 };
 

@@ -13,7 +13,14 @@ ProcessMove::ProcessMove(AudioGraph &graph, AudioObject process, const QString &
 
 void ProcessMove::begin() {
     m_isUnderWay = true;
-    connect(&m_graph, &AudioGraph::streamAdded, this, &ProcessMove::move);
+    // A stream that is sent elsewhere while it is being connected can be heard at both places until
+    // it ends; so one that is opened later is sent when it plays.
+    connect(&m_graph, &AudioGraph::streamChanged, this, [this](std::uint32_t node) {
+        const GraphStream *stream = m_graph.stream(node);
+        if (stream != nullptr && stream->isRunning && m_graph.processOf(node) == m_process) {
+            move(node);
+        }
+    });
     connect(&m_graph, &AudioGraph::streamRemoved, this, [this](std::uint32_t node) {
         m_before.remove(node);
         m_arrived.remove(node);
@@ -25,8 +32,7 @@ void ProcessMove::begin() {
 }
 
 void ProcessMove::move(std::uint32_t node) {
-    if (m_before.contains(node) || m_graph.processOf(node) != m_process ||
-        !m_graph.metadata().isBound()) {
+    if (m_before.contains(node) || !m_graph.metadata().isBound()) {
         return;
     }
     m_before.insert(node, m_graph.metadata().target(node));

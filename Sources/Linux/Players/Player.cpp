@@ -18,18 +18,31 @@ bool isContinuation(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
 
-/// The length of the control character or line separator that starts here; 0 for anything else.
-std::size_t controlLength(std::string_view text) {
+/// What of the text is not shown as it is.
+struct Oddity {
+    std::size_t length = 0; ///< in bytes; 0 for an ordinary character
+    bool isSpace = false;   ///< stands for a space, not for nothing
+};
+
+Oddity oddityAt(std::string_view text) {
     const auto at = [&](std::size_t index) {
         return index < text.size() ? static_cast<unsigned char>(text[index]) : 0U;
     };
+    const unsigned third = (at(0) << 16U) | (at(1) << 8U) | at(2);
     if (at(0) < 0x20 || at(0) == 0x7F) {
-        return 1;
+        return {1, true};
     }
-    if (at(0) == 0xC2 && at(1) >= 0x80 && at(1) < 0xA0) {
-        return 2;
+    if (at(0) == 0xC2 && at(1) >= 0x80 && at(1) <= 0xA0) { // up to the no-break space
+        return {2, true};
     }
-    return at(0) == 0xE2 && at(1) == 0x80 && (at(2) == 0xA8 || at(2) == 0xA9) ? 3 : 0;
+    if (third == 0xE280A8 || third == 0xE280A9) { // line and paragraph separators
+        return {3, true};
+    }
+    const bool turns = third == 0xE2808E || third == 0xE2808F ||
+                       (third >= 0xE280AA && third <= 0xE280AE) ||
+                       (third >= 0xE281A6 && third <= 0xE281A9);
+    const bool invisible = third == 0xE2808B || third == 0xE281A0 || third == 0xEFBBBF;
+    return {turns || invisible ? std::size_t(3) : 0, false};
 }
 
 Playback playbackOf(const std::string &status) {
@@ -133,13 +146,13 @@ std::string cleanText(std::string_view text) {
     std::string clean;
     clean.reserve(std::min(text.size(), longestText));
     while (!text.empty() && clean.size() <= longestText) {
-        const std::size_t control = controlLength(text);
-        if (control == 0) {
+        const Oddity oddity = oddityAt(text);
+        if (oddity.length == 0) {
             clean.push_back(text.front());
-        } else if (!clean.empty() && clean.back() != ' ') {
+        } else if (oddity.isSpace && !clean.empty() && clean.back() != ' ') {
             clean.push_back(' ');
         }
-        text.remove_prefix(std::max(control, std::size_t(1)));
+        text.remove_prefix(std::max(oddity.length, std::size_t(1)));
     }
     if (clean.size() > longestText) {
         std::size_t end = longestText;

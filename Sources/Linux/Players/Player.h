@@ -42,8 +42,9 @@ void readPlayerProperties(sd_bus_message *reply, Player &player);
 /// Takes over what a reply to GetAll for the root interface says: identity and desktop entry.
 void readRootProperties(sd_bus_message *reply, Player &player);
 
-/// Control characters and line breaks become spaces, those at the ends go away, and what is over
-/// 2 KiB is cut off between characters.
+/// Control characters and line breaks become spaces, those at the ends go away, and so do
+/// characters that show nothing or would turn the text around them; what is over 2 KiB is cut off
+/// between characters.
 [[nodiscard]] std::string cleanText(std::string_view text);
 
 } // namespace perchly

@@ -7,6 +7,7 @@ Text {
     elide: Text.ElideRight
     font.family: Theme.family
     font.pixelSize: 11
+    horizontalAlignment: Text.AlignLeft // whatever direction the text has
     textFormat: Text.PlainText
     verticalAlignment: Text.AlignVCenter
 }

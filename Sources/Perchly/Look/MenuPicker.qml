@@ -14,6 +14,9 @@ PressButton {
     signal chosen(int index)
 
     function show() {
+        if (root.options.length === 0) {
+            return;
+        }
         list.setSource("MenuList.qml", {
             current: root.currentIndex,
             label: root.label,
@@ -79,7 +82,9 @@ PressButton {
 
             function onChosen(index: int) {
                 root.close();
-                root.chosen(index);
+                if (index >= 0) {
+                    root.chosen(index);
+                }
             }
             function onClosed() {
                 root.close();

@@ -28,7 +28,7 @@ MouseArea {
     Accessible.focused: root.activeFocus
     Accessible.name: root.label
     Accessible.role: Accessible.Button
-    activeFocusOnTab: root.enabled
+    activeFocusOnTab: root.enabled || root.activeFocus
     cursorShape: root.enabled ? Qt.PointingHandCursor : Qt.ArrowCursor
     hoverEnabled: true
 

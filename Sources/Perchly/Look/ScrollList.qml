@@ -15,42 +15,48 @@ Item {
     property alias reuseItems: view.reuseItems
     readonly property alias view: view
 
+    // These functions name no types: what the toolkit compiles them to ahead of time then reads
+    // through items that are not there.
+
     /// The row's index that has the keyboard, or -1.
-    function focusedRow(): int {
+    function focusedRow() {
         const row = root.rowOf(root.Window.activeFocusItem);
         return row ? view.indexAt(row.x, row.y + row.height / 2) : -1;
     }
 
-    /// Gives the keyboard to the control at that position in the row, or to the last one before it
-    /// that takes it.
-    function focusRow(index: int, position: int) {
-        if (view.count === 0) {
-            return;
-        }
+    /// Gives the keyboard to the control at that position in the row, or to the next one to it that
+    /// takes it; false if there is none.
+    function focusRow(index, position) {
         const at = Math.max(0, Math.min(view.count - 1, index));
         view.positionViewAtIndex(at, ListView.Contain);
         view.forceLayout();
         const row = view.itemAtIndex(at);
         const controls = row ? root.controlsOf(row) : [];
-        for (let next = Math.min(position, controls.length - 1); next >= 0; --next) {
-            if (controls[next].enabled) {
-                controls[next].forceActiveFocus(Qt.TabFocusReason);
-                return;
+        const before = controls.slice(0, position + 1).reverse();
+        const found = before.concat(controls.slice(position + 1)).find(control => control.enabled);
+        if (found) {
+            found.forceActiveFocus(Qt.TabFocusReason);
+        }
+        return Boolean(found);
+    }
+
+    /// As focusRow, in the first row from that one on, in steps of 1 or -1, that has such a control.
+    function focusFrom(index, step, position) {
+        for (let row = index; row >= 0 && row < view.count; row += step) {
+            if (root.focusRow(row, position)) {
+                return true;
             }
         }
-        const first = controls.find(control => control.enabled);
-        if (first) {
-            first.forceActiveFocus(Qt.TabFocusReason);
-        }
+        return false;
     }
 
     /// Where the control with the keyboard stands among those of its row, or -1.
-    function focusedControl(): int {
+    function focusedControl() {
         const row = root.rowOf(root.Window.activeFocusItem);
         return row ? root.controlsOf(row).indexOf(root.Window.activeFocusItem) : -1;
     }
 
-    function rowOf(item: Item): Item {
+    function rowOf(item) {
         let at = item;
         while (at && at.parent !== view.contentItem) {
             at = at.parent;
@@ -59,31 +65,28 @@ Item {
     }
 
     /// The row's controls, also those that are disabled now, so that positions stay the same.
-    function controlsOf(item: Item): list<Item> {
+    function controlsOf(item) {
         const found = [];
-        for (const child of item.children) {
-            if (child.visible) {
-                if (child instanceof PressButton || child instanceof ValueSlider) {
-                    found.push(child);
-                } else {
-                    found.push(...root.controlsOf(child));
-                }
+        for (let place = 0; place < item.children.length; ++place) {
+            const child = item.children[place];
+            if (child.visible && (child instanceof PressButton || child instanceof ValueSlider)) {
+                found.push(child);
+            } else if (child.visible) {
+                found.push(...root.controlsOf(child));
             }
         }
         return found;
     }
 
-    function step(event: var, distance: int) {
+    function step(event, distance) {
         const row = root.focusedRow();
-        event.accepted = row >= 0;
-        if (event.accepted && row + distance >= 0 && row + distance < view.count) {
-            root.focusRow(row + distance, root.focusedControl());
-        }
+        event.accepted = row >= 0 && root.focusFrom(row + distance, distance, root.focusedControl());
     }
 
     Accessible.name: root.label
     Accessible.role: Accessible.List
-    implicitHeight: view.contentHeight
+    // Not the height of all rows: a layout would give it that for a moment, and all would be made.
+    implicitHeight: 120
 
     Keys.onDownPressed: event => root.step(event, 1)
     Keys.onPressed: event => scroller.page(event)

@@ -20,8 +20,10 @@ Item {
         root.scrollTo(root.view.contentY - root.start + distance);
     }
 
+    // Without types, as in ScrollList.
+
     /// Brings the item into view, with a little of what is around it.
-    function reveal(item: Item) {
+    function reveal(item) {
         const margin = 16;
         const top = item.mapToItem(root.view.contentItem, 0, 0).y;
         const bottom = top + item.height;
@@ -32,7 +34,7 @@ Item {
         }
     }
 
-    function holds(item: Item): bool {
+    function holds(item) {
         for (let at = item; at; at = at.parent) {
             if (at === root.view.contentItem) {
                 return true;

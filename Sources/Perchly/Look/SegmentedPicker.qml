@@ -56,7 +56,7 @@ Item {
                 Accessible.checkable: true
                 Accessible.checked: segment.selected
                 Accessible.role: Accessible.RadioButton
-                activeFocusOnTab: segment.selected || (segment.index === 0 && root.currentIndex < 0)
+                activeFocusOnTab: segment.selected || segment.activeFocus || (segment.index === 0 && root.currentIndex < 0)
                 focusInset: -1
                 height: parent.height
                 label: segment.modelData

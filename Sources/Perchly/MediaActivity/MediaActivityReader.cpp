@@ -11,6 +11,8 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr std::chrono::milliseconds watchdog = 5s;
+/// The companion ends itself long before; one that does not must not hold the controls for good.
+constexpr std::chrono::milliseconds patience = 15s;
 
 std::optional<bool> decodeFlag(const std::optional<QByteArray> &output) {
     const QByteArray text = output.value_or(QByteArray()).trimmed();
@@ -52,7 +54,7 @@ Task MediaActivityReader::send(MediaPlaybackCommand command, std::optional<doubl
 }
 
 Task MediaActivityReader::tell(const QString &playerID, const QString &word, Output completion) {
-    return m_host.run({QStringLiteral("-e"), playerScript(playerID, word)}, std::nullopt,
+    return m_host.run({QStringLiteral("-e"), playerScript(playerID, word)}, patience,
                       std::move(completion));
 }
 

@@ -51,22 +51,22 @@ void InstalledApplications::setSearch(const QString &search) {
     Q_EMIT countChanged();
 }
 
-QList<ShelfItem> InstalledApplications::matches() const {
-    if (m_search.isEmpty()) {
-        return m_applications;
-    }
-    QList<ShelfItem> rows;
+InstalledApplications::Rows InstalledApplications::matches() const {
+    Rows rows;
     const QStringMatcher matcher(folded(m_search));
     for (qsizetype place = 0; place < m_folded.size(); ++place) {
-        if (matcher.indexIn(m_folded.at(place)) >= 0) {
-            rows.append(m_applications.at(place));
+        if (m_search.isEmpty() || matcher.indexIn(m_folded.at(place)) >= 0) {
+            rows.append(&m_applications.at(place));
         }
     }
     return rows;
 }
 
 void InstalledApplications::readLibrary() {
-    m_applications = m_library ? m_library->installed() : QList<ShelfItem>();
+    const ShelfLibrary *library = m_library.data();
+    // Keeps what the rows point at until they are replaced.
+    const QList<ShelfItem> previous = std::exchange(
+        m_applications, library != nullptr ? library->installed() : QList<ShelfItem>());
     m_folded.clear();
     m_folded.reserve(m_applications.size());
     for (const ShelfItem &application : std::as_const(m_applications)) {
@@ -75,11 +75,12 @@ void InstalledApplications::readLibrary() {
     replaceRows(matches());
 }
 
-void InstalledApplications::replaceRows(const QList<ShelfItem> &rows) {
-    const auto [oldEnd, newEnd] = std::ranges::mismatch(std::as_const(m_rows), rows);
+void InstalledApplications::replaceRows(const Rows &rows) {
+    const auto equal = [](const ShelfItem *one, const ShelfItem *other) { return *one == *other; };
+    const auto [oldEnd, newEnd] = std::ranges::mismatch(std::as_const(m_rows), rows, equal);
     const auto first = int(std::distance(m_rows.cbegin(), oldEnd));
     const auto same = std::mismatch(m_rows.crbegin(), std::make_reverse_iterator(oldEnd),
-                                    rows.crbegin(), std::make_reverse_iterator(newEnd));
+                                    rows.crbegin(), std::make_reverse_iterator(newEnd), equal);
     const auto kept = std::distance(m_rows.crbegin(), same.first);
     const int oldCount = int(m_rows.size() - kept) - first;
     const int newCount = int(rows.size() - kept) - first;
@@ -93,6 +94,7 @@ void InstalledApplications::replaceRows(const QList<ShelfItem> &rows) {
         m_rows = rows;
         endInsertRows();
     }
+    m_rows = rows; // of those that stay, too
     if (oldCount != newCount) {
         Q_EMIT countChanged();
     }
@@ -100,8 +102,8 @@ void InstalledApplications::replaceRows(const QList<ShelfItem> &rows) {
 
 void InstalledApplications::readAdded() {
     QSet<QString> added;
-    if (m_library) {
-        for (const ShelfItem &item : m_library->items()) {
+    if (const ShelfLibrary *library = m_library.data()) {
+        for (const ShelfItem &item : library->items()) {
             if (item.visible) {
                 added.insert(item.id);
             }
@@ -120,7 +122,7 @@ QVariant InstalledApplications::data(const QModelIndex &index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid)) {
         return {};
     }
-    const ShelfItem &item = m_rows.at(index.row());
+    const ShelfItem &item = *m_rows.at(index.row());
     switch (role) {
     case ItemRole:
         return QVariant::fromValue(item);

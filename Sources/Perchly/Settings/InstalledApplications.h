@@ -47,16 +47,18 @@ Q_SIGNALS:
     void countChanged();
 
 private:
-    [[nodiscard]] QList<ShelfItem> matches() const;
+    using Rows = QList<const ShelfItem *>;
+
+    [[nodiscard]] Rows matches() const;
     void readLibrary();
     void readAdded();
-    void replaceRows(const QList<ShelfItem> &rows);
+    void replaceRows(const Rows &rows);
 
     QPointer<ShelfLibrary> m_library;
     QString m_search;
     QList<ShelfItem> m_applications;
-    QStringList m_folded; ///< the applications' names, as they are compared
-    QList<ShelfItem> m_rows;
+    QStringList m_folded;  ///< the applications' names, as they are compared
+    Rows m_rows;           ///< among the applications
     QSet<QString> m_added; ///< identifiers
 };
 

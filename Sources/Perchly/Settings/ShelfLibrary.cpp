@@ -70,9 +70,9 @@ QList<ShelfItem> ShelfLibrary::shown() const {
 
 void ShelfLibrary::refresh() {
     m_catalog.find([self = QPointer(this)](const QList<FoundApplication> &applications) {
-        if (self) {
-            self->m_installed = itemsFor(applications);
-            Q_EMIT self->installedChanged();
+        if (ShelfLibrary *library = self.data()) {
+            library->m_installed = itemsFor(applications);
+            Q_EMIT library->installedChanged();
         }
     });
 }

@@ -10,6 +10,7 @@ namespace perchly {
 AppDelegate::AppDelegate(Hosts &hosts, ShellResources resources)
     : m_hosts(hosts)
     , m_resources(std::move(resources))
+    , m_fieldPasting(*hosts.pasteboard)
     , m_shelfPreferences(*hosts.preferences)
     , m_model(*hosts.clock, *hosts.preferences, *hosts.alertSound)
     , m_media(m_model, *hosts.clock, *hosts.scriptHost, *hosts.playerNotifications,
@@ -92,11 +93,17 @@ void AppDelegate::showTools() {
 }
 
 void AppDelegate::showSettings() {
+    if (!m_displayPreferences) {
+        m_displayPreferences = std::make_unique<DisplayPreferences>(
+            *m_hosts.preferences, *m_hosts.displays, *m_hosts.loginItem, *this);
+    }
     show(m_settingsWindow,
          {.title = QStringLiteral("Perchly Settings"),
           .size = {660, 600},
           .view = m_resources.settingsView,
-          .properties = {{QStringLiteral("library"), QVariant::fromValue(&m_library)}}});
+          .properties = {
+              {QStringLiteral("library"), QVariant::fromValue(&m_library)},
+              {QStringLiteral("preferences"), QVariant::fromValue(m_displayPreferences.get())}}});
 }
 
 void AppDelegate::showMixer() {

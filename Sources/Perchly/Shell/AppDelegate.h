@@ -2,7 +2,9 @@
 
 #include "AuxiliaryWindow.h"
 #include "Clock.h"
+#include "DisplayPreferences.h"
 #include "Displays.h"
+#include "FieldPasting.h"
 #include "MediaTracking.h"
 #include "Productivity.h"
 #include "ShelfExtras.h"
@@ -127,6 +129,7 @@ private:
 
     Hosts &m_hosts;
     ShellResources m_resources;
+    FieldPasting m_fieldPasting;
     ShelfPreferences m_shelfPreferences;
     QQmlEngine m_engine; // one for all windows: each of its own would cost memory and time
 
@@ -140,6 +143,7 @@ private:
     std::unique_ptr<AuxiliaryWindow> m_toolsWindow;
     bool m_keyboardOpen = false;
     bool m_keyboardBorrowed = false; ///< taken outside keyboard mode
+    std::unique_ptr<DisplayPreferences> m_displayPreferences;
     std::unique_ptr<AuxiliaryWindow> m_settingsWindow;
     std::unique_ptr<ShelfPanel> m_panel;
     ShelfHeaderView m_headerView;

@@ -33,6 +33,10 @@ bool AppDelegate::handleShelfKey(const KeyPress &press) {
     if (!m_hosts.panel->hasKeyboard()) {
         return false;
     }
+    if (!m_model.controlError().isEmpty() && press.key == Qt::Key_Escape) {
+        m_model.clearControlError();
+        return true;
+    }
     if (press.key == Qt::Key_Escape) {
         if (m_model.choosingWidget()) {
             return false; // closes the chooser alone
@@ -40,7 +44,7 @@ bool AppDelegate::handleShelfKey(const KeyPress &press) {
         setKeyboardOpen(false);
         return true;
     }
-    return press.modifiers.testFlag(Modifier::Command) &&
+    return press.modifiers.testFlag(Modifier::Command) && m_model.controlError().isEmpty() &&
            launchShown(press.charactersIgnoringModifiers);
 }
 

@@ -12,7 +12,7 @@ using namespace perchly;
 
 int main(int argc, char **argv) {
     qSetMessagePattern(QStringLiteral("perchly: %{message}"));
-    disableSilentBus();
+    std::optional<SilentBusScreen> busScreen(std::in_place);
     std::optional<WindowSystemChoice> windowSystem(std::in_place);
     // The software renderer shows the first picture in half the time and a third of the memory.
     if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND")) {
@@ -21,6 +21,7 @@ int main(int argc, char **argv) {
 
     QApplication application(argc, argv);
     windowSystem.reset();
+    busScreen.reset();
     QApplication::setApplicationName(QStringLiteral("perchly"));
     QApplication::setDesktopFileName(QStringLiteral("org.perchly.Perchly"));
     QApplication::setQuitOnLastWindowClosed(false);
@@ -32,8 +33,10 @@ int main(int argc, char **argv) {
 
     Hosts hosts = makeHosts();
     AppDelegate delegate(
-        hosts, {.statusIcon = symbolIcon(QStringLiteral("square.stack.3d.up")),
-                .shelfView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Shelf/ShelfView.qml"))});
+        hosts,
+        {.statusIcon = symbolIcon(QStringLiteral("square.stack.3d.up")),
+         .shelfView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Shelf/ShelfView.qml")),
+         .settingsView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Settings/ShelfSettings.qml"))});
     QObject::connect(instance.get(), &SingleInstance::requested, &delegate, &AppDelegate::perform);
     delegate.launch();
     return QApplication::exec();

@@ -1,7 +1,5 @@
 #include "MediaSession.h"
 
-#include "SessionOwner.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -31,11 +29,11 @@ MediaSession::Lookup MediaSession::find() {
     };
     const std::vector<Player> players = m_bus->read(*names, 200ms, 1s, playing);
     const PlayerMemory before = loadMemory();
-    const PlayerMemory after = remember(before, players);
-    if (after != before) {
-        storeMemory(after);
+    m_memory = remember(before, players);
+    if (m_memory != before) {
+        storeMemory(m_memory);
     }
-    const Player *owner = sessionOwner(after, players);
+    const Player *owner = sessionOwner(m_memory, players);
     if (owner != nullptr) {
         m_player = *owner;
     }
@@ -50,7 +48,7 @@ bool MediaSession::send(int command) {
     case 0:
         return m_player.canPlay && m_bus->call(m_player.busName, "Play");
     case 1:
-        return m_player.canPause && m_bus->call(m_player.busName, "Pause");
+        return m_player.canPause && pause();
     case 4:
         return m_player.canGoNext && m_bus->call(m_player.busName, "Next");
     case 5:
@@ -58,6 +56,16 @@ bool MediaSession::send(int command) {
     default:
         return false;
     }
+}
+
+bool MediaSession::pause() {
+    // Before it stops playing, so that no reading in between sees it paused and not held.
+    storeMemory(hold(m_memory, m_player.busName));
+    const bool paused = m_bus->call(m_player.busName, "Pause");
+    if (!paused) {
+        storeMemory(m_memory);
+    }
+    return paused;
 }
 
 void MediaSession::setElapsedTime(double position) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PlayerBus.h"
+#include "SessionOwner.h"
 
 #include <optional>
 
@@ -27,9 +28,12 @@ public:
     void setElapsedTime(double position);
 
 private:
+    bool pause();
+
     std::optional<PlayerBus> m_bus;
     std::optional<Lookup> m_lookup;
     Player m_player;
+    PlayerMemory m_memory;
 };
 
 } // namespace perchly

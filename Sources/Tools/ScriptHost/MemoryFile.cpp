@@ -53,7 +53,8 @@ bool writeFile(const std::string &path, const std::string &text) {
 
 } // namespace
 
-// One player a line, "+" in front of those that played.
+// One player a line, with a mark in front: held ones are "=", or "*" while they still play.
+constexpr std::array<std::string_view, 2> marks{"-+", "=*"};
 
 PlayerMemory loadMemory() {
     const std::string text = contents();
@@ -62,8 +63,10 @@ PlayerMemory loadMemory() {
     for (std::size_t end = rest.find('\n'); end != std::string_view::npos; end = rest.find('\n')) {
         const std::string_view line = rest.substr(0, end);
         rest.remove_prefix(end + 1);
-        if (line.size() > 1 && (line.front() == '+' || line.front() == '-')) {
-            memory.push_back({std::string(line.substr(1)), line.front() == '+'});
+        if (line.size() > 1 && std::string_view("+-=*").find(line.front()) != line.npos) {
+            memory.push_back({.busName = std::string(line.substr(1)),
+                              .playing = line.front() == '+' || line.front() == '*',
+                              .held = line.front() == '=' || line.front() == '*'});
         }
     }
     return memory;
@@ -76,7 +79,8 @@ void storeMemory(const PlayerMemory &memory) {
     }
     std::string text;
     for (const RememberedPlayer &player : memory) {
-        text.append(player.playing ? "+" : "-").append(player.busName).append("\n");
+        text.push_back(marks[player.held ? 1 : 0][player.playing ? 1 : 0]);
+        text.append(player.busName).append("\n");
     }
     const std::string temporary = path + "." + std::to_string(getpid());
     if (!writeFile(temporary, text) || std::rename(temporary.c_str(), path.c_str()) != 0) {

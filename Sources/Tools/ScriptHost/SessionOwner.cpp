@@ -26,6 +26,12 @@ const Player *first(const PlayerMemory &memory, const std::vector<Player> &playe
     return nullptr;
 }
 
+void release(PlayerMemory &memory) {
+    for (RememberedPlayer &player : memory) {
+        player.held = false;
+    }
+}
+
 } // namespace
 
 PlayerMemory remember(const PlayerMemory &before, const std::vector<Player> &players) {
@@ -41,7 +47,8 @@ PlayerMemory remember(const PlayerMemory &before, const std::vector<Player> &pla
         } else if (plays(*player) && !remembered.playing) {
             started.push_back({player->busName, true});
         } else {
-            kept.push_back({player->busName, plays(*player)});
+            kept.push_back(
+                {player->busName, plays(*player), remembered.held && player->hasTrack()});
         }
     }
     for (const Player &player : players) {
@@ -49,11 +56,28 @@ PlayerMemory remember(const PlayerMemory &before, const std::vector<Player> &pla
             (plays(player) ? started : kept).push_back({player.busName, plays(player)});
         }
     }
+    if (!started.empty()) {
+        release(kept);
+    }
     started.insert(started.end(), kept.begin(), kept.end());
     return started;
 }
 
+PlayerMemory hold(PlayerMemory memory, const std::string &busName) {
+    release(memory);
+    const auto found = std::ranges::find(memory, busName, &RememberedPlayer::busName);
+    if (found != memory.end()) {
+        found->held = true;
+    }
+    return memory;
+}
+
 const Player *sessionOwner(const PlayerMemory &memory, const std::vector<Player> &players) {
+    const auto held = std::ranges::find(memory, true, &RememberedPlayer::held);
+    const Player *owner = held != memory.end() ? find(players, held->busName) : nullptr;
+    if (owner != nullptr && owner->hasTrack()) {
+        return owner;
+    }
     const Player *playing = first(memory, players, Playback::Playing);
     return playing != nullptr ? playing : first(memory, players, Playback::Paused);
 }

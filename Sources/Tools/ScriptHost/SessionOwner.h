@@ -11,6 +11,8 @@ namespace perchly {
 struct RememberedPlayer {
     std::string busName;
     bool playing = false;
+    /// We paused it, so it keeps the session until another one starts.
+    bool held = false;
 
     friend bool operator==(const RememberedPlayer &, const RememberedPlayer &) = default;
 };
@@ -23,8 +25,13 @@ using PlayerMemory = std::vector<RememberedPlayer>;
 /// did not answer stays as it was.
 [[nodiscard]] PlayerMemory remember(const PlayerMemory &before, const std::vector<Player> &players);
 
-/// The player that owns the session: the first in that order that plays, else the first that is
-/// paused. One that is stopped or has no title never does. Null when there is none.
+/// The memory after this player was paused by us. Without it, a pause would hand the session to
+/// another one that plays, and the next press would go there.
+[[nodiscard]] PlayerMemory hold(PlayerMemory memory, const std::string &busName);
+
+/// The player that owns the session: the held one, else the first in that order that plays, else
+/// the first that is paused. One that is stopped or has no title never does. Null when there is
+/// none.
 [[nodiscard]] const Player *sessionOwner(const PlayerMemory &memory,
                                          const std::vector<Player> &players);
 

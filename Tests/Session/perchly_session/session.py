@@ -249,13 +249,14 @@ class Session:
 
     def start_compositor(self):
         if self.compositor == "picom":
-            self._spawn("picom", "--backend", "xrender", "--config", "/dev/null")
+            self.spawn("picom", "--backend", "xrender", "--config", "/dev/null")
         wait_until(self.screen.has_compositor, "a compositor")
 
     def start_status_watcher(self):
         script = Path(__file__).with_name("status_watcher.py")
-        self._spawn(sys.executable, "-B", str(script))
+        watcher = self.spawn(sys.executable, "-B", str(script))
         wait_until(lambda: watcher_runs(self.bus_address), "the status watcher")
+        return watcher
 
     def status_item(self):
         return StatusItem(self.bus_address)
@@ -295,7 +296,7 @@ class Session:
     def _start_server(self):
         width, height = self._size
         read, write = os.pipe()
-        self._spawn(
+        self.spawn(
             "Xvfb",
             "-displayfd",
             str(write),
@@ -320,32 +321,34 @@ class Session:
         (services / "org.a11y.Bus.service").write_text(ACCESSIBILITY_SERVICE)
         configuration = self.folder / "bus.conf"
         configuration.write_text(BUS_CONFIGURATION.format(folder=self.folder))
-        self._spawn("dbus-daemon", "--nofork", f"--config-file={configuration}")
+        self.spawn("dbus-daemon", "--nofork", f"--config-file={configuration}")
         wait_until((self.folder / "bus").exists, "the session bus")
 
     def _start_window_manager(self):
         if self.window_manager == "xfwm4":
             compositor = "on" if self.compositor == "xfwm4" else "off"
-            self._spawn("xfwm4", f"--compositor={compositor}")
+            self.spawn("xfwm4", f"--compositor={compositor}")
         else:
-            self._spawn("openbox", "--sm-disable")
+            self.spawn("openbox", "--sm-disable")
         wait_until(self.screen.has_window_manager, f"{self.window_manager} running")
         wait_until(self.screen.manages_windows, f"{self.window_manager} at work")
 
-    def _spawn(self, *command, pass_fds=()):
+    def spawn(self, *command, pass_fds=(), stdout=None):
+        """Starts another program, which ends with the session."""
         with open(self.folder / "services.log", "ab") as log:
             service = subprocess.Popen(
                 command,
                 env=self.environment,
                 cwd=self.folder,
                 stdin=subprocess.DEVNULL,
-                stdout=log,
+                stdout=stdout or log,
                 stderr=log,
                 pass_fds=pass_fds,
                 start_new_session=True,
                 preexec_fn=_die_with_parent,
             )
         self._services.append(service)
+        return service
 
     def _call(self, *command):
         subprocess.run(

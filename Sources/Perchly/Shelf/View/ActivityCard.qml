@@ -87,6 +87,9 @@ Item {
                 horizontalAlignment: Text.AlignHCenter
                 text: root.look === "timer" ? "" : root.mainLine
             }
+            ToolTipArea {
+                text: title.truncated ? title.text : ""
+            }
             NumberAnimation {
                 id: arrival
 
@@ -98,15 +101,55 @@ Item {
                 to: 1
             }
         }
-        Label {
+        // Where room is short the names give way, not what the player does.
+        Item {
+            id: second
+
+            readonly property bool media: root.look === "media"
+            readonly property real room: column.width - doing.width - (artist.visible ? dot.width : 0)
+
             Accessible.ignored: !visible
-            Accessible.name: text
+            Accessible.name: root.secondLine
             Accessible.role: Accessible.StaticText
-            color: Theme.grey
-            horizontalAlignment: Text.AlignHCenter
-            text: root.secondLine
+            height: doing.implicitHeight
             visible: root.look !== "timer"
             width: column.width
+
+            Row {
+                anchors.horizontalCenter: parent.horizontalCenter
+
+                Label {
+                    id: artist
+
+                    color: Theme.grey
+                    text: second.media ? root.model.musicArtist : ""
+                    visible: text !== ""
+                    width: Math.min(implicitWidth, second.room - source.width)
+                }
+                Label {
+                    id: dot
+
+                    color: Theme.grey
+                    text: " · "
+                    visible: artist.visible
+                }
+                Label {
+                    id: source
+
+                    color: Theme.grey
+                    text: second.media ? root.model.mediaSource : ""
+                    width: Math.min(implicitWidth, Math.max(second.room / 2, second.room - artist.implicitWidth))
+                }
+                Label {
+                    id: doing
+
+                    color: Theme.grey
+                    text: second.media ? (source.text !== "" ? " · " : "") + (root.model.playing ? "Playing" : "Paused") : root.secondLine
+                }
+            }
+            ToolTipArea {
+                text: artist.truncated || source.truncated ? root.secondLine : ""
+            }
         }
         MusicControls {
             anchors.horizontalCenter: parent.horizontalCenter

@@ -37,16 +37,35 @@ Item {
     Accessible.name: "Your shelf"
     Accessible.role: Accessible.Grouping
 
-    Keys.onLeftPressed: root.goBack()
-    Keys.onRightPressed: root.goOn()
+    /// Pages and takes the keyboard along, so that it is never on an entry out of sight.
+    function page(on: bool) {
+        if (on) {
+            root.goOn();
+        } else {
+            root.goBack();
+        }
+        const focused = root.focusedEntry();
+        if (focused >= 0 && !StripPaging.shows(focused, root.offset)) {
+            const next = StripPaging.nearest(focused, root.offset, root.count);
+            ((entries.itemAt(next) as Loader)?.item as Item)?.forceActiveFocus(Qt.TabFocusReason);
+        }
+    }
+
+    function focusedEntry(): int {
+        for (let index = 0; index < entries.count; ++index) {
+            if (((entries.itemAt(index) as Loader)?.item as Item)?.activeFocus) {
+                return index;
+            }
+        }
+        return -1;
+    }
+
+    Keys.onLeftPressed: root.page(false)
+    Keys.onRightPressed: root.page(true)
     Keys.onPressed: event => {
         if (event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown) {
             event.accepted = true;
-            if (event.key === Qt.Key_PageUp) {
-                root.goBack();
-            } else {
-                root.goOn();
-            }
+            root.page(event.key === Qt.Key_PageDown);
         }
     }
 
@@ -133,6 +152,8 @@ Item {
             x: position.value + (drag.active ? drag.activeTranslation.x * 0.6 : 0)
 
             Repeater {
+                id: entries
+
                 model: root.library.shown
 
                 Loader {

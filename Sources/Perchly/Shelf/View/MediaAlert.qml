@@ -2,19 +2,58 @@ import QtQuick
 import Perchly.Look
 import Perchly.Stores
 
-/// Says, over the whole shelf, that a playback command failed, until the person has read it.
-Item {
+/// Says, over the whole shelf, that a playback command failed, until the person has read it. Nothing
+/// behind it gets the keyboard meanwhile, but a text that the person is writing keeps it.
+FocusScope {
     id: root
 
     required property ShelfModel model
     required property ShelfPreferences preferences
     required property real radius
+    /// That of the shelf's content.
+    required property real contentScale
 
     readonly property string edge: root.model.dockEdge
 
     clip: true
 
-    Component.onCompleted: confirm.forceActiveFocus()
+    property Item returnTo: null
+
+    function isWriting(item: Item): bool {
+        return item instanceof TextEdit || item instanceof TextInput;
+    }
+
+    function hold() {
+        const focused = root.Window.activeFocusItem;
+        if (!confirm.activeFocus && !root.isWriting(focused)) {
+            root.returnTo = root.returnTo ?? focused;
+            confirm.forceActiveFocus();
+        }
+    }
+
+    Component.onCompleted: root.hold()
+    Component.onDestruction: {
+        if (confirm.activeFocus) {
+            root.returnTo?.forceActiveFocus();
+        }
+    }
+    Keys.onBacktabPressed: confirm.forceActiveFocus()
+    Keys.onTabPressed: confirm.forceActiveFocus()
+
+    Connections {
+        target: root.Window.window
+
+        function onActiveFocusItemChanged() {
+            again.start();
+        }
+    }
+    // Not while the keyboard is on its way.
+    Timer {
+        id: again
+
+        interval: 0
+        onTriggered: root.hold()
+    }
 
     Rectangle {
         anchors.fill: parent
@@ -42,7 +81,8 @@ Item {
         color: Theme.floating
         height: confirm.y + confirm.height + 16
         radius: 16
-        width: Math.min(320, root.width - 40)
+        scale: root.contentScale
+        width: Math.min(320, root.width / root.contentScale - 40)
 
         Label {
             id: title

@@ -20,6 +20,10 @@ CardBody {
             height: 16
             text: root.model.musicTitle
             width: parent.width
+
+            ToolTipArea {
+                text: (parent as Label).truncated ? root.model.musicTitle : ""
+            }
         }
         Row {
             spacing: 5

@@ -25,15 +25,20 @@ FocusScope {
     readonly property real margin: 10
     readonly property bool above: root.anchorRect.y + root.anchorRect.height + 8 + card.height > root.height - root.margin
 
-    /// The choice with the keyboard, or the one that is `by` places from it.
-    function step(by: int) {
+    function rows(): var {
         const children = chooser.item ? (chooser.item as Item).children : [];
-        const rows = [];
+        const found = [];
         for (let index = 0; index < children.length; ++index) {
             if (children[index] instanceof ChoiceRow) {
-                rows.push(children[index]);
+                found.push(children[index]);
             }
         }
+        return found;
+    }
+
+    /// Gives the keyboard to the choice that is `by` places from the one that has it.
+    function step(by: int) {
+        const rows = root.rows();
         const now = rows.findIndex(row => row.activeFocus);
         const next = now < 0 ? (by > 0 ? 0 : rows.length - 1) : (now + by + rows.length) % rows.length;
         rows[next]?.forceActiveFocus(Qt.TabFocusReason);
@@ -62,6 +67,7 @@ FocusScope {
 
     function present(anchor: Item, width: real) {
         root.returnTo = root.Window.activeFocusItem;
+        const byKey = anchor.activeFocus && root.Window.active;
         root.anchorItem = anchor;
         root.cardWidth = width;
         const corner = root.mapFromItem(anchor, 0, 0);
@@ -69,6 +75,9 @@ FocusScope {
         root.model.setChoosingWidget(true);
         root.borrowed = root.shell.takeKeyboard();
         root.forceActiveFocus();
+        if (byKey) {
+            (root.rows().find(row => row.chosen) ?? root.rows()[0])?.forceActiveFocus(Qt.TabFocusReason);
+        }
         if (!Theme.reduceMotion) {
             arrival.restart();
         }
@@ -99,6 +108,12 @@ FocusScope {
     Keys.onBacktabPressed: root.step(-1)
     Keys.onDownPressed: root.step(1)
     Keys.onEscapePressed: root.close()
+    Keys.onPressed: event => {
+        if (event.key === Qt.Key_Home || event.key === Qt.Key_End) {
+            event.accepted = true;
+            root.rows().at(event.key === Qt.Key_Home ? 0 : -1)?.forceActiveFocus(Qt.TabFocusReason);
+        }
+    }
     Keys.onTabPressed: root.step(1)
     Keys.onUpPressed: root.step(-1)
 

@@ -67,6 +67,7 @@ FocusScope {
         edgeFade.target = 1;
     }
     onExpandedChanged: {
+        headerHandle.opening = root.expanded && headerHandle.containsMouse;
         root.reveal();
         if (!root.expanded) {
             root.forceActiveFocus(); // not on a button that nobody sees any more
@@ -267,14 +268,18 @@ FocusScope {
     DragHandle {
         id: headerHandle
 
+        hoverEnabled: true
+        onExited: headerHandle.opening = false
         enabled: !root.choosing || headerHandle.pressed
         readonly property rect openArea: layout.onStage(layout.bandLeft, 0, layout.rowsWidth, layout.headerHeight)
+        property bool opening: false
         readonly property rect area: root.expanded ? headerHandle.openArea : layout.restRect
 
         height: headerHandle.area.height
         label: status.sentence
         shell: root.shell
-        toolTip: root.expanded ? "Click to open · Drag to the top, left, or right edge" : status.sentence
+        // A hovering pointer that has just opened the shelf is on the header by chance.
+        toolTip: !root.expanded ? status.sentence : headerHandle.opening ? "" : "Click to open · Drag to the top, left, or right edge"
         toolTipSide: !root.onSide || root.expanded ? Qt.BottomEdge : root.edge === "left" ? Qt.RightEdge : Qt.LeftEdge
         width: headerHandle.area.width
         x: headerHandle.area.x
@@ -293,7 +298,15 @@ FocusScope {
         Component.onCompleted: alert.setSource("MediaAlert.qml", {
             model: root.model,
             preferences: root.preferences,
-            radius: layout.openRadius
+            radius: layout.openRadius,
+            contentScale: layout.scale
         })
+
+        Binding {
+            property: "contentScale"
+            target: alert.item
+            value: layout.scale
+            when: alert.item
+        }
     }
 }

@@ -33,4 +33,18 @@ double StripPaging::showing(qsizetype entry, double offset, qsizetype entries) {
     return offset;
 }
 
+bool StripPaging::shows(qsizetype entry, double offset) {
+    const double left = double(entry) * pitch + offset;
+    return left >= 0 && left + entryWidth <= visibleWidth;
+}
+
+qsizetype StripPaging::nearest(qsizetype entry, double offset, qsizetype entries) {
+    const auto step = qsizetype(double(entry) * pitch + offset < 0 ? 1 : -1);
+    qsizetype found = entry;
+    while (found >= 0 && found < entries && !shows(found, offset)) {
+        found += step;
+    }
+    return std::clamp(found, qsizetype(0), std::max(entries - 1, qsizetype(0)));
+}
+
 } // namespace perchly

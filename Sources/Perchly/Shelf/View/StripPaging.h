@@ -31,6 +31,11 @@ public:
     /// The offset after as many steps as it takes to show the whole entry.
     Q_INVOKABLE [[nodiscard]] static double showing(qsizetype entry, double offset,
                                                     qsizetype entries);
+    /// Whether the whole entry is to be seen.
+    Q_INVOKABLE [[nodiscard]] static bool shows(qsizetype entry, double offset);
+    /// The entry that is shown whole and lies next to this one.
+    Q_INVOKABLE [[nodiscard]] static qsizetype nearest(qsizetype entry, double offset,
+                                                       qsizetype entries);
 };
 
 } // namespace perchly
