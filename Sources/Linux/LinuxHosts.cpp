@@ -8,12 +8,15 @@
 #include "DesktopCatalog.h"
 #include "GioApplications.h"
 #include "JsonPreferences.h"
+#include "NullAudio.h"
 #include "NullHosts.h"
+#include "PipeWireAudioSystem.h"
 #include "PortalMotion.h"
 #include "ProcessScriptHost.h"
 #include "QtClock.h"
 #include "QtKeyMonitor.h"
 #include "QtOpenPanel.h"
+#include "RunningApplications.h"
 #include "SessionBus.h"
 #include "StartupSequence.h"
 #include "TrayStatusItem.h"
@@ -82,6 +85,7 @@ Hosts nullHosts() {
     hosts.scriptHost = std::make_unique<NullScriptHost>();
     hosts.playerNotifications = std::make_unique<NullPlayerNotifications>();
     hosts.musicPlayer = std::make_unique<NullMusicPlayer>();
+    hosts.audio = std::make_unique<NullAudioSystem>();
     hosts.pasteboard = std::make_unique<NullPasteboard>();
     return hosts;
 }
@@ -101,6 +105,7 @@ void addDesktop(Hosts &hosts) {
     hosts.scriptHost = scriptHost();
     hosts.playerNotifications = std::make_unique<BusPlayerNotifications>();
     hosts.musicPlayer = std::make_unique<DefaultMusicPlayer>(*hosts.applications);
+    hosts.audio = std::make_unique<PipeWireAudioSystem>(findRunningApplication);
 }
 
 void addWindowSystem(Hosts &hosts) {

@@ -3,6 +3,7 @@
 #include "AlertSound.h"
 #include "ApplicationCatalog.h"
 #include "Applications.h"
+#include "AudioSystem.h"
 #include "Clock.h"
 #include "Displays.h"
 #include "HotKeys.h"
@@ -44,6 +45,7 @@ struct Hosts {
     std::unique_ptr<PlayerNotifications> playerNotifications;
     std::unique_ptr<MusicPlayer> musicPlayer;
     std::unique_ptr<Pasteboard> pasteboard;
+    std::unique_ptr<AudioSystem> audio;
 };
 
 } // namespace perchly

@@ -16,7 +16,7 @@ bool isComplete(const Hosts &hosts) {
     return hosts.clock && hosts.preferences && hosts.displays && hosts.pointer && hosts.keys &&
            hosts.panel && hosts.hotKeys && hosts.statusItem && hosts.applications && hosts.motion &&
            hosts.alertSound && hosts.scriptHost && hosts.catalog && hosts.openPanel &&
-           hosts.loginItem && hosts.playerNotifications && hosts.musicPlayer;
+           hosts.loginItem && hosts.playerNotifications && hosts.musicPlayer && hosts.audio;
 }
 
 } // namespace

@@ -32,6 +32,7 @@ FakeHosts::FakeHosts()
     , scriptHost(install<FakeScriptHost>(hosts.scriptHost))
     , playerNotifications(install<FakePlayerNotifications>(hosts.playerNotifications))
     , musicPlayer(install<FakeMusicPlayer>(hosts.musicPlayer))
-    , pasteboard(install<FakePasteboard>(hosts.pasteboard)) {}
+    , pasteboard(install<FakePasteboard>(hosts.pasteboard))
+    , audio(install<FakeAudioSystem>(hosts.audio)) {}
 
 } // namespace perchly

@@ -1,10 +1,11 @@
 #pragma once
 
 #include "FakeApplicationCatalog.h"
+#include "FakeAudio.h"
 #include "FakeClock.h"
-#include "FakePasteboard.h"
 #include "FakeLoginItem.h"
 #include "FakeOpenPanel.h"
+#include "FakePasteboard.h"
 #include "FakePlatform.h"
 #include "FakePreferences.h"
 #include "FakeScriptHost.h"
@@ -36,6 +37,7 @@ struct FakeHosts {
     FakePlayerNotifications &playerNotifications;
     FakeMusicPlayer &musicPlayer;
     FakePasteboard &pasteboard;
+    FakeAudioSystem &audio;
 };
 
 } // namespace perchly

@@ -16,6 +16,7 @@ AppDelegate::AppDelegate(Hosts &hosts, ShellResources resources)
     , m_media(m_model, *hosts.clock, *hosts.scriptHost, *hosts.playerNotifications,
               *hosts.musicPlayer)
     , m_library(*hosts.preferences, *hosts.catalog, *hosts.openPanel)
+    , m_mixer(*hosts.audio, *hosts.clock)
     , m_hotKey(*hosts.hotKeys, *this, m_productivity)
     , m_headerView(*this) {}
 
@@ -50,6 +51,7 @@ void AppDelegate::launch() {
     m_hosts.pointer->start();
     showStatusItem();
     m_hosts.playerNotifications->start();
+    m_hosts.audio->start();
     connect(m_hosts.displays.get(), &Displays::changed, this, &AppDelegate::resize);
     connect(&m_shelfPreferences, &ShelfPreferences::shelfScaleChanged, this, &AppDelegate::resize);
 }
@@ -110,7 +112,8 @@ void AppDelegate::showMixer() {
     show(m_mixerWindow, {.title = QStringLiteral("Perchly Volume Mixer"),
                          .size = {600, 480},
                          .buttons = WindowContent::Buttons::CloseMaximize,
-                         .view = m_resources.mixerView});
+                         .view = m_resources.mixerView,
+                         .properties = {{QStringLiteral("mixer"), QVariant::fromValue(&m_mixer)}}});
 }
 
 void AppDelegate::showSearch() {
@@ -120,6 +123,7 @@ void AppDelegate::showSearch() {
 
 void AppDelegate::terminate() {
     m_media.stopMediaMonitoring();
+    m_mixer.releaseAll();
     QCoreApplication::quit();
 }
 

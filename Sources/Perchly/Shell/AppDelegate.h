@@ -16,6 +16,7 @@
 #include "ShelfPanel.h"
 #include "ShelfPreferences.h"
 #include "ShellActions.h"
+#include "VolumeMixer.h"
 
 #include <QIcon>
 #include <QQmlEngine>
@@ -56,6 +57,7 @@ public:
     [[nodiscard]] ShelfModel &model() { return m_model; }
     [[nodiscard]] ShelfLibrary &library() { return m_library; }
     [[nodiscard]] Productivity &productivity() { return m_productivity; }
+    [[nodiscard]] VolumeMixer &mixer() { return m_mixer; }
     /// Made on first use.
     [[nodiscard]] ShelfExtras &extras();
 
@@ -137,6 +139,7 @@ private:
     MediaTracking m_media;
     ShelfLibrary m_library;
     Productivity m_productivity;
+    VolumeMixer m_mixer;
     std::unique_ptr<ShelfExtras> m_extras;
     std::unique_ptr<AuxiliaryWindow> m_mixerWindow;
     ShelfHotKey m_hotKey;

@@ -2,6 +2,7 @@
 #include "Hosts.h"
 #include "LinuxHosts.h"
 #include "SymbolIcon.h"
+#include "TerminationSignals.h"
 
 #include <QApplication>
 #include <QQuickWindow>
@@ -36,8 +37,11 @@ int main(int argc, char **argv) {
         hosts,
         {.statusIcon = symbolIcon(QStringLiteral("square.stack.3d.up")),
          .shelfView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Shelf/ShelfView.qml")),
-         .settingsView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Settings/ShelfSettings.qml"))});
+         .settingsView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Settings/ShelfSettings.qml")),
+         .mixerView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/VolumeMixer/VolumeMixerView.qml"))});
     QObject::connect(instance.get(), &SingleInstance::requested, &delegate, &AppDelegate::perform);
+    const TerminationSignals signals;
+    QObject::connect(&signals, &TerminationSignals::requested, &delegate, &AppDelegate::terminate);
     delegate.launch();
     return QApplication::exec();
 }

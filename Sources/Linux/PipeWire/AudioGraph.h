@@ -1,0 +1,109 @@
+#pragma once
+
+#include "AudioSystem.h"
+#include "GraphObjects.h"
+#include "GraphWiring.h"
+#include "SessionMetadata.h"
+
+#include <QTimer>
+
+#include <map>
+#include <memory>
+#include <utility>
+
+namespace perchly {
+
+class PipeWireConnection;
+
+/// What the server has announced: who plays, and where to. A process is what the clients and
+/// streams with one process identifier have in common, and it stays one until it ends, as programs
+/// close and open their connections. Numbers of processes are not used again, and those of outputs
+/// stay with their names. Main thread only.
+class AudioGraph : public QObject {
+    Q_OBJECT
+public:
+    explicit AudioGraph(PipeWireConnection &connection, QObject *parent = nullptr);
+    ~AudioGraph() override;
+
+    /// Whether everything that was there has been announced, and streams can be moved.
+    [[nodiscard]] bool isComplete() const { return m_isComplete && m_metadata.isBound(); }
+
+    /// 0 when there is none. It is kept while the server is away.
+    [[nodiscard]] AudioObject defaultOutput() const { return m_defaultOutput; }
+
+    [[nodiscard]] QList<AudioProcess> processes() const;
+    [[nodiscard]] bool hasProcess(AudioObject process) const;
+    /// Null when there is none.
+    [[nodiscard]] const GraphClient *clientOf(std::int32_t pid) const;
+    [[nodiscard]] QList<const GraphStream *> streamsOf(AudioObject process) const;
+    /// Null when there is no such stream.
+    [[nodiscard]] const GraphStream *stream(std::uint32_t node) const;
+    /// 0 when there is no such stream.
+    [[nodiscard]] AudioObject processOf(std::uint32_t node) const;
+    /// A number that is not used again; empty when the node is no output.
+    [[nodiscard]] QString serialOfOutput(std::uint32_t node) const;
+
+    [[nodiscard]] SessionMetadata &metadata() { return m_metadata; }
+    [[nodiscard]] const GraphWiring &wiring() const { return m_wiring; }
+    [[nodiscard]] bool hasOutputs() const { return !m_outputs.empty(); }
+
+Q_SIGNALS:
+    /// What isComplete(), processes() or defaultOutput() answers may have changed. Told after a
+    /// moment, once for many changes.
+    void changed();
+
+    // From within a callback of the connection:
+    /// It belongs to a process now, or has begun to play.
+    void streamChanged(std::uint32_t node);
+    void streamRemoved(std::uint32_t node);
+    void wiringChanged();
+    /// Streams cannot be moved any more, nor be sent back.
+    void moverLost();
+
+private:
+    struct Callbacks;
+    using ProcessKey = std::pair<std::int64_t, QString>;
+
+    struct Known {
+        AudioObject number = 0;
+        std::optional<quint64> startTime; ///< nothing when it cannot be told whether it runs
+        QString bundleId;
+    };
+
+    struct Output {
+        QString name;
+        QString serial;
+    };
+
+    void begin();
+    void clear();
+    void add(std::uint32_t id, const char *type, const spa_dict &properties);
+    void addNode(std::uint32_t id, const spa_dict &properties);
+    void remove(std::uint32_t id);
+    void read(GraphClient &client, const spa_dict &properties);
+    void forgetProcess(AudioObject process);
+    void answered(int number);
+    void findDefault();
+    [[nodiscard]] Known &know(const ProcessKey &key);
+    [[nodiscard]] bool isConnected(AudioObject process) const;
+    [[nodiscard]] AudioObject processOf(const GraphStream &stream) const;
+
+    PipeWireConnection &m_connection;
+    ProxyPointer m_registry;
+    spa_hook m_registryListener{};
+    SessionMetadata m_metadata;
+    GraphWiring m_wiring;
+    std::map<std::uint32_t, std::unique_ptr<GraphClient>> m_clients;
+    std::map<std::uint32_t, std::unique_ptr<GraphStream>> m_streams;
+    std::map<std::uint32_t, Output> m_outputs;
+    std::map<ProcessKey, Known> m_known;
+    QHash<QString, AudioObject> m_outputNumbers;
+    AudioObject m_lastNumber = 0;
+    AudioObject m_defaultOutput = 0;
+    int m_question = 0;
+    int m_answers = 0;
+    bool m_isComplete = false;
+    QTimer m_announcement;
+};
+
+} // namespace perchly

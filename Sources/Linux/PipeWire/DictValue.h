@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+
+#include <spa/utils/dict.h>
+
+#include <cstdint>
+#include <optional>
+
+namespace perchly {
+
+/// Empty when the key is missing.
+inline QString textOf(const spa_dict &properties, const char *key) {
+    return QString::fromUtf8(spa_dict_lookup(&properties, key));
+}
+
+/// Nothing when the key is missing or its value is no such number.
+inline std::optional<std::uint32_t> numberOf(const spa_dict &properties, const char *key) {
+    bool isNumber = false;
+    const std::uint32_t number = textOf(properties, key).toUInt(&isNumber);
+    return isNumber ? std::optional(number) : std::nullopt;
+}
+
+} // namespace perchly

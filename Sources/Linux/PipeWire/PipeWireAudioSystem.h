@@ -1,0 +1,47 @@
+#pragma once
+
+#include "AudioGraph.h"
+#include "AudioSystem.h"
+#include "PipeWireConnection.h"
+#include "RetiredStreams.h"
+
+#include <QHash>
+
+#include <functional>
+#include <memory>
+
+namespace perchly {
+
+/// Processes and routes of PipeWire, with a session manager that moves streams on request. It
+/// connects a moment after start(), when the program has shown itself, and again whenever the
+/// server comes back.
+class PipeWireAudioSystem : public AudioSystem {
+    Q_OBJECT
+public:
+    /// Finds the running application with that process identifier, and with the name of its
+    /// desktop entry or program, where that is known.
+    using ApplicationFinder = std::function<std::optional<RunningApplication>(
+        std::int32_t pid, const QStringList &hints)>;
+
+    explicit PipeWireAudioSystem(ApplicationFinder find = {}, QObject *parent = nullptr);
+    ~PipeWireAudioSystem() override;
+
+    void start() override;
+    [[nodiscard]] bool canRouteProcesses() const override { return m_hasBeenComplete; }
+    [[nodiscard]] AudioObject defaultOutput() const override { return m_graph.defaultOutput(); }
+    [[nodiscard]] std::optional<QList<AudioProcess>> processes() const override;
+    [[nodiscard]] std::optional<RunningApplication> application(std::int32_t pid) const override;
+    [[nodiscard]] std::unique_ptr<AudioRoute> makeRoute() override;
+
+private:
+    void note();
+
+    ApplicationFinder m_find;
+    PipeWireConnection m_connection;
+    AudioGraph m_graph;
+    RetiredStreams m_retired;
+    mutable QHash<std::int32_t, std::optional<RunningApplication>> m_applications;
+    bool m_hasBeenComplete = false;
+};
+
+} // namespace perchly

@@ -1,0 +1,182 @@
+#include "PipeWireConnection.h"
+
+#include <QDeadlineTimer>
+#include <QFile>
+
+#include <cerrno>
+
+namespace perchly {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int attemptsInARow = 7;
+
+QString socketFolder() {
+    for (const char *name : {"PIPEWIRE_RUNTIME_DIR", "XDG_RUNTIME_DIR"}) {
+        if (const QString folder = qEnvironmentVariable(name); !folder.isEmpty()) {
+            return folder;
+        }
+    }
+    return {};
+}
+
+} // namespace
+
+struct PipeWireConnection::Callbacks {
+    static void info(void *data, const pw_core_info *info) {
+        auto &self = *static_cast<PipeWireConnection *>(data);
+        const char *rate = spa_dict_lookup(info->props, "default.clock.rate");
+        if (const int value = rate != nullptr ? atoi(rate) : 0; value > 0) {
+            self.m_sampleRate = value;
+        }
+    }
+
+    static void done(void *data, std::uint32_t id, int number) {
+        auto &self = *static_cast<PipeWireConnection *>(data);
+        if (id == PW_ID_CORE) {
+            self.m_answered = number;
+            self.m_isSilent = false;
+            Q_EMIT self.answered(number);
+        }
+    }
+
+    /// Errors about other objects, and other errors, come from objects that went meanwhile.
+    static void error(void *data, std::uint32_t id, int, int result, const char *) {
+        auto &self = *static_cast<PipeWireConnection *>(data);
+        if (id == PW_ID_CORE && result == -EPIPE) {
+            self.m_isLost = true;
+        }
+    }
+
+    static constexpr pw_core_events events{
+        .version = PW_VERSION_CORE_EVENTS, .info = info, .done = done, .error = error};
+};
+
+PipeWireConnection::PipeWireConnection(QObject *parent)
+    : QObject(parent) {
+    m_retry.setSingleShot(true);
+    connect(&m_retry, &QTimer::timeout, this, &PipeWireConnection::tryToConnect);
+    connect(&m_folder, &QFileSystemWatcher::directoryChanged, this, &PipeWireConnection::lookAgain);
+}
+
+PipeWireConnection::~PipeWireConnection() {
+    m_readable.reset();
+    if (m_loop) {
+        pw_loop_leave(m_loop.get());
+    }
+}
+
+void PipeWireConnection::start() {
+    const QString folder = socketFolder();
+    if (!folder.isEmpty()) {
+        m_folder.addPath(folder);
+    }
+    tryToConnect();
+}
+
+void PipeWireConnection::lookAgain() {
+    if (!m_core) {
+        m_attempts = 0;
+        m_retry.start(0);
+    }
+}
+
+void PipeWireConnection::tryToConnect() {
+    if (m_core) {
+        return;
+    }
+    if (!m_loop) {
+        pw_init(nullptr, nullptr);
+        m_loop.reset(pw_loop_new(nullptr));
+        if (!m_loop) {
+            return;
+        }
+        pw_loop_enter(m_loop.get());
+        m_readable =
+            std::make_unique<QSocketNotifier>(pw_loop_get_fd(m_loop.get()), QSocketNotifier::Read);
+        connect(m_readable.get(), &QSocketNotifier::activated, this, &PipeWireConnection::serve);
+    }
+    if (!m_context) {
+        // The configuration of clients whose audio threads are real-time ones.
+        m_context.reset(pw_context_new(
+            m_loop.get(), pw_properties_new(PW_KEY_CONFIG_NAME, "client-rt.conf", nullptr), 0));
+    }
+    if (m_context) {
+        m_core.reset(pw_context_connect(m_context.get(), nullptr, 0));
+    }
+    if (!m_core) {
+        if (++m_attempts < attemptsInARow) {
+            m_retry.start(25ms * (1 << m_attempts));
+        }
+        return;
+    }
+    m_isLost = false;
+    m_isSilent = false;
+    m_attempts = 0;
+    pw_core_add_listener(m_core.get(), &m_listener, &Callbacks::events, this);
+    Q_EMIT connected();
+}
+
+void PipeWireConnection::serve() {
+    if (!m_isServing) {
+        iterate(0ms);
+        dropLostServer();
+    }
+}
+
+void PipeWireConnection::iterate(std::chrono::milliseconds limit) {
+    m_isServing = true;
+    pw_loop_iterate(m_loop.get(), int(limit.count()));
+    m_isServing = false;
+}
+
+void PipeWireConnection::dropLostServer() {
+    if (!m_isLost) {
+        return;
+    }
+    m_isLost = false;
+    Q_EMIT lost();
+    spa_hook_remove(&m_listener);
+    m_core.reset();
+    m_attempts = 0;
+    m_retry.start(0);
+}
+
+bool PipeWireConnection::waitFor(std::chrono::milliseconds limit,
+                                 const std::function<bool()> &condition) {
+    Q_ASSERT(!m_isServing);
+    if (!m_core || m_isLost || m_isSilent) {
+        return false;
+    }
+    const QDeadlineTimer deadline(limit);
+    while (!condition() && !m_isLost) {
+        if (deadline.hasExpired()) {
+            m_isSilent = true;
+            ask();
+            return false;
+        }
+        iterate(std::max(1ms, std::chrono::milliseconds(deadline.remainingTime())));
+    }
+    if (m_isLost) {
+        // Not here: the caller still holds what must be destroyed.
+        QMetaObject::invokeMethod(this, &PipeWireConnection::dropLostServer, Qt::QueuedConnection);
+        return false;
+    }
+    return true;
+}
+
+bool PipeWireConnection::settle(std::chrono::milliseconds limit) {
+    if (!m_core) {
+        return false;
+    }
+    const int number = ask();
+    return waitFor(limit, [&] { return m_answered == number; });
+}
+
+int PipeWireConnection::ask() {
+    return m_core ? pw_core_sync(m_core.get(), PW_ID_CORE, 0) : 0;
+}
+
+} // namespace perchly

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "PipeWireHandles.h"
+
+#include <QFileSystemWatcher>
+#include <QSocketNotifier>
+#include <QTimer>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+namespace perchly {
+
+/// A connection to PipeWire that the event loop serves, and that comes back by itself: it watches
+/// the folder of the server's socket, so that a missing server costs nothing. Main thread only.
+class PipeWireConnection : public QObject {
+    Q_OBJECT
+public:
+    explicit PipeWireConnection(QObject *parent = nullptr);
+    ~PipeWireConnection() override;
+
+    /// Tries to connect now, and whenever a server may have come. Call it once.
+    void start();
+
+    /// Null until the first attempt to connect.
+    [[nodiscard]] pw_loop *loop() const { return m_loop.get(); }
+    /// Null while there is no server.
+    [[nodiscard]] pw_core *core() const { return m_core.get(); }
+
+    /// Frames a second of the server's graph, as it has announced them.
+    [[nodiscard]] double sampleRate() const { return m_sampleRate; }
+
+    /// Serves the connection until the condition holds; false when it did not within the limit, or
+    /// when the server is gone. A server that once let a limit pass is not waited for again until
+    /// it has said something. Not to be called from within a callback of the connection.
+    [[nodiscard]] bool waitFor(std::chrono::milliseconds limit,
+                               const std::function<bool()> &condition);
+
+    /// Waits until the server has done what it was told so far.
+    bool settle(std::chrono::milliseconds limit);
+
+    /// Asks the server to answer; `answered` is emitted with this number when it has.
+    int ask();
+
+Q_SIGNALS:
+    void connected();
+    /// The server is gone: whatever was made through the core must be destroyed now.
+    void lost();
+    /// From within a callback of the connection.
+    void answered(int number);
+
+private:
+    struct Callbacks;
+
+    void tryToConnect();
+    void lookAgain();
+    void serve();
+    void iterate(std::chrono::milliseconds limit);
+    void dropLostServer();
+
+    LoopPointer m_loop;
+    ContextPointer m_context;
+    CorePointer m_core;
+    spa_hook m_listener{};
+    std::unique_ptr<QSocketNotifier> m_readable;
+    QFileSystemWatcher m_folder;
+    QTimer m_retry;
+    int m_attempts = 0;
+    int m_answered = 0;
+    double m_sampleRate = 48000;
+    bool m_isLost = false;
+    bool m_isSilent = false;
+    bool m_isServing = false;
+};
+
+} // namespace perchly

@@ -1,0 +1,86 @@
+#include "ProcessMove.h"
+
+#include "AudioGraph.h"
+
+#include <utility>
+
+namespace perchly {
+
+ProcessMove::ProcessMove(AudioGraph &graph, AudioObject process, const QString &target)
+    : m_graph(graph)
+    , m_process(process)
+    , m_target{QByteArrayLiteral("Spa:String"), target.toUtf8()} {}
+
+void ProcessMove::begin() {
+    m_isUnderWay = true;
+    // A stream that is sent elsewhere while it is being connected can be heard at both places until
+    // it ends; so one that is opened later is sent when it plays.
+    connect(&m_graph, &AudioGraph::streamChanged, this, [this](std::uint32_t node) {
+        const GraphStream *stream = m_graph.stream(node);
+        if (stream != nullptr && stream->isRunning && m_graph.processOf(node) == m_process) {
+            move(node);
+        }
+    });
+    connect(&m_graph, &AudioGraph::streamRemoved, this, [this](std::uint32_t node) {
+        m_before.remove(node);
+        m_arrived.remove(node);
+    });
+    connect(&m_graph.metadata(), &SessionMetadata::targetChanged, this, &ProcessMove::watch);
+    for (const GraphStream *stream : m_graph.streamsOf(m_process)) {
+        move(stream->node);
+    }
+}
+
+void ProcessMove::move(std::uint32_t node) {
+    if (m_before.contains(node) || !m_graph.metadata().isBound()) {
+        return;
+    }
+    m_before.insert(node, m_graph.metadata().target(node));
+    m_graph.metadata().setTarget(node, m_target);
+}
+
+void ProcessMove::watch(std::uint32_t node) {
+    // Until our own value has come back, an older one may still be on its way.
+    if (!m_before.contains(node)) {
+        return;
+    }
+    const auto target = m_graph.metadata().target(node);
+    if (target == m_target) {
+        m_arrived.insert(node);
+    } else if (m_arrived.contains(node)) {
+        m_before.remove(node);
+        Q_EMIT takenOver();
+    } else {
+        m_before[node] = target;
+    }
+}
+
+std::optional<StreamTarget> ProcessMove::targetBefore(std::uint32_t node) const {
+    if (const auto before = m_before.value(node)) {
+        return before;
+    }
+    // The session manager forgets its own choice for the program when the target is taken away, so
+    // it is told once more.
+    const auto remembered = m_graph.metadata().rememberedNode(node);
+    const QString serial = remembered ? m_graph.serialOfOutput(*remembered) : QString();
+    if (serial.isEmpty()) {
+        return std::nullopt;
+    }
+    return StreamTarget{QByteArrayLiteral("Spa:Id"), serial.toLatin1()};
+}
+
+void ProcessMove::undo() {
+    if (!std::exchange(m_isUnderWay, false)) {
+        return;
+    }
+    disconnect(&m_graph, nullptr, this, nullptr);
+    disconnect(&m_graph.metadata(), nullptr, this, nullptr);
+    if (m_graph.metadata().isBound()) {
+        for (auto moved = m_before.cbegin(); moved != m_before.cend(); ++moved) {
+            m_graph.metadata().setTarget(moved.key(), targetBefore(moved.key()));
+        }
+    }
+    m_before.clear();
+}
+
+} // namespace perchly

@@ -1,0 +1,88 @@
+#include "RouteCycle.h"
+
+#include "AudioRing.h"
+#include "LoopEvent.h"
+#include "StreamBuffer.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <ctime>
+
+namespace perchly {
+
+namespace {
+
+/// A list of two buffers: the second one follows the list, whose last member is the first.
+struct PlanarStereo {
+    AudioBufferList list;
+    AudioBuffer right;
+};
+static_assert(offsetof(PlanarStereo, right) ==
+              offsetof(AudioBufferList, mBuffers) + sizeof(AudioBuffer));
+
+PlanarStereo planar(float *left, float *right, std::uint32_t frames) {
+    const auto size = std::uint32_t(frames * sizeof(float));
+    return {{2, {{1, size, left}}}, {1, size, right}};
+}
+
+AudioTimeStamp stamp(std::uint64_t frames) {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return {double(frames), std::uint64_t(now.tv_sec) * 1'000'000'000 + std::uint64_t(now.tv_nsec)};
+}
+
+} // namespace
+
+void RouteCycle::capture(pw_stream *source) {
+    {
+        const StreamBuffer buffer(source);
+        if (!buffer || !isOpen()) {
+            return;
+        }
+        const std::uint32_t frames = buffer.frames();
+        dropStaleFrames(frames);
+        const PlanarStereo input = planar(buffer.samples(0), buffer.samples(1), frames);
+        const AudioTimeStamp now = stamp(m_captured);
+        m_capture(now, &input.list, now, nullptr, now);
+        m_captured += frames;
+    }
+    m_hasPlayed = false;
+    pw_stream_trigger_process(m_output);
+}
+
+void RouteCycle::play(pw_stream *output) {
+    StreamBuffer buffer(output);
+    if (!buffer) {
+        return;
+    }
+    const std::uint32_t frames = buffer.wantedFrames();
+    buffer.setFrames(frames);
+    if (!isOpen()) {
+        std::fill_n(buffer.samples(0), frames, 0.0F);
+        std::fill_n(buffer.samples(1), frames, 0.0F);
+        return;
+    }
+    PlanarStereo list = planar(buffer.samples(0), buffer.samples(1), frames);
+    bool isSilence = false;
+    m_render(isSilence, stamp(m_played), frames, &list.list);
+    m_played = std::min(m_captured, m_played + frames);
+    m_hasPlayed = true;
+    if (++m_cycles == 2) {
+        m_running->signal();
+    }
+}
+
+/// What was captured while nothing played would be heard late for ever after.
+void RouteCycle::dropStaleFrames(std::uint32_t captured) {
+    const std::uint64_t kept = m_hasPlayed ? captured : 0;
+    while (m_captured - m_played > kept) {
+        const auto frames =
+            std::uint32_t(std::min<std::uint64_t>(m_captured - m_played - kept, m_dropped.size()));
+        PlanarStereo list = planar(m_dropped.data(), m_dropped.data(), frames);
+        bool isSilence = false;
+        m_render(isSilence, stamp(m_played), frames, &list.list);
+        m_played += frames;
+    }
+}
+
+} // namespace perchly

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "AudioStream.h"
+
+#include <pipewire/stream.h>
+
+#include <array>
+#include <atomic>
+
+namespace perchly {
+
+class LoopEvent;
+
+/// What the real-time thread does in each cycle of the server's graph: what was captured goes to
+/// the capture block, and then, within the same cycle, the render block fills what is played.
+class RouteCycle {
+public:
+    // Main thread, before open().
+    void setCapture(CaptureBlock capture) { m_capture = std::move(capture); }
+    void setRender(RenderBlock render) { m_render = std::move(render); }
+    void setOutput(pw_stream *output) { m_output = output; }
+    /// Signalled right after the second cycle that went through: the ends run then, and it is a
+    /// whole cycle until the next one.
+    void setRunning(LoopEvent *running) { m_running = running; }
+
+    /// Lets the blocks be called from now on. Until then nothing is captured and silence played.
+    void open() { m_isOpen.store(true, std::memory_order_release); }
+
+    // The real-time thread, when the source has frames, and when the output wants some. They wait
+    // for nothing and allocate nothing.
+    void capture(pw_stream *source);
+    void play(pw_stream *output);
+
+private:
+    [[nodiscard]] bool isOpen() const { return m_isOpen.load(std::memory_order_acquire); }
+    void dropStaleFrames(std::uint32_t captured);
+
+    CaptureBlock m_capture;
+    RenderBlock m_render;
+    pw_stream *m_output = nullptr;
+    std::atomic<bool> m_isOpen = false;
+    LoopEvent *m_running = nullptr;
+    std::uint64_t m_cycles = 0;
+    std::uint64_t m_captured = 0; ///< frames
+    std::uint64_t m_played = 0;   ///< frames, those dropped too
+    bool m_hasPlayed = false;     ///< since the last capture
+    std::array<float, 1024> m_dropped{};
+};
+
+} // namespace perchly

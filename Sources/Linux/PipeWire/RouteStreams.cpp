@@ -1,0 +1,109 @@
+#include "RouteStreams.h"
+
+#include "PipeWireConnection.h"
+
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+namespace perchly {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto openingLimit = 250ms;
+
+void capture(void *cycle, pw_stream *stream) {
+    static_cast<RouteCycle *>(cycle)->capture(stream);
+}
+
+void play(void *cycle, pw_stream *stream) {
+    static_cast<RouteCycle *>(cycle)->play(stream);
+}
+
+void set(pw_properties *properties, const char *key, const QString &value) {
+    pw_properties_set(properties, key, value.toUtf8().constData());
+}
+
+} // namespace
+
+RouteStreams::RouteStreams(PipeWireConnection &connection, const QString &uid,
+                           const QString &description, std::function<void()> running)
+    : m_connection(connection)
+    , m_uid(uid)
+    , m_name(QStringLiteral("perchly.") + uid)
+    , m_description(description)
+    , m_running(connection.loop(), std::move(running)) {
+    m_cycle.setRunning(&m_running);
+}
+
+RouteStreams::~RouteStreams() = default;
+
+pw_properties *RouteStreams::properties(const QString &name) const {
+    pw_properties *made = pw_properties_new(PW_KEY_MEDIA_TYPE, "Audio", nullptr);
+    set(made, PW_KEY_NODE_NAME, name);
+    set(made, PW_KEY_NODE_DESCRIPTION, m_description);
+    return made;
+}
+
+void RouteStreams::setGroups(pw_properties *properties) const {
+    // One driver for both ends, and no way back from the one to the other.
+    set(properties, PW_KEY_NODE_GROUP, m_uid);
+    set(properties, PW_KEY_NODE_LINK_GROUP, m_uid);
+}
+
+std::unique_ptr<StereoStream> RouteStreams::make(pw_properties *properties,
+                                                 StereoStream::Process process) {
+    return std::make_unique<StereoStream>(m_connection, properties, process);
+}
+
+AudioStatus RouteStreams::openCapture() {
+    pw_properties *made = properties(m_name);
+    setGroups(made);
+    // A plain sink: PulseAudio streams that are sent to any other kind wait for ever.
+    set(made, PW_KEY_MEDIA_CLASS, QStringLiteral("Audio/Sink"));
+    set(made, PW_KEY_NODE_AUTOCONNECT, QStringLiteral("false"));
+    set(made, PW_KEY_NODE_VIRTUAL, QStringLiteral("true"));
+    set(made, PW_KEY_PRIORITY_SESSION, QStringLiteral("0"));
+    // A stream that is sent to a sink at rest is cut for two cycles.
+    set(made, PW_KEY_NODE_ALWAYS_PROCESS, QStringLiteral("true"));
+    m_capture = make(made, {capture, &m_cycle});
+    const int status = m_capture->open(PW_DIRECTION_INPUT, 0);
+    return status < 0 ? status : m_capture->waitUntilMade(openingLimit);
+}
+
+QString RouteStreams::openPlayback() {
+    pw_properties *made = properties(m_name + QStringLiteral(".playback"));
+    setGroups(made);
+    // The output may rest while nothing is captured.
+    set(made, PW_KEY_NODE_PASSIVE, QStringLiteral("true"));
+    m_playback = make(made, {play, &m_cycle});
+    m_cycle.setOutput(m_playback->handle());
+    int status =
+        m_playback->open(PW_DIRECTION_OUTPUT, PW_STREAM_FLAG_AUTOCONNECT | PW_STREAM_FLAG_TRIGGER);
+    if (status == 0) {
+        status = m_playback->waitUntilMade(openingLimit);
+    }
+    if (status == 0) {
+        return {};
+    }
+    const QString reason = m_playback->error().isEmpty()
+                               ? QString::fromLocal8Bit(std::strerror(-status))
+                               : m_playback->error();
+    return QStringLiteral("The audio output cannot be opened: %1.").arg(reason);
+}
+
+void RouteStreams::rest() {
+    if (m_capture->handle() != nullptr) {
+        const spa_dict_item item{PW_KEY_NODE_ALWAYS_PROCESS, "false"};
+        const spa_dict changes{.flags = 0, .n_items = 1, .items = &item};
+        pw_stream_update_properties(m_capture->handle(), &changes);
+    }
+}
+
+bool RouteStreams::isIntact() const {
+    return m_capture && m_capture->isIntact() && (!m_playback || m_playback->isIntact());
+}
+
+} // namespace perchly

@@ -1,0 +1,98 @@
+#include "SessionMetadata.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <utility>
+
+namespace perchly {
+
+namespace {
+
+const QByteArray targetKey = QByteArrayLiteral("target.object");
+const QByteArray rememberedKey = QByteArrayLiteral("target.node");
+const QByteArray defaultKey = QByteArrayLiteral("default.audio.sink");
+
+} // namespace
+
+bool SessionMetadata::isDescribedBy(const spa_dict &properties) {
+    const char *name = spa_dict_lookup(&properties, PW_KEY_METADATA_NAME);
+    return name != nullptr && QByteArrayView(name) == QByteArrayView("default");
+}
+
+void SessionMetadata::bind(pw_registry *registry, std::uint32_t id) {
+    void *bound =
+        pw_registry_bind(registry, id, PW_TYPE_INTERFACE_Metadata, PW_VERSION_METADATA, 0);
+    m_proxy.reset(static_cast<pw_proxy *>(bound));
+    m_id = id;
+    if (bound != nullptr) {
+        m_listener = {};
+        pw_metadata_add_listener(static_cast<pw_metadata *>(bound), &m_listener, &events, this);
+    }
+}
+
+void SessionMetadata::unbind() {
+    m_proxy.reset();
+    m_targets.clear();
+    m_remembered.clear();
+    if (!std::exchange(m_defaultOutput, QString()).isEmpty()) {
+        Q_EMIT defaultOutputChanged();
+    }
+}
+
+std::optional<StreamTarget> SessionMetadata::target(std::uint32_t node) const {
+    const auto found = m_targets.constFind(node);
+    return found == m_targets.cend() ? std::nullopt : std::optional(*found);
+}
+
+std::optional<std::uint32_t> SessionMetadata::rememberedNode(std::uint32_t node) const {
+    bool isNumber = false;
+    const std::uint32_t remembered = m_remembered.value(node).toUInt(&isNumber);
+    return isNumber ? std::optional(remembered) : std::nullopt;
+}
+
+void SessionMetadata::setTarget(std::uint32_t node, const std::optional<StreamTarget> &target) {
+    auto *metadata = reinterpret_cast<pw_metadata *>(m_proxy.get());
+    pw_metadata_set_property(metadata, node, targetKey.constData(),
+                             target ? target->type.constData() : nullptr,
+                             target ? target->value.constData() : nullptr);
+}
+
+void SessionMetadata::forget(std::uint32_t node) {
+    m_targets.remove(node);
+    m_remembered.remove(node);
+}
+
+int SessionMetadata::onProperty(void *data, std::uint32_t subject, const char *key,
+                                const char *type, const char *value) {
+    // No key stands for all of them, which have then no value.
+    auto &self = *static_cast<SessionMetadata *>(data);
+    for (const QByteArray &known : {targetKey, rememberedKey, defaultKey}) {
+        if (key == nullptr || known == key) {
+            self.read(subject, known, type, value);
+        }
+    }
+    return 0;
+}
+
+void SessionMetadata::read(std::uint32_t subject, const QByteArray &key, const char *type,
+                           const char *value) {
+    if (key == defaultKey) {
+        const QJsonObject named = QJsonDocument::fromJson(QByteArray(value)).object();
+        const QString name = named.value(QLatin1String("name")).toString();
+        if (subject == PW_ID_CORE && std::exchange(m_defaultOutput, name) != name) {
+            Q_EMIT defaultOutputChanged();
+        }
+    } else if (key == rememberedKey) {
+        m_remembered.insert(subject, QByteArray(value));
+    } else {
+        if (value == nullptr) {
+            m_targets.remove(subject);
+        } else {
+            m_targets.insert(subject, {QByteArray(type), QByteArray(value)});
+        }
+        Q_EMIT targetChanged(subject);
+    }
+}
+
+} // namespace perchly

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "AudioSystem.h"
+
+#include <QStringList>
+
+#include <cstdint>
+#include <optional>
+
+namespace perchly {
+
+/// The installed application that the process is: by the desktop entry with which the desktop
+/// started it, or by the first of the names that is one's. Nothing when it is none, or one that is
+/// not shown to people. Reads a few small files. Main thread only.
+[[nodiscard]] std::optional<RunningApplication> findRunningApplication(std::int32_t pid,
+                                                                       const QStringList &names);
+
+} // namespace perchly

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "AudioRoute.h"
+
+#include <QList>
+#include <QObject>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+namespace perchly {
+
+/// A process that has opened the audio system, as far as it can be read.
+struct AudioProcess {
+    AudioObject object = 0;
+    std::optional<std::int32_t> pid;
+    std::optional<bool> isRunningOutput;
+    std::optional<QString> bundleId;
+
+    friend bool operator==(const AudioProcess &, const AudioProcess &) = default;
+};
+
+/// What the desktop knows about a running application.
+struct RunningApplication {
+    QString name; ///< in the person's language; never empty
+    QString path; ///< of its desktop entry, for Applications::icon; empty when it has none
+};
+
+/// The processes that play audio, the default output device, and routes through the program. Every
+/// reading comes from what the audio system has announced, so that asking costs next to nothing
+/// and never waits. Main thread only.
+class AudioSystem : public QObject {
+    Q_OBJECT
+public:
+    using QObject::QObject;
+
+    /// Begins to follow the audio system, also when it comes later or comes back. Call it once;
+    /// until then, nothing is there.
+    virtual void start() = 0;
+
+    /// Whether there is an audio system that can route a single process.
+    [[nodiscard]] virtual bool canRouteProcesses() const = 0;
+
+    /// The default output device; 0 when it cannot be read.
+    [[nodiscard]] virtual AudioObject defaultOutput() const = 0;
+
+    /// In the audio system's order; nothing when the list cannot be read.
+    [[nodiscard]] virtual std::optional<QList<AudioProcess>> processes() const = 0;
+
+    /// The running application with that process identifier, if it is one.
+    [[nodiscard]] virtual std::optional<RunningApplication> application(std::int32_t pid) const = 0;
+
+    /// A route that has made nothing yet. The system outlives it. Never null.
+    [[nodiscard]] virtual std::unique_ptr<AudioRoute> makeRoute() = 0;
+
+Q_SIGNALS:
+    /// An answer above may be another now. Several changes in quick succession are told once.
+    void changed();
+};
+
+} // namespace perchly

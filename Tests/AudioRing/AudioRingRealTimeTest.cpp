@@ -1,0 +1,133 @@
+#include "AudioRing.h"
+
+#include <QTest>
+
+#include <array>
+#include <csignal>
+#include <dlfcn.h>
+#include <functional>
+#include <linux/seccomp.h>
+#include <pthread.h>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+/// While set, an allocation or a lock ends the process.
+volatile bool isRealTime = false;
+
+void mustNotBeRealTime() {
+    if (isRealTime) {
+        __builtin_trap();
+    }
+}
+
+} // namespace
+
+extern "C" {
+void *__libc_malloc(size_t size);
+void *__libc_calloc(size_t count, size_t size);
+void *__libc_realloc(void *memory, size_t size);
+void __libc_free(void *memory);
+
+[[gnu::visibility("default")]] void *malloc(size_t size) noexcept {
+    mustNotBeRealTime();
+    return __libc_malloc(size);
+}
+
+[[gnu::visibility("default")]] void *calloc(size_t count, size_t size) noexcept {
+    mustNotBeRealTime();
+    return __libc_calloc(count, size);
+}
+
+[[gnu::visibility("default")]] void *realloc(void *memory, size_t size) noexcept {
+    mustNotBeRealTime();
+    return __libc_realloc(memory, size);
+}
+
+[[gnu::visibility("default")]] void free(void *memory) noexcept {
+    mustNotBeRealTime();
+    __libc_free(memory);
+}
+
+[[gnu::visibility("default")]] int pthread_mutex_lock(pthread_mutex_t *mutex) noexcept {
+    mustNotBeRealTime();
+    static const auto lock =
+        reinterpret_cast<int (*)(pthread_mutex_t *)>(dlsym(RTLD_NEXT, "pthread_mutex_lock"));
+    return lock(mutex);
+}
+}
+
+namespace {
+
+using Work = std::function<void(AudioRingBuffer *)>;
+
+/// Runs the work where any system call but its exit ends the process.
+bool survivesRealTime(const Work &work) {
+    AudioRingBuffer *ring = perchly_ring_create();
+    const pid_t child = fork();
+    if (child == 0) {
+        prctl(PR_SET_SECCOMP, SECCOMP_MODE_STRICT);
+        isRealTime = true;
+        work(ring);
+        syscall(SYS_exit, 0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    perchly_ring_destroy(ring);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+void pushAndPull(AudioRingBuffer *ring) {
+    static std::array<float, 80000> samples{};
+    const auto list = [](uint32_t frames) {
+        return AudioBufferList{1, {{2, frames * 8, samples.data()}}};
+    };
+    for (const float gain : {1.0F, 0.5F, 0.0F}) {
+        perchly_ring_gain(ring, gain);
+        for (const uint32_t frames : {0U, 64U, 500U, 1024U, 40000U}) {
+            AudioBufferList buffers = list(frames);
+            perchly_ring_push(ring, &buffers);
+            perchly_ring_pull(ring, &buffers, frames);
+            perchly_ring_pull(ring, &buffers, 100000);
+        }
+    }
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Work)
+
+class AudioRingRealTimeTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void pushAndPullNeverLeaveTheThread_data();
+    void pushAndPullNeverLeaveTheThread();
+};
+
+void AudioRingRealTimeTest::pushAndPullNeverLeaveTheThread_data() {
+    QTest::addColumn<Work>("work");
+    QTest::addColumn<bool>("survives");
+    QTest::newRow("an allocation is trapped") << Work([](AudioRingBuffer *) {
+        static_cast<void>(*static_cast<volatile char *>(malloc(8)));
+    }) << false;
+    QTest::newRow("a lock is trapped") << Work([](AudioRingBuffer *) {
+        static pthread_mutex_t mutex = PTHREAD_MUTEX_INITIALIZER;
+        pthread_mutex_lock(&mutex);
+    }) << false;
+    QTest::newRow("a system call is trapped")
+        << Work([](AudioRingBuffer *) { getppid(); }) << false;
+    QTest::newRow("push and pull do none of it") << Work(pushAndPull) << true;
+}
+
+void AudioRingRealTimeTest::pushAndPullNeverLeaveTheThread() {
+    QFETCH(Work, work);
+    QTEST(survivesRealTime(work), "survives");
+}
+
+QTEST_APPLESS_MAIN(AudioRingRealTimeTest)
+
+#include "AudioRingRealTimeTest.moc"
