@@ -2,6 +2,7 @@
 
 #include "AuxiliaryWindow.h"
 #include "Clock.h"
+#include "DisplayPreferences.h"
 #include "Displays.h"
 #include "FieldPasting.h"
 #include "MediaTracking.h"
@@ -30,8 +31,11 @@ struct KeyPress;
 
 /// What the shell shows but does not make itself. An empty view leaves its window without content.
 struct ShellResources {
-    QIcon statusIcon;
-    QUrl shelfView;
+    QIcon statusIcon = {};
+    QUrl shelfView = {};
+    QUrl settingsView = {};
+    QUrl toolsView = {};
+    QUrl mixerView = {};
 };
 
 /// The program's single controller. It owns every store and window for the whole run and drives the
@@ -121,8 +125,7 @@ private:
     void launch(const ShelfItem &item);
     // AppDelegate.cpp
     void showStatusItem();
-    void show(std::unique_ptr<AuxiliaryWindow> &window, const QString &title, const QSize &size,
-              AuxiliaryWindow::Buttons buttons);
+    void show(std::unique_ptr<AuxiliaryWindow> &window, const WindowContent &content);
 
     Hosts &m_hosts;
     ShellResources m_resources;
@@ -140,6 +143,7 @@ private:
     std::unique_ptr<AuxiliaryWindow> m_toolsWindow;
     bool m_keyboardOpen = false;
     bool m_keyboardBorrowed = false; ///< taken outside keyboard mode
+    std::unique_ptr<DisplayPreferences> m_displayPreferences;
     std::unique_ptr<AuxiliaryWindow> m_settingsWindow;
     std::unique_ptr<ShelfPanel> m_panel;
     ShelfHeaderView m_headerView;

@@ -33,8 +33,10 @@ int main(int argc, char **argv) {
 
     Hosts hosts = makeHosts();
     AppDelegate delegate(
-        hosts, {.statusIcon = symbolIcon(QStringLiteral("square.stack.3d.up")),
-                .shelfView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Shelf/ShelfView.qml"))});
+        hosts,
+        {.statusIcon = symbolIcon(QStringLiteral("square.stack.3d.up")),
+         .shelfView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Shelf/ShelfView.qml")),
+         .settingsView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Settings/ShelfSettings.qml"))});
     QObject::connect(instance.get(), &SingleInstance::requested, &delegate, &AppDelegate::perform);
     delegate.launch();
     return QApplication::exec();
