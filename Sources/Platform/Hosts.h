@@ -5,6 +5,7 @@
 #include "Applications.h"
 #include "Clock.h"
 #include "Displays.h"
+#include "FileServices.h"
 #include "HotKeys.h"
 #include "KeyMonitor.h"
 #include "LoginItem.h"
@@ -17,6 +18,7 @@
 #include "PointerMonitor.h"
 #include "Preferences.h"
 #include "ScriptHost.h"
+#include "ShortcutsTool.h"
 #include "StatusItem.h"
 
 #include <memory>
@@ -44,6 +46,8 @@ struct Hosts {
     std::unique_ptr<PlayerNotifications> playerNotifications;
     std::unique_ptr<MusicPlayer> musicPlayer;
     std::unique_ptr<Pasteboard> pasteboard;
+    std::unique_ptr<ShortcutsTool> shortcuts;
+    std::unique_ptr<FileServices> fileServices;
 };
 
 } // namespace perchly

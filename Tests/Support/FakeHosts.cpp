@@ -32,6 +32,8 @@ FakeHosts::FakeHosts()
     , scriptHost(install<FakeScriptHost>(hosts.scriptHost))
     , playerNotifications(install<FakePlayerNotifications>(hosts.playerNotifications))
     , musicPlayer(install<FakeMusicPlayer>(hosts.musicPlayer))
-    , pasteboard(install<FakePasteboard>(hosts.pasteboard)) {}
+    , pasteboard(install<FakePasteboard>(hosts.pasteboard))
+    , shortcuts(install<FakeShortcutsTool>(hosts.shortcuts))
+    , fileServices(install<FakeFileServices>(hosts.fileServices)) {}
 
 } // namespace perchly

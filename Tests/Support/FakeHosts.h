@@ -2,12 +2,14 @@
 
 #include "FakeApplicationCatalog.h"
 #include "FakeClock.h"
-#include "FakePasteboard.h"
+#include "FakeFileServices.h"
 #include "FakeLoginItem.h"
 #include "FakeOpenPanel.h"
+#include "FakePasteboard.h"
 #include "FakePlatform.h"
 #include "FakePreferences.h"
 #include "FakeScriptHost.h"
+#include "FakeShortcutsTool.h"
 #include "Hosts.h"
 
 namespace perchly {
@@ -36,6 +38,8 @@ struct FakeHosts {
     FakePlayerNotifications &playerNotifications;
     FakeMusicPlayer &musicPlayer;
     FakePasteboard &pasteboard;
+    FakeShortcutsTool &shortcuts;
+    FakeFileServices &fileServices;
 };
 
 } // namespace perchly
