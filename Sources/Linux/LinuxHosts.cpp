@@ -3,16 +3,19 @@
 #include "AutostartLoginItem.h"
 #include "BusPlayerNotifications.h"
 #include "CanberraAlertSound.h"
+#include "Companion.h"
 #include "DBusSingleInstance.h"
 #include "DefaultMusicPlayer.h"
 #include "DesktopCatalog.h"
 #include "GioApplications.h"
+#include "GioFileServices.h"
 #include "JsonPreferences.h"
 #include "NullAudio.h"
 #include "NullHosts.h"
 #include "PipeWireAudioSystem.h"
 #include "PortalMotion.h"
 #include "ProcessScriptHost.h"
+#include "ProcessShortcutsTool.h"
 #include "QtClock.h"
 #include "QtKeyMonitor.h"
 #include "QtOpenPanel.h"
@@ -58,12 +61,13 @@ std::optional<QDBusConnection> sessionBus() {
     return bus;
 }
 
-std::unique_ptr<ScriptHost> scriptHost() {
-    const QString companion = ProcessScriptHost::findCompanion();
-    if (companion.isEmpty()) {
-        tellOnce("perchly-scripthost is not installed: what players play is missing");
+template <class Host>
+std::unique_ptr<Host> companion(const char *name, const char *ifMissing) {
+    const QString program = findCompanion(QString::fromLatin1(name));
+    if (program.isEmpty()) {
+        tellOnce(ifMissing);
     }
-    return std::make_unique<ProcessScriptHost>(companion);
+    return std::make_unique<Host>(program);
 }
 
 Hosts nullHosts() {
@@ -87,6 +91,8 @@ Hosts nullHosts() {
     hosts.musicPlayer = std::make_unique<NullMusicPlayer>();
     hosts.audio = std::make_unique<NullAudioSystem>();
     hosts.pasteboard = std::make_unique<NullPasteboard>();
+    hosts.shortcuts = std::make_unique<NullShortcutsTool>();
+    hosts.fileServices = std::make_unique<NullFileServices>();
     return hosts;
 }
 
@@ -96,13 +102,18 @@ void addDesktop(Hosts &hosts) {
     const QDBusConnection reachable = bus.value_or(QDBusConnection(QString()));
     hosts.preferences = std::make_unique<JsonPreferences>(JsonPreferences::defaultPath());
     hosts.statusItem = std::make_unique<TrayStatusItem>(reachable);
-    hosts.applications = std::make_unique<GioApplications>(
-        StartNotices{.begin = startupsequence::begin, .withdraw = startupsequence::withdraw});
+    const StartNotices notices{.begin = startupsequence::begin,
+                               .withdraw = startupsequence::withdraw};
+    hosts.applications = std::make_unique<GioApplications>(notices);
     hosts.catalog = std::make_unique<DesktopCatalog>();
     hosts.loginItem = std::make_unique<AutostartLoginItem>(AutostartLoginItem::runningProgram());
     hosts.motion = std::make_unique<PortalMotion>(reachable);
     hosts.alertSound = std::make_unique<CanberraAlertSound>();
-    hosts.scriptHost = scriptHost();
+    hosts.scriptHost = companion<ProcessScriptHost>(
+        "perchly-scripthost", "perchly-scripthost is not installed: what players play is missing");
+    hosts.shortcuts = companion<ProcessShortcutsTool>(
+        "perchly-shortcuts", "perchly-shortcuts is not installed: shortcuts are missing");
+    hosts.fileServices = std::make_unique<GioFileServices>(notices);
     hosts.playerNotifications = std::make_unique<BusPlayerNotifications>();
     hosts.musicPlayer = std::make_unique<DefaultMusicPlayer>(*hosts.applications);
     hosts.audio = std::make_unique<PipeWireAudioSystem>(findRunningApplication);
@@ -118,8 +129,8 @@ void addWindowSystem(Hosts &hosts) {
     hosts.keys = std::make_unique<QtKeyMonitor>();
     hosts.panel = std::make_unique<X11PanelHost>();
     hosts.hotKeys = std::make_unique<X11HotKeys>();
-    hosts.pasteboard = std::make_unique<X11Pasteboard>();
     hosts.openPanel = std::make_unique<QtOpenPanel>();
+    hosts.pasteboard = std::make_unique<X11Pasteboard>();
 }
 
 } // namespace

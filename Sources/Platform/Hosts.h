@@ -6,6 +6,7 @@
 #include "AudioSystem.h"
 #include "Clock.h"
 #include "Displays.h"
+#include "FileServices.h"
 #include "HotKeys.h"
 #include "KeyMonitor.h"
 #include "LoginItem.h"
@@ -18,6 +19,7 @@
 #include "PointerMonitor.h"
 #include "Preferences.h"
 #include "ScriptHost.h"
+#include "ShortcutsTool.h"
 #include "StatusItem.h"
 
 #include <memory>
@@ -46,6 +48,8 @@ struct Hosts {
     std::unique_ptr<MusicPlayer> musicPlayer;
     std::unique_ptr<Pasteboard> pasteboard;
     std::unique_ptr<AudioSystem> audio;
+    std::unique_ptr<ShortcutsTool> shortcuts;
+    std::unique_ptr<FileServices> fileServices;
 };
 
 } // namespace perchly

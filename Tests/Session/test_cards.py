@@ -111,10 +111,6 @@ class CardsTest(SessionCase):
             lambda: self.screen.focus() == self.program.panel().id, "the shelf with the keyboard"
         )
 
-    def type_text(self, text):
-        for character in text:
-            self.screen.key({" ": "space", "\n": "Return"}.get(character, character))
-
     def test_a_typed_note_survives_a_kill(self):
         self.open_note()
         self.type_text("tea and\nmilk")

@@ -29,24 +29,6 @@ class SettingsTest(SessionCase):
         self.window = wait_until(lambda: self.program.window(TITLE), TITLE)
         wait_until(lambda: self.screen.focus() == self.window.id, "the window with the keyboard")
 
-    def go_to(self, *names, subject=None):
-        """Presses Tab until a control of one of those names (for that entry) has the keyboard;
-        returns its name."""
-        seen = []
-
-        def there():
-            node = self.tree.focused()
-            if node and node.name in names and subject in (None, node.description):
-                return node.name
-            seen.append(node.name if node else None)
-            self.screen.key("Tab")
-            return None
-
-        try:
-            return wait_until(there, f"the keyboard on one of {names}", interval=0.05)
-        except AssertionError as problem:
-            raise AssertionError(f"{problem}; on the way it was on {seen}") from None
-
     def choose_section(self, name):
         distance = SECTIONS.index(name) - SECTIONS.index(self.go_to(*SECTIONS))
         self.press_keys(*["Right" if distance > 0 else "Left"] * abs(distance))

@@ -33,6 +33,8 @@ FakeHosts::FakeHosts()
     , playerNotifications(install<FakePlayerNotifications>(hosts.playerNotifications))
     , musicPlayer(install<FakeMusicPlayer>(hosts.musicPlayer))
     , pasteboard(install<FakePasteboard>(hosts.pasteboard))
-    , audio(install<FakeAudioSystem>(hosts.audio)) {}
+    , audio(install<FakeAudioSystem>(hosts.audio))
+    , shortcuts(install<FakeShortcutsTool>(hosts.shortcuts))
+    , fileServices(install<FakeFileServices>(hosts.fileServices)) {}
 
 } // namespace perchly

@@ -3,12 +3,14 @@
 #include "FakeApplicationCatalog.h"
 #include "FakeAudio.h"
 #include "FakeClock.h"
+#include "FakeFileServices.h"
 #include "FakeLoginItem.h"
 #include "FakeOpenPanel.h"
 #include "FakePasteboard.h"
 #include "FakePlatform.h"
 #include "FakePreferences.h"
 #include "FakeScriptHost.h"
+#include "FakeShortcutsTool.h"
 #include "Hosts.h"
 
 namespace perchly {
@@ -38,6 +40,8 @@ struct FakeHosts {
     FakeMusicPlayer &musicPlayer;
     FakePasteboard &pasteboard;
     FakeAudioSystem &audio;
+    FakeShortcutsTool &shortcuts;
+    FakeFileServices &fileServices;
 };
 
 } // namespace perchly

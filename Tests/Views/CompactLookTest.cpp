@@ -62,7 +62,7 @@ private Q_SLOTS:
     void aTickOfTheTimerAnnouncesTheTimeAlone() {
         FakeHosts fakes;
         ShelfModel model(fakes.clock, fakes.preferences, fakes.alertSound);
-        Productivity productivity;
+        Productivity productivity(fakes.hosts);
         CompactStatus status;
         status.setModel(&model);
         status.setProductivity(&productivity);

@@ -35,6 +35,7 @@ ShelfFixture::ShelfFixture(QObject *parent)
     , m_model(m_fakes.clock, m_fakes.preferences, m_fakes.alertSound)
     , m_preferences(m_fakes.preferences)
     , m_library(m_fakes.preferences, m_fakes.catalog, m_fakes.openPanel)
+    , m_productivity(m_fakes.hosts)
     , m_displayPreferences(m_fakes.preferences, m_fakes.displays, m_fakes.loginItem, m_shell) {
     connect(&m_model, &ShelfModel::controlRequested, this,
             [this](const QString &word) { m_commands.append(word); });

@@ -94,6 +94,9 @@ public:
     Q_INVOKABLE bool choosingWidget() const { return m_model.choosingWidget(); }
     Q_INVOKABLE void advance(int seconds);
 
+    /// The text on the clipboard.
+    Q_INVOKABLE QString copied() const { return m_fakes.pasteboard.offered.text; }
+
     /// What was asked of the shell since the last call.
     Q_INVOKABLE QStringList takeCalls();
 

@@ -160,9 +160,15 @@ void VolumeMixerTest::refreshesEveryTwoSeconds() {
     QCOMPARE(names(), QStringList());
     m_clock->advance(1ms);
     QCOMPARE(names(), (QStringList{QStringLiteral("Music"), QStringLiteral("Radio")}));
+    QCOMPARE(m_clock->scheduledTasks(), 0); // nothing can change without being announced
     m_audio->list->removeFirst();
+    Q_EMIT m_audio->changed();
     m_clock->advance(2s);
     QCOMPARE(names(), QStringList(QStringLiteral("Radio")));
+    m_mixer->enable(2);
+    m_audio->route(2)->running = false; // as a route that breaks
+    m_clock->advance(2s);
+    QVERIFY(!m_mixer->error().isNull());
     m_mixer.reset();
     QCOMPARE(m_clock->scheduledTasks(), 0);
 }

@@ -25,6 +25,13 @@ private:
     QTimer m_timer;
 };
 
+template <class Completion, class Value>
+void answerLater(QObject &receiver, Completion completion, const Value &value) {
+    QMetaObject::invokeMethod(
+        &receiver, [completion = std::move(completion), value] { completion(value); },
+        Qt::QueuedConnection);
+}
+
 } // namespace
 
 std::optional<PreferenceValue> NullPreferences::value(const QString &key) const {
@@ -73,9 +80,7 @@ void NullApplications::openUrl(const QUrl &url, Completion completion) {
     if (completion) {
         const QString error = QStringLiteral("Nothing here can open “%1”.")
                                   .arg(url.toDisplayString(QUrl::PreferLocalFile));
-        QMetaObject::invokeMethod(
-            &m_receiver, [completion = std::move(completion), error] { completion(error); },
-            Qt::QueuedConnection);
+        answerLater(m_receiver, std::move(completion), error);
     }
 }
 
@@ -113,6 +118,29 @@ Task NullScriptHost::run(const QStringList &, std::optional<std::chrono::millise
 
 Task NullPasteboard::read(const PasteboardRequest &, Completion completion) {
     return std::make_unique<Answer>([completion = std::move(completion)] { completion({}); });
+}
+
+Task NullShortcutsTool::execute(const QStringList &, Completion completion) {
+    return std::make_unique<Answer>([completion = std::move(completion)] { completion({}); });
+}
+
+void NullShortcutsTool::prepareFolder(FolderCompletion completion) {
+    answerLater(m_receiver, std::move(completion),
+                QStringLiteral("There is no folder for shortcuts here."));
+}
+
+void NullFileServices::reveal(const QUrl &, Completion completion) {
+    answerLater(m_receiver, std::move(completion),
+                QStringLiteral("There is no file manager here."));
+}
+
+void NullFileServices::findShareTargets(const QUrl &, TargetsCompletion completion) {
+    answerLater(m_receiver, std::move(completion), QList<ShareTarget>());
+}
+
+void NullFileServices::share(const QUrl &, const QString &, Completion completion) {
+    answerLater(m_receiver, std::move(completion),
+                QStringLiteral("There is nothing to share with here."));
 }
 
 } // namespace perchly

@@ -170,6 +170,28 @@ private:
     qint64 m_count = 0;
 };
 
+/// No tool: nothing is listed and every run fails.
+class NullShortcutsTool : public ShortcutsTool {
+public:
+    [[nodiscard]] Task execute(const QStringList &, Completion completion) override;
+    [[nodiscard]] QString folder() const override { return {}; }
+    void prepareFolder(FolderCompletion completion) override;
+
+private:
+    QObject m_receiver;
+};
+
+/// Does nothing and says so.
+class NullFileServices : public FileServices {
+public:
+    void reveal(const QUrl &, Completion completion) override;
+    void findShareTargets(const QUrl &, TargetsCompletion completion) override;
+    void share(const QUrl &, const QString &, Completion completion) override;
+
+private:
+    QObject m_receiver;
+};
+
 /// Every instance is the only one.
 class NullSingleInstance : public SingleInstance {
 public:

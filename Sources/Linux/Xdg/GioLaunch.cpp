@@ -1,5 +1,6 @@
 #include "GioLaunch.h"
 
+#include "GioOwned.h"
 #include "LaunchContext.h"
 
 #include <QFile>
@@ -8,19 +9,12 @@
 #include <gio/gdesktopappinfo.h>
 
 #include <functional>
-#include <memory>
 
 namespace perchly::giolaunch {
 
 namespace {
 
-struct Release {
-    void operator()(void *object) const { g_object_unref(object); }
-    void operator()(GMainContext *context) const { g_main_context_unref(context); }
-};
-
-template <class T>
-using Owned = std::unique_ptr<T, Release>;
+using gio::Owned;
 
 /// What an asynchronous call leaves behind when it is done.
 struct Outcome {
@@ -63,10 +57,11 @@ gboolean finishUrl(GObject *, GAsyncResult *result, GError **error) {
     return g_app_info_launch_default_for_uri_finish(result, error);
 }
 
-QString launch(GDesktopAppInfo *entry, const StartNotices &notices, GCancellable *cancellable) {
+QString launch(GDesktopAppInfo *entry, GList *uris, const StartNotices &notices,
+               GCancellable *cancellable) {
     Outcome outcome{.finish = finishApplication, .error = {}};
     return waitFor(outcome, notices, [&](GAppLaunchContext *context) {
-        g_app_info_launch_uris_async(G_APP_INFO(entry), nullptr, context, cancellable, onDone,
+        g_app_info_launch_uris_async(G_APP_INFO(entry), uris, context, cancellable, onDone,
                                      &outcome);
     });
 }
@@ -104,14 +99,25 @@ QString application(const QString &path, const StartNotices &notices, GCancellab
         return QStringLiteral("“%1” is not an application, or its program is not installed.")
             .arg(path);
     }
-    const QString error = launch(entry.get(), notices, cancellable);
+    const QString error = launch(entry.get(), nullptr, notices, cancellable);
     const bool wantsTerminal =
         g_desktop_app_info_get_boolean(entry.get(), G_KEY_FILE_DESKTOP_KEY_TERMINAL) != FALSE;
     if (error.isEmpty() || !wantsTerminal) {
         return error;
     }
     const auto inside = inSystemTerminal(path);
-    return inside ? launch(inside.get(), notices, cancellable) : error;
+    return inside ? launch(inside.get(), nullptr, notices, cancellable) : error;
+}
+
+QString openWith(const QString &desktopId, const QUrl &url, const StartNotices &notices,
+                 GCancellable *cancellable) {
+    const Owned<GDesktopAppInfo> entry(g_desktop_app_info_new(desktopId.toUtf8().constData()));
+    if (!entry) {
+        return QStringLiteral("The application is no longer installed.");
+    }
+    QByteArray uri = url.toEncoded(QUrl::FullyEncoded);
+    GList uris{.data = uri.data(), .next = nullptr, .prev = nullptr};
+    return launch(entry.get(), &uris, notices, cancellable);
 }
 
 QString url(const QUrl &url, const StartNotices &notices, GCancellable *cancellable) {

@@ -21,4 +21,8 @@ namespace perchly::giolaunch {
 /// Opens the link or local file with its default program.
 [[nodiscard]] QString url(const QUrl &url, const StartNotices &notices, _GCancellable *cancellable);
 
+/// Opens the link or local file with the application whose desktop entry has this identifier.
+[[nodiscard]] QString openWith(const QString &desktopId, const QUrl &url,
+                               const StartNotices &notices, _GCancellable *cancellable);
+
 } // namespace perchly::giolaunch

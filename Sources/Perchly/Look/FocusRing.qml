@@ -11,5 +11,5 @@ RoundedRect {
     borderColor: Theme.accent
     borderWidth: 2
     color: "transparent"
-    visible: root.shown
+    visible: root.shown && root.Window.active
 }

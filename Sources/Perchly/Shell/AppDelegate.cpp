@@ -16,6 +16,7 @@ AppDelegate::AppDelegate(Hosts &hosts, ShellResources resources)
     , m_media(m_model, *hosts.clock, *hosts.scriptHost, *hosts.playerNotifications,
               *hosts.musicPlayer)
     , m_library(*hosts.preferences, *hosts.catalog, *hosts.openPanel)
+    , m_productivity(hosts)
     , m_mixer(*hosts.audio, *hosts.clock)
     , m_hotKey(*hosts.hotKeys, *this, m_productivity)
     , m_headerView(*this) {}

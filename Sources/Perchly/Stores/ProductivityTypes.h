@@ -7,6 +7,18 @@
 
 namespace perchly {
 
+struct ClipForeign {
+    Q_GADGET
+    QML_FOREIGN(perchly::Clip)
+    QML_VALUE_TYPE(clip)
+};
+
+struct SavedLayoutForeign {
+    Q_GADGET
+    QML_FOREIGN(perchly::SavedLayout)
+    QML_VALUE_TYPE(savedLayout)
+};
+
 struct DisplayPreferencesForeign {
     Q_GADGET
     QML_FOREIGN(perchly::DisplayPreferences)

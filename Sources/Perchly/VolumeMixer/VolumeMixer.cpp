@@ -39,17 +39,33 @@ QList<AudioApp> sortedByName(const QList<AudioApp> &apps) {
 VolumeMixer::VolumeMixer(AudioSystem &audio, Clock &clock, QObject *parent)
     : QObject(parent)
     , m_audio(audio)
-    , m_supported(audio.canRouteProcesses())
-    , m_timer(clock.every(refreshPeriod, [this] { refresh(); })) {
+    , m_clock(clock)
+    , m_supported(audio.canRouteProcesses()) {
     connect(&audio, &AudioSystem::changed, this, [this] {
         if (m_audio.canRouteProcesses() != m_supported) {
             refresh();
+        } else {
+            scheduleRefresh();
         }
     });
+    scheduleRefresh();
 }
 
 VolumeMixer::~VolumeMixer() {
     releaseAll();
+}
+
+void VolumeMixer::scheduleRefresh() {
+    if (!m_next) {
+        m_next = m_clock.after(refreshPeriod, [this] {
+            m_next.reset();
+            refresh();
+            // A route is looked after all the time; the rest changes only when that is announced.
+            if (!m_routes.empty()) {
+                scheduleRefresh();
+            }
+        });
+    }
 }
 
 void VolumeMixer::refresh() {
@@ -145,6 +161,7 @@ void VolumeMixer::enable(quint32 id) {
         return;
     }
     m_levels.levels[id] = 1;
+    scheduleRefresh();
     m_apps.announce(id);
 }
 

@@ -10,8 +10,9 @@
 namespace perchly {
 
 /// Lists the processes that play audio and routes those that the person has chosen through the
-/// program, to set their level or mute them. It looks again every two seconds, gives routes back
-/// when the default output changes or a process goes, and keeps the last message for the person.
+/// program, to set their level or mute them. It looks again every two seconds while something is
+/// routed or has changed, gives routes back when the default output changes or a process goes, and
+/// keeps the last message for the person.
 /// Nothing is stored. Main thread only.
 class VolumeMixer : public QObject {
     Q_OBJECT
@@ -53,6 +54,7 @@ Q_SIGNALS:
     void supportedChanged();
 
 private:
+    void scheduleRefresh();
     void readSupport();
     void compareOutput();
     void releaseStopped();
@@ -62,13 +64,14 @@ private:
     void setError(const QString &error);
 
     AudioSystem &m_audio;
+    Clock &m_clock;
     MixerLevels m_levels;
     AudioAppList m_apps{m_levels};
     QString m_error;
     std::map<AudioObject, std::unique_ptr<TapPlayback>> m_routes;
     AudioObject m_output = 0; ///< seen at the last refresh; 0 before it
     bool m_supported = false;
-    Task m_timer;
+    Task m_next; ///< the refresh that is due
 };
 
 } // namespace perchly

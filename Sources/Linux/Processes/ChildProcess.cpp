@@ -131,7 +131,7 @@ bool drain(int descriptor, QByteArray &output, qsizetype most) {
     return true;
 }
 
-enum class Ending { Exited, GivenUp };
+enum class Ending { Exited, GivenUp, Stopped };
 
 Ending follow(int child, int pipe, std::optional<steady_clock::time_point> deadline, qsizetype most,
               const StopRequest &stop, QByteArray &output) {
@@ -142,8 +142,11 @@ Ending follow(int child, int pipe, std::optional<steady_clock::time_point> deadl
         if (ready < 0 && errno == EINTR) {
             continue;
         }
-        if (ready <= 0 || watched[1].revents != 0) {
+        if (ready <= 0) {
             return Ending::GivenUp;
+        }
+        if (watched[1].revents != 0) {
+            return Ending::Stopped;
         }
         const bool exited =
             watched[0].revents != 0; // looked at first: its last words are there now
@@ -182,12 +185,11 @@ void StopRequest::send() const {
     eventfd_write(m_descriptor, 1);
 }
 
-std::optional<QByteArray> runChild(const QString &program, const QStringList &arguments,
-                                   std::optional<milliseconds> limit, qsizetype mostOutput,
-                                   const StopRequest &stop) {
+ChildResult runChild(const QString &program, const QStringList &arguments,
+                     const ChildLimits &limits, const StopRequest &stop, OnStop onStop) {
     std::array<int, 2> ends{-1, -1};
     if (pipe2(ends.data(), O_CLOEXEC) != 0) {
-        return std::nullopt;
+        return {};
     }
     const Descriptor reading(ends[0]);
     Descriptor writing(ends[1]);
@@ -195,23 +197,28 @@ std::optional<QByteArray> runChild(const QString &program, const QStringList &ar
     const pid_t child = spawn(program, arguments, writing.number());
     writing.reset();
     if (child < 0) {
-        return std::nullopt;
+        return {};
     }
     const Descriptor process(processDescriptor(child));
-    const auto deadline = limit ? std::optional(steady_clock::now() + *limit) : std::nullopt;
+    const auto deadline =
+        limits.time ? std::optional(steady_clock::now() + *limits.time) : std::nullopt;
     QByteArray output;
     const Ending ending = process.number() < 0 ? Ending::GivenUp
                                                : follow(process.number(), reading.number(),
-                                                        deadline, mostOutput, stop, output);
-    if (ending == Ending::GivenUp) {
+                                                        deadline, limits.mostOutput, stop, output);
+    if (ending == Ending::Stopped && onStop == OnStop::LeaveChild) {
+        return {};
+    }
+    if (ending != Ending::Exited) {
         end(child, process.number());
     }
     int status = 0;
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
     }
-    const bool succeeded =
-        ending == Ending::Exited && WIFEXITED(status) && WEXITSTATUS(status) == 0;
-    return succeeded ? std::optional(output) : std::nullopt;
+    if (ending != Ending::Exited || !WIFEXITED(status)) {
+        return {};
+    }
+    return {WEXITSTATUS(status), output};
 }
 
 } // namespace perchly
