@@ -36,6 +36,7 @@ ShelfFixture::ShelfFixture(QObject *parent)
     , m_preferences(m_fakes.preferences)
     , m_library(m_fakes.preferences, m_fakes.catalog, m_fakes.openPanel)
     , m_productivity(m_fakes.hosts)
+    , m_extras(m_fakes.hosts)
     , m_displayPreferences(m_fakes.preferences, m_fakes.displays, m_fakes.loginItem, m_shell) {
     connect(&m_model, &ShelfModel::controlRequested, this,
             [this](const QString &word) { m_commands.append(word); });
@@ -146,6 +147,14 @@ void ShelfFixture::advance(int seconds) {
 
 QStringList ShelfFixture::takeCalls() {
     return std::exchange(m_shell.calls, {});
+}
+
+QStringList ShelfFixture::takeOpened() {
+    QStringList opened;
+    for (const auto &[url, completion] : std::exchange(m_fakes.applications.asked, {})) {
+        opened.append(url.toString(QUrl::FullyEncoded));
+    }
+    return opened;
 }
 
 QStringList ShelfFixture::accessibleWithin(QQuickItem *item) {

@@ -94,6 +94,8 @@ public:
     Q_INVOKABLE bool choosingWidget() const { return m_model.choosingWidget(); }
     Q_INVOKABLE void advance(int seconds);
 
+    /// What the desktop was asked to open since the last call, an application by its entry's file.
+    Q_INVOKABLE QStringList takeOpened();
     /// The text on the clipboard.
     Q_INVOKABLE QString copied() const { return m_fakes.pasteboard.offered.text; }
 

@@ -25,7 +25,7 @@ AppDelegate::~AppDelegate() = default;
 
 ShelfExtras &AppDelegate::extras() {
     if (!m_extras) {
-        m_extras = std::make_unique<ShelfExtras>();
+        m_extras = std::make_unique<ShelfExtras>(m_hosts);
     }
     return *m_extras;
 }
@@ -92,6 +92,7 @@ void AppDelegate::showTools() {
           .properties = {{QStringLiteral("tools"), QVariant::fromValue(&m_productivity)},
                          {QStringLiteral("library"), QVariant::fromValue(&m_library)},
                          {QStringLiteral("model"), QVariant::fromValue(&m_model)},
+                         {QStringLiteral("preferences"), QVariant::fromValue(&m_shelfPreferences)},
                          {QStringLiteral("extras"), QVariant::fromValue(&extras())}}});
 }
 
