@@ -93,6 +93,7 @@ Hosts nullHosts() {
     hosts.pasteboard = std::make_unique<NullPasteboard>();
     hosts.shortcuts = std::make_unique<NullShortcutsTool>();
     hosts.fileServices = std::make_unique<NullFileServices>();
+    hosts.calendars = std::make_unique<NullCalendarStore>();
     return hosts;
 }
 
