@@ -22,8 +22,7 @@ public:
     }
     Task events(Clock::TimePoint from, Clock::TimePoint to, EventsCompletion completion) override {
         window = {from, to};
-        return keep(m_searches,
-                    [this, completion = std::move(completion)] { completion(stored); });
+        return keep(m_searches, [this, completion = std::move(completion)] { completion(stored); });
     }
 
     /// Ends the question under way; false without one.
@@ -36,7 +35,7 @@ public:
 
     CalendarAccess granted = CalendarAccess::NotAsked;
     Answer answer;
-    QList<CalendarEvent> stored; ///< what a search ends with
+    QList<CalendarEvent> stored;                          ///< what a search ends with
     std::pair<Clock::TimePoint, Clock::TimePoint> window; ///< of the last search
 
 private:
