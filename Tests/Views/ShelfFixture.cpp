@@ -36,7 +36,6 @@ ShelfFixture::ShelfFixture(QObject *parent)
     , m_preferences(m_fakes.preferences)
     , m_library(m_fakes.preferences, m_fakes.catalog, m_fakes.openPanel)
     , m_productivity(m_fakes.hosts)
-    , m_extras(m_fakes.hosts)
     , m_displayPreferences(m_fakes.preferences, m_fakes.displays, m_fakes.loginItem, m_shell) {
     connect(&m_model, &ShelfModel::controlRequested, this,
             [this](const QString &word) { m_commands.append(word); });

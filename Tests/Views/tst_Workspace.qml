@@ -86,6 +86,9 @@ TestCase {
                 "Heading: Run your Apple Shortcuts", "Button: Refresh",
                 "StaticText: Shortcuts run their configured actions, including any app permissions they request.",
                 "Button: Open folder"] },
+            { tag: "Meetings", texts: [
+                "Button: Connect Calendar", "Button: Refresh",
+                "StaticText: Connect Calendar to see upcoming meetings.", "List: Meetings"] },
             { tag: "Launch", texts: [
                 "EditableText: Workspace name", "Button: Save current",
                 "StaticText: Save visible shelf apps together with the files and links currently in your tray."] },

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "LaunchGroup.h"
+#include "Meeting.h"
 #include "Snippet.h"
 
 #include <QList>
@@ -14,18 +15,20 @@ class Productivity;
 class ShelfLibrary;
 
 /// The extras store: which section the workspace window shows, the launch groups, the pinned
-/// snippets, and the battery line. Made on first use. Main thread only.
+/// snippets, the upcoming meetings, and the battery line. Made on first use. Main thread only.
 class ShelfExtras : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString section READ section WRITE setSection NOTIFY sectionChanged FINAL)
-    Q_PROPERTY(QString firstEventTitle READ firstEventTitle NOTIFY firstEventTitleChanged FINAL)
+    Q_PROPERTY(QString firstEventTitle READ firstEventTitle NOTIFY eventsChanged FINAL)
+    Q_PROPERTY(QList<perchly::Meeting> events READ events NOTIFY eventsChanged FINAL)
+    Q_PROPERTY(QString calendarMessage READ calendarMessage NOTIFY calendarMessageChanged FINAL)
     Q_PROPERTY(QList<perchly::LaunchGroup> groups READ groups NOTIFY groupsChanged FINAL)
     Q_PROPERTY(QList<perchly::Snippet> snippets READ snippets NOTIFY snippetsChanged FINAL)
     Q_PROPERTY(bool persist READ persist WRITE setPersist NOTIFY persistChanged FINAL)
     Q_PROPERTY(QString battery READ battery NOTIFY batteryChanged FINAL)
 public:
-    /// Loads the groups and, if they are to be kept, the snippets. The hosts must outlive the
-    /// store.
+    /// Loads the groups and, if they are to be kept, the snippets; looks for meetings every 30
+    /// seconds. The hosts must outlive the store.
     explicit ShelfExtras(Hosts &hosts, QObject *parent = nullptr);
 
     /// The selected section of the workspace window, by its title.
@@ -60,8 +63,21 @@ public:
     /// Stores the snippets if they are to be kept, else deletes those that are stored.
     void persistSnippets();
 
-    /// Title of the first of the upcoming events; empty without one.
-    [[nodiscard]] QString firstEventTitle() const { return m_firstEventTitle; }
+    // Meetings (Meetings.cpp)
+
+    /// The timed events of the next seven days, earliest start first, those under way too. Empty
+    /// without the person's leave to read their calendars.
+    [[nodiscard]] const QList<Meeting> &events() const { return m_events; }
+    /// What to say above the list; empty when nothing needs saying.
+    [[nodiscard]] QString calendarMessage() const { return m_calendarMessage; }
+    /// Title of the first of the events; empty without one.
+    [[nodiscard]] QString firstEventTitle() const;
+    /// "In progress", or how many minutes are left. Ask again every 30 seconds.
+    Q_INVOKABLE QString meetingStatus(const QDateTime &start) const;
+    /// Asks the person for leave, one question at a time, and then looks for meetings.
+    Q_INVOKABLE void connectCalendar();
+    /// Looks for meetings; the last call counts.
+    Q_INVOKABLE void refreshEvents();
 
     /// One line on the battery.
     [[nodiscard]] QString battery() const { return m_battery; }
@@ -71,19 +87,27 @@ Q_SIGNALS:
     void groupsChanged();
     void snippetsChanged();
     void persistChanged();
-    void firstEventTitleChanged();
+    void eventsChanged();
+    void calendarMessageChanged();
     void batteryChanged();
 
 private:
     void loadGroups();
     void loadSnippets();
+    void showEvents(const QList<CalendarEvent> &events);
+    void setEvents(const QList<Meeting> &events);
+    void setCalendarMessage(const QString &message);
 
     Hosts &m_hosts;
     QString m_section = QStringLiteral("Search");
     QList<LaunchGroup> m_groups;
     QList<Snippet> m_snippets;
-    QString m_firstEventTitle;
+    QList<Meeting> m_events;
+    QString m_calendarMessage = QStringLiteral("Connect Calendar to see upcoming meetings.");
+    Task m_connecting;
+    Task m_loadingEvents;
     QString m_battery = QStringLiteral("Checking battery…");
+    Task m_poll;
 };
 
 } // namespace perchly

@@ -46,4 +46,29 @@ void SnippetRows::refresh() {
     setRows(rows);
 }
 
+void MeetingRows::refresh() {
+    m_links.clear();
+    for (const Meeting &meeting : extras()->events()) {
+        m_links.insert(meeting.identifier(), meeting.link());
+    }
+    look();
+}
+
+void MeetingRows::look() {
+    if (extras() == nullptr) {
+        return;
+    }
+    QList<Row> rows;
+    for (const Meeting &meeting : extras()->events()) {
+        const QString status = extras()->meetingStatus(meeting.start());
+        rows.append({meeting.identifier(),
+                     {{QStringLiteral("title"), inOneLine(meeting.title())},
+                      {QStringLiteral("start"), meeting.startText()},
+                      {QStringLiteral("status"), status},
+                      {QStringLiteral("running"), status == QLatin1StringView("In progress")},
+                      {QStringLiteral("link"), m_links.value(meeting.identifier())}}});
+    }
+    setRows(rows);
+}
+
 } // namespace perchly

@@ -3,8 +3,10 @@
 #include "KeyedRows.h"
 #include "ShelfExtras.h"
 
+#include <QHash>
 #include <QPointer>
 #include <QtQml/qqmlregistration.h>
+#include <QUrl>
 
 namespace perchly {
 
@@ -60,6 +62,25 @@ protected:
     [[nodiscard]] Announcement announcement() const override {
         return &ShelfExtras::snippetsChanged;
     }
+};
+
+/// The meetings: "title", "start" in words, "status", whether it is "running", and "link", where to
+/// join it.
+class MeetingRows : public perchly::ExtrasRows {
+    Q_OBJECT
+    QML_ELEMENT
+public:
+    using ExtrasRows::ExtrasRows;
+
+    /// Looks at the time again.
+    Q_INVOKABLE void look();
+
+protected:
+    void refresh() override;
+    [[nodiscard]] Announcement announcement() const override { return &ShelfExtras::eventsChanged; }
+
+private:
+    QHash<QString, QUrl> m_links; ///< looking for one takes a while
 };
 
 } // namespace perchly
