@@ -16,6 +16,8 @@ ColumnLayout {
     TitleText {
         Layout.fillWidth: true
         Layout.topMargin: 4
+        font.pixelSize: 22
+        font.weight: Font.Medium
         text: root.extras.battery
     }
     PushButton {
@@ -45,7 +47,7 @@ ColumnLayout {
         Accessible.role: Accessible.AlertMessage
         Layout.fillWidth: true
         color: Theme.orange
-        text: root.extras.error
+        text: root.extras.error ?? ""
         visible: text !== ""
     }
     Item {

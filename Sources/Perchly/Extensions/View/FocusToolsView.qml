@@ -63,15 +63,14 @@ ColumnLayout {
     DigitText {
         Accessible.name: root.remaining
         Accessible.role: Accessible.StaticText
-        Layout.topMargin: 14
+        Layout.topMargin: 10
         color: root.model.running ? Theme.accent : Theme.text
-        size: 52
+        size: 34
         text: root.remaining
-        weight: Font.Light
+        weight: Font.Medium
     }
     Flow {
         Layout.fillWidth: true
-        Layout.topMargin: 6
         spacing: 8
 
         PushButton {

@@ -15,6 +15,8 @@ Item {
     readonly property bool isNote: root.kind === "note"
     readonly property var symbols: ({ clip: "doc.on.clipboard", held: "link", snippet: "pin.fill" })
 
+    /// What Return in the field opens.
+    property bool first: false
     /// Kept for another row; nobody may find it meanwhile.
     property bool pooled: false
 
@@ -54,7 +56,7 @@ Item {
 
         RoundedRect {
             anchors.fill: parent
-            color: Qt.rgba(1, 1, 1, button.activeFocus ? 0.1 : button.containsMouse ? 0.075 : 0)
+            color: Qt.rgba(1, 1, 1, button.activeFocus ? 0.1 : button.containsMouse ? 0.075 : root.first ? 0.05 : 0)
             radius: 8
         }
         ApplicationPicture {

@@ -133,6 +133,8 @@ ColumnLayout {
         delegate: SearchRow {
             id: row
 
+            first: row.isApp && row.index === 1 && field.text !== "" && field.activeFocus
+
             onActivated: root.open(row.kind, row.target)
             onEdited: note => root.preferences.note = note
         }
