@@ -21,7 +21,7 @@ constexpr std::array kinds{QLatin1StringView("app"), QLatin1StringView("note"),
                            QLatin1StringView("clip"), QLatin1StringView("snippet"),
                            QLatin1StringView("held")};
 
-/// Above this many separate changes a view is faster to begin anew.
+/// Above this many separate changes a view is faster with other contents in the same rows.
 constexpr int mostChanges = 48;
 
 /// A part of the rows that goes, or comes: what stands from `from` on in the new rows.
@@ -67,7 +67,7 @@ QList<Change> changesBetween(const QStringList &before, const QStringList &after
 
 SearchResults::SearchResults(QObject *parent)
     : QAbstractListModel(parent) {
-    refresh();
+    followStores();
 }
 
 void SearchResults::setLibrary(ShelfLibrary *library) {
@@ -113,7 +113,8 @@ void SearchResults::setQuery(const QString &query) {
         return;
     }
     m_query = query;
-    refresh();
+    overwriteRows(matches());
+    Q_EMIT rowsChanged();
     Q_EMIT queryChanged();
 }
 
@@ -181,7 +182,7 @@ void SearchResults::setEntries(Section section, Entries entries) {
         }
     }
     m_entries[section] = std::move(entries);
-    refresh();
+    followStores();
 }
 
 SearchResults::Rows SearchResults::matches() const {
@@ -213,9 +214,28 @@ SearchResults::Rows SearchResults::matches() const {
     return rows;
 }
 
-void SearchResults::refresh() {
+void SearchResults::followStores() {
     replaceRows(matches());
     Q_EMIT rowsChanged();
+}
+
+void SearchResults::overwriteRows(const Rows &rows) {
+    const auto before = int(m_rows.size());
+    const auto after = int(rows.size());
+    if (after < before) {
+        beginRemoveRows({}, after, before - 1);
+        m_rows = rows;
+        endRemoveRows();
+    } else if (after > before) {
+        beginInsertRows({}, before, after - 1);
+        m_rows = rows;
+        endInsertRows();
+    } else {
+        m_rows = rows;
+    }
+    if (const int common = std::min(before, after); common > 0) {
+        Q_EMIT dataChanged(index(0), index(common - 1), {KindRole, LabelRole, TargetRole});
+    }
 }
 
 void SearchResults::replaceRows(const Rows &rows) {
@@ -227,9 +247,7 @@ void SearchResults::replaceRows(const Rows &rows) {
     };
     const QList<Change> changes = changesBetween(keys(m_rows), keys(rows));
     if (changes.size() > mostChanges) {
-        beginResetModel();
-        m_rows = rows;
-        endResetModel();
+        overwriteRows(rows);
         return;
     }
     for (const Change &change : changes) {

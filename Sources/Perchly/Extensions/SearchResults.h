@@ -12,8 +12,9 @@
 namespace perchly {
 
 /// Everything at hand that matches a search, for one list: installed applications, the quick note,
-/// copied texts and pictures, pinned snippets, held files and links, each kind below its title. A
-/// row belongs to its entry: those that stay keep their delegates. Main thread only.
+/// copied texts and pictures, pinned snippets, held files and links, each kind below its title.
+/// When a store changes, rows that stay keep their delegates, and so the keyboard; a search writes
+/// other rows into those that are there, since making delegates takes longest. Main thread only.
 class SearchResults : public QAbstractListModel {
     Q_OBJECT
     Q_PROPERTY(perchly::ShelfLibrary *library READ library WRITE setLibrary NOTIFY libraryChanged
@@ -92,8 +93,9 @@ private:
     void readHeld();
 
     [[nodiscard]] Rows matches() const;
-    void refresh();
+    void followStores();
     void replaceRows(const Rows &rows);
+    void overwriteRows(const Rows &rows);
 
     QPointer<ShelfLibrary> m_library;
     QPointer<Productivity> m_tools;
