@@ -123,9 +123,10 @@ QString SearchResults::firstPath() const {
 }
 
 void SearchResults::readApps() {
+    const QList<ShelfItem> installed = m_library ? m_library->installed() : QList<ShelfItem>();
     Entries entries;
-    entries.reserve(m_library->installed().size());
-    for (const ShelfItem &item : m_library->installed()) {
+    entries.reserve(installed.size());
+    for (const ShelfItem &item : installed) {
         entries.append({.key = item.id,
                         .label = inOneLine(item.name),
                         .target = item.applicationPath(),
@@ -135,8 +136,9 @@ void SearchResults::readApps() {
 }
 
 void SearchResults::readClips() {
+    const QList<Clip> clips = m_tools ? m_tools->clips() : QList<Clip>();
     Entries entries;
-    for (const Clip &clip : m_tools->clips()) {
+    for (const Clip &clip : clips) {
         const QString label = clip.label();
         entries.append({.key = clip.id.toString(),
                         .label = shownPart(label),
@@ -147,8 +149,9 @@ void SearchResults::readClips() {
 }
 
 void SearchResults::readSnippets() {
+    const QList<Snippet> snippets = m_extras ? m_extras->snippets() : QList<Snippet>();
     Entries entries;
-    for (const Snippet &snippet : m_extras->snippets()) {
+    for (const Snippet &snippet : snippets) {
         entries.append({.key = snippet.id.toString(),
                         .label = shownPart(snippet.text),
                         .target = snippet.text,
@@ -158,8 +161,9 @@ void SearchResults::readSnippets() {
 }
 
 void SearchResults::readHeld() {
+    const QList<QUrl> held = m_tools ? m_tools->held() : QList<QUrl>();
     Entries entries;
-    for (const QUrl &url : m_tools->held()) {
+    for (const QUrl &url : held) {
         const QString address = url.toString(QUrl::FullyEncoded);
         entries.append({.key = address,
                         .label = inOneLine(Productivity::labelOf(url)),

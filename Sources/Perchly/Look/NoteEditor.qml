@@ -16,6 +16,8 @@ Flickable {
     readonly property real line: hint.implicitHeight
 
     signal edited(note: string)
+    /// The person pressed into the text.
+    signal pressed()
 
     function follow(cursor: rect) {
         if (cursor.y < root.contentY) {
@@ -76,6 +78,13 @@ Flickable {
             }
         }
 
+        TapHandler {
+            onPressedChanged: {
+                if (pressed) {
+                    root.pressed();
+                }
+            }
+        }
         HoverHandler {
             cursorShape: Qt.IBeamCursor
         }

@@ -48,7 +48,8 @@ void SnippetRows::refresh() {
 
 void MeetingRows::refresh() {
     m_links.clear();
-    for (const Meeting &meeting : extras()->events()) {
+    const QList<Meeting> meetings = extras()->events();
+    for (const Meeting &meeting : meetings) {
         m_links.insert(meeting.identifier(), meeting.link());
     }
     look();

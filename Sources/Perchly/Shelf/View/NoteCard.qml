@@ -34,13 +34,6 @@ CardBody {
         x: -3
 
         onEdited: note => root.preferences.note = note
-
-        TapHandler {
-            onPressedChanged: {
-                if (pressed) {
-                    root.shell.takeKeyboard();
-                }
-            }
-        }
+        onPressed: root.shell.takeKeyboard()
     }
 }
