@@ -2,6 +2,7 @@
 //   RouteBenchmark route PID      routes the process until the standard input ends
 //   RouteBenchmark idle           only follows the sound system
 //   RouteBenchmark list ROUNDS    microseconds of CPU for one reading of what plays
+#include "MixerError.h"
 #include "PipeWireAudioSystem.h"
 #include "RunningApplications.h"
 #include "TapPlayback.h"

@@ -16,6 +16,7 @@
 
 namespace {
 
+/// They begin anew after 87 seconds.
 constexpr std::uint32_t numbers = 1U << 22; // exact as floats below 1
 constexpr float step = 1.0F / float(numbers);
 
@@ -24,11 +25,19 @@ struct Probe {
     pw_stream *player = nullptr;
     pw_stream *listener = nullptr;
     std::uint32_t next = 1;
+    std::int64_t madeAt = 0; ///< the moment of number 0 in the server's clock
     std::uint32_t expected = 0;
     std::uint64_t breaks = 0;
     std::uint64_t frames = 0;
-    std::map<std::uint32_t, std::uint64_t> delays;
+    std::map<std::int64_t, std::uint64_t> delays;
 };
+
+/// The server's clock in this cycle, in frames.
+std::int64_t now(pw_stream *stream) {
+    pw_time time{};
+    pw_stream_get_time_n(stream, &time, sizeof(time));
+    return std::int64_t(time.ticks);
+}
 
 void play(void *data) {
     auto &probe = *static_cast<Probe *>(data);
@@ -36,6 +45,7 @@ void play(void *data) {
     if (buffer == nullptr) {
         return;
     }
+    probe.madeAt = now(probe.player) - probe.next;
     spa_data &out = buffer->buffer->datas[0];
     const auto frames =
         std::uint32_t(std::min<std::uint64_t>(buffer->requested, out.maxsize / sizeof(float)));
@@ -65,8 +75,7 @@ void listen(void *data) {
         probe.expected = (number + 1) % numbers;
     }
     if (frames > 0) {
-        const auto last = std::uint32_t(std::lround(samples[frames - 1] / step));
-        ++probe.delays[(probe.next + numbers - 1 - last) % numbers];
+        ++probe.delays[now(probe.listener) - probe.madeAt - std::lround(samples[0] / step)];
         probe.frames += frames;
     }
     pw_stream_queue_buffer(probe.listener, buffer);
@@ -109,7 +118,8 @@ void onInput(void *data, int descriptor, std::uint32_t) {
     const auto most =
         std::max_element(probe.delays.begin(), probe.delays.end(),
                          [](const auto &a, const auto &b) { return a.second < b.second; });
-    std::printf("%u %llu %llu\n", most == probe.delays.end() ? 0 : most->first,
+    std::printf("%lld %llu %llu\n",
+                static_cast<long long>(most == probe.delays.end() ? 0 : most->first),
                 static_cast<unsigned long long>(probe.breaks),
                 static_cast<unsigned long long>(probe.frames));
     std::fflush(stdout);

@@ -9,25 +9,20 @@ import argparse
 import shutil
 import statistics
 import subprocess
-import sys
 import time
 from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "Tests" / "Session"))
+from Xlib import X, XK
+from Xlib.ext import xtest
 
-from Xlib import X, XK  # noqa: E402
-from Xlib.ext import xtest  # noqa: E402
+from measuring import AWAY, HEIGHT, WIDTH, high, measured_session
+from painting import Painting
+from perchly_session.waiting import wait_until
+from processes import cost_of_a_minute, proportional_megabytes
 
-from painting import Painting  # noqa: E402
-from perchly_session.session import Session  # noqa: E402
-from perchly_session.waiting import wait_until  # noqa: E402
-from processes import cost_of_a_minute, proportional_megabytes  # noqa: E402
-
-WIDTH, HEIGHT = 1280, 800
 PILL_CENTRE = (WIDTH // 2, 17)
 PILL_STRIP = (WIDTH // 2 - 100, 4, 200, 26)
 BELOW_PILL = (WIDTH // 2 - 100, 36, 200, 60)
-AWAY = (200, 600)
 TOGGLE = ("Control_L", "Alt_L", "space")
 
 
@@ -43,31 +38,23 @@ def main():
     costs = []
     times.append(("a small X client: start to painted (noise)", root_painted(options.rounds)))
     times.append(("start to pill painted", started(program, options.rounds)))
-    with_session(program, lambda s, p: measure_opening(s, times, options.rounds))
-    with_session(program, lambda s, p: measure_cost(s, p, costs, options.seconds))
+    with measured_session(program) as session:
+        session.run()
+        measure_opening(session, times, options.rounds)
+    with measured_session(program) as session:
+        measure_cost(session, session.run(), costs, options.seconds)
     if shutil.which("plank"):
         measure_dock(times, costs, options)
     report(times, costs)
 
 
-# Sessions
-
-
-def with_session(program, measure):
-    session = Session(program, size=(WIDTH, HEIGHT)).start()
-    try:
-        session.environment.pop("QT_LINUX_ACCESSIBILITY_ALWAYS_ON")
-        session.screen.move_to(*AWAY)
-        measure(session, session.run() if program else None)
-    finally:
-        session.stop()
+# Starting
 
 
 def root_painted(rounds):
     """The same way as the program's start, by the smallest client there is."""
     samples = []
-
-    def measure(session, _):
+    with measured_session(None) as session:
         for number in range(rounds):
             colour = f"#{number % 200 + 20:02x}4060"
             painting = Painting(session.screen, PILL_STRIP)
@@ -76,16 +63,12 @@ def root_painted(rounds):
             samples.append(painting.wait(start))
             client.wait()
             painting.close()
-
-    with_session(None, measure)
     return samples
 
 
 def started(program, rounds):
     samples = []
-
-    def measure(session, _):
-        session.executable = str(program)
+    with measured_session(program) as session:
         session.run().stop()  # the first start fills the caches
         for _ in range(min(rounds, 40)):
             wait_until(lambda: not session.programs[-1].windows(), "the windows gone")
@@ -97,8 +80,6 @@ def started(program, rounds):
             painting.close()
             wait_until(running.panel, "the shelf")
             running.stop()
-
-    with_session(None, measure)
     return samples
 
 
@@ -196,8 +177,7 @@ def measure_cost(session, program, costs, seconds):
 
 
 def measure_dock(times, costs, options):
-    session = Session("plank", size=(WIDTH, HEIGHT), compositor="picom").start()
-    try:
+    with measured_session("plank", compositor="picom") as session:
         starts = []
         dock = None
         for _ in range(min(options.rounds, 20)):
@@ -217,8 +197,6 @@ def measure_dock(times, costs, options):
         costs.append(
             ("plank: pointer at rest", f"{cpu:.3f} CPU s a minute, {woken:.2f} wake-ups a second")
         )
-    finally:
-        session.stop()
 
 
 # Report
@@ -227,9 +205,7 @@ def measure_dock(times, costs, options):
 def report(times, costs):
     print(f"\n{'milliseconds':<50}{'median':>9}{'p99':>9}{'runs':>6}")
     for name, samples in times:
-        ordered = sorted(samples)
-        high = ordered[min(len(ordered) - 1, int(len(ordered) * 0.99))]
-        print(f"{name:<50}{statistics.median(ordered):>9.1f}{high:>9.1f}{len(ordered):>6}")
+        print(f"{name:<50}{statistics.median(samples):>9.1f}{high(samples):>9.1f}{len(samples):>6}")
     print()
     for name, cost in costs:
         print(f"{name:<50}{cost}")

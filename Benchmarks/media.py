@@ -18,12 +18,10 @@ from pathlib import Path
 
 from gi.repository import Gio, GLib
 
+from measuring import high, measured_session
+from processes import cpu_seconds
+
 ROOT = Path(__file__).resolve().parent.parent
-sys.path.insert(0, str(ROOT / "Tests" / "Session"))
-
-from perchly_session.session import Session  # noqa: E402
-from processes import cpu_seconds  # noqa: E402
-
 WRAPPER = ROOT / "Tests" / "Linux" / "with-session-bus.sh"
 SCRIPTS = ROOT / "Sources" / "Perchly" / "MediaActivity" / "MediaScripts.cpp"
 MPV_PLUGIN = "/usr/lib/mpv-mpris/mpris.so"
@@ -102,11 +100,6 @@ def measure(companion, script, rounds):
     return samples
 
 
-def high(values):
-    ordered = sorted(values)
-    return ordered[min(len(ordered) - 1, int(len(ordered) * 0.99))]
-
-
 def applied(companion, reading, rounds):
     """From a press until the player says that it has obeyed: a fresh reading, then the command."""
     bus = Gio.bus_get_sync(Gio.BusType.SESSION)
@@ -149,13 +142,10 @@ def children_seconds(pid):
 
 def measure_program(program, seconds):
     """The program with its shelf closed, first without a player and then with one that plays."""
-    session = Session(program, size=(1280, 800)).start()
-    player = None
-    try:
-        session.environment.pop("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", None)
-        session.screen.move_to(200, 600)
+    with measured_session(program) as session:
         pid = session.run().pid
         time.sleep(5)
+        player = None
         for name in ("no player", "one player"):
             if name == "one player":
                 player = start_player(session.folder, session.environment)
@@ -168,11 +158,8 @@ def measure_program(program, seconds):
                 f"the program, {name}: {own * minute:.3f} CPU s a minute,"
                 f" its companions {children * minute:.3f}"
             )
-    finally:
-        if player:
-            player.kill()
-            player.wait()
-        session.stop()
+        player.kill()
+        player.wait()
 
 
 def main():

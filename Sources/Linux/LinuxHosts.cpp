@@ -1,24 +1,32 @@
 #include "LinuxHosts.h"
 
+#include "AutostartLoginItem.h"
 #include "BusPlayerNotifications.h"
 #include "CanberraAlertSound.h"
+#include "Companion.h"
 #include "DBusSingleInstance.h"
 #include "DefaultMusicPlayer.h"
+#include "DesktopCatalog.h"
 #include "GioApplications.h"
+#include "GioFileServices.h"
 #include "JsonPreferences.h"
 #include "NullAudio.h"
 #include "NullHosts.h"
 #include "PipeWireAudioSystem.h"
 #include "PortalMotion.h"
 #include "ProcessScriptHost.h"
+#include "ProcessShortcutsTool.h"
 #include "QtClock.h"
 #include "QtKeyMonitor.h"
+#include "QtOpenPanel.h"
 #include "RunningApplications.h"
 #include "SessionBus.h"
+#include "StartupSequence.h"
 #include "TrayStatusItem.h"
 #include "X11Displays.h"
 #include "X11HotKeys.h"
 #include "X11PanelHost.h"
+#include "X11Pasteboard.h"
 #include "X11PointerMonitor.h"
 
 #include <QGuiApplication>
@@ -53,12 +61,13 @@ std::optional<QDBusConnection> sessionBus() {
     return bus;
 }
 
-std::unique_ptr<ScriptHost> scriptHost() {
-    const QString companion = ProcessScriptHost::findCompanion();
-    if (companion.isEmpty()) {
-        tellOnce("perchly-scripthost is not installed: what players play is missing");
+template <class Host>
+std::unique_ptr<Host> companion(const char *name, const char *ifMissing) {
+    const QString program = findCompanion(QString::fromLatin1(name));
+    if (program.isEmpty()) {
+        tellOnce(ifMissing);
     }
-    return std::make_unique<ProcessScriptHost>(companion);
+    return std::make_unique<Host>(program);
 }
 
 Hosts nullHosts() {
@@ -72,12 +81,18 @@ Hosts nullHosts() {
     hosts.hotKeys = std::make_unique<NullHotKeys>();
     hosts.statusItem = std::make_unique<NullStatusItem>();
     hosts.applications = std::make_unique<NullApplications>();
+    hosts.catalog = std::make_unique<NullApplicationCatalog>();
+    hosts.openPanel = std::make_unique<NullOpenPanel>();
+    hosts.loginItem = std::make_unique<NullLoginItem>();
     hosts.motion = std::make_unique<NullMotion>();
     hosts.alertSound = std::make_unique<NullAlertSound>();
     hosts.scriptHost = std::make_unique<NullScriptHost>();
     hosts.playerNotifications = std::make_unique<NullPlayerNotifications>();
     hosts.musicPlayer = std::make_unique<NullMusicPlayer>();
     hosts.audio = std::make_unique<NullAudioSystem>();
+    hosts.pasteboard = std::make_unique<NullPasteboard>();
+    hosts.shortcuts = std::make_unique<NullShortcutsTool>();
+    hosts.fileServices = std::make_unique<NullFileServices>();
     return hosts;
 }
 
@@ -87,10 +102,18 @@ void addDesktop(Hosts &hosts) {
     const QDBusConnection reachable = bus.value_or(QDBusConnection(QString()));
     hosts.preferences = std::make_unique<JsonPreferences>(JsonPreferences::defaultPath());
     hosts.statusItem = std::make_unique<TrayStatusItem>(reachable);
-    hosts.applications = std::make_unique<GioApplications>();
+    const StartNotices notices{.begin = startupsequence::begin,
+                               .withdraw = startupsequence::withdraw};
+    hosts.applications = std::make_unique<GioApplications>(notices);
+    hosts.catalog = std::make_unique<DesktopCatalog>();
+    hosts.loginItem = std::make_unique<AutostartLoginItem>(AutostartLoginItem::runningProgram());
     hosts.motion = std::make_unique<PortalMotion>(reachable);
     hosts.alertSound = std::make_unique<CanberraAlertSound>();
-    hosts.scriptHost = scriptHost();
+    hosts.scriptHost = companion<ProcessScriptHost>(
+        "perchly-scripthost", "perchly-scripthost is not installed: what players play is missing");
+    hosts.shortcuts = companion<ProcessShortcutsTool>(
+        "perchly-shortcuts", "perchly-shortcuts is not installed: shortcuts are missing");
+    hosts.fileServices = std::make_unique<GioFileServices>(notices);
     hosts.playerNotifications = std::make_unique<BusPlayerNotifications>();
     hosts.musicPlayer = std::make_unique<DefaultMusicPlayer>(*hosts.applications);
     hosts.audio = std::make_unique<PipeWireAudioSystem>(findRunningApplication);
@@ -106,6 +129,8 @@ void addWindowSystem(Hosts &hosts) {
     hosts.keys = std::make_unique<QtKeyMonitor>();
     hosts.panel = std::make_unique<X11PanelHost>();
     hosts.hotKeys = std::make_unique<X11HotKeys>();
+    hosts.openPanel = std::make_unique<QtOpenPanel>();
+    hosts.pasteboard = std::make_unique<X11Pasteboard>();
 }
 
 } // namespace

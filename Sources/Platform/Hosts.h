@@ -1,19 +1,25 @@
 #pragma once
 
 #include "AlertSound.h"
+#include "ApplicationCatalog.h"
 #include "Applications.h"
 #include "AudioSystem.h"
 #include "Clock.h"
 #include "Displays.h"
+#include "FileServices.h"
 #include "HotKeys.h"
 #include "KeyMonitor.h"
+#include "LoginItem.h"
 #include "Motion.h"
 #include "MusicPlayer.h"
+#include "OpenPanel.h"
 #include "PanelHost.h"
+#include "Pasteboard.h"
 #include "PlayerNotifications.h"
 #include "PointerMonitor.h"
 #include "Preferences.h"
 #include "ScriptHost.h"
+#include "ShortcutsTool.h"
 #include "StatusItem.h"
 
 #include <memory>
@@ -32,12 +38,18 @@ struct Hosts {
     std::unique_ptr<HotKeys> hotKeys;
     std::unique_ptr<StatusItem> statusItem;
     std::unique_ptr<Applications> applications;
+    std::unique_ptr<ApplicationCatalog> catalog;
+    std::unique_ptr<OpenPanel> openPanel;
+    std::unique_ptr<LoginItem> loginItem;
     std::unique_ptr<Motion> motion;
     std::unique_ptr<AlertSound> alertSound;
     std::unique_ptr<ScriptHost> scriptHost;
     std::unique_ptr<PlayerNotifications> playerNotifications;
     std::unique_ptr<MusicPlayer> musicPlayer;
+    std::unique_ptr<Pasteboard> pasteboard;
     std::unique_ptr<AudioSystem> audio;
+    std::unique_ptr<ShortcutsTool> shortcuts;
+    std::unique_ptr<FileServices> fileServices;
 };
 
 } // namespace perchly

@@ -1,25 +1,17 @@
 #!/bin/bash
-# Runs a command on an X server of its own, with private folders, and ends all of it afterwards:
+# Runs a command on an X server of its own, with or without a window manager, which end with it:
 #   with-x-server.sh none|openbox|xfwm4 COMMAND [ARGUMENT …]
+# Folders and bus of its own are the matter of with-session-bus.sh.
 set -euo pipefail
 
 manager=$1
 shift
-folder=$(mktemp -d)
 processes=()
-
-cleanup() {
-    for process in "${processes[@]}"; do
-        kill "$process" 2>/dev/null || true
-    done
-    wait || true
-    rm -rf "$folder"
-}
-trap cleanup EXIT
+trap 'kill "${processes[@]}" 2>/dev/null || true; wait' EXIT
+trap 'exit 143' HUP INT TERM
 
 fail() {
     echo "with-x-server: $1" >&2
-    cat "$folder"/*.log >&2 || true
     exit 1
 }
 
@@ -32,21 +24,12 @@ eventually() {
     return 1
 }
 
-export HOME="$folder/home"
-export XDG_CONFIG_HOME="$HOME/.config" XDG_DATA_HOME="$HOME/.local/share"
-export XDG_STATE_HOME="$HOME/.local/state" XDG_CACHE_HOME="$HOME/.cache"
-export XDG_RUNTIME_DIR="$folder/runtime"
-mkdir -p "$XDG_CONFIG_HOME" "$XDG_DATA_HOME" "$XDG_STATE_HOME" "$XDG_CACHE_HOME"
-mkdir -m 700 "$XDG_RUNTIME_DIR"
-unset WAYLAND_DISPLAY XAUTHORITY DBUS_SESSION_BUS_ADDRESS SESSION_MANAGER
-export QT_QPA_PLATFORM=xcb
-
 Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp -noreset \
-    3>"$folder/display" >"$folder/server.log" 2>&1 &
+    3>"$TMPDIR/display" 2>"$TMPDIR/server.log" &
 processes+=($!)
-eventually test -s "$folder/display" || fail "Xvfb did not start"
-DISPLAY=:$(cat "$folder/display")
-export DISPLAY
+eventually test -s "$TMPDIR/display" || fail "Xvfb did not start"
+DISPLAY=:$(cat "$TMPDIR/display")
+export DISPLAY QT_QPA_PLATFORM=xcb
 
 has_manager() {
     xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'
@@ -54,8 +37,8 @@ has_manager() {
 
 case $manager in
 none) ;;
-openbox) openbox --sm-disable >"$folder/manager.log" 2>&1 & ;;
-xfwm4) xfwm4 --compositor=off --sm-client-disable >"$folder/manager.log" 2>&1 & ;;
+openbox) openbox --sm-disable & ;;
+xfwm4) xfwm4 --compositor=off --sm-client-disable & ;;
 *) fail "unknown window manager $manager" ;;
 esac
 if [ "$manager" != none ]; then

@@ -1,7 +1,11 @@
 #include "Announcements.h"
+#include "FakeHosts.h"
 #include "Productivity.h"
 #include "TestRegistry.h"
 
+#include <QBuffer>
+#include <QImage>
+#include <QTemporaryDir>
 #include <QTest>
 
 namespace perchly {
@@ -36,15 +40,15 @@ private Q_SLOTS:
 
         row("files, folders and links are held in order", {}, {file, link, folder, plainLink},
             {file, link, folder, plainLink});
-        row("what is new goes to the end", {file}, {link, folder}, {file, link, folder});
         row("what is held already keeps its place", {file, link}, {link, folder, file},
             {file, link, folder});
         row("one given twice is held once", {}, {link, link}, {link});
+        row("one machine's own name makes no other file", {QStringLiteral("file:///tmp/a")},
+            {QStringLiteral("file://localhost/tmp/a")}, {QStringLiteral("file:///tmp/a")});
         row("links that differ in a slash are two", {plainLink},
             {plainLink + QLatin1StringView("/")}, {plainLink, plainLink + QLatin1StringView("/")});
         for (const char *other :
-             {"ftp://example.org/a", "mailto:a@example.org", "javascript:alert(1)", "data:,x",
-              "httpss://example.org", "example.org/a", "/tmp/a.txt", ""}) {
+             {"ftp://example.org/a", "javascript:alert(1)", "httpss://example.org", "/tmp/a.txt"}) {
             row(qPrintable(QStringLiteral("passed over: “%1”").arg(QString::fromLatin1(other))), {},
                 {QString::fromLatin1(other), link}, {link});
         }
@@ -54,14 +58,16 @@ private Q_SLOTS:
         QFETCH(QStringList, before);
         QFETCH(QStringList, added);
         QFETCH(QStringList, after);
-        Productivity productivity;
+        FakeHosts fake;
+        Productivity productivity(fake.hosts);
         productivity.hold(urls(before));
         productivity.hold(urls(added));
         QCOMPARE(productivity.held(), urls(after));
     }
 
     void onlyAChangeIsAnnounced() {
-        Productivity productivity;
+        FakeHosts fake;
+        Productivity productivity(fake.hosts);
         Announcements announcements(productivity);
         const QList<QUrl> links =
             urls({QStringLiteral("https://a.example/"), QStringLiteral("https://b.example/")});
@@ -73,18 +79,134 @@ private Q_SLOTS:
         QCOMPARE(announcements.take(), QStringList());
     }
 
-    void aMessageStaysUntilItIsReplacedOrDismissed() {
-        Productivity productivity;
+    void aLinkIsTakenAsItWasTyped_data() {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<bool>("taken");
+        const auto row = [](const char *name, const char *typed, bool taken) {
+            QTest::newRow(name) << QString::fromUtf8(typed) << taken;
+        };
+        row("with its scheme", "https://example.org/ä?q=1#part", true);
+        row("without encryption", "http://example.org", true);
+        row("with a port and a user", "https://a@example.org:8080/", true);
+        row("without its scheme", "example.org", false);
+        row("with the scheme in capitals", "HTTPS://example.org", false);
+        row("with a blank before it", " https://example.org", false);
+        row("of another scheme", "ftp://example.org", false);
+        row("that only looks like one", "httpsx://example.org", false);
+        row("with a port that is none", "https://example.org:port/", false);
+        row("nothing", "", false);
+    }
+
+    void aLinkIsTakenAsItWasTyped() {
+        QFETCH(QString, typed);
+        QFETCH(bool, taken);
+        FakeHosts fake;
+        Productivity productivity(fake.hosts);
+        QCOMPARE(productivity.addLink(typed), taken);
+        QCOMPARE(productivity.held(), taken ? urls({typed}) : QList<QUrl>());
+    }
+
+    void filesAreChosenInADialog() {
+        FakeHosts fake;
+        Productivity productivity(fake.hosts);
+        productivity.addFiles();
+        productivity.addFiles();
+        QVERIFY(fake.openPanel.open().has_value());
+        fake.openPanel.choose({});
+        QVERIFY(!fake.openPanel.open().has_value());
+        QCOMPARE(productivity.held(), QList<QUrl>());
+        const QList<QUrl> chosen = urls({QStringLiteral("file:///a"), QStringLiteral("file:///b")});
+        productivity.addFiles();
+        fake.openPanel.choose(chosen);
+        QCOMPARE(productivity.held(), chosen);
+        productivity.removeHeld(chosen.first());
+        QCOMPARE(productivity.held(), chosen.mid(1));
+        productivity.clearHeld();
+        QCOMPARE(productivity.held(), QList<QUrl>());
+    }
+
+    void rowsAreNamedAfterTheirFile_data() {
+        QTest::addColumn<QUrl>("url");
+        QTest::addColumn<QString>("label");
+        const auto row = [](const char *name, const char *url, const char *label) {
+            QTest::newRow(name) << QUrl(QString::fromUtf8(url)) << QString::fromUtf8(label);
+        };
+        row("a file", "file:///tmp/a%20%C3%A4.txt", "a ä.txt");
+        row("a name with a percent sign", "file:///tmp/100%25.txt", "100%.txt");
+        row("a folder", "file:///tmp/folder/", "folder");
+        row("the whole disk", "file:///", "/");
+        row("a link", "https://example.org/a%20b", "https://example.org/a%20b");
+    }
+
+    void rowsAreNamedAfterTheirFile() {
+        QFETCH(QUrl, url);
+        QTEST(Productivity::labelOf(url), "label");
+    }
+
+    void copyingAnImageFallsBackToItsPath_data() {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<bool>("isPicture");
+        QImage picture(3, 2, QImage::Format_RGB32);
+        picture.fill(Qt::green);
+        const auto encoded = [&picture](const char *format) {
+            QByteArray bytes;
+            QBuffer buffer(&bytes);
+            buffer.open(QIODevice::WriteOnly);
+            picture.save(&buffer, format);
+            return bytes;
+        };
+        const auto row = [](const char *name, const char *file, const QByteArray &content,
+                            bool isPicture) {
+            QTest::newRow(name) << QString::fromLatin1(file) << content << isPicture;
+        };
+        row("a PNG", "a.png", encoded("PNG"), true);
+        row("a BMP without its extension", "a", encoded("BMP"), true);
+        row("a text", "a.txt", "text", false);
+        row("a text that is called a PNG", "b.png", "text", false);
+        row("a PNG that breaks off", "c.png", encoded("PNG").left(40), false);
+        row("an empty file", "d.png", "", false);
+    }
+
+    void copyingAnImageFallsBackToItsPath() {
+        QFETCH(QString, file);
+        QFETCH(QByteArray, content);
+        QFETCH(bool, isPicture);
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(file);
+        QFile written(path);
+        QVERIFY(written.open(QIODevice::WriteOnly));
+        written.write(content);
+        written.close();
+
+        FakeHosts fake;
+        Productivity productivity(fake.hosts);
+        productivity.copyImage(QUrl::fromLocalFile(path));
+        QTRY_COMPARE(productivity.message(),
+                     QStringLiteral("Copied. Paste into your app with ⌘V."));
+        QCOMPARE(fake.pasteboard.offered.text, isPicture ? QString() : path);
+        QCOMPARE(QImage::fromData(fake.pasteboard.offered.png).size(),
+                 isPicture ? QSize(3, 2) : QSize(0, 0));
+        QCOMPARE(productivity.pasteboardCount(), fake.pasteboard.changeCount());
+    }
+
+    void whatTheDesktopCannotDoIsSaid() {
+        FakeHosts fake;
+        Productivity productivity(fake.hosts);
+        const QUrl file(QStringLiteral("file:///tmp/notes.txt"));
+        productivity.reveal(file);
+        productivity.share(file, QStringLiteral("viewer"));
+        QCOMPARE(fake.fileServices.asked,
+                 QStringList({QStringLiteral("reveal file:///tmp/notes.txt"),
+                              QStringLiteral("share file:///tmp/notes.txt with viewer")}));
         QVERIFY(productivity.message().isNull());
-        Announcements announcements(productivity);
-        productivity.setMessage(QStringLiteral("One"));
-        productivity.hold(urls({QStringLiteral("https://a.example/")}));
-        QCOMPARE(productivity.message(), QStringLiteral("One"));
-        productivity.setMessage(QStringLiteral("Two"));
-        QCOMPARE(productivity.message(), QStringLiteral("Two"));
-        productivity.setMessage({});
-        QVERIFY(productivity.message().isNull());
-        QCOMPARE(announcements.take().count(QStringLiteral("messageChanged")), 3);
+        fake.fileServices.error = QStringLiteral("There is nothing.");
+        productivity.reveal(file);
+        QCOMPARE(productivity.message(),
+                 QStringLiteral("Could not reveal notes.txt. There is nothing."));
+        productivity.share(file, QStringLiteral("viewer"));
+        QCOMPARE(productivity.message(),
+                 QStringLiteral("Could not share notes.txt. There is nothing."));
     }
 };
 

@@ -1,15 +1,10 @@
-"""Themes, accents, opacity, scale and compact mode, judged by what is on the screen."""
+"""Accents, opacity and scale, judged by what is on the screen."""
 
 from perchly_session.case import SessionCase, main
 from perchly_session.picture import near
 from perchly_session.waiting import wait_until
 
-THEMES = {
-    "Midnight": (6, 7, 8),
-    "Graphite": (36, 36, 36),
-    "Ocean": (5, 20, 36),
-    "No such theme": (6, 7, 8),
-}
+MIDNIGHT = (6, 7, 8)
 
 
 class AppearanceTest(SessionCase):
@@ -23,12 +18,6 @@ class AppearanceTest(SessionCase):
         x, y, _, _ = self.compact_frame()
         pixels = self.screen.screenshot().pixels(x + 12, y + 4, 24, 26)
         return [pixel for pixel in pixels if max(pixel) - min(pixel) > 90]
-
-    def test_each_theme_has_its_colour(self):
-        for theme, colour in THEMES.items():
-            with self.subTest(theme=theme):
-                self.start({"shelfTheme": theme})
-                wait_until(lambda: near(self.background(), colour, 3), f"the colour {colour}")
 
     def test_each_accent_colours_the_symbol(self):
         strongest = {"Mint": (1, 2), "Blue": (2,), "Purple": (2,), "Orange": (0,)}
@@ -44,12 +33,8 @@ class AppearanceTest(SessionCase):
         self.other_window(state="_NET_WM_STATE_FULLSCREEN").take_focus()
         self.session.store(shelfOpacity=0.5)
         self.run_program()
-        half = tuple((a + b) // 2 for a, b in zip(THEMES["Midnight"], (0x30, 0x50, 0xA0)))
+        half = tuple((a + b) // 2 for a, b in zip(MIDNIGHT, (0x30, 0x50, 0xA0)))
         wait_until(lambda: near(self.background(), half, 6), f"half of both colours, {half}")
-
-    def test_without_a_compositor_it_is_opaque(self):
-        self.start({"shelfOpacity": 0.5})
-        wait_until(lambda: max(self.background()) < 30, "a dark pill")
 
     def test_the_open_shelf_follows_the_scale(self):
         self.start({"shelfScale": 1.2})
@@ -79,22 +64,6 @@ class AppearanceTest(SessionCase):
                     return sum(a and not b for a, b in zip(is_card, is_card[1:]))
 
                 wait_until(lambda: runs() == 3, "three cards without seams")
-
-    def test_compact_mode_is_denser(self):
-        tops = []
-        for compact in (False, True):
-            self.start({"compactMode": compact})
-            self.screen.move_to(*self.on_pill())
-            self.expect_frame(self.expanded_frame(), "the shelf open")
-            tree = self.program.accessibility()
-            tree.find("Search", "push button")
-
-            def resting():
-                first = tree.find("Search", "push button").extents[1]
-                return first if first == tree.find("Search", "push button").extents[1] else None
-
-            tops.append(wait_until(resting, "the toolbar at rest"))
-        self.assertLess(tops[1], tops[0] - 30)
 
 
 if __name__ == "__main__":

@@ -32,30 +32,6 @@ class DockingTest(SessionCase):
         self.screen.drag(self.on_pill(), end)
         self.screen.move_to(640, 740)
 
-    def test_seven_points_are_a_click(self):
-        self.start({"openOnHover": False})
-        self.screen.move_to(*self.on_pill())
-        self.screen.press()
-        self.screen.move_by(7, 0)
-        self.keeps_frame(self.compact_frame(), "the pill still in its place", 0.3)
-        self.screen.release()
-        self.expect_frame(self.expanded_frame(), "the shelf open")
-        self.assertNotIn("shelfEdgePosition", self.session.preferences())
-
-    def test_eight_points_are_a_drag(self):
-        self.start({"openOnHover": False})
-        x, y, width, height = self.compact_frame()
-        self.screen.move_to(*self.on_pill())
-        self.screen.press()
-        self.screen.move_by(8, 0)
-        self.expect_frame((x + 8, y, width, height), "the pill under the pointer")
-        self.screen.move_by(100, 200)
-        self.expect_frame((x + 108, y + 200, width, height), "the pill following the pointer")
-        self.screen.move_by(-100, -200)
-        self.screen.release()
-        self.expect_stored(shelfEdge="top", shelfEdgePosition=648 / 1280, displayIndex=0)
-        self.expect_frame(self.compact_frame("top", 648 / 1280), "the pill docked")
-
     def test_each_edge_can_be_docked_at(self):
         self.start({"openOnHover": False})
         self.drag_pill((4, 500))
@@ -85,33 +61,6 @@ class DockingTest(SessionCase):
                 self.expect_frame(self.expanded_frame(edge), "the shelf open")
                 self.screen.move_to(640, 740)
                 self.expect_frame(self.compact_frame(edge), "the strip again")
-
-    def test_on_a_side_edge_the_open_shelf_is_dragged_by_its_edge(self):
-        self.start({"shelfEdge": "left"})
-        self.screen.move_to(*self.on_pill())
-        self.expect_frame(self.expanded_frame("left"), "the shelf open")
-        self.screen.drag((17, 500), (1270, 400))
-        self.screen.move_to(640, 740)
-        self.expect_stored(shelfEdge="right", shelfEdgePosition=along_side(400))
-        self.expect_frame(
-            self.compact_frame("right", along_side(400)), "the strip at the right edge"
-        )
-
-    def test_dragging_an_open_shelf_closes_it_and_gives_the_keyboard_back(self):
-        self.start_session()
-        other = self.other_window(rect=(100, 600, 300, 120)).take_focus()
-        self.run_program()
-        self.screen.key("Control_L", "Alt_L", "space")
-        self.expect_frame(self.expanded_frame(), "the shelf open")
-        self.screen.move_to(500, 17)
-        self.screen.press()
-        self.screen.move_by(0, 9)
-        wait_until(lambda: self.program.frame()[2:] == (290, 34), "the shelf small again")
-        self.screen.move_by(200, 4)
-        self.screen.release()
-        self.screen.move_to(640, 740)
-        wait_until(other.has_focus, "the other window with the keyboard")
-        self.expect_frame(self.compact_frame("top", 700 / 1280), "the pill docked")
 
     def test_it_docks_on_a_second_display(self):
         self.start({"openOnHover": False}, monitors=[LEFT_HALF, RIGHT_HALF])

@@ -1,6 +1,5 @@
 """Keyboard mode: the shelf takes the keyboard and gives it back to the window that had it."""
 
-import json
 import time
 
 from perchly_session.case import SessionCase, main
@@ -11,10 +10,8 @@ TOGGLE = ("Control_L", "Alt_L", "space")
 
 class KeyboardTest(SessionCase):
     def start_beside_another_window(self, **options):
-        preferences = options.pop("preferences", {})
         self.start_session(**options)
         self.other = self.other_window(rect=(100, 600, 300, 120)).take_focus()
-        self.session.store(**preferences)
         self.run_program()
 
     def expect_open_with_keyboard(self):
@@ -62,17 +59,6 @@ class KeyboardTest(SessionCase):
         self.screen.move_to(*self.away())
         self.expect_closed_and_keyboard_back()
 
-    def test_the_chord_keeps_a_shelf_open_that_the_pointer_opened(self):
-        self.start_beside_another_window()
-        self.screen.move_to(*self.on_pill())
-        self.expect_frame(self.expanded_frame(), "the shelf open")
-        self.screen.key(*TOGGLE)
-        self.expect_open_with_keyboard()
-        self.screen.move_to(*self.away())
-        self.keeps_frame(self.expanded_frame(), "open with the pointer elsewhere", 1.0)
-        self.screen.key("Escape")
-        self.expect_closed_and_keyboard_back()
-
     def test_escape_means_the_other_window_unless_the_shelf_has_the_keyboard(self):
         self.start_beside_another_window()
         third = self.other_window("Third program", (700, 600, 300, 120)).take_focus()
@@ -91,48 +77,6 @@ class KeyboardTest(SessionCase):
         self.screen.key(*TOGGLE)
         self.expect_frame(self.compact_frame(), "the shelf closed")
         self.assertTrue(third.has_focus(), "the keyboard was taken from the window in use")
-
-    def test_a_click_takes_the_keyboard_back_to_the_window_that_had_it(self):
-        self.start_beside_another_window()
-        self.screen.key(*TOGGLE)
-        self.expect_open_with_keyboard()
-        self.screen.click(200, 660)
-        wait_until(self.other.has_focus, "the keyboard in the window that was clicked")
-        self.other.typed()
-        self.screen.key("Escape")
-        wait_until(lambda: self.other.typed() == ["Escape"], "Escape typed into that window")
-        self.keeps_frame(self.expanded_frame(), "the shelf open without the keyboard", 0.5)
-
-    def test_a_further_modifier_makes_it_another_chord(self):
-        self.start_beside_another_window()
-        self.screen.key("Shift_L", *TOGGLE)
-        self.keeps_frame(self.compact_frame(), "the pill", 0.5)
-        self.screen.key(*TOGGLE)
-        self.expect_open_with_keyboard()
-        self.screen.key("Shift_L", *TOGGLE)
-        self.keeps_frame(self.expanded_frame(), "the shelf open", 0.5)
-
-    def test_command_digits_launch_the_entries(self):
-        self.start_session()
-        folder = self.session.folder
-        entries = []
-        for number in (1, 2):
-            launcher = folder / f"launcher{number}.desktop"
-            command = f"touch {folder}/launched{number}"
-            launcher.write_text(f"[Desktop Entry]\nType=Application\nName=L\nExec={command}\n")
-            entry = {"id": str(launcher), "name": "L", "path": str(launcher)}
-            entries.append(entry | {"visible": True, "favorite": False})
-        self.session.store(shelfLibrary={"data": json.dumps(entries), "encoding": "utf-8"})
-        self.run_program()
-        self.screen.key("Control_L", "Alt_L", "space")
-        self.expect_open_with_keyboard()
-        self.screen.key("Super_L", "3")
-        self.screen.key("Super_L", "2")
-        wait_until((folder / "launched2").exists, "the second entry launched")
-        self.assertFalse((folder / "launched1").exists())
-        self.screen.key("Control_L", "1")
-        wait_until((folder / "launched1").exists, "the first entry launched")
-        self.keeps_frame(self.expanded_frame(), "the shelf open", 0.3)
 
     def test_without_a_window_manager_the_keyboard_comes_back_too(self):
         self.start_beside_another_window(window_manager=None)

@@ -1,15 +1,17 @@
-"""What the person set stays set: over restarts, second starts, bad files and kills."""
+"""Restarts keep what the person set; a second start, and the desktop, reach the first."""
 
-import json
-import random
+import os
+import signal
 import subprocess
 import time
 
+from gi.repository import GLib
+
+from perchly_session.accessibility import call, connect
 from perchly_session.case import SessionCase, main
 from perchly_session.waiting import wait_until
 
 DAY = 24 * 60 * 60
-KILLS = 120
 
 
 class RestartTest(SessionCase):
@@ -48,51 +50,69 @@ class RestartTest(SessionCase):
         self.expect_frame(docked, "the strip in its place again")
         self.assertEqual(self.session.preferences(), before)
 
-    def test_totals_of_another_day_are_cleared(self):
-        self.start({"focusDay": self.today() - DAY, "focusSessions": 3, "focusTotalMinutes": 75})
-
-        def cleared():
-            stored = self.session.preferences()
-            return (stored["focusSessions"], stored["focusTotalMinutes"]) == (0, 0)
-
-        wait_until(cleared, "the totals of yesterday cleared")
-        self.assertEqual(self.session.preferences()["focusDay"], self.today())
-
     def test_a_second_start_shows_the_first_ones_shelf(self):
         for bus in (True, False):
             with self.subTest(bus=bus):
                 self.start(bus=bus)
-                self.expect_frame(self.compact_frame(), "the pill")
+                self.program.kill()  # which does not stand in the way
+                self.run_program()
                 second = self.start_again()
                 self.assertEqual(second.returncode, 0, second.stderr)
                 self.expect_frame(self.expanded_frame(), "the first one's shelf")
                 self.assertTrue(self.program.running())
 
-    def test_a_killed_program_does_not_stand_in_the_way(self):
+    def test_one_of_many_simultaneous_starts_wins(self):
         for bus in (True, False):
             with self.subTest(bus=bus):
-                self.start(bus=bus)
-                self.program.kill()
-                self.run_program()
-                self.expect_frame(self.compact_frame(), "the pill of the new program")
+                session = self.start_session(bus=bus)
+                programs = [session.run(wait=False) for _ in range(8)]
+                wait_until(lambda: sum(p.running() for p in programs) == 1, "one left")
+                wait_until(lambda: any(p.panel() for p in programs), "its shelf")
+                self.assertEqual(sum(p.running() for p in programs), 1)
 
-    def test_a_file_that_is_not_ours_is_set_aside(self):
-        for content in ('{"shelfEdge": "left", "shelf', "[1, 2, 3]", "", "\0\0\0\0"):
-            with self.subTest(content=content):
-                self.start_session()
-                file = self.session.preferences_file
-                file.parent.mkdir(parents=True)
-                file.write_text(content)
-                self.run_program()
-                self.expect_frame(self.compact_frame(), "the pill as by default")
-                self.screen.drag(self.on_pill(), (4, 400))
-                wait_until(
-                    lambda: self.session.preferences().get("shelfEdge") == "left",
-                    "new preferences stored",
-                )
-                if content:
-                    kept = [f.read_text() for f in file.parent.iterdir() if f.is_file()]
-                    self.assertIn(content, kept)
+    def test_a_first_that_hangs_holds_the_second_up_shortly(self):
+        self.start()
+        os.kill(self.program.pid, signal.SIGSTOP)
+        self.addCleanup(os.kill, self.program.pid, signal.SIGCONT)
+        began = time.monotonic()
+        second = self.start_again()
+        self.assertLess(time.monotonic() - began, 3)
+        self.assertEqual(second.returncode, 0)
+        self.assertIn(b"does not answer", second.stderr)
+
+    def test_a_runtime_folder_that_others_may_write_is_not_trusted(self):
+        self.start_session(bus=False)
+        folder = self.session.folder / "everybodys"
+        folder.mkdir()
+        folder.chmod(0o777)
+        self.session.environment["XDG_RUNTIME_DIR"] = str(folder)
+        self.run_program()
+        self.assertEqual(list(folder.glob("perchly*")), [])
+        self.session.environment["XDG_RUNTIME_DIR"] = ""
+        self.assertEqual(self.start_again().returncode, 0)
+        self.expect_frame(self.expanded_frame(), "the first one's shelf")
+
+    def test_the_desktops_actions_reach_the_program(self):
+        self.start()
+        bus = connect(self.session.bus_address)
+
+        def ask(method, signature, *arguments):
+            name, path = "org.perchly.Perchly", "/org/perchly/Perchly"
+            values = GLib.Variant(signature, arguments)
+            call(bus, name, path, "org.freedesktop.Application", method, values)
+
+        for action, title in (
+            ("workspace", "Perchly Workspace"),
+            ("mixer", "Perchly Volume Mixer"),
+            ("settings", "Perchly Settings"),
+        ):
+            ask("ActivateAction", "(sava{sv})", action, [], {})
+            wait_until(lambda: self.program.window(title), title)
+        ask("ActivateAction", "(sava{sv})", "quit", [], {})
+        ask("Open", "(asa{sv})", ["file:///etc"], {})
+        self.keeps_frame(self.compact_frame(), "the pill", 0.3)
+        ask("Activate", "(a{sv})", {})
+        self.expect_frame(self.expanded_frame(), "the shelf")
 
     def test_values_of_the_wrong_type_read_as_the_defaults(self):
         wrong = {
@@ -116,44 +136,6 @@ class RestartTest(SessionCase):
         stored = self.session.preferences()
         self.assertEqual(stored | wrong, stored)
 
-    def test_a_kill_in_mid_write_loses_nothing(self):
-        """Each drag stores three values; the program is killed at any moment after the release.
-        What was there before the drag, or what the drag stored, must be there afterwards."""
-        random.seed(7)
-        self.start_session()
-        self.session.store(
-            shelfEdge="top", shelfEdgePosition=0.5, openOnHover=False, quickNote="mine " * 4000
-        )
-        torn = []
-        moved = 0
-        for number in range(KILLS):
-            program = self.run_program()
-            x, y, width, height = program.frame()
-            self.screen.move_to(x + width // 2, 17, step=2000)
-            before = self.session.preferences()
-            self.screen.press()
-            self.screen.move_by(8 if number % 2 else -8, 0)
-            self.screen.release(rest=random.uniform(0, 0.03))
-            program.kill()
-            try:
-                after = self.session.preferences()
-            except json.JSONDecodeError as problem:
-                torn.append((number, str(problem)))
-                continue
-            moved += after["shelfEdgePosition"] != before["shelfEdgePosition"]
-            changed = {key for key in after if after[key] != before.get(key)}
-            lost = {key for key in before if key not in after}
-            if lost or changed - {"shelfEdgePosition", "displayIndex", "shelfEdge"} - FOCUS_KEYS:
-                torn.append((number, changed, lost))
-        self.assertEqual(torn, [])
-        self.assertGreater(moved, KILLS // 10, "no kill came after a write")
-        self.assertLess(moved, KILLS, "no kill came before a write")
-        self.run_program()
-        folder = self.session.preferences_file.parent
-        wait_until(lambda: len(list(folder.iterdir())) <= 2, "the temporary files swept")
-
-
-FOCUS_KEYS = {"focusDay", "focusSessions", "focusTotalMinutes"}
 
 if __name__ == "__main__":
     main()

@@ -1,49 +1,56 @@
 #include "ShelfLibrary.h"
 #include "Announcements.h"
+#include "FakeApplicationCatalog.h"
+#include "FakeOpenPanel.h"
 #include "FakePreferences.h"
 #include "PreferenceKeys.h"
 #include "TestRegistry.h"
 
 #include <QTest>
+#include <QUrl>
 
 namespace perchly {
 
 namespace {
 
-const QString clockId = QStringLiteral("widget:Clock");
-const QString calendarId = QStringLiteral("widget:Calendar");
-const QStringList defaultIds{clockId, QStringLiteral("widget:Focus timer"),
-                             QStringLiteral("widget:Music"), QStringLiteral("widget:Quick note"),
-                             calendarId};
 const QStringList itemsAnnounced{QStringLiteral("itemsChanged"), QStringLiteral("shownChanged")};
 
-ShelfItem hidden(ShelfItem item) {
-    item.visible = false;
-    return item;
-}
-
-ShelfItem favourite(ShelfItem item) {
-    item.favorite = true;
-    return item;
-}
-
-ShelfItem named(const char *name) {
-    return ShelfItem::forShortcut(QString::fromUtf8(name));
-}
-
-QStringList identifiers(const QList<ShelfItem> &items) {
-    QStringList result;
-    for (const ShelfItem &item : items) {
-        result.append(item.id);
+/// Shortcuts by their names; "-a" is a hidden one and "a*" a favourite.
+QList<ShelfItem> items(const char *text) {
+    QList<ShelfItem> result;
+    for (QString name : QString::fromUtf8(text).split(u' ', Qt::SkipEmptyParts)) {
+        const bool hidden = name.startsWith(u'-');
+        const bool favourite = name.endsWith(u'*');
+        result.append(ShelfItem::forShortcut(name.remove(u'-').remove(u'*')));
+        result.last().visible = !hidden;
+        result.last().favorite = favourite;
     }
     return result;
 }
 
-/// A library with these items, and what it writes and announces from then on.
+QString text(const QList<ShelfItem> &items) {
+    QStringList words;
+    for (const ShelfItem &item : items) {
+        words.append((item.visible ? QString() : QStringLiteral("-")) + item.name +
+                     (item.favorite ? QStringLiteral("*") : QString()));
+    }
+    return words.join(u' ');
+}
+
+QString id(const char *name) {
+    return ShelfItem::forShortcut(QString::fromUtf8(name)).id;
+}
+
+/// The preferences that hold a library of these items.
+QMap<QString, PreferenceValue> holding(const QList<ShelfItem> &items) {
+    return {{keys::shelfLibrary, encodeShelfItems(items)}};
+}
+
+/// A library over these preferences, and what it writes and announces from then on.
 struct LibraryFixture {
-    explicit LibraryFixture(const QList<ShelfItem> &items) {
-        preferences.values[keys::shelfLibrary] = encodeShelfItems(items);
-        library.emplace(preferences);
+    explicit LibraryFixture(const QMap<QString, PreferenceValue> &values) {
+        preferences.values = values;
+        library.emplace(preferences, catalog, openPanel);
         announcements.emplace(*library);
         preferences.written.clear();
     }
@@ -53,6 +60,8 @@ struct LibraryFixture {
     }
 
     FakePreferences preferences;
+    FakeApplicationCatalog catalog;
+    FakeOpenPanel openPanel;
     std::optional<ShelfLibrary> library;
     std::optional<Announcements> announcements;
 };
@@ -63,215 +72,104 @@ class ShelfLibraryTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void whatCannotBeReadIsReplacedByTheWidgets_data() {
-        QTest::addColumn<std::optional<PreferenceValue>>("stored");
-        const auto row = [](const char *name, std::optional<PreferenceValue> stored) {
-            QTest::newRow(name) << std::move(stored);
-        };
-        row("nothing is stored", std::nullopt);
-        row("a string is stored instead of data", PreferenceValue(QStringLiteral("[]")));
-        row("a boolean is stored", PreferenceValue(true));
-        row("a number is stored", PreferenceValue(0.0));
-        row("empty data is stored", PreferenceValue(QByteArray()));
-        row("a torn document is stored", PreferenceValue(QByteArray("[{\"id\":")));
-        row("one element lacks its favourite flag",
-            PreferenceValue(QByteArray(R"([{"id":"a","name":"A","visible":true,"favorite":false},)"
-                                       R"({"id":"b","name":"B","visible":true}])")));
+        QTest::addColumn<PreferenceValue>("stored");
+        QTest::newRow("a string instead of data") << PreferenceValue(QStringLiteral("[]"));
+        QTest::newRow("a torn document") << PreferenceValue(QByteArray("[{\"id\":"));
+        QTest::newRow("one element that lacks its favourite flag") << PreferenceValue(
+            QByteArray(R"([{"id":"a","name":"A","visible":true,"favorite":false},)"
+                       R"({"id":"b","name":"B","visible":true}])"));
     }
 
     void whatCannotBeReadIsReplacedByTheWidgets() {
-        QFETCH(std::optional<PreferenceValue>, stored);
-        FakePreferences preferences;
-        if (stored) {
-            preferences.values[keys::shelfLibrary] = *stored;
-        }
-        const ShelfLibrary library(preferences);
-        QCOMPARE(identifiers(library.items()), defaultIds);
-        for (const ShelfItem &item : library.items()) {
-            QVERIFY(item.visible && !item.favorite);
-        }
-        QVERIFY(library.shown() == library.items());
-        QVERIFY(library.installed().isEmpty());
-        QVERIFY(decodeShelfItems(preferences.data(keys::shelfLibrary).value_or(QByteArray())) ==
-                library.items());
+        QFETCH(PreferenceValue, stored);
+        const LibraryFixture fixture({{keys::shelfLibrary, stored}});
+        QCOMPARE(text(fixture.library->items()),
+                 QStringLiteral("Clock Focus timer Music Quick note Calendar"));
+        QCOMPARE(fixture.library->items().first().id, QStringLiteral("widget:Clock"));
+        QVERIFY(fixture.library->shown() == fixture.library->items());
+        QVERIFY(fixture.stored() == fixture.library->items());
     }
 
     void anEmptyLibraryStaysEmpty() {
-        const LibraryFixture fixture({});
-        QVERIFY(fixture.library->items().isEmpty());
-        QVERIFY(fixture.library->shown().isEmpty());
+        const LibraryFixture fixture(holding({}));
+        QVERIFY(fixture.library->items().isEmpty() && fixture.library->shown().isEmpty());
         QVERIFY(fixture.stored() == QList<ShelfItem>());
     }
 
-    void theStoredOrderAndFlagsAreKept() {
-        const QList<ShelfItem> items{hidden(named("b")),
-                                     favourite(ShelfItem::forWidget(Widget::Calendar)), named("a")};
-        const LibraryFixture fixture(items);
-        QVERIFY(fixture.library->items() == items);
-    }
-
-    void bothKeysAreWrittenAtStart() {
-        FakePreferences preferences;
-        const ShelfLibrary library(preferences);
-        QCOMPARE(preferences.written,
-                 QStringList({QString(keys::shelfLibrary), QString(keys::favoritesOnly)}));
-        QCOMPARE(preferences.boolean(keys::favoritesOnly), std::optional(false));
-    }
-
     void favouritesOnlyIsRestoredIfItIsABoolean() {
-        FakePreferences preferences;
-        preferences.values[keys::favoritesOnly] = true;
-        QVERIFY(ShelfLibrary(preferences).favoritesOnly());
-        preferences.values[keys::favoritesOnly] = 1.0;
-        QVERIFY(!ShelfLibrary(preferences).favoritesOnly());
-        preferences.values[keys::favoritesOnly] = QStringLiteral("true");
-        QVERIFY(!ShelfLibrary(preferences).favoritesOnly());
+        QVERIFY(LibraryFixture({{keys::favoritesOnly, true}}).library->favoritesOnly());
+        QVERIFY(!LibraryFixture({{keys::favoritesOnly, 1.0}}).library->favoritesOnly());
     }
 
-    void shown_data() {
-        QTest::addColumn<bool>("favoritesOnly");
-        QTest::addColumn<QList<ShelfItem>>("items");
-        QTest::addColumn<QString>("names");
-        const QList<ShelfItem> mixed{named("a"), hidden(named("b")), favourite(named("c")),
-                                     hidden(favourite(named("d"))), favourite(named("e"))};
-        QTest::newRow("what is visible, in order") << false << mixed << "a c e";
-        QTest::newRow("of the favourites only the visible ones") << true << mixed << "c e";
-        QTest::newRow("nothing when there are no favourites")
-            << true << QList{named("a"), hidden(named("b"))} << "";
-        QTest::newRow("nothing when all is hidden") << false << QList{hidden(named("a"))} << "";
+    void whatIsVisibleIsShownInOrder() {
+        LibraryFixture fixture(holding(items("a -b c* -d* e*")));
+        QCOMPARE(text(fixture.library->shown()), QStringLiteral("a c* e*"));
+        fixture.library->setFavoritesOnly(true);
+        QCOMPARE(text(fixture.library->shown()), QStringLiteral("c* e*"));
     }
 
-    void shown() {
-        QFETCH(bool, favoritesOnly);
-        QFETCH(QList<ShelfItem>, items);
-        QFETCH(QString, names);
-        LibraryFixture fixture(items);
-        fixture.library->setFavoritesOnly(favoritesOnly);
-        QStringList shownNames;
-        for (const ShelfItem &item : fixture.library->shown()) {
-            shownNames.append(item.name);
-        }
-        QCOMPARE(shownNames.join(u' '), names);
-        QVERIFY(fixture.library->items() == items);
-    }
-
-    /// Every edit: what it makes of the items, and that they are stored and announced exactly when
+    /// Every edit: what it makes of "a b c", and that it is stored and announced exactly when
     /// something happened.
     void edits_data() {
         using Edit = std::function<void(ShelfLibrary &)>;
         using Flag = ShelfLibrary::Flag;
-        QTest::addColumn<QList<ShelfItem>>("before");
+        QTest::addColumn<QString>("before");
         QTest::addColumn<Edit>("edit");
-        QTest::addColumn<QList<ShelfItem>>("after");
-        QTest::addColumn<bool>("saved");
-        const QList<ShelfItem> abc{named("a"), named("b"), named("c")};
-        const QString a = named("a").id;
-        const QString b = named("b").id;
-        const QString c = named("c").id;
-        const QString unknown = QStringLiteral("shortcut:A");
-        const auto row = [](const char *name, const QList<ShelfItem> &before, const Edit &edit,
-                            const QList<ShelfItem> &after) {
-            QTest::newRow(name) << before << edit << after << true;
+        QTest::addColumn<QString>("after");
+        const auto row = [](const char *name, const char *before, const Edit &edit,
+                            const char *after) {
+            QTest::newRow(name) << QString::fromUtf8(before) << edit << QString::fromUtf8(after);
         };
-        const auto nothing = [&abc](const char *name, const Edit &edit) {
-            QTest::newRow(name) << abc << edit << abc << false;
+        const auto add = [](const char *item) {
+            return [item](ShelfLibrary &library) { library.add(items(item).first()); };
         };
-
-        row("a new item goes to the end", abc, [](auto &library) { library.add(named("d")); },
-            {named("a"), named("b"), named("c"), named("d")});
-        row("an item keeps the flags that it is added with", {},
-            [](auto &library) { library.add(hidden(favourite(named("d")))); },
-            {hidden(favourite(named("d")))});
-        ShelfItem renamed =
-            ShelfItem::forApplication(QStringLiteral("/x/../b"), QStringLiteral("New name"));
-        const ShelfItem old = hidden(
-            favourite(ShelfItem::forApplication(QStringLiteral("/b"), QStringLiteral("Old name"))));
-        ShelfItem back = old;
-        back.visible = true;
-        row("a hidden item comes back in its place, as it was", {named("a"), old, named("c")},
-            [renamed](auto &library) { library.add(renamed); }, {named("a"), back, named("c")});
-        row(
-            "adding what is visible changes nothing but is saved", abc,
-            [](auto &library) { library.add(hidden(favourite(named("b")))); }, abc);
-        row("of two with one identifier the first comes back",
-            {hidden(named("a")), hidden(named("a"))},
-            [](auto &library) { library.add(named("a")); }, {named("a"), hidden(named("a"))});
-        row("identifiers differ in case", {hidden(named("a"))},
-            [](auto &library) { library.add(named("A")); }, {hidden(named("a")), named("A")});
-        ShelfItem otherCopy =
-            ShelfItem::forApplication(QStringLiteral("/opt/b"), QStringLiteral("Old name"));
-        row("two copies of an application share a name", {old},
-            [otherCopy](auto &library) { library.add(otherCopy); }, {old, otherCopy});
-
-        row("toggling hides", abc, [b](auto &library) { library.toggle(b, Flag::Visible); },
-            {named("a"), hidden(named("b")), named("c")});
-        row("toggling marks a favourite", abc,
-            [b](auto &library) { library.toggle(b, Flag::Favorite); },
-            {named("a"), favourite(named("b")), named("c")});
-        row("toggling twice restores the item", {named("a"), favourite(named("b"))},
-            [b](auto &library) {
-                library.toggle(b, Flag::Visible);
-                library.toggle(b, Flag::Visible);
-            },
-            {named("a"), favourite(named("b"))});
-        nothing("toggling an unknown item does nothing",
-                [unknown](auto &library) { library.toggle(unknown, Flag::Visible); });
-
-        row("moving later swaps with the next", abc, [a](auto &library) { library.move(a, 1); },
-            {named("b"), named("a"), named("c")});
-        row("moving earlier swaps with the one before", abc,
-            [c](auto &library) { library.move(c, -1); }, {named("a"), named("c"), named("b")});
-        row("moving by two swaps, and leaves the one between", abc,
-            [a](auto &library) { library.move(a, 2); }, {named("c"), named("b"), named("a")});
-        row("hidden items count as places", {named("a"), hidden(named("b")), named("c")},
-            [a](auto &library) { library.move(a, 1); },
-            {hidden(named("b")), named("a"), named("c")});
-        nothing("the first cannot move earlier", [a](auto &library) { library.move(a, -1); });
-        nothing("the last cannot move later", [c](auto &library) { library.move(c, 1); });
-        nothing("nothing moves past the end", [b](auto &library) { library.move(b, 2); });
-        nothing("nothing moves past the start", [b](auto &library) { library.move(b, -2); });
-        nothing("an unknown item does not move",
-                [unknown](auto &library) { library.move(unknown, 1); });
-        nothing("an unknown item does not move into the list from before its start",
-                [unknown](auto &library) { library.move(unknown, 2); });
-
-        row("removing takes the item out", abc, [b](auto &library) { library.remove(b); },
-            {named("a"), named("c")});
-        row("removing takes every item with the identifier", {named("a"), named("b"), named("a")},
-            [a](auto &library) { library.remove(a); }, {named("b")});
-        nothing("removing an unknown item does nothing",
-                [unknown](auto &library) { library.remove(unknown); });
+        const auto toggle = [](const char *name, Flag flag) {
+            return [=](ShelfLibrary &library) { library.toggle(id(name), flag); };
+        };
+        const auto move = [](const char *name, int by) {
+            return [=](ShelfLibrary &library) { library.move(id(name), by); };
+        };
+        const auto remove = [](const char *name) {
+            return [name](ShelfLibrary &library) { library.remove(id(name)); };
+        };
+        const char *abc = "a b c";
+        row("a new item goes to the end, with its flags", abc, add("-d*"), "a b c -d*");
+        row("a hidden item comes back in its place, as it was", "a -b* c", add("b"), "a b* c");
+        row("adding what is visible changes nothing but is saved", abc, add("-b*"), abc);
+        row("of two with one identifier the first comes back", "-a -a", add("a"), "a -a");
+        row("toggling hides", abc, toggle("b", Flag::Visible), "a -b c");
+        row("toggling marks a favourite", abc, toggle("b", Flag::Favorite), "a b* c");
+        row("moving later swaps with the next, hidden or not", "a -b c", move("a", 1), "-b a c");
+        row("moving by two swaps, and leaves the one between", abc, move("c", -2), "c b a");
+        row("removing takes every item with the identifier", "a b a", remove("a"), "b");
+        const auto nothing = [](const char *name, const Edit &edit) {
+            QTest::newRow(name) << QStringLiteral("a b c") << edit << QString();
+        };
+        nothing("an unknown item is not toggled", toggle("A", Flag::Visible));
+        nothing("an unknown item does not move", move("A", 1));
+        nothing("nor into the list from before its start", move("A", 2));
+        nothing("an unknown item is not removed", remove("A"));
+        nothing("nothing moves past the start", move("b", -2));
+        nothing("nothing moves past the end", move("c", 1));
     }
 
     void edits() {
-        QFETCH(QList<ShelfItem>, before);
+        QFETCH(QString, before);
         QFETCH(std::function<void(ShelfLibrary &)>, edit);
-        QFETCH(QList<ShelfItem>, after);
-        QFETCH(bool, saved);
-        LibraryFixture fixture(before);
+        QFETCH(QString, after);
+        const bool saved = !after.isNull();
+        LibraryFixture fixture(holding(items(qPrintable(before))));
         edit(*fixture.library);
-        QCOMPARE(identifiers(fixture.library->items()), identifiers(after));
-        QVERIFY(fixture.library->items() == after);
-        QVERIFY(fixture.stored() == after);
-        QCOMPARE(fixture.preferences.written.isEmpty(), !saved);
-        QVERIFY(!fixture.preferences.written.contains(QString(keys::favoritesOnly)));
-        const QStringList announced = fixture.announcements->take();
-        QCOMPARE(announced.mid(0, 2), saved ? itemsAnnounced : QStringList());
-    }
-
-    void eachEditIsOneWrite() {
-        LibraryFixture fixture({named("a"), named("b")});
-        fixture.library->move(named("a").id, 1);
-        QCOMPARE(fixture.preferences.written, QStringList{QString(keys::shelfLibrary)});
-        QCOMPARE(fixture.announcements->take(), itemsAnnounced);
-        fixture.library->setFavoritesOnly(true);
-        QCOMPARE(fixture.preferences.written.mid(1), QStringList{QString(keys::favoritesOnly)});
-        QCOMPARE(fixture.announcements->take(), QStringList({QStringLiteral("favoritesOnlyChanged"),
-                                                             QStringLiteral("shownChanged")}));
+        QCOMPARE(text(fixture.library->items()), saved ? after : before);
+        QVERIFY(fixture.stored() == fixture.library->items());
+        QCOMPARE(fixture.preferences.written,
+                 saved ? QStringList{QString(keys::shelfLibrary)} : QStringList());
+        QCOMPARE(fixture.announcements->take(), saved ? itemsAnnounced : QStringList());
     }
 
     /// Whoever hears of a change, or is killed by it, finds it in force and stored.
     void changesAreStoredWhenTheyAreAnnounced() {
-        LibraryFixture fixture({named("a")});
+        LibraryFixture fixture(holding(items("a")));
         int heard = 0;
         const auto check = [&] {
             ++heard;
@@ -282,21 +180,61 @@ private Q_SLOTS:
         connect(&*fixture.library, &ShelfLibrary::itemsChanged, this, check);
         connect(&*fixture.library, &ShelfLibrary::favoritesOnlyChanged, this, check);
         connect(&*fixture.library, &ShelfLibrary::shownChanged, this, check);
-        fixture.library->add(named("b"));
+        fixture.library->add(items("b").first());
         fixture.library->setFavoritesOnly(true);
         fixture.library->setItems({});
         QCOMPARE(heard, 6);
-        QVERIFY(fixture.stored() == QList<ShelfItem>());
+        const LibraryFixture next(fixture.preferences.values);
+        QVERIFY(next.library->items().isEmpty() && next.library->favoritesOnly());
     }
 
-    void editsOfTheNextRunStartFromTheStoredOnes() {
-        LibraryFixture fixture({named("ä"), named("b")});
-        fixture.library->move(named("b").id, -1);
-        fixture.library->toggle(named("ä").id, ShelfLibrary::Flag::Visible);
-        fixture.library->setFavoritesOnly(true);
-        const ShelfLibrary next(fixture.preferences);
-        QVERIFY(next.items() == QList({named("b"), hidden(named("ä"))}));
-        QVERIFY(next.favoritesOnly());
+    void refreshingFindsWhatIsInstalled() {
+        LibraryFixture fixture({});
+        QVERIFY(fixture.library->installed().isEmpty());
+        fixture.library->refresh();
+        fixture.library->refresh();
+        Q_EMIT fixture.catalog.changed();
+        QCOMPARE(fixture.catalog.searches.size(), 3U);
+        QVERIFY(fixture.announcements->take().isEmpty());
+        // Whichever ends last counts.
+        fixture.catalog.finish({{QStringLiteral("/b"), QStringLiteral("B")}}, 1);
+        fixture.catalog.finish({{QStringLiteral("/x/../a"), QStringLiteral("A")}});
+        QVERIFY(fixture.library->installed() ==
+                QList({ShelfItem::forApplication(QStringLiteral("/x/../a"), QStringLiteral("A"))}));
+        QCOMPARE(fixture.announcements->take(), QStringList({QStringLiteral("installedChanged"),
+                                                             QStringLiteral("installedChanged")}));
+        QVERIFY(fixture.preferences.written.isEmpty());
+        fixture.library.reset();
+        fixture.catalog.finish({}); // nobody is there any more
+    }
+
+    void browsingAddsWhatIsChosen() {
+        ShelfItem back =
+            ShelfItem::forApplication(QStringLiteral("/a"), QStringLiteral("Old name"));
+        const ShelfItem added =
+            ShelfItem::forApplication(QStringLiteral("/b"), QStringLiteral("Name of /b"));
+        ShelfItem before = back;
+        before.visible = false;
+        const ShelfItem other = ShelfItem::forShortcut(QStringLiteral("c"));
+        LibraryFixture fixture(holding({before, other}));
+        fixture.library->browse();
+        QVERIFY(fixture.openPanel.open());
+        QCOMPARE(fixture.openPanel.open()->confirmLabel, QStringLiteral("Add to shelf"));
+        QCOMPARE(fixture.openPanel.open()->folder, QStringLiteral("/usr/share/applications"));
+        QCOMPARE(fixture.openPanel.open()->choice, OpenPanel::Choice::Applications);
+        fixture.openPanel.choose({QUrl::fromLocalFile(QStringLiteral("/b")),
+                                  QUrl(QStringLiteral("https://example.org/c")),
+                                  QUrl::fromLocalFile(QStringLiteral("/a"))});
+        QTRY_COMPARE(fixture.library->items().size(), 3);
+        QVERIFY(fixture.library->items() == QList({back, other, added}));
+
+        fixture.library->browse();
+        fixture.openPanel.choose({});
+        QCoreApplication::processEvents();
+        QCOMPARE(fixture.library->items().size(), 3);
+        fixture.library->browse();
+        fixture.library.reset();
+        QVERIFY(!fixture.openPanel.open());
     }
 };
 

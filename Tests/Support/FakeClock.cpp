@@ -1,7 +1,5 @@
 #include "FakeClock.h"
 
-#include <QDateTime>
-
 #include <algorithm>
 
 namespace perchly {
@@ -27,22 +25,15 @@ private:
     std::shared_ptr<Entry> m_entry;
 };
 
-FakeClock::FakeClock(TimePoint start, const QTimeZone &zone)
-    : m_now(start)
-    , m_zone(zone) {}
-
-Clock::TimePoint FakeClock::startOfDay(qint64 daysLater) const {
-    const qint64 now = std::chrono::duration_cast<milliseconds>(m_now.time_since_epoch()).count();
-    const QDate day = QDateTime::fromMSecsSinceEpoch(now, m_zone).date().addDays(daysLater);
-    return TimePoint(milliseconds(day.startOfDay(m_zone).toMSecsSinceEpoch()));
-}
+FakeClock::FakeClock(TimePoint start)
+    : m_now(start) {}
 
 Clock::TimePoint FakeClock::startOfDay() const {
-    return startOfDay(0);
+    return std::chrono::floor<std::chrono::days>(m_now);
 }
 
 Clock::TimePoint FakeClock::startOfNextDay() const {
-    return startOfDay(1);
+    return startOfDay() + std::chrono::days(1);
 }
 
 Task FakeClock::schedule(milliseconds delay, milliseconds period, std::optional<TimePoint> moment,

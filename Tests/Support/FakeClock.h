@@ -2,19 +2,17 @@
 
 #include "Clock.h"
 
-#include <QTimeZone>
-
 #include <list>
 #include <memory>
 #include <optional>
+#include <QtGlobal>
 
 namespace perchly {
 
-/// Time that moves only when a test moves it.
+/// Time that moves only when a test moves it, in UTC.
 class FakeClock : public Clock {
 public:
-    explicit FakeClock(TimePoint start = TimePoint(std::chrono::seconds(1'790'000'000)),
-                       const QTimeZone &zone = QTimeZone(QTimeZone::utc()));
+    explicit FakeClock(TimePoint start = TimePoint(std::chrono::seconds(1'790'000'000)));
 
     TimePoint now() const override { return m_now; }
     TimePoint startOfDay() const override;
@@ -42,11 +40,9 @@ private:
                   std::optional<TimePoint> moment, Action action);
     void wallClockJumped();
     void fire(std::list<std::shared_ptr<Entry>>::iterator position);
-    [[nodiscard]] TimePoint startOfDay(qint64 daysLater) const;
 
     TimePoint m_now;
     std::chrono::milliseconds m_elapsed{0};
-    QTimeZone m_zone;
     std::list<std::shared_ptr<Entry>> m_entries;
 };
 

@@ -24,11 +24,17 @@ FakeHosts::FakeHosts()
     , hotKeys(install<FakeHotKeys>(hosts.hotKeys))
     , statusItem(install<FakeStatusItem>(hosts.statusItem))
     , applications(install<FakeApplications>(hosts.applications))
+    , catalog(install<FakeApplicationCatalog>(hosts.catalog))
+    , openPanel(install<FakeOpenPanel>(hosts.openPanel))
+    , loginItem(install<FakeLoginItem>(hosts.loginItem))
     , motion(install<FakeMotion>(hosts.motion))
     , alertSound(install<FakeAlertSound>(hosts.alertSound))
     , scriptHost(install<FakeScriptHost>(hosts.scriptHost))
     , playerNotifications(install<FakePlayerNotifications>(hosts.playerNotifications))
     , musicPlayer(install<FakeMusicPlayer>(hosts.musicPlayer))
-    , audio(install<FakeAudioSystem>(hosts.audio)) {}
+    , pasteboard(install<FakePasteboard>(hosts.pasteboard))
+    , audio(install<FakeAudioSystem>(hosts.audio))
+    , shortcuts(install<FakeShortcutsTool>(hosts.shortcuts))
+    , fileServices(install<FakeFileServices>(hosts.fileServices)) {}
 
 } // namespace perchly

@@ -1,10 +1,16 @@
 #pragma once
 
+#include "FakeApplicationCatalog.h"
 #include "FakeAudio.h"
 #include "FakeClock.h"
+#include "FakeFileServices.h"
+#include "FakeLoginItem.h"
+#include "FakeOpenPanel.h"
+#include "FakePasteboard.h"
 #include "FakePlatform.h"
 #include "FakePreferences.h"
 #include "FakeScriptHost.h"
+#include "FakeShortcutsTool.h"
 #include "Hosts.h"
 
 namespace perchly {
@@ -24,12 +30,18 @@ struct FakeHosts {
     FakeHotKeys &hotKeys;
     FakeStatusItem &statusItem;
     FakeApplications &applications;
+    FakeApplicationCatalog &catalog;
+    FakeOpenPanel &openPanel;
+    FakeLoginItem &loginItem;
     FakeMotion &motion;
     FakeAlertSound &alertSound;
     FakeScriptHost &scriptHost;
     FakePlayerNotifications &playerNotifications;
     FakeMusicPlayer &musicPlayer;
+    FakePasteboard &pasteboard;
     FakeAudioSystem &audio;
+    FakeShortcutsTool &shortcuts;
+    FakeFileServices &fileServices;
 };
 
 } // namespace perchly

@@ -1,7 +1,10 @@
 #include "TestRegistry.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QTest>
+
+#include <algorithm>
+#include <functional>
 
 namespace perchly {
 
@@ -12,29 +15,21 @@ std::vector<TestFactory> &testFactories() {
 
 namespace {
 
-QString plainClassName(const QObject &test) {
-    return QString::fromLatin1(test.metaObject()->className()).section(QLatin1StringView("::"), -1);
-}
-
 int runTests(QStringList arguments) {
-    const QString chosen = arguments.value(1);
-    int failures = 0;
-    int run = 0;
-    bool all = true;
-    for (const TestFactory make : testFactories()) {
-        all = all && plainClassName(*make()) != chosen;
-    }
-    if (!all) {
+    std::vector<TestFactory> tests = testFactories();
+    const auto isChosen = [chosen = arguments.value(1)](TestFactory make) {
+        const QString name = QString::fromLatin1(make()->metaObject()->className());
+        return name.section(QLatin1StringView("::"), -1) == chosen;
+    };
+    if (std::ranges::any_of(tests, isChosen)) {
+        std::erase_if(tests, std::not_fn(isChosen));
         arguments.removeAt(1);
     }
-    for (const TestFactory make : testFactories()) {
-        const auto test = make();
-        if (all || plainClassName(*test) == chosen) {
-            failures += QTest::qExec(test.get(), arguments);
-            ++run;
-        }
+    int failures = 0;
+    for (const TestFactory make : tests) {
+        failures += QTest::qExec(make().get(), arguments);
     }
-    return run == 0 ? 1 : std::min(failures, 127);
+    return std::min(failures, 127);
 }
 
 } // namespace
@@ -42,6 +37,9 @@ int runTests(QStringList arguments) {
 } // namespace perchly
 
 int main(int argc, char **argv) {
-    const QCoreApplication application(argc, argv);
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    const QGuiApplication application(argc, argv);
     return perchly::runTests(QCoreApplication::arguments());
 }

@@ -10,21 +10,6 @@ namespace perchly {
 class CardTextTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void whatIsEmptyIsLeftOut() {
-        const auto line = [](const char *artist, const char *source, bool playing) {
-            return CardText::mediaLine(QString::fromUtf8(artist), QString::fromUtf8(source),
-                                       playing);
-        };
-        QCOMPARE(line("Björk", "Spotify", true), QStringLiteral("Björk · Spotify · Playing"));
-        QCOMPARE(line("", "Firefox", true), QStringLiteral("Firefox · Playing"));
-        QCOMPARE(line("", "", false), QStringLiteral("Paused"));
-    }
-
-    void aPlannedLengthIsShownAsItIs() {
-        QCOMPARE(CardText::plannedTime(50), QStringLiteral("50:00"));
-        QCOMPARE(CardText::plannedTime(5), QStringLiteral("5:00"));
-    }
-
     void everyLocaleHasItsOwnClockAndDay_data() {
         QTest::addColumn<QString>("locale");
         QTest::addColumn<QString>("time");
@@ -50,15 +35,6 @@ private Q_SLOTS:
         QTEST(time, "time");
         QTEST(CardText::dayLine(date, used), "day");
         QTEST(CardText::monthLine(date, used), "month");
-    }
-
-    void noLocaleShowsSecondsOrAnEmptyLine() {
-        for (const QLocale &locale : QLocale::matchingLocales(
-                 QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory)) {
-            const QString early = CardText::timeOfDay(QTime(9, 5, 0), locale);
-            QVERIFY2(!early.isEmpty(), qPrintable(locale.name()));
-            QCOMPARE(CardText::timeOfDay(QTime(9, 5, 59), locale), early);
-        }
     }
 
     void aRestingClockSaysNothing() {

@@ -10,7 +10,9 @@
 #include <QMimeData>
 #include <QQuickWindow>
 
+#include <algorithm>
 #include <functional>
+#include <iterator>
 
 namespace perchly {
 
@@ -32,7 +34,9 @@ ShelfFixture::ShelfFixture(QObject *parent)
     : QObject(parent)
     , m_model(m_fakes.clock, m_fakes.preferences, m_fakes.alertSound)
     , m_preferences(m_fakes.preferences)
-    , m_library(m_fakes.preferences) {
+    , m_library(m_fakes.preferences, m_fakes.catalog, m_fakes.openPanel)
+    , m_productivity(m_fakes.hosts)
+    , m_displayPreferences(m_fakes.preferences, m_fakes.displays, m_fakes.loginItem, m_shell) {
     connect(&m_model, &ShelfModel::controlRequested, this,
             [this](const QString &word) { m_commands.append(word); });
     connect(&m_model, &ShelfModel::musicRequested, this,
@@ -105,9 +109,35 @@ void ShelfFixture::addShortcut(const QString &name) {
     m_library.add(ShelfItem::forShortcut(name));
 }
 
+QStringList ShelfFixture::identifiers(const QList<ShelfItem> &items) {
+    QStringList found;
+    std::ranges::transform(items, std::back_inserter(found), &ShelfItem::id);
+    return found;
+}
+
+bool ShelfFixture::install(const QStringList &names) {
+    if (m_fakes.catalog.searches.empty()) {
+        return false;
+    }
+    QList<FoundApplication> found;
+    for (const QString &name : names) {
+        found.append({QStringLiteral("/apps/") + name, name});
+    }
+    m_fakes.catalog.finish(found);
+    return true;
+}
+
+void ShelfFixture::attachDisplays(const QStringList &names) {
+    m_fakes.displays.displays.clear();
+    for (const QString &name : names) {
+        m_fakes.displays.displays.append(Display{.name = name, .frame = {}, .visibleFrame = {}});
+    }
+    Q_EMIT m_fakes.displays.changed();
+}
+
 QVariant ShelfFixture::stored(const QString &key) const {
-    const auto text = m_fakes.preferences.string(key);
-    return text ? QVariant(*text) : QVariant();
+    const auto value = m_fakes.preferences.value(key);
+    return value ? std::visit([](const auto &held) { return QVariant(held); }, *value) : QVariant();
 }
 
 void ShelfFixture::advance(int seconds) {
@@ -132,6 +162,14 @@ QStringList ShelfFixture::accessibleWithin(QQuickItem *item) {
     return found;
 }
 
+bool ShelfFixture::describedAs(QQuickItem *item, const QString &description) {
+    bool found = false;
+    visit(QAccessible::queryAccessibleInterface(item->window()), [&](QAccessibleInterface &thing) {
+        found = found || thing.text(QAccessible::Description) == description;
+    });
+    return found;
+}
+
 bool ShelfFixture::pressAccessible(QQuickItem *within, const QString &name) {
     QAccessibleActionInterface *found = nullptr;
     visit(QAccessible::queryAccessibleInterface(within->window()),
@@ -145,6 +183,18 @@ bool ShelfFixture::pressAccessible(QQuickItem *within, const QString &name) {
     }
     found->doAction(QAccessibleActionInterface::pressAction());
     return true;
+}
+
+bool ShelfFixture::setAccessible(QQuickItem *within, const QString &name, double value) {
+    bool found = false;
+    visit(QAccessible::queryAccessibleInterface(within->window()),
+          [&](QAccessibleInterface &thing) {
+              if (thing.text(QAccessible::Name) == name && thing.valueInterface() != nullptr) {
+                  thing.valueInterface()->setCurrentValue(value);
+                  found = true;
+              }
+          });
+    return found;
 }
 
 bool ShelfFixture::drop(QQuickItem *item, double x, double y, const QList<QUrl> &urls) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DisplayPreferences.h"
 #include "FakeHosts.h"
 #include "Productivity.h"
 #include "ShelfExtras.h"
@@ -44,6 +45,8 @@ class ShelfFixture : public QObject {
     QML_ELEMENT
     Q_PROPERTY(perchly::ShelfModel *model READ model CONSTANT FINAL)
     Q_PROPERTY(perchly::ShelfPreferences *preferences READ preferences CONSTANT FINAL)
+    Q_PROPERTY(
+        perchly::DisplayPreferences *displayPreferences READ displayPreferences CONSTANT FINAL)
     Q_PROPERTY(perchly::ShelfLibrary *library READ library CONSTANT FINAL)
     Q_PROPERTY(perchly::Productivity *productivity READ productivity CONSTANT FINAL)
     Q_PROPERTY(perchly::ShelfExtras *extras READ extras CONSTANT FINAL)
@@ -54,6 +57,7 @@ public:
 
     ShelfModel *model() { return &m_model; }
     ShelfPreferences *preferences() { return &m_preferences; }
+    DisplayPreferences *displayPreferences() { return &m_displayPreferences; }
     ShelfLibrary *library() { return &m_library; }
     Productivity *productivity() { return &m_productivity; }
     ShelfExtras *extras() { return &m_extras; }
@@ -74,24 +78,44 @@ public:
     /// titles. The desktop entry of one is "/apps/" and its name.
     Q_INVOKABLE void fill(const QStringList &widgets, const QStringList &applications);
     Q_INVOKABLE void addShortcut(const QString &name);
+    /// Identifiers of the library's entries, and of those that the shelf shows.
+    Q_INVOKABLE QStringList entries() const { return identifiers(m_library.items()); }
+    Q_INVOKABLE QStringList shown() const { return identifiers(m_library.shown()); }
+    /// Ends the search for applications that a view began, with those in "/apps/"; false without
+    /// one.
+    Q_INVOKABLE bool install(const QStringList &names);
+    /// Whether the person is asked for applications in other folders.
+    Q_INVOKABLE bool browsing() const { return m_fakes.openPanel.open().has_value(); }
+    Q_INVOKABLE void attachDisplays(const QStringList &names);
+    /// The desktop refuses to change the login item from now on.
+    Q_INVOKABLE void refuseLogin(const QString &why) { m_fakes.loginItem.failure = why; }
     /// What is stored under a key.
     Q_INVOKABLE QVariant stored(const QString &key) const;
     Q_INVOKABLE bool choosingWidget() const { return m_model.choosingWidget(); }
     Q_INVOKABLE void advance(int seconds);
+
+    /// The text on the clipboard.
+    Q_INVOKABLE QString copied() const { return m_fakes.pasteboard.offered.text; }
 
     /// What was asked of the shell since the last call.
     Q_INVOKABLE QStringList takeCalls();
 
     /// "Button: Search" for every accessible thing in the item's window, in their order.
     Q_INVOKABLE static QStringList accessibleWithin(QQuickItem *item);
+    /// Whether an accessible thing in the item's window has that description.
+    Q_INVOKABLE static bool describedAs(QQuickItem *item, const QString &description);
     /// Presses the accessible thing of that name, as an assistive program does; false without one.
     Q_INVOKABLE static bool pressAccessible(QQuickItem *within, const QString &name);
+    /// Sets the value of the accessible thing of that name; false without one.
+    Q_INVOKABLE static bool setAccessible(QQuickItem *within, const QString &name, double value);
     /// Drops URLs on the item's window at that point of the item; true if they were accepted.
     Q_INVOKABLE static bool drop(QQuickItem *item, double x, double y, const QList<QUrl> &urls);
     /// The texts of all tooltips on the screen.
     Q_INVOKABLE static QStringList toolTips();
 
 private:
+    static QStringList identifiers(const QList<ShelfItem> &items);
+
     FakeHosts m_fakes;
     ShelfModel m_model;
     ShelfPreferences m_preferences;
@@ -99,6 +123,7 @@ private:
     Productivity m_productivity;
     ShelfExtras m_extras;
     RecordingShell m_shell;
+    DisplayPreferences m_displayPreferences;
     QStringList m_commands;
 };
 

@@ -51,26 +51,6 @@ ShelfTestCase {
         ].join("\n"));
     }
 
-    function test_buttonsAskTheShell_data() {
-        return [
-            { tag: "Settings", calls: ["showSettings"] },
-            { tag: "Mixer", calls: ["showMixer"] },
-            { tag: "Workspace", calls: ["showTools"] },
-            { tag: "Search", calls: ["showTools"] },
-            { tag: "Capture", calls: [] },
-            { tag: "Quit", calls: ["terminate"] }
-        ];
-    }
-
-    function test_buttonsAskTheShell(data) {
-        root.open("top");
-        root.fixture.extras.section = "Meetings";
-        root.expand();
-        verify(root.fixture.pressAccessible(root.view, data.tag));
-        compare(root.fixture.takeCalls(), data.calls);
-        compare(root.fixture.extras.section, data.tag === "Search" ? "Search" : "Meetings");
-    }
-
     function test_focusStartsAQuietSessionAndEndsIt() {
         root.open("top");
         root.expand();
@@ -133,22 +113,11 @@ ShelfTestCase {
         compare(root.fixture.takeCalls(), ["released"]);
     }
 
-    function test_pinsAreRestored_data() {
-        return [
-            { tag: "nothing stored", left: "Clock", right: "Focus timer" },
-            { tag: "stored titles", storedLeft: "Quick note", storedRight: "Quick note", left: "Quick note", right: "Quick note" },
-            { tag: "texts that are no titles", storedLeft: "clock", storedRight: "Weather", left: "Clock", right: "Focus timer" }
-        ];
-    }
-
-    function test_pinsAreRestored(data) {
-        if (data.storedLeft) {
-            root.fixture.prefer("leftWidget", data.storedLeft);
-            root.fixture.prefer("rightWidget", data.storedRight);
-        }
+    function test_titlesOfNoWidgetAreNotRestored() {
+        root.fixture.prefer("leftWidget", "clock");
+        root.fixture.prefer("rightWidget", "Weather");
         root.open("top");
-        compare(root.fixture.model.left, data.left);
-        compare(root.fixture.model.right, data.right);
+        compare([root.fixture.model.left, root.fixture.model.right], ["Clock", "Focus timer"]);
     }
 
     function test_aMediaErrorStandsUntilItIsDismissed() {
@@ -165,21 +134,6 @@ ShelfTestCase {
         verify(root.fixture.accessibleWithin(root.view).indexOf("Button: OK") < 0);
         mouseClick(root.view, 26 + 20 + 20, 365);
         compare(root.fixture.takeCalls(), ["showTools"]);
-    }
-
-    function test_filesAndLinksCanBeDroppedAnywhere_data() {
-        return [{ tag: "on the pill", expanded: false }, { tag: "on the open shelf", expanded: true }];
-    }
-
-    function test_filesAndLinksCanBeDroppedAnywhere(data) {
-        root.open("top");
-        if (data.expanded) {
-            root.expand();
-        }
-        verify(!root.fixture.drop(root.view, 100, 10, []));
-        verify(root.fixture.drop(root.view, 100, data.expanded ? 300 : 10, ["file:///tmp/a%20b", "https://example.org/"]));
-        compare(root.fixture.productivity.held.length, 2);
-        compare(root.view.status.sentence, "File shelf · 2 held");
     }
 
     function test_tooltipsComeAfterARest() {

@@ -49,15 +49,6 @@ ShelfTestCase {
         compare(root.view.layout.outline.y, 26 + 519 - 429);
     }
 
-    function test_aPillAwayFromTheMiddleStaysWhereItIs() {
-        root.open("top");
-        root.expand();
-        root.view.compactRect = Qt.rect(26, 0, 290, 34);
-        root.fixture.setExpanded(false);
-        root.settle();
-        compare(root.view.layout.outline, Qt.rect(26, 0, 290, 34));
-    }
-
     function test_aSmallDisplayMakesItSmaller() {
         root.open("top");
         root.fit(600, 400);
@@ -93,23 +84,6 @@ ShelfTestCase {
         root.fixture.setExpanded(false);
         compare(root.view.sideReveal.value, 0);
         verify(root.view.openness.value > 0.9);
-    }
-
-    function test_onTheTopEdgeNothingIsUncovered() {
-        root.open("top");
-        root.expand();
-        compare(root.view.sideReveal.value, 0);
-    }
-
-    function test_reducedMotionIsShort() {
-        root.open("top");
-        verify(Theme.reduceMotion);
-        root.fit(660, 519);
-        root.fixture.setExpanded(true);
-        verify(root.view.openness.running);
-        tryCompare(root.view.openness, "value", 1, 200);
-        root.fixture.reduceMotion(false);
-        verify(!Theme.reduceMotion);
     }
 
     function test_withoutACompositorItJumps() {

@@ -1,6 +1,7 @@
 #include "TapPlayback.h"
 #include "FakeAudio.h"
 #include "MixerError.h"
+#include "TestRegistry.h"
 
 #include <QTest>
 
@@ -199,5 +200,6 @@ void TapPlaybackTest::blocksCarryAudioThroughTheRing() {
     late({}, &input, {}, nullptr, {});
 }
 
-QTEST_GUILESS_MAIN(TapPlaybackTest)
+static const RegisteredTest<TapPlaybackTest> registered;
+
 #include "TapPlaybackTest.moc"

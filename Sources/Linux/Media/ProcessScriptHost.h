@@ -1,10 +1,9 @@
 #pragma once
 
+#include "ChildRuns.h"
 #include "ScriptHost.h"
 
-#include <QObject>
 #include <QString>
-#include <QThreadPool>
 
 namespace perchly {
 
@@ -14,9 +13,6 @@ public:
     /// The companion's absolute path; empty when there is none.
     explicit ProcessScriptHost(QString program);
 
-    /// The companion beside the running program, or where packages put such programs.
-    [[nodiscard]] static QString findCompanion();
-
     [[nodiscard]] bool isRunnable() const override { return !m_program.isEmpty(); }
     [[nodiscard]] Task run(const QStringList &arguments,
                            std::optional<std::chrono::milliseconds> limit,
@@ -24,8 +20,7 @@ public:
 
 private:
     QString m_program;
-    QObject m_receiver; ///< completions run in its thread, as long as it lives
-    QThreadPool m_pool; ///< destroyed first: it waits for the threads
+    ChildRuns m_runs;
 };
 
 } // namespace perchly

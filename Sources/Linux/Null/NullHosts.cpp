@@ -1,5 +1,6 @@
 #include "NullHosts.h"
 
+#include <QFileInfo>
 #include <QTimer>
 #include <QUrl>
 #include <QWindow>
@@ -8,10 +9,10 @@ namespace perchly {
 
 namespace {
 
-/// An answer that is on its way until the handle goes.
-class Refusal : public ScheduledTask {
+/// What is on its way until the handle goes.
+class Answer : public ScheduledTask {
 public:
-    explicit Refusal(std::function<void()> answer) {
+    explicit Answer(std::function<void()> answer) {
         m_timer.setSingleShot(true);
         QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [answer = std::move(answer)] {
             const auto action = answer; // outlives the handle that it may destroy
@@ -23,6 +24,13 @@ public:
 private:
     QTimer m_timer;
 };
+
+template <class Completion, class Value>
+void answerLater(QObject &receiver, Completion completion, const Value &value) {
+    QMetaObject::invokeMethod(
+        &receiver, [completion = std::move(completion), value] { completion(value); },
+        Qt::QueuedConnection);
+}
 
 } // namespace
 
@@ -72,16 +80,67 @@ void NullApplications::openUrl(const QUrl &url, Completion completion) {
     if (completion) {
         const QString error = QStringLiteral("Nothing here can open “%1”.")
                                   .arg(url.toDisplayString(QUrl::PreferLocalFile));
-        QMetaObject::invokeMethod(
-            &m_receiver, [completion = std::move(completion), error] { completion(error); },
-            Qt::QueuedConnection);
+        answerLater(m_receiver, std::move(completion), error);
     }
+}
+
+void NullApplicationCatalog::find(Completion completion) {
+    describe({}, std::move(completion));
+}
+
+void NullApplicationCatalog::describe(const QStringList &paths, Completion completion) {
+    QList<FoundApplication> applications;
+    for (const QString &path : paths) {
+        applications.append({path, QFileInfo(path).completeBaseName()});
+    }
+    QMetaObject::invokeMethod(
+        this, [completion = std::move(completion), applications] { completion(applications); },
+        Qt::QueuedConnection);
+}
+
+Task NullOpenPanel::ask(const Request &, Completion completion) {
+    return std::make_unique<Answer>([completion = std::move(completion)] { completion({}); });
+}
+
+LoginItem::Result NullLoginItem::registerProgram() {
+    return {.message = QStringLiteral("Nothing here starts programs at login.")};
+}
+
+LoginItem::Result NullLoginItem::unregisterProgram() {
+    return {.outcome = Outcome::Unregistered};
 }
 
 Task NullScriptHost::run(const QStringList &, std::optional<std::chrono::milliseconds>,
                          Completion completion) {
-    return std::make_unique<Refusal>(
+    return std::make_unique<Answer>(
         [completion = std::move(completion)] { completion(std::nullopt); });
+}
+
+Task NullPasteboard::read(const PasteboardRequest &, Completion completion) {
+    return std::make_unique<Answer>([completion = std::move(completion)] { completion({}); });
+}
+
+Task NullShortcutsTool::execute(const QStringList &, Completion completion) {
+    return std::make_unique<Answer>([completion = std::move(completion)] { completion({}); });
+}
+
+void NullShortcutsTool::prepareFolder(FolderCompletion completion) {
+    answerLater(m_receiver, std::move(completion),
+                QStringLiteral("There is no folder for shortcuts here."));
+}
+
+void NullFileServices::reveal(const QUrl &, Completion completion) {
+    answerLater(m_receiver, std::move(completion),
+                QStringLiteral("There is no file manager here."));
+}
+
+void NullFileServices::findShareTargets(const QUrl &, TargetsCompletion completion) {
+    answerLater(m_receiver, std::move(completion), QList<ShareTarget>());
+}
+
+void NullFileServices::share(const QUrl &, const QString &, Completion completion) {
+    answerLater(m_receiver, std::move(completion),
+                QStringLiteral("There is nothing to share with here."));
 }
 
 } // namespace perchly

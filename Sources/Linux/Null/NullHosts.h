@@ -95,6 +95,30 @@ private:
     QObject m_receiver;
 };
 
+/// No applications.
+class NullApplicationCatalog : public ApplicationCatalog {
+public:
+    using ApplicationCatalog::ApplicationCatalog;
+
+    void find(Completion completion) override;
+    void describe(const QStringList &paths, Completion completion) override;
+    [[nodiscard]] QString startFolder() const override { return {}; }
+};
+
+/// A dialog that is cancelled at once.
+class NullOpenPanel : public OpenPanel {
+public:
+    [[nodiscard]] Task ask(const Request &, Completion completion) override;
+};
+
+/// No login to start at.
+class NullLoginItem : public LoginItem {
+public:
+    [[nodiscard]] bool isEnabled() const override { return false; }
+    [[nodiscard]] Result registerProgram() override;
+    [[nodiscard]] Result unregisterProgram() override;
+};
+
 /// Nobody asked for less motion.
 class NullMotion : public Motion {
 public:
@@ -130,6 +154,42 @@ public:
 class NullMusicPlayer : public MusicPlayer {
 public:
     void open() override {}
+};
+
+/// Nothing is ever copied, and what is written goes nowhere.
+class NullPasteboard : public Pasteboard {
+public:
+    using Pasteboard::Pasteboard;
+
+    [[nodiscard]] qint64 changeCount() const override { return m_count; }
+    [[nodiscard]] Task read(const PasteboardRequest &request, Completion completion) override;
+    void write(const QString &) override { ++m_count; }
+    void writeImage(const QByteArray &) override { ++m_count; }
+
+private:
+    qint64 m_count = 0;
+};
+
+/// No tool: nothing is listed and every run fails.
+class NullShortcutsTool : public ShortcutsTool {
+public:
+    [[nodiscard]] Task execute(const QStringList &, Completion completion) override;
+    [[nodiscard]] QString folder() const override { return {}; }
+    void prepareFolder(FolderCompletion completion) override;
+
+private:
+    QObject m_receiver;
+};
+
+/// Does nothing and says so.
+class NullFileServices : public FileServices {
+public:
+    void reveal(const QUrl &, Completion completion) override;
+    void findShareTargets(const QUrl &, TargetsCompletion completion) override;
+    void share(const QUrl &, const QString &, Completion completion) override;
+
+private:
+    QObject m_receiver;
 };
 
 /// Every instance is the only one.

@@ -9,8 +9,9 @@
 
 namespace perchly {
 
-GioApplications::GioApplications()
-    : m_icons(QIcon::themeName(), IconTheme::standardFolders())
+GioApplications::GioApplications(StartNotices notices)
+    : m_notices(std::move(notices))
+    , m_icons(QIcon::themeName(), IconTheme::standardFolders())
     , m_cancellable(g_cancellable_new(), [](GCancellable *object) { g_object_unref(object); }) {
     m_pool.setMaxThreadCount(8); // a few slow services must not hold up the next application
     m_pool.setExpiryTimeout(1000);
@@ -25,8 +26,11 @@ void GioApplications::open(const QString &path, Completion completion) {
         openUrl(QUrl::fromLocalFile(path), std::move(completion));
         return;
     }
-    start([path](GCancellable *cancellable) { return giolaunch::application(path, cancellable); },
-          std::move(completion));
+    start(
+        [this, path](GCancellable *cancellable) {
+            return giolaunch::application(path, m_notices, cancellable);
+        },
+        std::move(completion));
 }
 
 QImage GioApplications::icon(const QString &path, int side) {
@@ -35,7 +39,8 @@ QImage GioApplications::icon(const QString &path, int side) {
 }
 
 void GioApplications::openUrl(const QUrl &url, Completion completion) {
-    start([url](GCancellable *cancellable) { return giolaunch::url(url, cancellable); },
+    start([this,
+           url](GCancellable *cancellable) { return giolaunch::url(url, m_notices, cancellable); },
           std::move(completion));
 }
 

@@ -2,6 +2,7 @@
 
 #include "Applications.h"
 #include "IconTheme.h"
+#include "StartNotices.h"
 
 #include <QObject>
 #include <QThreadPool>
@@ -18,7 +19,7 @@ namespace perchly {
 /// Destroying it cancels what is under way; no completion is called after that.
 class GioApplications : public Applications {
 public:
-    GioApplications();
+    explicit GioApplications(StartNotices notices = {});
     ~GioApplications() override;
 
     void open(const QString &path, Completion completion = {}) override;
@@ -31,6 +32,7 @@ private:
 
     void start(Launch launch, Completion completion);
 
+    const StartNotices m_notices;
     IconTheme m_icons;
     std::shared_ptr<_GCancellable> m_cancellable;
     QObject m_receiver; ///< completions run in its thread, as long as it lives

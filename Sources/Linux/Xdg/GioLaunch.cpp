@@ -1,24 +1,20 @@
 #include "GioLaunch.h"
 
+#include "GioOwned.h"
+#include "LaunchContext.h"
+
 #include <QFile>
 #include <QFileInfo>
 
 #include <gio/gdesktopappinfo.h>
 
 #include <functional>
-#include <memory>
 
 namespace perchly::giolaunch {
 
 namespace {
 
-struct Release {
-    void operator()(void *object) const { g_object_unref(object); }
-    void operator()(GMainContext *context) const { g_main_context_unref(context); }
-};
-
-template <class T>
-using Owned = std::unique_ptr<T, Release>;
+using gio::Owned;
 
 /// What an asynchronous call leaves behind when it is done.
 struct Outcome {
@@ -40,18 +36,11 @@ void onDone(GObject *source, GAsyncResult *result, gpointer data) {
     outcome->done = true;
 }
 
-Owned<GAppLaunchContext> launchContext() {
-    Owned<GAppLaunchContext> context(g_app_launch_context_new());
-    // These were for this program's own start and would give the new one a spent permission.
-    g_app_launch_context_unsetenv(context.get(), "DESKTOP_STARTUP_ID");
-    g_app_launch_context_unsetenv(context.get(), "XDG_ACTIVATION_TOKEN");
-    return context;
-}
-
-QString waitFor(Outcome &outcome, const std::function<void(GAppLaunchContext *)> &begin) {
+QString waitFor(Outcome &outcome, const StartNotices &notices,
+                const std::function<void(GAppLaunchContext *)> &begin) {
     const Owned<GMainContext> loop(g_main_context_new());
     g_main_context_push_thread_default(loop.get());
-    const auto context = launchContext();
+    const LaunchContext context = makeLaunchContext(notices);
     begin(context.get());
     while (!outcome.done) {
         g_main_context_iteration(loop.get(), TRUE);
@@ -68,9 +57,35 @@ gboolean finishUrl(GObject *, GAsyncResult *result, GError **error) {
     return g_app_info_launch_default_for_uri_finish(result, error);
 }
 
+QString launch(GDesktopAppInfo *entry, GList *uris, const StartNotices &notices,
+               GCancellable *cancellable) {
+    Outcome outcome{.finish = finishApplication, .error = {}};
+    return waitFor(outcome, notices, [&](GAppLaunchContext *context) {
+        g_app_info_launch_uris_async(G_APP_INFO(entry), uris, context, cancellable, onDone,
+                                     &outcome);
+    });
+}
+
+/// The entry with its command line run by the system's terminal emulator; null if there is none.
+Owned<GDesktopAppInfo> inSystemTerminal(const QString &path) {
+    const std::unique_ptr<GKeyFile, decltype(&g_key_file_unref)> file(g_key_file_new(),
+                                                                      &g_key_file_unref);
+    constexpr const char *group = G_KEY_FILE_DESKTOP_GROUP;
+    if (g_key_file_load_from_file(file.get(), QFile::encodeName(path).constData(),
+                                  G_KEY_FILE_KEEP_TRANSLATIONS, nullptr) == FALSE) {
+        return nullptr;
+    }
+    const std::unique_ptr<char, decltype(&g_free)> command(
+        g_key_file_get_string(file.get(), group, G_KEY_FILE_DESKTOP_KEY_EXEC, nullptr), &g_free);
+    g_key_file_set_string(file.get(), group, G_KEY_FILE_DESKTOP_KEY_EXEC,
+                          ("x-terminal-emulator -e " + QByteArray(command.get())).constData());
+    g_key_file_set_boolean(file.get(), group, G_KEY_FILE_DESKTOP_KEY_TERMINAL, FALSE);
+    return Owned<GDesktopAppInfo>(g_desktop_app_info_new_from_keyfile(file.get()));
+}
+
 } // namespace
 
-QString application(const QString &path, GCancellable *cancellable) {
+QString application(const QString &path, const StartNotices &notices, GCancellable *cancellable) {
     const QFileInfo file(path);
     if (!file.isAbsolute() || !file.isFile()) {
         return QStringLiteral("There is no application at “%1”.").arg(path);
@@ -84,14 +99,28 @@ QString application(const QString &path, GCancellable *cancellable) {
         return QStringLiteral("“%1” is not an application, or its program is not installed.")
             .arg(path);
     }
-    Outcome outcome{.finish = finishApplication, .error = {}};
-    return waitFor(outcome, [&](GAppLaunchContext *context) {
-        g_app_info_launch_uris_async(G_APP_INFO(entry.get()), nullptr, context, cancellable, onDone,
-                                     &outcome);
-    });
+    const QString error = launch(entry.get(), nullptr, notices, cancellable);
+    const bool wantsTerminal =
+        g_desktop_app_info_get_boolean(entry.get(), G_KEY_FILE_DESKTOP_KEY_TERMINAL) != FALSE;
+    if (error.isEmpty() || !wantsTerminal) {
+        return error;
+    }
+    const auto inside = inSystemTerminal(path);
+    return inside ? launch(inside.get(), nullptr, notices, cancellable) : error;
 }
 
-QString url(const QUrl &url, GCancellable *cancellable) {
+QString openWith(const QString &desktopId, const QUrl &url, const StartNotices &notices,
+                 GCancellable *cancellable) {
+    const Owned<GDesktopAppInfo> entry(g_desktop_app_info_new(desktopId.toUtf8().constData()));
+    if (!entry) {
+        return QStringLiteral("The application is no longer installed.");
+    }
+    QByteArray uri = url.toEncoded(QUrl::FullyEncoded);
+    GList uris{.data = uri.data(), .next = nullptr, .prev = nullptr};
+    return launch(entry.get(), &uris, notices, cancellable);
+}
+
+QString url(const QUrl &url, const StartNotices &notices, GCancellable *cancellable) {
     if (!url.isValid() || url.isRelative()) {
         return QStringLiteral("“%1” is not a link.").arg(url.toDisplayString());
     }
@@ -100,7 +129,7 @@ QString url(const QUrl &url, GCancellable *cancellable) {
     }
     const QByteArray uri = url.toEncoded(QUrl::FullyEncoded);
     Outcome outcome{.finish = finishUrl, .error = {}};
-    return waitFor(outcome, [&](GAppLaunchContext *context) {
+    return waitFor(outcome, notices, [&](GAppLaunchContext *context) {
         g_app_info_launch_default_for_uri_async(uri.constData(), context, cancellable, onDone,
                                                 &outcome);
     });

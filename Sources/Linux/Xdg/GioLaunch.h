@@ -1,5 +1,7 @@
 #pragma once
 
+#include "StartNotices.h"
+
 #include <QString>
 #include <QUrl>
 
@@ -11,10 +13,16 @@ struct _GCancellable;
 /// why nothing was opened.
 namespace perchly::giolaunch {
 
-/// Launches the desktop entry at this absolute path.
-[[nodiscard]] QString application(const QString &path, _GCancellable *cancellable);
+/// Launches the desktop entry at this absolute path. One that wants a terminal gets one that the
+/// library knows, else the one that the system calls its terminal emulator.
+[[nodiscard]] QString application(const QString &path, const StartNotices &notices,
+                                  _GCancellable *cancellable);
 
 /// Opens the link or local file with its default program.
-[[nodiscard]] QString url(const QUrl &url, _GCancellable *cancellable);
+[[nodiscard]] QString url(const QUrl &url, const StartNotices &notices, _GCancellable *cancellable);
+
+/// Opens the link or local file with the application whose desktop entry has this identifier.
+[[nodiscard]] QString openWith(const QString &desktopId, const QUrl &url,
+                               const StartNotices &notices, _GCancellable *cancellable);
 
 } // namespace perchly::giolaunch

@@ -30,4 +30,6 @@ inline constexpr QLatin1StringView focusTotalMinutes("focusTotalMinutes");
 inline constexpr QLatin1StringView shelfLibrary("shelfLibrary");
 inline constexpr QLatin1StringView favoritesOnly("favoritesOnly");
 
+inline constexpr QLatin1StringView savedLayouts("savedLayouts");
+
 } // namespace perchly::keys

@@ -51,16 +51,11 @@ MouseArea {
         Behavior on scale { PressAnimation {} }
     }
 
-    Rectangle {
-        anchors.fill: parent
+    FocusRing {
         anchors.margins: root.focusInset
-        border.color: Theme.mint
-        border.width: 2
-        color: "transparent"
         radius: root.focusRadius
-        visible: root.activeFocus
+        shown: root.activeFocus
     }
-
     ToolTipArea {
         text: root.toolTip
     }

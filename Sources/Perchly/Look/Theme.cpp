@@ -27,6 +27,14 @@ void Theme::setReduceMotion(bool reduce) {
     Q_EMIT reduceMotionChanged();
 }
 
+void Theme::setAccent(const QColor &accent) {
+    if (m_accent == accent) {
+        return;
+    }
+    m_accent = accent;
+    Q_EMIT accentChanged();
+}
+
 QColor Theme::accentColor(const QString &name) {
     if (name == QLatin1StringView("Blue")) {
         return blue();

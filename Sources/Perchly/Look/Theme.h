@@ -16,6 +16,7 @@ class Theme : public QObject {
     Q_PROPERTY(QString family READ family CONSTANT FINAL)
     Q_PROPERTY(
         bool reduceMotion READ reduceMotion WRITE setReduceMotion NOTIFY reduceMotionChanged FINAL)
+    Q_PROPERTY(QColor accent READ accent WRITE setAccent NOTIFY accentChanged FINAL)
     Q_PROPERTY(QColor mint READ mint CONSTANT FINAL)
     Q_PROPERTY(QColor blue READ blue CONSTANT FINAL)
     Q_PROPERTY(QColor purple READ purple CONSTANT FINAL)
@@ -28,6 +29,9 @@ class Theme : public QObject {
     Q_PROPERTY(QColor text READ text CONSTANT FINAL)
     Q_PROPERTY(QColor card READ card CONSTANT FINAL)
     Q_PROPERTY(QColor floating READ floating CONSTANT FINAL)
+    Q_PROPERTY(QColor window READ window CONSTANT FINAL)
+    Q_PROPERTY(QColor row READ row CONSTANT FINAL)
+    Q_PROPERTY(QColor line READ line CONSTANT FINAL)
 public:
     using QObject::QObject;
 
@@ -37,6 +41,10 @@ public:
     /// Follows the desktop's setting; the root of a view keeps it up to date.
     [[nodiscard]] bool reduceMotion() const { return m_reduceMotion; }
     void setReduceMotion(bool reduce);
+
+    /// The person's accent; the shelf's view keeps it up to date for all windows.
+    [[nodiscard]] QColor accent() const { return m_accent; }
+    void setAccent(const QColor &accent);
 
     [[nodiscard]] static QColor mint() { return QColor(102, 212, 207); }
     [[nodiscard]] static QColor blue() { return QColor(10, 132, 255); }
@@ -52,6 +60,12 @@ public:
     [[nodiscard]] static QColor card() { return QColor::fromRgbF(1, 1, 1, 0.045F); }
     /// Of what floats above it: popovers, alerts, tooltips.
     [[nodiscard]] static QColor floating() { return QColor::fromRgbF(0.075F, 0.08F, 0.09F); }
+    /// Background of the ordinary windows.
+    [[nodiscard]] static QColor window() { return QColor::fromRgbF(0.045F, 0.05F, 0.06F); }
+    /// Of the rows and groups that lie on it.
+    [[nodiscard]] static QColor row() { return QColor::fromRgbF(1, 1, 1, 0.05F); }
+    /// Of hairlines and of the outlines of fields.
+    [[nodiscard]] static QColor line() { return QColor::fromRgbF(1, 1, 1, 0.12F); }
 
     /// The accent stored under that name; mint for every other name.
     Q_INVOKABLE [[nodiscard]] static QColor accentColor(const QString &name);
@@ -63,9 +77,11 @@ public:
 
 Q_SIGNALS:
     void reduceMotionChanged();
+    void accentChanged();
 
 private:
     bool m_reduceMotion = false;
+    QColor m_accent = mint();
 };
 
 } // namespace perchly

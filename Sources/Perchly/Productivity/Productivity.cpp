@@ -1,21 +1,20 @@
 #include "Productivity.h"
 
+#include "Hosts.h"
+
 namespace perchly {
 
-void Productivity::hold(const QList<QUrl> &urls) {
-    QList<QUrl> held = m_held;
-    for (const QUrl &url : urls) {
-        const bool link =
-            url.scheme() == QLatin1StringView("https") || url.scheme() == QLatin1StringView("http");
-        if ((url.isLocalFile() || link) && !held.contains(url)) {
-            held.append(url);
-        }
-    }
-    if (held != m_held) {
-        m_held = held;
-        Q_EMIT heldChanged();
-    }
+Productivity::Productivity(Hosts &hosts, QObject *parent)
+    : QObject(parent)
+    , m_hosts(hosts)
+    , m_pasteboardCount(hosts.pasteboard->changeCount()) {
+    loadLayouts();
+    connect(m_hosts.pasteboard.get(), &Pasteboard::changed, this, &Productivity::watchPasteboard);
+    m_pool.setMaxThreadCount(1); // one large picture at a time
+    m_pool.setExpiryTimeout(1000);
 }
+
+Productivity::~Productivity() = default;
 
 void Productivity::setMessage(const QString &message) {
     m_message = message;

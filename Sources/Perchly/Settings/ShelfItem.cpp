@@ -1,7 +1,6 @@
 #include "ShelfItem.h"
 
 #include <QDir>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -95,30 +94,38 @@ QString ShelfItem::widgetTitle() const {
     return widgetName && widgetFromTitle(*widgetName) ? *widgetName : QString();
 }
 
-QByteArray encodeShelfItems(const QList<ShelfItem> &items) {
+QJsonArray shelfItemsToJson(const QList<ShelfItem> &items) {
     QJsonArray array;
     for (const ShelfItem &item : items) {
         array.append(encoded(item));
     }
-    return QJsonDocument(array).toJson(QJsonDocument::Compact);
+    return array;
 }
 
-std::optional<QList<ShelfItem>> decodeShelfItems(const QByteArray &document) {
-    const QJsonDocument parsed = QJsonDocument::fromJson(document);
-    if (!parsed.isArray()) {
+std::optional<QList<ShelfItem>> shelfItemsFromJson(const QJsonValue &value) {
+    if (!value.isArray()) {
         return std::nullopt;
     }
     QList<ShelfItem> items;
-    const QJsonArray array = parsed.array();
+    const QJsonArray array = value.toArray();
     items.reserve(array.size());
-    for (const QJsonValue &value : array) {
-        const auto item = decoded(value);
+    for (const QJsonValue &element : array) {
+        const auto item = decoded(element);
         if (!item) {
             return std::nullopt;
         }
         items.append(*item);
     }
     return items;
+}
+
+QByteArray encodeShelfItems(const QList<ShelfItem> &items) {
+    return QJsonDocument(shelfItemsToJson(items)).toJson(QJsonDocument::Compact);
+}
+
+std::optional<QList<ShelfItem>> decodeShelfItems(const QByteArray &document) {
+    const QJsonDocument parsed = QJsonDocument::fromJson(document);
+    return parsed.isArray() ? shelfItemsFromJson(parsed.array()) : std::nullopt;
 }
 
 } // namespace perchly

@@ -3,6 +3,7 @@
 #include "Widget.h"
 
 #include <QByteArray>
+#include <QJsonArray>
 #include <QList>
 #include <QObject>
 #include <QString>
@@ -49,12 +50,16 @@ public:
     bool operator==(const ShelfItem &) const = default;
 };
 
-/// The stored form: a JSON array of objects in UTF-8, one for each item in order. Absent optional
-/// fields are left out.
-[[nodiscard]] QByteArray encodeShelfItems(const QList<ShelfItem> &items);
+/// The stored form of a list: one object for each item in order. Absent optional fields are left
+/// out.
+[[nodiscard]] QJsonArray shelfItemsToJson(const QList<ShelfItem> &items);
 
-/// Nothing when the document is not such an array, or one element lacks a required field or has one
+/// Nothing when the value is not an array of such objects, or one lacks a required field or has one
 /// of another type. Unknown fields are ignored; optional ones may be null.
+[[nodiscard]] std::optional<QList<ShelfItem>> shelfItemsFromJson(const QJsonValue &value);
+
+/// The same as a document in UTF-8.
+[[nodiscard]] QByteArray encodeShelfItems(const QList<ShelfItem> &items);
 [[nodiscard]] std::optional<QList<ShelfItem>> decodeShelfItems(const QByteArray &document);
 
 } // namespace perchly

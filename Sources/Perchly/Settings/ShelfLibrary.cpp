@@ -1,7 +1,12 @@
 #include "ShelfLibrary.h"
 
+#include "ApplicationCatalog.h"
+#include "OpenPanel.h"
 #include "PreferenceKeys.h"
 #include "Preferences.h"
+
+#include <QPointer>
+#include <QUrl>
 
 #include <algorithm>
 
@@ -17,11 +22,24 @@ QList<ShelfItem> defaultItems() {
     return items;
 }
 
+QList<ShelfItem> itemsFor(const QList<FoundApplication> &applications) {
+    QList<ShelfItem> items;
+    items.reserve(applications.size());
+    for (const FoundApplication &application : applications) {
+        items.append(ShelfItem::forApplication(application.path, application.name));
+    }
+    return items;
+}
+
 } // namespace
 
-ShelfLibrary::ShelfLibrary(Preferences &preferences, QObject *parent)
+ShelfLibrary::ShelfLibrary(Preferences &preferences, ApplicationCatalog &catalog,
+                           OpenPanel &openPanel, QObject *parent)
     : QObject(parent)
-    , m_preferences(preferences) {
+    , m_preferences(preferences)
+    , m_catalog(catalog)
+    , m_openPanel(openPanel) {
+    connect(&catalog, &ApplicationCatalog::changed, this, &ShelfLibrary::refresh);
     const auto stored = preferences.data(keys::shelfLibrary);
     const auto decoded = stored ? decodeShelfItems(*stored) : std::nullopt;
     setItems(decoded ? *decoded : defaultItems());
@@ -48,6 +66,42 @@ QList<ShelfItem> ShelfLibrary::shown() const {
         return item.visible && (item.favorite || !m_favoritesOnly);
     });
     return result;
+}
+
+void ShelfLibrary::refresh() {
+    m_catalog.find([self = QPointer(this)](const QList<FoundApplication> &applications) {
+        if (ShelfLibrary *library = self.data()) {
+            library->m_installed = itemsFor(applications);
+            Q_EMIT library->installedChanged();
+        }
+    });
+}
+
+void ShelfLibrary::browse() {
+    m_browsing = m_openPanel.ask({.title = QStringLiteral("Choose applications"),
+                                  .confirmLabel = QStringLiteral("Add to shelf"),
+                                  .folder = m_catalog.startFolder(),
+                                  .choice = OpenPanel::Choice::Applications},
+                                 [this](const QList<QUrl> &urls) { addChosen(urls); });
+}
+
+void ShelfLibrary::addChosen(const QList<QUrl> &urls) {
+    QStringList paths;
+    for (const QUrl &url : urls) {
+        if (url.isLocalFile()) {
+            paths.append(url.toLocalFile());
+        }
+    }
+    if (paths.isEmpty()) {
+        return;
+    }
+    m_catalog.describe(paths, [self = QPointer(this)](const QList<FoundApplication> &chosen) {
+        if (self) {
+            for (const ShelfItem &item : itemsFor(chosen)) {
+                self->add(item);
+            }
+        }
+    });
 }
 
 qsizetype ShelfLibrary::indexOf(const QString &id) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Clock.h"
 #include "ShelfItem.h"
 
 #include <QList>
@@ -7,6 +8,8 @@
 
 namespace perchly {
 
+class ApplicationCatalog;
+class OpenPanel;
 class Preferences;
 
 /// The shelf's entries in their order. Every change is stored at once: what is stored is always
@@ -20,10 +23,12 @@ class ShelfLibrary : public QObject {
     Q_PROPERTY(QList<perchly::ShelfItem> installed READ installed NOTIFY installedChanged FINAL)
 public:
     enum class Flag { Visible, Favorite };
+    Q_ENUM(Flag)
 
-    /// Loads the stored library, or replaces what cannot be read with the five widgets. The
-    /// preferences must outlive the library.
-    explicit ShelfLibrary(Preferences &preferences, QObject *parent = nullptr);
+    /// Loads the stored library, or replaces what cannot be read with the five widgets. The hosts
+    /// must outlive the library.
+    ShelfLibrary(Preferences &preferences, ApplicationCatalog &catalog, OpenPanel &openPanel,
+                 QObject *parent = nullptr);
 
     [[nodiscard]] const QList<ShelfItem> &items() const { return m_items; }
     void setItems(const QList<ShelfItem> &items);
@@ -32,23 +37,32 @@ public:
     [[nodiscard]] bool favoritesOnly() const { return m_favoritesOnly; }
     void setFavoritesOnly(bool favoritesOnly);
 
-    /// Applications found on this machine, by name; empty until they were looked for.
+    /// Applications found on this machine, by name; empty until the first `refresh` is done, and
+    /// kept current from then on. A view shows them through InstalledApplications.
     [[nodiscard]] const QList<ShelfItem> &installed() const { return m_installed; }
+
+    /// Looks for applications again; returns at once. Of several searches the one that ends last
+    /// counts.
+    Q_INVOKABLE void refresh();
+
+    /// Lets the person choose applications anywhere and adds those chosen, in order; returns at
+    /// once.
+    Q_INVOKABLE void browse();
 
     /// What the strip shows and ⌘1 to ⌘9 launch.
     [[nodiscard]] QList<ShelfItem> shown() const;
 
     /// Appends the item, or makes the one with its identifier visible again as it was.
-    void add(const ShelfItem &item);
+    Q_INVOKABLE void add(const perchly::ShelfItem &item);
 
     /// Inverts one flag of the item with that identifier, if there is one.
-    void toggle(const QString &id, Flag flag);
+    Q_INVOKABLE void toggle(const QString &id, perchly::ShelfLibrary::Flag flag);
 
     /// Swaps the item with the one `offset` places away; nothing happens past either end.
-    void move(const QString &id, qsizetype offset);
+    Q_INVOKABLE void move(const QString &id, qsizetype offset);
 
     /// Removes every item with that identifier; nothing happens when there is none.
-    void remove(const QString &id);
+    Q_INVOKABLE void remove(const QString &id);
 
     /// Stores the items.
     void save();
@@ -61,8 +75,12 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] qsizetype indexOf(const QString &id) const;
+    void addChosen(const QList<QUrl> &urls);
 
     Preferences &m_preferences;
+    ApplicationCatalog &m_catalog;
+    OpenPanel &m_openPanel;
+    Task m_browsing;
     QList<ShelfItem> m_items;
     QList<ShelfItem> m_installed;
     bool m_favoritesOnly = false;

@@ -10,11 +10,14 @@ namespace perchly {
 AppDelegate::AppDelegate(Hosts &hosts, ShellResources resources)
     : m_hosts(hosts)
     , m_resources(std::move(resources))
+    , m_fieldPasting(*hosts.pasteboard)
     , m_shelfPreferences(*hosts.preferences)
     , m_model(*hosts.clock, *hosts.preferences, *hosts.alertSound)
     , m_media(m_model, *hosts.clock, *hosts.scriptHost, *hosts.playerNotifications,
               *hosts.musicPlayer)
-    , m_library(*hosts.preferences)
+    , m_library(*hosts.preferences, *hosts.catalog, *hosts.openPanel)
+    , m_productivity(hosts)
+    , m_mixer(*hosts.audio, *hosts.clock)
     , m_hotKey(*hosts.hotKeys, *this, m_productivity)
     , m_headerView(*this) {}
 
@@ -49,6 +52,7 @@ void AppDelegate::launch() {
     m_hosts.pointer->start();
     showStatusItem();
     m_hosts.playerNotifications->start();
+    m_hosts.audio->start();
     connect(m_hosts.displays.get(), &Displays::changed, this, &AppDelegate::resize);
     connect(&m_shelfPreferences, &ShelfPreferences::shelfScaleChanged, this, &AppDelegate::resize);
 }
@@ -65,11 +69,9 @@ void AppDelegate::showStatusItem() {
          {QStringLiteral("Quit Perchly"), [this] { terminate(); }, command(Qt::Key_Q)}});
 }
 
-void AppDelegate::show(std::unique_ptr<AuxiliaryWindow> &window, const QString &title,
-                       const QSize &size, AuxiliaryWindow::Buttons buttons) {
+void AppDelegate::show(std::unique_ptr<AuxiliaryWindow> &window, const WindowContent &content) {
     if (!window) {
-        window = std::make_unique<AuxiliaryWindow>(m_engine, title, size, buttons, QUrl(),
-                                                   QVariantMap());
+        window = std::make_unique<AuxiliaryWindow>(m_engine, content);
     }
     // The window takes the keyboard from here, so it is not given back.
     m_keyboardOpen = false;
@@ -83,18 +85,36 @@ void AppDelegate::showShelf() {
 }
 
 void AppDelegate::showTools() {
-    show(m_toolsWindow, QStringLiteral("Perchly Workspace"), {660, 570},
-         AuxiliaryWindow::Buttons::CloseMinimizeMaximize);
+    show(m_toolsWindow,
+         {.title = QStringLiteral("Perchly Workspace"),
+          .size = {660, 570},
+          .view = m_resources.toolsView,
+          .properties = {{QStringLiteral("tools"), QVariant::fromValue(&m_productivity)},
+                         {QStringLiteral("library"), QVariant::fromValue(&m_library)},
+                         {QStringLiteral("model"), QVariant::fromValue(&m_model)},
+                         {QStringLiteral("extras"), QVariant::fromValue(&extras())}}});
 }
 
 void AppDelegate::showSettings() {
-    show(m_settingsWindow, QStringLiteral("Perchly Settings"), {660, 600},
-         AuxiliaryWindow::Buttons::CloseMinimizeMaximize);
+    if (!m_displayPreferences) {
+        m_displayPreferences = std::make_unique<DisplayPreferences>(
+            *m_hosts.preferences, *m_hosts.displays, *m_hosts.loginItem, *this);
+    }
+    show(m_settingsWindow,
+         {.title = QStringLiteral("Perchly Settings"),
+          .size = {660, 600},
+          .view = m_resources.settingsView,
+          .properties = {
+              {QStringLiteral("library"), QVariant::fromValue(&m_library)},
+              {QStringLiteral("preferences"), QVariant::fromValue(m_displayPreferences.get())}}});
 }
 
 void AppDelegate::showMixer() {
-    show(m_mixerWindow, QStringLiteral("Perchly Volume Mixer"), {600, 480},
-         AuxiliaryWindow::Buttons::CloseMaximize);
+    show(m_mixerWindow, {.title = QStringLiteral("Perchly Volume Mixer"),
+                         .size = {600, 480},
+                         .buttons = WindowContent::Buttons::CloseMaximize,
+                         .view = m_resources.mixerView,
+                         .properties = {{QStringLiteral("mixer"), QVariant::fromValue(&m_mixer)}}});
 }
 
 void AppDelegate::showSearch() {
@@ -104,6 +124,7 @@ void AppDelegate::showSearch() {
 
 void AppDelegate::terminate() {
     m_media.stopMediaMonitoring();
+    m_mixer.releaseAll();
     QCoreApplication::quit();
 }
 

@@ -2,7 +2,9 @@
 
 #include "AuxiliaryWindow.h"
 #include "Clock.h"
+#include "DisplayPreferences.h"
 #include "Displays.h"
+#include "FieldPasting.h"
 #include "MediaTracking.h"
 #include "Productivity.h"
 #include "ShelfExtras.h"
@@ -14,6 +16,7 @@
 #include "ShelfPanel.h"
 #include "ShelfPreferences.h"
 #include "ShellActions.h"
+#include "VolumeMixer.h"
 
 #include <QIcon>
 #include <QQmlEngine>
@@ -29,8 +32,11 @@ struct KeyPress;
 
 /// What the shell shows but does not make itself. An empty view leaves its window without content.
 struct ShellResources {
-    QIcon statusIcon;
-    QUrl shelfView;
+    QIcon statusIcon = {};
+    QUrl shelfView = {};
+    QUrl settingsView = {};
+    QUrl toolsView = {};
+    QUrl mixerView = {};
 };
 
 /// The program's single controller. It owns every store and window for the whole run and drives the
@@ -51,6 +57,7 @@ public:
     [[nodiscard]] ShelfModel &model() { return m_model; }
     [[nodiscard]] ShelfLibrary &library() { return m_library; }
     [[nodiscard]] Productivity &productivity() { return m_productivity; }
+    [[nodiscard]] VolumeMixer &mixer() { return m_mixer; }
     /// Made on first use.
     [[nodiscard]] ShelfExtras &extras();
 
@@ -120,11 +127,11 @@ private:
     void launch(const ShelfItem &item);
     // AppDelegate.cpp
     void showStatusItem();
-    void show(std::unique_ptr<AuxiliaryWindow> &window, const QString &title, const QSize &size,
-              AuxiliaryWindow::Buttons buttons);
+    void show(std::unique_ptr<AuxiliaryWindow> &window, const WindowContent &content);
 
     Hosts &m_hosts;
     ShellResources m_resources;
+    FieldPasting m_fieldPasting;
     ShelfPreferences m_shelfPreferences;
     QQmlEngine m_engine; // one for all windows: each of its own would cost memory and time
 
@@ -132,12 +139,14 @@ private:
     MediaTracking m_media;
     ShelfLibrary m_library;
     Productivity m_productivity;
+    VolumeMixer m_mixer;
     std::unique_ptr<ShelfExtras> m_extras;
     std::unique_ptr<AuxiliaryWindow> m_mixerWindow;
     ShelfHotKey m_hotKey;
     std::unique_ptr<AuxiliaryWindow> m_toolsWindow;
     bool m_keyboardOpen = false;
     bool m_keyboardBorrowed = false; ///< taken outside keyboard mode
+    std::unique_ptr<DisplayPreferences> m_displayPreferences;
     std::unique_ptr<AuxiliaryWindow> m_settingsWindow;
     std::unique_ptr<ShelfPanel> m_panel;
     ShelfHeaderView m_headerView;

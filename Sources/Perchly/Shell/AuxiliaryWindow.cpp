@@ -1,6 +1,8 @@
 #include "AuxiliaryWindow.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
+#include <QQuickItem>
 #include <QScreen>
 
 #include <algorithm>
@@ -9,28 +11,37 @@ namespace perchly {
 
 namespace {
 
-constexpr QRgb background = 0xff1c1c1e;
-constexpr int titleBarHeight = 32; // about what window managers take
+constexpr QRgb background = 0xff0b0d0f; // the views' own, until they are painted
+constexpr int titleBarHeight = 32;      // about what window managers take
 
 } // namespace
 
-AuxiliaryWindow::AuxiliaryWindow(QQmlEngine &engine, const QString &title, const QSize &size,
-                                 Buttons buttons, const QUrl &source, const QVariantMap &properties)
+AuxiliaryWindow::AuxiliaryWindow(QQmlEngine &engine, const WindowContent &content)
     : QQuickView(&engine, nullptr) {
     Qt::WindowFlags flags = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                             Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint |
                             Qt::WindowMaximizeButtonHint;
-    flags.setFlag(Qt::WindowMinimizeButtonHint, buttons == Buttons::CloseMinimizeMaximize);
+    flags.setFlag(Qt::WindowMinimizeButtonHint,
+                  content.buttons == WindowContent::Buttons::CloseMinimizeMaximize);
     setFlags(flags);
-    setTitle(title);
+    setTitle(content.title);
     setColor(background);
     setResizeMode(SizeRootObjectToView);
     setPersistentSceneGraph(false); // a hidden window keeps no picture of itself
-    if (!source.isEmpty()) {
-        setInitialProperties(properties);
-        setSource(source);
+    setGeometry(centred(content.size));
+    if (!content.view.isEmpty()) {
+        setInitialProperties(content.properties);
+        setSource(content.view);
+        applyMinimumSize();
     }
-    setGeometry(centred(size));
+}
+
+void AuxiliaryWindow::applyMinimumSize() {
+    if (const QQuickItem *root = rootObject()) {
+        const QSize wanted(root->property("minimumWidth").toInt(),
+                           root->property("minimumHeight").toInt());
+        setMinimumSize(wanted.boundedTo(size())); // a small display may have no room for it
+    }
 }
 
 QRect AuxiliaryWindow::centred(const QSize &size) const {
@@ -52,6 +63,17 @@ bool AuxiliaryWindow::event(QEvent *event) {
         return true;
     }
     return QQuickView::event(event);
+}
+
+void AuxiliaryWindow::keyPressEvent(QKeyEvent *event) {
+    event->ignore();
+    QQuickView::keyPressEvent(event);
+    const bool closes = (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier) ||
+                        (event->key() == Qt::Key_W && event->modifiers() == Qt::ControlModifier);
+    if (closes && !event->isAccepted()) {
+        event->accept();
+        close();
+    }
 }
 
 } // namespace perchly

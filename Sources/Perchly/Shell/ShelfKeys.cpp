@@ -60,7 +60,9 @@ bool AppDelegate::launchShown(const QString &number) {
 }
 
 void AppDelegate::launch(const ShelfItem &item) {
-    if (!item.shortcutName && item.path) {
+    if (item.shortcutName) {
+        m_productivity.runShortcut(*item.shortcutName);
+    } else if (item.path) {
         m_hosts.applications->open(*item.path);
     }
 }

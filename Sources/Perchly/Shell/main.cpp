@@ -2,15 +2,19 @@
 #include "Hosts.h"
 #include "LinuxHosts.h"
 #include "SymbolIcon.h"
+#include "TerminationSignals.h"
 
 #include <QApplication>
 #include <QQuickWindow>
 
+#include <malloc.h>
 #include <optional>
 
 using namespace perchly;
 
 int main(int argc, char **argv) {
+    // Copies and pictures are megabytes each: such memory goes back to the system when it is freed.
+    mallopt(M_MMAP_THRESHOLD, 1 << 20);
     qSetMessagePattern(QStringLiteral("perchly: %{message}"));
     std::optional<SilentBusScreen> busScreen(std::in_place);
     std::optional<WindowSystemChoice> windowSystem(std::in_place);
@@ -33,9 +37,16 @@ int main(int argc, char **argv) {
 
     Hosts hosts = makeHosts();
     AppDelegate delegate(
-        hosts, {.statusIcon = symbolIcon(QStringLiteral("square.stack.3d.up")),
-                .shelfView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Shelf/ShelfView.qml"))});
+        hosts,
+        {.statusIcon = symbolIcon(QStringLiteral("square.stack.3d.up")),
+         .shelfView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Shelf/ShelfView.qml")),
+         .settingsView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Settings/ShelfSettings.qml")),
+         .toolsView =
+             QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Productivity/ProductivityView.qml")),
+         .mixerView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/VolumeMixer/VolumeMixerView.qml"))});
     QObject::connect(instance.get(), &SingleInstance::requested, &delegate, &AppDelegate::perform);
+    const TerminationSignals signals;
+    QObject::connect(&signals, &TerminationSignals::requested, &delegate, &AppDelegate::terminate);
     delegate.launch();
     return QApplication::exec();
 }

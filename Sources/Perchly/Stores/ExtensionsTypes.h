@@ -6,6 +6,12 @@
 
 namespace perchly {
 
+struct SnippetForeign {
+    Q_GADGET
+    QML_FOREIGN(perchly::Snippet)
+    QML_VALUE_TYPE(snippet)
+};
+
 struct ShelfExtrasForeign {
     Q_GADGET
     QML_FOREIGN(perchly::ShelfExtras)

@@ -1,11 +1,25 @@
 #pragma once
 
+#include "InstalledApplications.h"
+#include "LibraryEntries.h"
 #include "ShelfItem.h"
 #include "ShelfLibrary.h"
 
 #include <QtQml/qqml.h>
 
 namespace perchly {
+
+struct InstalledApplicationsForeign {
+    Q_GADGET
+    QML_FOREIGN(perchly::InstalledApplications)
+    QML_NAMED_ELEMENT(InstalledApplications)
+};
+
+struct LibraryEntriesForeign {
+    Q_GADGET
+    QML_FOREIGN(perchly::LibraryEntries)
+    QML_NAMED_ELEMENT(LibraryEntries)
+};
 
 struct ShelfItemForeign {
     Q_GADGET

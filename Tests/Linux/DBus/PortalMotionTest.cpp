@@ -61,78 +61,50 @@ private:
 
 class PortalMotionTest : public QObject {
     Q_OBJECT
-
 private Q_SLOTS:
-    void readsWhatTheDesktopSays_data();
-    void readsWhatTheDesktopSays();
-    void followsChanges();
-    void followsAPortalThatComesLaterOrAnew();
-    void isFalseWithoutABusOrPortal();
-};
-
-void PortalMotionTest::readsWhatTheDesktopSays_data() {
-    QTest::addColumn<Settings>("settings");
-    QTest::addColumn<bool>("reduced");
-    QTest::newRow("animations off in GNOME") << Settings{{gnome, false}} << true;
-    QTest::newRow("no animation time in KDE, as a string")
-        << Settings{{kde, QStringLiteral("0")}} << true;
-    QTest::newRow("no animation time in KDE, as a number") << Settings{{kde, 0.0}} << true;
-    QTest::newRow("the common key") << Settings{{common, 1U}} << true;
-    QTest::newRow("off in one of two") << Settings{{gnome, true}, {kde, 0}} << true;
-    QTest::newRow("short animations in KDE") << Settings{{kde, QStringLiteral("0.25")}} << false;
-    QTest::newRow("everything as usual")
-        << Settings{{gnome, true}, {kde, 1.0}, {common, 0U}} << false;
-    QTest::newRow("values of other types")
-        << Settings{{gnome, QStringLiteral("false")}, {kde, QStringLiteral("off")}} << false;
-}
-
-void PortalMotionTest::readsWhatTheDesktopSays() {
-    QFETCH(const Settings, settings);
-    QFETCH(const bool, reduced);
-    const Portal portal(settings);
-    const PortalMotion motion(QDBusConnection::sessionBus());
-    QVERIFY(!motion.isReduced());
-    const QSignalSpy changed(&motion, &Motion::changed);
-    QTRY_COMPARE(motion.isReduced(), reduced);
-    QTest::qWait(reduced ? 0 : 30);
-    QCOMPARE(motion.isReduced(), reduced);
-    QCOMPARE(changed.count(), reduced ? 1 : 0);
-}
-
-void PortalMotionTest::followsChanges() {
-    Portal portal({{gnome, true}});
-    const PortalMotion motion(QDBusConnection::sessionBus());
-    QTest::qWait(20);
-    portal.change(gnome, false);
-    QTRY_VERIFY(motion.isReduced());
-    portal.change(kde, 0);
-    portal.change(gnome, true);
-    QTest::qWait(20);
-    QVERIFY(motion.isReduced()); // KDE still says so
-    portal.change(kde, 1);
-    QTRY_VERIFY(!motion.isReduced());
-}
-
-void PortalMotionTest::followsAPortalThatComesLaterOrAnew() {
-    const PortalMotion motion(QDBusConnection::sessionBus());
-    QTest::qWait(20);
-    {
-        const Portal portal({{gnome, false}});
-        QTRY_VERIFY(motion.isReduced());
+    void readsWhatTheDesktopSays() {
+        const auto isReduced = [](const Settings &settings) {
+            const Portal portal(settings);
+            const PortalMotion motion(QDBusConnection::sessionBus());
+            return QTest::qWaitFor([&] { return motion.isReduced(); }, 100);
+        };
+        QVERIFY(isReduced({{gnome, false}}));
+        QVERIFY(isReduced({{gnome, true}, {kde, QStringLiteral("0")}}));
+        QVERIFY(isReduced({{common, 1U}}));
+        QVERIFY(!isReduced({{gnome, true}, {kde, QStringLiteral("0.25")}, {common, 0U}}));
+        QVERIFY2(!isReduced({{gnome, QStringLiteral("false")}, {kde, QStringLiteral("off")}}),
+                 "values of other types");
     }
-    QTest::qWait(20);
-    QVERIFY(motion.isReduced()); // no animations because a portal crashed
-    const Portal portal({{gnome, true}});
-    QTRY_VERIFY(!motion.isReduced());
-}
 
-void PortalMotionTest::isFalseWithoutABusOrPortal() {
-    const PortalMotion withoutBus{QDBusConnection(QString())};
-    const PortalMotion withoutPortal(QDBusConnection::sessionBus());
-    QTest::qWait(20);
-    QVERIFY(!withoutBus.isReduced());
-    QVERIFY(!withoutPortal.isReduced());
-}
+    void followsChanges() {
+        Portal portal({{gnome, true}});
+        const PortalMotion motion(QDBusConnection::sessionBus());
+        const QSignalSpy changed(&motion, &Motion::changed);
+        QTest::qWait(20);
+        portal.change(gnome, false);
+        QTRY_VERIFY(motion.isReduced());
+        portal.change(kde, 0);
+        portal.change(gnome, true);
+        QTest::qWait(20);
+        QVERIFY(motion.isReduced()); // KDE still says so
+        portal.change(kde, 1);
+        QTRY_VERIFY(!motion.isReduced());
+        QCOMPARE(changed.count(), 2);
+    }
+
+    void followsAPortalThatComesLaterOrAnew() {
+        const PortalMotion motion(QDBusConnection::sessionBus());
+        QTest::qWait(20);
+        {
+            const Portal portal({{gnome, false}});
+            QTRY_VERIFY(motion.isReduced());
+        }
+        QTest::qWait(20);
+        QVERIFY(motion.isReduced()); // no animations because a portal crashed
+        const Portal portal({{gnome, true}});
+        QTRY_VERIFY(!motion.isReduced());
+    }
+};
 
 QTEST_GUILESS_MAIN(PortalMotionTest)
 #include "PortalMotionTest.moc"

@@ -1,10 +1,8 @@
 #include "BusPlayerNotifications.h"
 #include "PlayerProcess.h"
+#include "TestFiles.h"
 
-#include <QDir>
-#include <QFile>
 #include <QSignalSpy>
-#include <QTest>
 
 #include <csignal>
 
@@ -12,16 +10,12 @@ using namespace perchly;
 
 namespace {
 
-QString method(const char *name, const char *destination) {
-    return QStringLiteral("--dest=org.mpris.MediaPlayer2.") + QString::fromUtf8(destination) +
-           u' ' + QStringLiteral("/org/mpris/MediaPlayer2 org.mpris.MediaPlayer2.Player.") +
-           QString::fromUtf8(name);
-}
-
-void call(const char *name, const char *destination) {
+void call(const QString &name, const QString &destination) {
     QProcess::execute(QStringLiteral("dbus-send"),
-                      QStringList{QStringLiteral("--session"), QStringLiteral("--print-reply")} +
-                          method(name, destination).split(u' '));
+                      {QStringLiteral("--session"), QStringLiteral("--print-reply"),
+                       QStringLiteral("--dest=org.mpris.MediaPlayer2.") + destination,
+                       QStringLiteral("/org/mpris/MediaPlayer2"),
+                       QStringLiteral("org.mpris.MediaPlayer2.Player.") + name});
 }
 
 QVariantMap information(const char *title, const char *state) {
@@ -30,125 +24,98 @@ QVariantMap information(const char *title, const char *state) {
             {QStringLiteral("Player State"), QString::fromUtf8(state)}};
 }
 
-void installMusicApplication() {
-    const QString folder = qEnvironmentVariable("XDG_DATA_HOME") + QStringLiteral("/applications");
-    QDir().mkpath(folder);
-    QFile file(folder + QStringLiteral("/org.example.Tunes.desktop"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("[Desktop Entry]\nType=Application\nName=Tunes\nExec=true\n"
-               "MimeType=audio/mpeg;\nCategories=AudioVideo;Audio;Player;\n");
-}
-
 } // namespace
 
 class PlayerNotificationsTest : public QObject {
     Q_OBJECT
-
 private Q_SLOTS:
     /// Nothing is installed but what the test installs.
     void initTestCase() { qputenv("XDG_DATA_DIRS", "/nowhere/at/all"); }
 
-    void knowsWhetherAnyPlayerRuns();
-    void passesOnWhatSpotifySays();
-    void passesOnWhatTheMusicApplicationSays();
-    void aFlurryOfChangesIsOneAnnouncement();
-    void otherPlayersAreNotPassedOn();
-    void knowsNothingWithoutABus();
-};
-
-void PlayerNotificationsTest::knowsWhetherAnyPlayerRuns() {
-    BusPlayerNotifications notifications;
-    QCOMPARE(notifications.presence(), PlayerPresence::Unknown);
-    notifications.start();
-    QTRY_COMPARE(notifications.presence(), PlayerPresence::None);
-    {
-        const PlayerProcess repeater("playerctld");
-        QTest::qWait(50);
-        QCOMPARE(notifications.presence(), PlayerPresence::None);
-        const PlayerProcess player("scripted");
-        QTRY_COMPARE(notifications.presence(), PlayerPresence::Some);
-        BusPlayerNotifications later;
-        later.start();
-        QTRY_COMPARE(later.presence(), PlayerPresence::Some);
+    void knowsWhetherAnyPlayerRuns() {
+        BusPlayerNotifications notifications;
+        QCOMPARE(notifications.presence(), PlayerPresence::Unknown);
+        notifications.start();
+        QTRY_COMPARE(notifications.presence(), PlayerPresence::None);
+        {
+            const PlayerProcess repeater("playerctld");
+            QTest::qWait(50);
+            QCOMPARE(notifications.presence(), PlayerPresence::None);
+            const PlayerProcess player("scripted");
+            QTRY_COMPARE(notifications.presence(), PlayerPresence::Some);
+            BusPlayerNotifications later;
+            later.start();
+            QTRY_COMPARE(later.presence(), PlayerPresence::Some);
+        }
+        QTRY_COMPARE(notifications.presence(), PlayerPresence::None);
     }
-    QTRY_COMPARE(notifications.presence(), PlayerPresence::None);
-}
 
-void PlayerNotificationsTest::passesOnWhatSpotifySays() {
-    BusPlayerNotifications notifications;
-    QSignalSpy received(&notifications, &PlayerNotifications::received);
-    notifications.start();
-    const PlayerProcess player("spotify");
-    QTest::qWait(100);
-    QVERIFY(received.isEmpty()); // it has not announced anything
-    call("Pause", "spotify");
-    QTRY_COMPARE(received.size(), 1);
-    QCOMPARE(received.first().at(0).toString(),
-             QStringLiteral("com.spotify.client.PlaybackStateChanged"));
-    QCOMPARE(received.first().at(1).toMap(), information("Song", "Paused"));
-    call("Next", "spotify");
-    QTRY_COMPARE(received.size(), 2);
-    QCOMPARE(received.last().at(1).toMap(), information("Next", "Paused"));
-}
+    void passesOnWhatSpotifySays() {
+        BusPlayerNotifications notifications;
+        QSignalSpy received(&notifications, &PlayerNotifications::received);
+        notifications.start();
+        PlayerProcess player("spotify");
+        PlayerProcess another("another");
+        call(QStringLiteral("Pause"), QStringLiteral("another"));
+        QTest::qWait(200);
+        QVERIFY(received.isEmpty()); // it has not announced anything, and others do not count
+        call(QStringLiteral("Pause"), QStringLiteral("spotify"));
+        QTRY_COMPARE(received.size(), 1);
+        QCOMPARE(received.first().at(0).toString(),
+                 QStringLiteral("com.spotify.client.PlaybackStateChanged"));
+        QCOMPARE(received.first().at(1).toMap(), information("Song", "Paused"));
+        call(QStringLiteral("Next"), QStringLiteral("spotify"));
+        QTRY_COMPARE(received.size(), 2);
+        QCOMPARE(received.last().at(1).toMap(), information("Next", "Paused"));
+    }
 
-void PlayerNotificationsTest::passesOnWhatTheMusicApplicationSays() {
-    installMusicApplication();
-    BusPlayerNotifications notifications;
-    QSignalSpy received(&notifications, &PlayerNotifications::received);
-    const PlayerProcess player("whatever", R"({"entry": "org.example.Tunes"})");
-    notifications.start();
-    QTest::qWait(300);
-    call("Next", "whatever");
-    QTRY_COMPARE(received.size(), 1);
-    QCOMPARE(received.first().at(0).toString(), QStringLiteral("com.apple.Music.playerInfo"));
-    QCOMPARE(received.first().at(1).toMap(), information("Next", "Playing"));
-}
+    void passesOnWhatTheMusicApplicationSays() {
+        installApplication(QStringLiteral("org.example.Tunes"),
+                           "Exec=true\nMimeType=audio/mpeg;\nCategories=AudioVideo;Audio;Player;");
+        BusPlayerNotifications notifications;
+        QSignalSpy received(&notifications, &PlayerNotifications::received);
+        const PlayerProcess player("whatever", R"({"entry": "org.example.Tunes"})");
+        notifications.start();
+        QTest::qWait(300);
+        call(QStringLiteral("Next"), QStringLiteral("whatever"));
+        QTRY_COMPARE(received.size(), 1);
+        QCOMPARE(received.first().at(0).toString(), QStringLiteral("com.apple.Music.playerInfo"));
+        QCOMPARE(received.first().at(1).toMap(), information("Next", "Playing"));
+    }
 
-void PlayerNotificationsTest::aFlurryOfChangesIsOneAnnouncement() {
-    BusPlayerNotifications notifications;
-    QSignalSpy received(&notifications, &PlayerNotifications::received);
-    notifications.start();
-    const PlayerProcess player("spotify", R"({"flurry": 40})");
-    QTest::qWait(100);
-    call("Next", "spotify");
-    QTRY_VERIFY(!received.isEmpty());
-    QTest::qWait(200);
-    QCOMPARE(received.size(), 1);
-}
+    void aFlurryOfChangesIsOneAnnouncement() {
+        BusPlayerNotifications notifications;
+        QSignalSpy received(&notifications, &PlayerNotifications::received);
+        notifications.start();
+        const PlayerProcess player("spotify", R"({"flurry": 40})");
+        QTest::qWait(100);
+        call(QStringLiteral("Next"), QStringLiteral("spotify"));
+        QTRY_VERIFY(!received.isEmpty());
+        QTest::qWait(200);
+        QCOMPARE(received.size(), 1);
+    }
 
-void PlayerNotificationsTest::otherPlayersAreNotPassedOn() {
-    installMusicApplication();
-    BusPlayerNotifications notifications;
-    const QSignalSpy received(&notifications, &PlayerNotifications::received);
-    notifications.start();
-    const PlayerProcess player("another");
-    const PlayerProcess spotify("spotify");
-    QTest::qWait(100);
-    call("Pause", "another");
-    QTest::qWait(200);
-    QVERIFY(received.isEmpty());
-}
+    void knowsNothingWithoutABus() {
+        const QByteArray address = qgetenv("DBUS_SESSION_BUS_ADDRESS");
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere/at/all");
+        const auto restore = qScopeGuard([&] { qputenv("DBUS_SESSION_BUS_ADDRESS", address); });
+        BusPlayerNotifications notifications;
+        notifications.start();
+        QTest::qWait(50);
+        QCOMPARE(notifications.presence(), PlayerPresence::Unknown);
 
-void PlayerNotificationsTest::knowsNothingWithoutABus() {
-    const QByteArray address = qgetenv("DBUS_SESSION_BUS_ADDRESS");
-    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere/at/all");
-    const auto restore = qScopeGuard([&] { qputenv("DBUS_SESSION_BUS_ADDRESS", address); });
-    BusPlayerNotifications notifications;
-    notifications.start();
-    QTest::qWait(50);
-    QCOMPARE(notifications.presence(), PlayerPresence::Unknown);
-
-    qputenv("DBUS_SESSION_BUS_ADDRESS", address);
-    const auto bus = pid_t(qEnvironmentVariableIntValue("PERCHLY_TEST_BUS_PID"));
-    kill(bus, SIGSTOP);
-    const auto thaw = qScopeGuard([bus] { kill(bus, SIGCONT); });
-    BusPlayerNotifications frozen;
-    frozen.start(); // neither blocks nor knows anything
-    QTest::qWait(50);
-    QCOMPARE(frozen.presence(), PlayerPresence::Unknown);
-    kill(bus, SIGCONT);
-    QTRY_COMPARE(frozen.presence(), PlayerPresence::None);
-}
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+        const auto bus = pid_t(qEnvironmentVariableIntValue("PERCHLY_TEST_BUS_PID"));
+        kill(bus, SIGSTOP);
+        const auto thaw = qScopeGuard([bus] { kill(bus, SIGCONT); });
+        BusPlayerNotifications frozen;
+        frozen.start(); // neither blocks nor knows anything
+        QTest::qWait(50);
+        QCOMPARE(frozen.presence(), PlayerPresence::Unknown);
+        kill(bus, SIGCONT);
+        QTRY_COMPARE(frozen.presence(), PlayerPresence::None);
+    }
+};
 
 QTEST_GUILESS_MAIN(PlayerNotificationsTest)
 #include "PlayerNotificationsTest.moc"

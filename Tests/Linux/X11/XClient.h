@@ -29,42 +29,21 @@ public:
     // The person
     void movePointer(QPoint to) const;
     void click(QPoint at) const;
+    void pressButton() const;
+    void releaseButton() const;
     void pressKey(quint8 keycode) const;
     void releaseKey(quint8 keycode) const;
     void typeKey(quint8 keycode) const;
-    /// Ctrl+Alt and the key.
-    void pressChord(quint8 keycode) const;
-    void releaseChord(quint8 keycode) const;
-    void typeChord(quint8 keycode) const;
 
     // The program
     enum class Managed { Yes, No };
     [[nodiscard]] xcb_window_t makeWindow(const QRect &area, Managed managed = Managed::Yes) const;
     void setProperty(xcb_window_t window, const QByteArray &name, xcb_atom_t type,
                      const QList<quint32> &values) const;
-    void setAtoms(xcb_window_t window, const QByteArray &name,
-                  const QList<QByteArray> &values) const;
-    void map(xcb_window_t window) const;
-    void destroy(xcb_window_t window) const;
-    void raise(xcb_window_t window) const;
-    /// Asks the window manager, or without one the server, for the focus.
-    void focus(xcb_window_t window) const;
-
-    [[nodiscard]] bool hasWindowManager() const;
-    [[nodiscard]] xcb_window_t focusedWindow() const;
-    [[nodiscard]] bool isViewable(xcb_window_t window) const;
-    [[nodiscard]] QRect areaOf(xcb_window_t window) const;
-    [[nodiscard]] bool isAbove(xcb_window_t upper, xcb_window_t lower) const;
-    /// How many key or button presses came to this window.
-    [[nodiscard]] int countEvents(quint8 type, xcb_window_t window);
 
 private:
-    [[nodiscard]] xcb_window_t topLevelOf(xcb_window_t window) const;
-    void collectEvents();
-
     xcb_connection_t *m_connection = nullptr;
     xcb_window_t m_root = XCB_WINDOW_NONE;
-    QList<std::pair<quint8, xcb_window_t>> m_events;
 };
 
 } // namespace perchly

@@ -31,6 +31,7 @@ public:
         m_process.kill();
         m_process.waitForFinished();
     }
+
     void signal(const char *name) const {
         QProcess::execute(QStringLiteral("kill"),
                           {QString::fromLatin1(name), QString::number(m_process.processId())});
@@ -46,109 +47,88 @@ private:
 
 class XcbConnectionTest : public QObject {
     Q_OBJECT
-
 private Q_SLOTS:
-    void reachesAServer();
-    void aServerThatIsNotThereCannotBeReached();
-    void aServerThatNeverAnswersIsGivenUp();
-    void aFailedRequestIsTold();
-    void eventsReadWhileWaitingAreTold();
-    void aSilentServerDelaysOnlyALittle();
-    void aLostServerIsSurvived();
+    void aServerThatIsNotThereCannotBeReached() {
+        QVERIFY(!connectToXServer(":4090"));
+        QVERIFY(!connectToXServer("nonsense"));
+        qunsetenv("DISPLAY");
+        QVERIFY(!connectToXServer());
+        XcbConnection connection(":4090");
+        QVERIFY(!connection.isAlive());
+        QCOMPARE(connection.atom("PERCHLY_TEST"), xcb_atom_t{XCB_ATOM_NONE});
+        connection.drain();
+        connection.flush();
+    }
+
+    void aServerThatNeverAnswersIsGivenUp() {
+        const int silent = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t length = sizeof address;
+        QCOMPARE(::bind(silent, reinterpret_cast<sockaddr *>(&address), length), 0);
+        QCOMPARE(::listen(silent, 1), 0);
+        QCOMPARE(::getsockname(silent, reinterpret_cast<sockaddr *>(&address), &length), 0);
+        const QByteArray name = "localhost:" + QByteArray::number(ntohs(address.sin_port) - 6000);
+        QElapsedTimer elapsed;
+        elapsed.start();
+        QVERIFY(!connectToXServer(name, nullptr, std::chrono::milliseconds(200)));
+        QVERIFY(elapsed.elapsed() >= 200);
+        QVERIFY(elapsed.elapsed() < 2000);
+        ::close(silent);
+    }
+
+    void aFailedRequestIsTold() {
+        const OwnServer server;
+        XcbConnection connection(server.name());
+        const auto good = xcb_map_window_checked(connection.get(), connection.root());
+        QVERIFY(connection.succeeded({good}));
+        const auto alsoGood = xcb_map_window_checked(connection.get(), connection.root());
+        const auto bad = xcb_map_window_checked(connection.get(), 0x7fffff);
+        QVERIFY(!connection.succeeded({alsoGood, bad}));
+    }
+
+    void eventsReadWhileWaitingAreTold() {
+        const OwnServer server;
+        XcbConnection connection(server.name());
+        int told = 0;
+        connect(&connection, &XcbConnection::eventArrived, this, [&] { ++told; });
+        const quint32 mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+        xcb_change_window_attributes(connection.get(), connection.root(), XCB_CW_EVENT_MASK, &mask);
+        const xcb_atom_t atom = connection.atom("PERCHLY_TEST");
+        xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, connection.root(), atom,
+                            XCB_ATOM_CARDINAL, 32, 1, &mask);
+        // The answer comes after the event.
+        QCOMPARE(connection.property(connection.root(), atom), QList<quint32>{mask});
+        QCOMPARE(told, 0);
+        QTRY_COMPARE(told, 1);
+    }
+
+    void aSilentServerDelaysOnlyALittle() {
+        const OwnServer server;
+        XcbConnection connection(server.name());
+        server.signal("-STOP");
+        QElapsedTimer elapsed;
+        elapsed.start();
+        QCOMPARE(connection.atom("PERCHLY_TEST"), xcb_atom_t{XCB_ATOM_NONE});
+        QVERIFY(elapsed.elapsed() < 2000);
+        server.signal("-CONT");
+        QTRY_VERIFY(connection.atom("PERCHLY_TEST") != XCB_ATOM_NONE);
+    }
+
+    void aLostServerIsSurvived() {
+        OwnServer server;
+        XcbConnection connection(server.name());
+        const QSignalSpy drained(&connection, &XcbConnection::drained);
+        server.kill();
+        QTRY_VERIFY(!connection.isAlive());
+        const auto after = drained.count();
+        QTest::qWait(100);
+        QVERIFY(drained.count() - after < 3);
+        QVERIFY(!connection.succeeded({}));
+        QVERIFY(connection.property(connection.root(), XCB_ATOM_WM_NAME).isEmpty());
+    }
 };
-
-void XcbConnectionTest::reachesAServer() {
-    const OwnServer server;
-    const XConnectionPointer kept = connectToXServer(server.name());
-    QVERIFY(kept);
-    XcbConnection connection(server.name());
-    QVERIFY(connection.isAlive());
-    const xcb_atom_t atom = connection.atom("PERCHLY_TEST");
-    QVERIFY(atom != XCB_ATOM_NONE);
-    QCOMPARE(connection.atom("PERCHLY_TEST"), atom);
-    QVERIFY(connection.property(connection.root(), atom).isEmpty());
-}
-
-void XcbConnectionTest::aServerThatIsNotThereCannotBeReached() {
-    QVERIFY(!connectToXServer(":4090"));
-    QVERIFY(!connectToXServer("nonsense"));
-    qunsetenv("DISPLAY");
-    QVERIFY(!connectToXServer());
-    XcbConnection connection(":4090");
-    QVERIFY(!connection.isAlive());
-    QCOMPARE(connection.atom("PERCHLY_TEST"), xcb_atom_t{XCB_ATOM_NONE});
-    connection.drain();
-    connection.flush();
-}
-
-void XcbConnectionTest::aServerThatNeverAnswersIsGivenUp() {
-    const int silent = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t length = sizeof address;
-    QCOMPARE(::bind(silent, reinterpret_cast<sockaddr *>(&address), length), 0);
-    QCOMPARE(::listen(silent, 1), 0);
-    QCOMPARE(::getsockname(silent, reinterpret_cast<sockaddr *>(&address), &length), 0);
-    const QByteArray name = "localhost:" + QByteArray::number(ntohs(address.sin_port) - 6000);
-    QElapsedTimer elapsed;
-    elapsed.start();
-    QVERIFY(!connectToXServer(name, nullptr, std::chrono::milliseconds(200)));
-    QVERIFY(elapsed.elapsed() >= 200);
-    QVERIFY(elapsed.elapsed() < 2000);
-    ::close(silent);
-}
-
-void XcbConnectionTest::aFailedRequestIsTold() {
-    const OwnServer server;
-    XcbConnection connection(server.name());
-    const auto good = xcb_map_window_checked(connection.get(), connection.root());
-    QVERIFY(connection.succeeded({good}));
-    const auto alsoGood = xcb_map_window_checked(connection.get(), connection.root());
-    const auto bad = xcb_map_window_checked(connection.get(), 0x7fffff);
-    QVERIFY(!connection.succeeded({alsoGood, bad}));
-}
-
-void XcbConnectionTest::eventsReadWhileWaitingAreTold() {
-    const OwnServer server;
-    XcbConnection connection(server.name());
-    int told = 0;
-    connect(&connection, &XcbConnection::eventArrived, this, [&] { ++told; });
-    const quint32 mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
-    xcb_change_window_attributes(connection.get(), connection.root(), XCB_CW_EVENT_MASK, &mask);
-    const xcb_atom_t atom = connection.atom("PERCHLY_TEST");
-    xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, connection.root(), atom,
-                        XCB_ATOM_CARDINAL, 32, 1, &mask);
-    // The answer comes after the event.
-    QCOMPARE(connection.property(connection.root(), atom), QList<quint32>{mask});
-    QCOMPARE(told, 0);
-    QTRY_COMPARE(told, 1);
-}
-
-void XcbConnectionTest::aSilentServerDelaysOnlyALittle() {
-    const OwnServer server;
-    XcbConnection connection(server.name());
-    server.signal("-STOP");
-    QElapsedTimer elapsed;
-    elapsed.start();
-    QCOMPARE(connection.atom("PERCHLY_TEST"), xcb_atom_t{XCB_ATOM_NONE});
-    QVERIFY(elapsed.elapsed() < 2000);
-    server.signal("-CONT");
-    QTRY_VERIFY(connection.atom("PERCHLY_TEST") != XCB_ATOM_NONE);
-}
-
-void XcbConnectionTest::aLostServerIsSurvived() {
-    OwnServer server;
-    XcbConnection connection(server.name());
-    const QSignalSpy drained(&connection, &XcbConnection::drained);
-    server.kill();
-    QTRY_VERIFY(!connection.isAlive());
-    const auto after = drained.count();
-    QTest::qWait(100);
-    QVERIFY(drained.count() - after < 3);
-    QVERIFY(!connection.succeeded({}));
-    QVERIFY(connection.property(connection.root(), XCB_ATOM_WM_NAME).isEmpty());
-}
 
 QTEST_GUILESS_MAIN(XcbConnectionTest)
 #include "XcbConnectionTest.moc"

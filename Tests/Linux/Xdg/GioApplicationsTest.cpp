@@ -4,6 +4,7 @@
 #include <QDBusConnectionInterface>
 #include <QDir>
 #include <QFile>
+#include <QMutex>
 #include <QTest>
 #include <QThread>
 
@@ -24,9 +25,13 @@ class BusApplication : public QObject {
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 public:
     int activations = 0;
+    QString startupIdentifier;
 
 public Q_SLOTS:
-    void Activate(const QVariantMap &) { ++activations; }
+    void Activate(const QVariantMap &data) {
+        ++activations;
+        startupIdentifier = data.value(QStringLiteral("desktop-startup-id")).toString();
+    }
 };
 
 } // namespace
@@ -39,6 +44,9 @@ private Q_SLOTS:
     void init();
     void launchesTheProgramOfADesktopEntry();
     void activatesAnApplicationOverTheBus();
+    void givesATerminalToWhoeverWantsOne_data();
+    void givesATerminalToWhoeverWantsOne();
+    void noticesAStart();
     void saysWhyAnApplicationWasNotOpened_data();
     void saysWhyAnApplicationWasNotOpened();
     void opensLinksFilesAndFoldersWithTheirDefaultProgram();
@@ -81,9 +89,14 @@ void GioApplicationsTest::initTestCase() {
     writeEntry(QStringLiteral("plain"), "Exec=" + quoted + " launched");
     writeEntry(QStringLiteral("handler"),
                "Exec=" + quoted + " %u\nMimeType=x-scheme-handler/perchlytest;inode/directory;");
+    writeEntry(QStringLiteral("fields"), "Icon=picture\nExec=" + quoted + " %c 100%% %i %U %k");
+    writeEntry(QStringLiteral("terminal"), "Terminal=true\nExec=" + quoted + " 'in a'");
+    writeEntry(QStringLiteral("noticed"), "StartupNotify=true\nExec=" + quoted + " launched");
+    writeEntry(QStringLiteral("broken"),
+               "StartupNotify=true\nPath=/nowhere/at/all\nExec=" + quoted);
     writeEntry(QStringLiteral("uninstalled"), "Exec=/nowhere/at/all");
     writeEntry(QStringLiteral("org.perchly.TestApplication"),
-               "Exec=/bin/false\nDBusActivatable=true");
+               "Exec=/bin/false\nDBusActivatable=true\nStartupNotify=true");
     write(entry(QStringLiteral("garbage")), QByteArray("\0\x01\xff not a desktop entry", 22));
     write(m_data.filePath(QStringLiteral("applications/mimeapps.list")),
           "[Default Applications]\nx-scheme-handler/perchlytest=handler.desktop\n"
@@ -102,6 +115,66 @@ void GioApplicationsTest::launchesTheProgramOfADesktopEntry() {
     QCOMPARE(m_errors, QStringList());
     QTRY_COMPARE(marker(), QByteArray("launched"));
     QTRY_COMPARE(m_errors, QStringList{QString()});
+    applications.open(entry(QStringLiteral("fields")));
+    QTRY_COMPARE(marker(), QByteArray("Example 100% --icon picture " +
+                                      entry(QStringLiteral("fields")).toUtf8()));
+}
+
+void GioApplicationsTest::givesATerminalToWhoeverWantsOne_data() {
+    QTest::addColumn<QString>("terminal");
+    QTest::addColumn<QByteArray>("expected");
+    QTest::newRow("one that the library knows")
+        << QStringLiteral("xterm") << QByteArray("in a terminal");
+    QTest::newRow("one that the system names")
+        << QStringLiteral("x-terminal-emulator") << QByteArray("in a terminal");
+    QTest::newRow("none") << QStringLiteral("nothing") << QByteArray();
+}
+
+void GioApplicationsTest::givesATerminalToWhoeverWantsOne() {
+    QFETCH(const QString, terminal);
+    QFETCH(const QByteArray, expected);
+    QDir programs(m_data.filePath(QStringLiteral("programs")));
+    QVERIFY(programs.removeRecursively());
+    write(programs.filePath(terminal),
+          "#!/bin/sh\nPATH=/usr/bin:/bin\n[ \"$1\" = -e ] && shift && exec \"$@\" terminal\n");
+    QFile::setPermissions(programs.filePath(terminal), QFile::ReadOwner | QFile::ExeOwner);
+    const QByteArray path = qgetenv("PATH");
+    const auto reset = qScopeGuard([&] { qputenv("PATH", path); });
+    qputenv("PATH", QFile::encodeName(programs.path()));
+    GioApplications applications;
+    applications.open(entry(QStringLiteral("terminal")), recorder());
+    QTRY_COMPARE(m_errors.size(), 1);
+    QCOMPARE(m_errors.first().isEmpty(), !expected.isEmpty());
+    QTRY_COMPARE(marker(), expected);
+}
+
+void GioApplicationsTest::noticesAStart() {
+    QMutex mutex;
+    QByteArrayList begun;
+    QByteArrayList withdrawn;
+    GioApplications applications({.begin =
+                                      [&](const QByteArray &name) {
+                                          const QMutexLocker lock(&mutex);
+                                          begun.append(name);
+                                          return "start-" + QByteArray::number(begun.size());
+                                      },
+                                  .withdraw =
+                                      [&](const QByteArray &identifier) {
+                                          const QMutexLocker lock(&mutex);
+                                          withdrawn.append(identifier);
+                                      }});
+    applications.open(entry(QStringLiteral("plain")), recorder());
+    QTRY_COMPARE(marker(), QByteArray("launched"));
+    QTRY_COMPARE(m_errors.size(), 1);
+    applications.open(entry(QStringLiteral("noticed")), recorder());
+    QTRY_COMPARE(marker(), QByteArray("start-1 launched"));
+    QTRY_COMPARE(m_errors.size(), 2);
+    applications.open(entry(QStringLiteral("broken")), recorder());
+    QTRY_COMPARE(m_errors.size(), 3);
+    QVERIFY(!m_errors.last().isEmpty());
+    const QMutexLocker lock(&mutex);
+    QCOMPARE(begun, QByteArrayList({"Example", "Example"}));
+    QCOMPARE(withdrawn, QByteArrayList{"start-2"});
 }
 
 void GioApplicationsTest::activatesAnApplicationOverTheBus() {
@@ -110,10 +183,11 @@ void GioApplicationsTest::activatesAnApplicationOverTheBus() {
     QVERIFY(bus.registerObject(QStringLiteral("/org/perchly/TestApplication"), &application,
                                QDBusConnection::ExportAllSlots));
     QVERIFY(bus.registerService(QStringLiteral("org.perchly.TestApplication")));
-    GioApplications applications;
+    GioApplications applications({.begin = [](const QByteArray &) { return QByteArray("start"); }});
     applications.open(entry(QStringLiteral("org.perchly.TestApplication")), recorder());
     QTRY_COMPARE(m_errors, QStringList{QString()});
     QCOMPARE(application.activations, 1);
+    QCOMPARE(application.startupIdentifier, QStringLiteral("start"));
 }
 
 void GioApplicationsTest::saysWhyAnApplicationWasNotOpened_data() {

@@ -1,10 +1,8 @@
 #include "IconTheme.h"
 #include "GioApplications.h"
+#include "TestFiles.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QThreadPool>
 
 #include <sys/stat.h>
@@ -133,11 +131,7 @@ private Q_SLOTS:
 
 private:
     void write(const char *name, const QByteArray &text) {
-        const QString path = m_folder->filePath(QString::fromLatin1(name));
-        QVERIFY(QDir().mkpath(QFileInfo(path).path()));
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(text);
+        writeFile(m_folder->filePath(QString::fromLatin1(name)), text);
     }
 
     std::unique_ptr<QTemporaryDir> m_folder;

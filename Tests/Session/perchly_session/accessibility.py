@@ -7,6 +7,8 @@ from .waiting import wait_until
 ACCESSIBLE = "org.a11y.atspi.Accessible"
 ROOT = "/org/a11y/atspi/accessible/root"
 SHOWING = 25
+FOCUSED = 12
+SENSITIVE = 24
 CALL_MILLISECONDS = 3000
 
 
@@ -58,8 +60,19 @@ class Node:
 
     @property
     def showing(self):
+        return self._has(SHOWING)
+
+    @property
+    def focused(self):
+        return self._has(FOCUSED)
+
+    @property
+    def sensitive(self):
+        return self._has(SENSITIVE)
+
+    def _has(self, state):
         low, _ = self._call(ACCESSIBLE, "GetState")[0]
-        return bool(low & (1 << SHOWING))
+        return bool(low & (1 << state))
 
     @property
     def extents(self):
@@ -114,6 +127,17 @@ class Accessibility:
         except GLib.Error:
             pass  # the tree changed under our eyes
         return None
+
+    def focused(self):
+        """The innermost showing element with the keyboard, or None."""
+        found = None
+        try:
+            for node in self.application().walk():
+                if node.focused and node.showing and node.name:
+                    found = node
+        except GLib.Error:
+            pass
+        return found
 
     def outline(self):
         """The tree as indented lines, for a failure's report."""

@@ -11,6 +11,13 @@ from .session import Session
 from .waiting import wait_until, wait_while
 
 LARGEST_COMPACT = 290 * 34 * 2
+KEYS = {
+    " ": ("space",),
+    "\n": ("Return",),
+    ".": ("period",),
+    "/": ("slash",),
+    ":": ("Shift_L", "colon"),
+}
 SANITIZER_REPORTS = ("AddressSanitizer", "ThreadSanitizer", "LeakSanitizer", "runtime error:")
 
 
@@ -48,6 +55,32 @@ class SessionCase(unittest.TestCase):
         other = OtherWindow(self.screen, *arguments, **options)
         self.addCleanup(other.close)
         return other
+
+    # The keyboard
+
+    def type_text(self, text):
+        """Types letters, digits and what an address is made of."""
+        for character in text:
+            self.screen.key(*KEYS.get(character, (character,)))
+
+    def go_to(self, *names, subject=None):
+        """Presses Tab until a control of one of those names (for that entry) has the keyboard;
+        returns its name."""
+        tree = self.program.accessibility()
+        seen = []
+
+        def there():
+            node = tree.focused()
+            if node and node.name in names and subject in (None, node.description):
+                return node.name
+            seen.append(node.name if node else None)
+            self.screen.key("Tab")
+            return None
+
+        try:
+            return wait_until(there, f"the keyboard on one of {names}", interval=0.05)
+        except AssertionError as problem:
+            raise AssertionError(f"{problem}; on the way it was on {seen}") from None
 
     # What the shelf looks like from outside
 

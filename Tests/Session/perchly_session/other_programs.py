@@ -11,7 +11,9 @@ KEY_NAMES = {getattr(XK, name): name[3:] for name in dir(XK) if name.startswith(
 class OtherWindow:
     """Another program's window, which remembers what is typed into it."""
 
-    def __init__(self, screen, title="Other program", rect=(200, 300, 400, 200), state=None):
+    def __init__(
+        self, screen, title="Other program", rect=(200, 300, 400, 200), state=None, managed=True
+    ):
         self._screen = screen
         self.display = display.Display(screen.name)
         x, y, width, height = rect
@@ -23,6 +25,7 @@ class OtherWindow:
             0,
             X.CopyFromParent,
             background_pixel=0x3050A0,
+            override_redirect=not managed,
             event_mask=X.KeyPressMask | X.ButtonPressMask | X.StructureNotifyMask,
         )
         self.window.set_wm_name(title)
@@ -39,18 +42,17 @@ class OtherWindow:
     def id(self):
         return self.window.id
 
+    def set_type(self, kind):
+        self._set_atoms("_NET_WM_WINDOW_TYPE", [f"_NET_WM_WINDOW_TYPE_{kind}"])
+
     def reserve(self, edge, size):
         """Makes the window a dock that reserves a strip of the screen for itself."""
-        order = ("left", "right", "top", "bottom")
+        self.set_type("DOCK")
+        at = ("left", "right", "top", "bottom").index(edge)
         strut = [0] * 12
-        strut[order.index(edge)] = size
-        span = self._screen.height if edge in ("left", "right") else self._screen.width
-        strut[4 + 2 * order.index(edge) + 1] = span - 1
-        self._set_atoms("_NET_WM_WINDOW_TYPE", ["_NET_WM_WINDOW_TYPE_DOCK"])
-        for name, values in (("_NET_WM_STRUT_PARTIAL", strut), ("_NET_WM_STRUT", strut[:4])):
-            self.window.change_property(
-                self.display.get_atom(name), Xatom.CARDINAL, 32, values
-            )
+        strut[at], strut[2 * at + 5] = size, max(self._screen.width, self._screen.height) - 1
+        name = self.display.get_atom("_NET_WM_STRUT_PARTIAL")
+        self.window.change_property(name, Xatom.CARDINAL, 32, strut)
         self.display.flush()
 
     def show(self):

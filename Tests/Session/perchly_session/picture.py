@@ -24,10 +24,6 @@ class Picture:
             self.pixel(x, y) for y in range(top, top + height) for x in range(left, left + width)
         ]
 
-    def contains_colour(self, rect, colour, tolerance=12):
-        """Whether a pixel of the rectangle (x, y, width, height) has about this colour."""
-        return any(near(pixel, colour, tolerance) for pixel in self.pixels(*rect))
-
     def same_as(self, other):
         return self._data == other._data
 

@@ -109,19 +109,29 @@ class Screen:
 
     # Keys
 
-    def key(self, *names):
-        """Presses the named keys in order and releases them in reverse, as in
-        key("Control_L", "Alt_L", "space")."""
-        codes = [self.display.keysym_to_keycode(XK.string_to_keysym(name)) for name in names]
-        for code in codes:
+    def code(self, name):
+        return self.display.keysym_to_keycode(XK.string_to_keysym(name))
+
+    def hold(self, *keys):
+        """Presses the keys, by their names or codes, in order."""
+        for key in keys:
+            code = key if isinstance(key, int) else self.code(key)
             xtest.fake_input(self.display, X.KeyPress, code)
         self.display.sync()
         time.sleep(0.02)
-        for code in reversed(codes):
+
+    def let_go(self, *keys):
+        for key in reversed(keys):
+            code = key if isinstance(key, int) else self.code(key)
             xtest.fake_input(self.display, X.KeyRelease, code)
         self.display.sync()
         # A press at the very time of the release would be the keyboard's own repetition.
         time.sleep(0.02)
+
+    def key(self, *keys):
+        """Presses the keys in order and releases them, as in key("Control_L", "Alt_L", "space")."""
+        self.hold(*keys)
+        self.let_go(*keys)
 
     def locks(self):
         """The modifier bits that are locked now: X.LockMask for Caps Lock, X.Mod2Mask for Num
@@ -131,7 +141,7 @@ class Screen:
     def is_held(self, key, modifiers):
         """Whether a program has taken this chord for itself. Takes it for a moment to see, so that
         a program that wants it just then does not get it."""
-        code = self.display.keysym_to_keycode(XK.string_to_keysym(key))
+        code = self.code(key)
         refused = error.CatchError(error.BadAccess)
         self.root.grab_key(
             code, modifiers, True, X.GrabModeAsync, X.GrabModeAsync, onerror=refused
@@ -147,10 +157,6 @@ class Screen:
         """The id of the window with the keyboard, or 0 for none and the root."""
         window = self.display.get_input_focus().focus
         return 0 if isinstance(window, int) or window.id == self.root.id else window.id
-
-    def active_window(self):
-        found = self.root.get_full_property(self.atom("_NET_ACTIVE_WINDOW"), X.AnyPropertyType)
-        return int(found.value[0]) if found and len(found.value) else 0
 
     def has_compositor(self):
         return self.display.get_selection_owner(self.atom("_NET_WM_CM_S0")) != X.NONE
@@ -217,9 +223,20 @@ class Screen:
         bottom = max(r.y + r.height for r in rectangles)
         return window.x + left, window.y + top, right - left, bottom - top
 
+    def holds(self, window_id, process):
+        """Whether a window has another of the process in it, as a tray has an icon."""
+        window = self.display.create_resource_object("window", window_id)
+        return any(
+            self._owner(child) == process or self.holds(child.id, process)
+            for child in window.query_tree().children
+        )
+
     def close_window(self, window):
         """Asks the window manager to close a window, as the button in its title bar does."""
         self._message(window.id, "_NET_CLOSE_WINDOW", [X.CurrentTime, 2, 0, 0, 0])
+
+    def minimize(self, window):
+        self._message(window.id, "WM_CHANGE_STATE", [3, 0, 0, 0, 0])
 
     def activate(self, window_id):
         """Asks the window manager to give a window the keyboard, as a task bar does."""
@@ -242,9 +259,12 @@ class Screen:
         )
         self.display.flush()
 
-    def _describe(self, window, process):
+    def _owner(self, window):
         owner = window.get_full_property(self.atom("_NET_WM_PID"), X.AnyPropertyType)
-        if not owner or owner.value[0] != process:
+        return owner.value[0] if owner else None
+
+    def _describe(self, window, process):
+        if self._owner(window) != process:
             return None
         attributes = window.get_attributes()
         if attributes.map_state != X.IsViewable or attributes.win_class != X.InputOutput:

@@ -254,8 +254,9 @@ class Session:
 
     def start_status_watcher(self):
         script = Path(__file__).with_name("status_watcher.py")
-        self.spawn(sys.executable, "-B", str(script))
+        watcher = self.spawn(sys.executable, "-B", str(script))
         wait_until(lambda: watcher_runs(self.bus_address), "the status watcher")
+        return watcher
 
     def status_item(self):
         return StatusItem(self.bus_address)

@@ -32,16 +32,11 @@ MouseArea {
     }
     onReleased: root.shell.handleReleased()
 
-    Rectangle {
-        anchors.fill: parent
+    FocusRing {
         anchors.margins: 4
-        border.color: Theme.mint
-        border.width: 2
-        color: "transparent"
         radius: 10
-        visible: root.activeFocus
+        shown: root.activeFocus
     }
-
     ToolTipArea {
         id: tip
 

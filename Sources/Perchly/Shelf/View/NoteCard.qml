@@ -30,9 +30,6 @@ CardBody {
             }
         }
     }
-    ClipboardGuard {
-        field: edit
-    }
 
     Flickable {
         id: page

@@ -79,6 +79,11 @@ FocusScope {
         target: Theme
         value: root.motion.reduced
     }
+    Binding {
+        property: "accent"
+        target: Theme
+        value: root.accentColor
+    }
 
     CompactStatus {
         id: status

@@ -27,43 +27,22 @@ PressButton {
         radius: 12
         visible: root.containsMouse
     }
-    Item {
+    ApplicationPicture {
         id: icon
 
         height: 50
+        path: root.entry.applicationPath
+        pictureScale: root.pictureScale
+        visible: root.entry.kind !== "shortcut"
         width: 50
         x: 8
         y: 8
-
-        Image {
-            id: picture
-
-            readonly property int pixels: Math.ceil(50 * root.pictureScale)
-            readonly property bool found: picture.status === Image.Ready && picture.implicitWidth > 1
-
-            anchors.fill: parent
-            asynchronous: true
-            fillMode: Image.PreserveAspectFit
-            mipmap: true
-            source: root.entry.kind === "application" ? "image://applications/" + encodeURIComponent(root.entry.applicationPath) : ""
-            sourceSize.height: picture.pixels
-            sourceSize.width: picture.pixels
-            visible: picture.found
-        }
-        Rectangle {
-            anchors.fill: parent
-            anchors.margins: 3
-            color: Qt.rgba(1, 1, 1, 0.06)
-            radius: 11
-            visible: picture.status === Image.Loading
-        }
-        Symbol {
-            anchors.centerIn: parent
-            color: root.entry.kind === "shortcut" ? Theme.purple : Qt.rgba(1, 1, 1, 0.7)
-            name: root.entry.kind === "shortcut" ? "square.stack.3d.up.fill" : "app.dashed"
-            size: root.entry.kind === "shortcut" ? 24 : 29
-            visible: !picture.found && picture.status !== Image.Loading
-        }
+    }
+    Symbol {
+        anchors.centerIn: icon
+        color: Theme.purple
+        name: root.entry.kind === "shortcut" ? "square.stack.3d.up.fill" : ""
+        size: 24
     }
     Label {
         anchors.horizontalCenter: parent.horizontalCenter

@@ -1,0 +1,30 @@
+"""What the benchmarks share: a session to measure in, and what they say of samples."""
+
+from contextlib import contextmanager
+from pathlib import Path
+import sys
+
+sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "Tests" / "Session"))
+
+from perchly_session.session import Session  # noqa: E402
+
+SIZE = WIDTH, HEIGHT = 1280, 800
+AWAY = (200, 600)
+
+
+@contextmanager
+def measured_session(program, **options):
+    """A session whose pointer is away and whose programs do not serve a screen reader."""
+    session = Session(program, size=SIZE, **options).start()
+    try:
+        session.environment.pop("QT_LINUX_ACCESSIBILITY_ALWAYS_ON")
+        session.screen.move_to(*AWAY)
+        yield session
+    finally:
+        session.stop()
+
+
+def high(values):
+    """All but one in a hundred are not above it."""
+    ordered = sorted(values)
+    return ordered[min(len(ordered) - 1, int(len(ordered) * 0.99))]

@@ -1,0 +1,187 @@
+#!/usr/bin/python3
+"""Measures the program's windows from outside: from the key to the painted picture.
+
+A window is opened for the first time in each of several runs of the program, then again and again in
+one; in the settings, a search through 10,000 applications is typed. The windows are opened as
+`perchly` started a second time opens them, by a message on the session's bus.
+Usage: windows.py PROGRAM [--rounds N]
+"""
+
+import argparse
+import statistics
+import sys
+import time
+from pathlib import Path
+
+from gi.repository import Gio, GLib
+
+sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "Tests" / "Session"))
+
+from Xlib import X, XK  # noqa: E402
+from Xlib.ext import xtest  # noqa: E402
+
+from painting import Painting  # noqa: E402
+from perchly_session.session import Session  # noqa: E402
+from perchly_session.waiting import wait_until  # noqa: E402
+from processes import cost_of_a_minute, proportional_megabytes  # noqa: E402
+
+WINDOWS = {
+    "settings": "Perchly Settings",
+    "workspace": "Perchly Workspace",
+    "mixer": "Perchly Volume Mixer",
+}
+SIZE = (1280, 800)
+MIDDLE = (500, 250, 280, 300)  # inside each of the windows
+ROWS = (340, 330, 500, 200)  # the list of applications
+APPLICATIONS = 10000
+SEARCH = ("1", "2", "3", "BackSpace", "BackSpace", "BackSpace")
+
+
+class Opener:
+    """Asks the running program for a window."""
+
+    def __init__(self, session):
+        self._bus = Gio.DBusConnection.new_for_address_sync(
+            session.bus_address,
+            Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
+            | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION,
+            None,
+            None,
+        )
+
+    def open(self, action):
+        self._bus.call(
+            "org.perchly.Perchly",
+            "/org/perchly/Perchly",
+            "org.freedesktop.Application",
+            "ActivateAction",
+            GLib.Variant("(sava{sv})", (action, [], {})),
+            None,
+            Gio.DBusCallFlags.NONE,
+            -1,
+            None,
+            None,
+        )
+        self._bus.flush_sync(None)
+
+
+def main():
+    arguments = argparse.ArgumentParser(description=__doc__)
+    arguments.add_argument("program")
+    arguments.add_argument("--rounds", type=int, default=20)
+    options = arguments.parse_args()
+    session = Session(Path(options.program).resolve(), size=SIZE)
+    install_applications(session)
+    session.start()
+    session.environment.pop("QT_LINUX_ACCESSIBILITY_ALWAYS_ON")
+    try:
+        times = {}
+        for action in WINDOWS:
+            first, again = measure_opening(session, action, options.rounds)
+            times[f"{action}: first opening"] = first
+            times[f"{action}: later openings"] = again
+        report(times)
+        search, costs = measure_search(session, options.rounds)
+        report({f"a key in the search of {APPLICATIONS} applications": search})
+        print("\n".join(costs))
+    finally:
+        session.stop()
+
+
+def install_applications(session):
+    folder = Path(session.environment["XDG_DATA_HOME"]) / "applications"
+    folder.mkdir(parents=True)
+    for number in range(APPLICATIONS):
+        text = f"[Desktop Entry]\nType=Application\nName=Application {number}\nExec=true\n"
+        (folder / f"application-{number}.desktop").write_text(text)
+
+
+def opened(session, opener, action):
+    painting = Painting(session.screen, MIDDLE)
+    start = time.perf_counter()
+    opener.open(action)
+    taken = painting.wait(start)
+    painting.close()
+    return taken
+
+
+def close(session, program, action):
+    window = wait_until(lambda: program.window(WINDOWS[action]), WINDOWS[action])
+    session.screen.close_window(window)
+    wait_until(lambda: not program.window(WINDOWS[action]), "the window closed")
+    time.sleep(0.2)
+
+
+def measure_opening(session, action, rounds):
+    first, again = [], []
+    for number in range(rounds):
+        program = session.run()
+        opener = Opener(session)
+        time.sleep(1)
+        first.append(opened(session, opener, action))
+        if number == rounds - 1:
+            for _ in range(2 * rounds):
+                close(session, program, action)
+                again.append(opened(session, opener, action))
+        program.stop()
+    return first, again
+
+
+def rows_shown(screen):
+    """Whether the list holds more than the window's plain colour."""
+    return len(set(screen.screenshot().pixels(*ROWS))) > 20
+
+
+def settle(screen):
+    """Waits until the list has been the same for a while: pictures come after their rows."""
+    before, now = None, ()
+    while now != before:
+        time.sleep(0.3)
+        before, now = now, screen.root.get_image(*ROWS, X.ZPixmap, 0xFFFFFFFF).data
+
+
+def measure_search(session, rounds):
+    program = session.run()
+    screen = session.screen
+    before = proportional_megabytes(program.pid)
+    Opener(session).open("settings")
+    wait_until(lambda: screen.focus() == getattr(program.window(WINDOWS["settings"]), "id", 1), "it")
+    for key in ("Tab", "Right", "Tab"):
+        wait_until(program.rests, "the program at rest", timeout=60)
+        screen.key(key)
+    wait_until(lambda: rows_shown(screen), "the list", timeout=60, interval=0.5)
+    settle(screen)
+    samples = []
+    for _ in range(rounds):
+        for key in SEARCH:
+            code = screen.display.keysym_to_keycode(XK.string_to_keysym(key))
+            painting = Painting(screen, ROWS)
+            start = time.perf_counter()
+            xtest.fake_input(screen.display, X.KeyPress, code)
+            xtest.fake_input(screen.display, X.KeyRelease, code)  # or it would repeat
+            screen.display.flush()
+            samples.append(painting.wait(start))
+            painting.close()
+            settle(screen)
+    memory = proportional_megabytes(program.pid)
+    screen.key("Tab")  # no caret blinks
+    time.sleep(2)
+    cpu, woken = cost_of_a_minute(program.pid, 20)
+    program.stop()
+    return samples, [
+        f"memory: {before:.1f} MB before, {memory:.1f} MB with the settings and the list open",
+        f"settings open, at rest: {cpu:.3f} CPU s a minute, {woken:.2f} wake-ups a second",
+    ]
+
+
+def report(times):
+    print(f"\n{'milliseconds':<50}{'median':>9}{'p99':>9}{'worst':>9}{'runs':>6}")
+    for name, samples in times.items():
+        ordered = sorted(samples)
+        high = ordered[min(len(ordered) - 1, int(len(ordered) * 0.99))]
+        median = statistics.median(ordered)
+        print(f"{name:<50}{median:>9.1f}{high:>9.1f}{ordered[-1]:>9.1f}{len(ordered):>6}")
+
+
+if __name__ == "__main__":
+    main()

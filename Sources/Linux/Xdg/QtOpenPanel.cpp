@@ -1,0 +1,96 @@
+#include "QtOpenPanel.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QWindow>
+
+#include <algorithm>
+#include <memory>
+
+namespace perchly {
+
+namespace {
+
+/// Takes a folder for an answer, which the usual dialog would go into.
+class AnyFileDialog : public QFileDialog {
+public:
+    using QFileDialog::QFileDialog;
+
+    void accept() override {
+        const QStringList files = selectedFiles();
+        const auto exists = [](const QString &file) { return QFileInfo::exists(file); };
+        if (!files.isEmpty() && std::ranges::all_of(files, exists)) {
+            done(Accepted);
+        } else {
+            QFileDialog::accept();
+        }
+    }
+};
+
+struct DeleteLater {
+    void operator()(QObject *object) const { object->deleteLater(); }
+};
+
+using Dialog = std::unique_ptr<QFileDialog, DeleteLater>;
+
+Dialog makeDialog(const OpenPanel::Request &request) {
+    Dialog dialog;
+    if (request.choice == OpenPanel::Choice::FilesAndFolders) {
+        dialog.reset(new AnyFileDialog);
+        dialog->setOption(QFileDialog::DontUseNativeDialog);
+    } else {
+        dialog.reset(new QFileDialog);
+        dialog->setNameFilter(QStringLiteral("Applications (*.desktop)"));
+    }
+    dialog->setOption(QFileDialog::DontResolveSymlinks);
+    dialog->setOption(QFileDialog::DontUseCustomDirectoryIcons);
+    dialog->setFileMode(QFileDialog::ExistingFiles);
+    dialog->setWindowTitle(request.title);
+    if (!request.confirmLabel.isEmpty()) {
+        dialog->setLabelText(QFileDialog::Accept, request.confirmLabel);
+    }
+    if (QFileInfo(request.folder).isDir()) {
+        dialog->setDirectory(request.folder);
+    }
+    return dialog;
+}
+
+class Question : public ScheduledTask {
+public:
+    Question(const OpenPanel::Request &request, OpenPanel::Completion completion)
+        : m_dialog(makeDialog(request))
+        , m_completion(std::move(completion)) {
+        QObject::connect(m_dialog.get(), &QFileDialog::finished, m_dialog.get(),
+                         [this](int result) { finish(result); });
+        m_dialog->winId(); // it has a window from here on
+        m_dialog->windowHandle()->setTransientParent(QGuiApplication::focusWindow());
+        m_dialog->open();
+    }
+    ~Question() override {
+        if (m_dialog) {
+            m_dialog->disconnect();
+            m_dialog->hide();
+        }
+    }
+
+private:
+    void finish(int result) {
+        const QList<QUrl> chosen =
+            result == QDialog::Accepted ? m_dialog->selectedUrls() : QList<QUrl>();
+        m_dialog.reset();
+        const auto completion = std::move(m_completion); // outlives the task that it may destroy
+        completion(chosen);
+    }
+
+    Dialog m_dialog;
+    OpenPanel::Completion m_completion;
+};
+
+} // namespace
+
+Task QtOpenPanel::ask(const Request &request, Completion completion) {
+    return std::make_unique<Question>(request, std::move(completion));
+}
+
+} // namespace perchly

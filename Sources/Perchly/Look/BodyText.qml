@@ -1,0 +1,11 @@
+import QtQuick
+import Perchly.Look
+
+/// Text of a window in its normal size; as many lines as it needs.
+Label {
+    Accessible.name: text
+    Accessible.role: Accessible.StaticText
+    font.pixelSize: 13
+    lineHeight: 1.15
+    wrapMode: Text.Wrap
+}

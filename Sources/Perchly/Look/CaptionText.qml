@@ -1,0 +1,6 @@
+import Perchly.Look
+
+/// A small remark.
+BodyText {
+    font.pixelSize: 11
+}

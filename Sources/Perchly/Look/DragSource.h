@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QList>
+#include <QPointF>
+#include <QQuickItem>
+#include <QString>
+#include <QUrl>
+
+namespace perchly {
+
+/// A place from which files and links are dragged into any program, which gets them themselves, to
+/// copy: the originals are neither moved nor removed. Lay it behind a row's buttons; it takes the
+/// left button, also within a list that can be flicked.
+class DragSource : public QQuickItem {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(QList<QUrl> urls READ urls WRITE setUrls NOTIFY urlsChanged FINAL)
+    Q_PROPERTY(QString label READ label WRITE setLabel NOTIFY labelChanged FINAL)
+    Q_PROPERTY(bool dragging READ dragging NOTIFY draggingChanged FINAL)
+public:
+    explicit DragSource(QQuickItem *parent = nullptr);
+
+    /// What is dragged; without any, nothing is.
+    [[nodiscard]] const QList<QUrl> &urls() const { return m_urls; }
+    void setUrls(const QList<QUrl> &urls);
+
+    /// What is seen beside the pointer.
+    [[nodiscard]] QString label() const { return m_label; }
+    void setLabel(const QString &label);
+
+    /// From when the drag begins until it was let go.
+    [[nodiscard]] bool dragging() const { return m_dragging; }
+
+Q_SIGNALS:
+    void urlsChanged();
+    void labelChanged();
+    void draggingChanged();
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseUngrabEvent() override;
+
+private:
+    void drag();
+    void setDragging(bool dragging);
+
+    QList<QUrl> m_urls;
+    QString m_label;
+    QPointF m_pressedAt;
+    bool m_dragging = false;
+};
+
+} // namespace perchly

@@ -1,0 +1,28 @@
+import QtQuick
+import QtQuick.Layouts
+import Perchly.Look
+
+/// The last notice of a store, with a button to be rid of it. Takes no room while there is none.
+RowLayout {
+    id: root
+
+    property string message: ""
+
+    signal dismissed()
+
+    spacing: 12
+    visible: root.message !== ""
+
+    CaptionText {
+        Accessible.role: Accessible.AlertMessage
+        Layout.fillWidth: true
+        color: Theme.grey
+        text: root.message
+    }
+    PushButton {
+        size: 12
+        text: "Dismiss"
+
+        onActivated: root.dismissed()
+    }
+}

@@ -1,0 +1,36 @@
+import QtQuick
+import Perchly.Look
+
+/// A button with a word on a plate.
+PressButton {
+    id: root
+
+    property string text: ""
+    /// The one that a person most likely wants: its plate has the accent.
+    property bool prominent: false
+    property int size: 13
+
+    focusRadius: 10
+    implicitHeight: root.size + 17
+    implicitWidth: Math.max(64, Math.ceil(word.implicitWidth) + 2 * root.size)
+    label: root.text
+    opacity: root.enabled ? 1 : 0.4
+    pressedScale: 0.97
+
+    RoundedRect {
+        anchors.fill: parent
+        color: root.prominent ? Qt.darker(Theme.accent, root.containsMouse ? 1.08 : 1)
+                              : Qt.rgba(1, 1, 1, root.containsMouse && root.enabled ? 0.15 : 0.1)
+        radius: 8
+    }
+    Label {
+        id: word
+
+        anchors.centerIn: parent
+        color: root.prominent ? Theme.window : Theme.text
+        font.pixelSize: root.size
+        font.weight: Font.Medium
+        text: root.text
+        width: Math.min(implicitWidth, root.width - 8)
+    }
+}

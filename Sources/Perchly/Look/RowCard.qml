@@ -1,0 +1,28 @@
+import QtQuick
+import Perchly.Look
+
+/// The plate of one row of a list. What is put inside gives it its height.
+Item {
+    id: root
+
+    property int padding: 10
+    property alias radius: plate.radius
+    property alias color: plate.color
+    default property alias content: body.data
+
+    implicitHeight: Math.ceil(body.childrenRect.height) + 2 * root.padding
+
+    RoundedRect {
+        id: plate
+
+        anchors.fill: parent
+        color: Theme.row
+        radius: 12
+    }
+    Item {
+        id: body
+
+        anchors.fill: parent
+        anchors.margins: root.padding
+    }
+}

@@ -1,0 +1,44 @@
+import QtQuick
+import Perchly.Look
+
+/// Content that may be higher than the room for it. What is put inside is laid out from top to
+/// bottom, as wide as the area.
+Item {
+    id: root
+
+    property alias spacing: column.spacing
+    default property alias content: column.data
+
+    function scrollToTop() {
+        view.contentY = 0;
+    }
+
+    implicitHeight: column.implicitHeight
+    implicitWidth: column.implicitWidth
+
+    Keys.onPressed: event => scroller.page(event)
+
+    Flickable {
+        id: view
+
+        anchors.fill: parent
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+        contentHeight: column.implicitHeight
+        contentWidth: view.width
+        interactive: false
+
+        onHeightChanged: scroller.scrollBy(0)
+
+        Column {
+            id: column
+
+            width: view.width
+        }
+    }
+    Scroller {
+        id: scroller
+
+        view: view
+    }
+}

@@ -1,0 +1,6 @@
+import Perchly.Look
+
+/// Text that explains, quieter than what it explains.
+BodyText {
+    color: Theme.grey
+}

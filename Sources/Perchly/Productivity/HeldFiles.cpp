@@ -1,0 +1,116 @@
+// The tray of held files and links.
+
+#include "Hosts.h"
+#include "PictureFile.h"
+#include "Productivity.h"
+
+#include <QDir>
+#include <QSysInfo>
+
+namespace perchly {
+
+namespace {
+
+bool isWebScheme(QStringView scheme) {
+    return scheme == QLatin1StringView("https") || scheme == QLatin1StringView("http");
+}
+
+/// Some programs name this machine in the address of a file, others do not.
+QUrl withoutOwnHost(const QUrl &url) {
+    const QString host = url.host();
+    if (!url.isLocalFile() || host.isEmpty()) {
+        return url;
+    }
+    const bool here = host == QLatin1StringView("localhost") ||
+                      host.compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0;
+    QUrl result = url;
+    if (here) {
+        result.setHost(QString());
+    }
+    return result;
+}
+
+} // namespace
+
+void Productivity::setHeld(const QList<QUrl> &held) {
+    if (held != m_held) {
+        m_held = held;
+        Q_EMIT heldChanged();
+    }
+}
+
+void Productivity::hold(const QList<QUrl> &urls) {
+    QList<QUrl> held = m_held;
+    for (const QUrl &given : urls) {
+        const QUrl url = withoutOwnHost(given);
+        if ((url.isLocalFile() || isWebScheme(url.scheme())) && !held.contains(url)) {
+            held.append(url);
+        }
+    }
+    setHeld(held);
+}
+
+void Productivity::addFiles() {
+    if (m_openPanel) {
+        return;
+    }
+    m_openPanel = m_hosts.openPanel->ask(
+        {.title = QStringLiteral("Add files"), .confirmLabel = QStringLiteral("Add"), .folder = {}},
+        [this](const QList<QUrl> &chosen) {
+            const auto task = std::move(m_openPanel);
+            hold(chosen);
+        });
+}
+
+bool Productivity::addLink(const QString &text) {
+    // A QUrl would say the scheme in lower case.
+    const QStringView scheme = QStringView(text).left(text.indexOf(u':'));
+    const QUrl url(text);
+    if (!isWebScheme(scheme) || !url.isValid()) {
+        return false;
+    }
+    hold({url});
+    return true;
+}
+
+void Productivity::removeHeld(const QUrl &url) {
+    QList<QUrl> held = m_held;
+    held.removeAll(url);
+    setHeld(held);
+}
+
+void Productivity::copyPath(const QUrl &url) {
+    copyText(url.isLocalFile() ? url.toLocalFile() : url.toString(QUrl::FullyEncoded));
+}
+
+void Productivity::copyImage(const QUrl &url) {
+    if (!url.isLocalFile()) {
+        copyPath(url);
+        return;
+    }
+    m_pool.start([this, url, number = ++m_copyNumber] {
+        const QByteArray png = picturefile::asPng(url.toLocalFile());
+        const auto finish = [this, url, png, number] {
+            if (number != m_copyNumber) {
+                return; // something else was copied meanwhile
+            }
+            if (png.isEmpty()) {
+                copyPath(url);
+            } else {
+                copy(Clip::ofImage(png));
+            }
+        };
+        QMetaObject::invokeMethod(this, finish, Qt::QueuedConnection);
+    });
+}
+
+QString Productivity::labelOf(const QUrl &url) {
+    if (!url.isLocalFile()) {
+        return url.toString(QUrl::FullyEncoded);
+    }
+    const QString path = QDir::cleanPath(url.toLocalFile());
+    const QString name = path.mid(path.lastIndexOf(u'/') + 1);
+    return name.isEmpty() ? path : name;
+}
+
+} // namespace perchly

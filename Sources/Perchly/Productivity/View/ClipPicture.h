@@ -1,0 +1,61 @@
+#pragma once
+
+#include "Productivity.h"
+
+#include <QByteArray>
+#include <QImage>
+#include <QPointer>
+#include <QQuickPaintedItem>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+
+namespace perchly {
+
+/// The picture of an entry of the clipboard history, fitted into the item and decoded in the
+/// background. Only what is shown is kept. Nothing is shown, and `found` is false, until then and
+/// where the entry holds neither a PNG nor a TIFF that can be decoded.
+class ClipPicture : public QQuickPaintedItem {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(
+        perchly::Productivity *tools READ tools WRITE setTools NOTIFY toolsChanged REQUIRED FINAL)
+    Q_PROPERTY(QString clip READ clip WRITE setClip NOTIFY clipChanged REQUIRED FINAL)
+    Q_PROPERTY(bool found READ found NOTIFY foundChanged FINAL)
+public:
+    explicit ClipPicture(QQuickItem *parent = nullptr);
+
+    [[nodiscard]] Productivity *tools() const { return m_tools; }
+    void setTools(Productivity *tools);
+    /// The entry's identifier.
+    [[nodiscard]] QString clip() const { return m_clip; }
+    void setClip(const QString &clip);
+    [[nodiscard]] bool found() const { return !m_picture.isNull(); }
+
+    void paint(QPainter *painter) override;
+
+    /// The picture, no larger than that; null if there is none. Blocks; any thread, one at a time.
+    [[nodiscard]] static QImage decoded(const QByteArray &encoded, const QSize &largest);
+
+Q_SIGNALS:
+    void toolsChanged();
+    void clipChanged();
+    void foundChanged();
+
+protected:
+    void componentComplete() override;
+    void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
+    void itemChange(ItemChange change, const ItemChangeData &data) override;
+
+private:
+    [[nodiscard]] QByteArray encoded() const;
+    void decode();
+    void show(const QImage &picture);
+
+    QPointer<Productivity> m_tools;
+    QString m_clip;
+    QImage m_picture;
+    QSize m_largest;  ///< in pixels, that the picture was decoded for
+    int m_number = 0; ///< of the last decoding
+};
+
+} // namespace perchly

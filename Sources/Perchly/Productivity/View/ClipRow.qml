@@ -1,0 +1,69 @@
+import QtQuick
+import QtQuick.Layouts
+import Perchly.Look
+import Perchly.Productivity
+import Perchly.Stores
+
+/// One entry of the clipboard history.
+RowCard {
+    id: root
+
+    required property Productivity tools
+    required property var row
+
+    signal pinned()
+    signal copied()
+    signal removed()
+
+    Accessible.name: words.text
+    Accessible.role: Accessible.ListItem
+    padding: 10
+    radius: 10
+
+    RowLayout {
+        spacing: 8
+        width: parent.width
+
+        ClipPicture {
+            clip: root.row.id
+            implicitHeight: 50
+            implicitWidth: 70
+            tools: root.tools
+            visible: root.row.isImage && found
+        }
+        Label {
+            id: words
+
+            Accessible.ignored: true
+            Layout.fillWidth: true
+            font.pixelSize: 13
+            lineHeight: 1.1
+            maximumLineCount: 3
+            text: root.row.label
+            wrapMode: Text.Wrap
+        }
+        PushButton {
+            Accessible.description: words.text
+            size: 12
+            text: "Pin"
+            visible: !root.row.isImage
+
+            onActivated: root.pinned()
+        }
+        PushButton {
+            Accessible.description: words.text
+            size: 12
+            text: "Copy"
+
+            onActivated: root.copied()
+        }
+        IconButton {
+            size: 12
+            subject: words.text
+            symbol: "xmark"
+            toolTip: "Delete"
+
+            onActivated: root.removed()
+        }
+    }
+}

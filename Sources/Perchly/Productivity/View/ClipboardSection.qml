@@ -1,0 +1,97 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Perchly.Look
+import Perchly.Stores
+import Perchly.Productivity
+
+/// The clipboard history and its switches.
+ColumnLayout {
+    id: root
+
+    required property Productivity tools
+    required property ShelfExtras extras
+    required property ProductivityView workspace
+
+    function remove(id: string) {
+        const row = list.focusedRow();
+        const control = list.focusedControl();
+        root.tools.removeClip(id);
+        if (rows.count > 0) {
+            list.focusRow(row, control);
+        } else {
+            field.forceActiveFocus(Qt.TabFocusReason);
+        }
+    }
+
+    spacing: 12
+
+    ClipRows {
+        id: rows
+
+        search: root.workspace.search
+        tools: root.tools
+    }
+
+    SwitchRow {
+        Layout.fillWidth: true
+        checked: root.tools.clipboardEnabled
+        text: "Enable clipboard history for this session"
+
+        onToggled: checked => root.tools.clipboardEnabled = checked
+    }
+    CaptionText {
+        Layout.fillWidth: true
+        color: Theme.grey
+        text: "Keeps up to 30 text/image copies in memory. Clears on quit. Copies marked confidential by their source app are skipped."
+    }
+    RowLayout {
+        Layout.fillWidth: true
+
+        SwitchRow {
+            Layout.preferredWidth: implicitWidth
+            checked: root.tools.paused
+            text: "Pause"
+
+            onToggled: checked => root.tools.paused = checked
+        }
+        Item {
+            Layout.fillWidth: true
+        }
+        PushButton {
+            text: "Clear history"
+
+            onActivated: root.tools.clearClips()
+        }
+    }
+    TextEntry {
+        id: field
+
+        Layout.fillWidth: true
+        placeholder: "Search copied text"
+        symbol: "magnifyingglass"
+
+        Component.onCompleted: field.text = root.workspace.search
+        onEdited: root.workspace.search = field.text
+    }
+    ScrollList {
+        id: list
+
+        Layout.fillHeight: true
+        Layout.fillWidth: true
+        label: "Clipboard history"
+        model: rows
+
+        delegate: ClipRow {
+            id: clip
+
+            tools: root.tools
+            width: ListView.view.width
+
+            onCopied: root.tools.copyClip(clip.row.id)
+            onPinned: root.extras.pin(clip.row.text)
+            onRemoved: root.remove(clip.row.id)
+        }
+    }
+}

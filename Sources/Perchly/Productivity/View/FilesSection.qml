@@ -1,0 +1,177 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Perchly.Look
+import Perchly.Stores
+import Perchly.Productivity
+
+/// Held files and links: dropped here, dragged out again.
+ColumnLayout {
+    id: root
+
+    required property Productivity tools
+    required property ProductivityView workspace
+
+    readonly property bool some: rows.count > 0
+
+    function addLink() {
+        if (root.tools.addLink(field.text)) {
+            field.text = "";
+            root.workspace.link = "";
+        }
+    }
+
+    function remove(url: url) {
+        const row = list.focusedRow();
+        const control = list.focusedControl();
+        root.tools.removeHeld(url);
+        if (rows.count > 0) {
+            list.focusRow(row, control);
+        } else {
+            add.forceActiveFocus(Qt.TabFocusReason);
+        }
+    }
+
+    spacing: 12
+
+    HeldRows {
+        id: rows
+
+        tools: root.tools
+    }
+    Connections {
+        target: root.workspace
+
+        function onAppeared() {
+            rows.lookAgain();
+        }
+    }
+
+    SecondaryText {
+        Layout.fillWidth: true
+        text: "Drop files, images, or links here. Drag them into another app when you need them."
+    }
+
+    RowLayout {
+        Layout.fillWidth: true
+        spacing: 8
+
+        PushButton {
+            id: add
+
+            text: "Add files…"
+
+            onActivated: root.tools.addFiles()
+        }
+        TextEntry {
+            id: field
+
+            Layout.fillWidth: true
+            placeholder: "https://…"
+
+            Component.onCompleted: field.text = root.workspace.link
+            onAccepted: root.addLink()
+            onEdited: root.workspace.link = field.text
+        }
+        PushButton {
+            text: "Add link"
+
+            onActivated: root.addLink()
+        }
+        PushButton {
+            text: "Clear"
+
+            onActivated: root.tools.clearHeld()
+        }
+    }
+
+    RoundedRect {
+        id: area
+
+        Accessible.name: "Drop area"
+        Accessible.role: Accessible.Grouping
+        Layout.fillHeight: true
+        Layout.fillWidth: true
+        Layout.minimumHeight: 120 // in the smallest window, with a notice
+        Layout.preferredHeight: root.some ? 240 : 180
+        color: Qt.rgba(1, 1, 1, 0.025)
+        radius: 12
+
+        DropArea {
+            anchors.fill: parent
+            keys: ["text/uri-list"]
+
+            onDropped: drop => {
+                root.tools.hold(drop.urls);
+                drop.accept(Qt.CopyAction);
+            }
+            // Only references are kept: a source that were told "move" would delete what it gave.
+            onEntered: drag => drag.accept(Qt.CopyAction)
+            onPositionChanged: drag => drag.accept(Qt.CopyAction)
+        }
+        SecondaryText {
+            anchors.centerIn: parent
+            text: "Drop here"
+            visible: !root.some
+        }
+        DragPlate {
+            id: all
+
+            Accessible.name: all.label
+            Accessible.role: Accessible.StaticText
+            anchors.left: parent.left
+            anchors.margins: 10
+            anchors.right: parent.right
+            anchors.top: parent.top
+            height: 34
+            label: "Drag all " + rows.count
+            urls: root.tools.held
+            visible: rows.count > 1
+
+            RowLayout {
+                anchors.verticalCenter: parent.verticalCenter
+                spacing: 9
+
+                Symbol {
+                    color: Theme.mint
+                    name: "tray.fill"
+                    size: 12
+                }
+                Label {
+                    color: Theme.grey
+                    font.pixelSize: 12
+                    text: all.label
+                }
+            }
+        }
+        ScrollList {
+            id: list
+
+            anchors.bottom: parent.bottom
+            anchors.left: parent.left
+            anchors.margins: 10
+            anchors.right: parent.right
+            anchors.top: all.visible ? all.bottom : parent.top
+            anchors.topMargin: all.visible ? 8 : 10
+            label: "Held files and links"
+            model: rows
+            visible: root.some
+
+            delegate: HeldRow {
+                id: entry
+
+                width: ListView.view.width
+                tools: root.tools
+
+                onRemoved: root.remove(entry.row.url)
+            }
+        }
+    }
+
+    CaptionText {
+        Layout.fillWidth: true
+        color: Theme.grey
+        text: "Temporary references only. Originals are never moved or deleted; this tray clears when Perchly quits."
+    }
+}

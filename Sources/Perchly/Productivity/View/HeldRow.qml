@@ -1,0 +1,95 @@
+import QtQuick
+import QtQuick.Layouts
+import Perchly.Look
+import Perchly.Stores
+
+/// One held file or link, with what can be done with it.
+DragPlate {
+    id: root
+
+    required property Productivity tools
+    required property var row
+
+    readonly property bool isFile: root.row.isFile
+
+    signal removed()
+
+    Accessible.name: root.label
+    Accessible.role: Accessible.ListItem
+    label: root.row.label
+    urls: [root.row.url]
+
+    ColumnLayout {
+        spacing: 9
+        width: parent.width
+
+        RowLayout {
+            Layout.fillWidth: true
+            spacing: 9
+
+            Symbol {
+                color: Theme.mint
+                name: root.isFile ? "doc" : "link"
+                size: 14
+            }
+            Label {
+                Accessible.ignored: true
+                Layout.fillWidth: true
+                elide: Text.ElideMiddle
+                font.pixelSize: 13
+                text: root.label
+            }
+        }
+        RowLayout {
+            Layout.fillWidth: true
+            spacing: 7
+
+            PushButton {
+                Accessible.description: root.label
+                size: 12
+                text: "Preview"
+                visible: root.isFile
+
+                onActivated: root.tools.open(root.row.url)
+            }
+            PushButton {
+                Accessible.description: root.label
+                size: 12
+                text: "Reveal"
+                visible: root.isFile
+
+                onActivated: root.tools.reveal(root.row.url)
+            }
+            PushButton {
+                Accessible.description: root.label
+                size: 12
+                text: "Copy path / link"
+
+                onActivated: root.tools.copyPath(root.row.url)
+            }
+            PushButton {
+                Accessible.description: root.label
+                enabled: root.row.isPicture
+                size: 12
+                text: "Copy image"
+
+                onActivated: root.tools.copyImage(root.row.url)
+            }
+            Item {
+                Layout.fillWidth: true
+            }
+            ShareMenu {
+                subject: root.label
+                tools: root.tools
+                url: root.row.url
+            }
+            PushButton {
+                Accessible.description: root.label
+                size: 12
+                text: "Remove"
+
+                onActivated: root.removed()
+            }
+        }
+    }
+}

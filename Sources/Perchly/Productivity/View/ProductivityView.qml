@@ -1,0 +1,80 @@
+import QtQuick
+import QtQuick.Layouts
+import Perchly.Look
+import Perchly.Stores
+
+/// The content of the workspace window: a picker, the section that it chose, and the store's last
+/// notice. What was typed into a section is still there when the person comes back to it.
+WindowBody {
+    id: root
+
+    required property Productivity tools
+    required property ShelfLibrary library
+    required property ShelfModel model
+    required property ShelfExtras extras
+
+    readonly property list<string> sections: ["Search", "Files", "Clipboard", "Layouts", "Shortcuts", "Meetings", "Launch", "Snippets", "Focus", "Device"]
+    readonly property string section: root.extras.section
+
+    /// What was typed into the sections' fields.
+    property string search: ""
+    property string link: ""
+    property string layoutName: ""
+
+    function show() {
+        switch (root.section) {
+        case "Files":
+            place.setSource("FilesSection.qml", { tools: root.tools, workspace: root });
+            break;
+        case "Clipboard":
+            place.setSource("ClipboardSection.qml", { extras: root.extras, tools: root.tools, workspace: root });
+            break;
+        case "Layouts":
+            place.setSource("LayoutsSection.qml", { library: root.library, model: root.model, tools: root.tools, workspace: root });
+            break;
+        case "Shortcuts":
+            place.setSource("ShortcutsSection.qml", { library: root.library, tools: root.tools, workspace: root });
+            break;
+        default:
+            place.setSource("ToolsPanel.qml", { section: root.section });
+        }
+    }
+
+    minimumHeight: 500
+    minimumWidth: 620
+    title: "Your workspace"
+
+    Component.onCompleted: root.show()
+    onSectionChanged: root.show()
+
+    RowLayout {
+        spacing: 10
+
+        Label {
+            font.pixelSize: 13
+            text: "Tools"
+        }
+        MenuPicker {
+            Layout.preferredWidth: 200
+            currentIndex: root.sections.indexOf(root.section)
+            label: "Tools"
+            options: root.sections
+
+            onChosen: index => root.extras.section = root.sections[index]
+        }
+    }
+
+    Loader {
+        id: place
+
+        Layout.fillHeight: true
+        Layout.fillWidth: true
+    }
+
+    NoticeRow {
+        Layout.fillWidth: true
+        message: root.tools.message
+
+        onDismissed: root.tools.dismissMessage()
+    }
+}

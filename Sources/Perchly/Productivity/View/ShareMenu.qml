@@ -1,0 +1,85 @@
+import QtQuick
+import Perchly.Look
+import Perchly.Stores
+
+/// The button that opens a menu of what a file or link can be sent to.
+IconButton {
+    id: root
+
+    required property Productivity tools
+    required property url url
+
+    readonly property list<string> names: root.targets.map(target => target.name).concat(["Copy"])
+    property var targets: []
+    property bool asking: false
+
+    function ask() {
+        root.asking = true;
+        root.tools.findShareTargets(root.url);
+    }
+
+    function choose(index: int) {
+        if (index < root.targets.length) {
+            root.tools.share(root.url, root.targets[index].id);
+        } else {
+            root.tools.copyPath(root.url);
+        }
+    }
+
+    function close() {
+        if (menu.active) {
+            menu.active = false;
+            root.forceActiveFocus();
+        }
+    }
+
+    symbol: "square.and.arrow.up"
+    toolTip: "Share"
+
+    onActivated: root.ask()
+
+    Connections {
+        target: root.tools
+
+        function onShareTargetsFound(url: url, targets: var) {
+            if (root.asking && String(url) === String(root.url)) {
+                root.asking = false;
+                root.targets = targets;
+                menu.setSource("qrc:/qt/qml/Perchly/Look/MenuList.qml", {
+                    current: -1,
+                    label: "Share",
+                    options: root.names,
+                    picker: anchor
+                });
+                menu.active = true;
+            }
+        }
+    }
+
+    // As wide as the menu.
+    Item {
+        id: anchor
+
+        anchors.right: parent.right
+        height: parent.height
+        width: 220
+    }
+    Loader {
+        id: menu
+
+        active: false
+
+        Connections {
+            ignoreUnknownSignals: true
+            target: menu.item
+
+            function onChosen(index: int) {
+                root.close();
+                root.choose(index);
+            }
+            function onClosed() {
+                root.close();
+            }
+        }
+    }
+}

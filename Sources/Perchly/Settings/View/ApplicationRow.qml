@@ -1,0 +1,75 @@
+import QtQuick
+import QtQuick.Layouts
+import Perchly.Look
+import Perchly.Stores
+
+/// One installed application.
+RowCard {
+    id: root
+
+    required property int index
+    required property shelfItem item
+    required property string name
+    required property string path
+    required property bool added
+    required property ShelfLibrary library
+
+    /// It was added by a key, which its button does not take any more.
+    signal addedByKey(index: int)
+
+    Accessible.name: root.name
+    Accessible.role: Accessible.ListItem
+    width: ListView.view ? ListView.view.width : 0
+
+    RowLayout {
+        spacing: 12
+        width: parent.width
+
+        ItemIcon {
+            kind: root.item.kind
+            path: root.path
+        }
+        ColumnLayout {
+            Layout.fillWidth: true
+            spacing: 3
+
+            Label {
+                Layout.fillWidth: true
+                font.pixelSize: 13
+                font.weight: Font.Medium
+                horizontalAlignment: Text.AlignLeft
+                maximumLineCount: 1
+                text: root.name
+            }
+            Label {
+                Accessible.name: text
+                Accessible.role: Accessible.StaticText
+                Layout.fillWidth: true
+                color: Theme.grey
+                elide: Text.ElideMiddle
+                font.pixelSize: 10
+                horizontalAlignment: Text.AlignLeft
+                maximumLineCount: 1
+                text: root.path
+                visible: root.path !== ""
+            }
+        }
+        PushButton {
+            id: button
+
+            Accessible.description: root.name
+            Layout.minimumWidth: 72
+            enabled: !root.added
+            size: 12
+            text: root.added ? "Added" : "Add"
+
+            onActivated: {
+                const hadKeyboard = button.activeFocus;
+                root.library.add(root.item);
+                if (hadKeyboard) {
+                    root.addedByKey(root.index);
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,73 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Perchly.Look
+import Perchly.Stores
+
+/// The installed applications, to be added to the shelf.
+ColumnLayout {
+    id: root
+
+    required property ShelfLibrary library
+
+    spacing: 14
+
+    Keys.onDownPressed: event => {
+        event.accepted = search.activeFocus && list.focusFrom(0, 1, 0);
+    }
+
+    Keys.onUpPressed: event => {
+        // The list has let it pass: there is no row above.
+        event.accepted = list.focusedRow() >= 0;
+        if (event.accepted) {
+            search.forceActiveFocus(Qt.BacktabFocusReason);
+        }
+    }
+
+    RowLayout {
+        Layout.fillWidth: true
+        spacing: 10
+
+        TextEntry {
+            id: search
+
+            Layout.fillWidth: true
+            placeholder: "Search installed apps"
+            symbol: "magnifyingglass"
+        }
+        PushButton {
+            Layout.preferredHeight: search.height
+            text: "Browse…"
+
+            onActivated: root.library.browse()
+        }
+    }
+    ScrollList {
+        id: list
+
+        Layout.fillHeight: true
+        Layout.fillWidth: true
+        label: "Installed apps"
+        reuseItems: true
+
+        model: InstalledApplications {
+            library: root.library
+            search: search.text
+        }
+        delegate: ApplicationRow {
+            library: root.library
+
+            onAddedByKey: index => {
+                if (!list.focusFrom(index + 1, 1, 0)) {
+                    search.forceActiveFocus(Qt.TabFocusReason);
+                }
+            }
+        }
+    }
+    SecondaryText {
+        Layout.fillWidth: true
+        font.pixelSize: 11
+        text: "Browse lets you add an app from any other folder."
+    }
+}

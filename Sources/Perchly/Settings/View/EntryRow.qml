@@ -1,0 +1,117 @@
+import QtQuick
+import QtQuick.Layouts
+import Perchly.Look
+import Perchly.Stores
+
+/// One entry of the library.
+RowCard {
+    id: root
+
+    required property int index
+    required property shelfItem entry
+    required property ShelfLibrary library
+    required property ScrollList rows
+
+    readonly property bool removable: root.entry.kind !== "widget" && root.entry.kind !== ""
+
+    /// Moves the entry. Who pressed the button by a key keeps the keyboard in this row, also when the
+    /// row has come to an end of the list.
+    function move(offset: int, button: Item, other: Item) {
+        const hadKeyboard = button.activeFocus;
+        root.library.move(root.entry.id, offset);
+        if (hadKeyboard) {
+            root.rows.view.positionViewAtIndex(root.index, ListView.Contain);
+            (button.enabled ? button : other).forceActiveFocus(Qt.TabFocusReason);
+        }
+    }
+
+    function remove() {
+        const rows = root.rows;
+        const row = root.index;
+        const hadKeyboard = removeButton.activeFocus;
+        const control = rows.focusedControl();
+        root.library.remove(root.entry.id);
+        if (hadKeyboard) {
+            rows.focusRow(row, control);
+        }
+    }
+
+    Accessible.name: root.entry.name
+    Accessible.role: Accessible.ListItem
+    width: ListView.view ? ListView.view.width : 0
+
+    RowLayout {
+        spacing: 4
+        width: parent.width
+
+        ItemIcon {
+            Layout.rightMargin: 8
+            kind: root.entry.kind
+            opacity: root.entry.visible ? 1 : 0.45
+            path: root.entry.applicationPath
+            widget: root.entry.widgetTitle
+        }
+        Label {
+            Layout.fillWidth: true
+            color: root.entry.visible ? Theme.text : Theme.grey
+            font.pixelSize: 13
+            font.weight: Font.Medium
+            horizontalAlignment: Text.AlignLeft
+            maximumLineCount: 1
+            text: root.entry.name
+        }
+        IconButton {
+            color: root.entry.visible ? Theme.text : Theme.grey
+            subject: root.entry.name
+            symbol: root.entry.visible ? "eye" : "eye.slash"
+            toolTip: root.entry.visible ? "Hide" : "Show"
+
+            onActivated: root.library.toggle(root.entry.id, ShelfLibrary.Visible)
+        }
+        IconButton {
+            Accessible.checkable: true
+            Accessible.checked: root.entry.favorite
+            color: root.entry.favorite ? Theme.yellow : Theme.grey
+            subject: root.entry.name
+            symbol: root.entry.favorite ? "star.fill" : "star"
+            toolTip: "Favorite"
+
+            onActivated: root.library.toggle(root.entry.id, ShelfLibrary.Favorite)
+        }
+        IconButton {
+            id: earlier
+
+            enabled: root.index > 0
+            subject: root.entry.name
+            symbol: "arrow.up"
+            toolTip: "Move earlier"
+
+            onActivated: root.move(-1, earlier, later)
+        }
+        IconButton {
+            id: later
+
+            enabled: root.index < root.rows.count - 1
+            subject: root.entry.name
+            symbol: "arrow.down"
+            toolTip: "Move later"
+
+            onActivated: root.move(1, later, earlier)
+        }
+        IconButton {
+            id: removeButton
+
+            subject: root.entry.name
+            symbol: "minus.circle"
+            toolTip: "Remove from shelf"
+            visible: root.removable
+
+            onActivated: root.remove()
+        }
+        // Keeps the columns of rows with and without the last button in line.
+        Item {
+            implicitWidth: removeButton.implicitWidth
+            visible: !root.removable
+        }
+    }
+}

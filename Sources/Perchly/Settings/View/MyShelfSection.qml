@@ -1,0 +1,42 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Perchly.Look
+import Perchly.Stores
+
+/// Every entry of the library, with what can be done with it.
+ColumnLayout {
+    id: root
+
+    required property ShelfLibrary library
+
+    spacing: 14
+
+    SwitchRow {
+        Layout.fillWidth: true
+        checked: root.library.favoritesOnly
+        text: "Show only favorites in the shelf"
+
+        onToggled: checked => root.library.favoritesOnly = checked
+    }
+    CaptionText {
+        Layout.fillWidth: true
+        text: "Use the eye to show or hide, the star to favorite, and arrows to rearrange."
+    }
+    ScrollList {
+        id: list
+
+        Layout.fillHeight: true
+        Layout.fillWidth: true
+        label: "Shelf entries"
+
+        model: LibraryEntries {
+            library: root.library
+        }
+        delegate: EntryRow {
+            library: root.library
+            rows: list
+        }
+    }
+}

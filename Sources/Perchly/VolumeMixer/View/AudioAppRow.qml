@@ -1,0 +1,95 @@
+import QtQuick
+import QtQuick.Layouts
+import Perchly.Look
+import Perchly.Stores
+
+/// A process that plays audio: routed through the program or not, and its level while it is.
+RowCard {
+    id: root
+
+    required property VolumeMixer mixer
+    required property int appId
+    required property string name
+    required property string path
+    required property bool routed
+    required property real level
+    required property int percent
+    required property bool muted
+
+    Accessible.name: root.name
+    Accessible.role: Accessible.ListItem
+    padding: 14
+
+    ColumnLayout {
+        spacing: 10
+        width: parent.width
+
+        RowLayout {
+            spacing: 10
+
+            ApplicationPicture {
+                Layout.preferredHeight: 30
+                Layout.preferredWidth: 30
+                path: root.path
+                visible: root.path !== ""
+            }
+            BodyText {
+                Layout.fillWidth: true
+                Layout.minimumHeight: 30
+                font.weight: Font.Medium
+                maximumLineCount: 1
+                text: root.name
+            }
+            PushButton {
+                Accessible.description: root.name
+                Layout.minimumWidth: 76
+                text: root.routed ? "Release" : "Enable"
+
+                onActivated: {
+                    if (root.routed) {
+                        root.mixer.release(root.appId);
+                    } else {
+                        root.mixer.enable(root.appId);
+                    }
+                }
+            }
+        }
+        RowLayout {
+            spacing: 10
+            visible: root.routed
+
+            IconButton {
+                Accessible.checkable: true
+                Accessible.checked: root.muted
+                Layout.leftMargin: -6 // the symbol lies below the name
+                color: root.muted ? Theme.grey : Theme.text
+                subject: root.name
+                symbol: root.muted ? "speaker.slash.fill" : "speaker.wave.2.fill"
+                toolTip: "Toggle mute"
+
+                onActivated: root.mixer.mute(root.appId)
+            }
+            ValueSlider {
+                Accessible.description: percentage.text
+                Layout.fillWidth: true
+                current: root.level
+                label: root.name + " volume"
+
+                onMoved: value => root.mixer.set(root.appId, value)
+            }
+            Item {
+                Layout.preferredHeight: percentage.height
+                Layout.preferredWidth: 40
+
+                DigitText {
+                    id: percentage
+
+                    anchors.right: parent.right
+                    color: Theme.grey
+                    size: 13
+                    text: root.percent + "%"
+                }
+            }
+        }
+    }
+}

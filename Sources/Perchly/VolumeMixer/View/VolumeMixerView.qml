@@ -1,0 +1,88 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Perchly.Look
+import Perchly.Stores
+
+/// The processes that play audio, each with its own level once it is routed through the program.
+WindowBody {
+    id: root
+
+    required property VolumeMixer mixer
+
+    minimumHeight: 430
+    minimumWidth: 580
+    title: "App volume"
+
+    accessory: PushButton {
+        text: "Release all"
+
+        onActivated: root.mixer.releaseAll()
+    }
+
+    onAppeared: root.mixer.refresh()
+
+    SecondaryText {
+        Layout.fillWidth: true
+        text: "Start audio in an app, then enable its slider. Audio stays on this Mac; nothing is recorded or uploaded."
+    }
+    CaptionText {
+        Layout.fillWidth: true
+        color: Theme.grey
+        text: "Experimental · macOS audio-capture permission required. Release restores the app’s original audio route."
+    }
+    BodyText {
+        Layout.fillWidth: true
+        color: Theme.orange
+        text: "Requires macOS 14.2 or later."
+        visible: !root.mixer.supported
+    }
+    Item {
+        Layout.fillHeight: true
+        Layout.fillWidth: true
+        Layout.minimumHeight: 100
+        visible: list.count === 0
+
+        BodyText {
+            anchors.centerIn: parent
+            horizontalAlignment: Text.AlignHCenter
+            text: "No apps playing audio. Start music or a video, then refresh."
+            width: parent.width
+        }
+    }
+    ScrollList {
+        id: list
+
+        Layout.fillHeight: true
+        Layout.fillWidth: true
+        label: "Apps playing audio"
+        model: root.mixer.apps
+        spacing: 12
+        visible: list.count > 0
+
+        delegate: AudioAppRow {
+            mixer: root.mixer
+            width: ListView.view.width
+        }
+    }
+    NoticeText {
+        Layout.fillWidth: true
+        text: root.mixer.error
+        visible: root.mixer.error !== ""
+    }
+    RowLayout {
+        spacing: 12
+
+        PushButton {
+            text: "Refresh"
+
+            onActivated: root.mixer.refresh()
+        }
+        CaptionText {
+            Layout.fillWidth: true
+            color: Theme.grey
+            text: "Browser audio may appear as helper processes."
+        }
+    }
+}

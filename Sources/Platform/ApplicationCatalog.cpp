@@ -1,0 +1,4 @@
+#include "ApplicationCatalog.h"
+
+// Gives the interface's meta-object one home.
+#include "moc_ApplicationCatalog.cpp"

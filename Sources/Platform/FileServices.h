@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QUrl>
+
+#include <functional>
+
+namespace perchly {
+
+/// What the desktop does with a file or link beside opening it. Nothing blocks; every completion is
+/// called once, on the main thread and never before the call has returned. Main thread only.
+class FileServices {
+public:
+    /// Empty when it was done, else why it was not.
+    using Completion = std::function<void(const QString &error)>;
+
+    /// Somewhere that a file or link can be sent.
+    struct ShareTarget {
+        QString id; ///< for share(); means nothing elsewhere
+        QString name;
+        bool operator==(const ShareTarget &) const = default;
+    };
+    using TargetsCompletion = std::function<void(const QList<ShareTarget> &targets)>;
+
+    virtual ~FileServices() = default;
+
+    /// Shows a local file or folder selected in the file manager, or the folder that it is in where
+    /// no file manager can select.
+    virtual void reveal(const QUrl &file, Completion completion) = 0;
+
+    /// The applications that open what is of this kind, the person's default first, and then mail.
+    virtual void findShareTargets(const QUrl &url, TargetsCompletion completion) = 0;
+
+    virtual void share(const QUrl &url, const QString &targetId, Completion completion) = 0;
+};
+
+} // namespace perchly

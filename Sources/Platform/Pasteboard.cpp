@@ -1,0 +1,4 @@
+#include "Pasteboard.h"
+
+// Gives the interface's meta-object one home.
+#include "moc_Pasteboard.cpp"

@@ -1,0 +1,150 @@
+#include "BusPlayerNotifications.h"
+#include "FakeHosts.h"
+#include "MediaTracking.h"
+#include "PlayerProcess.h"
+#include "ProcessScriptHost.h"
+#include "QtClock.h"
+#include "ShelfModel.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+using namespace perchly;
+
+namespace {
+
+/// A program that ends with the test.
+class Running {
+public:
+    Running(const QString &program, const QStringList &arguments) {
+        m_process.setStandardErrorFile(QProcess::nullDevice());
+        m_process.start(program, arguments);
+    }
+    ~Running() {
+        m_process.terminate();
+        if (!m_process.waitForFinished(5000)) {
+            m_process.kill();
+            m_process.waitForFinished();
+        }
+    }
+
+private:
+    QProcess m_process;
+};
+
+/// mpv with two silent tracks of two minutes, on the bus.
+QStringList mpvArguments() {
+    QStringList arguments{QStringLiteral("--no-config"),
+                          QStringLiteral("--no-terminal"),
+                          QStringLiteral("--ao=null"),
+                          QStringLiteral("--demuxer=rawaudio"),
+                          QStringLiteral("--demuxer-rawaudio-rate=8000"),
+                          QStringLiteral("--demuxer-rawaudio-channels=1"),
+                          QStringLiteral("--demuxer-rawaudio-format=u8"),
+                          QStringLiteral("--script=" MPV_MPRIS)};
+    for (const char *name : {"first", "second"}) {
+        QFile file(QDir::tempPath() + u'/' + QString::fromUtf8(name));
+        if (file.open(QIODevice::WriteOnly)) {
+            file.write(QByteArray(8000 * 120, char(0x80)));
+        }
+        arguments.append(file.fileName());
+    }
+    return arguments;
+}
+
+/// A browser without a window that shows the page of the tests.
+QStringList browserArguments() {
+    return {QStringLiteral("--headless"),
+            QStringLiteral("--no-sandbox"),
+            QStringLiteral("--disable-gpu"),
+            QStringLiteral("--disable-quic"),
+            QStringLiteral("--no-first-run"),
+            QStringLiteral("--disable-background-networking"),
+            QStringLiteral("--disable-component-update"),
+            QStringLiteral("--disable-sync"),
+            QStringLiteral("--autoplay-policy=no-user-gesture-required"),
+            QStringLiteral("--user-data-dir=") + QDir::tempPath() + QStringLiteral("/browser"),
+            QStringLiteral("file://" TAB_PAGE)};
+}
+
+double position() {
+    return readSession().toObject().value(QStringLiteral("elapsedTime")).toDouble();
+}
+
+/// What follows players in the program, over the real clock, companion and bus.
+struct RealMedia {
+    RealMedia() {
+        notifications.start();
+        tracking.startMediaMonitoring();
+    }
+
+    /// Presses a button and waits until the command has ended.
+    bool press(const char *word) {
+        model.control(QString::fromUtf8(word));
+        return QTest::qWaitFor([&] { return !model.controlling(); }, 15'000);
+    }
+    bool succeeds(const char *word) { return press(word) && model.controlError().isNull(); }
+    bool waitForSession(const QString &title) {
+        return QTest::qWaitFor([&] { return model.systemMedia() && model.musicTitle() == title; },
+                               15'000);
+    }
+
+    FakeHosts fake;
+    QtClock clock;
+    ShelfModel model{clock, fake.preferences, fake.alertSound};
+    ProcessScriptHost scripts{QStringLiteral(COMPANION)};
+    BusPlayerNotifications notifications;
+    MediaTracking tracking{model, clock, scripts, notifications, fake.musicPlayer};
+};
+
+} // namespace
+
+class RealPlayersTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void mpvIsFollowedAndObeys() {
+        const Running mpv(QStringLiteral("mpv"), mpvArguments());
+        RealMedia media;
+        const ShelfModel &model = media.model;
+        QVERIFY(media.waitForSession(QStringLiteral("first")));
+        QCOMPARE(model.mediaSource(), QStringLiteral("mpv"));
+        QVERIFY(model.playing() && model.mediaCanSeek() && !model.mediaIsBrowser());
+
+        QVERIFY(media.succeeds("playpause"));
+        QVERIFY(!model.playing());
+        const double paused = position();
+        QVERIFY(media.succeeds("forward"));
+        QVERIFY(qAbs(position() - (paused + 15)) < 1);
+        QVERIFY(media.succeeds("rewind"));
+        QVERIFY(qAbs(position() - paused) < 1);
+
+        QVERIFY(media.succeeds("playpause"));
+        QVERIFY(model.playing());
+        QVERIFY(media.succeeds("next track"));
+        QVERIFY(media.waitForSession(QStringLiteral("second")));
+        QVERIFY(media.succeeds("previous track"));
+        QVERIFY(media.waitForSession(QStringLiteral("first")));
+    }
+
+    void aTabIsFollowedAndObeys() {
+        const Running browser(QStringLiteral("chromium"), browserArguments());
+        RealMedia media;
+        const ShelfModel &model = media.model;
+        QVERIFY(media.waitForSession(QStringLiteral("Tab song 🎵")));
+        QCOMPARE(model.mediaSource(), QStringLiteral("Chromium"));
+        QCOMPARE(model.musicArtist(), QStringLiteral("Tab singer"));
+        QVERIFY(model.mediaIsBrowser() && model.mediaCanSeek() && model.playing());
+        for (const char *word : {"playpause", "forward", "rewind"}) {
+            QVERIFY(media.succeeds(word));
+            QVERIFY(!model.playing());
+        }
+        QVERIFY(media.succeeds("playpause"));
+        QVERIFY(model.playing());
+        QVERIFY(media.succeeds("next track"));
+        QVERIFY(media.waitForSession(QStringLiteral("Next song")));
+    }
+};
+
+QTEST_GUILESS_MAIN(RealPlayersTest)
+#include "RealPlayersTest.moc"

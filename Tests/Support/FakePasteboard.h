@@ -1,0 +1,46 @@
+#pragma once
+
+#include "Pasteboard.h"
+
+#include <memory>
+#include <vector>
+
+namespace perchly {
+
+/// A pasteboard whose readings end when the test says so.
+class FakePasteboard : public Pasteboard {
+public:
+    /// What another program offers.
+    struct Offer {
+        QStringList markers = {};
+        QByteArray png = {};
+        QByteArray tiff = {};
+        QString text = {};
+    };
+
+    qint64 changeCount() const override { return m_count; }
+    Task read(const PasteboardRequest &request, Completion completion) override;
+    void write(const QString &text) override;
+    void writeImage(const QByteArray &encoded) override;
+
+    /// Another program copies.
+    void copy(const Offer &offer);
+
+    /// The first reading under way ends with what is offered now. There must be one.
+    void answer();
+    [[nodiscard]] qsizetype underWay() const { return qsizetype(m_readings.size()); }
+
+    Offer offered;
+    std::vector<PasteboardRequest> asked; ///< every reading there was, in order
+
+private:
+    struct Reading;
+    class Handle;
+
+    [[nodiscard]] PasteboardContent fetch(const PasteboardRequest &request) const;
+
+    qint64 m_count = 7;
+    std::vector<std::shared_ptr<Reading>> m_readings;
+};
+
+} // namespace perchly

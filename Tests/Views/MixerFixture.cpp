@@ -1,0 +1,40 @@
+#include "MixerFixture.h"
+
+namespace perchly {
+
+void MixerFixture::play(const QStringList &names) {
+    m_audio.list = QList<AudioProcess>();
+    for (const QString &name : names) {
+        if (!m_known.contains(name)) {
+            m_known.append(name);
+        }
+        const auto pid = std::int32_t(process(name));
+        m_audio.applications.insert(pid, {name, {}});
+        m_audio.list->append({process(name), pid, true, {}});
+    }
+}
+
+void MixerFixture::setSupported(bool supported) {
+    m_audio.routable = supported;
+    Q_EMIT m_audio.changed();
+}
+
+void MixerFixture::refuse() {
+    m_audio.failing = QStringLiteral("createDevice");
+    m_audio.status = -50;
+}
+
+AudioObject MixerFixture::process(const QString &name) const {
+    return AudioObject(m_known.indexOf(name) + 1);
+}
+
+double MixerFixture::level(const QString &name) const {
+    const auto found = m_mixer.levels().find(process(name));
+    return found == m_mixer.levels().end() ? -1 : double(found->second);
+}
+
+bool MixerFixture::muted(const QString &name) const {
+    return m_mixer.muted().contains(process(name));
+}
+
+} // namespace perchly

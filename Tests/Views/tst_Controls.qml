@@ -1,0 +1,208 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtTest
+import Perchly.Look
+import Perchly.Tests
+
+/// The shared controls where a window's own test would not notice.
+TestCase {
+    id: root
+
+    property Item made: null
+    readonly property ShelfFixture fixture: ShelfFixture {}
+
+    Component {
+        id: picker
+
+        MenuPicker {
+            id: chooser
+
+            property var asked: []
+
+            currentIndex: 3
+            focus: true
+            label: "Display"
+            options: Array.from({ length: 30 }, (_, index) => String.fromCharCode(97 + index % 26) + index)
+            width: 160
+
+            onChosen: index => chooser.asked.push(index)
+        }
+    }
+    Component {
+        id: slider
+
+        ValueSlider {
+            id: bar
+
+            property real stored: 0.5
+
+            current: bar.stored
+            focus: true
+            label: "Volume"
+            width: 200
+
+            onMoved: value => bar.stored = value
+        }
+    }
+    Component {
+        id: entry
+
+        FocusScope {
+            id: form
+
+            property int escapes: 0
+            property alias field: field
+
+            focus: true
+            height: 40
+            width: 200
+
+            Keys.onEscapePressed: ++form.escapes
+
+            TextEntry {
+                id: field
+
+                focus: true
+                placeholder: "Name"
+                width: 200
+            }
+        }
+    }
+
+    Component {
+        id: area
+
+        ScrollArea {
+            height: 150
+            width: 200
+
+            Repeater {
+                id: rows
+
+                model: 20
+
+                PushButton {
+                    required property int index
+
+                    text: "Button " + index
+                    width: 200
+                }
+            }
+        }
+    }
+
+    function init() {
+        failOnWarning(/.?/);
+    }
+
+    function cleanup() {
+        root.made?.destroy();
+        root.made = null;
+        wait(0);
+    }
+
+    function make(component: Component): var {
+        root.made = component.createObject(root.Window.contentItem) as Item;
+        root.made.forceActiveFocus();
+        return root.made;
+    }
+
+    function test_aLongListStaysInsideItsWindow() {
+        const chooser = root.make(picker);
+        for (const y of [0, 100, 170]) {
+            chooser.y = y;
+            keyClick(Qt.Key_Space);
+            verify(chooser.open);
+            const list = root.Window.activeFocusItem.ListView.view;
+            const top = list.mapToItem(null, 0, 0).y;
+            verify(top >= 0 && top + list.height <= root.Window.height, `from ${top}, ${list.height} high`);
+            verify(list.contentHeight > list.height);
+            keyClick(Qt.Key_End);
+            compare(list.currentItem.y + list.currentItem.height, list.contentY + list.height);
+            keyClick(Qt.Key_Escape);
+            verify(!chooser.open);
+            verify(chooser.activeFocus);
+        }
+        compare(chooser.asked, []);
+    }
+
+    function test_aListIsChosenFromByLetterKeyAndPointer() {
+        const chooser = root.make(picker);
+        keyClick(Qt.Key_Down);
+        keyClick("b"); // b1, and once more b27
+        keyClick("b");
+        keyClick(Qt.Key_Up);
+        keyClick(Qt.Key_Return);
+        compare(chooser.asked, [0]);
+        keyClick(Qt.Key_Space);
+        mouseClick(root.Window.contentItem, 20, 60); // 4 below the picker, 5 of padding: the first row shown
+        compare(chooser.asked.length, 2);
+        keyClick(Qt.Key_Space);
+        mouseClick(root.Window.contentItem, 300, 100);
+        verify(!chooser.open);
+        compare(chooser.asked.length, 2);
+    }
+
+    function test_aSliderIsSetByKeysPointerAndAssistivePrograms() {
+        const bar = root.make(slider);
+        keyClick(Qt.Key_Right);
+        fuzzyCompare(bar.stored, 0.55, 1e-9);
+        keyClick(Qt.Key_End);
+        keyClick(Qt.Key_Right);
+        compare(bar.stored, 1);
+        mousePress(bar, 100, 14);
+        fuzzyCompare(bar.stored, 0.5, 0.01);
+        mouseMove(bar, -40, 14);
+        compare(bar.stored, 0);
+        mouseRelease(bar, -40, 14);
+        verify(root.fixture.setAccessible(bar, "Volume", 0.25));
+        compare(bar.stored, 0.25);
+        bar.stored = 0.75;
+        compare(bar.value, 0.75);
+        compare(bar.current, 0.75);
+    }
+
+    function test_escapeEmptiesAFieldBeforeItLeaves() {
+        const form = root.make(entry);
+        for (const letter of "name") {
+            keyClick(letter);
+        }
+        compare(form.field.text, "name");
+        keyClick(Qt.Key_Escape);
+        compare(form.field.text, "");
+        compare(form.escapes, 0);
+        keyClick(Qt.Key_Escape);
+        compare(form.escapes, 1);
+    }
+
+    function test_anAreaScrollsByWheelBarAndKeyboard() {
+        const scrolling = root.make(area);
+        const place = () => scrolling.content[0].mapToItem(scrolling, 0, 0).y;
+        const last = 150 - 20 * scrolling.content[0].height;
+        mouseWheel(scrolling, 50, 50, 0, -120);
+        compare(place(), -60);
+        mouseWheel(scrolling, 50, 50, 0, 1200);
+        compare(place(), 0);
+        mousePress(root.Window.contentItem, 210, 5);
+        mouseMove(root.Window.contentItem, 210, 400);
+        compare(place(), last);
+        mouseMove(root.Window.contentItem, 210, 5);
+        mouseRelease(root.Window.contentItem, 210, 5);
+        compare(place(), 0);
+        for (let step = 0; step < 20; ++step) {
+            keyClick(Qt.Key_Tab);
+        }
+        verify(root.Window.activeFocusItem.mapToItem(scrolling, 0, 0).y <= 150 - 30);
+        keyClick(Qt.Key_Home, Qt.ControlModifier);
+        compare(place(), 0);
+        keyClick(Qt.Key_PageDown);
+        compare(place(), -135);
+    }
+
+    height: 200
+    name: "Controls"
+    visible: true
+    when: windowShown
+    width: 400
+}
