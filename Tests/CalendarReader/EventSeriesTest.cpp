@@ -25,7 +25,8 @@ private Q_SLOTS:
     void aRuleGivesNearTheWindowWhatItGivesFromItsStart_data() {
         QTest::addColumn<QByteArray>("rule");
         for (const char *rule :
-             {"FREQ=DAILY", "FREQ=DAILY;INTERVAL=3", "FREQ=DAILY;COUNT=300", "FREQ=WEEKLY",
+             {"FREQ=DAILY", "FREQ=DAILY;INTERVAL=3", "FREQ=DAILY;COUNT=300",
+              "FREQ=WEEKLY;INTERVAL=2;COUNT=30", "FREQ=WEEKLY;BYDAY=MO,FR;COUNT=77", "FREQ=WEEKLY",
               "FREQ=WEEKLY;INTERVAL=2;BYDAY=MO,TH", "FREQ=WEEKLY;INTERVAL=3;WKST=SU;BYDAY=SU,TU",
               "FREQ=WEEKLY;UNTIL=20260110T000000Z", "FREQ=MONTHLY;BYDAY=2TU",
               "FREQ=MONTHLY;BYDAY=-1FR", "FREQ=MONTHLY;INTERVAL=5;BYMONTHDAY=31",
