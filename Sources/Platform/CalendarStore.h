@@ -12,14 +12,15 @@ namespace perchly {
 
 /// One occurrence of an event. A text that the event does not have is null.
 struct CalendarEvent {
-    QString identifier; ///< differs among the events of one answer, stays the same between answers
-    QString title;
-    Clock::TimePoint start;
-    Clock::TimePoint end; ///< not before the start
+    /// Differs among the events of one answer, stays the same between answers.
+    QString identifier = {};
+    QString title = {};
+    Clock::TimePoint start = {};
+    Clock::TimePoint end = {}; ///< not before the start
     bool allDay = false;
-    QString url;
-    QString location;
-    QString notes; ///< plain text or HTML, as whoever wrote the event left it
+    QString url = {};
+    QString location = {};
+    QString notes = {}; ///< plain text or HTML, as whoever wrote the event left it
 
     bool operator==(const CalendarEvent &) const = default;
 };

@@ -30,7 +30,7 @@ QStringList valuesOf(const QString &path, QLatin1StringView key) {
     for (const QString &line : linesOf(path)) {
         const qsizetype equals = line.indexOf(u'=');
         QString name = line.left(equals).trimmed();
-        name.truncate(name.indexOf(u'[') < 0 ? name.size() : name.indexOf(u'['));
+        name.remove(QLatin1StringView("[$e]")); // the value has variables in it
         if (equals > 0 && name == key) {
             QString value = line.mid(equals + 1).trimmed();
             if (value.size() > 1 && value.front() == value.back() &&

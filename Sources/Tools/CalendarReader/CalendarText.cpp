@@ -11,11 +11,11 @@ namespace {
 
 constexpr std::int64_t margin = 2 * secondsPerDay; // for zones, and more
 
-int dayNumber(std::int64_t seconds) {
-    using namespace std::chrono;
-    const year_month_day date(floor<days>(sys_seconds(std::chrono::seconds(seconds))));
-    return int(date.year()) * 10'000 + int(unsigned(date.month())) * 100 +
-           int(unsigned(date.day()));
+using Day = std::chrono::sys_days;
+
+Day dayAt(std::int64_t seconds) {
+    return std::chrono::floor<std::chrono::days>(
+        std::chrono::sys_seconds(std::chrono::seconds(seconds)));
 }
 
 bool startsWith(std::string_view line, std::string_view word) {
@@ -39,8 +39,8 @@ std::string_view valueOf(std::string_view line) {
     return {};
 }
 
-/// 20260131 for a value that begins with that day.
-std::optional<int> dayOf(std::string_view line) {
+/// For a value that begins as "20260131".
+std::optional<Day> dayOf(std::string_view line) {
     const std::string_view value = valueOf(line);
     int day = 0;
     for (std::size_t at = 0; at < 8; ++at) {
@@ -49,22 +49,44 @@ std::optional<int> dayOf(std::string_view line) {
         }
         day = day * 10 + (value[at] - '0');
     }
-    return day;
+    using namespace std::chrono;
+    const year_month_day date(year(day / 10'000), month(unsigned(day / 100 % 100)),
+                              std::chrono::day(unsigned(day % 100)));
+    return date.ok() ? std::optional(Day(date)) : std::nullopt;
+}
+
+/// At least as many as a duration ("P1DT2H") takes; nothing for one that is unusual.
+std::optional<std::chrono::days> daysOf(std::string_view line) {
+    constexpr int most = 100'000;
+    int days = 1;
+    int number = 0;
+    for (const char letter : valueOf(line)) {
+        if (letter >= '0' && letter <= '9') {
+            number = number * 10 + (letter - '0');
+        } else {
+            days += letter == 'W' ? number * 7 : letter == 'D' ? number : number / 24 + 1;
+            number = 0;
+        }
+        if (number > most || days > most) {
+            return std::nullopt;
+        }
+    }
+    return std::chrono::days(days);
 }
 
 class Splitter {
 public:
     Splitter(std::string_view file, const TimeWindow &window)
         : m_file(file)
-        , m_firstDay(dayNumber(window.from - margin))
-        , m_lastDay(dayNumber(window.to + margin)) {}
+        , m_firstDay(dayAt(window.from - margin))
+        , m_lastDay(dayAt(window.to + margin)) {}
 
     CalendarText split() {
         m_at = m_file.starts_with("\xEF\xBB\xBF") ? 3 : 0;
         while (m_at < m_file.size()) {
             takeLine();
         }
-        m_result.whole = m_any && m_depth == 0;
+        m_result.whole = m_ended && m_depth == 0;
         return std::move(m_result);
     }
 
@@ -84,7 +106,7 @@ private:
         if (startsWith(line, "BEGIN:")) {
             begin(line.substr(6), start);
         } else if (startsWith(line, "END:")) {
-            end();
+            end(line.substr(4));
         } else if (m_depth == 2 && m_kind == Kind::Event) {
             noteProperty(line);
         } else if (m_depth == 2 && m_kind == Kind::Zone && isProperty(line, "TZID")) {
@@ -100,17 +122,19 @@ private:
             m_start = start;
             m_name.clear();
             m_first = m_last = std::nullopt;
-            m_recurs = m_isException = m_hasDuration = false;
+            m_length = std::nullopt;
+            m_recurs = m_isException = m_isLong = false;
         }
-        m_any = true;
+        m_ended = false;
     }
 
-    void end() {
+    void end(std::string_view name) {
         if (m_depth == 2 && m_kind == Kind::Event && mayMatter()) {
             m_result.events.push_back({component(), m_name, m_isException});
         } else if (m_depth == 2 && m_kind == Kind::Zone) {
             m_result.zones.emplace(m_name, component());
         }
+        m_ended = m_depth == 1 && startsWith(name, "VCALENDAR");
         m_depth = std::max(m_depth - 1, 0);
     }
 
@@ -126,7 +150,8 @@ private:
         } else if (isProperty(line, "RECURRENCE-ID")) {
             m_isException = true;
         } else if (isProperty(line, "DURATION")) {
-            m_hasDuration = true;
+            m_length = daysOf(line);
+            m_isLong = !m_length;
         }
     }
 
@@ -134,9 +159,8 @@ private:
         if (m_recurs || m_isException || !m_first) {
             return true;
         }
-        const bool over = m_last ? std::max(*m_first, *m_last) < m_firstDay
-                                 : *m_first < m_firstDay && !m_hasDuration;
-        return *m_first <= m_lastDay && !over;
+        const Day last = m_last.value_or(*m_first + m_length.value_or(std::chrono::days(0)));
+        return *m_first <= m_lastDay && (m_isLong || std::max(*m_first, last) >= m_firstDay);
     }
 
     /// The value with what the next lines continue it with.
@@ -159,21 +183,22 @@ private:
     }
 
     const std::string_view m_file;
-    const int m_firstDay;
-    const int m_lastDay;
+    const Day m_firstDay;
+    const Day m_lastDay;
     CalendarText m_result;
     std::size_t m_at = 0;
-    int m_depth = 0; ///< components that are open
-    bool m_any = false;
+    int m_depth = 0;      ///< components that are open
+    bool m_ended = false; ///< the last calendar
     // The component at the second level that is open.
     Kind m_kind = Kind::Other;
     std::size_t m_start = 0;
     std::string m_name;
-    std::optional<int> m_first;
-    std::optional<int> m_last;
+    std::optional<Day> m_first;
+    std::optional<Day> m_last;
+    std::optional<std::chrono::days> m_length;
     bool m_recurs = false;
     bool m_isException = false;
-    bool m_hasDuration = false;
+    bool m_isLong = false; ///< perhaps
 };
 
 } // namespace

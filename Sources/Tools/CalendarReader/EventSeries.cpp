@@ -16,6 +16,31 @@ bool means(const CalendarTime &named, const CalendarTime &start) {
                                       : named.moment() == start.moment();
 }
 
+/// How far apart the times of a rule are, if it says nothing else.
+std::optional<std::int64_t> plainStep(const icalrecurrencetype &rule) {
+    const bool isPlain = std::ranges::all_of(
+        std::initializer_list<const short *>{rule.by_second, rule.by_minute, rule.by_hour,
+                                             rule.by_day, rule.by_month_day, rule.by_year_day,
+                                             rule.by_week_no, rule.by_month, rule.by_set_pos},
+        [](const short *values) { return *values == ICAL_RECURRENCE_ARRAY_MAX; });
+    const bool known = rule.freq == ICAL_DAILY_RECURRENCE || rule.freq == ICAL_WEEKLY_RECURRENCE;
+    if (!isPlain || !known || rule.rscale != nullptr || rule.interval < 1) {
+        return std::nullopt;
+    }
+    return rule.interval * secondsPerDay * (rule.freq == ICAL_WEEKLY_RECURRENCE ? 7 : 1);
+}
+
+/// A count keeps the library from starting near the window: where the end follows from it, the rule
+/// gets that instead.
+void replaceCount(icalrecurrencetype &rule, std::int64_t start) {
+    const auto step = plainStep(rule);
+    if (rule.count > 0 && step && icaltime_is_null_time(rule.until) != 0) {
+        const std::int64_t times = std::min(rule.count, 1'000'000) - 1;
+        rule.until = icaltime_from_timet_with_zone(start + times * *step, 0, nullptr);
+        rule.count = 0;
+    }
+}
+
 class Series {
 public:
     Series(const std::vector<Event> &events, const TimeWindow &window)
@@ -92,6 +117,7 @@ private:
         const auto written = [&master](std::int64_t local) {
             return icaltime_from_timet_with_zone(local, master.start.isDay ? 1 : 0, nullptr);
         };
+        replaceCount(rule, master.start.local);
         if (rule.count == 0) {
             rule.until = written(std::min(last, lastByRule(master, rule).value_or(last)));
         }

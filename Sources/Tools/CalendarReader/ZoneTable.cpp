@@ -1,6 +1,7 @@
 #include "ZoneTable.h"
 
 #include <QDateTime>
+#include <QFileInfo>
 #include <QTimeZone>
 
 #include <libical/ical.h>
@@ -42,7 +43,12 @@ std::optional<QTimeZone> systemZone(const QByteArray &name) {
     if (name.isEmpty() || name.startsWith('/') || name.contains("..")) {
         return std::nullopt;
     }
-    const QTimeZone zone(name.compare("utc", Qt::CaseInsensitive) == 0 ? QByteArray("UTC") : name);
+    if (name.compare("utc", Qt::CaseInsensitive) == 0) {
+        return QTimeZone::utc();
+    }
+    // The toolkit also takes any word for a zone of its own making.
+    const QString file = QStringLiteral("/usr/share/zoneinfo/") + QString::fromUtf8(name);
+    const QTimeZone zone = QFileInfo(file).isFile() ? QTimeZone(name) : QTimeZone();
     return zone.isValid() ? std::optional(zone) : std::nullopt;
 }
 

@@ -24,7 +24,7 @@ constexpr int failure = 1;
 constexpr int usage = 64;
 constexpr std::size_t largestFile = std::size_t(160) << 20;
 constexpr std::size_t mostText = std::size_t(64) << 20; ///< of events that may matter
-constexpr LoopLimits limits{.step = 300ms, .whole = 2500ms, .mostLost = 8};
+constexpr LoopLimits limits{.step = 50ms, .whole = 3s, .mostLost = 30};
 
 /// The events of one uid in one calendar, which belong together.
 struct Group {
