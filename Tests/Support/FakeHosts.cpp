@@ -35,6 +35,9 @@ FakeHosts::FakeHosts()
     , pasteboard(install<FakePasteboard>(hosts.pasteboard))
     , audio(install<FakeAudioSystem>(hosts.audio))
     , shortcuts(install<FakeShortcutsTool>(hosts.shortcuts))
-    , fileServices(install<FakeFileServices>(hosts.fileServices)) {}
+    , fileServices(install<FakeFileServices>(hosts.fileServices))
+    , power(install<FakePowerSources>(hosts.power))
+    , screenCapture(install<FakeScreenCapture>(hosts.screenCapture))
+    , quickLook(install<FakeQuickLook>(hosts.quickLook)) {}
 
 } // namespace perchly

@@ -8,7 +8,10 @@
 #include "FakeOpenPanel.h"
 #include "FakePasteboard.h"
 #include "FakePlatform.h"
+#include "FakePowerSources.h"
 #include "FakePreferences.h"
+#include "FakeQuickLook.h"
+#include "FakeScreenCapture.h"
 #include "FakeScriptHost.h"
 #include "FakeShortcutsTool.h"
 #include "Hosts.h"
@@ -42,6 +45,9 @@ struct FakeHosts {
     FakeAudioSystem &audio;
     FakeShortcutsTool &shortcuts;
     FakeFileServices &fileServices;
+    FakePowerSources &power;
+    FakeScreenCapture &screenCapture;
+    FakeQuickLook &quickLook;
 };
 
 } // namespace perchly

@@ -1,8 +1,21 @@
 #include "ShelfExtras.h"
 
+#include "Hosts.h"
+
 #include <algorithm>
 
 namespace perchly {
+
+using namespace std::chrono_literals;
+
+ShelfExtras::ShelfExtras(Hosts &hosts, ShellActions *shell, QObject *parent)
+    : QObject(parent)
+    , m_hosts(hosts)
+    , m_shell(shell) {
+    connect(hosts.power.get(), &PowerSources::changed, this, &ShelfExtras::refreshBattery);
+    refreshBattery();
+    m_poll = hosts.clock->every(30s, [this] { refreshBattery(); });
+}
 
 void ShelfExtras::setSection(const QString &section) {
     m_section = section;

@@ -24,7 +24,7 @@ WindowBody {
     function show() {
         switch (root.section) {
         case "Files":
-            place.setSource("FilesSection.qml", { tools: root.tools, workspace: root });
+            place.setSource("FilesSection.qml", { extras: root.extras, tools: root.tools, workspace: root });
             break;
         case "Clipboard":
             place.setSource("ClipboardSection.qml", { extras: root.extras, tools: root.tools, workspace: root });
