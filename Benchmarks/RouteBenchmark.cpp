@@ -1,0 +1,91 @@
+// What the mixer's side of the sound system costs.
+//   RouteBenchmark route PID      routes the process until the standard input ends
+//   RouteBenchmark idle           only follows the sound system
+//   RouteBenchmark list ROUNDS    microseconds of CPU for one reading of what plays
+#include "MixerError.h"
+#include "PipeWireAudioSystem.h"
+#include "RunningApplications.h"
+#include "TapPlayback.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QSocketNotifier>
+#include <QTimer>
+
+#include <cstdio>
+#include <ctime>
+#include <memory>
+#include <unistd.h>
+
+using namespace perchly;
+
+namespace {
+
+void wait(int milliseconds) {
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+double processorTime() {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return double(time.tv_sec) * 1e6 + double(time.tv_nsec) / 1e3;
+}
+
+void list(const PipeWireAudioSystem &system, int rounds) {
+    const double start = processorTime();
+    qsizetype playing = 0;
+    for (int round = 0; round < rounds; ++round) {
+        playing = 0;
+        const auto processes = system.processes();
+        for (const AudioProcess &process : processes.value_or(QList<AudioProcess>())) {
+            if (process.isRunningOutput == true && process.pid) {
+                const auto application = system.application(*process.pid);
+                playing += application ? 1 : 0;
+            }
+        }
+    }
+    std::printf("%.1f microseconds for %lld that play\n", (processorTime() - start) / rounds,
+                static_cast<long long>(playing));
+}
+
+AudioObject processOf(const PipeWireAudioSystem &system, std::int32_t pid) {
+    const auto processes = system.processes();
+    for (const AudioProcess &process : processes.value_or(QList<AudioProcess>())) {
+        if (process.pid == pid) {
+            return process.object;
+        }
+    }
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    PipeWireAudioSystem system(findRunningApplication);
+    system.start();
+    wait(1500);
+    const QString mode = arguments.value(1);
+    if (mode == QStringLiteral("list")) {
+        list(system, arguments.value(2).toInt());
+        return 0;
+    }
+    std::unique_ptr<TapPlayback> route;
+    if (mode == QStringLiteral("route")) {
+        route =
+            std::make_unique<TapPlayback>(system, processOf(system, arguments.value(2).toInt()));
+        wait(2000);
+    }
+    std::puts("ready");
+    std::fflush(stdout);
+    const QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
+    QObject::connect(&input, &QSocketNotifier::activated, &application, &QCoreApplication::quit);
+    const int status = QCoreApplication::exec();
+    if (route) {
+        route->stop();
+    }
+    return status;
+}
