@@ -59,6 +59,7 @@ void PlayButton::paintEvent(QPaintEvent *) {
 MediaControls::MediaControls(QWidget *parent)
     : QWidget(parent)
     , m_slider(Qt::Horizontal) {
+    setFocusProxy(&m_button);
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(18, 6, 18, 6);
     row->setSpacing(14);

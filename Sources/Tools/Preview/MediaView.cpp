@@ -9,6 +9,7 @@ namespace perchly {
 MediaView::MediaView(QWidget *parent)
     : QWidget(parent)
     , m_stack(&m_screen) {
+    setFocusProxy(&m_controls);
     m_player.setAudioOutput(&m_sound);
     m_player.setVideoSink(&m_video);
     m_stack.addWidget(&m_facts);

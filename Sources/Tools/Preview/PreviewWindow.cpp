@@ -150,7 +150,8 @@ void PreviewWindow::showMedia() {
 
 void PreviewWindow::present(QWidget *view, const QSize &wanted) {
     m_stack.setCurrentWidget(view);
-    m_caption.setText(view == &m_facts ? QString() : m_current.details); // said there already
+    const bool isSaid = view == &m_facts || wanted == soundSize; // by the view itself
+    m_caption.setText(isSaid ? QString() : m_current.details);
     view->setFocus();
     const QRect room = screen()->availableGeometry();
     const QSize most(room.width() * 4 / 5, room.height() * 4 / 5 - captionHeight);
