@@ -2,6 +2,7 @@
 
 #include "AutostartLoginItem.h"
 #include "BusPlayerNotifications.h"
+#include "BusPowerSources.h"
 #include "CalendarQuestion.h"
 #include "CanberraAlertSound.h"
 #include "Companion.h"
@@ -16,6 +17,8 @@
 #include "NullHosts.h"
 #include "PipeWireAudioSystem.h"
 #include "PortalMotion.h"
+#include "ProcessQuickLook.h"
+#include "ProcessScreenCapture.h"
 #include "ProcessScriptHost.h"
 #include "ProcessShortcutsTool.h"
 #include "QtClock.h"
@@ -96,6 +99,9 @@ Hosts nullHosts() {
     hosts.shortcuts = std::make_unique<NullShortcutsTool>();
     hosts.fileServices = std::make_unique<NullFileServices>();
     hosts.calendars = std::make_unique<NullCalendarStore>();
+    hosts.power = std::make_unique<NullPowerSources>();
+    hosts.screenCapture = std::make_unique<NullScreenCapture>();
+    hosts.quickLook = std::make_unique<NullQuickLook>();
     return hosts;
 }
 
@@ -128,6 +134,7 @@ void addDesktop(Hosts &hosts) {
         "perchly-shortcuts", "perchly-shortcuts is not installed: shortcuts are missing");
     hosts.fileServices = std::make_unique<GioFileServices>(notices);
     hosts.calendars = calendarStore();
+    hosts.power = std::make_unique<BusPowerSources>();
     hosts.playerNotifications = std::make_unique<BusPlayerNotifications>();
     hosts.musicPlayer = std::make_unique<DefaultMusicPlayer>(*hosts.applications);
     hosts.audio = std::make_unique<PipeWireAudioSystem>(findRunningApplication);
@@ -145,6 +152,10 @@ void addWindowSystem(Hosts &hosts) {
     hosts.hotKeys = std::make_unique<X11HotKeys>();
     hosts.openPanel = std::make_unique<QtOpenPanel>();
     hosts.pasteboard = std::make_unique<X11Pasteboard>();
+    hosts.screenCapture = companion<ProcessScreenCapture>(
+        "perchly-screencapture", "perchly-screencapture is not installed: captures are missing");
+    hosts.quickLook = companion<ProcessQuickLook>(
+        "perchly-preview", "perchly-preview is not installed: previews are missing");
 }
 
 } // namespace

@@ -18,7 +18,10 @@
 #include "Pasteboard.h"
 #include "PlayerNotifications.h"
 #include "PointerMonitor.h"
+#include "PowerSources.h"
 #include "Preferences.h"
+#include "QuickLook.h"
+#include "ScreenCapture.h"
 #include "ScriptHost.h"
 #include "ShortcutsTool.h"
 #include "StatusItem.h"
@@ -52,6 +55,9 @@ struct Hosts {
     std::unique_ptr<ShortcutsTool> shortcuts;
     std::unique_ptr<FileServices> fileServices;
     std::unique_ptr<CalendarStore> calendars;
+    std::unique_ptr<PowerSources> power;
+    std::unique_ptr<ScreenCapture> screenCapture;
+    std::unique_ptr<QuickLook> quickLook;
 };
 
 } // namespace perchly

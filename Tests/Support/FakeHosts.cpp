@@ -36,6 +36,9 @@ FakeHosts::FakeHosts()
     , audio(install<FakeAudioSystem>(hosts.audio))
     , shortcuts(install<FakeShortcutsTool>(hosts.shortcuts))
     , fileServices(install<FakeFileServices>(hosts.fileServices))
-    , calendars(install<FakeCalendarStore>(hosts.calendars)) {}
+    , calendars(install<FakeCalendarStore>(hosts.calendars))
+    , power(install<FakePowerSources>(hosts.power))
+    , screenCapture(install<FakeScreenCapture>(hosts.screenCapture))
+    , quickLook(install<FakeQuickLook>(hosts.quickLook)) {}
 
 } // namespace perchly

@@ -9,7 +9,10 @@
 #include "FakeOpenPanel.h"
 #include "FakePasteboard.h"
 #include "FakePlatform.h"
+#include "FakePowerSources.h"
 #include "FakePreferences.h"
+#include "FakeQuickLook.h"
+#include "FakeScreenCapture.h"
 #include "FakeScriptHost.h"
 #include "FakeShortcutsTool.h"
 #include "Hosts.h"
@@ -44,6 +47,9 @@ struct FakeHosts {
     FakeShortcutsTool &shortcuts;
     FakeFileServices &fileServices;
     FakeCalendarStore &calendars;
+    FakePowerSources &power;
+    FakeScreenCapture &screenCapture;
+    FakeQuickLook &quickLook;
 };
 
 } // namespace perchly

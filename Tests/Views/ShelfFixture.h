@@ -22,6 +22,7 @@ public:
     void showTools() override { calls.append(QStringLiteral("showTools")); }
     void showMixer() override { calls.append(QStringLiteral("showMixer")); }
     void showSearch() override { calls.append(QStringLiteral("showSearch")); }
+    void clearScreen() override { calls.append(QStringLiteral("clearScreen")); }
     void launch(const QString &id) override { calls.append(QStringLiteral("launch ") + id); }
     void terminate() override { calls.append(QStringLiteral("terminate")); }
     void toggleKeyboardOpen() override { calls.append(QStringLiteral("toggleKeyboardOpen")); }
@@ -123,8 +124,8 @@ private:
     ShelfPreferences m_preferences;
     ShelfLibrary m_library;
     Productivity m_productivity;
-    ShelfExtras m_extras{m_fakes.hosts};
     RecordingShell m_shell;
+    ShelfExtras m_extras{m_fakes.hosts, &m_shell};
     DisplayPreferences m_displayPreferences;
     QStringList m_commands;
 };

@@ -45,7 +45,7 @@ ShelfTestCase {
             root.button("Pin Calendar"), root.button("More icons"),
             root.button("Search"), root.button("Capture"),
             root.button("Mixer"), root.button("Workspace"), root.button("Focus"),
-            "StaticText: 2 held", "StaticText: Checking battery…", root.button("Quit"),
+            "StaticText: 2 held", "StaticText: No internal battery", root.button("Quit"),
             root.button("Drag this edge to detach and reposition the shelf"),
             root.button("File shelf · 2 held")
         ].join("\n"));

@@ -98,7 +98,10 @@ TestCase {
             { tag: "Focus", texts: [
                 "SpinBox: Focus: 25 minutes", "SpinBox: Break: 5 minutes", "StaticText: 00:00",
                 "Button: Start focus", "Button: Start break", "Button: Resume", "Button: End",
-                "StaticText: Today: 0 focus sessions · 0 minutes"] }
+                "StaticText: Today: 0 focus sessions · 0 minutes"] },
+            { tag: "anything else", texts: [
+                "Button: Refresh battery", "Button: Capture screen region",
+                "StaticText: Drag to select a region. Escape cancels. Captures appear in Files for preview, copying, and dragging."] }
         ];
     }
 

@@ -154,4 +154,12 @@ void NullFileServices::share(const QUrl &, const QString &, Completion completio
                 QStringLiteral("There is nothing to share with here."));
 }
 
+void NullPowerSources::read(Completion completion) {
+    answerLater(*this, std::move(completion), Reading());
+}
+
+Task NullScreenCapture::captureRegion(const QString &, Completion completion) {
+    return std::make_unique<Answer>([completion = std::move(completion)] { completion(-1); });
+}
+
 } // namespace perchly

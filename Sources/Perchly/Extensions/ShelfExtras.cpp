@@ -6,13 +6,19 @@ namespace perchly {
 
 using namespace std::chrono_literals;
 
-ShelfExtras::ShelfExtras(Hosts &hosts, QObject *parent)
+ShelfExtras::ShelfExtras(Hosts &hosts, ShellActions *shell, QObject *parent)
     : QObject(parent)
-    , m_hosts(hosts) {
+    , m_hosts(hosts)
+    , m_shell(shell) {
     loadGroups();
     loadSnippets();
+    connect(hosts.power.get(), &PowerSources::changed, this, &ShelfExtras::refreshBattery);
     connect(hosts.calendars.get(), &CalendarStore::changed, this, &ShelfExtras::refreshEvents);
-    m_poll = hosts.clock->every(30s, [this] { refreshEvents(); });
+    refreshBattery();
+    m_poll = hosts.clock->every(30s, [this] {
+        refreshBattery();
+        refreshEvents();
+    });
 }
 
 void ShelfExtras::setSection(const QString &section) {

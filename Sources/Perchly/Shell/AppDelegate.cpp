@@ -25,7 +25,7 @@ AppDelegate::~AppDelegate() = default;
 
 ShelfExtras &AppDelegate::extras() {
     if (!m_extras) {
-        m_extras = std::make_unique<ShelfExtras>(m_hosts);
+        m_extras = std::make_unique<ShelfExtras>(m_hosts, this);
     }
     return *m_extras;
 }
@@ -121,6 +121,15 @@ void AppDelegate::showMixer() {
 void AppDelegate::showSearch() {
     extras().setSection(QStringLiteral("Search"));
     showTools();
+}
+
+void AppDelegate::clearScreen() {
+    if (m_toolsWindow) {
+        m_toolsWindow->hide();
+    }
+    m_keyboardOpen = false; // its window takes the keyboard when the capture is over
+    m_keyboardBorrowed = false;
+    setExpanded(false);
 }
 
 void AppDelegate::terminate() {

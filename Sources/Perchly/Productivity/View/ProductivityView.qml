@@ -31,7 +31,7 @@ WindowBody {
             place.setSource(root.extrasView + "SearchToolsView.qml", { drafts: root.drafts, extras: root.extras, library: root.library, preferences: root.preferences, tools: root.tools });
             break;
         case "Files":
-            place.setSource("FilesSection.qml", { tools: root.tools, workspace: root });
+            place.setSource("FilesSection.qml", { extras: root.extras, tools: root.tools, workspace: root });
             break;
         case "Clipboard":
             place.setSource("ClipboardSection.qml", { extras: root.extras, tools: root.tools, workspace: root });
