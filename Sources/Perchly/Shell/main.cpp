@@ -41,8 +41,7 @@ int main(int argc, char **argv) {
         {.statusIcon = symbolIcon(QStringLiteral("square.stack.3d.up")),
          .shelfView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Shelf/ShelfView.qml")),
          .settingsView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Settings/ShelfSettings.qml")),
-         .toolsView =
-             QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Productivity/ProductivityView.qml")),
+         .toolsView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Productivity/ProductivityView.qml")),
          .mixerView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/VolumeMixer/VolumeMixerView.qml"))});
     QObject::connect(instance.get(), &SingleInstance::requested, &delegate, &AppDelegate::perform);
     const TerminationSignals signals;
