@@ -2,8 +2,10 @@
 
 #include "AutostartLoginItem.h"
 #include "BusPlayerNotifications.h"
+#include "CalendarQuestion.h"
 #include "CanberraAlertSound.h"
 #include "Companion.h"
+#include "CompanionCalendarStore.h"
 #include "DBusSingleInstance.h"
 #include "DefaultMusicPlayer.h"
 #include "DesktopCatalog.h"
@@ -93,7 +95,18 @@ Hosts nullHosts() {
     hosts.pasteboard = std::make_unique<NullPasteboard>();
     hosts.shortcuts = std::make_unique<NullShortcutsTool>();
     hosts.fileServices = std::make_unique<NullFileServices>();
+    hosts.calendars = std::make_unique<NullCalendarStore>();
     return hosts;
+}
+
+std::unique_ptr<CalendarStore> calendarStore() {
+    const QString program = findCompanion(QStringLiteral("perchly-calendarreader"));
+    if (program.isEmpty()) {
+        tellOnce("perchly-calendarreader is not installed: meetings are missing");
+    }
+    const bool canAsk = QGuiApplication::platformName() == QStringLiteral("xcb");
+    return std::make_unique<CompanionCalendarStore>(program, CalendarConsent::defaultPath(),
+                                                    canAsk ? askForCalendars : nullptr);
 }
 
 void addDesktop(Hosts &hosts) {
@@ -114,6 +127,7 @@ void addDesktop(Hosts &hosts) {
     hosts.shortcuts = companion<ProcessShortcutsTool>(
         "perchly-shortcuts", "perchly-shortcuts is not installed: shortcuts are missing");
     hosts.fileServices = std::make_unique<GioFileServices>(notices);
+    hosts.calendars = calendarStore();
     hosts.playerNotifications = std::make_unique<BusPlayerNotifications>();
     hosts.musicPlayer = std::make_unique<DefaultMusicPlayer>(*hosts.applications);
     hosts.audio = std::make_unique<PipeWireAudioSystem>(findRunningApplication);

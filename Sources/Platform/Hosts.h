@@ -4,6 +4,7 @@
 #include "ApplicationCatalog.h"
 #include "Applications.h"
 #include "AudioSystem.h"
+#include "CalendarStore.h"
 #include "Clock.h"
 #include "Displays.h"
 #include "FileServices.h"
@@ -50,6 +51,7 @@ struct Hosts {
     std::unique_ptr<AudioSystem> audio;
     std::unique_ptr<ShortcutsTool> shortcuts;
     std::unique_ptr<FileServices> fileServices;
+    std::unique_ptr<CalendarStore> calendars;
 };
 
 } // namespace perchly

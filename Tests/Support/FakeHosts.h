@@ -2,6 +2,7 @@
 
 #include "FakeApplicationCatalog.h"
 #include "FakeAudio.h"
+#include "FakeCalendarStore.h"
 #include "FakeClock.h"
 #include "FakeFileServices.h"
 #include "FakeLoginItem.h"
@@ -42,6 +43,7 @@ struct FakeHosts {
     FakeAudioSystem &audio;
     FakeShortcutsTool &shortcuts;
     FakeFileServices &fileServices;
+    FakeCalendarStore &calendars;
 };
 
 } // namespace perchly

@@ -121,7 +121,7 @@ private:
     ShelfPreferences m_preferences;
     ShelfLibrary m_library;
     Productivity m_productivity;
-    ShelfExtras m_extras;
+    ShelfExtras m_extras{m_fakes.hosts};
     RecordingShell m_shell;
     DisplayPreferences m_displayPreferences;
     QStringList m_commands;

@@ -192,6 +192,17 @@ private:
     QObject m_receiver;
 };
 
+/// No calendars, and nobody to ask for them.
+class NullCalendarStore : public CalendarStore {
+public:
+    using CalendarStore::CalendarStore;
+
+    [[nodiscard]] CalendarAccess access() const override { return CalendarAccess::NotAsked; }
+    [[nodiscard]] Task requestAccess(AccessCompletion completion) override;
+    [[nodiscard]] Task events(Clock::TimePoint, Clock::TimePoint,
+                              EventsCompletion completion) override;
+};
+
 /// Every instance is the only one.
 class NullSingleInstance : public SingleInstance {
 public:

@@ -1,8 +1,19 @@
 #include "ShelfExtras.h"
 
+#include "Hosts.h"
+
 #include <algorithm>
 
 namespace perchly {
+
+using namespace std::chrono_literals;
+
+ShelfExtras::ShelfExtras(Hosts &hosts, QObject *parent)
+    : QObject(parent)
+    , m_hosts(hosts) {
+    connect(hosts.calendars.get(), &CalendarStore::changed, this, &ShelfExtras::refreshEvents);
+    m_poll = hosts.clock->every(30s, [this] { refreshEvents(); });
+}
 
 void ShelfExtras::setSection(const QString &section) {
     m_section = section;

@@ -25,7 +25,7 @@ AppDelegate::~AppDelegate() = default;
 
 ShelfExtras &AppDelegate::extras() {
     if (!m_extras) {
-        m_extras = std::make_unique<ShelfExtras>();
+        m_extras = std::make_unique<ShelfExtras>(m_hosts);
     }
     return *m_extras;
 }

@@ -12,6 +12,12 @@ struct SnippetForeign {
     QML_VALUE_TYPE(snippet)
 };
 
+struct MeetingForeign {
+    Q_GADGET
+    QML_FOREIGN(perchly::Meeting)
+    QML_VALUE_TYPE(meeting)
+};
+
 struct ShelfExtrasForeign {
     Q_GADGET
     QML_FOREIGN(perchly::ShelfExtras)
