@@ -13,8 +13,8 @@ namespace {
 
 class SystemZone : public Zone {
 public:
-    explicit SystemZone(QTimeZone zone)
-        : m_zone(std::move(zone)) {}
+    explicit SystemZone(const QTimeZone &zone)
+        : m_zone(zone) {}
 
     [[nodiscard]] int offsetAt(std::int64_t moment) const override {
         return m_zone.offsetFromUtc(QDateTime::fromSecsSinceEpoch(moment, Qt::UTC));
