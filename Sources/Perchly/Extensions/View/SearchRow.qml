@@ -1,5 +1,6 @@
 import QtQuick
 import Perchly.Look
+import Perchly.Extensions
 
 /// One line of the search's results: the title of a kind, the note, or what a press acts upon.
 Item {
@@ -94,21 +95,15 @@ Item {
         }
     }
     Loader {
-        active: root.isNote
+        id: place
+
         anchors.fill: parent
+        source: root.isNote ? "SearchNote.qml" : ""
 
-        sourceComponent: RoundedRect {
-            color: Theme.row
-            radius: 8
-
-            NoteEditor {
-                anchors.fill: parent
-                anchors.margins: 8
-                label: "Quick note"
-                note: root.label
-
-                onEdited: note => root.edited(note)
-            }
+        onLoaded: {
+            const editor = place.item as SearchNote;
+            editor.note = Qt.binding(() => root.label);
+            editor.edited.connect(root.edited);
         }
     }
 }
