@@ -133,8 +133,8 @@ def main():
     arguments.add_argument("--underruns", type=float, default=600)
     options = arguments.parse_args()
     if "PERCHLY_TEST_SOUND" not in os.environ:
-        os.environ["PIPEWIRE_CONFIG_NAME"] = "client-rt.conf"  # everybody's audio threads are real-time ones
         os.execv(WRAPPER, [str(WRAPPER), sys.executable, *sys.argv])
+    os.environ["PIPEWIRE_CONFIG_NAME"] = "client-rt.conf"  # everybody's audio threads are real-time ones
     folder = Path(options.folder).resolve()
     programs = (str(folder / "RouteProbe"), str(folder / "RouteBenchmark"))
     latency(*programs)

@@ -40,6 +40,9 @@ public:
     /// Waits until the server has done what it was told so far.
     bool settle(std::chrono::milliseconds limit);
 
+    /// Waits until the real-time thread has ended what it does at the moment: some microseconds.
+    void passRealTimeThread();
+
     /// Asks the server to answer; `answered` is emitted with this number when it has.
     int ask();
 

@@ -28,12 +28,22 @@ void RetiredStreams::add(std::shared_ptr<RouteStreams> streams) {
     m_timer.start();
 }
 
+bool RetiredStreams::isOver(Retired &retired) const {
+    const auto age = std::chrono::milliseconds(retired.time.elapsed());
+    if (!retired.streams->isIntact() || retired.isUnlinked) {
+        return true;
+    }
+    if (age >= limit || (age >= rest && !m_graph.wiring().isFed(retired.streams->captureNode()))) {
+        // Gone from the graph before they go themselves: what the server has to say about that
+        // holds descriptors, which nobody would close afterwards.
+        retired.streams->leaveGraph();
+        retired.isUnlinked = true;
+    }
+    return false;
+}
+
 void RetiredStreams::drop() {
-    std::erase_if(m_retired, [this](const Retired &retired) {
-        const auto age = std::chrono::milliseconds(retired.time.elapsed());
-        return !retired.streams->isIntact() || age >= limit ||
-               (age >= rest && !m_graph.wiring().isFed(retired.streams->captureNode()));
-    });
+    std::erase_if(m_retired, [this](Retired &retired) { return isOver(retired); });
     if (m_retired.empty()) {
         m_timer.stop();
     }

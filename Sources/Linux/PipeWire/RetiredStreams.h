@@ -28,8 +28,10 @@ private:
     struct Retired {
         std::shared_ptr<RouteStreams> streams;
         QElapsedTimer time;
+        bool isUnlinked = false;
     };
 
+    [[nodiscard]] bool isOver(Retired &retired) const;
     void drop();
 
     const AudioGraph &m_graph;

@@ -32,7 +32,7 @@ RouteStreams::RouteStreams(PipeWireConnection &connection, const QString &uid,
                            const QString &description, std::function<void()> running)
     : m_connection(connection)
     , m_uid(uid)
-    , m_name(QStringLiteral("perchly.") + uid)
+    , m_name(namePrefix + uid)
     , m_description(description)
     , m_running(connection.loop(), std::move(running)) {
     m_cycle.setRunning(&m_running);
@@ -80,6 +80,12 @@ QString RouteStreams::openPlayback() {
     set(made, PW_KEY_NODE_PASSIVE, QStringLiteral("true"));
     m_playback = make(made, {play, &m_cycle});
     m_cycle.setOutput(m_playback->handle());
+    m_playback->whenStreaming([this](bool isStreaming) {
+        m_cycle.setOutputRuns(isStreaming);
+        if (!isStreaming) {
+            m_connection.passRealTimeThread();
+        }
+    });
     int status =
         m_playback->open(PW_DIRECTION_OUTPUT, PW_STREAM_FLAG_AUTOCONNECT | PW_STREAM_FLAG_TRIGGER);
     if (status == 0) {
@@ -92,6 +98,14 @@ QString RouteStreams::openPlayback() {
                                ? QString::fromLocal8Bit(std::strerror(-status))
                                : m_playback->error();
     return QStringLiteral("The audio output cannot be opened: %1.").arg(reason);
+}
+
+void RouteStreams::leaveGraph() {
+    for (StereoStream *stream : {m_capture.get(), m_playback.get()}) {
+        if (stream != nullptr && stream->handle() != nullptr) {
+            pw_stream_set_active(stream->handle(), false);
+        }
+    }
 }
 
 void RouteStreams::rest() {

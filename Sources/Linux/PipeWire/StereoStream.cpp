@@ -13,6 +13,7 @@ struct StereoStream::Callbacks {
     static void stateChanged(void *data, pw_stream_state before, pw_stream_state state,
                              const char *error) {
         auto &self = *static_cast<StereoStream *>(data);
+        self.setStreaming(state == PW_STREAM_STATE_STREAMING);
         if (state == PW_STREAM_STATE_ERROR ||
             (state == PW_STREAM_STATE_UNCONNECTED && before != PW_STREAM_STATE_UNCONNECTED)) {
             self.m_isIntact = false;
@@ -76,8 +77,18 @@ int StereoStream::waitUntilMade(std::chrono::milliseconds limit) {
     return isIntact() ? 0 : -EIO;
 }
 
+void StereoStream::setStreaming(bool isStreaming) {
+    if (isStreaming != m_isStreaming) {
+        m_isStreaming = isStreaming;
+        if (m_told) {
+            m_told(isStreaming);
+        }
+    }
+}
+
 void StereoStream::close() {
     m_isIntact = false;
+    setStreaming(false);
     m_stream.reset();
 }
 

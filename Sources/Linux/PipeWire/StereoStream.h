@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <chrono>
+#include <functional>
 
 namespace perchly {
 
@@ -39,11 +40,16 @@ public:
     [[nodiscard]] bool isIntact() const { return m_stream && m_isIntact; }
     /// The node's number in the graph; SPA_ID_INVALID without one.
     [[nodiscard]] std::uint32_t node() const;
+    /// Told whether the stream is to be processed, whenever that changes. What is told is true
+    /// until the function has returned.
+    void whenStreaming(std::function<void(bool isStreaming)> told) { m_told = std::move(told); }
     /// Null when it is closed.
     [[nodiscard]] pw_stream *handle() const { return m_stream.get(); }
 
 private:
     struct Callbacks;
+
+    void setStreaming(bool isStreaming);
 
     PipeWireConnection &m_connection;
     Process m_process;
@@ -52,6 +58,8 @@ private:
     spa_hook m_listener{};
     QString m_error;
     bool m_isIntact = true;
+    bool m_isStreaming = false;
+    std::function<void(bool)> m_told;
 };
 
 } // namespace perchly
