@@ -72,7 +72,7 @@ ShelfTestCase {
         root.expand();
         root.view.forceActiveFocus();
         const pressed = [];
-        for (let step = 0; step < 15; ++step) {
+        for (let step = 0; step < 16; ++step) {
             keyClick(Qt.Key_Tab);
             keyClick(step % 2 ? Qt.Key_Return : Qt.Key_Space);
             if (root.view.choosing) {
@@ -84,7 +84,7 @@ ShelfTestCase {
         const chosen = ["takeKeyboard", "returnKeyboard"];
         // The menus of both cards, the session between them, and the tiles come before the toolbar.
         compare(pressed, [...chosen, ...chosen, "showSettings", ...chosen, ...chosen, ...chosen, ...chosen, ...chosen,
-                          "showTools", "showMixer", "showTools", "terminate", "toggleKeyboardOpen"]);
+                          "showTools", "clearScreen", "showMixer", "showTools", "terminate", "toggleKeyboardOpen"]);
         verify(root.fixture.model.quietFocus);
     }
 
