@@ -321,7 +321,7 @@ void CalendarReaderTest::calendarsAreFoundWhereProgramsKeepThem() {
     writeFile(path("khal/mine/1.ics"), text);
     writeFile(path("khal/mine/displayname"), "Mine\n");
     writeFile(path(".config/vdirsyncer/config"), "[storage a]\npath = \"~/synced/\"\n");
-    writeFile(path("synced/work/1.ics"), text);
+    writeFile(path("synced/team/1.ics"), text);
     writeFile(path(".local/share/evolution/calendar/system/calendar.ics"), text);
     writeFile(path(".local/share/evolution/calendar/1a2b/calendar.ics"), text);
     writeFile(path(".config/evolution/sources/1a2b.source"),
@@ -343,7 +343,7 @@ void CalendarReaderTest::calendarsAreFoundWhereProgramsKeepThem() {
              QStringList({QStringLiteral("Home /.local/share/evolution/calendar/1a2b"),
                           QStringLiteral("Mine /khal/mine"), QStringLiteral("std /kde/std.ics"),
                           QStringLiteral("system /.local/share/evolution/calendar/system"),
-                          QStringLiteral("work /synced/work")}));
+                          QStringLiteral("team /synced/team")}));
     // A calendar that is made later is noticed.
     QVERIFY(read().folders.contains(path(".calendars")));
 }
