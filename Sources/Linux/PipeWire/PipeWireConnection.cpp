@@ -175,6 +175,14 @@ bool PipeWireConnection::settle(std::chrono::milliseconds limit) {
     return waitFor(limit, [&] { return m_answered == number; });
 }
 
+void PipeWireConnection::passCycle() {
+    const auto nothing = [](spa_loop *, bool, std::uint32_t, const void *, std::size_t, void *) {
+        return 0;
+    };
+    pw_data_loop_invoke(pw_context_get_data_loop(m_context.get()), nothing, 0, nullptr, 0, true,
+                        nullptr);
+}
+
 int PipeWireConnection::ask() {
     return m_core ? pw_core_sync(m_core.get(), PW_ID_CORE, 0) : 0;
 }

@@ -7,19 +7,22 @@
 #include <QTimer>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace perchly {
 
 class AudioGraph;
+class PipeWireConnection;
 
 /// Keeps the streams of released routes until the session manager has sent the process' own streams
-/// back, so that nothing is lost of what they play, and for a moment more: a stream that ends while
-/// the server still connects it never closes what the server sends it. Main thread only.
+/// back, so that nothing is lost of what they play, and ends them then one after the other: a
+/// stream that ends while the server still connects it elsewhere never closes the descriptors that
+/// the server sends it. Main thread only.
 class RetiredStreams : public QObject {
     Q_OBJECT
 public:
-    explicit RetiredStreams(const AudioGraph &graph, QObject *parent = nullptr);
+    RetiredStreams(PipeWireConnection &connection, const AudioGraph &graph);
 
     void add(std::shared_ptr<RouteStreams> streams);
     [[nodiscard]] bool isEmpty() const { return m_retired.empty(); }
@@ -28,10 +31,14 @@ private:
     struct Retired {
         std::shared_ptr<RouteStreams> streams;
         QElapsedTimer time;
+        std::optional<int> question; ///< put to the server when the first stream had ended
+        bool isAnswered = false;
     };
 
-    void drop();
+    void look();
+    [[nodiscard]] bool isUnused(const Retired &retired) const;
 
+    PipeWireConnection &m_connection;
     const AudioGraph &m_graph;
     std::vector<Retired> m_retired;
     QTimer m_timer;

@@ -47,7 +47,9 @@ void RouteCycle::capture(pw_stream *source) {
         m_captured += frames;
     }
     m_hasPlayed = false;
-    pw_stream_trigger_process(m_output);
+    if (m_outputRuns.load(std::memory_order_acquire)) {
+        pw_stream_trigger_process(m_output);
+    }
 }
 
 void RouteCycle::play(pw_stream *output) {

@@ -26,6 +26,10 @@ public:
     /// Lets the blocks be called from now on. Until then nothing is captured and silence played.
     void open() { m_isOpen.store(true, std::memory_order_release); }
 
+    /// Whether the output can be told to play; it must not be when it is not set up. After false,
+    /// the real-time thread may use it until the end of its cycle. Main thread.
+    void setOutputRuns(bool runs) { m_outputRuns.store(runs, std::memory_order_release); }
+
     // The real-time thread, when the source has frames, and when the output wants some. They wait
     // for nothing and allocate nothing.
     void capture(pw_stream *source);
@@ -39,6 +43,7 @@ private:
     RenderBlock m_render;
     pw_stream *m_output = nullptr;
     std::atomic<bool> m_isOpen = false;
+    std::atomic<bool> m_outputRuns = false;
     LoopEvent *m_running = nullptr;
     std::uint64_t m_cycles = 0;
     std::uint64_t m_captured = 0; ///< frames

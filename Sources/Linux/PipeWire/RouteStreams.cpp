@@ -53,11 +53,6 @@ void RouteStreams::setGroups(pw_properties *properties) const {
     set(properties, PW_KEY_NODE_LINK_GROUP, m_uid);
 }
 
-std::unique_ptr<StereoStream> RouteStreams::make(pw_properties *properties,
-                                                 StereoStream::Process process) {
-    return std::make_unique<StereoStream>(m_connection, properties, process);
-}
-
 AudioStatus RouteStreams::openCapture() {
     pw_properties *made = properties(m_name);
     setGroups(made);
@@ -68,7 +63,8 @@ AudioStatus RouteStreams::openCapture() {
     set(made, PW_KEY_PRIORITY_SESSION, QStringLiteral("0"));
     // A stream that is sent to a sink at rest is cut for two cycles.
     set(made, PW_KEY_NODE_ALWAYS_PROCESS, QStringLiteral("true"));
-    m_capture = make(made, {capture, &m_cycle});
+    m_capture = std::make_unique<StereoStream>(m_connection, made,
+                                               StereoStream::Process{capture, &m_cycle});
     const int status = m_capture->open(PW_DIRECTION_INPUT, 0);
     return status < 0 ? status : m_capture->waitUntilMade(openingLimit);
 }
@@ -78,7 +74,13 @@ QString RouteStreams::openPlayback() {
     setGroups(made);
     // The output may rest while nothing is captured.
     set(made, PW_KEY_NODE_PASSIVE, QStringLiteral("true"));
-    m_playback = make(made, {play, &m_cycle});
+    m_playback = std::make_unique<StereoStream>(
+        m_connection, made, StereoStream::Process{play, &m_cycle}, [this](bool isRunning) {
+            m_cycle.setOutputRuns(isRunning);
+            if (!isRunning) {
+                m_connection.passCycle();
+            }
+        });
     m_cycle.setOutput(m_playback->handle());
     int status =
         m_playback->open(PW_DIRECTION_OUTPUT, PW_STREAM_FLAG_AUTOCONNECT | PW_STREAM_FLAG_TRIGGER);

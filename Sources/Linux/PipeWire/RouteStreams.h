@@ -34,6 +34,9 @@ public:
     /// Lets the sink stop whenever nothing is sent there. Until then it runs all the time.
     void rest();
 
+    /// Ends the sink; the other end stays silent until this goes.
+    void closeCapture() { m_capture->close(); }
+
     /// The sink's, by which streams are sent there.
     [[nodiscard]] QString name() const { return m_name; }
     [[nodiscard]] std::uint32_t captureNode() const { return m_capture->node(); }
@@ -44,8 +47,6 @@ public:
 private:
     [[nodiscard]] pw_properties *properties(const QString &name) const;
     void setGroups(pw_properties *properties) const;
-    [[nodiscard]] std::unique_ptr<StereoStream> make(pw_properties *properties,
-                                                     StereoStream::Process process);
 
     PipeWireConnection &m_connection;
     QString m_uid;

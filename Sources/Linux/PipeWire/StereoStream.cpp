@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cerrno>
+#include <utility>
 
 namespace perchly {
 
@@ -17,6 +18,10 @@ struct StereoStream::Callbacks {
             (state == PW_STREAM_STATE_UNCONNECTED && before != PW_STREAM_STATE_UNCONNECTED)) {
             self.m_isIntact = false;
             self.m_error = QString::fromUtf8(error);
+        }
+        if (self.m_running &&
+            (state == PW_STREAM_STATE_STREAMING || before == PW_STREAM_STATE_STREAMING)) {
+            self.m_running(state == PW_STREAM_STATE_STREAMING);
         }
     }
 
@@ -30,9 +35,10 @@ struct StereoStream::Callbacks {
 };
 
 StereoStream::StereoStream(PipeWireConnection &connection, pw_properties *properties,
-                           Process process)
+                           Process process, RunningHandler running)
     : m_connection(connection)
-    , m_process(process) {
+    , m_process(process)
+    , m_running(std::move(running)) {
     if (connection.core() == nullptr) {
         pw_properties_free(properties);
         return;

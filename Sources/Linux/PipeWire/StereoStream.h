@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <chrono>
+#include <functional>
 
 namespace perchly {
 
@@ -22,8 +23,12 @@ public:
         void *data = nullptr;
     };
 
+    /// Told when the stream begins to run, and before its set-up is taken back.
+    using RunningHandler = std::function<void(bool isRunning)>;
+
     /// Takes the properties.
-    StereoStream(PipeWireConnection &connection, pw_properties *properties, Process process);
+    StereoStream(PipeWireConnection &connection, pw_properties *properties, Process process,
+                 RunningHandler running = {});
     ~StereoStream() override;
 
     /// 0, or a negative error number. The server is not waited for.
@@ -47,6 +52,7 @@ private:
 
     PipeWireConnection &m_connection;
     Process m_process;
+    RunningHandler m_running;
     StreamPointer m_stream;
     pw_stream *m_handle = nullptr; ///< for the real-time thread; set once
     spa_hook m_listener{};

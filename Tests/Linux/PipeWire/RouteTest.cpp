@@ -24,6 +24,17 @@ void moveTo(const QString &output) {
     }
 }
 
+/// The session manager now and then misses a move of a stream that has just begun.
+bool isMovedTo(const QString &output, SoundMeter &meter) {
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        moveTo(output);
+        if (meter.comesTo(toneLevel, 1500)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 } // namespace
 
 class RouteTest : public QObject {
@@ -104,8 +115,7 @@ void RouteTest::anOutputThatThePersonChoseComesBack() {
     SoundMeter atSecond(second);
     auto player = pulsePlayer();
     QVERIFY(atFirst.comesTo(toneLevel));
-    moveTo(second);
-    QVERIFY(atSecond.comesTo(toneLevel));
+    QVERIFY(isMovedTo(second, atSecond));
     // Twice: as the person has just chosen it, and as the session manager remembers it.
     for (int round = 0; round < 2; ++round) {
         auto route = sound.route(*player);
@@ -119,8 +129,7 @@ void RouteTest::anOutputThatThePersonChoseComesBack() {
         QVERIFY(atSecond.comesTo(toneLevel));
     }
     // So that the next paplay goes by itself again.
-    moveTo(first);
-    QVERIFY(atFirst.comesTo(toneLevel));
+    QVERIFY(isMovedTo(first, atFirst));
 }
 
 void RouteTest::otherProgramsStayOut() {
