@@ -17,7 +17,7 @@ PipeWireAudioSystem::PipeWireAudioSystem(ApplicationFinder find, QObject *parent
     : AudioSystem(parent)
     , m_find(std::move(find))
     , m_graph(m_connection)
-    , m_retired(m_connection, m_graph) {
+    , m_retired(m_graph) {
     connect(&m_graph, &AudioGraph::changed, this, &PipeWireAudioSystem::note);
 }
 

@@ -175,12 +175,14 @@ bool PipeWireConnection::settle(std::chrono::milliseconds limit) {
     return waitFor(limit, [&] { return m_answered == number; });
 }
 
-void PipeWireConnection::passCycle() {
+void PipeWireConnection::passRealTimeThread() {
     const auto nothing = [](spa_loop *, bool, std::uint32_t, const void *, std::size_t, void *) {
         return 0;
     };
-    pw_data_loop_invoke(pw_context_get_data_loop(m_context.get()), nothing, 0, nullptr, 0, true,
-                        nullptr);
+    if (m_context) {
+        pw_data_loop_invoke(pw_context_get_data_loop(m_context.get()), nothing, 0, nullptr, 0, true,
+                            nullptr);
+    }
 }
 
 int PipeWireConnection::ask() {

@@ -40,9 +40,8 @@ public:
     /// Waits until the server has done what it was told so far.
     bool settle(std::chrono::milliseconds limit);
 
-    /// Waits until the real-time thread is between two cycles, so that it sees what was changed
-    /// before. Needs a core.
-    void passCycle();
+    /// Waits until the real-time thread has ended what it does at the moment: some microseconds.
+    void passRealTimeThread();
 
     /// Asks the server to answer; `answered` is emitted with this number when it has.
     int ask();

@@ -1,10 +1,22 @@
 #include "ProcessMove.h"
 
 #include "AudioGraph.h"
+#include "RouteStreams.h"
 
 #include <utility>
 
 namespace perchly {
+
+namespace {
+
+/// What the person wanted: a route's name is left from one that has just ended, or that was killed.
+std::optional<StreamTarget> ofThePerson(const std::optional<StreamTarget> &target) {
+    return target && QLatin1StringView(target->value).startsWith(RouteStreams::namePrefix)
+               ? std::nullopt
+               : target;
+}
+
+} // namespace
 
 ProcessMove::ProcessMove(AudioGraph &graph, AudioObject process, const QString &target)
     : m_graph(graph)
@@ -35,7 +47,7 @@ void ProcessMove::move(std::uint32_t node) {
     if (m_before.contains(node) || !m_graph.metadata().isBound()) {
         return;
     }
-    m_before.insert(node, m_graph.metadata().target(node));
+    m_before.insert(node, ofThePerson(m_graph.metadata().target(node)));
     m_graph.metadata().setTarget(node, m_target);
 }
 
@@ -51,7 +63,7 @@ void ProcessMove::watch(std::uint32_t node) {
         m_before.remove(node);
         Q_EMIT takenOver();
     } else {
-        m_before[node] = target;
+        m_before[node] = ofThePerson(target);
     }
 }
 

@@ -1,7 +1,6 @@
 #include "RetiredStreams.h"
 
 #include "AudioGraph.h"
-#include "PipeWireConnection.h"
 
 namespace perchly {
 
@@ -9,23 +8,17 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto lookInterval = 100ms;
+constexpr auto look = 100ms;
 constexpr auto rest = 400ms;
 constexpr auto limit = 2s;
 
 } // namespace
 
-RetiredStreams::RetiredStreams(PipeWireConnection &connection, const AudioGraph &graph)
-    : m_connection(connection)
+RetiredStreams::RetiredStreams(const AudioGraph &graph, QObject *parent)
+    : QObject(parent)
     , m_graph(graph) {
-    m_timer.setInterval(lookInterval);
-    connect(&m_timer, &QTimer::timeout, this, &RetiredStreams::look);
-    connect(&connection, &PipeWireConnection::lost, this, [this] { m_retired.clear(); });
-    connect(&connection, &PipeWireConnection::answered, this, [this](int number) {
-        for (Retired &retired : m_retired) {
-            retired.isAnswered = retired.isAnswered || retired.question == number;
-        }
-    });
+    m_timer.setInterval(look);
+    connect(&m_timer, &QTimer::timeout, this, &RetiredStreams::drop);
 }
 
 void RetiredStreams::add(std::shared_ptr<RouteStreams> streams) {
@@ -35,24 +28,25 @@ void RetiredStreams::add(std::shared_ptr<RouteStreams> streams) {
     m_timer.start();
 }
 
-void RetiredStreams::look() {
-    std::erase_if(m_retired, [](const Retired &retired) {
-        return retired.isAnswered || (!retired.question && !retired.streams->isIntact());
-    });
-    for (Retired &retired : m_retired) {
-        if (!retired.question && isUnused(retired)) {
-            retired.streams->closeCapture();
-            retired.question = m_connection.ask();
-        }
+bool RetiredStreams::isOver(Retired &retired) const {
+    const auto age = std::chrono::milliseconds(retired.time.elapsed());
+    if (!retired.streams->isIntact() || retired.isUnlinked) {
+        return true;
     }
+    if (age >= limit || (age >= rest && !m_graph.wiring().isFed(retired.streams->captureNode()))) {
+        // Gone from the graph before they go themselves: what the server has to say about that
+        // holds descriptors, which nobody would close afterwards.
+        retired.streams->leaveGraph();
+        retired.isUnlinked = true;
+    }
+    return false;
+}
+
+void RetiredStreams::drop() {
+    std::erase_if(m_retired, [this](Retired &retired) { return isOver(retired); });
     if (m_retired.empty()) {
         m_timer.stop();
     }
-}
-
-bool RetiredStreams::isUnused(const Retired &retired) const {
-    const auto age = std::chrono::milliseconds(retired.time.elapsed());
-    return age >= limit || (age >= rest && !m_graph.wiring().isFed(retired.streams->captureNode()));
 }
 
 } // namespace perchly

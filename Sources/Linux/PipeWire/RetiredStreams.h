@@ -7,22 +7,19 @@
 #include <QTimer>
 
 #include <memory>
-#include <optional>
 #include <vector>
 
 namespace perchly {
 
 class AudioGraph;
-class PipeWireConnection;
 
 /// Keeps the streams of released routes until the session manager has sent the process' own streams
-/// back, so that nothing is lost of what they play, and ends them then one after the other: a
-/// stream that ends while the server still connects it elsewhere never closes the descriptors that
-/// the server sends it. Main thread only.
+/// back, so that nothing is lost of what they play, and for a moment more: a stream that ends while
+/// the server still connects it never closes what the server sends it. Main thread only.
 class RetiredStreams : public QObject {
     Q_OBJECT
 public:
-    RetiredStreams(PipeWireConnection &connection, const AudioGraph &graph);
+    explicit RetiredStreams(const AudioGraph &graph, QObject *parent = nullptr);
 
     void add(std::shared_ptr<RouteStreams> streams);
     [[nodiscard]] bool isEmpty() const { return m_retired.empty(); }
@@ -31,14 +28,12 @@ private:
     struct Retired {
         std::shared_ptr<RouteStreams> streams;
         QElapsedTimer time;
-        std::optional<int> question; ///< put to the server when the first stream had ended
-        bool isAnswered = false;
+        bool isUnlinked = false;
     };
 
-    void look();
-    [[nodiscard]] bool isUnused(const Retired &retired) const;
+    [[nodiscard]] bool isOver(Retired &retired) const;
+    void drop();
 
-    PipeWireConnection &m_connection;
     const AudioGraph &m_graph;
     std::vector<Retired> m_retired;
     QTimer m_timer;

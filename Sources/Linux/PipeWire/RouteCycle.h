@@ -26,8 +26,8 @@ public:
     /// Lets the blocks be called from now on. Until then nothing is captured and silence played.
     void open() { m_isOpen.store(true, std::memory_order_release); }
 
-    /// Whether the output can be told to play; it must not be when it is not set up. After false,
-    /// the real-time thread may use it until the end of its cycle. Main thread.
+    /// Whether the output may be triggered: outside of that it is being made ready by the main
+    /// thread, and a cycle of it would run into that.
     void setOutputRuns(bool runs) { m_outputRuns.store(runs, std::memory_order_release); }
 
     // The real-time thread, when the source has frames, and when the output wants some. They wait

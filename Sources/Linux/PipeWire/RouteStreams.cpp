@@ -32,7 +32,7 @@ RouteStreams::RouteStreams(PipeWireConnection &connection, const QString &uid,
                            const QString &description, std::function<void()> running)
     : m_connection(connection)
     , m_uid(uid)
-    , m_name(QStringLiteral("perchly.") + uid)
+    , m_name(namePrefix + uid)
     , m_description(description)
     , m_running(connection.loop(), std::move(running)) {
     m_cycle.setRunning(&m_running);
@@ -53,6 +53,11 @@ void RouteStreams::setGroups(pw_properties *properties) const {
     set(properties, PW_KEY_NODE_LINK_GROUP, m_uid);
 }
 
+std::unique_ptr<StereoStream> RouteStreams::make(pw_properties *properties,
+                                                 StereoStream::Process process) {
+    return std::make_unique<StereoStream>(m_connection, properties, process);
+}
+
 AudioStatus RouteStreams::openCapture() {
     pw_properties *made = properties(m_name);
     setGroups(made);
@@ -63,8 +68,7 @@ AudioStatus RouteStreams::openCapture() {
     set(made, PW_KEY_PRIORITY_SESSION, QStringLiteral("0"));
     // A stream that is sent to a sink at rest is cut for two cycles.
     set(made, PW_KEY_NODE_ALWAYS_PROCESS, QStringLiteral("true"));
-    m_capture = std::make_unique<StereoStream>(m_connection, made,
-                                               StereoStream::Process{capture, &m_cycle});
+    m_capture = make(made, {capture, &m_cycle});
     const int status = m_capture->open(PW_DIRECTION_INPUT, 0);
     return status < 0 ? status : m_capture->waitUntilMade(openingLimit);
 }
@@ -74,14 +78,14 @@ QString RouteStreams::openPlayback() {
     setGroups(made);
     // The output may rest while nothing is captured.
     set(made, PW_KEY_NODE_PASSIVE, QStringLiteral("true"));
-    m_playback = std::make_unique<StereoStream>(
-        m_connection, made, StereoStream::Process{play, &m_cycle}, [this](bool isRunning) {
-            m_cycle.setOutputRuns(isRunning);
-            if (!isRunning) {
-                m_connection.passCycle();
-            }
-        });
+    m_playback = make(made, {play, &m_cycle});
     m_cycle.setOutput(m_playback->handle());
+    m_playback->whenStreaming([this](bool isStreaming) {
+        m_cycle.setOutputRuns(isStreaming);
+        if (!isStreaming) {
+            m_connection.passRealTimeThread();
+        }
+    });
     int status =
         m_playback->open(PW_DIRECTION_OUTPUT, PW_STREAM_FLAG_AUTOCONNECT | PW_STREAM_FLAG_TRIGGER);
     if (status == 0) {
@@ -94,6 +98,14 @@ QString RouteStreams::openPlayback() {
                                ? QString::fromLocal8Bit(std::strerror(-status))
                                : m_playback->error();
     return QStringLiteral("The audio output cannot be opened: %1.").arg(reason);
+}
+
+void RouteStreams::leaveGraph() {
+    for (StereoStream *stream : {m_capture.get(), m_playback.get()}) {
+        if (stream != nullptr && stream->handle() != nullptr) {
+            pw_stream_set_active(stream->handle(), false);
+        }
+    }
 }
 
 void RouteStreams::rest() {

@@ -17,6 +17,9 @@ class PipeWireConnection;
 /// what it captured to the default output within the same cycle. Main thread only.
 class RouteStreams {
 public:
+    /// What the names of all routes' nodes begin with.
+    static constexpr QLatin1StringView namePrefix{"perchly."};
+
     /// The identifier is the route's own, the description for the person. Tells once when the two
     /// run, from within a callback of the connection. Needs a connection.
     RouteStreams(PipeWireConnection &connection, const QString &uid, const QString &description,
@@ -31,11 +34,11 @@ public:
     /// The same. Empty when it plays, else why not.
     [[nodiscard]] QString openPlayback();
 
+    /// Takes both ends out of the graph; nothing is captured or played any more.
+    void leaveGraph();
+
     /// Lets the sink stop whenever nothing is sent there. Until then it runs all the time.
     void rest();
-
-    /// Ends the sink; the other end stays silent until this goes.
-    void closeCapture() { m_capture->close(); }
 
     /// The sink's, by which streams are sent there.
     [[nodiscard]] QString name() const { return m_name; }
@@ -47,6 +50,8 @@ public:
 private:
     [[nodiscard]] pw_properties *properties(const QString &name) const;
     void setGroups(pw_properties *properties) const;
+    [[nodiscard]] std::unique_ptr<StereoStream> make(pw_properties *properties,
+                                                     StereoStream::Process process);
 
     PipeWireConnection &m_connection;
     QString m_uid;

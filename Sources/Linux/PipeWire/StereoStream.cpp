@@ -6,7 +6,6 @@
 
 #include <array>
 #include <cerrno>
-#include <utility>
 
 namespace perchly {
 
@@ -14,14 +13,11 @@ struct StereoStream::Callbacks {
     static void stateChanged(void *data, pw_stream_state before, pw_stream_state state,
                              const char *error) {
         auto &self = *static_cast<StereoStream *>(data);
+        self.setStreaming(state == PW_STREAM_STATE_STREAMING);
         if (state == PW_STREAM_STATE_ERROR ||
             (state == PW_STREAM_STATE_UNCONNECTED && before != PW_STREAM_STATE_UNCONNECTED)) {
             self.m_isIntact = false;
             self.m_error = QString::fromUtf8(error);
-        }
-        if (self.m_running &&
-            (state == PW_STREAM_STATE_STREAMING || before == PW_STREAM_STATE_STREAMING)) {
-            self.m_running(state == PW_STREAM_STATE_STREAMING);
         }
     }
 
@@ -35,10 +31,9 @@ struct StereoStream::Callbacks {
 };
 
 StereoStream::StereoStream(PipeWireConnection &connection, pw_properties *properties,
-                           Process process, RunningHandler running)
+                           Process process)
     : m_connection(connection)
-    , m_process(process)
-    , m_running(std::move(running)) {
+    , m_process(process) {
     if (connection.core() == nullptr) {
         pw_properties_free(properties);
         return;
@@ -82,8 +77,18 @@ int StereoStream::waitUntilMade(std::chrono::milliseconds limit) {
     return isIntact() ? 0 : -EIO;
 }
 
+void StereoStream::setStreaming(bool isStreaming) {
+    if (isStreaming != m_isStreaming) {
+        m_isStreaming = isStreaming;
+        if (m_told) {
+            m_told(isStreaming);
+        }
+    }
+}
+
 void StereoStream::close() {
     m_isIntact = false;
+    setStreaming(false);
     m_stream.reset();
 }
 

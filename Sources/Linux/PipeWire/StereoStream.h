@@ -23,12 +23,8 @@ public:
         void *data = nullptr;
     };
 
-    /// Told when the stream begins to run, and before its set-up is taken back.
-    using RunningHandler = std::function<void(bool isRunning)>;
-
     /// Takes the properties.
-    StereoStream(PipeWireConnection &connection, pw_properties *properties, Process process,
-                 RunningHandler running = {});
+    StereoStream(PipeWireConnection &connection, pw_properties *properties, Process process);
     ~StereoStream() override;
 
     /// 0, or a negative error number. The server is not waited for.
@@ -44,20 +40,26 @@ public:
     [[nodiscard]] bool isIntact() const { return m_stream && m_isIntact; }
     /// The node's number in the graph; SPA_ID_INVALID without one.
     [[nodiscard]] std::uint32_t node() const;
+    /// Told whether the stream is to be processed, whenever that changes. What is told is true
+    /// until the function has returned.
+    void whenStreaming(std::function<void(bool isStreaming)> told) { m_told = std::move(told); }
     /// Null when it is closed.
     [[nodiscard]] pw_stream *handle() const { return m_stream.get(); }
 
 private:
     struct Callbacks;
 
+    void setStreaming(bool isStreaming);
+
     PipeWireConnection &m_connection;
     Process m_process;
-    RunningHandler m_running;
     StreamPointer m_stream;
     pw_stream *m_handle = nullptr; ///< for the real-time thread; set once
     spa_hook m_listener{};
     QString m_error;
     bool m_isIntact = true;
+    bool m_isStreaming = false;
+    std::function<void(bool)> m_told;
 };
 
 } // namespace perchly

@@ -234,7 +234,7 @@ void RouteTest::thePersonsOwnMoveEndsTheRoute() {
     SoundMeter atSecond(second);
     const auto player = pulsePlayer();
     const auto route = sound.route(*player);
-    QTest::qWait(500);
+    QTest::qWait(1500);
     moveTo(second);
     QTRY_VERIFY(!route->isRunning());
     route->stop();
