@@ -144,7 +144,7 @@ void SoundServerTest::aRestartOfTheServerLosesTheRoutesAndBringsTheListBack() {
         soundSystem("start");
         soundSystem("wait");
         QTRY_VERIFY(sound.system.processes());
-        QCOMPARE(sound.system.defaultOutput(), output);
+        QTRY_COMPARE(sound.system.defaultOutput(), output);
         player = nativePlayer();
         SoundMeter meter(first);
         const auto again = sound.route(*player);
