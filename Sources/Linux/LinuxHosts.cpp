@@ -2,8 +2,11 @@
 
 #include "AutostartLoginItem.h"
 #include "BusPlayerNotifications.h"
+#include "BusPowerSources.h"
+#include "CalendarQuestion.h"
 #include "CanberraAlertSound.h"
 #include "Companion.h"
+#include "CompanionCalendarStore.h"
 #include "DBusSingleInstance.h"
 #include "DefaultMusicPlayer.h"
 #include "DesktopCatalog.h"
@@ -14,6 +17,8 @@
 #include "NullHosts.h"
 #include "PipeWireAudioSystem.h"
 #include "PortalMotion.h"
+#include "ProcessQuickLook.h"
+#include "ProcessScreenCapture.h"
 #include "ProcessScriptHost.h"
 #include "ProcessShortcutsTool.h"
 #include "QtClock.h"
@@ -93,7 +98,21 @@ Hosts nullHosts() {
     hosts.pasteboard = std::make_unique<NullPasteboard>();
     hosts.shortcuts = std::make_unique<NullShortcutsTool>();
     hosts.fileServices = std::make_unique<NullFileServices>();
+    hosts.calendars = std::make_unique<NullCalendarStore>();
+    hosts.power = std::make_unique<NullPowerSources>();
+    hosts.screenCapture = std::make_unique<NullScreenCapture>();
+    hosts.quickLook = std::make_unique<NullQuickLook>();
     return hosts;
+}
+
+std::unique_ptr<CalendarStore> calendarStore() {
+    const QString program = findCompanion(QStringLiteral("perchly-calendarreader"));
+    if (program.isEmpty()) {
+        tellOnce("perchly-calendarreader is not installed: meetings are missing");
+    }
+    const bool canAsk = QGuiApplication::platformName() == QStringLiteral("xcb");
+    return std::make_unique<CompanionCalendarStore>(program, CalendarConsent::defaultPath(),
+                                                    canAsk ? askForCalendars : nullptr);
 }
 
 void addDesktop(Hosts &hosts) {
@@ -114,6 +133,8 @@ void addDesktop(Hosts &hosts) {
     hosts.shortcuts = companion<ProcessShortcutsTool>(
         "perchly-shortcuts", "perchly-shortcuts is not installed: shortcuts are missing");
     hosts.fileServices = std::make_unique<GioFileServices>(notices);
+    hosts.calendars = calendarStore();
+    hosts.power = std::make_unique<BusPowerSources>();
     hosts.playerNotifications = std::make_unique<BusPlayerNotifications>();
     hosts.musicPlayer = std::make_unique<DefaultMusicPlayer>(*hosts.applications);
     hosts.audio = std::make_unique<PipeWireAudioSystem>(findRunningApplication);
@@ -131,6 +152,10 @@ void addWindowSystem(Hosts &hosts) {
     hosts.hotKeys = std::make_unique<X11HotKeys>();
     hosts.openPanel = std::make_unique<QtOpenPanel>();
     hosts.pasteboard = std::make_unique<X11Pasteboard>();
+    hosts.screenCapture = companion<ProcessScreenCapture>(
+        "perchly-screencapture", "perchly-screencapture is not installed: captures are missing");
+    hosts.quickLook = companion<ProcessQuickLook>(
+        "perchly-preview", "perchly-preview is not installed: previews are missing");
 }
 
 } // namespace

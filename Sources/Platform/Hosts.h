@@ -4,6 +4,7 @@
 #include "ApplicationCatalog.h"
 #include "Applications.h"
 #include "AudioSystem.h"
+#include "CalendarStore.h"
 #include "Clock.h"
 #include "Displays.h"
 #include "FileServices.h"
@@ -17,7 +18,10 @@
 #include "Pasteboard.h"
 #include "PlayerNotifications.h"
 #include "PointerMonitor.h"
+#include "PowerSources.h"
 #include "Preferences.h"
+#include "QuickLook.h"
+#include "ScreenCapture.h"
 #include "ScriptHost.h"
 #include "ShortcutsTool.h"
 #include "StatusItem.h"
@@ -50,6 +54,10 @@ struct Hosts {
     std::unique_ptr<AudioSystem> audio;
     std::unique_ptr<ShortcutsTool> shortcuts;
     std::unique_ptr<FileServices> fileServices;
+    std::unique_ptr<CalendarStore> calendars;
+    std::unique_ptr<PowerSources> power;
+    std::unique_ptr<ScreenCapture> screenCapture;
+    std::unique_ptr<QuickLook> quickLook;
 };
 
 } // namespace perchly

@@ -1,13 +1,12 @@
+#include "DocumentFuzz.h"
 #include "FakeHosts.h"
 #include "PreferenceKeys.h"
 #include "Productivity.h"
 #include "TestRegistry.h"
 
-#include <QElapsedTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QRandomGenerator>
 #include <QTest>
 
 namespace perchly {
@@ -151,45 +150,7 @@ private Q_SLOTS:
         QCOMPARE(Productivity(fixture.fake.hosts).layouts().size(), 1);
     }
 
-    /// PERCHLY_FUZZ_SECONDS makes it longer.
-    void noDocumentBreaksTheDecoder() {
-        const int seconds = qEnvironmentVariableIntValue("PERCHLY_FUZZ_SECONDS");
-        const qint64 span = seconds > 0 ? seconds * 1000LL : 300;
-        const auto seed = QRandomGenerator::global()->generate();
-        QRandomGenerator random(seed);
-        const QByteArray alphabet("[]{}\",:\\0123456789eE.-+tfn\0\xff\xc3 \n", 34);
-        const auto below = [&random](qsizetype bound) {
-            return qsizetype(random.bounded(int(bound)));
-        };
-        QElapsedTimer timer;
-        timer.start();
-        int accepted = 0;
-        for (int round = 0; timer.elapsed() < span; ++round) {
-            QByteArray content = document;
-            for (qsizetype edits = 1 + below(4); edits > 0 && !content.isEmpty(); --edits) {
-                const qsizetype at = below(content.size());
-                switch (random.bounded(4)) {
-                case 0:
-                    content[at] = alphabet.at(below(alphabet.size()));
-                    break;
-                case 1:
-                    content.remove(at, 1 + below(30));
-                    break;
-                case 2:
-                    content.insert(at, content.mid(below(content.size()), below(60)));
-                    break;
-                default:
-                    content.insert(at, QByteArray(1 + below(2000), alphabet.at(below(4))));
-                }
-            }
-            if (const auto layouts = decodeLayouts(content)) {
-                ++accepted;
-                QVERIFY2(decodeLayouts(encodeLayouts(*layouts)) == layouts,
-                         qPrintable(QStringLiteral("seed %1").arg(seed)));
-            }
-        }
-        QVERIFY2(accepted > 0, "nothing that was tried is a document");
-    }
+    void noDocumentBreaksTheDecoder() { fuzzDecoder(document, decodeLayouts, encodeLayouts); }
 };
 
 static const RegisteredTest<SavedLayoutsTest> registered;

@@ -1,5 +1,6 @@
 // Another program from which files and links are dragged: a window at (100, 550) that offers to
-// copy or to move them, and says on standard output which of the two it was told.
+// copy or to move them, and says on standard output which of the two it was told. Its arguments are
+// what it offers; without any, it is a bit of everything.
 
 #include <QApplication>
 #include <QDrag>
@@ -11,14 +12,19 @@
 
 namespace {
 
+QList<QUrl> someOfAll() {
+    return {QUrl::fromLocalFile(QStringLiteral("/etc/hosts")),
+            QUrl::fromLocalFile(QStringLiteral("/etc")),
+            QUrl(QStringLiteral("https://example.org/page")),
+            QUrl(QStringLiteral("ftp://example.org/file"))};
+}
+
 class Source : public QWidget {
 protected:
     void mousePressEvent(QMouseEvent *) override {
         auto *held = new QMimeData;
-        held->setUrls({QUrl::fromLocalFile(QStringLiteral("/etc/hosts")),
-                       QUrl::fromLocalFile(QStringLiteral("/etc")),
-                       QUrl(QStringLiteral("https://example.org/page")),
-                       QUrl(QStringLiteral("ftp://example.org/file"))});
+        const QStringList given = QApplication::arguments().sliced(1);
+        held->setUrls(given.isEmpty() ? someOfAll() : QUrl::fromStringList(given));
         auto *drag = new QDrag(this);
         drag->setMimeData(held);
         const Qt::DropAction action = drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);

@@ -35,6 +35,10 @@ FakeHosts::FakeHosts()
     , pasteboard(install<FakePasteboard>(hosts.pasteboard))
     , audio(install<FakeAudioSystem>(hosts.audio))
     , shortcuts(install<FakeShortcutsTool>(hosts.shortcuts))
-    , fileServices(install<FakeFileServices>(hosts.fileServices)) {}
+    , fileServices(install<FakeFileServices>(hosts.fileServices))
+    , calendars(install<FakeCalendarStore>(hosts.calendars))
+    , power(install<FakePowerSources>(hosts.power))
+    , screenCapture(install<FakeScreenCapture>(hosts.screenCapture))
+    , quickLook(install<FakeQuickLook>(hosts.quickLook)) {}
 
 } // namespace perchly

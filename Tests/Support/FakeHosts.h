@@ -2,13 +2,17 @@
 
 #include "FakeApplicationCatalog.h"
 #include "FakeAudio.h"
+#include "FakeCalendarStore.h"
 #include "FakeClock.h"
 #include "FakeFileServices.h"
 #include "FakeLoginItem.h"
 #include "FakeOpenPanel.h"
 #include "FakePasteboard.h"
 #include "FakePlatform.h"
+#include "FakePowerSources.h"
 #include "FakePreferences.h"
+#include "FakeQuickLook.h"
+#include "FakeScreenCapture.h"
 #include "FakeScriptHost.h"
 #include "FakeShortcutsTool.h"
 #include "Hosts.h"
@@ -42,6 +46,10 @@ struct FakeHosts {
     FakeAudioSystem &audio;
     FakeShortcutsTool &shortcuts;
     FakeFileServices &fileServices;
+    FakeCalendarStore &calendars;
+    FakePowerSources &power;
+    FakeScreenCapture &screenCapture;
+    FakeQuickLook &quickLook;
 };
 
 } // namespace perchly

@@ -92,7 +92,10 @@ public:
 
 class FakeApplications : public Applications {
 public:
-    void open(const QString &path, Completion) override { opened.append(path); }
+    void open(const QString &path, Completion completion) override {
+        opened.append(path);
+        asked.append({QUrl::fromLocalFile(path), std::move(completion)});
+    }
     QImage icon(const QString &path, int side) override {
         if (path.startsWith(QStringLiteral("/gone/"))) {
             return {};
@@ -101,10 +104,14 @@ public:
         picture.fill(Qt::red);
         return picture;
     }
-    void openUrl(const QUrl &url, Completion) override { openedUrls.append(url); }
+    void openUrl(const QUrl &url, Completion completion) override {
+        openedUrls.append(url);
+        asked.append({url, std::move(completion)});
+    }
 
     QStringList opened;
     QList<QUrl> openedUrls;
+    QList<std::pair<QUrl, Completion>> asked; ///< of both kinds, in order
 };
 
 class FakeMotion : public Motion {

@@ -148,6 +148,14 @@ QStringList ShelfFixture::takeCalls() {
     return std::exchange(m_shell.calls, {});
 }
 
+QStringList ShelfFixture::takeOpened() {
+    QStringList opened;
+    for (const auto &[url, completion] : std::exchange(m_fakes.applications.asked, {})) {
+        opened.append(url.toString(QUrl::FullyEncoded));
+    }
+    return opened;
+}
+
 QStringList ShelfFixture::accessibleWithin(QQuickItem *item) {
     QStringList found;
     visit(QAccessible::queryAccessibleInterface(item->window()), [&](QAccessibleInterface &thing) {

@@ -22,6 +22,7 @@ public:
     void showTools() override { calls.append(QStringLiteral("showTools")); }
     void showMixer() override { calls.append(QStringLiteral("showMixer")); }
     void showSearch() override { calls.append(QStringLiteral("showSearch")); }
+    void clearScreen() override { calls.append(QStringLiteral("clearScreen")); }
     void launch(const QString &id) override { calls.append(QStringLiteral("launch ") + id); }
     void terminate() override { calls.append(QStringLiteral("terminate")); }
     void toggleKeyboardOpen() override { calls.append(QStringLiteral("toggleKeyboardOpen")); }
@@ -94,6 +95,8 @@ public:
     Q_INVOKABLE bool choosingWidget() const { return m_model.choosingWidget(); }
     Q_INVOKABLE void advance(int seconds);
 
+    /// What the desktop was asked to open since the last call, an application by its entry's file.
+    Q_INVOKABLE QStringList takeOpened();
     /// The text on the clipboard.
     Q_INVOKABLE QString copied() const { return m_fakes.pasteboard.offered.text; }
 
@@ -121,8 +124,8 @@ private:
     ShelfPreferences m_preferences;
     ShelfLibrary m_library;
     Productivity m_productivity;
-    ShelfExtras m_extras;
     RecordingShell m_shell;
+    ShelfExtras m_extras{m_fakes.hosts, &m_shell};
     DisplayPreferences m_displayPreferences;
     QStringList m_commands;
 };

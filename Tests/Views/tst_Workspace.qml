@@ -21,6 +21,7 @@ TestCase {
             height: root.height,
             library: root.fixture.library,
             model: root.fixture.model,
+            preferences: root.fixture.preferences,
             tools: root.fixture.productivity,
             width: root.width
         }) as ProductivityView;
@@ -66,7 +67,9 @@ TestCase {
 
     function test_aSection_data() {
         return [
-            { tag: "Search", texts: ["Heading: Search"] },
+            { tag: "Search", texts: [
+                "EditableText: Search apps, notes, clipboard, and files", "Heading: Apps",
+                "Heading: Clipboard", "Heading: Pinned snippets", "Heading: Held files and links"] },
             { tag: "Files", texts: [
                 "StaticText: Drop files, images, or links here. Drag them into another app when you need them.",
                 "Button: Add files…", "EditableText: https://…", "Button: Add link", "Button: Clear",
@@ -83,8 +86,22 @@ TestCase {
                 "Heading: Run your Apple Shortcuts", "Button: Refresh",
                 "StaticText: Shortcuts run their configured actions, including any app permissions they request.",
                 "Button: Open folder"] },
-            { tag: "Snippets", texts: ["Heading: Snippets"] },
-            { tag: "anything else", texts: ["Heading: anything else"] }
+            { tag: "Meetings", texts: [
+                "Button: Connect Calendar", "Button: Refresh",
+                "StaticText: Connect Calendar to see upcoming meetings.", "List: Meetings"] },
+            { tag: "Launch", texts: [
+                "EditableText: Workspace name", "Button: Save current",
+                "StaticText: Save visible shelf apps together with the files and links currently in your tray."] },
+            { tag: "Snippets", texts: [
+                "EditableText: New snippet", "Button: Pin", "CheckBox: Keep pinned snippets after quitting",
+                "StaticText: Only pinned text is saved when enabled. Clipboard history stays in memory."] },
+            { tag: "Focus", texts: [
+                "SpinBox: Focus: 25 minutes", "SpinBox: Break: 5 minutes", "StaticText: 00:00",
+                "Button: Start focus", "Button: Start break", "Button: Resume", "Button: End",
+                "StaticText: Today: 0 focus sessions · 0 minutes"] },
+            { tag: "anything else", texts: [
+                "Button: Refresh battery", "Button: Capture screen region",
+                "StaticText: Drag to select a region. Escape cancels. Captures appear in Files for preview, copying, and dragging."] }
         ];
     }
 
@@ -157,6 +174,126 @@ TestCase {
         keyClick(Qt.Key_Return);
         root.settle();
         verify(root.focusedOn("Add files…"));
+    }
+
+    function type(text: string) {
+        for (const letter of text) {
+            keyClick(letter);
+        }
+        root.settle();
+    }
+
+    function test_searchByKeyboardAlone() {
+        const tools = root.fixture.productivity;
+        root.fixture.prefer("quickNote", "Buy milk");
+        root.show("Files");
+        root.show("Search");
+        verify(root.fixture.install(["Mail", "Ma-il", "Mahjongg"]));
+        root.settle();
+        root.type("MA");
+        root.expectInOrder(["Heading: Clipboard", "ListItem: Mail", "ListItem: Ma-il", "ListItem: Mahjongg"]);
+        verify(root.everything().indexOf("EditableText: Quick note") < 0);
+        keyClick(Qt.Key_Return);
+        compare(root.fixture.takeOpened(), ["file:///apps/Mail"]);
+        keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_Down);
+        verify(root.focusedOn("Ma-il"));
+        keyClick(Qt.Key_Return);
+        compare(root.fixture.takeOpened(), ["file:///apps/Ma-il"]);
+        // What comes meanwhile leaves the keyboard where it is; typing goes on in the field.
+        tools.hold(["https://mail.example/"]);
+        root.fixture.library.refresh();
+        verify(root.fixture.install(["Mac", "Mail", "Ma-il"]));
+        root.settle();
+        verify(root.focusedOn("Ma-il"));
+        keyClick(Qt.Key_Down);
+        verify(root.focusedOn("https://mail.example/"));
+        keyClick(Qt.Key_Space);
+        compare(root.fixture.takeOpened(), ["https://mail.example/"]);
+        root.type("c");
+        keyClick(Qt.Key_Return);
+        compare(root.fixture.takeOpened(), ["file:///apps/Mac"]);
+        root.type("zz");
+        keyClick(Qt.Key_Return);
+        compare(root.fixture.takeOpened(), []);
+        keyClick(Qt.Key_Escape);
+        root.settle();
+        root.expectInOrder(["Heading: Quick note"]);
+        root.expectInOrder(["EditableText: Quick note"]);
+        root.show("Launch");
+        root.show("Search");
+        root.type("milk");
+        for (let step = 0; step < 9 && root.Window.activeFocusItem?.["text"] !== "Buy milk"; ++step) {
+            keyClick(Qt.Key_Tab);
+        }
+        keyClick(Qt.Key_End);
+        root.type("y");
+        compare(root.fixture.stored("quickNote"), "Buy milky");
+    }
+
+    function test_aSearchCopiesClipsAndSnippets() {
+        root.fixture.extras.pin("pinned text");
+        root.show("Launch");
+        root.show("Search");
+        root.press("pinned text");
+        compare(root.fixture.copied(), "pinned text");
+    }
+
+    function test_groupsAndSnippetsAreMadeUsedAndRemoved() {
+        root.fixture.fill([], ["one"]);
+        root.fixture.productivity.hold(["https://example.org/x"]);
+        root.show("Launch");
+        root.view.drafts.groupName = "  ";
+        root.show("Snippets");
+        root.show("Launch");
+        root.press("Save current");
+        compare(root.fixture.extras.groups.length, 0);
+        root.view.drafts.groupName = " Day ";
+        root.show("Snippets");
+        root.show("Launch");
+        root.press("Save current");
+        compare(root.view.drafts.groupName, "");
+        root.expectInOrder(["ListItem: Day", "StaticText: one, https://example.org/x", "Button: Launch", "Button: Delete"]);
+        root.press("Launch");
+        compare(root.fixture.takeOpened(), ["file:///apps/one", "https://example.org/x"]);
+        root.press("Delete");
+        compare(root.fixture.extras.groups.length, 0);
+        root.view.drafts.snippet = " ";
+        root.show("Snippets");
+        root.press("Pin");
+        root.press("Keep pinned snippets after quitting");
+        compare(root.fixture.stored("persistSnippets"), true);
+        root.expectInOrder(["ListItem:  ", "Button: Copy", "Button: Remove"]);
+        root.press("Copy");
+        compare(root.fixture.copied(), " ");
+        root.press("Remove");
+        compare(root.fixture.extras.snippets.length, 0);
+    }
+
+    function test_theFocusTimerIsSetAndRun() {
+        root.fixture.prefer("focusMinutes", 179);
+        root.fixture.prefer("breakMinutes", 2);
+        root.show("Focus");
+        for (let step = 0; step < 9 && root.Window.activeFocusItem?.["text"] !== "Focus: 179 minutes"; ++step) {
+            keyClick(Qt.Key_Tab);
+        }
+        keyClick(Qt.Key_Up);
+        keyClick(Qt.Key_Up);
+        compare(root.fixture.stored("focusMinutes"), 180);
+        keyClick(Qt.Key_Tab);
+        keyClick(Qt.Key_Left);
+        keyClick(Qt.Key_Left);
+        compare(root.fixture.stored("breakMinutes"), 1);
+        root.press("Start break");
+        root.expectInOrder(["StaticText: 01:00", "Button: Pause"]);
+        root.press("Start focus");
+        verify(root.fixture.model.quietFocus);
+        root.expectInOrder(["StaticText: 180:00"]);
+        root.fixture.advance(61);
+        root.press("Pause");
+        root.expectInOrder(["StaticText: 178:59", "Button: Resume"]);
+        root.press("End");
+        root.expectInOrder(["StaticText: 00:00"]);
     }
 
     function focusedOn(label: string): bool {

@@ -124,6 +124,17 @@ Task NullShortcutsTool::execute(const QStringList &, Completion completion) {
     return std::make_unique<Answer>([completion = std::move(completion)] { completion({}); });
 }
 
+Task NullCalendarStore::requestAccess(AccessCompletion completion) {
+    return std::make_unique<perchly::Answer>([completion = std::move(completion)] {
+        completion({.error = QStringLiteral("There are no calendars here.")});
+    });
+}
+
+Task NullCalendarStore::events(Clock::TimePoint, Clock::TimePoint, EventsCompletion completion) {
+    return std::make_unique<perchly::Answer>(
+        [completion = std::move(completion)] { completion({}); });
+}
+
 void NullShortcutsTool::prepareFolder(FolderCompletion completion) {
     answerLater(m_receiver, std::move(completion),
                 QStringLiteral("There is no folder for shortcuts here."));
@@ -141,6 +152,14 @@ void NullFileServices::findShareTargets(const QUrl &, TargetsCompletion completi
 void NullFileServices::share(const QUrl &, const QString &, Completion completion) {
     answerLater(m_receiver, std::move(completion),
                 QStringLiteral("There is nothing to share with here."));
+}
+
+void NullPowerSources::read(Completion completion) {
+    answerLater(*this, std::move(completion), Reading());
+}
+
+Task NullScreenCapture::captureRegion(const QString &, Completion completion) {
+    return std::make_unique<Answer>([completion = std::move(completion)] { completion(-1); });
 }
 
 } // namespace perchly

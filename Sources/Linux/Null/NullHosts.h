@@ -192,6 +192,37 @@ private:
     QObject m_receiver;
 };
 
+/// No calendars, and nobody to ask for them.
+class NullCalendarStore : public CalendarStore {
+public:
+    using CalendarStore::CalendarStore;
+
+    [[nodiscard]] CalendarAccess access() const override { return CalendarAccess::NotAsked; }
+    [[nodiscard]] Task requestAccess(AccessCompletion completion) override;
+    [[nodiscard]] Task events(Clock::TimePoint, Clock::TimePoint,
+                              EventsCompletion completion) override;
+};
+
+/// Nothing is known of what powers the machine.
+class NullPowerSources : public PowerSources {
+public:
+    using PowerSources::PowerSources;
+
+    void read(Completion completion) override;
+};
+
+/// No screen to capture.
+class NullScreenCapture : public ScreenCapture {
+public:
+    [[nodiscard]] Task captureRegion(const QString &, Completion completion) override;
+};
+
+/// No window to show anything in.
+class NullQuickLook : public QuickLook {
+public:
+    void look(const QList<QUrl> &, qsizetype, Manner) override {}
+};
+
 /// Every instance is the only one.
 class NullSingleInstance : public SingleInstance {
 public:

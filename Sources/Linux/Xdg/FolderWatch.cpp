@@ -20,15 +20,12 @@ constexpr unsigned gone = IN_DELETE_SELF | IN_MOVE_SELF;
 constexpr unsigned ofEntries = IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_MOVE | IN_ATTRIB | gone;
 constexpr unsigned onTheWay = IN_CREATE | IN_MOVED_TO | gone;
 
-bool isEntry(const std::string &name) {
-    return !name.starts_with('.') && name.ends_with(".desktop");
-}
-
 } // namespace
 
-FolderWatch::FolderWatch(std::function<void()> changed)
+FolderWatch::FolderWatch(std::function<void()> changed, std::string ending)
     : m_descriptor(inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
     , m_changed(std::move(changed))
+    , m_ending(std::move(ending))
     , m_notifier(m_descriptor, QSocketNotifier::Read) {
     m_notifier.setEnabled(m_descriptor >= 0);
     QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier,
@@ -124,9 +121,10 @@ bool FolderWatch::matters(int watch, unsigned mask, const std::string &name) {
     if ((mask & (gone | IN_IGNORED)) != 0) {
         return true;
     }
+    const bool file = !name.starts_with('.') && name.ends_with(m_ending);
     const bool folder = (mask & IN_ISDIR) != 0 && !name.starts_with('.');
     // A link to a folder is no folder to the kernel, so whatever appears counts.
-    const bool inside = folder || isEntry(name) || (mask & (IN_CREATE | IN_DELETE | IN_MOVE)) != 0;
+    const bool inside = folder || file || (mask & (IN_CREATE | IN_DELETE | IN_MOVE)) != 0;
     return (found->second.folder && inside) || found->second.awaited.contains(name);
 }
 

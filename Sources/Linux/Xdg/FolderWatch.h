@@ -12,7 +12,7 @@
 
 namespace perchly {
 
-/// Tells when desktop entries come, change or go in a set of folders, by the kernel's own events:
+/// Tells when files of one kind come, change or go in a set of folders, by the kernel's own events:
 /// silent while nothing happens. A folder that is not there is waited for. Where the kernel allows
 /// no more watches, changes go unnoticed.
 ///
@@ -21,7 +21,8 @@ namespace perchly {
 class FolderWatch {
 public:
     /// Called when it was quiet for a moment after a change, or has not been for a while.
-    explicit FolderWatch(std::function<void()> changed);
+    /// What other files than those with this ending hold does not matter.
+    explicit FolderWatch(std::function<void()> changed, std::string ending = ".desktop");
     ~FolderWatch();
     FolderWatch(const FolderWatch &) = delete;
     FolderWatch &operator=(const FolderWatch &) = delete;
@@ -34,7 +35,7 @@ public:
 
 private:
     struct Watched {
-        bool folder = false;                ///< of desktop entries, not only on the way to one
+        bool folder = false;                ///< of such files, not only on the way to one
         std::set<std::string> awaited = {}; ///< names of folders that are not there yet
     };
 
@@ -44,6 +45,7 @@ private:
 
     const int m_descriptor;
     std::function<void()> m_changed;
+    const std::string m_ending;
     QSocketNotifier m_notifier;
     QTimer m_quiet;
     QTimer m_limit;

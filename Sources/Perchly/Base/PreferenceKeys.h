@@ -32,4 +32,8 @@ inline constexpr QLatin1StringView favoritesOnly("favoritesOnly");
 
 inline constexpr QLatin1StringView savedLayouts("savedLayouts");
 
+inline constexpr QLatin1StringView launchGroups("launchGroups");
+inline constexpr QLatin1StringView persistSnippets("persistSnippets");
+inline constexpr QLatin1StringView pinnedSnippets("pinnedSnippets");
+
 } // namespace perchly::keys

@@ -22,6 +22,8 @@ public:
     Q_INVOKABLE virtual void showMixer() = 0;
     /// showTools() on the section "Search".
     Q_INVOKABLE virtual void showSearch() = 0;
+    /// Hides the workspace window and collapses the shelf, for a capture of the screen.
+    Q_INVOKABLE virtual void clearScreen() = 0;
     /// Runs the shortcut or opens the application that the shelf's entry with that identifier
     /// stands for; nothing for a widget.
     Q_INVOKABLE virtual void launch(const QString &id) = 0;

@@ -17,4 +17,8 @@ bool matchesSearch(const QString &text, const QString &search) {
     return folded(text).contains(folded(search));
 }
 
+QString foldedForSearch(const QString &text) {
+    return QLocale().toLower(text.normalized(QString::NormalizationForm_C)).toCaseFolded();
+}
+
 } // namespace perchly

@@ -1,8 +1,12 @@
 #pragma once
 
+#include <QByteArray>
+#include <QList>
 #include <QObject>
 #include <QString>
 #include <QUuid>
+
+#include <optional>
 
 namespace perchly {
 
@@ -17,5 +21,12 @@ public:
 
     bool operator==(const Snippet &) const = default;
 };
+
+/// The stored form: a JSON array of objects in UTF-8, one for each snippet in order.
+[[nodiscard]] QByteArray encodeSnippets(const QList<Snippet> &snippets);
+
+/// Nothing when the document is not such an array, or one element lacks a field or has one of
+/// another type. Unknown fields are ignored.
+[[nodiscard]] std::optional<QList<Snippet>> decodeSnippets(const QByteArray &document);
 
 } // namespace perchly

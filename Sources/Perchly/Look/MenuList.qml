@@ -39,6 +39,35 @@ Item {
     onHeightChanged: root.closed()
     onWidthChanged: root.closed()
 
+    // A menu goes with its window, and when something else takes the keyboard.
+    Connections {
+        target: root.Window.window
+
+        function onActiveChanged() {
+            if (!root.Window.active) {
+                root.closed();
+            }
+        }
+        function onActiveFocusItemChanged() {
+            settling.restart();
+        }
+        function onVisibleChanged() {
+            root.closed();
+        }
+    }
+
+    // On its way to another item the focus is nowhere.
+    Timer {
+        id: settling
+
+        interval: 0
+        onTriggered: {
+            if (root.Window.active && !list.activeFocus) {
+                root.closed();
+            }
+        }
+    }
+
     MouseArea {
         acceptedButtons: Qt.AllButtons
         anchors.fill: parent
@@ -86,6 +115,7 @@ Item {
             keyNavigationEnabled: false
             model: root.options
 
+            Keys.onBacktabPressed: root.closed()
             Keys.onDownPressed: list.incrementCurrentIndex()
             Keys.onEnterPressed: root.chosen(list.currentIndex)
             Keys.onEscapePressed: root.closed()

@@ -45,6 +45,7 @@ PressButton {
     Keys.onDownPressed: root.show()
     Keys.onUpPressed: root.show()
     onActivated: root.show()
+    onCurrentIndexChanged: root.close()
     onVisibleChanged: list.active = false
 
     RoundedRect {

@@ -13,6 +13,12 @@ Item {
         view.contentY = 0;
     }
 
+    /// Brings what is inside into view, once it has its place.
+    function reveal(item: Item) {
+        revealing.item = item;
+        revealing.restart();
+    }
+
     implicitHeight: column.implicitHeight
     implicitWidth: column.implicitWidth
 
@@ -35,6 +41,14 @@ Item {
 
             width: view.width
         }
+    }
+    Timer {
+        id: revealing
+
+        property Item item: null
+
+        interval: 0
+        onTriggered: scroller.reveal(revealing.item)
     }
     Scroller {
         id: scroller

@@ -71,6 +71,8 @@ Item {
             const child = item.children[place];
             if (child.visible && (child instanceof PressButton || child instanceof ValueSlider)) {
                 found.push(child);
+            } else if (child.visible && child instanceof NoteEditor) {
+                found.push(child.edit);
             } else if (child.visible) {
                 found.push(...root.controlsOf(child));
             }

@@ -24,7 +24,9 @@ MouseArea {
     signal moved(real value)
 
     function ask(value: real) {
-        const wanted = Math.max(root.minimumValue, Math.min(root.maximumValue, value));
+        // Without what the arithmetic of steps leaves behind the fourth decimal.
+        const rounded = Math.round(value * 1e4) / 1e4;
+        const wanted = Math.max(root.minimumValue, Math.min(root.maximumValue, rounded));
         if (wanted !== root.current) {
             root.moved(wanted);
         }

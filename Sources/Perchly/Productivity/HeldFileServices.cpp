@@ -19,6 +19,11 @@ void Productivity::open(const QUrl &url) {
     m_hosts.applications->openUrl(url, reportFailure(QStringLiteral("Could not open"), url));
 }
 
+void Productivity::openApplication(const QString &path) {
+    m_hosts.applications->open(
+        path, reportFailure(QStringLiteral("Could not open"), QUrl::fromLocalFile(path)));
+}
+
 void Productivity::reveal(const QUrl &url) {
     m_hosts.fileServices->reveal(url, reportFailure(QStringLiteral("Could not reveal"), url));
 }

@@ -73,6 +73,8 @@ public:
     // What the desktop does with a held file (HeldFileServices.cpp). A failure becomes the message.
 
     Q_INVOKABLE void open(const QUrl &url);
+    /// Launches the application of that desktop entry.
+    Q_INVOKABLE void openApplication(const QString &path);
     Q_INVOKABLE void reveal(const QUrl &url);
     /// Answered by shareTargetsFound().
     Q_INVOKABLE void findShareTargets(const QUrl &url);

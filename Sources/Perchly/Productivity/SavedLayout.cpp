@@ -1,6 +1,7 @@
 #include "SavedLayout.h"
 
-#include <QJsonDocument>
+#include "StoredRecords.h"
+
 #include <QJsonObject>
 
 namespace perchly {
@@ -14,10 +15,6 @@ constexpr QLatin1StringView favoritesOnlyField("favoritesOnly");
 constexpr QLatin1StringView leftField("left");
 constexpr QLatin1StringView rightField("right");
 
-QString identifierText(const QUuid &id) {
-    return id.toString(QUuid::WithoutBraces).toUpper();
-}
-
 QJsonObject encoded(const SavedLayout &layout) {
     return {{idField, identifierText(layout.id)},
             {nameField, layout.name},
@@ -27,16 +24,9 @@ QJsonObject encoded(const SavedLayout &layout) {
             {rightField, layout.right}};
 }
 
-/// Only the plain form with its hyphens, in either case.
-std::optional<QUuid> identifier(const QJsonValue &value) {
-    const QString text = value.toString();
-    const QUuid id(text);
-    return identifierText(id) == text.toUpper() ? std::optional(id) : std::nullopt;
-}
-
 std::optional<SavedLayout> decoded(const QJsonValue &value) {
     const QJsonObject object = value.toObject();
-    const auto id = identifier(object.value(idField));
+    const auto id = identifierFrom(object.value(idField));
     const QJsonValue name = object.value(nameField);
     const auto items = shelfItemsFromJson(object.value(itemsField));
     const QJsonValue favoritesOnly = object.value(favoritesOnlyField);
@@ -57,28 +47,11 @@ std::optional<SavedLayout> decoded(const QJsonValue &value) {
 } // namespace
 
 QByteArray encodeLayouts(const QList<SavedLayout> &layouts) {
-    QJsonArray array;
-    for (const SavedLayout &layout : layouts) {
-        array.append(encoded(layout));
-    }
-    return QJsonDocument(array).toJson(QJsonDocument::Compact);
+    return encodeRecords(layouts, encoded);
 }
 
 std::optional<QList<SavedLayout>> decodeLayouts(const QByteArray &document) {
-    const QJsonDocument parsed = QJsonDocument::fromJson(document);
-    if (!parsed.isArray()) {
-        return std::nullopt;
-    }
-    QList<SavedLayout> layouts;
-    const QJsonArray array = parsed.array();
-    for (const QJsonValue &value : array) {
-        const auto layout = decoded(value);
-        if (!layout) {
-            return std::nullopt;
-        }
-        layouts.append(*layout);
-    }
-    return layouts;
+    return decodeRecords(document, decoded);
 }
 
 } // namespace perchly

@@ -1,21 +1,13 @@
 #include "InstalledApplications.h"
 
-#include <QLocale>
+#include "TextSearch.h"
+
 #include <QStringMatcher>
 
 #include <algorithm>
 #include <utility>
 
 namespace perchly {
-
-namespace {
-
-/// Equal for texts that differ in case or in how accents are encoded only.
-QString folded(const QString &text) {
-    return QLocale().toLower(text.normalized(QString::NormalizationForm_C)).toCaseFolded();
-}
-
-} // namespace
 
 InstalledApplications::InstalledApplications(QObject *parent)
     : QAbstractListModel(parent) {}
@@ -53,7 +45,7 @@ void InstalledApplications::setSearch(const QString &search) {
 
 InstalledApplications::Rows InstalledApplications::matches() const {
     Rows rows;
-    const QStringMatcher matcher(folded(m_search));
+    const QStringMatcher matcher(foldedForSearch(m_search));
     for (qsizetype place = 0; place < m_folded.size(); ++place) {
         if (m_search.isEmpty() || matcher.indexIn(m_folded.at(place)) >= 0) {
             rows.append(&m_applications.at(place));
@@ -70,7 +62,7 @@ void InstalledApplications::readLibrary() {
     m_folded.clear();
     m_folded.reserve(m_applications.size());
     for (const ShelfItem &application : std::as_const(m_applications)) {
-        m_folded.append(folded(application.name));
+        m_folded.append(foldedForSearch(application.name));
     }
     replaceRows(matches());
 }

@@ -60,9 +60,25 @@ void ShelfPreferences::setNote(const QString &note) {
     m_preferences.setString(keys::quickNote, note);
 }
 
-int ShelfPreferences::focusMinutes() const {
+int ShelfPreferences::minutes(const QString &key, int absent) const {
     constexpr qint64 most = std::numeric_limits<int>::max();
-    return int(std::clamp(m_preferences.wholeNumber(keys::focusMinutes).value_or(25), -most, most));
+    return int(std::clamp(m_preferences.wholeNumber(key).value_or(absent), -most, most));
+}
+
+int ShelfPreferences::focusMinutes() const {
+    return minutes(keys::focusMinutes, 25);
+}
+
+void ShelfPreferences::setFocusMinutes(int minutes) {
+    m_preferences.setNumber(keys::focusMinutes, minutes);
+}
+
+int ShelfPreferences::breakMinutes() const {
+    return minutes(keys::breakMinutes, 5);
+}
+
+void ShelfPreferences::setBreakMinutes(int minutes) {
+    m_preferences.setNumber(keys::breakMinutes, minutes);
 }
 
 void ShelfPreferences::announce(const QString &key) {
@@ -77,6 +93,7 @@ void ShelfPreferences::announce(const QString &key) {
         {keys::rightWidget, &ShelfPreferences::savedRightChanged},
         {keys::quickNote, &ShelfPreferences::noteChanged},
         {keys::focusMinutes, &ShelfPreferences::focusMinutesChanged},
+        {keys::breakMinutes, &ShelfPreferences::breakMinutesChanged},
     };
     for (const auto &[candidate, changed] : signalOfKey) {
         if (candidate == key) {

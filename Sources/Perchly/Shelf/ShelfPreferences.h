@@ -20,7 +20,10 @@ class ShelfPreferences : public QObject {
     Q_PROPERTY(
         QString savedRight READ savedRight WRITE setSavedRight NOTIFY savedRightChanged FINAL)
     Q_PROPERTY(QString note READ note WRITE setNote NOTIFY noteChanged FINAL)
-    Q_PROPERTY(int focusMinutes READ focusMinutes NOTIFY focusMinutesChanged FINAL)
+    Q_PROPERTY(
+        int focusMinutes READ focusMinutes WRITE setFocusMinutes NOTIFY focusMinutesChanged FINAL)
+    Q_PROPERTY(
+        int breakMinutes READ breakMinutes WRITE setBreakMinutes NOTIFY breakMinutesChanged FINAL)
 public:
     /// The preferences must outlive this object.
     explicit ShelfPreferences(Preferences &preferences, QObject *parent = nullptr);
@@ -43,6 +46,10 @@ public:
 
     /// The planned length of a focus session as it is stored; 25 where that is no whole number.
     [[nodiscard]] int focusMinutes() const;
+    void setFocusMinutes(int minutes);
+    /// The same for a break; 5 where that is no whole number.
+    [[nodiscard]] int breakMinutes() const;
+    void setBreakMinutes(int minutes);
 
 Q_SIGNALS:
     void shelfScaleChanged();
@@ -54,8 +61,10 @@ Q_SIGNALS:
     void savedRightChanged();
     void noteChanged();
     void focusMinutesChanged();
+    void breakMinutesChanged();
 
 private:
+    [[nodiscard]] int minutes(const QString &key, int absent) const;
     void announce(const QString &key);
 
     Preferences &m_preferences;

@@ -25,7 +25,7 @@ AppDelegate::~AppDelegate() = default;
 
 ShelfExtras &AppDelegate::extras() {
     if (!m_extras) {
-        m_extras = std::make_unique<ShelfExtras>();
+        m_extras = std::make_unique<ShelfExtras>(m_hosts, this);
     }
     return *m_extras;
 }
@@ -92,6 +92,7 @@ void AppDelegate::showTools() {
           .properties = {{QStringLiteral("tools"), QVariant::fromValue(&m_productivity)},
                          {QStringLiteral("library"), QVariant::fromValue(&m_library)},
                          {QStringLiteral("model"), QVariant::fromValue(&m_model)},
+                         {QStringLiteral("preferences"), QVariant::fromValue(&m_shelfPreferences)},
                          {QStringLiteral("extras"), QVariant::fromValue(&extras())}}});
 }
 
@@ -120,6 +121,15 @@ void AppDelegate::showMixer() {
 void AppDelegate::showSearch() {
     extras().setSection(QStringLiteral("Search"));
     showTools();
+}
+
+void AppDelegate::clearScreen() {
+    if (m_toolsWindow) {
+        m_toolsWindow->hide();
+    }
+    m_keyboardOpen = false; // its window takes the keyboard when the capture is over
+    m_keyboardBorrowed = false;
+    setExpanded(false);
 }
 
 void AppDelegate::terminate() {

@@ -74,6 +74,7 @@ public:
     void showTools() override;
     void showMixer() override;
     void showSearch() override;
+    void clearScreen() override;
     void launch(const QString &id) override;
     void terminate() override;
     void toggleKeyboardOpen() override;

@@ -2,17 +2,23 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QQmlEngine>
 #include <QQuickItem>
 #include <QScreen>
 
 #include <algorithm>
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 namespace perchly {
 
 namespace {
 
 constexpr QRgb background = 0xff0b0d0f; // the views' own, until they are painted
-constexpr int titleBarHeight = 32;      // about what window managers take
+constexpr std::chrono::milliseconds rest{3000};
+constexpr int titleBarHeight = 32; // about what window managers take
 
 } // namespace
 
@@ -28,11 +34,23 @@ AuxiliaryWindow::AuxiliaryWindow(QQmlEngine &engine, const WindowContent &conten
     setColor(background);
     setResizeMode(SizeRootObjectToView);
     setPersistentSceneGraph(false); // a hidden window keeps no picture of itself
+    m_rest.setSingleShot(true);
+    connect(&m_rest, &QTimer::timeout, this, &AuxiliaryWindow::giveMemoryBack);
     setGeometry(centred(content.size));
     if (!content.view.isEmpty()) {
         setInitialProperties(content.properties);
         setSource(content.view);
         applyMinimumSize();
+    }
+}
+
+void AuxiliaryWindow::giveMemoryBack() {
+    if (!isVisible()) {
+        releaseResources();
+        engine()->collectGarbage();
+#ifdef __GLIBC__
+        malloc_trim(0);
+#endif
     }
 }
 
@@ -60,6 +78,7 @@ bool AuxiliaryWindow::event(QEvent *event) {
     if (event->type() == QEvent::Close) {
         event->ignore();
         hide();
+        m_rest.start(rest);
         return true;
     }
     return QQuickView::event(event);

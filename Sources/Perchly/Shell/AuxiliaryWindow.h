@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QQuickView>
+#include <QTimer>
 
 namespace perchly {
 
@@ -32,7 +33,10 @@ protected:
 
 private:
     void applyMinimumSize();
+    void giveMemoryBack();
     [[nodiscard]] QRect centred(const QSize &size) const;
+
+    QTimer m_rest; ///< since it was closed
 };
 
 } // namespace perchly

@@ -26,7 +26,8 @@ milliseconds delayOf(double seconds) {
 } // namespace
 
 void AppDelegate::checkHover() {
-    if (m_keyboardOpen || m_model.dragging()) {
+    const bool isCapturing = m_extras && m_extras->capturing();
+    if (m_keyboardOpen || m_model.dragging() || isCapturing) {
         return;
     }
     if (m_model.choosingWidget()) {

@@ -11,10 +11,10 @@ from .waiting import wait_until
 class _Partner:
     """A running program of the tests', with one window."""
 
-    def __init__(self, session, variable):
+    def __init__(self, session, variable, *arguments):
         self._screen = session.screen
         self.process = subprocess.Popen(
-            [os.environ[variable]],
+            [os.environ[variable], *arguments],
             env=session.environment,
             stdin=subprocess.DEVNULL,
             stdout=subprocess.PIPE,
@@ -42,12 +42,13 @@ def drag(screen, start, *places):
 
 
 class DragSource(_Partner):
-    """Another program that offers two files, a web link and another link, to copy or to move."""
+    """Another program that offers these addresses, or else two files, a web link and another link,
+    to copy or to move."""
 
     PLACE = (200, 600)
 
-    def __init__(self, session):
-        super().__init__(session, "PERCHLY_DRAG_SOURCE")
+    def __init__(self, session, *addresses):
+        super().__init__(session, "PERCHLY_DRAG_SOURCE", *addresses)
 
     def drag_to(self, *places):
         """Drags by way of the places; "copy" or "move" when they were taken, else "nothing"."""

@@ -11,6 +11,7 @@ ColumnLayout {
     id: root
 
     required property Productivity tools
+    required property ShelfExtras extras
     required property ProductivityView workspace
 
     readonly property bool some: rows.count > 0
@@ -162,6 +163,7 @@ ColumnLayout {
                 id: entry
 
                 width: ListView.view.width
+                extras: root.extras
                 tools: root.tools
 
                 onRemoved: root.remove(entry.row.url)

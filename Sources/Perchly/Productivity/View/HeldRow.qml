@@ -8,6 +8,7 @@ DragPlate {
     id: root
 
     required property Productivity tools
+    required property ShelfExtras extras
     required property var row
 
     readonly property bool isFile: root.row.isFile
@@ -50,7 +51,7 @@ DragPlate {
                 text: "Preview"
                 visible: root.isFile
 
-                onActivated: root.tools.open(root.row.url)
+                onActivated: root.extras.togglePreview(root.row.url, root.tools.held)
             }
             PushButton {
                 Accessible.description: root.label

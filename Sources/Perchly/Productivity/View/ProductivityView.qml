@@ -2,6 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Perchly.Look
 import Perchly.Stores
+import Perchly.Extensions
 
 /// The content of the workspace window: a picker, the section that it chose, and the store's last
 /// notice. What was typed into a section is still there when the person comes back to it.
@@ -11,20 +12,26 @@ WindowBody {
     required property Productivity tools
     required property ShelfLibrary library
     required property ShelfModel model
+    required property ShelfPreferences preferences
     required property ShelfExtras extras
 
     readonly property list<string> sections: ["Search", "Files", "Clipboard", "Layouts", "Shortcuts", "Meetings", "Launch", "Snippets", "Focus", "Device"]
+    readonly property string extrasView: "qrc:/qt/qml/Perchly/Extensions/"
     readonly property string section: root.extras.section
 
     /// What was typed into the sections' fields.
     property string search: ""
     property string link: ""
     property string layoutName: ""
+    readonly property ExtrasDrafts drafts: ExtrasDrafts {}
 
     function show() {
         switch (root.section) {
+        case "Search":
+            place.setSource(root.extrasView + "SearchToolsView.qml", { drafts: root.drafts, extras: root.extras, library: root.library, preferences: root.preferences, tools: root.tools });
+            break;
         case "Files":
-            place.setSource("FilesSection.qml", { tools: root.tools, workspace: root });
+            place.setSource("FilesSection.qml", { extras: root.extras, tools: root.tools, workspace: root });
             break;
         case "Clipboard":
             place.setSource("ClipboardSection.qml", { extras: root.extras, tools: root.tools, workspace: root });
@@ -36,7 +43,7 @@ WindowBody {
             place.setSource("ShortcutsSection.qml", { library: root.library, tools: root.tools, workspace: root });
             break;
         default:
-            place.setSource("ToolsPanel.qml", { section: root.section });
+            place.setSource(root.extrasView + "ExtraToolsView.qml", { drafts: root.drafts, extras: root.extras, library: root.library, model: root.model, preferences: root.preferences, section: root.section, tools: root.tools });
         }
     }
 

@@ -90,6 +90,11 @@ ColumnLayout {
                     font.pixelSize: 13
                     text: shortcut.row.name
                 }
+                CaptionText {
+                    color: Theme.accent
+                    text: "Running"
+                    visible: root.tools.busyShortcut === shortcut.row.name
+                }
                 PushButton {
                     Accessible.description: shortcut.row.name
                     size: 12

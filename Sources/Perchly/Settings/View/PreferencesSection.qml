@@ -133,12 +133,20 @@ ScrollArea {
             width: parent.width
         }
         BodyText {
+            id: failure
+
             Accessible.role: Accessible.AlertMessage
             color: Theme.orange
             font.pixelSize: 12
             text: root.preferences.error
             visible: root.preferences.error !== ""
             width: parent.width
+
+            onTextChanged: {
+                if (failure.text !== "" && root.visible) {
+                    root.reveal(failure);
+                }
+            }
         }
         SecondaryText {
             font.pixelSize: 11

@@ -109,8 +109,9 @@ FocusScope {
     SpringValue {
         id: openness
 
-        // The panel of a dragged shelf is as small as the pill, so there is no room to close in.
-        animated: root.composited && !root.model.dragging
+        // The panel of a dragged shelf is as small as the pill, so there is no room to close in. A
+        // capture must not see the shelf on its way.
+        animated: root.composited && !root.model.dragging && !root.extras.capturing
         reduced: root.motion.reduced
         target: root.expanded ? 1 : 0
     }

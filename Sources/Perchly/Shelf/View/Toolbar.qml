@@ -10,8 +10,6 @@ Item {
     required property Productivity productivity
     required property ShelfExtras extras
     required property ShellActions shell
-    /// Whether a part of the screen can be captured.
-    property bool canCapture: false
 
     implicitHeight: 20
 
@@ -29,9 +27,9 @@ Item {
             }
         }
         TextButton {
-            enabled: root.canCapture
             symbol: "camera"
             text: "Capture"
+            onActivated: root.extras.screenshot(root.productivity)
         }
         TextButton {
             symbol: "slider.horizontal.3"

@@ -60,9 +60,10 @@ BusLoop::BusLoop(QObject *parent)
 
 BusLoop::~BusLoop() = default;
 
-bool BusLoop::open() {
+bool BusLoop::open(Bus which) {
     sd_bus *bus = nullptr;
-    if (sd_bus_open_user(&bus) < 0) {
+    const int opened = which == Bus::Session ? sd_bus_open_user(&bus) : sd_bus_open_system(&bus);
+    if (opened < 0) {
         return false;
     }
     m_bus.reset(bus);

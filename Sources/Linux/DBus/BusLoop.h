@@ -21,19 +21,20 @@ struct BusRelease {
 /// Destroying it takes back what it stands for: a match, or a call whose answer is not wanted.
 using BusSlot = std::unique_ptr<sd_bus_slot, BusRelease>;
 
-/// A connection of its own to the session bus, served by the event loop. It never blocks:
+/// A connection of its own to a bus, served by the event loop. It never blocks:
 /// connecting and everything else goes on as the bus answers. Matches are narrow, so that a busy
 /// bus does not wake the program up. Main thread only.
 class BusLoop : public QObject {
     Q_OBJECT
 public:
+    enum class Bus { Session, System };
     using Handler = std::function<void(sd_bus_message *message)>;
 
     explicit BusLoop(QObject *parent = nullptr);
     ~BusLoop() override;
 
     /// False when there is no bus.
-    [[nodiscard]] bool open();
+    [[nodiscard]] bool open(Bus which = Bus::Session);
 
     /// Calls the handler with every signal that the rule matches, as long as the slot exists.
     [[nodiscard]] BusSlot match(const char *rule, const Handler &handler);

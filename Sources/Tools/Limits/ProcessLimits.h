@@ -3,7 +3,7 @@
 namespace perchly {
 
 /// Bounds the whole process, whatever it runs: it ends by a signal after 4 seconds, has at most
-/// 256 MB of address space, and leaves no core file. Call it once, first.
-void limitProcess();
+/// that much address space, and leaves no core file. Call it once, first.
+void limitProcess(unsigned megabytes = 256);
 
 } // namespace perchly

@@ -21,12 +21,12 @@ void limit(__rlimit_resource resource, rlim_t value) {
 
 } // namespace
 
-void limitProcess() {
+void limitProcess(unsigned megabytes) {
     // Sooner than whoever started this would end it: that is for what even a signal cannot end.
     alarm(4);
     limit(RLIMIT_CORE, 0);
     if (limitsMemory) {
-        limit(RLIMIT_AS, rlim_t(256) << 20);
+        limit(RLIMIT_AS, rlim_t(megabytes) << 20);
     }
 }
 

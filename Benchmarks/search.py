@@ -1,0 +1,142 @@
+#!/usr/bin/python3
+"""Measures the search of the workspace window from outside: from a key to the painted rows.
+
+It looks through 2,000 applications, 30 copies, 200 snippets and 500 held links; rofi looks through
+the same applications in the same session. PERCHLY_DRAG_SOURCE and PERCHLY_SELECTION_OWNER name the
+tests' programs that drag and copy. Usage: search.py PROGRAM [--rounds N]
+"""
+
+import argparse
+import json
+import statistics
+import subprocess
+import time
+import uuid
+from pathlib import Path
+
+from Xlib import X, XK
+from Xlib.ext import xtest
+
+from measuring import high, measured_session
+from painting import Painting
+from perchly_session.clipboard import ClipboardOwner
+from perchly_session.dragging import DragSource
+from perchly_session.waiting import wait_until
+
+TITLE = "Perchly Workspace"
+OPEN = ("Control_L", "Alt_L", "k")
+ROWS = (340, 330, 500, 150)  # inside the list of either program
+KEYS = ("1", "2", "3", "BackSpace", "BackSpace", "BackSpace")
+APPLICATIONS, COPIES, SNIPPETS, LINKS = 2000, 30, 200, 500
+SEARCH, FILES, CLIPBOARD = range(3)  # places in the picker
+
+
+def main():
+    arguments = argparse.ArgumentParser(description=__doc__)
+    arguments.add_argument("program")
+    arguments.add_argument("--rounds", type=int, default=30)
+    options = arguments.parse_args()
+    with measured_session(Path(options.program).resolve(), window_manager="openbox") as session:
+        install(session)
+        times = {"Perchly": measure_perchly(session, options.rounds)}
+        times["rofi"] = measure_rofi(session, options.rounds)
+    print(f"{'a key to its painted rows, milliseconds':<44}{'median':>9}{'p99':>9}{'keys':>6}")
+    for name, samples in times.items():
+        print(f"{name:<44}{statistics.median(samples):>9.1f}{high(samples):>9.1f}{len(samples):>6}")
+
+
+def install(session):
+    folder = Path(session.environment["XDG_DATA_HOME"]) / "applications"
+    folder.mkdir(parents=True)
+    for number in range(APPLICATIONS):
+        text = f"[Desktop Entry]\nType=Application\nName=Application {number}\nExec=true\n"
+        (folder / f"application-{number}.desktop").write_text(text)
+    snippets = [
+        {"id": str(uuid.uuid4()).upper(), "text": f"Snippet {number} of a few words"}
+        for number in range(SNIPPETS)
+    ]
+    session.store(
+        persistSnippets=True, pinnedSnippets={"encoding": "utf-8", "data": json.dumps(snippets)}
+    )
+
+
+def measure_perchly(session, rounds):
+    program, screen = session.run(), session.screen
+    screen.key(*OPEN)
+    window = wait_until(lambda: program.window(TITLE), TITLE)
+    wait_until(lambda: screen.focus() == window.id, "the window with the keyboard")
+    choose(screen, FILES)
+    links = [f"https://example.org/{number}" for number in range(LINKS)]
+    source = DragSource(session, *links)
+    x, y, width, height = program.window(TITLE).rect
+    middle = (x + width // 2, y + height // 2 + 60)
+    assert source.drag_to((middle[0] - 10, middle[1]), middle) == "copy"
+    source.close()
+    screen.activate(window.id)
+    wait_until(lambda: screen.focus() == window.id, "the keyboard back")
+    choose(screen, CLIPBOARD)
+    for key in ("Tab", "space"):  # records from now on
+        screen.key(key)
+        time.sleep(0.2)
+    for number in range(COPIES):
+        owner = ClipboardOwner(session, f"UTF8_STRING=Copy {number}")
+        time.sleep(0.9)
+        owner.close()
+    choose(screen, SEARCH)
+    samples = measure(screen, rounds)
+    program.stop()
+    return samples
+
+
+def choose(screen, section):
+    """From wherever the keyboard is: asking for the search puts it into the field, and the picker
+    is before that."""
+    screen.key(*OPEN)
+    time.sleep(0.5)
+    screen.key("Shift_L", "Tab")
+    screen.key("space")
+    time.sleep(0.5)
+    for key in ("Home", *["Down"] * section, "Return"):
+        screen.key(key)
+        time.sleep(0.1)
+    time.sleep(0.5)
+
+
+def measure_rofi(session, rounds):
+    environment = session.environment | {"LC_ALL": "C.UTF-8"}
+    rofi = subprocess.Popen(["rofi", "-show", "drun", "-normal-window"], env=environment)
+    try:
+        wait_until(lambda: session.screen.windows_of(rofi.pid), "rofi")
+        return measure(session.screen, rounds)
+    finally:
+        rofi.terminate()
+        rofi.wait()
+
+
+def measure(screen, rounds):
+    settle(screen)
+    samples = []
+    for _ in range(rounds):
+        for key in KEYS:
+            code = screen.display.keysym_to_keycode(XK.string_to_keysym(key))
+            painting = Painting(screen, ROWS)
+            start = time.perf_counter()
+            xtest.fake_input(screen.display, X.KeyPress, code)
+            xtest.fake_input(screen.display, X.KeyRelease, code)  # or it would repeat
+            screen.display.flush()
+            samples.append(painting.wait(start))
+            painting.close()
+            settle(screen)
+    return samples
+
+
+def settle(screen):
+    """Waits until the rows have been the same for a while: pictures come after them."""
+    before, now = None, ()
+    while now != before:
+        time.sleep(0.2)
+        before, now = now, screen.root.get_image(*ROWS, X.ZPixmap, 0xFFFFFFFF).data
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,60 @@
+#include "CalendarConsent.h"
+
+#include "WholeFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QStandardPaths>
+
+namespace perchly {
+
+namespace {
+
+const QString key = QStringLiteral("readCalendars");
+
+} // namespace
+
+CalendarConsent::CalendarConsent(QString path, std::function<void()> changed)
+    : m_path(std::move(path))
+    , m_watch([this] { read(); }, ".json") {
+    read();
+    m_changed = std::move(changed);
+}
+
+QString CalendarConsent::defaultPath() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/perchly/permissions/calendars.json");
+}
+
+QString CalendarConsent::remember(CalendarAccess access) {
+    const QJsonObject object{{key, access == CalendarAccess::Granted}};
+    QString error =
+        wholefile::replace(m_path, QJsonDocument(object).toJson(), wholefile::Durability::System);
+    set(access);
+    return error;
+}
+
+void CalendarConsent::set(CalendarAccess access) {
+    if (access != m_access) {
+        m_access = access;
+        if (m_changed) {
+            m_changed();
+        }
+    }
+}
+
+void CalendarConsent::read() {
+    // Anew each time: until the folder is there, what is watched is the way to it.
+    m_watch.beginRound();
+    m_watch.add(QFile::encodeName(QFileInfo(m_path).path()).toStdString());
+    m_watch.endRound();
+    const QJsonValue answer =
+        QJsonDocument::fromJson(wholefile::read(m_path).bytes).object().value(key);
+    set(!answer.isBool()  ? CalendarAccess::NotAsked
+        : answer.toBool() ? CalendarAccess::Granted
+                          : CalendarAccess::Denied);
+}
+
+} // namespace perchly

@@ -1,0 +1,78 @@
+#include "MeetingLinks.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <array>
+
+namespace perchly {
+
+namespace {
+
+constexpr std::array meetingHosts{
+    QLatin1StringView("zoom.us"),
+    QLatin1StringView("meet.google.com"),
+    QLatin1StringView("teams.microsoft.com"),
+    QLatin1StringView("teams.live.com"),
+    QLatin1StringView("webex.com"),
+};
+
+bool isMeetingHost(const QString &host) {
+    return std::ranges::any_of(meetingHosts, [&host](QLatin1StringView known) {
+        return host == known ||
+               (host.endsWith(known) && host.at(host.size() - known.size() - 1) == u'.');
+    });
+}
+
+/// Up to a closing bracket that was not opened in the link.
+qsizetype endOfBrackets(QStringView link) {
+    constexpr QStringView opening = u"([{";
+    constexpr QStringView closing = u")]}";
+    std::array<int, 3> open{};
+    for (qsizetype at = 0; at < link.size(); ++at) {
+        const qsizetype opened = opening.indexOf(link[at]);
+        const qsizetype closed = closing.indexOf(link[at]);
+        if (opened >= 0) {
+            ++open[std::size_t(opened)];
+        } else if (closed >= 0 && --open[std::size_t(closed)] < 0) {
+            return at;
+        }
+    }
+    return link.size();
+}
+
+/// Without what belongs to the text around it.
+QString trimmed(QStringView found) {
+    QStringView link = found.first(endOfBrackets(found));
+    while (!link.isEmpty() && QStringView(u".,;:!?'*_~…([{").contains(link.back())) {
+        link.chop(1);
+    }
+    QString text = link.toString();
+    // HTML writes "&" so; a link itself hardly has it.
+    text.replace(QLatin1StringView("&amp;"), QLatin1StringView("&"));
+    return text;
+}
+
+} // namespace
+
+QUrl findMeetingLink(const QString &text) {
+    // Ends where neither a link nor a browser's idea of one goes on, and at HTML's other entities.
+    static const QRegularExpression pattern(
+        QStringLiteral(
+            R"([A-Za-z][A-Za-z0-9+.\-]*+://(?:(?!&(?:nbsp|lt|gt|quot|apos|#\d+|#x[\da-f]+);)[^\s<>"`\\|^“”«»‘’])+)"),
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
+    for (auto matches = pattern.globalMatch(text); matches.hasNext();) {
+        const QString link = trimmed(matches.next().capturedView());
+        if (!link.startsWith(QLatin1StringView("https://")) &&
+            !link.startsWith(QLatin1StringView("http://"))) {
+            continue;
+        }
+        const QUrl url(link, QUrl::StrictMode);
+        if (url.isValid() && isMeetingHost(url.host().toLower())) {
+            return url;
+        }
+    }
+    return {};
+}
+
+} // namespace perchly

@@ -1,0 +1,75 @@
+#include "ExtrasRows.h"
+
+#include "Productivity.h"
+#include "ShownText.h"
+
+namespace perchly {
+
+void ExtrasRows::setExtras(ShelfExtras *extras) {
+    if (m_extras == extras) {
+        return;
+    }
+    if (m_extras) {
+        m_extras->disconnect(this);
+    }
+    m_extras = extras;
+    if (m_extras) {
+        connect(m_extras, announcement(), this, &ExtrasRows::refresh);
+        refresh();
+    }
+    Q_EMIT extrasChanged();
+}
+
+void GroupRows::refresh() {
+    QList<Row> rows;
+    for (const LaunchGroup &group : extras()->groups()) {
+        QStringList labels;
+        for (const QUrl &url : group.urls) {
+            labels.append(inOneLine(Productivity::labelOf(url)));
+        }
+        rows.append({group.id.toString(),
+                     {{QStringLiteral("id"), group.id.toString()},
+                      {QStringLiteral("name"), inOneLine(group.name)},
+                      {QStringLiteral("contents"), labels.join(QStringLiteral(", "))}}});
+    }
+    setRows(rows);
+}
+
+void SnippetRows::refresh() {
+    QList<Row> rows;
+    for (const Snippet &snippet : extras()->snippets()) {
+        rows.append({snippet.id.toString(),
+                     {{QStringLiteral("id"), snippet.id.toString()},
+                      {QStringLiteral("label"), shownPart(snippet.text)},
+                      {QStringLiteral("text"), snippet.text}}});
+    }
+    setRows(rows);
+}
+
+void MeetingRows::refresh() {
+    m_links.clear();
+    const QList<Meeting> meetings = extras()->events();
+    for (const Meeting &meeting : meetings) {
+        m_links.insert(meeting.identifier(), meeting.link());
+    }
+    look();
+}
+
+void MeetingRows::look() {
+    if (extras() == nullptr) {
+        return;
+    }
+    QList<Row> rows;
+    for (const Meeting &meeting : extras()->events()) {
+        const QString status = extras()->meetingStatus(meeting.start());
+        rows.append({meeting.identifier(),
+                     {{QStringLiteral("title"), inOneLine(meeting.title())},
+                      {QStringLiteral("start"), meeting.startText()},
+                      {QStringLiteral("status"), status},
+                      {QStringLiteral("running"), status == QLatin1StringView("In progress")},
+                      {QStringLiteral("link"), m_links.value(meeting.identifier())}}});
+    }
+    setRows(rows);
+}
+
+} // namespace perchly

@@ -1,0 +1,126 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Perchly.Look
+import Perchly.Stores
+import Perchly.Extensions
+
+/// The meetings of the next seven days.
+ColumnLayout {
+    id: root
+
+    required property Productivity tools
+    required property ShelfExtras extras
+
+    readonly property bool shown: root.Window.window?.visible ?? false
+
+    spacing: 12
+
+    Component.onCompleted: {
+        if (root.shown) {
+            root.extras.refreshEvents();
+        }
+    }
+    onShownChanged: {
+        if (root.shown) {
+            root.extras.refreshEvents();
+        }
+    }
+
+    MeetingRows {
+        id: rows
+
+        extras: root.extras
+    }
+    // What the rows say of the time is said anew while someone may see it.
+    Timer {
+        interval: 30000
+        repeat: true
+        running: root.shown
+
+        onTriggered: rows.look()
+    }
+
+    RowLayout {
+        spacing: 8
+
+        PushButton {
+            text: "Connect Calendar"
+
+            onActivated: root.extras.connectCalendar()
+        }
+        PushButton {
+            text: "Refresh"
+
+            onActivated: root.extras.refreshEvents()
+        }
+    }
+    SecondaryText {
+        Layout.fillWidth: true
+        text: root.extras.calendarMessage
+        visible: text !== ""
+    }
+    ScrollList {
+        id: list
+
+        Layout.fillHeight: true
+        Layout.fillWidth: true
+        label: "Meetings"
+        model: rows
+
+        delegate: RowCard {
+            id: meeting
+
+            required property var row
+
+            Accessible.name: meeting.row.title
+            Accessible.role: Accessible.ListItem
+            padding: 12
+            width: ListView.view.width
+
+            RowLayout {
+                spacing: 12
+                width: parent.width
+
+                RoundedRect {
+                    Layout.fillHeight: true
+                    color: meeting.row.running ? Theme.accent : Qt.rgba(1, 1, 1, 0.22)
+                    implicitWidth: 4
+                    radius: 2
+                }
+                ColumnLayout {
+                    Layout.fillWidth: true
+                    spacing: 3
+
+                    Label {
+                        Accessible.ignored: true
+                        Layout.fillWidth: true
+                        font.pixelSize: 13
+                        font.weight: Font.DemiBold
+                        text: meeting.row.title
+                    }
+                    BodyText {
+                        Layout.fillWidth: true
+                        font.pixelSize: 12
+                        text: meeting.row.start
+                    }
+                    CaptionText {
+                        Layout.fillWidth: true
+                        color: meeting.row.running ? Theme.accent : Theme.grey
+                        text: meeting.row.status
+                    }
+                }
+                PushButton {
+                    Accessible.description: meeting.row.title
+                    prominent: meeting.row.running
+                    size: 12
+                    text: "Join meeting"
+                    visible: meeting.row.link.toString() !== ""
+
+                    onActivated: root.tools.open(meeting.row.link)
+                }
+            }
+        }
+    }
+}

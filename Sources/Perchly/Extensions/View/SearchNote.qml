@@ -1,0 +1,24 @@
+import QtQuick
+import Perchly.Look
+
+/// The quick note among the search's results.
+RoundedRect {
+    id: root
+
+    property alias note: editor.note
+
+    signal edited(note: string)
+
+    color: Theme.row
+    radius: 8
+
+    NoteEditor {
+        id: editor
+
+        anchors.fill: parent
+        anchors.margins: 8
+        label: "Quick note"
+
+        onEdited: note => root.edited(note)
+    }
+}

@@ -1,0 +1,109 @@
+import QtQuick
+import Perchly.Look
+import Perchly.Extensions
+
+/// One line of the search's results: the title of a kind, the note, or what a press acts upon.
+Item {
+    id: root
+
+    required property int index
+    required property string kind
+    required property string label
+    required property var target
+
+    readonly property bool isTitle: root.kind === "title"
+    readonly property bool isApp: root.kind === "app"
+    readonly property bool isNote: root.kind === "note"
+    readonly property var symbols: ({ clip: "doc.on.clipboard", held: "link", snippet: "pin.fill" })
+
+    /// What Return in the field opens.
+    property bool first: false
+    /// Kept for another row; nobody may find it meanwhile.
+    property bool pooled: false
+
+    signal activated()
+    signal edited(note: string)
+
+    Accessible.ignored: root.isNote
+    Accessible.name: root.label
+    Accessible.role: root.isTitle ? Accessible.Heading : Accessible.ListItem
+    height: root.isTitle ? (root.index > 0 ? 36 : 24) : root.isNote ? 70 : Math.max(34, words.implicitHeight + 16)
+    visible: !root.pooled
+    width: ListView.view ? ListView.view.width : 0
+
+    ListView.onPooled: root.pooled = true
+    ListView.onReused: root.pooled = false
+
+    GroupHeader {
+        Accessible.ignored: true
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 5
+        anchors.left: parent.left
+        anchors.leftMargin: 2
+        text: root.label
+        visible: root.isTitle
+    }
+    PressButton {
+        id: button
+
+        Accessible.description: root.isApp ? "Open" : root.kind === "held" ? "Open" : "Copy"
+        anchors.fill: parent
+        focusInset: 1
+        label: root.label
+        pressedScale: 1
+        visible: !root.isTitle && !root.isNote
+
+        onActivated: root.activated()
+
+        RoundedRect {
+            anchors.fill: parent
+            color: Qt.rgba(1, 1, 1, button.activeFocus ? 0.1 : button.containsMouse ? 0.075 : root.first ? 0.05 : 0)
+            radius: 8
+        }
+        ApplicationPicture {
+            anchors.left: parent.left
+            anchors.leftMargin: 8
+            anchors.verticalCenter: parent.verticalCenter
+            height: 22
+            path: root.isApp ? root.target ?? "" : ""
+            visible: root.isApp
+            width: 22
+        }
+        Symbol {
+            anchors.horizontalCenter: parent.left
+            anchors.horizontalCenterOffset: 19
+            anchors.verticalCenter: parent.verticalCenter
+            color: Theme.grey
+            name: root.isApp ? "" : root.symbols[root.kind] ?? ""
+            size: 14
+            visible: !root.isApp
+        }
+        Label {
+            id: words
+
+            Accessible.ignored: true
+            anchors.left: parent.left
+            anchors.leftMargin: 40
+            anchors.right: parent.right
+            anchors.rightMargin: 10
+            anchors.verticalCenter: parent.verticalCenter
+            elide: root.kind === "held" ? Text.ElideMiddle : Text.ElideRight
+            font.pixelSize: 13
+            maximumLineCount: root.kind === "clip" || root.kind === "snippet" ? 2 : 1
+            text: root.isTitle || root.isNote ? "" : root.label
+            wrapMode: words.maximumLineCount > 1 ? Text.Wrap : Text.NoWrap
+        }
+    }
+    Loader {
+        id: place
+
+        anchors.fill: parent
+        source: root.isNote ? "SearchNote.qml" : ""
+
+        onLoaded: {
+            const editor = place.item as SearchNote;
+            editor.note = Qt.binding(() => root.label);
+            editor.edited.connect(root.edited);
+        }
+    }
+}

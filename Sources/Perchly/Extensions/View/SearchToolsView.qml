@@ -1,0 +1,142 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Perchly.Look
+import Perchly.Stores
+import Perchly.Extensions
+
+/// One field over everything at hand. Return opens the first application that matches; the arrows
+/// go through all rows, and typing goes on in the field wherever the keyboard is.
+ColumnLayout {
+    id: root
+
+    required property Productivity tools
+    required property ShelfLibrary library
+    required property ShelfExtras extras
+    required property ShelfPreferences preferences
+    required property ExtrasDrafts drafts
+
+    readonly property bool shown: root.Window.window?.visible ?? false
+
+    /// The panel appeared, or was asked for again.
+    function begin() {
+        root.library.refresh();
+        field.forceActiveFocus(Qt.ShortcutFocusReason);
+        field.input.selectAll();
+    }
+
+    function open(kind: string, target: var) {
+        switch (kind) {
+        case "app":
+            root.tools.openApplication(target);
+            break;
+        case "clip":
+            root.tools.copyClip(target);
+            break;
+        case "snippet":
+            root.tools.copyText(target);
+            break;
+        case "held":
+            root.tools.open(target);
+        }
+    }
+
+    function toField() {
+        field.forceActiveFocus(Qt.BacktabFocusReason);
+    }
+
+    spacing: 10
+
+    Component.onCompleted: {
+        if (root.shown) {
+            root.begin();
+        }
+    }
+    Keys.onDownPressed: event => {
+        event.accepted = field.activeFocus && list.focusFrom(0, 1, 0);
+    }
+    Keys.onEscapePressed: event => {
+        event.accepted = !field.activeFocus;
+        root.toField();
+    }
+    Keys.onPressed: event => {
+        const typed = event.text >= " " && event.key !== Qt.Key_Delete && !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier));
+        event.accepted = typed && !field.activeFocus;
+        if (event.accepted) {
+            root.toField();
+            field.input.insert(field.input.length, event.text);
+            root.drafts.query = field.text;
+        }
+    }
+    Keys.onUpPressed: event => {
+        // The list has let it pass: there is no row above.
+        event.accepted = list.focusedRow() >= 0;
+        if (event.accepted) {
+            root.toField();
+        }
+    }
+    onShownChanged: {
+        if (root.shown) {
+            root.begin();
+        }
+    }
+
+    Connections {
+        target: root.extras
+
+        function onSectionChanged() {
+            if (root.shown && root.extras.section === "Search") {
+                root.begin();
+            }
+        }
+    }
+
+    SearchResults {
+        id: results
+
+        extras: root.extras
+        library: root.library
+        note: root.preferences.note
+        query: field.text
+        tools: root.tools
+    }
+
+    TextEntry {
+        id: field
+
+        Layout.fillWidth: true
+        placeholder: "Search apps, notes, clipboard, and files"
+        symbol: "magnifyingglass"
+
+        Component.onCompleted: field.text = root.drafts.query
+        onAccepted: {
+            if (results.firstPath !== "") {
+                root.tools.openApplication(results.firstPath);
+            }
+        }
+        onEdited: {
+            root.drafts.query = field.text;
+            list.view.positionViewAtBeginning();
+        }
+    }
+    ScrollList {
+        id: list
+
+        Layout.fillHeight: true
+        Layout.fillWidth: true
+        label: "Search results"
+        model: results
+        reuseItems: true
+        spacing: 2
+
+        delegate: SearchRow {
+            id: row
+
+            first: row.isApp && row.index === 1 && field.text !== "" && field.activeFocus
+
+            onActivated: root.open(row.kind, row.target)
+            onEdited: note => root.preferences.note = note
+        }
+    }
+}

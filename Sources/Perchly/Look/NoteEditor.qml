@@ -1,0 +1,101 @@
+import QtQuick
+import Perchly.Look
+
+/// A text of several lines that is edited in place. It scrolls by the wheel and with its cursor;
+/// Tab goes on to the next control.
+Flickable {
+    id: root
+
+    /// What assistive programs call it.
+    required property string label
+    /// Shown while there is no text.
+    property string placeholder: ""
+    /// What is edited: bind it; `edited` tells of changes.
+    property string note: ""
+    readonly property alias edit: edit
+    readonly property real line: hint.implicitHeight
+
+    signal edited(note: string)
+    /// The person pressed into the text.
+    signal pressed()
+
+    function follow(cursor: rect) {
+        if (cursor.y < root.contentY) {
+            root.contentY = cursor.y;
+        } else if (cursor.y + cursor.height > root.contentY + root.height) {
+            root.contentY = cursor.y + cursor.height - root.height;
+        }
+    }
+
+    boundsBehavior: Flickable.StopAtBounds
+    clip: true
+    contentHeight: Math.max(root.height, edit.implicitHeight)
+    contentWidth: root.width
+    // A drag selects; the wheel scrolls.
+    interactive: false
+
+    onNoteChanged: {
+        if (edit.text !== root.note) {
+            edit.text = root.note;
+        }
+    }
+
+    WheelHandler {
+        onWheel: wheel => {
+            const last = root.contentHeight - root.height;
+            root.contentY = Math.max(0, Math.min(last, root.contentY - wheel.angleDelta.y / 4));
+        }
+    }
+
+    TextEdit {
+        id: edit
+
+        Accessible.description: root.placeholder
+        Accessible.multiLine: true
+        Accessible.name: root.label
+        Accessible.role: Accessible.EditableText
+        activeFocusOnTab: true
+        color: Theme.text
+        font.family: Theme.family
+        font.pixelSize: 12
+        height: root.contentHeight
+        leftPadding: 3
+        persistentSelection: true
+        rightPadding: 3
+        selectByMouse: true
+        selectedTextColor: Theme.text
+        selectionColor: Qt.rgba(1, 1, 1, edit.activeFocus ? 0.28 : 0.14)
+        textFormat: TextEdit.PlainText
+        width: root.width
+        wrapMode: TextEdit.Wrap
+
+        Keys.onBacktabPressed: edit.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+        Keys.onTabPressed: edit.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+        onCursorRectangleChanged: root.follow(edit.cursorRectangle)
+        onTextChanged: {
+            if (edit.text !== root.note) {
+                root.edited(edit.text);
+            }
+        }
+
+        TapHandler {
+            onPressedChanged: {
+                if (pressed) {
+                    root.pressed();
+                }
+            }
+        }
+        HoverHandler {
+            cursorShape: Qt.IBeamCursor
+        }
+    }
+    Label {
+        id: hint
+
+        color: Theme.grey
+        font.pixelSize: 12
+        text: root.placeholder
+        visible: edit.length === 0 && edit.preeditText === ""
+        x: 3
+    }
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "FileFacts.h"
+
+#include <QWidget>
+
+namespace perchly {
+
+/// What is shown of a file that has nothing else to show: its icon, name, kind and size.
+class FactsView : public QWidget {
+    Q_OBJECT
+public:
+    using QWidget::QWidget;
+
+    void show(const FileFacts &facts);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    FileFacts m_facts;
+};
+
+} // namespace perchly

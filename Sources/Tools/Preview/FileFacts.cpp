@@ -1,0 +1,66 @@
+#include "FileFacts.h"
+
+#include <QFileInfo>
+#include <QLocale>
+#include <QMimeDatabase>
+
+#include <algorithm>
+#include <array>
+
+namespace perchly {
+
+namespace {
+
+FileFacts::Kind kindOf(const QMimeType &type) {
+    const QString name = type.name();
+    if (name == QLatin1StringView("application/pdf")) {
+        return FileFacts::Kind::Pdf;
+    }
+    if (name.startsWith(QLatin1StringView("image/"))) {
+        return FileFacts::Kind::Picture;
+    }
+    if (name.startsWith(QLatin1StringView("audio/")) ||
+        name.startsWith(QLatin1StringView("video/"))) {
+        return FileFacts::Kind::Media;
+    }
+    static const std::array texts{QStringLiteral("text/plain"), QStringLiteral("application/json"),
+                                  QStringLiteral("application/xml")};
+    const auto isText = [&](const QString &text) { return type.inherits(text); };
+    return std::ranges::any_of(texts, isText) ? FileFacts::Kind::Text : FileFacts::Kind::Other;
+}
+
+QString capitalized(const QString &text) {
+    return text.isEmpty() ? text : text.front().toUpper() + text.mid(1);
+}
+
+} // namespace
+
+FileFacts factsOf(const QUrl &url) {
+    if (!url.isLocalFile()) {
+        return {.name = url.toString(QUrl::FullyEncoded),
+                .details = QStringLiteral("Web link"),
+                .iconName = QStringLiteral("text-html")};
+    }
+    const QFileInfo file(url.toLocalFile());
+    FileFacts facts{.name = file.fileName().isEmpty() ? file.filePath() : file.fileName()};
+    if (!file.exists()) {
+        facts.details = QStringLiteral("No longer there");
+        facts.iconName = QStringLiteral("unknown");
+        return facts;
+    }
+    const QMimeType type = QMimeDatabase().mimeTypeForFile(
+        file, file.isFile() ? QMimeDatabase::MatchDefault : QMimeDatabase::MatchExtension);
+    facts.details = type.isDefault() ? QStringLiteral("Document") : capitalized(type.comment());
+    facts.iconName = type.iconName();
+    if (file.isFile()) {
+        facts.kind = kindOf(type);
+        facts.details += QStringLiteral(" · ") +
+                         QLocale().formattedDataSize(file.size(), 1, QLocale::DataSizeSIFormat);
+    } else if (file.isDir()) {
+        facts.details = QStringLiteral("Folder");
+        facts.iconName = QStringLiteral("folder");
+    }
+    return facts;
+}
+
+} // namespace perchly

@@ -1,0 +1,70 @@
+#include "MediaView.h"
+
+#include <QUrl>
+#include <QVBoxLayout>
+#include <QVideoFrame>
+
+namespace perchly {
+
+MediaView::MediaView(QWidget *parent)
+    : QWidget(parent)
+    , m_stack(&m_screen) {
+    setFocusProxy(&m_controls);
+    m_player.setAudioOutput(&m_sound);
+    m_player.setVideoSink(&m_video);
+    m_stack.addWidget(&m_facts);
+    m_stack.addWidget(&m_picture);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(&m_screen, 1);
+    column->addWidget(&m_controls);
+    connect(&m_video, &QVideoSink::videoFrameChanged, this, &MediaView::show);
+    connect(&m_player, &QMediaPlayer::positionChanged, this, &MediaView::updateProgress);
+    connect(&m_player, &QMediaPlayer::durationChanged, this, &MediaView::updateProgress);
+    connect(&m_player, &QMediaPlayer::playbackStateChanged, this,
+            [this](QMediaPlayer::PlaybackState state) {
+                m_controls.setPlaying(state == QMediaPlayer::PlayingState);
+            });
+    connect(
+        &m_player, &QMediaPlayer::errorOccurred, this, [this] { Q_EMIT failed(); },
+        Qt::QueuedConnection);
+    connect(&m_controls, &MediaControls::toggled, this, [this] {
+        if (m_player.playbackState() == QMediaPlayer::PlayingState) {
+            m_player.pause();
+        } else {
+            m_player.play();
+        }
+    });
+    connect(&m_controls, &MediaControls::sought, &m_player, &QMediaPlayer::setPosition);
+}
+
+void MediaView::play(const QString &path, const FileFacts &facts) {
+    m_facts.show(facts);
+    m_stack.setCurrentWidget(&m_facts);
+    m_player.setSource(QUrl::fromLocalFile(path));
+    m_player.play();
+}
+
+void MediaView::stop() {
+    m_player.stop();
+    m_player.setSource({});
+}
+
+void MediaView::show(const QVideoFrame &frame) {
+    const QImage picture = frame.toImage();
+    if (picture.isNull()) {
+        return;
+    }
+    m_picture.show(picture);
+    if (m_stack.currentWidget() != &m_picture) {
+        m_stack.setCurrentWidget(&m_picture);
+        Q_EMIT firstFrame(picture.size());
+    }
+}
+
+void MediaView::updateProgress() {
+    m_controls.setProgress(m_player.position(), m_player.duration());
+}
+
+} // namespace perchly

@@ -1,0 +1,214 @@
+#include "PreviewWindow.h"
+
+#include "MediaView.h"
+#include "PdfView.h"
+#include "PreviewLook.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QVBoxLayout>
+
+namespace perchly {
+
+namespace {
+
+constexpr QSize smallest(380, 260);
+constexpr QSize factsSize(460, 300);
+constexpr QSize pageSize(760, 860);
+constexpr QSize soundSize(460, 320);
+constexpr int captionHeight = 34;
+
+} // namespace
+
+PreviewWindow::PreviewWindow()
+    : m_focus(m_connection) {
+    setWindowTitle(QStringLiteral("Perchly Preview"));
+    setMinimumSize(smallest);
+    setStyleSheet(previewlook::styleSheet());
+    QPalette palette = this->palette();
+    palette.setColor(QPalette::Window, previewlook::background);
+    palette.setColor(QPalette::WindowText, previewlook::foreground);
+    setPalette(palette);
+    m_text.setReadOnly(true);
+    m_text.setFrameShape(QFrame::NoFrame);
+    m_text.setLineWrapMode(QPlainTextEdit::WidgetWidth);
+    m_text.document()->setDocumentMargin(18);
+    QFont monospaced(QStringLiteral("monospace"));
+    monospaced.setPixelSize(13);
+    m_text.setFont(monospaced);
+    m_text.setAccessibleName(QStringLiteral("Text"));
+    m_caption.setFont(previewlook::font(11));
+    m_caption.setAlignment(Qt::AlignCenter);
+    m_caption.setFixedHeight(captionHeight);
+    m_caption.setTextFormat(Qt::PlainText);
+    palette.setColor(QPalette::WindowText, previewlook::secondary);
+    m_caption.setPalette(palette);
+    for (QWidget *view : std::initializer_list<QWidget *>{&m_facts, &m_picture, &m_text}) {
+        m_stack.addWidget(view);
+    }
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(&m_stack, 1);
+    column->addWidget(&m_caption);
+    m_pool.setMaxThreadCount(4); // one that reads from a dead network is not waited for
+    qApp->installEventFilter(this);
+}
+
+PreviewWindow::~PreviewWindow() = default;
+
+void PreviewWindow::handle(const PreviewRequest &request) {
+    const QUrl shown = m_items.value(m_index);
+    if (request.toggle && isVisible() && request.items.at(request.index) == shown) {
+        close();
+        return;
+    }
+    m_items = request.items;
+    m_index = request.index;
+    showItem();
+}
+
+void PreviewWindow::step(qsizetype by) {
+    const qsizetype next = m_index + by;
+    if (next >= 0 && next < m_items.size()) {
+        m_index = next;
+        showItem();
+    }
+}
+
+void PreviewWindow::showItem() {
+    if (m_media != nullptr) {
+        m_media->stop();
+    }
+    const QSize largest = (QSizeF(screen()->size()) * devicePixelRatioF()).toSize();
+    m_pool.start([this, number = ++m_number, url = m_items.at(m_index), largest] {
+        const PreviewContent content = loadPreview(url, largest);
+        QMetaObject::invokeMethod(this, [this, number, content] {
+            if (number == m_number) {
+                take(content);
+            }
+        });
+    });
+}
+
+void PreviewWindow::take(const PreviewContent &content) {
+    m_current = content.facts;
+    setWindowTitle(m_current.name);
+    switch (m_current.kind) {
+    case FileFacts::Kind::Picture:
+        m_picture.show(content.picture);
+        m_picture.setAccessibleName(m_current.name);
+        present(&m_picture, (QSizeF(content.picture.size()) / devicePixelRatioF()).toSize());
+        break;
+    case FileFacts::Kind::Text:
+        m_text.setPlainText(content.text);
+        present(&m_text, pageSize);
+        break;
+    case FileFacts::Kind::Pdf:
+        showPdf();
+        break;
+    case FileFacts::Kind::Media:
+        showMedia();
+        break;
+    case FileFacts::Kind::Other:
+        showFacts();
+        break;
+    }
+}
+
+void PreviewWindow::showFacts() {
+    m_facts.show(m_current);
+    m_facts.setAccessibleName(m_current.name);
+    m_facts.setAccessibleDescription(m_current.details);
+    present(&m_facts, factsSize);
+}
+
+void PreviewWindow::showPdf() {
+    if (m_pdf == nullptr) {
+        m_pdf = new PdfView;
+        m_pdf->setAccessibleName(QStringLiteral("Pages"));
+        m_stack.addWidget(m_pdf);
+        connect(m_pdf, &PdfView::failed, this, &PreviewWindow::showFacts);
+        connect(m_pdf, &PdfView::opened, this, [this] { present(m_pdf, pageSize); });
+    }
+    m_pdf->open(m_items.at(m_index).toLocalFile());
+}
+
+void PreviewWindow::showMedia() {
+    if (m_media == nullptr) {
+        m_media = new MediaView;
+        m_stack.addWidget(m_media);
+        connect(m_media, &MediaView::failed, this, &PreviewWindow::showFacts);
+        connect(m_media, &MediaView::firstFrame, this, [this](const QSize &size) {
+            present(m_media, (QSizeF(size) / devicePixelRatioF()).toSize() + QSize(0, 48));
+        });
+    }
+    present(m_media, soundSize);
+    m_media->play(m_items.at(m_index).toLocalFile(), m_current);
+}
+
+void PreviewWindow::present(QWidget *view, const QSize &wanted) {
+    m_stack.setCurrentWidget(view);
+    const bool isSaid = view == &m_facts || wanted == soundSize; // by the view itself
+    m_caption.setText(isSaid ? QString() : m_current.details);
+    view->setFocus();
+    const QRect room = screen()->availableGeometry();
+    const QSize most(room.width() * 4 / 5, room.height() * 4 / 5 - captionHeight);
+    QSize size = wanted;
+    if (size.width() > most.width() || size.height() > most.height()) {
+        size = view == &m_text || view == m_pdf ? size.boundedTo(most)
+                                                : size.scaled(most, Qt::KeepAspectRatio);
+    }
+    QRect frame(QPoint(), (size + QSize(0, captionHeight)).expandedTo(smallest));
+    frame.moveCenter(isVisible() ? geometry().center() : room.center());
+    setGeometry(frame);
+    comeToFront();
+}
+
+void PreviewWindow::comeToFront() {
+    show();
+    raise();
+    m_focus.activate(xcb_window_t(winId()));
+}
+
+bool PreviewWindow::eventFilter(QObject *watched, QEvent *event) {
+    if (event->type() == QEvent::KeyPress && isActiveWindow() && watched->isWidgetType()) {
+        if (handleKey(*static_cast<QKeyEvent *>(event))) {
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+bool PreviewWindow::handleKey(const QKeyEvent &event) {
+    const bool plain = event.modifiers() == Qt::NoModifier;
+    const bool closes =
+        (plain && (event.key() == Qt::Key_Space || event.key() == Qt::Key_Escape)) ||
+        (event.key() == Qt::Key_W && event.modifiers() == Qt::ControlModifier);
+    if (closes && !event.isAutoRepeat()) {
+        close();
+        return true;
+    }
+    const auto arrows = event.modifiers() & ~Qt::KeypadModifier;
+    if (arrows == Qt::NoModifier && event.key() == Qt::Key_Left) {
+        step(-1);
+        return true;
+    }
+    if (arrows == Qt::NoModifier && event.key() == Qt::Key_Right) {
+        step(1);
+        return true;
+    }
+    return closes;
+}
+
+void PreviewWindow::hideEvent(QHideEvent *event) {
+    QWidget::hideEvent(event);
+    if (m_media != nullptr) {
+        m_media->stop();
+    }
+    ++m_number;
+    Q_EMIT closed();
+}
+
+} // namespace perchly

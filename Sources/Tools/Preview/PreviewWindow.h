@@ -1,0 +1,66 @@
+#pragma once
+
+#include "FactsView.h"
+#include "KeyboardFocus.h"
+#include "PictureView.h"
+#include "PreviewContent.h"
+#include "RequestReader.h"
+#include "XcbConnection.h"
+
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QStackedWidget>
+#include <QThreadPool>
+#include <QWidget>
+
+namespace perchly {
+
+class MediaView;
+class PdfView;
+
+/// The window of the preview. Left and right go from item to item; Space, Escape and Ctrl+W close
+/// it. What an item holds is read in the background; until it is there, and where it cannot be
+/// shown, its icon, name, kind and size stand for it.
+class PreviewWindow : public QWidget {
+    Q_OBJECT
+public:
+    PreviewWindow();
+    ~PreviewWindow() override;
+
+    void handle(const PreviewRequest &request);
+
+Q_SIGNALS:
+    void closed();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
+private:
+    [[nodiscard]] bool handleKey(const QKeyEvent &event);
+    void step(qsizetype by);
+    void showItem();
+    void take(const PreviewContent &content);
+    void showFacts();
+    void showPdf();
+    void showMedia();
+    void present(QWidget *view, const QSize &wanted);
+    void comeToFront();
+
+    XcbConnection m_connection;
+    KeyboardFocus m_focus;
+    QList<QUrl> m_items;
+    qsizetype m_index = 0;
+    int m_number = 0; ///< of the item that was asked for last
+    FileFacts m_current;
+    QStackedWidget m_stack;
+    FactsView m_facts;
+    PictureView m_picture;
+    QPlainTextEdit m_text;
+    PdfView *m_pdf = nullptr; ///< both made when first needed
+    MediaView *m_media = nullptr;
+    QLabel m_caption;
+    QThreadPool m_pool;
+};
+
+} // namespace perchly

@@ -1,0 +1,225 @@
+#include "CompanionCalendarStore.h"
+#include "TestFiles.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace perchly;
+using namespace std::chrono_literals;
+
+namespace {
+
+struct Call : ScheduledTask {
+    Call(std::function<void()> ends)
+        : ended(std::move(ends)) {}
+    ~Call() override { ended(); }
+    std::function<void()> ended;
+};
+
+} // namespace
+
+/// The real companion over calendars that are written, torn and removed, in a home of its own.
+class CompanionCalendarStoreTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void init() {
+        QFile::remove(CalendarConsent::defaultPath());
+        QDir(m_calendars).removeRecursively();
+        write("work", {"First"});
+        m_asked.clear();
+        m_closed = 0;
+        m_answer = true;
+    }
+
+    void nothingIsReadBeforeTheYes() {
+        const auto store = make();
+        QCOMPARE(store->access(), CalendarAccess::NotAsked);
+        QCOMPARE(titles(*store), QStringList());
+        QCOMPARE(request(*store).access, CalendarAccess::Granted);
+        QCOMPARE(m_asked, QStringList(QStringLiteral("work NotAsked")));
+        QCOMPARE(titles(*store), QStringList(QStringLiteral("First")));
+        // The answer is the person's own affair, and holds the next time.
+        QCOMPARE(QFile::permissions(CalendarConsent::defaultPath()) & QFile::ReadOther,
+                 QFile::Permissions());
+        QCOMPARE(titles(*make()), QStringList(QStringLiteral("First")));
+    }
+
+    void aNoHoldsAndCanBecomeAYesAndANoAgain() {
+        m_answer = false;
+        const auto store = make();
+        QCOMPARE(request(*store).access, CalendarAccess::Denied);
+        QCOMPARE(make()->access(), CalendarAccess::Denied);
+        m_answer = true;
+        QCOMPARE(request(*store).access, CalendarAccess::Granted);
+        m_answer.reset(); // closed
+        QCOMPARE(request(*store).access, CalendarAccess::Granted);
+        m_answer = false;
+        QCOMPARE(request(*store).access, CalendarAccess::Denied);
+        QCOMPARE(titles(*store), QStringList());
+    }
+
+    void accessThatIsTakenWhileItRunsEmptiesTheAnswers() {
+        const auto store = granted();
+        QSignalSpy changed(store.get(), &CalendarStore::changed);
+        QVERIFY(QFile::remove(CalendarConsent::defaultPath()));
+        QTRY_COMPARE(store->access(), CalendarAccess::NotAsked);
+        QVERIFY(!changed.isEmpty());
+        QCOMPARE(titles(*store), QStringList());
+        writeFile(CalendarConsent::defaultPath(), "{\"readCalendars\": true}");
+        QTRY_COMPARE(store->access(), CalendarAccess::Granted);
+        QCOMPARE(titles(*store), QStringList(QStringLiteral("First")));
+        writeFile(CalendarConsent::defaultPath(), "{\"readCalendars\": \"yes\"");
+        QTRY_COMPARE(store->access(), CalendarAccess::NotAsked);
+    }
+
+    void aChangeIsAnnouncedAndRead() {
+        const auto store = granted();
+        QTest::qWait(400); // what the first reading began is over
+        static_cast<void>(titles(*store));
+        QSignalSpy changed(store.get(), &CalendarStore::changed);
+        write("work", {"First", "Second"});
+        QTRY_VERIFY(!changed.isEmpty());
+        QCOMPARE(titles(*store), QStringList({QStringLiteral("First"), QStringLiteral("Second")}));
+        changed.clear();
+        write("home", {"Third"});
+        QTRY_VERIFY(!changed.isEmpty());
+        QCOMPARE(titles(*store).size(), 3);
+        changed.clear();
+        QVERIFY(QDir(m_calendars + QStringLiteral("/work")).removeRecursively());
+        QTRY_VERIFY(!changed.isEmpty());
+        QCOMPARE(titles(*store), QStringList(QStringLiteral("Third")));
+    }
+
+    void aTornFileKeepsWhatItHeld() {
+        write("home", {"Other"});
+        const auto store = granted();
+        QCOMPARE(titles(*store).size(), 2);
+        const QByteArray whole = text({"Moved"});
+        for (const QByteArray &torn : {QByteArray(), whole.left(40), whole.chopped(3)}) {
+            QSignalSpy changed(store.get(), &CalendarStore::changed);
+            writeFile(path("work"), torn);
+            write("home", {"Changed"});
+            QTRY_VERIFY(!changed.isEmpty());
+            QCOMPARE(titles(*store),
+                     QStringList({QStringLiteral("Changed"), QStringLiteral("First")}));
+        }
+        QSignalSpy changed(store.get(), &CalendarStore::changed);
+        writeFile(path("work"), whole);
+        QTRY_VERIFY(!changed.isEmpty());
+        QCOMPARE(titles(*store), QStringList({QStringLiteral("Changed"), QStringLiteral("Moved")}));
+    }
+
+    void aCompanionThatFails_data() {
+        QTest::addColumn<QString>("program");
+        QTest::addColumn<QString>("error");
+        QTest::newRow("is missing")
+            << QString() << QStringLiteral("The calendar reader is not installed.");
+        QTest::newRow("says nothing") << QStringLiteral("/bin/true")
+                                      << QStringLiteral("The calendars could not be looked for.");
+        QTest::newRow("cannot be run") << QStringLiteral("/nowhere")
+                                       << QStringLiteral("The calendars could not be looked for.");
+    }
+
+    void aCompanionThatFails() {
+        QFETCH(QString, program);
+        const auto store = make(program);
+        const CalendarStore::Answer answer = request(*store);
+        QCOMPARE(answer.access, CalendarAccess::NotAsked);
+        QTEST(answer.error, "error");
+        writeFile(CalendarConsent::defaultPath(), "{\"readCalendars\": true}");
+        QTRY_COMPARE(store->access(), CalendarAccess::Granted);
+        QCOMPARE(titles(*store), QStringList());
+    }
+
+    void aTaskThatGoesTakesItsAnswerAlong() {
+        auto store = granted();
+        int answers = 0;
+        static_cast<void>(store->events(m_now, m_now + 1h, [&](const auto &) { ++answers; }));
+        m_asked.clear();
+        m_closed = 0;
+        m_hold = true;
+        Task question = store->requestAccess([&](const auto &) { ++answers; });
+        QTRY_COMPARE(m_asked.size(), 1);
+        question.reset();
+        m_hold = false;
+        QCOMPARE(m_closed, 1);
+        const Task waiting = store->events(m_now, m_now + 999h, [&](const auto &) { ++answers; });
+        QTest::qWait(1); // it reads
+        store.reset();
+        QTest::qWait(100);
+        QCOMPARE(answers, 0);
+    }
+
+private:
+    std::unique_ptr<CompanionCalendarStore>
+    make(const QString &program = QStringLiteral(CALENDAR_READER)) {
+        return std::make_unique<CompanionCalendarStore>(
+            program, CalendarConsent::defaultPath(),
+            [this](const QList<FoundCalendar> &found, CalendarAccess current,
+                   const CalendarAnswer &answer) -> Task {
+                m_asked.append(found.value(0).name + (current == CalendarAccess::NotAsked
+                                                          ? QStringLiteral(" NotAsked")
+                                                          : QString()));
+                auto call = std::make_unique<Call>([this] { ++m_closed; });
+                if (!m_hold) {
+                    QMetaObject::invokeMethod(
+                        this, [this, answer] { answer(m_answer); }, Qt::QueuedConnection);
+                }
+                return call;
+            });
+    }
+    std::unique_ptr<CompanionCalendarStore> granted() {
+        auto store = make();
+        static_cast<void>(request(*store));
+        static_cast<void>(titles(*store));
+        return store;
+    }
+    static CalendarStore::Answer request(CalendarStore &store) {
+        std::optional<CalendarStore::Answer> got;
+        const Task task = store.requestAccess([&got](const auto &answer) { got = answer; });
+        const bool answered = !got && QTest::qWaitFor([&got] { return got.has_value(); }, 10'000);
+        return answered ? *got : CalendarStore::Answer{.error = QStringLiteral("(no answer)")};
+    }
+    QStringList titles(CalendarStore &store) const {
+        std::optional<QStringList> got;
+        const Task task = store.events(m_now, m_now + 168h, [&got](const auto &events) {
+            got.emplace();
+            for (const CalendarEvent &event : events) {
+                got->append(event.title);
+            }
+            got->sort();
+        });
+        const bool answered = !got && QTest::qWaitFor([&got] { return got.has_value(); }, 10'000);
+        return answered ? *got : QStringList(QStringLiteral("(no answer)"));
+    }
+
+    /// A calendar of events in an hour.
+    [[nodiscard]] QByteArray text(std::initializer_list<const char *> titles) const {
+        const std::time_t start = std::chrono::system_clock::to_time_t(m_now + 1h);
+        const QByteArray when = QDateTime::fromSecsSinceEpoch(start, Qt::UTC)
+                                    .toString(QStringLiteral("yyyyMMdd'T'hhmmss'Z'"))
+                                    .toLatin1();
+        QByteArray events;
+        for (const QByteArray title : titles) {
+            events += "BEGIN:VEVENT\r\nUID:" + title + "\r\nDTSTART:" + when +
+                      "\r\nSUMMARY:" + title + "\r\nEND:VEVENT\r\n";
+        }
+        return "BEGIN:VCALENDAR\r\n" + events + "END:VCALENDAR\r\n";
+    }
+    [[nodiscard]] QString path(const char *calendar) const {
+        return m_calendars + QStringLiteral("/%1/all.ics").arg(QLatin1StringView(calendar));
+    }
+    void write(const char *calendar, std::initializer_list<const char *> titles) const {
+        writeFile(path(calendar), text(titles));
+    }
+
+    const QString m_calendars = QDir::homePath() + QStringLiteral("/.calendars");
+    const Clock::TimePoint m_now = std::chrono::system_clock::now();
+    QStringList m_asked; ///< what the person was asked
+    std::optional<bool> m_answer;
+    bool m_hold = false; ///< the person takes their time
+    int m_closed = 0;    ///< questions
+};
+
+QTEST_GUILESS_MAIN(CompanionCalendarStoreTest)
+#include "CompanionCalendarStoreTest.moc"

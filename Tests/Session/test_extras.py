@@ -1,0 +1,125 @@
+"""The extras' sections of the workspace window: search, launch groups, snippets, focus."""
+
+import json
+from pathlib import Path
+
+from perchly_session.case import main
+from perchly_session.clipboard import pasted
+from perchly_session.waiting import wait_until
+from perchly_session.workspace import SECTIONS, WorkspaceCase
+
+IDENTIFIER = "6F9619FF-8B86-D011-B42D-00C04FC964FF"
+FIRST_CONTROLS = {
+    "Search": "Search apps, notes, clipboard, and files",
+    "Files": "Add files…",
+    "Clipboard": "Enable clipboard history for this session",
+    "Layouts": "Layout name, e.g. Work",
+    "Shortcuts": "Refresh",
+    "Meetings": "Connect Calendar",
+    "Launch": "Workspace name",
+    "Snippets": "New snippet",
+    "Focus": "Focus: 25 minutes",
+    "Device": "Refresh battery",
+}
+
+
+class ExtrasTest(WorkspaceCase):
+    def install(self, name):
+        """Installs an application; returns its entry and the file that it leaves when it runs."""
+        folder = Path(self.session.environment["XDG_DATA_HOME"]) / "applications"
+        folder.mkdir(parents=True, exist_ok=True)
+        marker = self.session.folder / f"{name} ran"
+        entry = folder / f"{name}.desktop"
+        entry.write_text(
+            f'[Desktop Entry]\nType=Application\nName={name}\nExec=touch "{marker}"\n'
+        )
+        return entry, marker
+
+    def test_every_section_is_reached_by_keyboard(self):
+        self.start()
+        self.open_window()
+        self.assertEqual(self.tree.focused().name, FIRST_CONTROLS["Search"])
+        for section in SECTIONS[1:] + SECTIONS[:1]:
+            self.choose_section(section)
+            self.go_to(FIRST_CONTROLS[section])
+
+    def test_the_search_launches_with_return_alone(self):
+        self.start_session()
+        _, marker = self.install("Zebra")
+        _, other = self.install("Zebra crossing")
+        self.run_program()
+        self.open_window()
+        self.type_text("zeb")
+        self.tree.find("Zebra crossing", "list item")
+        self.screen.key("Return")
+        wait_until(marker.exists, "the first application")
+        self.screen.key("Down")
+        self.screen.key("Down")
+        self.screen.key("Return")
+        wait_until(other.exists, "the second application")
+        self.type_text(" crossing?")
+        wait_until(lambda: not self.tree.look_for("Zebra crossing", "list item"), "no match")
+
+    def test_a_group_opens_what_is_left_of_it(self):
+        self.start_session()
+        entry, marker = self.install("Tea")
+        gone, _ = self.install("Gone")
+        gone.unlink()
+        addresses = [f"file://{self.session.folder}/gone.txt", gone.as_uri(), entry.as_uri()]
+        groups = [{"id": IDENTIFIER, "name": "day", "urls": addresses}]
+        self.session.store(launchGroups={"encoding": "utf-8", "data": json.dumps(groups)})
+        self.run_program()
+        self.open_window()
+        self.choose_section("Launch")
+        self.press("Launch", "day")
+        wait_until(marker.exists, "the application that is left")
+        self.tree.find("Could not open Gone.desktop")
+        self.type_into("Workspace name", "empty")
+        self.screen.key("Return")
+        self.tree.find("empty", "list item")
+        self.press("Delete", "day")
+        wait_until(lambda: self.rows() == ["empty"], "one group")
+        self.program.stop()
+        self.run_program()
+        self.open_window()
+        self.choose_section("Launch")
+        self.tree.find("empty", "list item")
+        self.assertEqual(self.rows(), ["empty"])
+
+    def test_snippets_outlive_the_program_only_if_they_are_to(self):
+        self.open_workspace("Snippets")
+        self.type_into("New snippet", "hello")
+        self.screen.key("Return")
+        self.press("Copy", "hello")
+        self.assertEqual(pasted(self.session), "hello")
+        self.assertNotIn("pinnedSnippets", self.session.preferences())
+        self.restart()
+        self.assertEqual(self.rows(), [])
+        self.press("Keep pinned snippets after quitting")
+        self.type_into("New snippet", "again")
+        self.screen.key("Return")
+        self.tree.find("again", "list item")
+        self.restart()
+        self.tree.find("again", "list item")
+        self.press("Keep pinned snippets after quitting")
+        wait_until(lambda: "pinnedSnippets" not in self.session.preferences(), "nothing stored")
+
+    def restart(self):
+        self.program.stop()
+        self.run_program()
+        self.open_window()
+        self.choose_section("Snippets")
+
+    def test_focus_is_set_and_started(self):
+        self.open_workspace("Focus", preferences={"focusMinutes": 30})
+        self.go_to("Focus: 30 minutes")
+        self.screen.key("Up")
+        wait_until(lambda: self.session.preferences()["focusMinutes"] == 31, "a minute more")
+        self.press("Start focus")
+        self.tree.find("Pause")
+        self.press("End")
+        self.tree.find("00:00")
+
+
+if __name__ == "__main__":
+    main()
