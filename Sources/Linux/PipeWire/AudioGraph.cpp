@@ -50,7 +50,8 @@ struct AudioGraph::Callbacks {
 
     static void clientInfo(void *data, const pw_client_info *info) {
         auto &client = *static_cast<GraphClient *>(data);
-        if (info->props != nullptr) {
+        // An update that says nothing new about them brings none.
+        if ((info->change_mask & PW_CLIENT_CHANGE_MASK_PROPS) != 0 && info->props != nullptr) {
             client.graph->read(client, *info->props);
         }
     }
@@ -58,7 +59,7 @@ struct AudioGraph::Callbacks {
     static void nodeInfo(void *data, const pw_node_info *info) {
         auto &stream = *static_cast<GraphStream *>(data);
         const bool isRunning = info->state == PW_NODE_STATE_RUNNING;
-        if (info->props != nullptr) {
+        if ((info->change_mask & PW_NODE_CHANGE_MASK_PROPS) != 0 && info->props != nullptr) {
             stream.isFixed = isTrue(spa_dict_lookup(info->props, PW_KEY_NODE_DONT_RECONNECT));
         }
         if (std::exchange(stream.isRunning, isRunning) != isRunning) {
@@ -92,6 +93,11 @@ AudioGraph::AudioGraph(PipeWireConnection &connection, QObject *parent)
     m_announcement.setSingleShot(true);
     m_announcement.setInterval(announcementDelay);
     connect(&m_announcement, &QTimer::timeout, this, [this] {
+        // One that was still ending when its last stream went is forgotten later.
+        std::erase_if(m_known, [this](const auto &entry) {
+            const Known known = entry.second;
+            return !hasProcess(known.number);
+        });
         findDefault();
         Q_EMIT changed();
     });
@@ -251,11 +257,15 @@ void AudioGraph::read(GraphClient &client, const spa_dict &properties) {
 
 AudioGraph::Known &AudioGraph::know(const ProcessKey &key) {
     Known &known = m_known[key];
+    const auto startTime = key.first > 0 && key.second.isEmpty()
+                               ? processStartTime(std::int32_t(key.first))
+                               : std::nullopt;
+    if (known.number != 0 && startTime && known.startTime && startTime != known.startTime) {
+        known = {}; // another process has the number of one that has gone
+    }
     if (known.number == 0) {
         known.number = ++m_lastNumber;
-        if (key.first > 0 && key.second.isEmpty()) {
-            known.startTime = processStartTime(std::int32_t(key.first));
-        }
+        known.startTime = startTime;
     }
     return known;
 }

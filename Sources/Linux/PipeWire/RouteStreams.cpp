@@ -51,6 +51,9 @@ void RouteStreams::setGroups(pw_properties *properties) const {
     // One driver for both ends, and no way back from the one to the other.
     set(properties, PW_KEY_NODE_GROUP, m_uid);
     set(properties, PW_KEY_NODE_LINK_GROUP, m_uid);
+    // What somebody has done to one route is nothing that the next one should begin with.
+    set(properties, "state.restore-props", QStringLiteral("false"));
+    set(properties, "state.restore-target", QStringLiteral("false"));
 }
 
 std::unique_ptr<StereoStream> RouteStreams::make(pw_properties *properties,

@@ -42,7 +42,8 @@ VolumeMixer::VolumeMixer(AudioSystem &audio, Clock &clock, QObject *parent)
     , m_clock(clock)
     , m_supported(audio.canRouteProcesses()) {
     connect(&audio, &AudioSystem::changed, this, [this] {
-        if (m_audio.canRouteProcesses() != m_supported) {
+        const bool otherOutput = !m_routes.empty() && m_audio.defaultOutput() != m_output;
+        if (m_audio.canRouteProcesses() != m_supported || otherOutput) {
             refresh();
         } else {
             scheduleRefresh();
