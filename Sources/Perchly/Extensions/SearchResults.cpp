@@ -123,7 +123,9 @@ QString SearchResults::firstPath() const {
 }
 
 void SearchResults::readApps() {
-    const QList<ShelfItem> installed = m_library ? m_library->installed() : QList<ShelfItem>();
+    const ShelfLibrary *library = m_library;
+    const QList<ShelfItem> installed =
+        library != nullptr ? library->installed() : QList<ShelfItem>();
     Entries entries;
     entries.reserve(installed.size());
     for (const ShelfItem &item : installed) {
@@ -136,7 +138,8 @@ void SearchResults::readApps() {
 }
 
 void SearchResults::readClips() {
-    const QList<Clip> clips = m_tools ? m_tools->clips() : QList<Clip>();
+    const Productivity *tools = m_tools;
+    const QList<Clip> clips = tools != nullptr ? tools->clips() : QList<Clip>();
     Entries entries;
     for (const Clip &clip : clips) {
         const QString label = clip.label();
@@ -149,7 +152,8 @@ void SearchResults::readClips() {
 }
 
 void SearchResults::readSnippets() {
-    const QList<Snippet> snippets = m_extras ? m_extras->snippets() : QList<Snippet>();
+    const ShelfExtras *extras = m_extras;
+    const QList<Snippet> snippets = extras != nullptr ? extras->snippets() : QList<Snippet>();
     Entries entries;
     for (const Snippet &snippet : snippets) {
         entries.append({.key = snippet.id.toString(),
@@ -161,7 +165,8 @@ void SearchResults::readSnippets() {
 }
 
 void SearchResults::readHeld() {
-    const QList<QUrl> held = m_tools ? m_tools->held() : QList<QUrl>();
+    const Productivity *tools = m_tools;
+    const QList<QUrl> held = tools != nullptr ? tools->held() : QList<QUrl>();
     Entries entries;
     for (const QUrl &url : held) {
         const QString address = url.toString(QUrl::FullyEncoded);

@@ -21,8 +21,12 @@ void ExtrasRows::setExtras(ShelfExtras *extras) {
 }
 
 void GroupRows::refresh() {
+    const ShelfExtras *store = extras();
+    if (store == nullptr) {
+        return;
+    }
     QList<Row> rows;
-    for (const LaunchGroup &group : extras()->groups()) {
+    for (const LaunchGroup &group : store->groups()) {
         QStringList labels;
         for (const QUrl &url : group.urls) {
             labels.append(inOneLine(Productivity::labelOf(url)));
@@ -36,8 +40,12 @@ void GroupRows::refresh() {
 }
 
 void SnippetRows::refresh() {
+    const ShelfExtras *store = extras();
+    if (store == nullptr) {
+        return;
+    }
     QList<Row> rows;
-    for (const Snippet &snippet : extras()->snippets()) {
+    for (const Snippet &snippet : store->snippets()) {
         rows.append({snippet.id.toString(),
                      {{QStringLiteral("id"), snippet.id.toString()},
                       {QStringLiteral("label"), shownPart(snippet.text)},
@@ -48,7 +56,8 @@ void SnippetRows::refresh() {
 
 void MeetingRows::refresh() {
     m_links.clear();
-    const QList<Meeting> meetings = extras()->events();
+    const ShelfExtras *store = extras();
+    const QList<Meeting> meetings = store != nullptr ? store->events() : QList<Meeting>();
     for (const Meeting &meeting : meetings) {
         m_links.insert(meeting.identifier(), meeting.link());
     }
@@ -56,12 +65,13 @@ void MeetingRows::refresh() {
 }
 
 void MeetingRows::look() {
-    if (extras() == nullptr) {
+    const ShelfExtras *store = extras();
+    if (store == nullptr) {
         return;
     }
     QList<Row> rows;
-    for (const Meeting &meeting : extras()->events()) {
-        const QString status = extras()->meetingStatus(meeting.start());
+    for (const Meeting &meeting : store->events()) {
+        const QString status = store->meetingStatus(meeting.start());
         rows.append({meeting.identifier(),
                      {{QStringLiteral("title"), inOneLine(meeting.title())},
                       {QStringLiteral("start"), meeting.startText()},
