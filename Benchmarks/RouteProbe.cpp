@@ -2,7 +2,7 @@
 // server's own cycles. For each line on its standard input it answers with
 //   DELAY BREAKS FRAMES
 // since the last one: how many frames of delay there were (the most frequent number), how often the
-// numbers that arrived did not go on by one, and how many arrived.
+// numbers that arrived ceased to go on by one, and how many arrived.
 #include <pipewire/pipewire.h>
 #include <spa/param/audio/format-utils.h>
 
@@ -28,6 +28,7 @@ struct Probe {
     std::int64_t madeAt = 0; ///< the moment of number 0 in the server's clock
     std::uint32_t expected = 0;
     std::uint64_t breaks = 0;
+    bool wasBroken = false;
     std::uint64_t frames = 0;
     std::map<std::int64_t, std::uint64_t> delays;
 };
@@ -71,7 +72,9 @@ void listen(void *data) {
     const auto frames = std::uint32_t(in.chunk->size / sizeof(float));
     for (std::uint32_t index = 0; index < frames; ++index) {
         const auto number = std::uint32_t(std::lround(samples[index] / step));
-        probe.breaks += number != probe.expected ? 1 : 0;
+        const bool isBroken = number != probe.expected;
+        probe.breaks += isBroken && !probe.wasBroken ? 1 : 0;
+        probe.wasBroken = isBroken;
         probe.expected = (number + 1) % numbers;
     }
     if (frames > 0) {

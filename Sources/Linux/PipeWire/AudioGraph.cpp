@@ -98,12 +98,15 @@ AudioGraph::AudioGraph(PipeWireConnection &connection, QObject *parent)
             const Known known = entry.second;
             return !hasProcess(known.number);
         });
+        findDefault();
         Q_EMIT changed();
     });
     connect(&connection, &PipeWireConnection::connected, this, &AudioGraph::begin);
     connect(&connection, &PipeWireConnection::lost, this, &AudioGraph::clear);
     connect(&connection, &PipeWireConnection::answered, this, &AudioGraph::answered);
-    connect(&m_metadata, &SessionMetadata::defaultOutputChanged, this, &AudioGraph::findDefault);
+    // Not at once: a session manager that goes takes its table away first.
+    connect(&m_metadata, &SessionMetadata::defaultOutputChanged, &m_announcement,
+            qOverload<>(&QTimer::start));
 }
 
 AudioGraph::~AudioGraph() {
@@ -192,7 +195,7 @@ void AudioGraph::addNode(std::uint32_t id, const spa_dict &properties) {
                mediaClass == QLatin1String("Audio/Duplex")) {
         m_outputs[id] = {textOf(properties, PW_KEY_NODE_NAME),
                          textOf(properties, PW_KEY_OBJECT_SERIAL)};
-        findDefault();
+        m_announcement.start();
     }
 }
 
@@ -210,7 +213,7 @@ void AudioGraph::remove(std::uint32_t id) {
         forgetProcess(process);
         Q_EMIT streamRemoved(id);
     } else if (m_outputs.erase(id) > 0) {
-        findDefault();
+        m_announcement.start();
     } else if (m_metadata.isBound() && m_metadata.id() == id) {
         m_metadata.unbind();
         Q_EMIT moverLost();
@@ -364,7 +367,7 @@ QString AudioGraph::serialOfOutput(std::uint32_t node) const {
 }
 
 void AudioGraph::findDefault() {
-    if (!m_isComplete) {
+    if (!isComplete()) {
         return;
     }
     const QString name = m_metadata.defaultOutput();
@@ -376,9 +379,7 @@ void AudioGraph::findDefault() {
         AudioObject &known = m_outputNumbers[name];
         number = known != 0 ? known : (known = ++m_lastNumber);
     }
-    if (std::exchange(m_defaultOutput, number) != number) {
-        m_announcement.start();
-    }
+    m_defaultOutput = number;
 }
 
 } // namespace perchly
