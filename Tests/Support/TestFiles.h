@@ -19,6 +19,12 @@ inline void writeFile(const QString &path, const QByteArray &bytes) {
     QCOMPARE(file.write(bytes), bytes.size());
 }
 
+/// Writes a shell script that can be started.
+inline void writeProgram(const QString &path, const QByteArray &script) {
+    writeFile(path, "#!/bin/sh\n" + script);
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
 /// The file of an entry of the test's own person.
 inline QString desktopEntryPath(const QString &name) {
     return qEnvironmentVariable("XDG_DATA_HOME") + QStringLiteral("/applications/") + name +

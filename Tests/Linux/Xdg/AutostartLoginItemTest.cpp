@@ -1,11 +1,7 @@
 #include "AutostartLoginItem.h"
-
-#include <QDir>
-#include <QFile>
-#include <QTest>
+#include "TestFiles.h"
 
 #include <gio/gdesktopappinfo.h>
-#include <sys/stat.h>
 
 using namespace perchly;
 
@@ -15,25 +11,97 @@ class AutostartLoginItemTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void startsTheProgramWhateverItsPath_data();
-    void startsTheProgramWhateverItsPath();
-    void respectsWhatTheDesktopSays_data();
-    void respectsWhatTheDesktopSays();
-    void hidesTheEntryOfTheSystem();
-    void saysWhyItFailed();
+    void init() {
+        qputenv("XDG_CONFIG_DIRS", "/nowhere/at/all");
+        QVERIFY(QDir(m_config).removeRecursively());
+        m_program = makeProgram(QStringLiteral("perchly"));
+    }
+
+    void startsTheProgramWhateverItsPath_data() {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("a plain one") << QStringLiteral("perchly");
+        QTest::newRow("blanks and quotes") << QStringLiteral("my \"own\" 'perchly'");
+        QTest::newRow("what a shell and a desktop entry would replace")
+            << QStringLiteral("$HOME `x` %U 100% \\s\\");
+    }
+
+    /// The desktop's own library launches what was registered.
+    void startsTheProgramWhateverItsPath() {
+        QFETCH(const QString, name);
+        AutostartLoginItem item(makeProgram(name));
+        QVERIFY(!item.isEnabled());
+        const auto result = item.registerProgram();
+        QVERIFY2(result.outcome == Outcome::Registered, qPrintable(result.message));
+        QVERIFY(item.isEnabled());
+        auto *entry = g_desktop_app_info_new_from_filename(QFile::encodeName(m_entry).constData());
+        QVERIFY(entry != nullptr);
+        QVERIFY(g_app_info_launch(G_APP_INFO(entry), nullptr, nullptr, nullptr) != FALSE);
+        g_object_unref(entry);
+        QTRY_VERIFY(QFile::exists(m_marker));
+
+        QVERIFY(item.unregisterProgram().outcome == Outcome::Unregistered);
+        QVERIFY(!item.isEnabled());
+        QVERIFY(!QFile::exists(m_entry));
+    }
+
+    void respectsWhatTheDesktopSays_data() {
+        QTest::addColumn<QByteArray>("lines");
+        QTest::addColumn<bool>("enabled");
+        QTest::newRow("nothing") << QByteArray() << true;
+        QTest::newRow("hidden") << QByteArray("Hidden=true\n") << false;
+        QTest::newRow("turned off") << QByteArray("X-GNOME-Autostart-enabled=false\n") << false;
+        QTest::newRow("for another desktop") << QByteArray("OnlyShowIn=Elsewhere;\n") << false;
+        QTest::newRow("its program is gone") << QByteArray("TryExec=/nowhere\n") << false;
+        QTest::newRow("broken") << QByteArray("nonsense\n") << false;
+    }
+
+    void respectsWhatTheDesktopSays() {
+        QFETCH(const QByteArray, lines);
+        QFETCH(const bool, enabled);
+        writeFile(m_entry, "[Desktop Entry]\nType=Application\nName=Perchly\nExec=" +
+                               QFile::encodeName(m_program) + "\n" + lines);
+        AutostartLoginItem item(m_program);
+        QCOMPARE(item.isEnabled(), enabled);
+        QVERIFY(item.registerProgram().outcome == Outcome::Registered);
+        QVERIFY(item.isEnabled());
+    }
+
+    void hidesTheEntryOfTheSystem() {
+        const QString system = m_config.filePath(QStringLiteral("system"));
+        qputenv("XDG_CONFIG_DIRS", QFile::encodeName(system));
+        writeFile(system + QStringLiteral("/autostart/perchly.desktop"),
+                  "[Desktop Entry]\nType=Application\nName=Perchly\nExec=true\n");
+        AutostartLoginItem item(m_program);
+        QVERIFY(item.isEnabled());
+        QVERIFY(item.unregisterProgram().outcome == Outcome::Unregistered);
+        QVERIFY(!item.isEnabled());
+        QVERIFY(item.registerProgram().outcome == Outcome::Registered);
+        QVERIFY(item.isEnabled());
+    }
+
+    void saysWhyItFailed() {
+        AutostartLoginItem gone(m_config.filePath(QStringLiteral("gone")));
+        QVERIFY(gone.registerProgram().outcome == Outcome::Failed);
+        QVERIFY(gone.registerProgram().message.contains(QStringLiteral("gone")));
+
+        // What stands in the way: a file in the folder's place, then a folder in the entry's.
+        AutostartLoginItem item(m_program);
+        writeFile(m_config.filePath(QStringLiteral("autostart")), "a file");
+        auto result = item.registerProgram();
+        QVERIFY(result.outcome == Outcome::Failed);
+        QVERIFY2(result.message.contains(m_entry), qPrintable(result.message));
+        QVERIFY(QFile::remove(m_config.filePath(QStringLiteral("autostart"))));
+        QVERIFY(QDir().mkpath(m_entry + QStringLiteral("/inside")));
+        result = item.unregisterProgram();
+        QVERIFY(result.outcome == Outcome::Failed);
+        QVERIFY2(result.message.contains(m_entry), qPrintable(result.message));
+        QVERIFY(!item.isEnabled());
+    }
 
 private:
-    void writeFile(const QString &path, const QByteArray &text) const {
-        QVERIFY(QDir().mkpath(QFileInfo(path).path()));
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(text);
-    }
     [[nodiscard]] QString makeProgram(const QString &name) const {
         const QString path = m_config.filePath(name);
-        writeFile(path, "#!/bin/sh\necho started > '" + QFile::encodeName(m_marker) + "'\n");
-        QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner);
+        writeProgram(path, "echo started > '" + QFile::encodeName(m_marker) + "'\n");
         return path;
     }
 
@@ -42,97 +110,6 @@ private:
     const QString m_marker = m_config.filePath(QStringLiteral("marker"));
     QString m_program;
 };
-
-void AutostartLoginItemTest::init() {
-    qputenv("XDG_CONFIG_DIRS", "/nowhere/at/all");
-    QVERIFY(QDir(m_config).removeRecursively());
-    m_program = makeProgram(QStringLiteral("perchly"));
-}
-
-void AutostartLoginItemTest::startsTheProgramWhateverItsPath_data() {
-    QTest::addColumn<QString>("name");
-    QTest::newRow("a plain one") << QStringLiteral("perchly");
-    QTest::newRow("blanks and quotes") << QStringLiteral("my \"own\" 'perchly'");
-    QTest::newRow("what a shell and a desktop entry would replace")
-        << QStringLiteral("$HOME `x` %U 100% \\s\\");
-    QTest::newRow("other scripts") << QStringLiteral("prögram 程序");
-}
-
-/// The desktop's own library launches what was registered.
-void AutostartLoginItemTest::startsTheProgramWhateverItsPath() {
-    QFETCH(const QString, name);
-    AutostartLoginItem item(makeProgram(name));
-    QVERIFY(!item.isEnabled());
-    const auto result = item.registerProgram();
-    QVERIFY2(result.outcome == Outcome::Registered, qPrintable(result.message));
-    QVERIFY(item.isEnabled());
-    auto *entry = g_desktop_app_info_new_from_filename(QFile::encodeName(m_entry).constData());
-    QVERIFY(entry != nullptr);
-    QVERIFY(g_app_info_launch(G_APP_INFO(entry), nullptr, nullptr, nullptr) != FALSE);
-    g_object_unref(entry);
-    QTRY_VERIFY(QFile::exists(m_marker));
-
-    QVERIFY(item.unregisterProgram().outcome == Outcome::Unregistered);
-    QVERIFY(!item.isEnabled());
-    QVERIFY(!QFile::exists(m_entry));
-    QVERIFY(item.unregisterProgram().outcome == Outcome::Unregistered);
-}
-
-void AutostartLoginItemTest::respectsWhatTheDesktopSays_data() {
-    QTest::addColumn<QByteArray>("lines");
-    QTest::addColumn<bool>("enabled");
-    QTest::newRow("nothing") << QByteArray() << true;
-    QTest::newRow("hidden") << QByteArray("Hidden=true\n") << false;
-    QTest::newRow("turned off") << QByteArray("X-GNOME-Autostart-enabled=false\n") << false;
-    QTest::newRow("turned on") << QByteArray("X-GNOME-Autostart-enabled=true\n") << true;
-    QTest::newRow("for another desktop") << QByteArray("OnlyShowIn=Elsewhere;\n") << false;
-    QTest::newRow("in no menu") << QByteArray("NoDisplay=true\n") << true;
-    QTest::newRow("its program is gone") << QByteArray("TryExec=/nowhere\n") << false;
-    QTest::newRow("broken") << QByteArray("nonsense\n") << false;
-}
-
-void AutostartLoginItemTest::respectsWhatTheDesktopSays() {
-    QFETCH(const QByteArray, lines);
-    QFETCH(const bool, enabled);
-    writeFile(m_entry, "[Desktop Entry]\nType=Application\nName=Perchly\nExec=" +
-                           QFile::encodeName(m_program) + "\n" + lines);
-    AutostartLoginItem item(m_program);
-    QCOMPARE(item.isEnabled(), enabled);
-    QVERIFY(item.registerProgram().outcome == Outcome::Registered);
-    QVERIFY(item.isEnabled());
-}
-
-void AutostartLoginItemTest::hidesTheEntryOfTheSystem() {
-    const QString system = m_config.filePath(QStringLiteral("system"));
-    qputenv("XDG_CONFIG_DIRS", QFile::encodeName(system));
-    writeFile(system + QStringLiteral("/autostart/perchly.desktop"),
-              "[Desktop Entry]\nType=Application\nName=Perchly\nExec=true\n");
-    AutostartLoginItem item(m_program);
-    QVERIFY(item.isEnabled());
-    QVERIFY(item.unregisterProgram().outcome == Outcome::Unregistered);
-    QVERIFY(!item.isEnabled());
-    QVERIFY(item.registerProgram().outcome == Outcome::Registered);
-    QVERIFY(item.isEnabled());
-}
-
-void AutostartLoginItemTest::saysWhyItFailed() {
-    AutostartLoginItem gone(m_config.filePath(QStringLiteral("gone")));
-    QVERIFY(gone.registerProgram().outcome == Outcome::Failed);
-    QVERIFY(gone.registerProgram().message.contains(QStringLiteral("gone")));
-
-    // What stands in the way: a file in the folder's place, then a folder in the entry's.
-    AutostartLoginItem item(m_program);
-    writeFile(m_config.filePath(QStringLiteral("autostart")), "a file");
-    auto result = item.registerProgram();
-    QVERIFY(result.outcome == Outcome::Failed);
-    QVERIFY2(result.message.contains(m_entry), qPrintable(result.message));
-    QVERIFY(QFile::remove(m_config.filePath(QStringLiteral("autostart"))));
-    QVERIFY(QDir().mkpath(m_entry + QStringLiteral("/inside")));
-    result = item.unregisterProgram();
-    QVERIFY(result.outcome == Outcome::Failed);
-    QVERIFY2(result.message.contains(m_entry), qPrintable(result.message));
-    QVERIFY(!item.isEnabled());
-}
 
 QTEST_GUILESS_MAIN(AutostartLoginItemTest)
 #include "AutostartLoginItemTest.moc"

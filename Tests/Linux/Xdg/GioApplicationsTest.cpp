@@ -1,23 +1,13 @@
 #include "GioApplications.h"
+#include "TestFiles.h"
 
 #include <QDBusConnection>
-#include <QDBusConnectionInterface>
-#include <QDir>
-#include <QFile>
 #include <QMutex>
-#include <QTest>
 #include <QThread>
 
 using namespace perchly;
 
 namespace {
-
-void write(const QString &path, const QByteArray &text) {
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(text);
-}
 
 /// An application that starts when it is activated over the bus.
 class BusApplication : public QObject {
@@ -40,19 +30,173 @@ class GioApplicationsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-    void launchesTheProgramOfADesktopEntry();
-    void activatesAnApplicationOverTheBus();
-    void givesATerminalToWhoeverWantsOne_data();
-    void givesATerminalToWhoeverWantsOne();
-    void noticesAStart();
-    void saysWhyAnApplicationWasNotOpened_data();
-    void saysWhyAnApplicationWasNotOpened();
-    void opensLinksFilesAndFoldersWithTheirDefaultProgram();
-    void saysWhyALinkWasNotOpened_data();
-    void saysWhyALinkWasNotOpened();
-    void callsNothingBackOnceItIsDestroyed();
+    void initTestCase() {
+        m_data = QDir(qEnvironmentVariable("XDG_DATA_HOME"));
+        m_marker = m_data.filePath(QStringLiteral("marker"));
+        const QString program = m_data.filePath(QStringLiteral("a program.sh"));
+        writeProgram(program, "printf '%s %s' \"$DESKTOP_STARTUP_ID\" \"$*\" > '" +
+                                  m_marker.toUtf8() + ".part'\nmv '" + m_marker.toUtf8() +
+                                  ".part' '" + m_marker.toUtf8() + "'\n");
+        const QByteArray quoted = '"' + program.toUtf8() + '"';
+        installApplication(QStringLiteral("plain"), "Exec=" + quoted + " launched");
+        installApplication(QStringLiteral("handler"),
+                           "Exec=" + quoted +
+                               " %u\nMimeType=x-scheme-handler/perchlytest;inode/directory;");
+        installApplication(QStringLiteral("fields"),
+                           "Icon=picture\nExec=" + quoted + " %c 100%% %i %U %k");
+        installApplication(QStringLiteral("terminal"), "Terminal=true\nExec=" + quoted + " 'in a'");
+        installApplication(QStringLiteral("noticed"),
+                           "StartupNotify=true\nExec=" + quoted + " launched");
+        installApplication(QStringLiteral("broken"),
+                           "StartupNotify=true\nPath=/nowhere/at/all\nExec=" + quoted);
+        installApplication(QStringLiteral("org.perchly.TestApplication"),
+                           "Exec=/bin/false\nDBusActivatable=true\nStartupNotify=true");
+        writeFile(desktopEntryPath(QStringLiteral("garbage")),
+                  QByteArray("\0\x01\xff not a desktop entry", 22));
+        writeFile(m_data.filePath(QStringLiteral("applications/mimeapps.list")),
+                  "[Default Applications]\nx-scheme-handler/perchlytest=handler.desktop\n"
+                  "inode/directory=handler.desktop\n");
+    }
+
+    void init() {
+        m_errors.clear();
+        QFile::remove(m_marker);
+    }
+
+    void launchesTheProgramOfADesktopEntry() {
+        qputenv("DESKTOP_STARTUP_ID", "of-our-own-start");
+        GioApplications applications;
+        applications.open(desktopEntryPath(QStringLiteral("plain")), recorder());
+        QCOMPARE(m_errors, QStringList());
+        QTRY_COMPARE(marker(), QByteArray("launched"));
+        QTRY_COMPARE(m_errors, QStringList{QString()});
+        applications.open(desktopEntryPath(QStringLiteral("fields")));
+        QTRY_COMPARE(marker(), QByteArray("X 100% --icon picture " +
+                                          desktopEntryPath(QStringLiteral("fields")).toUtf8()));
+    }
+
+    void activatesAnApplicationOverTheBus() {
+        BusApplication application;
+        QDBusConnection bus = QDBusConnection::sessionBus();
+        QVERIFY(bus.registerObject(QStringLiteral("/org/perchly/TestApplication"), &application,
+                                   QDBusConnection::ExportAllSlots));
+        QVERIFY(bus.registerService(QStringLiteral("org.perchly.TestApplication")));
+        GioApplications applications(
+            {.begin = [](const QByteArray &) { return QByteArray("start"); }});
+        applications.open(desktopEntryPath(QStringLiteral("org.perchly.TestApplication")),
+                          recorder());
+        QTRY_COMPARE(m_errors, QStringList{QString()});
+        QCOMPARE(application.activations, 1);
+        QCOMPARE(application.startupIdentifier, QStringLiteral("start"));
+    }
+
+    void givesATerminalToWhoeverWantsOne_data() {
+        QTest::addColumn<QString>("terminal");
+        QTest::addColumn<QByteArray>("expected");
+        QTest::newRow("one that the system names")
+            << QStringLiteral("x-terminal-emulator") << QByteArray("in a terminal");
+        QTest::newRow("none") << QStringLiteral("nothing") << QByteArray();
+    }
+
+    void givesATerminalToWhoeverWantsOne() {
+        QFETCH(const QString, terminal);
+        QFETCH(const QByteArray, expected);
+        QDir programs(m_data.filePath(QStringLiteral("programs")));
+        QVERIFY(programs.removeRecursively());
+        writeProgram(programs.filePath(terminal),
+                     "PATH=/usr/bin:/bin\n[ \"$1\" = -e ] && shift && exec \"$@\" terminal\n");
+        const QByteArray path = qgetenv("PATH");
+        const auto reset = qScopeGuard([&] { qputenv("PATH", path); });
+        qputenv("PATH", QFile::encodeName(programs.path()));
+        GioApplications applications;
+        applications.open(desktopEntryPath(QStringLiteral("terminal")), recorder());
+        QTRY_COMPARE(m_errors.size(), 1);
+        QCOMPARE(m_errors.first().isEmpty(), !expected.isEmpty());
+        QTRY_COMPARE(marker(), expected);
+    }
+
+    void noticesAStart() {
+        QMutex mutex;
+        QByteArrayList begun;
+        QByteArrayList withdrawn;
+        GioApplications applications({.begin =
+                                          [&](const QByteArray &name) {
+                                              const QMutexLocker lock(&mutex);
+                                              begun.append(name);
+                                              return "start-" + QByteArray::number(begun.size());
+                                          },
+                                      .withdraw =
+                                          [&](const QByteArray &identifier) {
+                                              const QMutexLocker lock(&mutex);
+                                              withdrawn.append(identifier);
+                                          }});
+        applications.open(desktopEntryPath(QStringLiteral("plain")), recorder());
+        QTRY_COMPARE(marker(), QByteArray("launched"));
+        QTRY_COMPARE(m_errors.size(), 1);
+        applications.open(desktopEntryPath(QStringLiteral("noticed")), recorder());
+        QTRY_COMPARE(marker(), QByteArray("start-1 launched"));
+        QTRY_COMPARE(m_errors.size(), 2);
+        applications.open(desktopEntryPath(QStringLiteral("broken")), recorder());
+        QTRY_COMPARE(m_errors.size(), 3);
+        QVERIFY(!m_errors.last().isEmpty());
+        const QMutexLocker lock(&mutex);
+        QCOMPARE(begun, QByteArrayList({"X", "X"}));
+        QCOMPARE(withdrawn, QByteArrayList{"start-2"});
+    }
+
+    void saysWhyNothingWasOpened_data() {
+        QTest::addColumn<QUrl>("url");
+        QTest::addColumn<QString>("expected");
+        const auto entry = [](const QString &name) {
+            return QUrl::fromLocalFile(desktopEntryPath(name));
+        };
+        QTest::newRow("no such entry")
+            << entry(QStringLiteral("missing")) << QStringLiteral("There is no application");
+        QTest::newRow("a file that is no desktop entry")
+            << entry(QStringLiteral("garbage")) << QStringLiteral("is not an application");
+        QTest::newRow("a scheme that no program opens")
+            << QUrl(QStringLiteral("no-such-scheme:x")) << QString();
+        QTest::newRow("a file that is not there")
+            << QUrl(QStringLiteral("file:///nowhere/at/all")) << QStringLiteral("There is nothing");
+        QTest::newRow("an empty link") << QUrl() << QStringLiteral("is not a link");
+    }
+
+    void saysWhyNothingWasOpened() {
+        QFETCH(const QUrl, url);
+        QFETCH(const QString, expected);
+        GioApplications applications;
+        if (url.path().endsWith(QStringLiteral(".desktop"))) {
+            applications.open(url.toLocalFile(), recorder());
+        } else {
+            applications.openUrl(url, recorder());
+        }
+        QTRY_COMPARE(m_errors.size(), 1);
+        QVERIFY(!m_errors.first().isEmpty());
+        QVERIFY2(m_errors.first().contains(expected), qPrintable(m_errors.first()));
+    }
+
+    void opensLinksAndFoldersWithTheirDefaultProgram() {
+        GioApplications applications;
+        applications.openUrl(QUrl(QStringLiteral("perchlytest:a%20b?c=%2F")), recorder());
+        QTRY_COMPARE(marker(), QByteArray("perchlytest:a%20b?c=%2F"));
+
+        QFile::remove(m_marker);
+        const QString folder = m_data.filePath(QStringLiteral("a folder"));
+        QVERIFY(QDir().mkpath(folder));
+        applications.open(folder, recorder());
+        QTRY_VERIFY2(marker().endsWith("a folder"), marker().constData());
+        QTRY_COMPARE(m_errors, QStringList({QString(), QString()}));
+    }
+
+    void callsNothingBackOnceItIsDestroyed() {
+        for (int round = 0; round < 20; ++round) {
+            GioApplications applications;
+            applications.open(desktopEntryPath(QStringLiteral("missing")), recorder());
+            applications.openUrl(QUrl(QStringLiteral("no-such-scheme:x")), recorder());
+        }
+        QTest::qWait(50);
+        QCOMPARE(m_errors, QStringList());
+    }
 
 private:
     Applications::Completion recorder() {
@@ -61,196 +205,12 @@ private:
             m_errors.append(error);
         };
     }
-    [[nodiscard]] QByteArray marker() const {
-        QFile file(m_marker);
-        return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
-    }
-    [[nodiscard]] QString entry(const QString &name) const {
-        return m_data.filePath(QStringLiteral("applications/%1.desktop").arg(name));
-    }
-    void writeEntry(const QString &name, const QByteArray &lines) const {
-        write(entry(name), "[Desktop Entry]\nType=Application\nName=Example\n" + lines + "\n");
-    }
+    [[nodiscard]] QByteArray marker() const { return readFile(m_marker).trimmed(); }
 
     QDir m_data;
     QString m_marker;
     QStringList m_errors;
 };
-
-void GioApplicationsTest::initTestCase() {
-    m_data = QDir(qEnvironmentVariable("XDG_DATA_HOME"));
-    m_marker = m_data.filePath(QStringLiteral("marker"));
-    const QString program = m_data.filePath(QStringLiteral("a program.sh"));
-    write(program, "#!/bin/sh\nprintf '%s %s' \"$DESKTOP_STARTUP_ID\" \"$*\" > '" +
-                       m_marker.toUtf8() + ".part'\nmv '" + m_marker.toUtf8() + ".part' '" +
-                       m_marker.toUtf8() + "'\n");
-    QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner);
-    const QByteArray quoted = '"' + program.toUtf8() + '"';
-    writeEntry(QStringLiteral("plain"), "Exec=" + quoted + " launched");
-    writeEntry(QStringLiteral("handler"),
-               "Exec=" + quoted + " %u\nMimeType=x-scheme-handler/perchlytest;inode/directory;");
-    writeEntry(QStringLiteral("fields"), "Icon=picture\nExec=" + quoted + " %c 100%% %i %U %k");
-    writeEntry(QStringLiteral("terminal"), "Terminal=true\nExec=" + quoted + " 'in a'");
-    writeEntry(QStringLiteral("noticed"), "StartupNotify=true\nExec=" + quoted + " launched");
-    writeEntry(QStringLiteral("broken"),
-               "StartupNotify=true\nPath=/nowhere/at/all\nExec=" + quoted);
-    writeEntry(QStringLiteral("uninstalled"), "Exec=/nowhere/at/all");
-    writeEntry(QStringLiteral("org.perchly.TestApplication"),
-               "Exec=/bin/false\nDBusActivatable=true\nStartupNotify=true");
-    write(entry(QStringLiteral("garbage")), QByteArray("\0\x01\xff not a desktop entry", 22));
-    write(m_data.filePath(QStringLiteral("applications/mimeapps.list")),
-          "[Default Applications]\nx-scheme-handler/perchlytest=handler.desktop\n"
-          "inode/directory=handler.desktop\n");
-}
-
-void GioApplicationsTest::init() {
-    m_errors.clear();
-    QFile::remove(m_marker);
-}
-
-void GioApplicationsTest::launchesTheProgramOfADesktopEntry() {
-    qputenv("DESKTOP_STARTUP_ID", "of-our-own-start");
-    GioApplications applications;
-    applications.open(entry(QStringLiteral("plain")), recorder());
-    QCOMPARE(m_errors, QStringList());
-    QTRY_COMPARE(marker(), QByteArray("launched"));
-    QTRY_COMPARE(m_errors, QStringList{QString()});
-    applications.open(entry(QStringLiteral("fields")));
-    QTRY_COMPARE(marker(), QByteArray("Example 100% --icon picture " +
-                                      entry(QStringLiteral("fields")).toUtf8()));
-}
-
-void GioApplicationsTest::givesATerminalToWhoeverWantsOne_data() {
-    QTest::addColumn<QString>("terminal");
-    QTest::addColumn<QByteArray>("expected");
-    QTest::newRow("one that the library knows")
-        << QStringLiteral("xterm") << QByteArray("in a terminal");
-    QTest::newRow("one that the system names")
-        << QStringLiteral("x-terminal-emulator") << QByteArray("in a terminal");
-    QTest::newRow("none") << QStringLiteral("nothing") << QByteArray();
-}
-
-void GioApplicationsTest::givesATerminalToWhoeverWantsOne() {
-    QFETCH(const QString, terminal);
-    QFETCH(const QByteArray, expected);
-    QDir programs(m_data.filePath(QStringLiteral("programs")));
-    QVERIFY(programs.removeRecursively());
-    write(programs.filePath(terminal),
-          "#!/bin/sh\nPATH=/usr/bin:/bin\n[ \"$1\" = -e ] && shift && exec \"$@\" terminal\n");
-    QFile::setPermissions(programs.filePath(terminal), QFile::ReadOwner | QFile::ExeOwner);
-    const QByteArray path = qgetenv("PATH");
-    const auto reset = qScopeGuard([&] { qputenv("PATH", path); });
-    qputenv("PATH", QFile::encodeName(programs.path()));
-    GioApplications applications;
-    applications.open(entry(QStringLiteral("terminal")), recorder());
-    QTRY_COMPARE(m_errors.size(), 1);
-    QCOMPARE(m_errors.first().isEmpty(), !expected.isEmpty());
-    QTRY_COMPARE(marker(), expected);
-}
-
-void GioApplicationsTest::noticesAStart() {
-    QMutex mutex;
-    QByteArrayList begun;
-    QByteArrayList withdrawn;
-    GioApplications applications({.begin =
-                                      [&](const QByteArray &name) {
-                                          const QMutexLocker lock(&mutex);
-                                          begun.append(name);
-                                          return "start-" + QByteArray::number(begun.size());
-                                      },
-                                  .withdraw =
-                                      [&](const QByteArray &identifier) {
-                                          const QMutexLocker lock(&mutex);
-                                          withdrawn.append(identifier);
-                                      }});
-    applications.open(entry(QStringLiteral("plain")), recorder());
-    QTRY_COMPARE(marker(), QByteArray("launched"));
-    QTRY_COMPARE(m_errors.size(), 1);
-    applications.open(entry(QStringLiteral("noticed")), recorder());
-    QTRY_COMPARE(marker(), QByteArray("start-1 launched"));
-    QTRY_COMPARE(m_errors.size(), 2);
-    applications.open(entry(QStringLiteral("broken")), recorder());
-    QTRY_COMPARE(m_errors.size(), 3);
-    QVERIFY(!m_errors.last().isEmpty());
-    const QMutexLocker lock(&mutex);
-    QCOMPARE(begun, QByteArrayList({"Example", "Example"}));
-    QCOMPARE(withdrawn, QByteArrayList{"start-2"});
-}
-
-void GioApplicationsTest::activatesAnApplicationOverTheBus() {
-    BusApplication application;
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    QVERIFY(bus.registerObject(QStringLiteral("/org/perchly/TestApplication"), &application,
-                               QDBusConnection::ExportAllSlots));
-    QVERIFY(bus.registerService(QStringLiteral("org.perchly.TestApplication")));
-    GioApplications applications({.begin = [](const QByteArray &) { return QByteArray("start"); }});
-    applications.open(entry(QStringLiteral("org.perchly.TestApplication")), recorder());
-    QTRY_COMPARE(m_errors, QStringList{QString()});
-    QCOMPARE(application.activations, 1);
-    QCOMPARE(application.startupIdentifier, QStringLiteral("start"));
-}
-
-void GioApplicationsTest::saysWhyAnApplicationWasNotOpened_data() {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("no such entry")
-        << entry(QStringLiteral("missing")) << QStringLiteral("There is no application");
-    QTest::newRow("a relative path")
-        << QStringLiteral("plain.desktop") << QStringLiteral("There is no application");
-    QTest::newRow("no path") << QString() << QStringLiteral("There is no application");
-    QTest::newRow("a file that is no desktop entry")
-        << entry(QStringLiteral("garbage")) << QStringLiteral("is not an application");
-    QTest::newRow("an entry whose program is not installed")
-        << entry(QStringLiteral("uninstalled")) << QStringLiteral("is not installed");
-}
-
-void GioApplicationsTest::saysWhyAnApplicationWasNotOpened() {
-    QFETCH(const QString, path);
-    QFETCH(const QString, expected);
-    GioApplications applications;
-    applications.open(path, recorder());
-    QTRY_COMPARE(m_errors.size(), 1);
-    QVERIFY2(m_errors.first().contains(expected), qPrintable(m_errors.first()));
-}
-
-void GioApplicationsTest::opensLinksFilesAndFoldersWithTheirDefaultProgram() {
-    GioApplications applications;
-    applications.openUrl(QUrl(QStringLiteral("perchlytest:a%20b?c=%2F")), recorder());
-    QTRY_COMPARE(marker(), QByteArray("perchlytest:a%20b?c=%2F"));
-
-    QFile::remove(m_marker);
-    const QString folder = m_data.filePath(QStringLiteral("a folder"));
-    QVERIFY(QDir().mkpath(folder));
-    applications.open(folder, recorder());
-    QTRY_VERIFY2(marker().endsWith("a folder"), marker().constData());
-    QTRY_COMPARE(m_errors, QStringList({QString(), QString()}));
-}
-
-void GioApplicationsTest::saysWhyALinkWasNotOpened_data() {
-    QTest::addColumn<QUrl>("url");
-    QTest::newRow("a scheme that no program opens") << QUrl(QStringLiteral("no-such-scheme:x"));
-    QTest::newRow("a file that is not there") << QUrl(QStringLiteral("file:///nowhere/at/all"));
-    QTest::newRow("a relative link") << QUrl(QStringLiteral("page.html"));
-    QTest::newRow("an empty link") << QUrl();
-}
-
-void GioApplicationsTest::saysWhyALinkWasNotOpened() {
-    QFETCH(const QUrl, url);
-    GioApplications applications;
-    applications.openUrl(url, recorder());
-    QTRY_COMPARE(m_errors.size(), 1);
-    QVERIFY(!m_errors.first().isEmpty());
-}
-
-void GioApplicationsTest::callsNothingBackOnceItIsDestroyed() {
-    for (int round = 0; round < 20; ++round) {
-        GioApplications applications;
-        applications.open(entry(QStringLiteral("missing")), recorder());
-        applications.openUrl(QUrl(QStringLiteral("no-such-scheme:x")), recorder());
-    }
-    QTest::qWait(50);
-    QCOMPARE(m_errors, QStringList());
-}
 
 QTEST_GUILESS_MAIN(GioApplicationsTest)
 #include "GioApplicationsTest.moc"

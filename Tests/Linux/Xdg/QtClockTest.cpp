@@ -1,7 +1,6 @@
 #include "QtClock.h"
 
 #include <QDateTime>
-#include <QElapsedTimer>
 #include <QTest>
 
 using namespace perchly;
@@ -12,27 +11,11 @@ class QtClockTest : public QObject {
 private Q_SLOTS:
     void runsDelayedActionsInTheOrderOfTheirTimes() {
         QList<int> order;
-        QElapsedTimer elapsed;
-        elapsed.start();
         const Task late = m_clock.after(40ms, [&] { order.append(40); });
         const Task early = m_clock.after(10ms, [&] { order.append(10); });
         const Task now = m_clock.after(-1ms, [&] { order.append(0); });
         QCOMPARE(order, QList<int>()); // never from within the call
         QTRY_COMPARE(order, QList<int>({0, 10, 40}));
-        QVERIFY(elapsed.elapsed() >= 40);
-    }
-
-    void repeatsUntilCancelled() {
-        int count = 0;
-        Task task;
-        task = m_clock.every(5ms, [&] {
-            if (++count == 3) {
-                task.reset();
-            }
-        });
-        QTRY_COMPARE(count, 3);
-        QTest::qWait(30);
-        QCOMPARE(count, 3);
     }
 
     void runsOnceAtAMomentOfTheWallClock() {
@@ -42,11 +25,9 @@ private Q_SLOTS:
             ++count;
             QVERIFY(m_clock.now() >= moment);
         });
-        const Task epoch = m_clock.at(Clock::TimePoint(), [&] { count += 10; });
+        const Task past = m_clock.at(Clock::TimePoint(), [&] { count += 10; });
         QCOMPARE(count, 0);
         QTRY_COMPARE(count, 11);
-        QTest::qWait(30);
-        QCOMPARE(count, 11);
     }
 
     void destroyingATaskCancelsIt() {
@@ -62,6 +43,7 @@ private Q_SLOTS:
         QCOMPARE(count, 0);
     }
 
+    /// And it is not run again.
     void anActionMayDestroyItsOwnTask() {
         for (int kind = 0; kind < 3; ++kind) {
             Task task;
@@ -75,6 +57,9 @@ private Q_SLOTS:
                    : kind == 1 ? m_clock.every(1ms, action)
                                : m_clock.at(m_clock.now() + 1ms, action);
             QTRY_COMPARE(text, QString(64, u'x'));
+            text.clear();
+            QTest::qWait(10);
+            QCOMPARE(text, QString());
         }
     }
 

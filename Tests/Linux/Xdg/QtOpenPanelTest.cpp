@@ -1,15 +1,12 @@
 #include "QtOpenPanel.h"
+#include "TestFiles.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QDir>
-#include <QFile>
 #include <QFileDialog>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QRasterWindow>
 #include <QTemporaryDir>
-#include <QTest>
 
 using namespace perchly;
 
@@ -17,14 +14,78 @@ class QtOpenPanelTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
-    void letsOneChooseApplications();
-    void letsOneChooseFilesAndFolders();
-    void goesIntoAFolderThatIsEntered();
-    void holdsUpItsWindowAndNothingElse();
-    void answersWithNothingWhenItIsCancelled();
-    void closesWithItsTask();
+    void init() {
+        for (const char *name : {"a.desktop", "b.desktop", "notes.txt"}) {
+            writeFile(m_folder.filePath(QString::fromUtf8(name)), {});
+        }
+        QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("a folder/inside")));
+    }
+
+    void cleanup() { QTRY_VERIFY(QApplication::topLevelWidgets().isEmpty()); }
+
+    void letsOneChooseApplications() {
+        const Task task = ask(OpenPanel::Choice::Applications, QStringLiteral("Add to shelf"));
+        const QFileDialog *shown = dialog();
+        QVERIFY(shown != nullptr);
+        QCOMPARE(shown->windowTitle(), QStringLiteral("A title"));
+        QCOMPARE(names(shown), QStringList({QStringLiteral("a folder"), QStringLiteral("a.desktop"),
+                                            QStringLiteral("b.desktop")}));
+        click(shown, QStringLiteral("b.desktop"));
+        click(shown, QStringLiteral("a.desktop"), Qt::ControlModifier);
+        QVERIFY(m_answers.isEmpty());
+        press(shown, QStringLiteral("Add to shelf"));
+        QTRY_COMPARE(m_answers.size(), 1);
+        QCOMPARE(QSet<QUrl>(m_answers.first().begin(), m_answers.first().end()),
+                 QSet<QUrl>({url("a.desktop"), url("b.desktop")}));
+    }
+
+    void letsOneChooseAndEnterFolders() {
+        Task task = ask(OpenPanel::Choice::FilesAndFolders);
+        const QFileDialog *shown = dialog();
+        QVERIFY(shown != nullptr);
+        click(shown, QStringLiteral("a folder"));
+        click(shown, QStringLiteral("notes.txt"), Qt::ControlModifier);
+        press(shown, QStringLiteral("Open"));
+        QTRY_COMPARE(m_answers.size(), 1);
+        QCOMPARE(QSet<QUrl>(m_answers.first().begin(), m_answers.first().end()),
+                 QSet<QUrl>({url("a folder"), url("notes.txt")}));
+        cleanup();
+
+        task = ask(OpenPanel::Choice::FilesAndFolders);
+        shown = dialog();
+        QVERIFY(shown != nullptr);
+        click(shown, QStringLiteral("a folder"));
+        QTest::keyClick(list(shown), Qt::Key_Return);
+        QTRY_COMPARE(names(shown), QStringList{QStringLiteral("inside")});
+        QVERIFY(m_answers.isEmpty());
+    }
+
+    void holdsUpItsWindowUntilItIsCancelled() {
+        QRasterWindow window;
+        window.resize(300, 200);
+        window.show();
+        window.requestActivate();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        const Task task = ask(OpenPanel::Choice::FilesAndFolders);
+        const QFileDialog *shown = dialog();
+        QVERIFY(shown != nullptr);
+        QCOMPARE(shown->windowHandle()->transientParent(), &window);
+        QCOMPARE(shown->windowModality(), Qt::WindowModal);
+        click(shown, QStringLiteral("notes.txt"));
+        QTest::keyClick(shown->windowHandle(), Qt::Key_Escape);
+        QTRY_COMPARE(m_answers, QList<QList<QUrl>>{{}});
+    }
+
+    void closesWithItsTask() {
+        Task task = ask(OpenPanel::Choice::Applications);
+        QVERIFY(dialog() != nullptr);
+        task = ask(OpenPanel::Choice::FilesAndFolders); // the first one closes
+        QVERIFY(dialog() != nullptr);
+        QTRY_COMPARE(QApplication::topLevelWidgets().size(), 1);
+        task.reset();
+        QTest::qWait(50);
+        QVERIFY(m_answers.isEmpty());
+    }
 
 private:
     [[nodiscard]] Task ask(OpenPanel::Choice choice, const QString &label = {}) {
@@ -64,10 +125,13 @@ private:
     static void click(const QFileDialog *dialog, const QString &name,
                       Qt::KeyboardModifiers modifiers = {}) {
         QAbstractItemView *view = list(dialog);
-        const QModelIndexList found =
-            view->model()->match(view->model()->index(0, 0, view->rootIndex()), Qt::DisplayRole,
-                                 name, 1, Qt::MatchExactly);
-        QCOMPARE(found.size(), 1);
+        QModelIndexList found;
+        const auto find = [&] {
+            found = view->model()->match(view->model()->index(0, 0, view->rootIndex()),
+                                         Qt::DisplayRole, name, 1, Qt::MatchExactly);
+            return !found.isEmpty();
+        };
+        QVERIFY(QTest::qWaitFor(find));
         QTest::mouseClick(view->viewport(), Qt::LeftButton, modifiers,
                           view->visualRect(found.first()).center());
     }
@@ -89,95 +153,6 @@ private:
     QtOpenPanel m_panel;
     QList<QList<QUrl>> m_answers;
 };
-
-void QtOpenPanelTest::init() {
-    for (const char *name : {"a.desktop", "b.desktop", "notes.txt"}) {
-        QFile file(m_folder.filePath(QString::fromUtf8(name)));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-    }
-    QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("a folder/inside")));
-}
-
-void QtOpenPanelTest::cleanup() {
-    QTRY_VERIFY(QApplication::topLevelWidgets().isEmpty());
-}
-
-void QtOpenPanelTest::letsOneChooseApplications() {
-    const Task task = ask(OpenPanel::Choice::Applications, QStringLiteral("Add to shelf"));
-    const QFileDialog *shown = dialog();
-    QVERIFY(shown != nullptr);
-    QCOMPARE(shown->windowTitle(), QStringLiteral("A title"));
-    QCOMPARE(names(shown), QStringList({QStringLiteral("a folder"), QStringLiteral("a.desktop"),
-                                        QStringLiteral("b.desktop")}));
-    click(shown, QStringLiteral("b.desktop"));
-    click(shown, QStringLiteral("a.desktop"), Qt::ControlModifier);
-    QVERIFY(m_answers.isEmpty());
-    press(shown, QStringLiteral("Add to shelf"));
-    QTRY_COMPARE(m_answers.size(), 1);
-    QCOMPARE(QSet<QUrl>(m_answers.first().begin(), m_answers.first().end()),
-             QSet<QUrl>({url("a.desktop"), url("b.desktop")}));
-}
-
-void QtOpenPanelTest::letsOneChooseFilesAndFolders() {
-    const Task task = ask(OpenPanel::Choice::FilesAndFolders);
-    const QFileDialog *shown = dialog();
-    QVERIFY(shown != nullptr);
-    click(shown, QStringLiteral("a folder"));
-    click(shown, QStringLiteral("notes.txt"), Qt::ControlModifier);
-    press(shown, QStringLiteral("Open"));
-    QTRY_COMPARE(m_answers.size(), 1);
-    QCOMPARE(QSet<QUrl>(m_answers.first().begin(), m_answers.first().end()),
-             QSet<QUrl>({url("a folder"), url("notes.txt")}));
-}
-
-void QtOpenPanelTest::goesIntoAFolderThatIsEntered() {
-    const Task task = ask(OpenPanel::Choice::FilesAndFolders);
-    const QFileDialog *shown = dialog();
-    QVERIFY(shown != nullptr);
-    click(shown, QStringLiteral("a folder"));
-    QTest::keyClick(list(shown), Qt::Key_Return);
-    QTRY_COMPARE(names(shown), QStringList{QStringLiteral("inside")});
-    QVERIFY(m_answers.isEmpty());
-    auto *field = shown->findChild<QLineEdit *>();
-    field->setText(QStringLiteral("inside"));
-    QTest::keyClick(field, Qt::Key_Return);
-    QTRY_COMPARE(m_answers, QList<QList<QUrl>>{{url("a folder/inside")}});
-}
-
-void QtOpenPanelTest::holdsUpItsWindowAndNothingElse() {
-    QRasterWindow window;
-    window.resize(300, 200);
-    window.show();
-    window.requestActivate();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-    const Task task = ask(OpenPanel::Choice::FilesAndFolders);
-    const QFileDialog *shown = dialog();
-    QVERIFY(shown != nullptr);
-    QCOMPARE(shown->windowHandle()->transientParent(), &window);
-    QCOMPARE(shown->windowModality(), Qt::WindowModal);
-    press(shown, QStringLiteral("Cancel"));
-    QTRY_COMPARE(m_answers.size(), 1);
-}
-
-void QtOpenPanelTest::answersWithNothingWhenItIsCancelled() {
-    const Task task = ask(OpenPanel::Choice::Applications);
-    const QFileDialog *shown = dialog();
-    QVERIFY(shown != nullptr);
-    click(shown, QStringLiteral("a.desktop"));
-    QTest::keyClick(shown->windowHandle(), Qt::Key_Escape);
-    QTRY_COMPARE(m_answers, QList<QList<QUrl>>{{}});
-}
-
-void QtOpenPanelTest::closesWithItsTask() {
-    Task task = ask(OpenPanel::Choice::Applications);
-    QVERIFY(dialog() != nullptr);
-    task = ask(OpenPanel::Choice::FilesAndFolders); // the first one closes
-    QVERIFY(dialog() != nullptr);
-    QTRY_COMPARE(QApplication::topLevelWidgets().size(), 1);
-    task.reset();
-    QTest::qWait(50);
-    QVERIFY(m_answers.isEmpty());
-}
 
 QTEST_MAIN(QtOpenPanelTest)
 #include "QtOpenPanelTest.moc"
