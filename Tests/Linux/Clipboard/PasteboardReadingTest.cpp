@@ -76,234 +76,210 @@ class PasteboardReadingTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() {
+        m_pasteboard = std::make_unique<X11Pasteboard>();
+        Reading reading(*m_pasteboard);
+        QVERIFY(reading.wait());
+    }
+
     void cleanup() { m_pasteboard.reset(); }
-    void reading_data();
-    void reading();
-    void aHugeOfferIsHeardOutAndNotHeld();
-    void aTroublesomeOwner_data();
-    void aTroublesomeOwner();
-    void aNewCopyEndsAReading();
-    void aCanceledReadingIsHeardOutSilently();
-    void onlyCopiesAreCounted();
-    void nothingIsAskedAndNobodyWakesWhileNothingHappens();
-    void aConnectionThatClosesEndsReadings();
+
+    void reading_data() {
+        QTest::addColumn<QStringList>("owner");
+        QTest::addColumn<QStringList>("types");
+        QTest::addColumn<qsizetype>("image");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QStringList>("asked");
+        const auto row = [](const char *name, const char *owner, const char *types, qsizetype image,
+                            const QString &text, const char *asked) {
+            QTest::newRow(name) << words(owner) << words(types) << image << text << words(asked);
+        };
+        const QString none;
+
+        row("UTF-8", "UTF8_STRING=Grüße–你好🙂 STRING=Gr", "text/plain", 0,
+            QStringLiteral("Grüße–你好🙂"), "TARGETS UTF8_STRING");
+        row("UTF-8 by its MIME type", "text/plain;charset=utf-8=Grüße", "text/plain", 0,
+            QStringLiteral("Grüße"), "TARGETS text/plain;charset=utf-8");
+        row("Latin-1", "STRING=Gr\xc3\xbc", "text/plain", 0, QStringLiteral("GrÃ¼"),
+            "TARGETS STRING");
+        row("a text of some encoding, said to be UTF-8", "--type UTF8_STRING TEXT=Grüße",
+            "text/plain", 0, QStringLiteral("Grüße"), "TARGETS TEXT");
+        row("an encoding that nobody knows", "--type COMPOUND_TEXT TEXT=Gr", "text/plain", 0, none,
+            "TARGETS TEXT");
+        row("a PNG comes before a TIFF and a text", "image/png:9 image/tiff:8 UTF8_STRING=a",
+            "image/png image/tiff text/plain", 9, none, "TARGETS image/png");
+        row("a TIFF", "image/tiff:8 UTF8_STRING=a", "image/tiff text/plain", 8, none,
+            "TARGETS image/tiff");
+        row("an empty PNG is none", "image/png:0 image/tiff:8", "image/png image/tiff", 8, none,
+            "TARGETS image/png image/tiff");
+        row("an image said to be something else is none",
+            "--type STRING image/png:9 image/tiff:8 STRING=a", "image/png image/tiff text/plain", 0,
+            QStringLiteral("a"), "TARGETS image/png image/tiff STRING");
+        row("nothing known", "application/x-other=a", "", 0, none, "TARGETS");
+        for (const char *increments : {"", "--increments 65536 "}) {
+            const auto sized = [&](const QByteArray &name, const QByteArray &owner,
+                                   const char *types, qsizetype image, const char *text,
+                                   const char *asked) {
+                row((name + (*increments ? ", in increments" : "")).constData(),
+                    (increments + owner).constData(), types, image, QString::fromLatin1(text),
+                    asked);
+            };
+            sized("the longest PNG", "image/png:5000000", "image/png", longestImage, "",
+                  "TARGETS image/png");
+            sized("a PNG too long makes room for the text, not for a TIFF",
+                  "image/png:5000001 image/tiff:8 UTF8_STRING=a", "image/png image/tiff text/plain",
+                  0, "a", "TARGETS image/png UTF8_STRING");
+            sized("a text too long", "UTF8_STRING:100001 STRING=a", "text/plain", 0, "",
+                  "TARGETS UTF8_STRING");
+        }
+        row("a password manager's hint", "x-kde-passwordManagerHint=secret UTF8_STRING=a",
+            "org.nspasteboard.ConcealedType text/plain", 0, none, "TARGETS");
+        row("a password manager's hint of any value",
+            "text/x-kde-passwordManagerHint=0 UTF8_STRING=a",
+            "org.nspasteboard.ConcealedType text/plain", 0, none, "TARGETS");
+        row("a marker among very many targets",
+            "--more-targets 100000 org.nspasteboard.TransientType= UTF8_STRING=a",
+            "org.nspasteboard.TransientType text/plain", 0, none, "TARGETS");
+    }
+
+    void reading() {
+        QFETCH(QStringList, owner);
+        QFETCH(QStringList, types);
+        OtherProgram other(owner);
+        QTRY_COMPARE(m_pasteboard->changeCount(), 1);
+        Reading reading(*m_pasteboard);
+        QVERIFY(reading.wait());
+        QCOMPARE(reading.content().types, types);
+        QTEST(reading.content().image.size(), "image");
+        QTEST(reading.content().text, "text");
+        QTRY_COMPARE(other.asked(), *static_cast<QStringList *>(
+                                        QTest::qData("asked", qMetaTypeId<QStringList>())));
+    }
+
+    void aHugeOfferIsHeardOutAndNotHeld() {
+        OtherProgram other(words("--increments 262144 image/png:100000000 UTF8_STRING=small"));
+        QTRY_COMPARE(m_pasteboard->changeCount(), 1);
+        const Heartbeat heartbeat;
+        const qint64 before = status("/proc/self", "VmHWM");
+        Reading reading(*m_pasteboard);
+        QVERIFY(reading.wait());
+        QCOMPARE(reading.content().text, QStringLiteral("small"));
+        QVERIFY(other.waitFor("gave image/png", 60'000));
+        const qint64 grown = status("/proc/self", "VmHWM") - before;
+        qInfo("100 MB: %lld ms to the text, %lld kB more at the peak, main thread busy %lld ms",
+              reading.milliseconds(), grown, heartbeat.longest());
+        QVERIFY(grown < 20'000);
+        QVERIFY(heartbeat.longest() < 100);
+    }
+
+    void aTroublesomeOwner_data() {
+        QTest::addColumn<QStringList>("owner");
+        QTest::addColumn<qint64>("least");
+        QTest::addColumn<qint64>("most");
+        const auto row = [](const char *name, const char *owner, qint64 least, qint64 most) {
+            QTest::newRow(name) << words(owner) << least << most;
+        };
+        row("says nothing at all", "--mute TARGETS UTF8_STRING=a", 2'900, 5'000);
+        row("says what it has and no more", "--mute UTF8_STRING UTF8_STRING=a", 2'900, 5'000);
+        row("is killed while it gives", "--increments 1000 --dies-after 3 UTF8_STRING:90000", 0,
+            1'000);
+        row("never comes to an end", "--increments 60000 --never-ends UTF8_STRING:60001", 0, 1'000);
+    }
+
+    void aTroublesomeOwner() {
+        QFETCH(QStringList, owner);
+        QFETCH(qint64, least);
+        QFETCH(qint64, most);
+        OtherProgram other(owner);
+        QTRY_COMPARE(m_pasteboard->changeCount(), 1);
+        const Heartbeat heartbeat;
+        Reading reading(*m_pasteboard);
+        QVERIFY(reading.wait());
+        QVERIFY(reading.content().text.isNull());
+        QVERIFY2(reading.milliseconds() >= least && reading.milliseconds() < most,
+                 qPrintable(QString::number(reading.milliseconds())));
+        QVERIFY(heartbeat.longest() < 100);
+        QCOMPARE(m_pasteboard->changeCount(), 1);
+
+        OtherProgram next(words("UTF8_STRING=next"));
+        QTRY_COMPARE(m_pasteboard->changeCount(), 2);
+        Reading after(*m_pasteboard);
+        QVERIFY(after.wait());
+        QCOMPARE(after.content().text, QStringLiteral("next"));
+    }
+
+    void aNewCopyEndsAReading() {
+        const OtherProgram mute(words("--mute TARGETS UTF8_STRING=a"));
+        QTRY_COMPARE(m_pasteboard->changeCount(), 1);
+        Reading reading(*m_pasteboard);
+        QTest::qWait(50);
+        QVERIFY(!reading.isOver());
+        const OtherProgram next(words("UTF8_STRING=next"));
+        QVERIFY(reading.wait());
+        QVERIFY(reading.milliseconds() < 2'000);
+        QVERIFY(reading.content().types.isEmpty());
+    }
+
+    void aCanceledReadingIsHeardOutSilently() {
+        OtherProgram other(words("--increments 100 UTF8_STRING:90000"));
+        QTRY_COMPARE(m_pasteboard->changeCount(), 1);
+        Reading reading(*m_pasteboard);
+        QVERIFY(other.waitFor("asked UTF8_STRING"));
+        reading.cancel();
+        QVERIFY(other.waitFor("gave UTF8_STRING"));
+        QTest::qWait(20);
+        QVERIFY(!reading.isOver());
+    }
+
+    void onlyCopiesAreCounted() {
+        const QSignalSpy changed(m_pasteboard.get(), &Pasteboard::changed);
+        std::optional<OtherProgram> first(words("UTF8_STRING=a"));
+        QTRY_COMPARE(changed.count(), 1);
+        OtherProgram second(words("UTF8_STRING=a"));
+        QTRY_COMPARE(changed.count(), 2);
+        first.reset();
+        second.kill();
+        QTest::qWait(50);
+        QCOMPARE(m_pasteboard->changeCount(), 2);
+
+        const X11Pasteboard later;
+        QTest::qWait(50);
+        QCOMPARE(later.changeCount(), 0);
+    }
+
+    void nothingIsAskedAndNobodyWakesWhileNothingHappens() {
+        OtherProgram other(words("UTF8_STRING=a"));
+        QTRY_COMPARE(m_pasteboard->changeCount(), 1);
+        QTest::qWait(20);
+        const qint64 before = wakeUps();
+        QTest::qSleep(1'000); // this thread's one wake-up
+        QCOMPARE(wakeUps() - before, 1);
+        QCOMPARE(other.asked(), QStringList());
+    }
+
+    void aConnectionThatClosesEndsReadings() {
+        m_pasteboard->write(QStringLiteral("ours"));
+        QTRY_COMPARE(OtherProgram::paste(QStringLiteral("UTF8_STRING")), QByteArray("ours"));
+        const XClient client;
+        const auto owner = xcb_get_selection_owner(client.get(), client.atom("CLIPBOARD"));
+        const XcbPointer<xcb_get_selection_owner_reply_t> answer(
+            xcb_get_selection_owner_reply(client.get(), owner, nullptr));
+        QVERIFY(answer);
+        xcb_kill_client(client.get(), answer->owner);
+        client.sync();
+        for (int i = 0; i < 2; ++i) {
+            Reading reading(*m_pasteboard);
+            QVERIFY(reading.wait());
+            QVERIFY(reading.content().types.isEmpty());
+        }
+        const qint64 before = wakeUps();
+        QTest::qSleep(200);
+        QCOMPARE(wakeUps() - before, 1);
+    }
 
 private:
     std::unique_ptr<X11Pasteboard> m_pasteboard;
 };
-
-// The pasteboard connects in its own time; what is copied before is not counted.
-void PasteboardReadingTest::init() {
-    m_pasteboard = std::make_unique<X11Pasteboard>();
-    Reading reading(*m_pasteboard);
-    QVERIFY(reading.wait());
-}
-
-void PasteboardReadingTest::reading_data() {
-    QTest::addColumn<QStringList>("owner");
-    QTest::addColumn<QStringList>("types");
-    QTest::addColumn<qsizetype>("image");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QStringList>("asked");
-    const auto row = [](const char *name, const char *owner, const char *types, qsizetype image,
-                        const QString &text, const char *asked) {
-        QTest::newRow(name) << words(owner) << words(types) << image << text << words(asked);
-    };
-    const QString longText(longestText, QLatin1Char('a'));
-    const QString none;
-
-    row("UTF-8", "UTF8_STRING=Grüße–你好🙂 STRING=Gr", "text/plain", 0,
-        QStringLiteral("Grüße–你好🙂"), "TARGETS UTF8_STRING");
-    row("UTF-8 by its MIME type", "text/plain;charset=utf-8=Grüße", "text/plain", 0,
-        QStringLiteral("Grüße"), "TARGETS text/plain;charset=utf-8");
-    row("Latin-1", "STRING=Gr\xc3\xbc", "text/plain", 0, QStringLiteral("GrÃ¼"), "TARGETS STRING");
-    row("a text of some encoding, said to be UTF-8", "--type UTF8_STRING TEXT=Grüße", "text/plain",
-        0, QStringLiteral("Grüße"), "TARGETS TEXT");
-    row("an encoding that nobody knows", "--type COMPOUND_TEXT TEXT=Gr", "text/plain", 0, none,
-        "TARGETS TEXT");
-    row("a PNG comes before a TIFF and a text", "image/png:9 image/tiff:8 UTF8_STRING=a",
-        "image/png image/tiff text/plain", 9, none, "TARGETS image/png");
-    row("a TIFF", "image/tiff:8 UTF8_STRING=a", "image/tiff text/plain", 8, none,
-        "TARGETS image/tiff");
-    row("an empty PNG is none", "image/png:0 image/tiff:8", "image/png image/tiff", 8, none,
-        "TARGETS image/png image/tiff");
-    row("an image said to be something else is none",
-        "--type STRING image/png:9 image/tiff:8 STRING=a", "image/png image/tiff text/plain", 0,
-        QStringLiteral("a"), "TARGETS image/png image/tiff STRING");
-    row("values that are no bytes", "--format 32 image/png:8 UTF8_STRING=abcd",
-        "image/png text/plain", 0, none, "TARGETS image/png UTF8_STRING");
-    row("nothing known", "application/x-other=a", "", 0, none, "TARGETS");
-    for (const char *increments : {"", "--increments 65536 "}) {
-        const auto sized = [&](const char *name, const QByteArray &owner, const char *types,
-                               qsizetype image, const QString &text, const char *asked) {
-            const QByteArray rowName = QByteArray(name) + (*increments ? ", in increments" : "");
-            row(rowName.constData(), (increments + owner).constData(), types, image, text, asked);
-        };
-        sized("the longest PNG", "image/png:5000000", "image/png", longestImage, none,
-              "TARGETS image/png");
-        sized("a PNG too long makes room for the text, not for a TIFF",
-              "image/png:5000001 image/tiff:8 UTF8_STRING=a", "image/png image/tiff text/plain", 0,
-              QStringLiteral("a"), "TARGETS image/png UTF8_STRING");
-        sized("a TIFF too long", "image/tiff:5000001", "image/tiff", 0, none, "TARGETS image/tiff");
-        sized("the longest text", "UTF8_STRING:100000", "text/plain", 0, longText,
-              "TARGETS UTF8_STRING");
-        sized("a text too long", "UTF8_STRING:100001 STRING=a", "text/plain", 0, none,
-              "TARGETS UTF8_STRING");
-    }
-    row("a text too long once it is UTF-8",
-        QByteArray("STRING=" + QByteArray("é").repeated(30'000)).constData(), "text/plain", 0, none,
-        "TARGETS STRING");
-    for (const char *marker : {"org.nspasteboard.ConcealedType", "org.nspasteboard.TransientType",
-                               "org.nspasteboard.AutoGeneratedType"}) {
-        row(marker, QByteArray(QByteArray(marker) + "= image/png:9 UTF8_STRING=a").constData(),
-            QByteArray(QByteArray(marker) + " image/png text/plain").constData(), 0, none,
-            "TARGETS");
-    }
-    row("a password manager's hint", "x-kde-passwordManagerHint=secret UTF8_STRING=a",
-        "org.nspasteboard.ConcealedType text/plain", 0, none, "TARGETS");
-    row("a password manager's hint of any value", "text/x-kde-passwordManagerHint=0 UTF8_STRING=a",
-        "org.nspasteboard.ConcealedType text/plain", 0, none, "TARGETS");
-    row("a marker among very many targets",
-        "--more-targets 100000 org.nspasteboard.TransientType= UTF8_STRING=a",
-        "org.nspasteboard.TransientType text/plain", 0, none, "TARGETS");
-    row("more targets than anybody has", "--more-targets 300000 UTF8_STRING=a", "", 0, none,
-        "TARGETS");
-}
-
-void PasteboardReadingTest::reading() {
-    QFETCH(QStringList, owner);
-    QFETCH(QStringList, types);
-    OtherProgram other(owner);
-    QTRY_COMPARE(m_pasteboard->changeCount(), 1);
-    Reading reading(*m_pasteboard);
-    QVERIFY(reading.wait());
-    QCOMPARE(reading.content().types, types);
-    QTEST(reading.content().image.size(), "image");
-    QTEST(reading.content().text, "text");
-    QTRY_COMPARE(other.asked(),
-                 *static_cast<QStringList *>(QTest::qData("asked", qMetaTypeId<QStringList>())));
-}
-
-void PasteboardReadingTest::aHugeOfferIsHeardOutAndNotHeld() {
-    OtherProgram other(words("--increments 262144 image/png:100000000 UTF8_STRING=small"));
-    QTRY_COMPARE(m_pasteboard->changeCount(), 1);
-    const Heartbeat heartbeat;
-    const qint64 before = status("/proc/self", "VmHWM");
-    Reading reading(*m_pasteboard);
-    QVERIFY(reading.wait());
-    QCOMPARE(reading.content().text, QStringLiteral("small"));
-    QVERIFY(other.waitFor("gave image/png", 60'000));
-    const qint64 grown = status("/proc/self", "VmHWM") - before;
-    qInfo("100 MB: %lld ms to the text, %lld kB more at the peak, main thread busy %lld ms",
-          reading.milliseconds(), grown, heartbeat.longest());
-    QVERIFY(grown < 20'000);
-    QVERIFY(heartbeat.longest() < 100);
-}
-
-void PasteboardReadingTest::aTroublesomeOwner_data() {
-    QTest::addColumn<QStringList>("owner");
-    QTest::addColumn<qint64>("least");
-    QTest::addColumn<qint64>("most");
-    const auto row = [](const char *name, const char *owner, qint64 least, qint64 most) {
-        QTest::newRow(name) << words(owner) << least << most;
-    };
-    row("says nothing at all", "--mute TARGETS UTF8_STRING=a", 2'900, 5'000);
-    row("says what it has and no more", "--mute UTF8_STRING UTF8_STRING=a", 2'900, 5'000);
-    row("is killed while it gives", "--increments 1000 --dies-after 3 UTF8_STRING:90000", 0, 1'000);
-    row("never comes to an end", "--increments 60000 --never-ends UTF8_STRING:60001", 0, 1'000);
-}
-
-void PasteboardReadingTest::aTroublesomeOwner() {
-    QFETCH(QStringList, owner);
-    QFETCH(qint64, least);
-    QFETCH(qint64, most);
-    OtherProgram other(owner);
-    QTRY_COMPARE(m_pasteboard->changeCount(), 1);
-    const Heartbeat heartbeat;
-    Reading reading(*m_pasteboard);
-    QVERIFY(reading.wait());
-    QVERIFY(reading.content().text.isNull());
-    QVERIFY2(reading.milliseconds() >= least && reading.milliseconds() < most,
-             qPrintable(QString::number(reading.milliseconds())));
-    QVERIFY(heartbeat.longest() < 100);
-    QCOMPARE(m_pasteboard->changeCount(), 1);
-
-    OtherProgram next(words("UTF8_STRING=next"));
-    QTRY_COMPARE(m_pasteboard->changeCount(), 2);
-    Reading after(*m_pasteboard);
-    QVERIFY(after.wait());
-    QCOMPARE(after.content().text, QStringLiteral("next"));
-}
-
-void PasteboardReadingTest::aNewCopyEndsAReading() {
-    const OtherProgram mute(words("--mute TARGETS UTF8_STRING=a"));
-    QTRY_COMPARE(m_pasteboard->changeCount(), 1);
-    Reading reading(*m_pasteboard);
-    QTest::qWait(50);
-    QVERIFY(!reading.isOver());
-    const OtherProgram next(words("UTF8_STRING=next"));
-    QVERIFY(reading.wait());
-    QVERIFY(reading.milliseconds() < 2'000);
-    QVERIFY(reading.content().types.isEmpty());
-}
-
-void PasteboardReadingTest::aCanceledReadingIsHeardOutSilently() {
-    OtherProgram other(words("--increments 100 UTF8_STRING:90000"));
-    QTRY_COMPARE(m_pasteboard->changeCount(), 1);
-    Reading reading(*m_pasteboard);
-    QVERIFY(other.waitFor("asked UTF8_STRING"));
-    reading.cancel();
-    QVERIFY(other.waitFor("gave UTF8_STRING"));
-    QTest::qWait(20);
-    QVERIFY(!reading.isOver());
-}
-
-void PasteboardReadingTest::onlyCopiesAreCounted() {
-    const QSignalSpy changed(m_pasteboard.get(), &Pasteboard::changed);
-    std::optional<OtherProgram> first(words("UTF8_STRING=a"));
-    QTRY_COMPARE(changed.count(), 1);
-    OtherProgram second(words("UTF8_STRING=a"));
-    QTRY_COMPARE(changed.count(), 2);
-    first.reset();
-    second.kill();
-    QTest::qWait(50);
-    QCOMPARE(m_pasteboard->changeCount(), 2);
-
-    const X11Pasteboard later;
-    QTest::qWait(50);
-    QCOMPARE(later.changeCount(), 0);
-}
-
-void PasteboardReadingTest::nothingIsAskedAndNobodyWakesWhileNothingHappens() {
-    OtherProgram other(words("UTF8_STRING=a"));
-    QTRY_COMPARE(m_pasteboard->changeCount(), 1);
-    QTest::qWait(20);
-    const qint64 before = wakeUps();
-    QTest::qSleep(1'000); // this thread's one wake-up
-    QCOMPARE(wakeUps() - before, 1);
-    QCOMPARE(other.asked(), QStringList());
-}
-
-void PasteboardReadingTest::aConnectionThatClosesEndsReadings() {
-    m_pasteboard->write(QStringLiteral("ours"));
-    QTRY_COMPARE(OtherProgram::paste(QStringLiteral("UTF8_STRING")), QByteArray("ours"));
-    const XClient client;
-    const auto owner = xcb_get_selection_owner(client.get(), client.atom("CLIPBOARD"));
-    const XcbPointer<xcb_get_selection_owner_reply_t> answer(
-        xcb_get_selection_owner_reply(client.get(), owner, nullptr));
-    QVERIFY(answer);
-    xcb_kill_client(client.get(), answer->owner);
-    client.sync();
-    for (int i = 0; i < 2; ++i) {
-        Reading reading(*m_pasteboard);
-        QVERIFY(reading.wait());
-        QVERIFY(reading.content().types.isEmpty());
-    }
-    const qint64 before = wakeUps();
-    QTest::qSleep(200);
-    QCOMPARE(wakeUps() - before, 1);
-}
 
 QTEST_GUILESS_MAIN(PasteboardReadingTest)
 #include "PasteboardReadingTest.moc"

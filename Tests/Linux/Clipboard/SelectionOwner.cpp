@@ -6,7 +6,6 @@
 //          --dies-after PARTS  is killed after as many parts
 //          --never-ends        goes on giving parts
 //          --type TARGET       gives everything as this type
-//          --format BITS       of the values it gives
 //          --more-targets N    offers N targets besides
 //          --primary           takes the primary selection instead
 
@@ -30,7 +29,6 @@ struct Behaviour {
     int diesAfter = -1;
     bool neverEnds = false;
     QByteArray type;
-    quint8 format = 8;
     int moreTargets = 0;
     QByteArray selection = "CLIPBOARD";
 };
@@ -73,8 +71,6 @@ public:
 private:
     void handle(const xcb_generic_event_t &event) {
         const int type = event.response_type & 0x7f;
-        if (type == XCB_SELECTION_CLEAR)
-            say("lost");
         if (type == XCB_SELECTION_REQUEST)
             answer(reinterpret_cast<const xcb_selection_request_event_t &>(event));
         if (type == XCB_PROPERTY_NOTIFY)
@@ -120,8 +116,7 @@ private:
             set(request, m_client.atom("INCR"), 32, 1, &size);
             return true;
         }
-        set(request, type, m_behaviour.format, bytes.size() / (m_behaviour.format / 8),
-            bytes.constData());
+        set(request, type, 8, bytes.size(), bytes.constData());
         say("gave", target);
         return true;
     }
@@ -186,7 +181,6 @@ int main(int argc, char **argv) {
     const QString mute = option("mute");
     const QString dies = option("dies-after");
     const QString type = option("type");
-    const QString format = option("format");
     const QString more = option("more-targets");
     parser.addOption({QStringLiteral("never-ends"), QStringLiteral("never-ends")});
     parser.addOption({QStringLiteral("primary"), QStringLiteral("primary")});
@@ -197,7 +191,6 @@ int main(int argc, char **argv) {
     behaviour.diesAfter = parser.isSet(dies) ? parser.value(dies).toInt() : -1;
     behaviour.neverEnds = parser.isSet(QStringLiteral("never-ends"));
     behaviour.type = parser.value(type).toUtf8();
-    behaviour.format = parser.isSet(format) ? quint8(parser.value(format).toInt()) : 8;
     behaviour.moreTargets = parser.value(more).toInt();
     if (parser.isSet(QStringLiteral("primary")))
         behaviour.selection = "PRIMARY";
