@@ -34,19 +34,197 @@ class ShortcutsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void whatIsListed_data();
-    void whatIsListed();
-    void aFolderThatIsNoneIsAFailure();
-    void onlyAListedNameRuns_data();
-    void onlyAListedNameRuns();
-    void aRunGivesTheStatusOfTheShortcut_data();
-    void aRunGivesTheStatusOfTheShortcut();
-    void aShortcutGoesOnWhenNobodyWaits();
-    void aToolThatMisbehavesIsAFailure_data();
-    void aToolThatMisbehavesIsAFailure();
-    void otherArgumentsAreWrongUsage();
-    void theFolderIsMadeOnceWithAFirstShortcut();
+    void init() {
+        QFile::remove(m_folder.path()); // one test makes a file of it
+        m_folder.removeRecursively();
+        QFile::remove(marker());
+        qputenv("MARKER", QFile::encodeName(marker()));
+        QCOMPARE(m_tool.folder(), m_folder.path());
+    }
+
+    void whatIsListed_data() {
+        QTest::addColumn<QStringList>("files");
+        QTest::addColumn<QString>("listed");
+        const auto row = [](const char *name, const QStringList &files, const char *listed) {
+            QTest::newRow(name) << files << QString::fromUtf8(listed);
+        };
+        row("nothing where there is no folder", {}, "");
+        row("names without their extensions, sorted",
+            {QStringLiteral("b.sh"), QStringLiteral("Ä ö.py"), QStringLiteral("a")}, "a\nb\nÄ ö\n");
+        row("points that begin no extension",
+            {QStringLiteral("Version 1.2"), QStringLiteral("Mr. Smith"), QStringLiteral("a.b.sh")},
+            "Mr. Smith\nVersion 1.2\na.b\n");
+        row("one of two files with the same name", {QStringLiteral("a.sh"), QStringLiteral("a.py")},
+            "a\n");
+        row("no hidden files, no backups and no names of two lines",
+            {QStringLiteral(".a"), QStringLiteral("a~"), QStringLiteral("a\nb"),
+             QStringLiteral("c")},
+            "c\n");
+        row("names from right to left and with percent signs",
+            {QStringLiteral("שלום.sh"), QStringLiteral("100%.sh")}, "100%\nשלום\n");
+    }
+
+    void whatIsListed() {
+        QFETCH(QStringList, files);
+        for (const QString &file : files) {
+            write(file);
+        }
+        if (!files.isEmpty()) {
+            write(QStringLiteral("not executable"), {}, QFile::ReadOwner);
+            m_folder.mkdir(QStringLiteral("a folder"));
+            QFile::link(QStringLiteral("nowhere"),
+                        m_folder.filePath(QStringLiteral("a broken link")));
+            QFile::link(QStringLiteral("/dev/null"), m_folder.filePath(QStringLiteral("no file")));
+        }
+        Call call(m_tool, {QStringLiteral("list")});
+        QVERIFY(call.ends());
+        QCOMPARE(call.result->status, 0);
+        QTEST(call.result->output, "listed");
+    }
+
+    void aFolderThatIsNoneIsAFailure() {
+        m_data.mkpath(QStringLiteral("perchly"));
+        QVERIFY(QFile(m_folder.path()).open(QIODevice::WriteOnly));
+        Call call(m_tool, {QStringLiteral("list")});
+        QVERIFY(call.ends());
+        QCOMPARE(call.result->status, 1);
+    }
+
+    void onlyAListedNameRuns_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("runs");
+        QTest::newRow("its name") << QStringLiteral("inside") << true;
+        QTest::newRow("the name of the file") << QStringLiteral("inside.sh") << false;
+        QTest::newRow("a way out of the folder") << QStringLiteral("../outside") << false;
+        QTest::newRow("an absolute path") << m_data.filePath(QStringLiteral("outside")) << false;
+        QTest::newRow("a way back in") << QStringLiteral("../shortcuts/inside") << false;
+        QTest::newRow("a hidden file") << QStringLiteral(".hidden") << false;
+        QTest::newRow("one that is not executable") << QStringLiteral("plain") << false;
+        QTest::newRow("the beginning of a name") << QStringLiteral("in") << false;
+        QTest::newRow("an option") << QStringLiteral("--help") << false;
+        QTest::newRow("nothing") << QString() << false;
+    }
+
+    void onlyAListedNameRuns() {
+        QFETCH(QString, name);
+        QFETCH(bool, runs);
+        const QByteArray script("#!/bin/sh\necho ran > \"$MARKER\"\n");
+        for (const char *file : {"inside.sh", ".hidden", "../outside"}) {
+            write(QString::fromLatin1(file), script);
+        }
+        write(QStringLiteral("plain"), script, QFile::ReadOwner);
+        Call call(m_tool, {QStringLiteral("run"), name});
+        QVERIFY(call.ends());
+        QCOMPARE(call.result->status == 0, runs);
+        QCOMPARE(marked(), QByteArray(runs ? "ran" : ""));
+    }
+
+    void aRunGivesTheStatusOfTheShortcut_data() {
+        QTest::addColumn<QByteArray>("script");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QByteArray>("mark");
+        const auto row = [](const char *name, const char *script, int status,
+                            const char *mark = "") {
+            QTest::newRow(name) << QByteArray(script) << status << QByteArray(mark);
+        };
+        row("success", "#!/bin/sh\nexit 0\n", 0);
+        row("failure", "#!/bin/sh\nexit 3\n", 3);
+        row("a script that names no interpreter", "exit 4\n", 4);
+        row("an interpreter that is not there", "#!/nowhere/at/all\n", 126);
+        row("a signal", "#!/bin/sh\nkill -9 $$\n", -1);
+        row("it starts at home", "#!/bin/sh\n[ \"$PWD\" = \"$HOME\" ] && echo home > \"$MARKER\"\n",
+            0, "home");
+        row("it writes a gigabyte", "#!/bin/sh\nhead -c 1G /dev/zero\nhead -c 1G /dev/zero >&2\n",
+            0);
+        row("it reads", "#!/bin/sh\ncat > \"$MARKER\"\n", 0);
+        row("it leaves a child that keeps its streams",
+            "#!/bin/sh\nsleep 60 & echo $! > \"$MARKER\"\n", 0, "pid");
+    }
+
+    void aRunGivesTheStatusOfTheShortcut() {
+        QFETCH(QByteArray, script);
+        QFETCH(QByteArray, mark);
+        write(QStringLiteral("Shortcut.sh"), script);
+        QElapsedTimer timer;
+        timer.start();
+        Call call(m_tool, {QStringLiteral("run"), QStringLiteral("Shortcut")});
+        QVERIFY(call.ends());
+        QVERIFY2(timer.elapsed() < 15'000, "it waited for more than the shortcut");
+        QTEST(call.result->status, "status");
+        QCOMPARE(call.result->output, QString());
+        if (mark == "pid") {
+            QCOMPARE(kill(marked().toInt(), SIGKILL), 0);
+        } else {
+            QCOMPARE(marked(), mark);
+        }
+    }
+
+    void aShortcutGoesOnWhenNobodyWaits() {
+        write(QStringLiteral("Endless.sh"), "#!/bin/sh\necho $$ > \"$MARKER\"\nexec sleep 60\n");
+        auto tool = std::make_unique<ProcessShortcutsTool>(QStringLiteral(SHORTCUTS_COMPANION));
+        auto call = std::make_unique<Call>(
+            *tool, QStringList{QStringLiteral("run"), QStringLiteral("Endless")});
+        QTRY_VERIFY(!marked().isEmpty());
+        QElapsedTimer timer;
+        timer.start();
+        call.reset();
+        tool.reset();
+        QVERIFY(timer.elapsed() < 1000);
+        QCOMPARE(kill(marked().toInt(), SIGKILL), 0);
+    }
+
+    void aToolThatMisbehavesIsAFailure_data() {
+        QTest::addColumn<QByteArray>("script");
+        QTest::addColumn<int>("status");
+        QTest::newRow("it is not there") << QByteArray() << -1;
+        QTest::newRow("it writes for ever") << QByteArray("#!/bin/sh\nexec yes\n") << -1;
+        QTest::newRow("it writes no text") << QByteArray("#!/bin/sh\nprintf 'a\\377b'\n") << 0;
+    }
+
+    void aToolThatMisbehavesIsAFailure() {
+        QFETCH(QByteArray, script);
+        const QString program = m_folder.filePath(QStringLiteral("tool"));
+        if (!script.isEmpty()) {
+            write(QStringLiteral("tool"), script);
+        }
+        ProcessShortcutsTool tool(program);
+        Call call(tool, {QStringLiteral("list")});
+        QVERIFY(call.ends());
+        QTEST(call.result->status, "status");
+        QCOMPARE(call.result->output, QString());
+    }
+
+    void otherArgumentsAreWrongUsage() {
+        for (const QStringList &arguments :
+             {QStringList(), QStringList(QStringLiteral("run")),
+              QStringList(QStringLiteral("--help")),
+              QStringList({QStringLiteral("list"), QStringLiteral("all")})}) {
+            QCOMPARE(QProcess::execute(QStringLiteral(SHORTCUTS_COMPANION), arguments), 64);
+        }
+    }
+
+    void theFolderIsMadeOnceWithAFirstShortcut() {
+        QStringList errors;
+        const auto prepare = [this, &errors] {
+            m_tool.prepareFolder([&errors](const QString &error) { errors.append(error); });
+        };
+        prepare();
+        QTRY_COMPARE(errors, QStringList{QString()});
+        Call call(m_tool, {QStringLiteral("list")});
+        QVERIFY(call.ends());
+        QCOMPARE(call.result->output, QStringLiteral("Say hello\n"));
+        QVERIFY(m_folder.remove(QStringLiteral("Say hello.sh")));
+        prepare();
+        QTRY_COMPARE(errors.size(), 2);
+        QCOMPARE(m_folder.entryList(QDir::Files),
+                 QStringList(QStringLiteral("How to make a shortcut.txt")));
+
+        init();
+        QVERIFY(QFile(m_folder.path()).open(QIODevice::WriteOnly));
+        prepare();
+        QTRY_COMPARE(errors.size(), 3);
+        QVERIFY(errors.last().startsWith(QStringLiteral("The shortcuts folder cannot be made: ")));
+    }
 
 private:
     /// A shortcut, or with other permissions what is none. Scripts can reach `marker()`.
@@ -68,193 +246,6 @@ private:
     QDir m_folder{m_data.filePath(QStringLiteral("perchly/shortcuts"))};
     ProcessShortcutsTool m_tool{QStringLiteral(SHORTCUTS_COMPANION)};
 };
-
-void ShortcutsTest::init() {
-    QFile::remove(m_folder.path()); // one test makes a file of it
-    m_folder.removeRecursively();
-    QFile::remove(marker());
-    qputenv("MARKER", QFile::encodeName(marker()));
-    QCOMPARE(m_tool.folder(), m_folder.path());
-}
-
-void ShortcutsTest::whatIsListed_data() {
-    QTest::addColumn<QStringList>("files");
-    QTest::addColumn<QString>("listed");
-    const auto row = [](const char *name, const QStringList &files, const char *listed) {
-        QTest::newRow(name) << files << QString::fromUtf8(listed);
-    };
-    row("nothing where there is no folder", {}, "");
-    row("names without their extensions, sorted",
-        {QStringLiteral("b.sh"), QStringLiteral("Ä ö.py"), QStringLiteral("a")}, "a\nb\nÄ ö\n");
-    row("points that begin no extension",
-        {QStringLiteral("Version 1.2"), QStringLiteral("Mr. Smith"), QStringLiteral("a.b.sh")},
-        "Mr. Smith\nVersion 1.2\na.b\n");
-    row("one of two files with the same name", {QStringLiteral("a.sh"), QStringLiteral("a.py")},
-        "a\n");
-    row("no hidden files, no backups and no names of two lines",
-        {QStringLiteral(".a"), QStringLiteral("a~"), QStringLiteral("a\nb"), QStringLiteral("c")},
-        "c\n");
-    row("names from right to left and with percent signs",
-        {QStringLiteral("שלום.sh"), QStringLiteral("100%.sh")}, "100%\nשלום\n");
-}
-
-void ShortcutsTest::whatIsListed() {
-    QFETCH(QStringList, files);
-    for (const QString &file : files) {
-        write(file);
-    }
-    if (!files.isEmpty()) {
-        write(QStringLiteral("not executable"), {}, QFile::ReadOwner);
-        m_folder.mkdir(QStringLiteral("a folder"));
-        QFile::link(QStringLiteral("nowhere"), m_folder.filePath(QStringLiteral("a broken link")));
-        QFile::link(QStringLiteral("/dev/null"), m_folder.filePath(QStringLiteral("no file")));
-    }
-    Call call(m_tool, {QStringLiteral("list")});
-    QVERIFY(call.ends());
-    QCOMPARE(call.result->status, 0);
-    QTEST(call.result->output, "listed");
-}
-
-void ShortcutsTest::aFolderThatIsNoneIsAFailure() {
-    m_data.mkpath(QStringLiteral("perchly"));
-    QVERIFY(QFile(m_folder.path()).open(QIODevice::WriteOnly));
-    Call call(m_tool, {QStringLiteral("list")});
-    QVERIFY(call.ends());
-    QCOMPARE(call.result->status, 1);
-}
-
-void ShortcutsTest::onlyAListedNameRuns_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("runs");
-    QTest::newRow("its name") << QStringLiteral("inside") << true;
-    QTest::newRow("the name of the file") << QStringLiteral("inside.sh") << false;
-    QTest::newRow("a way out of the folder") << QStringLiteral("../outside") << false;
-    QTest::newRow("an absolute path") << m_data.filePath(QStringLiteral("outside")) << false;
-    QTest::newRow("a way back in") << QStringLiteral("../shortcuts/inside") << false;
-    QTest::newRow("a hidden file") << QStringLiteral(".hidden") << false;
-    QTest::newRow("one that is not executable") << QStringLiteral("plain") << false;
-    QTest::newRow("the beginning of a name") << QStringLiteral("in") << false;
-    QTest::newRow("an option") << QStringLiteral("--help") << false;
-    QTest::newRow("nothing") << QString() << false;
-}
-
-void ShortcutsTest::onlyAListedNameRuns() {
-    QFETCH(QString, name);
-    QFETCH(bool, runs);
-    const QByteArray script("#!/bin/sh\necho ran > \"$MARKER\"\n");
-    for (const char *file : {"inside.sh", ".hidden", "../outside"}) {
-        write(QString::fromLatin1(file), script);
-    }
-    write(QStringLiteral("plain"), script, QFile::ReadOwner);
-    Call call(m_tool, {QStringLiteral("run"), name});
-    QVERIFY(call.ends());
-    QCOMPARE(call.result->status == 0, runs);
-    QCOMPARE(marked(), QByteArray(runs ? "ran" : ""));
-}
-
-void ShortcutsTest::aRunGivesTheStatusOfTheShortcut_data() {
-    QTest::addColumn<QByteArray>("script");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<QByteArray>("mark");
-    const auto row = [](const char *name, const char *script, int status, const char *mark = "") {
-        QTest::newRow(name) << QByteArray(script) << status << QByteArray(mark);
-    };
-    row("success", "#!/bin/sh\nexit 0\n", 0);
-    row("failure", "#!/bin/sh\nexit 3\n", 3);
-    row("a script that names no interpreter", "exit 4\n", 4);
-    row("an interpreter that is not there", "#!/nowhere/at/all\n", 126);
-    row("a signal", "#!/bin/sh\nkill -9 $$\n", -1);
-    row("it starts at home", "#!/bin/sh\n[ \"$PWD\" = \"$HOME\" ] && echo home > \"$MARKER\"\n", 0,
-        "home");
-    row("it writes a gigabyte", "#!/bin/sh\nhead -c 1G /dev/zero\nhead -c 1G /dev/zero >&2\n", 0);
-    row("it reads", "#!/bin/sh\ncat > \"$MARKER\"\n", 0);
-    row("it leaves a child that keeps its streams", "#!/bin/sh\nsleep 60 & echo $! > \"$MARKER\"\n",
-        0, "pid");
-}
-
-void ShortcutsTest::aRunGivesTheStatusOfTheShortcut() {
-    QFETCH(QByteArray, script);
-    QFETCH(QByteArray, mark);
-    write(QStringLiteral("Shortcut.sh"), script);
-    QElapsedTimer timer;
-    timer.start();
-    Call call(m_tool, {QStringLiteral("run"), QStringLiteral("Shortcut")});
-    QVERIFY(call.ends());
-    QVERIFY2(timer.elapsed() < 15'000, "it waited for more than the shortcut");
-    QTEST(call.result->status, "status");
-    QCOMPARE(call.result->output, QString());
-    if (mark == "pid") {
-        QCOMPARE(kill(marked().toInt(), SIGKILL), 0);
-    } else {
-        QCOMPARE(marked(), mark);
-    }
-}
-
-void ShortcutsTest::aShortcutGoesOnWhenNobodyWaits() {
-    write(QStringLiteral("Endless.sh"), "#!/bin/sh\necho $$ > \"$MARKER\"\nexec sleep 60\n");
-    auto tool = std::make_unique<ProcessShortcutsTool>(QStringLiteral(SHORTCUTS_COMPANION));
-    auto call = std::make_unique<Call>(
-        *tool, QStringList{QStringLiteral("run"), QStringLiteral("Endless")});
-    QTRY_VERIFY(!marked().isEmpty());
-    QElapsedTimer timer;
-    timer.start();
-    call.reset();
-    tool.reset();
-    QVERIFY(timer.elapsed() < 1000);
-    QCOMPARE(kill(marked().toInt(), SIGKILL), 0);
-}
-
-void ShortcutsTest::aToolThatMisbehavesIsAFailure_data() {
-    QTest::addColumn<QByteArray>("script");
-    QTest::addColumn<int>("status");
-    QTest::newRow("it is not there") << QByteArray() << -1;
-    QTest::newRow("it writes for ever") << QByteArray("#!/bin/sh\nexec yes\n") << -1;
-    QTest::newRow("it writes no text") << QByteArray("#!/bin/sh\nprintf 'a\\377b'\n") << 0;
-}
-
-void ShortcutsTest::aToolThatMisbehavesIsAFailure() {
-    QFETCH(QByteArray, script);
-    const QString program = m_folder.filePath(QStringLiteral("tool"));
-    if (!script.isEmpty()) {
-        write(QStringLiteral("tool"), script);
-    }
-    ProcessShortcutsTool tool(program);
-    Call call(tool, {QStringLiteral("list")});
-    QVERIFY(call.ends());
-    QTEST(call.result->status, "status");
-    QCOMPARE(call.result->output, QString());
-}
-
-void ShortcutsTest::otherArgumentsAreWrongUsage() {
-    for (const QStringList &arguments :
-         {QStringList(), QStringList(QStringLiteral("run")), QStringList(QStringLiteral("--help")),
-          QStringList({QStringLiteral("list"), QStringLiteral("all")})}) {
-        QCOMPARE(QProcess::execute(QStringLiteral(SHORTCUTS_COMPANION), arguments), 64);
-    }
-}
-
-void ShortcutsTest::theFolderIsMadeOnceWithAFirstShortcut() {
-    QStringList errors;
-    const auto prepare = [this, &errors] {
-        m_tool.prepareFolder([&errors](const QString &error) { errors.append(error); });
-    };
-    prepare();
-    QTRY_COMPARE(errors, QStringList{QString()});
-    Call call(m_tool, {QStringLiteral("list")});
-    QVERIFY(call.ends());
-    QCOMPARE(call.result->output, QStringLiteral("Say hello\n"));
-    QVERIFY(m_folder.remove(QStringLiteral("Say hello.sh")));
-    prepare();
-    QTRY_COMPARE(errors.size(), 2);
-    QCOMPARE(m_folder.entryList(QDir::Files),
-             QStringList(QStringLiteral("How to make a shortcut.txt")));
-
-    init();
-    QVERIFY(QFile(m_folder.path()).open(QIODevice::WriteOnly));
-    prepare();
-    QTRY_COMPARE(errors.size(), 3);
-    QVERIFY(errors.last().startsWith(QStringLiteral("The shortcuts folder cannot be made: ")));
-}
 
 QTEST_GUILESS_MAIN(ShortcutsTest)
 

@@ -28,17 +28,105 @@ class DragSourceTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void cleanupTestCase();
-    void init();
+    void initTestCase() {
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+        m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+        m_target.start(QStringLiteral(DROP_TARGET));
+        QVERIFY(m_target.waitForStarted());
+    }
+
+    void cleanupTestCase() {
+        m_target.kill();
+        m_target.waitForFinished();
+    }
+
+    void init() {
+        QQmlComponent component(&m_engine);
+        component.setData("import QtQuick\n"
+                          "import Perchly.Look\n"
+                          "Window {\n"
+                          "  id: root; x: 60; y: 60; width: 300; height: 200; visible: true\n"
+                          "  flags: Qt.FramelessWindowHint\n"
+                          "  Flickable {\n"
+                          "    objectName: 'list'; anchors.fill: parent; contentHeight: 900\n"
+                          "    DragSource { width: 300; height: 100; label: 'A label' }\n"
+                          "  }\n"
+                          "}\n",
+                          QUrl());
+        m_window.reset(qobject_cast<QQuickWindow *>(component.create()));
+        QVERIFY2(m_window, qPrintable(component.errorString()));
+        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+        QTest::qWait(50);
+    }
+
     void cleanup() { m_window.reset(); }
-    void anotherProgramGetsWhatIsDragged_data();
-    void anotherProgramGetsWhatIsDragged();
-    void withoutAnythingToDragNothingIs();
-    void theRowMayGoMeanwhile();
+
+    void anotherProgramGetsWhatIsDragged_data() {
+        QTest::addColumn<QStringList>("urls");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("a file whose name has everything in it")
+            << QStringList(QStringLiteral("file:///tmp/a%20%25%0A%23%C3%A4%D7%90.txt"))
+            << QStringLiteral("/tmp/a %\n#äא.txt");
+        QTest::newRow("a link") << QStringList(QStringLiteral("https://example.org/%C3%A4?b=1#c"))
+                                << QStringLiteral("https://example.org/%C3%A4?b=1#c");
+        QTest::newRow("all at once")
+            << QStringList{QStringLiteral("file:///tmp/a"), QStringLiteral("file:///tmp/"),
+                           QStringLiteral("http://example.org/")}
+            << QStringLiteral("/tmp/a\n/tmp/\nhttp://example.org/");
+    }
+
+    void anotherProgramGetsWhatIsDragged() {
+        QFETCH(QStringList, urls);
+        QFETCH(QString, text);
+        source()->setUrls(QUrl::fromStringList(urls));
+        const QSignalSpy dragged(source(), &DragSource::draggingChanged);
+        dragOntoTarget();
+        QTRY_COMPARE(dragged.count(), 2);
+        QVERIFY(!source()->dragging());
+        QCOMPARE(m_window->findChild<QQuickItem *>(QStringLiteral("list"))->property("contentY"),
+                 QVariant(0.0));
+        QTRY_VERIFY(m_target.canReadLine());
+        const QJsonObject drop = QJsonDocument::fromJson(m_target.readLine()).object();
+        QCOMPARE(drop[QLatin1StringView("urls")].toArray(), QJsonArray::fromStringList(urls));
+        QCOMPARE(drop[QLatin1StringView("text")].toString(), text);
+        QVERIFY(drop[QLatin1StringView("may copy")].toBool());
+        QVERIFY(!drop[QLatin1StringView("may move")].toBool());
+    }
+
+    void theRowMayGoMeanwhile() {
+        source()->setUrls({QUrl(QStringLiteral("https://example.org/gone"))});
+        connect(source(), &DragSource::draggingChanged, m_window.get(),
+                [this] { QTimer::singleShot(100, source(), [this] { delete source(); }); });
+        dragOntoTarget();
+        QVERIFY(!source());
+        QTRY_VERIFY(m_target.canReadLine());
+        QVERIFY(m_target.readLine().contains("https://example.org/gone"));
+    }
 
 private:
-    void dragOntoTarget();
+    void dragOntoTarget() {
+        const QPoint start = m_window->position() + QPoint(100, 60);
+        std::atomic<bool> isOver = false;
+        std::thread person([start, &isOver] {
+            const XClient client;
+            client.movePointer(start);
+            client.pressButton();
+            for (int i = 1; i <= 8; ++i) {
+                client.movePointer(start + QPoint(0, 5 * i));
+                QThread::msleep(20);
+            }
+            for (const QPoint at : {QPoint(780, 590), QPoint(790, 595), dropPlace, dropPlace}) {
+                client.movePointer(at);
+                QThread::msleep(150);
+            }
+            client.releaseButton();
+            isOver = true;
+        });
+        while (!isOver)
+            QTest::qWait(10);
+        person.join();
+    }
+
     DragSource *source() const { return m_window->findChild<DragSource *>(); }
 
     QProcess m_target;
@@ -46,108 +134,7 @@ private:
     std::unique_ptr<QQuickWindow> m_window;
 };
 
-void DragSourceTest::initTestCase() {
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
-    m_target.start(QStringLiteral(DROP_TARGET));
-    QVERIFY(m_target.waitForStarted());
-}
-
-void DragSourceTest::cleanupTestCase() {
-    m_target.kill();
-    m_target.waitForFinished();
-}
-
-void DragSourceTest::init() {
-    QQmlComponent component(&m_engine);
-    component.setData("import QtQuick\n"
-                      "import Perchly.Look\n"
-                      "Window {\n"
-                      "  id: root; x: 60; y: 60; width: 300; height: 200; visible: true\n"
-                      "  flags: Qt.FramelessWindowHint\n"
-                      "  Flickable {\n"
-                      "    objectName: 'list'; anchors.fill: parent; contentHeight: 900\n"
-                      "    DragSource { width: 300; height: 100; label: 'A label' }\n"
-                      "  }\n"
-                      "}\n",
-                      QUrl());
-    m_window.reset(qobject_cast<QQuickWindow *>(component.create()));
-    QVERIFY2(m_window, qPrintable(component.errorString()));
-    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-    QTest::qWait(50);
-}
-
 // While something is dragged, the drag's own event loop runs: the person is another thread.
-void DragSourceTest::dragOntoTarget() {
-    const QPoint start = m_window->position() + QPoint(100, 60);
-    std::atomic<bool> isOver = false;
-    std::thread person([start, &isOver] {
-        const XClient client;
-        client.movePointer(start);
-        client.pressButton();
-        for (int i = 1; i <= 8; ++i) {
-            client.movePointer(start + QPoint(0, 5 * i));
-            QThread::msleep(20);
-        }
-        for (const QPoint at : {QPoint(780, 590), QPoint(790, 595), dropPlace, dropPlace}) {
-            client.movePointer(at);
-            QThread::msleep(150);
-        }
-        client.releaseButton();
-        isOver = true;
-    });
-    while (!isOver)
-        QTest::qWait(10);
-    person.join();
-}
-
-void DragSourceTest::anotherProgramGetsWhatIsDragged_data() {
-    QTest::addColumn<QStringList>("urls");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("a file whose name has everything in it")
-        << QStringList(QStringLiteral("file:///tmp/a%20%25%0A%23%C3%A4%D7%90.txt"))
-        << QStringLiteral("/tmp/a %\n#äא.txt");
-    QTest::newRow("a link") << QStringList(QStringLiteral("https://example.org/%C3%A4?b=1#c"))
-                            << QStringLiteral("https://example.org/%C3%A4?b=1#c");
-    QTest::newRow("all at once") << QStringList{QStringLiteral("file:///tmp/a"),
-                                                QStringLiteral("file:///tmp/"),
-                                                QStringLiteral("http://example.org/")}
-                                 << QStringLiteral("/tmp/a\n/tmp/\nhttp://example.org/");
-}
-
-void DragSourceTest::anotherProgramGetsWhatIsDragged() {
-    QFETCH(QStringList, urls);
-    QFETCH(QString, text);
-    source()->setUrls(QUrl::fromStringList(urls));
-    const QSignalSpy dragged(source(), &DragSource::draggingChanged);
-    dragOntoTarget();
-    QTRY_COMPARE(dragged.count(), 2);
-    QVERIFY(!source()->dragging());
-    QCOMPARE(m_window->findChild<QQuickItem *>(QStringLiteral("list"))->property("contentY"),
-             QVariant(0.0));
-    QTRY_VERIFY(m_target.canReadLine());
-    const QJsonObject drop = QJsonDocument::fromJson(m_target.readLine()).object();
-    QCOMPARE(drop[QLatin1StringView("urls")].toArray(), QJsonArray::fromStringList(urls));
-    QCOMPARE(drop[QLatin1StringView("text")].toString(), text);
-    QVERIFY(drop[QLatin1StringView("may copy")].toBool());
-    QVERIFY(!drop[QLatin1StringView("may move")].toBool());
-}
-
-void DragSourceTest::withoutAnythingToDragNothingIs() {
-    const QSignalSpy dragged(source(), &DragSource::draggingChanged);
-    dragOntoTarget();
-    QCOMPARE(dragged.count(), 0);
-}
-
-void DragSourceTest::theRowMayGoMeanwhile() {
-    source()->setUrls({QUrl(QStringLiteral("https://example.org/gone"))});
-    connect(source(), &DragSource::draggingChanged, m_window.get(),
-            [this] { QTimer::singleShot(100, source(), [this] { delete source(); }); });
-    dragOntoTarget();
-    QVERIFY(!source());
-    QTRY_VERIFY(m_target.canReadLine());
-    QVERIFY(m_target.readLine().contains("https://example.org/gone"));
-}
 
 QTEST_MAIN(DragSourceTest)
 #include "DragSourceTest.moc"

@@ -12,10 +12,41 @@ class StartupSequenceTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void announcesAProgram();
-    void withdrawsAProgram();
-    void isSilentWithoutAServer();
+    void init() {
+        m_client = std::make_unique<XClient>();
+        const quint32 mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+        xcb_change_window_attributes(m_client->get(), m_client->root(), XCB_CW_EVENT_MASK, &mask);
+        m_client->sync();
+    }
+
+    void announcesAProgram() {
+        const QByteArray first =
+            startupsequence::begin("A \"long\" näme that needs several messages");
+        const QByteArray second = startupsequence::begin("B");
+        QVERIFY(first != second);
+        QVERIFY2(QRegularExpression(QStringLiteral("_TIME[1-9][0-9]*$"))
+                     .match(QString::fromUtf8(first))
+                     .hasMatch(),
+                 first.constData());
+        QCOMPARE(messages(),
+                 QByteArrayList(
+                     {"new: ID=\"" + first +
+                          "\" NAME=\"A \\\"long\\\" näme that needs several messages\" SCREEN=0",
+                      "new: ID=\"" + second + "\" NAME=\"B\" SCREEN=0"}));
+    }
+
+    void withdrawsAProgram() {
+        startupsequence::withdraw("an identifier");
+        QCOMPARE(messages(), QByteArrayList{"remove: ID=\"an identifier\""});
+    }
+
+    void isSilentWithoutAServer() {
+        const QByteArray display = qgetenv("DISPLAY");
+        const auto reset = qScopeGuard([&] { qputenv("DISPLAY", display); });
+        qunsetenv("DISPLAY");
+        QVERIFY(startupsequence::begin("A").isEmpty());
+        startupsequence::withdraw("an identifier");
+    }
 
 private:
     /// The messages that have come to the root window.
@@ -44,41 +75,6 @@ private:
 
     std::unique_ptr<XClient> m_client;
 };
-
-void StartupSequenceTest::init() {
-    m_client = std::make_unique<XClient>();
-    const quint32 mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
-    xcb_change_window_attributes(m_client->get(), m_client->root(), XCB_CW_EVENT_MASK, &mask);
-    m_client->sync();
-}
-
-void StartupSequenceTest::announcesAProgram() {
-    const QByteArray first = startupsequence::begin("A \"long\" näme that needs several messages");
-    const QByteArray second = startupsequence::begin("B");
-    QVERIFY(first != second);
-    QVERIFY2(QRegularExpression(QStringLiteral("_TIME[1-9][0-9]*$"))
-                 .match(QString::fromUtf8(first))
-                 .hasMatch(),
-             first.constData());
-    QCOMPARE(
-        messages(),
-        QByteArrayList({"new: ID=\"" + first +
-                            "\" NAME=\"A \\\"long\\\" näme that needs several messages\" SCREEN=0",
-                        "new: ID=\"" + second + "\" NAME=\"B\" SCREEN=0"}));
-}
-
-void StartupSequenceTest::withdrawsAProgram() {
-    startupsequence::withdraw("an identifier");
-    QCOMPARE(messages(), QByteArrayList{"remove: ID=\"an identifier\""});
-}
-
-void StartupSequenceTest::isSilentWithoutAServer() {
-    const QByteArray display = qgetenv("DISPLAY");
-    const auto reset = qScopeGuard([&] { qputenv("DISPLAY", display); });
-    qunsetenv("DISPLAY");
-    QVERIFY(startupsequence::begin("A").isEmpty());
-    startupsequence::withdraw("an identifier");
-}
 
 QTEST_GUILESS_MAIN(StartupSequenceTest)
 #include "StartupSequenceTest.moc"

@@ -1,6 +1,5 @@
 #include "XClient.h"
 
-#include <QThread>
 #include <xcb/xtest.h>
 
 namespace perchly {
@@ -57,21 +56,11 @@ void XClient::releaseButton() const {
     sync();
 }
 
-void XClient::pressKey(quint8 keycode) const {
-    xcb_test_fake_input(m_connection, XCB_KEY_PRESS, keycode, 0, m_root, 0, 0, 0);
-    sync();
-}
-
-void XClient::releaseKey(quint8 keycode) const {
-    xcb_test_fake_input(m_connection, XCB_KEY_RELEASE, keycode, 0, m_root, 0, 0, 0);
-    sync();
-}
-
 void XClient::typeKey(quint8 keycode) const {
-    pressKey(keycode);
-    releaseKey(keycode);
-    // No finger is fast enough to press again in the same millisecond.
-    QThread::msleep(3);
+    for (const int event : {XCB_KEY_PRESS, XCB_KEY_RELEASE}) {
+        xcb_test_fake_input(m_connection, quint8(event), keycode, 0, m_root, 0, 0, 0);
+        sync();
+    }
 }
 
 xcb_window_t XClient::makeWindow(const QRect &area, Managed managed) const {

@@ -31,8 +31,6 @@ public:
     void click(QPoint at) const;
     void pressButton() const;
     void releaseButton() const;
-    void pressKey(quint8 keycode) const;
-    void releaseKey(quint8 keycode) const;
     void typeKey(quint8 keycode) const;
 
     // The program

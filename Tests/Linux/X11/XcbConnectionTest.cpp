@@ -78,16 +78,6 @@ private Q_SLOTS:
         ::close(silent);
     }
 
-    void aFailedRequestIsTold() {
-        const OwnServer server;
-        XcbConnection connection(server.name());
-        const auto good = xcb_map_window_checked(connection.get(), connection.root());
-        QVERIFY(connection.succeeded({good}));
-        const auto alsoGood = xcb_map_window_checked(connection.get(), connection.root());
-        const auto bad = xcb_map_window_checked(connection.get(), 0x7fffff);
-        QVERIFY(!connection.succeeded({alsoGood, bad}));
-    }
-
     void eventsReadWhileWaitingAreTold() {
         const OwnServer server;
         XcbConnection connection(server.name());
