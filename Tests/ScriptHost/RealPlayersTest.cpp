@@ -7,7 +7,6 @@
 #include "ShelfModel.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTest>
 
 using namespace perchly;
@@ -33,26 +32,6 @@ private:
     QProcess m_process;
 };
 
-/// mpv with two silent tracks of two minutes, on the bus.
-QStringList mpvArguments() {
-    QStringList arguments{QStringLiteral("--no-config"),
-                          QStringLiteral("--no-terminal"),
-                          QStringLiteral("--ao=null"),
-                          QStringLiteral("--demuxer=rawaudio"),
-                          QStringLiteral("--demuxer-rawaudio-rate=8000"),
-                          QStringLiteral("--demuxer-rawaudio-channels=1"),
-                          QStringLiteral("--demuxer-rawaudio-format=u8"),
-                          QStringLiteral("--script=" MPV_MPRIS)};
-    for (const char *name : {"first", "second"}) {
-        QFile file(QDir::tempPath() + u'/' + QString::fromUtf8(name));
-        if (file.open(QIODevice::WriteOnly)) {
-            file.write(QByteArray(8000 * 120, char(0x80)));
-        }
-        arguments.append(file.fileName());
-    }
-    return arguments;
-}
-
 /// A browser without a window that shows the page of the tests.
 QStringList browserArguments() {
     return {QStringLiteral("--headless"),
@@ -66,10 +45,6 @@ QStringList browserArguments() {
             QStringLiteral("--autoplay-policy=no-user-gesture-required"),
             QStringLiteral("--user-data-dir=") + QDir::tempPath() + QStringLiteral("/browser"),
             QStringLiteral("file://" TAB_PAGE)};
-}
-
-double position() {
-    return readSession().toObject().value(QStringLiteral("elapsedTime")).toDouble();
 }
 
 /// What follows players in the program, over the real clock, companion and bus.
@@ -103,30 +78,6 @@ struct RealMedia {
 class RealPlayersTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void mpvIsFollowedAndObeys() {
-        const Running mpv(QStringLiteral("mpv"), mpvArguments());
-        RealMedia media;
-        const ShelfModel &model = media.model;
-        QVERIFY(media.waitForSession(QStringLiteral("first")));
-        QCOMPARE(model.mediaSource(), QStringLiteral("mpv"));
-        QVERIFY(model.playing() && model.mediaCanSeek() && !model.mediaIsBrowser());
-
-        QVERIFY(media.succeeds("playpause"));
-        QVERIFY(!model.playing());
-        const double paused = position();
-        QVERIFY(media.succeeds("forward"));
-        QVERIFY(qAbs(position() - (paused + 15)) < 1);
-        QVERIFY(media.succeeds("rewind"));
-        QVERIFY(qAbs(position() - paused) < 1);
-
-        QVERIFY(media.succeeds("playpause"));
-        QVERIFY(model.playing());
-        QVERIFY(media.succeeds("next track"));
-        QVERIFY(media.waitForSession(QStringLiteral("second")));
-        QVERIFY(media.succeeds("previous track"));
-        QVERIFY(media.waitForSession(QStringLiteral("first")));
-    }
-
     void aTabIsFollowedAndObeys() {
         const Running browser(QStringLiteral("chromium"), browserArguments());
         RealMedia media;

@@ -70,12 +70,6 @@ private Q_SLOTS:
         QCOMPARE(spotify.commands(), QStringList());
     }
 
-    void otherArgumentsAreWrongUsage() {
-        QVERIFY(!runCompanion({}));
-        QVERIFY(!runCompanion({QStringLiteral("-e"), QStringLiteral("1")}));
-        QVERIFY(!runCompanion({QStringLiteral("/etc/passwd")}));
-    }
-
     void aFrozenBusEndsTheReading() {
         const auto bus = pid_t(qEnvironmentVariableIntValue("PERCHLY_TEST_BUS_PID"));
         QVERIFY(bus > 0);

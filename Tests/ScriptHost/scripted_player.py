@@ -3,8 +3,7 @@
 
 Usage: scripted_player.py NAME JSON. The JSON object may hold "properties" (of the player interface,
 merged over a playing track), "metadata" (merged over its metadata; null leaves a key out),
-"identity", "entry", "flurry" (change signals for one change), "title_bytes" (a long title),
-"many_keys" (of metadata), and "behaviour": "obeys", "refuses" (an error to every command),
+"identity", "entry", "flurry" (change signals for one change), and "behaviour": "obeys", "refuses" (an error to every command),
 "ignores", "silent" (answers nothing at all), or "late" (answers after "delay" seconds). Values are
 given as [SIGNATURE, VALUE]. It writes "ready" once it is on the bus and then every command that reached it.
 """
@@ -51,13 +50,7 @@ class ScriptedPlayer:
         self.script = script
         self.behaviour = script.get("behaviour", "obeys")
         self.properties = merged(PROPERTIES, script.get("properties", {}))
-        metadata = merged(TRACK, script.get("metadata", {}))
-        if "title_bytes" in script:
-            metadata["xesam:title"] = ["s", "x" * script["title_bytes"]]
-        if "many_keys" in script:
-            for number in range(script["many_keys"]):
-                metadata[f"key{number}"] = ["s", "y" * 1000]
-        self.metadata = metadata
+        self.metadata = merged(TRACK, script.get("metadata", {}))
         self.loop = GLib.MainLoop()
         self.bus = Gio.bus_get_sync(Gio.BusType.SESSION)
         # Objects that answer properties themselves: GIO would hold values to their interface's types.
