@@ -14,11 +14,6 @@ void MixerFixture::play(const QStringList &names) {
     }
 }
 
-void MixerFixture::setSupported(bool supported) {
-    m_audio.routable = supported;
-    Q_EMIT m_audio.changed();
-}
-
 void MixerFixture::refuse() {
     m_audio.failing = QStringLiteral("createDevice");
     m_audio.status = -50;

@@ -20,7 +20,6 @@ public:
 
     /// From now on the applications of those names play; the process of one is always the same.
     Q_INVOKABLE void play(const QStringList &names);
-    Q_INVOKABLE void setSupported(bool supported);
     /// Every further route fails.
     Q_INVOKABLE void refuse();
     Q_INVOKABLE void advance(int seconds) { m_clock.advance(std::chrono::seconds(seconds)); }

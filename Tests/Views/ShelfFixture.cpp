@@ -28,6 +28,15 @@ void visit(QAccessibleInterface *thing, const std::function<void(QAccessibleInte
     }
 }
 
+/// The last accessible thing in the item's window that is wanted.
+QAccessibleInterface *last(QQuickItem *item,
+                           const std::function<bool(QAccessibleInterface &)> &wanted) {
+    QAccessibleInterface *found = nullptr;
+    visit(QAccessible::queryAccessibleInterface(item->window()),
+          [&](QAccessibleInterface &thing) { found = wanted(thing) ? &thing : found; });
+    return found;
+}
+
 } // namespace
 
 ShelfFixture::ShelfFixture(QObject *parent)
@@ -43,12 +52,11 @@ ShelfFixture::ShelfFixture(QObject *parent)
             [this] { m_commands.append(QStringLiteral("open music")); });
 }
 
-void ShelfFixture::dock(const QString &edge, double notchWidth) {
+void ShelfFixture::dock(const QString &edge) {
     const ShelfEdge parsed = shelfEdgeFromName(edge).value_or(ShelfEdge::Top);
     const bool top = parsed == ShelfEdge::Top;
     m_model.setDockEdge(parsed);
-    m_model.setHardwareNotchWidth(notchWidth);
-    m_model.setCompactWidth(!top ? 34 : notchWidth > 0 ? notchWidth + 280 : 290);
+    m_model.setCompactWidth(top ? 290 : 34);
     m_model.setCompactHeight(top ? 34 : 120);
 }
 
@@ -68,12 +76,6 @@ void ShelfFixture::prefer(const QString &key, const QVariant &value) {
 void ShelfFixture::reduceMotion(bool reduce) {
     m_fakes.motion.reduced = reduce;
     Q_EMIT m_fakes.motion.changed();
-}
-
-void ShelfFixture::play(const QString &title) {
-    m_model.setMusicTitle(title);
-    m_model.setPlaying(true);
-    m_model.setMusicActive(true);
 }
 
 void ShelfFixture::setMedia(const QVariantMap &fields) {
@@ -171,58 +173,40 @@ QStringList ShelfFixture::accessibleWithin(QQuickItem *item) {
 }
 
 bool ShelfFixture::describedAs(QQuickItem *item, const QString &description) {
-    bool found = false;
-    visit(QAccessible::queryAccessibleInterface(item->window()), [&](QAccessibleInterface &thing) {
-        found = found || thing.text(QAccessible::Description) == description;
-    });
-    return found;
+    return last(item, [&](QAccessibleInterface &thing) {
+               return thing.text(QAccessible::Description) == description;
+           }) != nullptr;
 }
 
 bool ShelfFixture::pressAccessible(QQuickItem *within, const QString &name) {
-    QAccessibleActionInterface *found = nullptr;
-    visit(QAccessible::queryAccessibleInterface(within->window()),
-          [&](QAccessibleInterface &thing) {
-              if (thing.text(QAccessible::Name) == name) {
-                  found = thing.actionInterface();
-              }
-          });
-    if (found == nullptr) {
+    auto *found = last(
+        within, [&](QAccessibleInterface &thing) { return thing.text(QAccessible::Name) == name; });
+    if (found == nullptr || found->actionInterface() == nullptr) {
         return false;
     }
-    found->doAction(QAccessibleActionInterface::pressAction());
+    found->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     return true;
 }
 
 bool ShelfFixture::setAccessible(QQuickItem *within, const QString &name, double value) {
-    bool found = false;
-    visit(QAccessible::queryAccessibleInterface(within->window()),
-          [&](QAccessibleInterface &thing) {
-              if (thing.text(QAccessible::Name) == name && thing.valueInterface() != nullptr) {
-                  thing.valueInterface()->setCurrentValue(value);
-                  found = true;
-              }
-          });
-    return found;
+    auto *found = last(within, [&](QAccessibleInterface &thing) {
+        return thing.text(QAccessible::Name) == name && thing.valueInterface() != nullptr;
+    });
+    if (found != nullptr) {
+        found->valueInterface()->setCurrentValue(value);
+    }
+    return found != nullptr;
 }
 
 bool ShelfFixture::drop(QQuickItem *item, double x, double y, const QList<QUrl> &urls) {
     QMimeData data;
-    if (urls.isEmpty()) {
-        data.setText(QStringLiteral("no link"));
-    } else {
-        data.setUrls(urls);
-    }
+    data.setUrls(urls);
     const QPointF at = item->mapToScene(QPointF(x, y));
     QDragEnterEvent enter(at.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(item->window(), &enter);
-    if (!enter.isAccepted()) {
-        QDragLeaveEvent leave;
-        QCoreApplication::sendEvent(item->window(), &leave);
-        return false;
-    }
     QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(item->window(), &drop);
-    return drop.isAccepted();
+    return enter.isAccepted() && drop.isAccepted();
 }
 
 QStringList ShelfFixture::toolTips() {

@@ -66,11 +66,10 @@ public:
     Motion *motion() { return &m_fakes.motion; }
 
     /// Lays the collapsed shelf out for that edge, as the shell does.
-    Q_INVOKABLE void dock(const QString &edge, double notchWidth);
+    Q_INVOKABLE void dock(const QString &edge);
     Q_INVOKABLE void setExpanded(bool expanded) { m_model.setExpanded(expanded); }
     Q_INVOKABLE void prefer(const QString &key, const QVariant &value);
     Q_INVOKABLE void reduceMotion(bool reduce);
-    Q_INVOKABLE void play(const QString &title);
     /// Sets the media fields of the model that are named; the others stay.
     Q_INVOKABLE void setMedia(const QVariantMap &fields);
     /// What was asked of the players since the last call.

@@ -1,22 +1,17 @@
 import QtQuick
-import QtTest
 import Perchly.Shelf
-import Perchly.Tests
 
-/// A test of the shelf's view in a panel like the shell's. Any warning fails it.
-TestCase {
+/// A test of the shelf's view in a panel like the shell's.
+ViewTestCase {
     id: root
 
+    readonly property ShelfView view: root.made as ShelfView
     readonly property real margin: 26
-    property ShelfFixture fixture: null
-    property ShelfView view: null
-
-    property Component fixtureComponent: Component { ShelfFixture {} }
     property Component viewComponent: Component { ShelfView {} }
 
     /// Makes the view collapsed at that edge. `more` are further properties.
     function open(edge: string, more: var) {
-        root.fixture.dock(edge, 0);
+        root.fixture.dock(edge);
         const properties = Object.assign({
             model: root.fixture.model,
             preferences: root.fixture.preferences,
@@ -27,8 +22,7 @@ TestCase {
             motion: root.fixture.motion,
             shadowMargin: root.margin
         }, more ?? {});
-        root.view = root.viewComponent.createObject(root, properties) as ShelfView;
-        verify(root.view !== null);
+        root.make(root.viewComponent, properties);
         root.fit(root.fixture.model.compactWidth, root.fixture.model.compactHeight);
         wait(0);
     }
@@ -55,23 +49,6 @@ TestCase {
         wait(0);
     }
 
-    function begin() {
-        failOnWarning(/.?/);
-        root.fixture = root.fixtureComponent.createObject(root) as ShelfFixture;
-    }
-
-    function cleanup() {
-        // The stores outlive the view, as in the program.
-        if (root.view !== null) {
-            root.view.destroy();
-        }
-        wait(0);
-        root.fixture.destroy();
-        wait(0);
-    }
-
-    when: windowShown
     width: 900
     height: 720
-    visible: true
 }

@@ -4,11 +4,6 @@ import Perchly.Look
 ShelfTestCase {
     id: root
 
-    function init() {
-        root.begin();
-        root.fixture.reduceMotion(true);
-    }
-
     function button(name: string): string {
         return "Button: " + name;
     }
@@ -19,12 +14,12 @@ ShelfTestCase {
 
     function test_collapsedItIsOneButtonThatSaysWhatGoesOn(data) {
         root.open(data.tag);
-        compare(root.fixture.accessibleWithin(root.view), [root.button("Perchly · Ready")]);
-        root.fixture.play("A title that is a good deal longer than the pill is wide");
+        compare(root.everything(), [root.button("Perchly · Ready")]);
+        root.fixture.setMedia({ active: true, playing: true, title: "A title that is a good deal longer than the pill is wide" });
         compare(root.view.status.symbol, "waveform");
-        compare(root.fixture.accessibleWithin(root.view),
+        compare(root.everything(),
                 [root.button("A title that is a good deal longer than the pill is wide · Playing")]);
-        verify(root.fixture.pressAccessible(root.view, root.view.status.sentence));
+        root.press(root.view.status.sentence);
         compare(root.fixture.takeCalls(), ["toggleKeyboardOpen"]);
     }
 
@@ -33,7 +28,7 @@ ShelfTestCase {
         root.open("left");
         root.fixture.productivity.hold(["file:///tmp/a", "https://example.org"]);
         root.expand();
-        compare(root.fixture.accessibleWithin(root.view).join("\n"), [
+        compare(root.everything().join("\n"), [
             "Grouping: Calendar", root.button("Change pinned widget"),
             "StaticText: " + new Date().getDate() + " " + Qt.locale().standaloneMonthName(new Date().getMonth()) + " " + new Date().getFullYear(),
             "StaticText: Upcoming meetings", root.button("Meetings"),
@@ -54,14 +49,16 @@ ShelfTestCase {
     function test_focusStartsAQuietSessionAndEndsIt() {
         root.open("top");
         root.expand();
-        verify(root.fixture.pressAccessible(root.view, "Focus"));
+        root.press("Focus");
         verify(root.fixture.model.quietFocus);
         compare(root.fixture.model.seconds, 1500);
-        verify(root.fixture.accessibleWithin(root.view).indexOf(root.button("Settings")) < 0);
+        verify(!root.has(root.button("Settings")));
+        verify(root.has("StaticText: Room to focus"));
+        verify(root.has("StaticText: Your apps and widgets return when you leave focus mode."));
         verify(Qt.colorEqual(root.view.statusColor, Theme.orange));
         root.fixture.advance(63);
         compare(root.view.status.status, "23:57");
-        verify(root.fixture.pressAccessible(root.view, "End focus"));
+        root.press("End focus");
         verify(!root.fixture.model.quietFocus);
         compare(root.fixture.model.seconds, 0);
         verify(Qt.colorEqual(root.view.statusColor, root.view.accentColor));
@@ -106,32 +103,25 @@ ShelfTestCase {
         root.fit(root.fixture.model.compactWidth, root.fixture.model.compactHeight);
         root.settle();
         mouseMove(root.view, data.x + 200, data.y + 50);
-        root.fixture.dock(data.edge === "top" ? "left" : "top", 0);
+        root.fixture.dock(data.edge === "top" ? "left" : "top");
         mouseMove(root.view, data.x + 210, data.y + 50);
         compare(root.fixture.takeCalls(), ["moved", "moved"]);
         mouseRelease(root.view, data.x + 210, data.y + 50);
         compare(root.fixture.takeCalls(), ["released"]);
     }
 
-    function test_titlesOfNoWidgetAreNotRestored() {
-        root.fixture.prefer("leftWidget", "clock");
-        root.fixture.prefer("rightWidget", "Weather");
-        root.open("top");
-        compare([root.fixture.model.left, root.fixture.model.right], ["Clock", "Focus timer"]);
-    }
-
     function test_aMediaErrorStandsUntilItIsDismissed() {
         root.open("top");
         root.fixture.model.controlError = "The player did not answer.";
-        verify(root.fixture.accessibleWithin(root.view).indexOf("AlertMessage: Media controls unavailable") < 0);
+        verify(!root.has("AlertMessage: Media controls unavailable"));
         root.expand();
-        verify(root.fixture.accessibleWithin(root.view).indexOf("AlertMessage: Media controls unavailable") >= 0);
+        verify(root.has("AlertMessage: Media controls unavailable"));
         // It covers the buttons below it.
         mouseClick(root.view, 26 + 20 + 20, 365);
         compare(root.fixture.takeCalls(), []);
-        verify(root.fixture.pressAccessible(root.view, "OK"));
+        root.press("OK");
         compare(root.fixture.model.controlError, "");
-        verify(root.fixture.accessibleWithin(root.view).indexOf("Button: OK") < 0);
+        verify(!root.has("Button: OK"));
         mouseClick(root.view, 26 + 20 + 20, 365);
         compare(root.fixture.takeCalls(), ["showTools"]);
     }

@@ -4,12 +4,6 @@ import Perchly.Look
 ShelfTestCase {
     id: root
 
-    function init() {
-        root.begin();
-        // Most of these are about where things end, not how they get there.
-        root.fixture.reduceMotion(true);
-    }
-
     function test_openShelfLiesAgainstItsEdge_data() {
         return [
             { tag: "top", edge: "top", scale: 1, x: 26, y: 0, width: 660 },
@@ -100,7 +94,7 @@ ShelfTestCase {
     function test_anotherEdgeWhileOpenShowsTheWholeShelf() {
         root.open("top");
         root.expand();
-        root.fixture.dock("left", 0);
+        root.fixture.dock("left");
         root.fit(694, 519);
         root.settle();
         compare(root.view.sideReveal.value, 1);
@@ -126,6 +120,8 @@ ShelfTestCase {
         verify(!Qt.colorEqual(image.pixel(26, 33), data.color));
         root.fixture.prefer("shelfOpacity", 0.65);
         verify(!Qt.colorEqual(grabImage(root.view).pixel(26 + 145, 30), data.color));
+        root.fixture.prefer("shelfAccent", "Blue");
+        verify(Qt.colorEqual(root.view.accentColor, Theme.blue));
     }
 
     name: "ShelfLayout"
