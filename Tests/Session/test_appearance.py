@@ -1,4 +1,4 @@
-"""Accents, opacity and scale, judged by what is on the screen."""
+"""Opacity and scale, judged by what is on the screen."""
 
 from perchly_session.case import SessionCase, main
 from perchly_session.picture import near
@@ -12,21 +12,6 @@ class AppearanceTest(SessionCase):
         """A place of the pill that holds nothing: between its title and its status."""
         x, y, _, _ = self.compact_frame()
         return self.screen.screenshot().pixel(x + 150, y + 17)
-
-    def symbol_colours(self):
-        """The saturated colours where the pill's symbol stands."""
-        x, y, _, _ = self.compact_frame()
-        pixels = self.screen.screenshot().pixels(x + 12, y + 4, 24, 26)
-        return [pixel for pixel in pixels if max(pixel) - min(pixel) > 90]
-
-    def test_each_accent_colours_the_symbol(self):
-        strongest = {"Mint": (1, 2), "Blue": (2,), "Purple": (2,), "Orange": (0,)}
-        for accent, channels in strongest.items():
-            with self.subTest(accent=accent):
-                self.start({"shelfAccent": accent})
-                colours = wait_until(self.symbol_colours, "a coloured symbol")
-                pixel = max(colours, key=lambda colour: max(colour) - min(colour))
-                self.assertIn(pixel.index(max(pixel)), channels, pixel)
 
     def test_opacity_lets_the_window_below_through(self):
         self.start_session(window_manager="openbox", compositor="picom")

@@ -114,28 +114,6 @@ class RestartTest(SessionCase):
         ask("Activate", "(a{sv})", {})
         self.expect_frame(self.expanded_frame(), "the shelf")
 
-    def test_values_of_the_wrong_type_read_as_the_defaults(self):
-        wrong = {
-            "shelfEdge": 5,
-            "shelfEdgePosition": "low",
-            "displayIndex": "2",
-            "shelfScale": "big",
-            "openOnHover": "no",
-            "hoverDelay": True,
-            "shelfTheme": 3,
-            "shelfOpacity": "half",
-            "compactMode": "yes",
-            "leftWidget": False,
-        }
-        self.start(wrong)
-        self.expect_frame(self.compact_frame(), "the pill")
-        self.screen.move_to(*self.on_pill())
-        self.expect_frame(self.expanded_frame(), "the shelf open")
-        self.screen.move_to(*self.away())
-        self.expect_frame(self.compact_frame(), "the shelf closed")
-        stored = self.session.preferences()
-        self.assertEqual(stored | wrong, stored)
-
 
 if __name__ == "__main__":
     main()

@@ -32,9 +32,6 @@ class WindowTest(SessionCase):
         self.expect_frame(self.compact_frame(), "the shelf closed")
         return window
 
-    def press(self, name):
-        self.program.accessibility().find(name, "push button").press()
-
     def test_the_status_item_has_its_six_entries(self):
         self.start_with_status_item()
         self.assertEqual([title for _, title, _ in self.item.menu()], MENU)
@@ -73,19 +70,6 @@ class WindowTest(SessionCase):
         self.item.choose("Quit Perchly")
         wait_until(lambda: not self.program.running(), "the end")
         self.assertEqual(self.program.stop(), 0, self.program.errors())
-
-    def test_the_toolbar_opens_the_windows(self):
-        self.start()
-        for button, window in (
-            ("Mixer", MIXER),
-            ("Workspace", WORKSPACE),
-            ("Settings", SETTINGS),
-            ("Search", WORKSPACE),
-        ):
-            with self.subTest(button=button):
-                self.open_shelf()
-                self.press(button)
-                self.expect_window(*window)
 
 
 if __name__ == "__main__":

@@ -8,7 +8,6 @@ ACCESSIBLE = "org.a11y.atspi.Accessible"
 ROOT = "/org/a11y/atspi/accessible/root"
 SHOWING = 25
 FOCUSED = 12
-SENSITIVE = 24
 CALL_MILLISECONDS = 3000
 
 
@@ -65,10 +64,6 @@ class Node:
     @property
     def focused(self):
         return self._has(FOCUSED)
-
-    @property
-    def sensitive(self):
-        return self._has(SENSITIVE)
 
     def _has(self, state):
         low, _ = self._call(ACCESSIBLE, "GetState")[0]

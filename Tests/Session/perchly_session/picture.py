@@ -24,9 +24,6 @@ class Picture:
             self.pixel(x, y) for y in range(top, top + height) for x in range(left, left + width)
         ]
 
-    def same_as(self, other):
-        return self._data == other._data
-
     def save(self, path):
         rows = bytearray()
         for y in range(self.height):

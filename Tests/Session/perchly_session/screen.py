@@ -115,14 +115,14 @@ class Screen:
     def hold(self, *keys):
         """Presses the keys, by their names or codes, in order."""
         for key in keys:
-            code = key if isinstance(key, int) else self.code(key)
+            code = self.code(key)
             xtest.fake_input(self.display, X.KeyPress, code)
         self.display.sync()
         time.sleep(0.02)
 
     def let_go(self, *keys):
         for key in reversed(keys):
-            code = key if isinstance(key, int) else self.code(key)
+            code = self.code(key)
             xtest.fake_input(self.display, X.KeyRelease, code)
         self.display.sync()
         # A press at the very time of the release would be the keyboard's own repetition.
