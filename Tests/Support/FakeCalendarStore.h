@@ -1,10 +1,9 @@
 #pragma once
 
 #include "CalendarStore.h"
+#include "PendingCalls.h"
 
 #include <functional>
-#include <memory>
-#include <vector>
 
 namespace perchly {
 
@@ -15,14 +14,14 @@ public:
 
     CalendarAccess access() const override { return granted; }
     Task requestAccess(AccessCompletion completion) override {
-        return keep(m_questions, [this, completion = std::move(completion)] {
+        return m_questions.begin([this, completion = std::move(completion)] {
             granted = answer.access;
             completion(answer);
         });
     }
     Task events(Clock::TimePoint from, Clock::TimePoint to, EventsCompletion completion) override {
         window = {from, to};
-        return keep(m_searches, [this, completion = std::move(completion)] { completion(stored); });
+        return m_searches.begin([this, completion = std::move(completion)] { completion(stored); });
     }
 
     /// Ends the question under way; false without one.
@@ -39,26 +38,12 @@ public:
     std::pair<Clock::TimePoint, Clock::TimePoint> window; ///< of the last search
 
 private:
-    using Call = std::shared_ptr<std::function<void()>>;
-    using Calls = std::vector<std::weak_ptr<std::function<void()>>>;
-    struct Handle : ScheduledTask {
-        explicit Handle(Call held)
-            : call(std::move(held)) {}
-        Call call;
-    };
+    using Calls = PendingCalls<std::function<void()>>;
 
-    static Task keep(Calls &calls, std::function<void()> end) {
-        auto call = std::make_shared<std::function<void()>>(std::move(end));
-        calls.push_back(call);
-        return std::make_unique<Handle>(call);
-    }
     static bool finish(Calls &calls) {
-        bool any = false;
-        for (const auto &waiting : std::exchange(calls, {})) {
-            if (const Call call = waiting.lock()) {
-                any = true;
-                (*call)();
-            }
+        const bool any = calls.size() > 0;
+        for (qsizetype left = calls.size(); left > 0 && calls.size() > 0; --left) {
+            (*calls.take())();
         }
         return any;
     }

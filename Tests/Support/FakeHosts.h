@@ -21,35 +21,43 @@ namespace perchly {
 
 /// A complete platform of fakes. The program is given `hosts`; the test holds the fakes themselves,
 /// which live as long as `hosts` does.
-struct FakeHosts {
-    FakeHosts();
+class FakeHosts {
+    template <class Fake, class Interface>
+    static Fake &install(std::unique_ptr<Interface> &field) {
+        auto fake = std::make_unique<Fake>();
+        Fake &reference = *fake;
+        field = std::move(fake);
+        return reference;
+    }
 
+public:
     Hosts hosts;
-    FakeClock &clock;
-    FakePreferences &preferences;
-    FakeDisplays &displays;
-    FakePointer &pointer;
-    FakeKeys &keys;
-    FakePanelHost &panel;
-    FakeHotKeys &hotKeys;
-    FakeStatusItem &statusItem;
-    FakeApplications &applications;
-    FakeApplicationCatalog &catalog;
-    FakeOpenPanel &openPanel;
-    FakeLoginItem &loginItem;
-    FakeMotion &motion;
-    FakeAlertSound &alertSound;
-    FakeScriptHost &scriptHost;
-    FakePlayerNotifications &playerNotifications;
-    FakeMusicPlayer &musicPlayer;
-    FakePasteboard &pasteboard;
-    FakeAudioSystem &audio;
-    FakeShortcutsTool &shortcuts;
-    FakeFileServices &fileServices;
-    FakeCalendarStore &calendars;
-    FakePowerSources &power;
-    FakeScreenCapture &screenCapture;
-    FakeQuickLook &quickLook;
+    FakeClock &clock = install<FakeClock>(hosts.clock);
+    FakePreferences &preferences = install<FakePreferences>(hosts.preferences);
+    FakeDisplays &displays = install<FakeDisplays>(hosts.displays);
+    FakePointer &pointer = install<FakePointer>(hosts.pointer);
+    FakeKeys &keys = install<FakeKeys>(hosts.keys);
+    FakePanelHost &panel = install<FakePanelHost>(hosts.panel);
+    FakeHotKeys &hotKeys = install<FakeHotKeys>(hosts.hotKeys);
+    FakeStatusItem &statusItem = install<FakeStatusItem>(hosts.statusItem);
+    FakeApplications &applications = install<FakeApplications>(hosts.applications);
+    FakeApplicationCatalog &catalog = install<FakeApplicationCatalog>(hosts.catalog);
+    FakeOpenPanel &openPanel = install<FakeOpenPanel>(hosts.openPanel);
+    FakeLoginItem &loginItem = install<FakeLoginItem>(hosts.loginItem);
+    FakeMotion &motion = install<FakeMotion>(hosts.motion);
+    FakeAlertSound &alertSound = install<FakeAlertSound>(hosts.alertSound);
+    FakeScriptHost &scriptHost = install<FakeScriptHost>(hosts.scriptHost);
+    FakePlayerNotifications &playerNotifications =
+        install<FakePlayerNotifications>(hosts.playerNotifications);
+    FakeMusicPlayer &musicPlayer = install<FakeMusicPlayer>(hosts.musicPlayer);
+    FakePasteboard &pasteboard = install<FakePasteboard>(hosts.pasteboard);
+    FakeAudioSystem &audio = install<FakeAudioSystem>(hosts.audio);
+    FakeShortcutsTool &shortcuts = install<FakeShortcutsTool>(hosts.shortcuts);
+    FakeFileServices &fileServices = install<FakeFileServices>(hosts.fileServices);
+    FakeCalendarStore &calendars = install<FakeCalendarStore>(hosts.calendars);
+    FakePowerSources &power = install<FakePowerSources>(hosts.power);
+    FakeScreenCapture &screenCapture = install<FakeScreenCapture>(hosts.screenCapture);
+    FakeQuickLook &quickLook = install<FakeQuickLook>(hosts.quickLook);
 };
 
 } // namespace perchly

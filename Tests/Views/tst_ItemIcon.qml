@@ -41,7 +41,6 @@ TestCase {
     function test_picture_data(): var {
         return [
             {tag: "a widget's tile", properties: {kind: "widget", widget: "Clock"}, seen: ["#64d2ff", "white"], unseen: []},
-            {tag: "another widget's tile", properties: {kind: "widget", widget: "Quick note"}, seen: ["#ffd60a", "white"], unseen: []},
             {tag: "a shortcut's symbol", properties: {kind: "shortcut"}, seen: ["#bf5af2"], unseen: ["white"]},
             {tag: "an application's picture", properties: {kind: "application", path: "/a.desktop"}, seen: ["#ff0000"], unseen: ["#b3b3b3"]},
             {tag: "a generic picture for what is gone", properties: {kind: "application", path: "/gone/a.desktop"}, seen: ["#b3b3b3"], unseen: ["#ff0000"]},
