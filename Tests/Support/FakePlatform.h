@@ -127,6 +127,11 @@ public:
     void start() override { started = true; }
     PlayerPresence presence() const override { return players; }
 
+    void setPresence(PlayerPresence presence) {
+        players = presence;
+        Q_EMIT presenceChanged();
+    }
+
     PlayerPresence players = PlayerPresence::Some;
     bool started = false;
 };
