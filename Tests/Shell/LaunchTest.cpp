@@ -75,7 +75,6 @@ private Q_SLOTS:
         QTest::addColumn<QString>("message");
         const QString spaceTaken =
             QStringLiteral("Could not register ⌃⌥Space. Another app may use that shortcut.");
-        QTest::newRow("both are free") << QSet<int>() << QString();
         QTest::newRow("another program holds the search chord")
             << QSet<int>{2} << QStringLiteral("Could not register ⌃⌥K for search.");
         QTest::newRow("when others hold both, the toggle's message stays")
