@@ -34,7 +34,6 @@ private Q_SLOTS:
         QTEST(CardText::dayLine(date, used), "day");
         QTEST(CardText::monthLine(date, used), "month");
     }
-
 };
 
 namespace {
