@@ -15,6 +15,7 @@ public:
         m_calls.push_back(std::make_shared<Completion>(std::move(completion)));
         return std::make_unique<Handle>(*this, m_calls.back());
     }
+    void stopRuns() override { ++stops; }
     QString folder() const override { return QStringLiteral("/shortcuts"); }
     void prepareFolder(FolderCompletion completion) override {
         ++prepared;
@@ -31,6 +32,7 @@ public:
 
     QStringList started; ///< the arguments of every call there was, in order
     int prepared = 0;
+    int stops = 0;
     QString folderError;
 
 private:
