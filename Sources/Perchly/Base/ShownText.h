@@ -4,9 +4,13 @@
 
 namespace perchly {
 
-/// With spaces for its line breaks and other control characters: a name may hold them, a row has no
-/// room for them.
+/// With spaces for its line breaks and other control characters, and without marks of direction: a
+/// name may hold them, but a row has no room for the first, and the others turn around what stands
+/// beside them.
 [[nodiscard]] QString inOneLine(QString text);
+
+/// Whether there is nothing to see in it.
+[[nodiscard]] bool showsNothing(const QString &text);
 
 /// As much of the start as the few lines of a row can show in the widest window.
 [[nodiscard]] QString shownPart(const QString &text);
