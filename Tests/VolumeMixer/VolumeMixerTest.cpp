@@ -319,9 +319,17 @@ void VolumeMixerTest::routesAreGivenBack() {
 
 void VolumeMixerTest::anotherOutputWithoutRoutesIsNoNews() {
     m_mixer->refresh();
-    m_audio->output = 41;
-    m_mixer->refresh();
+    for (const AudioObject output : {0U, 41U}) {
+        m_audio->output = output;
+        Q_EMIT m_audio->changed();
+    }
+    m_mixer->enable(1);
+    m_clock->advance(2s);
     QVERIFY(m_mixer->error().isNull());
+    QVERIFY(m_audio->route(1) != nullptr);
+    m_audio->output = 42;
+    Q_EMIT m_audio->changed();
+    QCOMPARE(m_mixer->error(), outputChanged);
 }
 
 void VolumeMixerTest::aPausedProcessStaysWhileItIsRouted() {

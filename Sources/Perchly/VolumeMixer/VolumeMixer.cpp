@@ -47,7 +47,10 @@ VolumeMixer::VolumeMixer(AudioSystem &audio, Clock &clock, QObject *parent)
     , m_clock(clock)
     , m_supported(audio.canRouteProcesses()) {
     connect(&audio, &AudioSystem::changed, this, [this] {
-        const bool otherOutput = !m_routes.empty() && m_audio.defaultOutput() != m_output;
+        if (m_routes.empty()) {
+            compareOutput(); // what is enabled before the next refresh goes to this one
+        }
+        const bool otherOutput = m_audio.defaultOutput() != m_output;
         if (m_audio.canRouteProcesses() != m_supported || otherOutput) {
             refresh();
         } else {
