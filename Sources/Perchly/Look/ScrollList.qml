@@ -13,6 +13,8 @@ Item {
     property alias spacing: view.spacing
     property alias count: view.count
     property alias reuseItems: view.reuseItems
+    /// How far beyond what is shown rows are kept ready, in points.
+    property alias cacheBuffer: view.cacheBuffer
     readonly property alias view: view
 
     // These functions name no types: what the toolkit compiles them to ahead of time then reads
