@@ -14,14 +14,14 @@ public:
 
     CalendarAccess access() const override { return granted; }
     Task requestAccess(AccessCompletion completion) override {
-        return m_questions.begin([this, completion = std::move(completion)] {
+        return m_questions.add([this, completion = std::move(completion)] {
             granted = answer.access;
             completion(answer);
         });
     }
     Task events(Clock::TimePoint from, Clock::TimePoint to, EventsCompletion completion) override {
         window = {from, to};
-        return m_searches.begin([this, completion = std::move(completion)] { completion(stored); });
+        return m_searches.add([this, completion = std::move(completion)] { completion(stored); });
     }
 
     /// Ends the question under way; false without one.
@@ -41,8 +41,8 @@ private:
     using Calls = PendingCalls<std::function<void()>>;
 
     static bool finish(Calls &calls) {
-        const bool any = calls.size() > 0;
-        for (qsizetype left = calls.size(); left > 0 && calls.size() > 0; --left) {
+        const bool any = calls.count() > 0;
+        for (auto left = calls.count(); left > 0 && calls.count() > 0; --left) {
             (*calls.take())();
         }
         return any;

@@ -11,16 +11,18 @@ namespace perchly {
 class FakeOpenPanel : public OpenPanel {
 public:
     Task ask(const Request &request, Completion completion) override {
-        return m_dialogs.begin({request, std::move(completion)});
+        return m_dialogs.add({request, std::move(completion)});
     }
 
     /// What the open dialog was asked to show; nothing while none is open.
     [[nodiscard]] std::optional<Request> open() const {
-        return m_dialogs.first() ? std::optional(m_dialogs.first()->request) : std::nullopt;
+        return m_dialogs.count() > 0 ? std::optional(m_dialogs.last().request) : std::nullopt;
     }
 
     /// Closes the open dialog with this choice, which is empty for "Cancel". There must be one.
-    void choose(const QList<QUrl> &urls) { m_dialogs.take()->completion(urls); }
+    void choose(const QList<QUrl> &urls) {
+        m_dialogs.take(m_dialogs.count() - 1)->completion(urls);
+    }
 
 private:
     struct Dialog {

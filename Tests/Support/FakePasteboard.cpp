@@ -6,7 +6,7 @@ namespace perchly {
 
 Task FakePasteboard::read(const PasteboardRequest &request, Completion completion) {
     asked.push_back(request);
-    return m_readings.begin({request, std::move(completion), m_count});
+    return m_readings.add({request, std::move(completion), m_count});
 }
 
 void FakePasteboard::write(const QString &text) {
@@ -17,6 +17,11 @@ void FakePasteboard::write(const QString &text) {
 void FakePasteboard::writeImage(const QByteArray &encoded) {
     offered = {.png = encoded};
     ++m_count;
+}
+
+void FakePasteboard::writeItems(const QList<QUrl> &urls) {
+    ++m_count;
+    offered = {.text = QUrl::toStringList(urls).join(u' '), .urls = urls};
 }
 
 void FakePasteboard::copy(const Offer &offer) {

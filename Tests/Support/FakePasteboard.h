@@ -14,19 +14,21 @@ public:
         QByteArray png = {};
         QByteArray tiff = {};
         QString text = {};
+        QList<QUrl> urls = {}; ///< which this program wrote
     };
 
     qint64 changeCount() const override { return m_count; }
     Task read(const PasteboardRequest &request, Completion completion) override;
     void write(const QString &text) override;
     void writeImage(const QByteArray &encoded) override;
+    void writeItems(const QList<QUrl> &urls) override;
 
     /// Another program copies.
     void copy(const Offer &offer);
 
     /// The first reading under way ends with what is offered now. There must be one.
     void answer();
-    [[nodiscard]] qsizetype underWay() const { return m_readings.size(); }
+    [[nodiscard]] qsizetype underWay() const { return qsizetype(m_readings.count()); }
 
     Offer offered;
     std::vector<PasteboardRequest> asked; ///< every reading there was, in order

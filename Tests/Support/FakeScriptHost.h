@@ -12,18 +12,18 @@ public:
     Task run(const QStringList &arguments, std::optional<std::chrono::milliseconds> limit,
              Completion completion) override {
         started.push_back({arguments, limit});
-        return m_runs.begin({arguments, std::move(completion)});
+        return m_runs.add({arguments.constLast(), std::move(completion)});
     }
 
     /// The first run under way ends well, or fails. There must be one.
     void answer(const QByteArray &output) { m_runs.take()->completion(output); }
     void fail() { m_runs.take()->completion(std::nullopt); }
 
-    /// The script of the first run under way.
+    /// The script of the first run under way; empty without one.
     [[nodiscard]] QString script() const {
-        return m_runs.first() ? m_runs.first()->arguments.constLast() : QString();
+        return m_runs.count() > 0 ? m_runs.first().script : QString();
     }
-    [[nodiscard]] qsizetype underWay() const { return m_runs.size(); }
+    [[nodiscard]] qsizetype underWay() const { return qsizetype(m_runs.count()); }
 
     struct Started {
         QStringList arguments;
@@ -35,7 +35,7 @@ public:
 
 private:
     struct Run {
-        QStringList arguments;
+        QString script;
         Completion completion;
     };
 

@@ -100,7 +100,7 @@ ShelfTestCase {
         const plain = ["Previous track", "Pause", "Next track"];
         const seeking = ["Rewind 15 seconds", "Pause", "Forward 15 seconds"];
         return [
-            { tag: "a player skips", media: {}, names: plain, commands: ["previous track", "playpause", "next track"] },
+            { tag: "a player skips, even one that cannot seek", media: { canSeek: false }, names: plain, commands: ["previous track", "playpause", "next track"] },
             { tag: "a browser that can seek seeks", media: { browser: true, canSeek: true }, names: seeking, commands: ["rewind", "playpause", "forward"] },
             { tag: "a browser that cannot only plays", media: { browser: true, canSeek: false }, names: seeking, commands: ["playpause"] },
             { tag: "nothing while a command is under way", media: { controlling: true }, names: plain, commands: [] }

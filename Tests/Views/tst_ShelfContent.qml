@@ -52,7 +52,7 @@ ShelfTestCase {
         root.press("Focus");
         verify(root.fixture.model.quietFocus);
         compare(root.fixture.model.seconds, 1500);
-        verify(!root.has(root.button("Settings")));
+        verify(!root.has(root.button("Settings")) && !root.has("Grouping: Your shelf"));
         verify(root.has("StaticText: Room to focus"));
         verify(root.has("StaticText: Your apps and widgets return when you leave focus mode."));
         verify(Qt.colorEqual(root.view.statusColor, Theme.orange));

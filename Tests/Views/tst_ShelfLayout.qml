@@ -101,6 +101,14 @@ ShelfTestCase {
         compare(root.view.layout.outline.x, 0);
     }
 
+    function test_anUnknownAccentIsMint() {
+        root.open("top");
+        for (const [accent, color] of [["Blue", Theme.blue], ["Orange", Theme.orange], ["Purple", Theme.purple], ["mauve", Theme.mint]]) {
+            root.fixture.prefer("shelfAccent", accent);
+            verify(Qt.colorEqual(root.view.accentColor, color), accent);
+        }
+    }
+
     function test_backgroundIsTheThemesTimesItsOpacity_data() {
         return [
             { tag: "Midnight", color: "#060708" },
@@ -120,8 +128,6 @@ ShelfTestCase {
         verify(!Qt.colorEqual(image.pixel(26, 33), data.color));
         root.fixture.prefer("shelfOpacity", 0.65);
         verify(!Qt.colorEqual(grabImage(root.view).pixel(26 + 145, 30), data.color));
-        root.fixture.prefer("shelfAccent", "Blue");
-        verify(Qt.colorEqual(root.view.accentColor, Theme.blue));
     }
 
     name: "ShelfLayout"

@@ -165,6 +165,31 @@ private Q_SLOTS:
         QCOMPARE(kill(marked().toInt(), SIGKILL), 0);
     }
 
+    void aStopEndsTheShortcutAndWhatItStarted_data() {
+        QTest::addColumn<QByteArray>("script");
+        QTest::addColumn<int>("least");
+        QTest::newRow("when they are asked")
+            << QByteArray("sleep 60 & echo $! > $MARKER; wait") << 0;
+        QTest::newRow("when they will not")
+            << QByteArray("trap '' TERM; sh -c 'echo $$ > $MARKER; while :; do sleep 1; done'")
+            << 2000;
+    }
+
+    void aStopEndsTheShortcutAndWhatItStarted() {
+        QFETCH(QByteArray, script);
+        QFETCH(int, least);
+        write(QStringLiteral("Endless.sh"), "#!/bin/sh\n" + script + '\n');
+        Call call(m_tool, {QStringLiteral("run"), QStringLiteral("Endless")});
+        QTRY_VERIFY(!marked().isEmpty());
+        QElapsedTimer timer;
+        timer.start();
+        m_tool.stopRuns();
+        QVERIFY(call.ends());
+        QCOMPARE(call.result->status, -1);
+        QVERIFY(timer.elapsed() >= least && timer.elapsed() < least + 1500);
+        QTRY_VERIFY(kill(marked().toInt(), 0) != 0);
+    }
+
     void aToolThatMisbehavesIsAFailure_data() {
         QTest::addColumn<QByteArray>("script");
         QTest::addColumn<int>("status");

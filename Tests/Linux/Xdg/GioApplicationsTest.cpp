@@ -5,6 +5,10 @@
 #include <QMutex>
 #include <QThread>
 
+#include <array>
+#include <fcntl.h>
+#include <unistd.h>
+
 using namespace perchly;
 
 namespace {
@@ -88,6 +92,28 @@ private Q_SLOTS:
         QTRY_COMPARE(m_errors, QStringList{QString()});
         QCOMPARE(application.activations, 1);
         QCOMPARE(application.startupIdentifier, QStringLiteral("start"));
+    }
+
+    void whatAProgramSaysIsNotSaidHere() {
+        installApplication(QStringLiteral("loud"),
+                           "Exec=sh -c \"echo out; echo err >&2; readlink /proc/self/fd/0 > '" +
+                               m_marker.toUtf8() + "'\"");
+        std::array<int, 2> ends{};
+        QCOMPARE(pipe2(ends.data(), O_CLOEXEC), 0);
+        const std::array kept{dup(STDOUT_FILENO), dup(STDERR_FILENO)};
+        dup2(ends[1], STDOUT_FILENO);
+        dup2(ends[1], STDERR_FILENO);
+        close(ends[1]);
+        GioApplications applications;
+        applications.open(desktopEntryPath(QStringLiteral("loud")), recorder());
+        const bool done = QTest::qWaitFor([this] { return !marker().isEmpty(); });
+        dup2(kept[0], STDOUT_FILENO);
+        dup2(kept[1], STDERR_FILENO);
+        char said = 0;
+        QCOMPARE(read(ends[0], &said, 1), 0); // nobody else holds it open, either
+        QVERIFY(done);
+        QCOMPARE(marker(), QByteArray("/dev/null"));
+        close(ends[0]);
     }
 
     void givesATerminalToWhoeverWantsOne_data() {
