@@ -14,9 +14,7 @@ public:
     }
     void stopRuns() override { ++stops; }
     QString folder() const override { return QStringLiteral("/shortcuts"); }
-    void prepareFolder(FolderCompletion completion) override {
-        completion(folderError);
-    }
+    void prepareFolder(FolderCompletion completion) override { completion(folderError); }
 
     /// The call under way with that number, in the order in which they began, ends.
     void answer(int status, const QString &output = {}, std::size_t number = 0) {

@@ -75,8 +75,7 @@ ShelfTestCase {
         root.view.forceActiveFocus();
         root.tab(6); // both menus, the session, the settings, the arrow, the first entry
         keyClick(Qt.Key_Return);
-        const launched = root.fixture.takeCalls();
-        verify(launched[launched.length - 1].startsWith("launch /apps/"), launched);
+        verify(/launch .apps.[a-n]$/.test(root.fixture.takeCalls().join()));
         keyClick(Qt.Key_Right);
         compare(root.strip.offset, -480);
         keyClick(Qt.Key_Left);
