@@ -186,14 +186,9 @@ class Accessibility:
         try:
             for child in registry.children:
                 arguments = GLib.Variant("(s)", (child._name,))
-                process = call(
-                    self._bus,
-                    "org.freedesktop.DBus",
-                    "/org/freedesktop/DBus",
-                    "org.freedesktop.DBus",
-                    "GetConnectionUnixProcessID",
-                    arguments,
-                )[0]
+                bus, path = "org.freedesktop.DBus", "/org/freedesktop/DBus"
+                method = "GetConnectionUnixProcessID"
+                process = call(self._bus, bus, path, bus, method, arguments)[0]
                 if process == self._process:
                     return child
         except GLib.Error:

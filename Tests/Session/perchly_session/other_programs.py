@@ -16,17 +16,11 @@ class OtherWindow:
     ):
         self._screen = screen
         self.display = display.Display(screen.name)
-        x, y, width, height = rect
+        x, y = rect[:2]
+        events = X.KeyPressMask | X.ButtonPressMask | X.StructureNotifyMask
         self.window = self.display.screen().root.create_window(
-            x,
-            y,
-            width,
-            height,
-            0,
-            X.CopyFromParent,
-            background_pixel=0x3050A0,
-            override_redirect=not managed,
-            event_mask=X.KeyPressMask | X.ButtonPressMask | X.StructureNotifyMask,
+            *rect, 0, X.CopyFromParent,
+            background_pixel=0x3050A0, override_redirect=not managed, event_mask=events,
         )
         self.window.set_wm_name(title)
         self.window.set_wm_class("other", "Other")

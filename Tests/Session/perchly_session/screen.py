@@ -113,17 +113,15 @@ class Screen:
         return self.display.keysym_to_keycode(XK.string_to_keysym(name))
 
     def hold(self, *keys):
-        """Presses the keys, by their names or codes, in order."""
+        """Presses the keys, by their names, in order."""
         for key in keys:
-            code = self.code(key)
-            xtest.fake_input(self.display, X.KeyPress, code)
+            xtest.fake_input(self.display, X.KeyPress, self.code(key))
         self.display.sync()
         time.sleep(0.02)
 
     def let_go(self, *keys):
         for key in reversed(keys):
-            code = self.code(key)
-            xtest.fake_input(self.display, X.KeyRelease, code)
+            xtest.fake_input(self.display, X.KeyRelease, self.code(key))
         self.display.sync()
         # A press at the very time of the release would be the keyboard's own repetition.
         time.sleep(0.02)

@@ -323,18 +323,9 @@ class Session:
     def _start_server(self):
         width, height = self._size
         read, write = os.pipe()
-        self.spawn(
-            "Xvfb",
-            "-displayfd",
-            str(write),
-            "-screen",
-            "0",
-            f"{width}x{height}x24",
-            "-nolisten",
-            "tcp",
-            "-noreset",
-            pass_fds=(write,),
-        )
+        screen = ("-screen", "0", f"{width}x{height}x24")
+        options = ("-displayfd", str(write), "-nolisten", "tcp", "-noreset")
+        self.spawn("Xvfb", *options, *screen, pass_fds=(write,))
         os.close(write)
         with os.fdopen(read) as pipe:
             number = pipe.readline().strip()
@@ -378,14 +369,8 @@ class Session:
         return service
 
     def _call(self, *command):
-        subprocess.run(
-            command,
-            env=self.environment,
-            check=True,
-            stdin=subprocess.DEVNULL,
-            capture_output=True,
-            timeout=20,
-        )
+        quiet = {"stdin": subprocess.DEVNULL, "capture_output": True}
+        subprocess.run(command, env=self.environment, check=True, timeout=20, **quiet)
 
     def _log(self):
         return (self.folder / "services.log").read_text(errors="replace")
