@@ -51,6 +51,11 @@ PipeWireRoute::PipeWireRoute(PipeWireConnection &connection, AudioGraph &graph, 
     m_arrival.setInterval(arrival);
     connect(&m_arrival, &QTimer::timeout, this, [this] { m_streams->rest(); });
     connect(&graph, &AudioGraph::moverLost, this, &PipeWireRoute::interrupt);
+    connect(&graph, &AudioGraph::linked, this, [this](std::uint32_t from, std::uint32_t to) {
+        if (m_streams && from == m_streams->playbackNode()) {
+            m_graph.doubtDefault(to);
+        }
+    });
 }
 
 PipeWireRoute::~PipeWireRoute() {
