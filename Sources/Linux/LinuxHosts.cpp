@@ -45,6 +45,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr const char *busVariable = "DBUS_SESSION_BUS_ADDRESS";
+constexpr const char *drawingDelay = "QT_QPA_UPDATE_IDLE_TIME";
 
 bool wantsNullHosts() {
     return qEnvironmentVariable("PERCHLY_HOSTS") == QStringLiteral("null");
@@ -188,6 +189,10 @@ SilentBusScreen::~SilentBusScreen() {
 }
 
 WindowSystemChoice::WindowSystemChoice() {
+    // Otherwise five milliseconds pass after every change before it is drawn.
+    if (!qEnvironmentVariableIsSet(drawingDelay)) {
+        qputenv(drawingDelay, "0");
+    }
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         m_connection = connectToXServer();
         qputenv("QT_QPA_PLATFORM", m_connection ? "xcb" : "offscreen");

@@ -9,15 +9,15 @@ namespace {
 /// More than three lines of the widest window.
 constexpr qsizetype mostShownCharacters = 2000;
 
-bool isHiddenMark(QChar character) {
-    const char16_t code = character.unicode();
-    const bool turns = code == 0x061C || code == 0x200E || code == 0x200F ||
-                       (code >= 0x202A && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
-    return turns || code == 0x00AD || code == 0x200B || code == 0x2060 || code == 0xFEFF;
+/// Marks of direction, soft hyphens and the like; not the joiners that scripts and emoji need.
+bool isUnseenMark(QChar character) {
+    return character.category() == QChar::Other_Format && character != QChar(0x200c) &&
+           character != QChar(0x200d);
 }
 
-bool isJoiner(QChar character) {
-    return character.unicode() == 0x200C || character.unicode() == 0x200D;
+bool isBlank(QChar character) {
+    return character.isSpace() || character.category() == QChar::Other_Control ||
+           character.category() == QChar::Other_Format;
 }
 
 } // namespace
@@ -30,14 +30,17 @@ QString inOneLine(QString text) {
             character = u' ';
         }
     }
+    text.removeIf(isUnseenMark);
     return text;
 }
 
+bool showsNothing(const QString &text) {
+    return std::ranges::all_of(text, isBlank);
+}
+
 QString visibleName(const QString &name) {
-    QString visible = inOneLine(name);
-    visible.removeIf(isHiddenMark);
-    visible = visible.simplified();
-    return std::all_of(visible.cbegin(), visible.cend(), isJoiner) ? QString() : visible;
+    const QString visible = inOneLine(name).simplified();
+    return showsNothing(visible) ? QString() : visible;
 }
 
 QString shownPart(const QString &text) {

@@ -4,13 +4,16 @@
 
 namespace perchly {
 
-/// With spaces for its line breaks and other control characters: a name may hold them, a row has no
-/// room for them.
+/// With spaces for its line breaks and other control characters, and without marks of direction: a
+/// name may hold them, but a row has no room for the first, and the others turn around what stands
+/// beside them.
 [[nodiscard]] QString inOneLine(QString text);
 
-/// What can be seen of a name that another program gives itself: in one line, without marks that
-/// turn its neighbours round and without what has no width, but with the joiners of scripts and
-/// emoji. Empty when nothing is to be seen.
+/// Whether there is nothing to see in it.
+[[nodiscard]] bool showsNothing(const QString &text);
+
+/// What can be seen of a name that another program gives itself: in one line, and empty when nothing
+/// is to be seen.
 [[nodiscard]] QString visibleName(const QString &name);
 
 /// As much of the start as the few lines of a row can show in the widest window.
