@@ -11,6 +11,7 @@ import json
 import statistics
 import subprocess
 import time
+from functools import partial
 from pathlib import Path
 
 from Xlib import X
@@ -18,6 +19,8 @@ from Xlib.ext import xtest
 
 from measuring import high, measured_session
 from painting import Painting
+from perchly_session.players import moving_picture
+from perchly_session.waiting import wait_until
 
 AROUND = (400, 250, 480, 300)  # in the middle, where every preview's window is
 START, END = (300, 200), (899, 599)
@@ -101,7 +104,8 @@ def _end(process):
         process.wait()
 
 
-def preview(session, companion, file):
+def preview(session, companion, file, is_shown=None):
+    """Until something is painted, or until `is_shown` says so."""
     painting = Painting(session.screen, AROUND)
     since = time.perf_counter()
     process = subprocess.Popen(
@@ -110,7 +114,9 @@ def preview(session, companion, file):
     request = {"items": [file.as_uri()], "index": 0, "toggle": False}
     process.stdin.write(json.dumps(request).encode() + b"\n")
     process.stdin.flush()
-    elapsed = painting.wait(since)
+    if is_shown:
+        wait_until(is_shown, "the picture", interval=0)
+    elapsed = (time.perf_counter() - since) * 1000 if is_shown else painting.wait(since)
     painting.close()
     process.stdin.close()
     _end(process)
@@ -118,8 +124,21 @@ def preview(session, companion, file):
     return elapsed
 
 
+def shows_video(screen):
+    """Whether the middle has the colours of our moving picture."""
+    blue, green, red = screen.root.get_image(640, 380, 1, 1, X.ZPixmap, 0xFFFFFFFF).data[:3]
+    return blue < 8 and (red > 240 or green > 120)
+
+
 def samples(session, picture):
-    files = {"picture": picture, "text": "a.txt", "document": "a.pdf", "other": "a.bin"}
+    files = {
+        "picture": picture,
+        "text": "a.txt",
+        "document": "a.pdf",
+        "other": "a.bin",
+        "video, its name and kind": "a.mp4",
+    }
+    moving_picture(session.folder / "a.mp4")
     (session.folder / "a.txt").write_text(TEXT)
     (session.folder / "a.pdf").write_bytes(PDF)
     (session.folder / "a.bin").write_bytes(b"\x00\x01\x02" * 1000)
@@ -147,6 +166,12 @@ def main():
         for name, file in samples(session, "capture.png").items():
             companion = str(folder / "perchly-preview")
             report(f"first preview: {name}", [preview(session, companion, file) for _ in rounds])
+        video = session.folder / "a.mp4"
+        is_shown = partial(shows_video, session.screen)
+        report(
+            "first preview: video, its first picture",
+            [preview(session, companion, video, is_shown) for _ in rounds],
+        )
         report("flameshot: command to overlay", [captures.flameshot_to_overlay() for _ in rounds])
 
 

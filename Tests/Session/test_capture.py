@@ -5,10 +5,12 @@ import subprocess
 
 from perchly_session.case import SessionCase, main
 from perchly_session.picture import near
+from perchly_session.players import moving_picture
 from perchly_session.waiting import wait_until, wait_while
 
 TOGGLE = ("Control_L", "Alt_L", "space")
 TITLE = "Perchly Workspace"
+GREEN = (0, 128, 0)
 
 
 class CaptureTest(SessionCase):
@@ -123,18 +125,6 @@ class PreviewTest(SessionCase):
         self.screen.key("space")
         wait_until(lambda: not self.screen.windows_of(self.preview.pid), "the preview closed")
         self.assertIsNone(self.preview.poll())
-
-
-GREEN = (0, 128, 0)
-
-
-def moving_picture(file):
-    """Three seconds: a moment in red, then in green, with a tone."""
-    picture = "av://lavfi:color=c=red:s=64x48:r=10:d=0.3,tpad=stop_duration=2.7:color=green"
-    options = ["--no-config", "--really-quiet", "--audio-file=av://lavfi:sine=d=3"]
-    coders = ["--ovc=mpeg4", "--oac=aac"]
-    subprocess.run(["mpv", *options, picture, *coders, f"--o={file}"], check=True, timeout=20)
-    return file.read_bytes()
 
 
 if __name__ == "__main__":

@@ -75,17 +75,6 @@ class ExtrasTest(WorkspaceCase):
         self.press("Launch", "day")
         wait_until(marker.exists, "the application that is left")
         self.tree.find("Could not open Gone.desktop")
-        self.type_into("Workspace name", "empty")
-        self.screen.key("Return")
-        self.tree.find("empty", "list item")
-        self.press("Delete", "day")
-        wait_until(lambda: self.rows() == ["empty"], "one group")
-        self.program.stop()
-        self.run_program()
-        self.open_window()
-        self.choose_section("Launch")
-        self.tree.find("empty", "list item")
-        self.assertEqual(self.rows(), ["empty"])
 
     def test_meetings_are_shown_while_they_may_be(self):
         self.start_session()
