@@ -2,7 +2,8 @@
 """Measures captures of the screen and previews from outside, beside other programs of the kind.
 
 From the command to the overlay beside `flameshot gui`; from the release of the button to the whole
-file beside `scrot -s`; from a request to the first preview of each kind, in a new companion each.
+file beside `scrot -s`; from a request to the first preview of each kind, in a new companion each;
+what a minute and a half of looking every 30 seconds at the battery and the meetings costs.
 Usage: device.py PROGRAM [--rounds N]
 """
 
@@ -17,8 +18,10 @@ from pathlib import Path
 from Xlib import X
 from Xlib.ext import xtest
 
+import calendars
 from measuring import high, measured_session
 from painting import Painting
+from processes import cpu_seconds
 from perchly_session.players import moving_picture
 from perchly_session.waiting import wait_until
 
@@ -145,6 +148,25 @@ def samples(session, picture):
     return {name: session.folder / file for name, file in files.items()}
 
 
+def cost_of_polls(session):
+    """Milliseconds of CPU in 95 seconds at rest, with a calendar that may be read."""
+    calendar = Path(session.environment["HOME"], ".calendars", "all", "all.ics")
+    calendar.parent.mkdir(parents=True)
+    calendar.write_text(calendars.calendar(calendars.make_events(10_000)), newline="")
+    consent = Path(session.environment["XDG_CONFIG_HOME"], "perchly/permissions/calendars.json")
+    consent.parent.mkdir(parents=True)
+    consent.write_text('{"readCalendars": true}')
+    consent.chmod(0o600)
+    program = session.run()
+    session.screen.key("Control_L", "Alt_L", "k")  # the first use
+    window = wait_until(lambda: program.window("Perchly Workspace"), "the workspace")
+    session.screen.close_window(window)
+    time.sleep(25)
+    before = cpu_seconds(program.pid)
+    time.sleep(95)
+    return (cpu_seconds(program.pid) - before) * 1000
+
+
 def report(what, values):
     print(f"{what:44} {statistics.median(values):7.1f} ms   {high(values):7.1f}", flush=True)
 
@@ -173,6 +195,7 @@ def main():
             [preview(session, companion, video, is_shown) for _ in rounds],
         )
         report("flameshot: command to overlay", [captures.flameshot_to_overlay() for _ in rounds])
+        report("CPU of three polls in 95 seconds", [cost_of_polls(session)])
 
 
 if __name__ == "__main__":
