@@ -234,9 +234,16 @@ TestCase {
         for (let step = 0; step < 9 && root.Window.activeFocusItem?.["text"] !== "Buy milk"; ++step) {
             keyClick(Qt.Key_Tab);
         }
-        keyClick(Qt.Key_End);
-        root.type("y");
-        compare(root.fixture.stored("quickNote"), "Buy milky");
+        keyClick(Qt.Key_A, Qt.ControlModifier);
+        keyClick(Qt.Key_Delete);
+        root.settle();
+        compare(root.fixture.stored("quickNote"), "");
+        root.type("tea"); // neither empty nor what was searched for: it stays while it is written in
+        compare(root.fixture.stored("quickNote"), "tea");
+        root.expectInOrder(["EditableText: Quick note"]);
+        keyClick(Qt.Key_Tab);
+        root.settle();
+        verify(root.everything().indexOf("EditableText: Quick note") < 0);
     }
 
     function test_aSearchCopiesClipsAndSnippets() {
