@@ -4,9 +4,11 @@
 
 #include <QByteArray>
 #include <QLatin1StringView>
+#include <QList>
 #include <QObject>
 #include <QString>
 #include <QStringList>
+#include <QUrl>
 
 #include <functional>
 
@@ -77,6 +79,10 @@ public:
     /// the pasteboard is left empty. changeCount() counts the write when the call returns, and
     /// counts it once.
     virtual void writeImage(const QByteArray &encoded) = 0;
+
+    /// Replaces what the pasteboard holds by files and links themselves, for file managers to copy
+    /// and other programs to insert, and by their paths and links as text. There is at least one.
+    virtual void writeItems(const QList<QUrl> &urls) = 0;
 
 Q_SIGNALS:
     /// changeCount() grew through another program's copy.

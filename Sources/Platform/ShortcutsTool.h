@@ -31,6 +31,11 @@ public:
     /// person's unsaved work. The completion is not called any more. The host outlives the task.
     [[nodiscard]] virtual Task execute(const QStringList &arguments, Completion completion) = 0;
 
+    /// Ends the shortcuts that are running, and what they have started unless it has cut itself
+    /// loose. They are asked first, and killed some seconds later; their completions are called
+    /// when they have ended.
+    virtual void stopRuns() = 0;
+
     /// The absolute path of the folder that the shortcuts are in, whether it exists or not.
     [[nodiscard]] virtual QString folder() const = 0;
 

@@ -79,6 +79,20 @@ private Q_SLOTS:
         QCOMPARE(announcements.take(), QStringList());
     }
 
+    void whatIsDroppedSaysHowItsSchemesAreWritten() {
+        FakeHosts fake;
+        Productivity productivity(fake.hosts);
+        productivity.holdDropped(
+            QStringLiteral("# a comment\r\nHTTPS://a.example/\r\nhttps://b.example/\r\n\r\n"
+                           "FILE:///tmp/a\r\nfile://elsewhere/tmp/b\nhttp://c.example/\njunk"));
+        QCOMPARE(productivity.held(),
+                 urls({QStringLiteral("https://b.example/"), QStringLiteral("file:///tmp/a"),
+                       QStringLiteral("http://c.example/")}));
+        productivity.copyItems(productivity.held());
+        QCOMPARE(fake.pasteboard.offered.urls, productivity.held());
+        QCOMPARE(productivity.pasteboardCount(), fake.pasteboard.changeCount());
+    }
+
     void aLinkIsTakenAsItWasTyped_data() {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<bool>("taken");

@@ -58,16 +58,21 @@ private Q_SLOTS:
 
     void aRun_data() {
         QTest::addColumn<int>("status");
+        QTest::addColumn<bool>("stopped");
         QTest::addColumn<QString>("message");
-        QTest::newRow("that ends well") << 0 << QStringLiteral("Finished: Resize");
+        QTest::newRow("that ends well") << 0 << false << QStringLiteral("Finished: Resize");
         const QString failed =
             QStringLiteral("Shortcut failed: Resize. Check its permissions in Shortcuts.");
-        QTest::newRow("that fails") << 3 << failed;
-        QTest::newRow("whose tool is missing") << -1 << failed;
+        QTest::newRow("that fails") << 3 << false << failed;
+        QTest::newRow("whose tool is missing") << -1 << false << failed;
+        QTest::newRow("that is stopped") << -1 << true << QStringLiteral("Stopped: Resize");
+        QTest::newRow("that ends well before it stops")
+            << 0 << true << QStringLiteral("Finished: Resize");
     }
 
     void aRun() {
         QFETCH(int, status);
+        QFETCH(bool, stopped);
         FakeHosts fake;
         Productivity productivity(fake.hosts);
         productivity.runShortcut(QStringLiteral("Resize"));
@@ -75,11 +80,18 @@ private Q_SLOTS:
         productivity.runShortcut(QStringLiteral("Other"));
         QCOMPARE(fake.shortcuts.started, QStringList(QStringLiteral("run Resize")));
         QCOMPARE(productivity.busyShortcut(), QStringLiteral("Resize"));
+        if (stopped) {
+            productivity.stopShortcut();
+        }
+        QCOMPARE(fake.shortcuts.stops, stopped ? 1 : 0);
         fake.shortcuts.answer(status, QStringLiteral("not shown"));
         QVERIFY(productivity.busyShortcut().isNull());
         QTEST(productivity.message(), "message");
+        productivity.stopShortcut();
         productivity.runShortcut(QStringLiteral("Other"));
-        QCOMPARE(productivity.busyShortcut(), QStringLiteral("Other"));
+        fake.shortcuts.answer(3);
+        QCOMPARE(fake.shortcuts.stops, stopped ? 1 : 0);
+        QVERIFY(productivity.message().startsWith(QStringLiteral("Shortcut failed: Other.")));
     }
 
     void nothingIsWaitedForAtTheEnd() {

@@ -19,6 +19,11 @@ void FakePasteboard::writeImage(const QByteArray &encoded) {
     ++m_count;
 }
 
+void FakePasteboard::writeItems(const QList<QUrl> &urls) {
+    ++m_count;
+    offered = {.text = QUrl::toStringList(urls).join(u' '), .urls = urls};
+}
+
 void FakePasteboard::copy(const Offer &offer) {
     offered = offer;
     ++m_count;

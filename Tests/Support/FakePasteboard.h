@@ -14,12 +14,14 @@ public:
         QByteArray png = {};
         QByteArray tiff = {};
         QString text = {};
+        QList<QUrl> urls = {}; ///< which this program wrote
     };
 
     qint64 changeCount() const override { return m_count; }
     Task read(const PasteboardRequest &request, Completion completion) override;
     void write(const QString &text) override;
     void writeImage(const QByteArray &encoded) override;
+    void writeItems(const QList<QUrl> &urls) override;
 
     /// Another program copies.
     void copy(const Offer &offer);

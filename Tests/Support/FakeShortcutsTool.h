@@ -12,6 +12,7 @@ public:
         started.append(arguments.join(u' '));
         return m_calls.add(std::move(completion));
     }
+    void stopRuns() override { ++stops; }
     QString folder() const override { return QStringLiteral("/shortcuts"); }
     void prepareFolder(FolderCompletion completion) override {
         ++prepared;
@@ -26,6 +27,7 @@ public:
 
     QStringList started; ///< the arguments of every call there was, in order
     int prepared = 0;
+    int stops = 0;
     QString folderError;
 
 private:

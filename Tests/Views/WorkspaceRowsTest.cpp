@@ -7,6 +7,7 @@
 #include <QBuffer>
 #include <QElapsedTimer>
 #include <QRandomGenerator>
+#include <QTemporaryDir>
 #include <QTest>
 
 namespace perchly {
@@ -21,6 +22,11 @@ QByteArray encoded(const QSize &size, const char *format) {
     buffer.open(QIODevice::WriteOnly);
     picture.save(&buffer, format);
     return bytes;
+}
+
+QVariant fieldOf(const KeyedRows &rows, const char *field, int row = 0) {
+    const QVariant fields = rows.data(rows.index(row), Qt::UserRole + 1);
+    return fields.toMap().value(QString::fromLatin1(field));
 }
 
 /// A PNG whose header claims another size than its data have.
@@ -56,10 +62,7 @@ private Q_SLOTS:
             &rows, QAbstractItemModelTester::FailureReportingMode::QtTest);
         QRandomGenerator random(7);
         const auto nameOf = [&rows](const QModelIndex &index) {
-            return rows.data(index, Qt::UserRole + 1)
-                .toMap()
-                .value(QStringLiteral("name"))
-                .toString();
+            return fieldOf(rows, "name", index.row()).toString();
         };
         for (int round = 0; round < 300; ++round) {
             const QStringList before = productivity.shortcuts();
@@ -95,11 +98,7 @@ private Q_SLOTS:
         productivity.setClips(clips);
         ClipRows rows;
         rows.setTools(&productivity);
-        const auto label = [&rows](int row) {
-            return rows.data(rows.index(row), Qt::UserRole + 1)
-                .toMap()
-                .value(QStringLiteral("label"));
-        };
+        const auto label = [&rows](int row) { return fieldOf(rows, "label", row); };
         QCOMPARE(rows.count(), 2);
         QCOMPARE(label(0), QString(1999, u'x'));
         rows.setSearch(QStringLiteral("IMAGE"));
@@ -107,6 +106,48 @@ private Q_SLOTS:
         QCOMPARE(label(0), QStringLiteral("Copied image"));
         rows.setSearch(QStringLiteral("END"));
         QCOMPARE(rows.count(), 1);
+    }
+
+    void rowsSayWhatCannotBeSeen_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("shown");
+        const auto row = [](const char *name, const char *text, const char *shown) {
+            QTest::newRow(name) << QString::fromUtf8(text) << QString::fromUtf8(shown);
+        };
+        row("white space", " \t\n", "Blank text, 3 characters");
+        row("marks of direction", "\u202e\u200b", "Blank text, 2 characters");
+        row("what comes after empty lines", "\n \n\n  a\n\nb", "  a\n\nb");
+        row("a line", " a", " a");
+    }
+
+    void rowsSayWhatCannotBeSeen() {
+        QFETCH(QString, text);
+        FakeHosts fake;
+        Productivity productivity(fake.hosts);
+        productivity.setClips({Clip::ofText(text)});
+        ClipRows rows;
+        rows.setTools(&productivity);
+        QTEST(fieldOf(rows, "label").toString(), "shown");
+        QCOMPARE(fieldOf(rows, "text"), text);
+    }
+
+    void aHeldFileIsNamedAndLookedAtAgain() {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("\u202egpj\n.x"));
+        QVERIFY(QImage(2, 2, QImage::Format_RGB32).save(path, "PNG"));
+        FakeHosts fake;
+        Productivity productivity(fake.hosts);
+        productivity.hold({QUrl::fromLocalFile(path)});
+        HeldRows rows;
+        rows.setTools(&productivity);
+        QCOMPARE(fieldOf(rows, "label"), QStringLiteral("gpj .x"));
+        QTRY_VERIFY(fieldOf(rows, "isPicture").toBool());
+        QVERIFY(QFile::remove(path));
+        rows.lookAgain();
+        QVERIFY(fieldOf(rows, "isPicture").toBool());
+        QTRY_VERIFY(!fieldOf(rows, "isPicture").toBool());
+        productivity.setHeld({QUrl(QStringLiteral("file:///tmp/%E2%80%8B"))});
+        QCOMPARE(fieldOf(rows, "label"), QStringLiteral("%E2%80%8B"));
     }
 
     void picturesAreDecodedSmallOrNotAtAll_data() {

@@ -92,6 +92,63 @@ TestCase {
         }
     }
 
+    Component {
+        id: list
+
+        FocusScope {
+            id: around
+
+            property alias rows: rows
+            readonly property string at: root.Window.activeFocusItem?.["label"] ?? ""
+
+            focus: true
+            height: 200
+            width: 400
+
+            PushButton {
+                id: first
+
+                focus: true
+                text: "before"
+            }
+            ScrollList {
+                id: rows
+
+                height: 150
+                label: "Rows"
+                model: 40
+                placeholder: "Nothing yet."
+                width: 400
+                y: 40
+
+                delegate: RowCard {
+                    id: row
+
+                    required property int index
+
+                    height: 30
+                    width: 380
+
+                    PushButton {
+                        text: "a" + row.index
+                    }
+                    PushButton {
+                        enabled: row.index !== 2
+                        text: "b" + row.index
+                    }
+                    ValueSlider {
+                        current: 0.5
+                        label: "c" + row.index
+                        visible: row.index === 3
+                    }
+                }
+            }
+            PushButton {
+                text: "after"
+            }
+        }
+    }
+
     function init() {
         failOnWarning(/.?/);
     }
@@ -174,6 +231,36 @@ TestCase {
         compare(form.escapes, 0);
         keyClick(Qt.Key_Escape);
         compare(form.escapes, 1);
+    }
+
+    function test_aListIsOneStopForTab() {
+        const scope = root.make(list);
+        const go = (keys, expected) => {
+            for (const key of keys) {
+                keyClick(key, key === Qt.Key_Backtab ? Qt.ShiftModifier : Qt.NoModifier);
+            }
+            compare(scope.at, expected);
+        };
+        go([], "before");
+        go([Qt.Key_Tab], "a0");
+        go([Qt.Key_Right, Qt.Key_Right], "b0");
+        go([Qt.Key_Down, Qt.Key_Down], "a2"); // there b is disabled
+        go([Qt.Key_Tab], "after");
+        go([Qt.Key_Backtab], "a2");
+        go([Qt.Key_Backtab], "before");
+        go([Qt.Key_Tab, Qt.Key_Up, Qt.Key_Left, Qt.Key_Left], "a1");
+        go([Qt.Key_End], "a39");
+        go([Qt.Key_Down, Qt.Key_PageUp], "a36");
+        go([Qt.Key_PageUp, Qt.Key_PageDown], "a37");
+        go([Qt.Key_Home, Qt.Key_PageUp, Qt.Key_PageDown, Qt.Key_Up], "a3");
+        go([Qt.Key_Tab, Qt.Key_Tab], "c3"); // which needs the arrows: Tab goes along the row
+        go([Qt.Key_Tab], "after");
+        scope.rows.model = 2; // what had the keyboard is gone
+        go([Qt.Key_Backtab], "b1");
+        scope.rows.model = 0;
+        go([Qt.Key_Tab], "before");
+        go([Qt.Key_Tab], "after");
+        verify(root.fixture.accessibleWithin(scope).includes("StaticText: Nothing yet."));
     }
 
     function test_anAreaScrollsByWheelBarAndKeyboard() {

@@ -161,8 +161,16 @@ TestCase {
     function test_theKeyboardStaysInTheList() {
         root.fixture.productivity.hold(["https://a.example/", "https://b.example/", "https://c.example/"]);
         root.show("Files");
-        for (let step = 0; step < 40 && !root.focusedOn("Remove"); ++step) {
+        for (let step = 0; step < 9 && !root.focusedOn("Copy all"); ++step) {
             keyClick(Qt.Key_Tab);
+        }
+        keyClick(Qt.Key_Return);
+        compare(root.fixture.copied(), "https://a.example/ https://b.example/ https://c.example/");
+        keyClick(Qt.Key_Tab);
+        keyClick("c", Qt.ControlModifier);
+        compare(root.fixture.copied(), "https://a.example/");
+        for (let step = 0; step < 9 && !root.focusedOn("Remove"); ++step) {
+            keyClick(Qt.Key_Right);
         }
         keyClick(Qt.Key_Return);
         root.settle();

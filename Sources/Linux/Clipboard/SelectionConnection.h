@@ -28,6 +28,9 @@ struct SelectionAtoms {
     // Images
     xcb_atom_t png = XCB_ATOM_NONE;
     xcb_atom_t tiff = XCB_ATOM_NONE;
+    // Files and links
+    xcb_atom_t uriList = XCB_ATOM_NONE;
+    xcb_atom_t copiedFiles = XCB_ATOM_NONE;
     // Markers, and the hints by which password managers mark
     xcb_atom_t concealed = XCB_ATOM_NONE;
     xcb_atom_t transient = XCB_ATOM_NONE;

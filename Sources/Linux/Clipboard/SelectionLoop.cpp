@@ -12,7 +12,7 @@ namespace {
 
 PasteboardContent limited(const SelectionContents &contents, const PasteboardRequest &request) {
     PasteboardContent result;
-    if (const auto *text = std::get_if<QString>(&contents)) {
+    if (const QString *text = textOf(contents)) {
         result.types.append(pasteboardtype::text);
         if (!isUnwanted(request, result.types) && fitsInUtf8(*text, request.longestText)) {
             result.text = *text;

@@ -21,6 +21,11 @@ void notify(const SelectionConnection &connection, const xcb_selection_request_e
 
 } // namespace
 
+const QString *textOf(const SelectionContents &contents) {
+    const auto *items = std::get_if<SelectionItems>(&contents);
+    return items ? &items->text : std::get_if<QString>(&contents);
+}
+
 SelectionOffer::SelectionOffer(const SelectionConnection &connection, SelectionSending &sending,
                                SelectionContents contents, xcb_timestamp_t time)
     : m_connection(connection)
@@ -49,10 +54,18 @@ void SelectionOffer::refuse(const SelectionConnection &connection,
 
 QList<xcb_atom_t> SelectionOffer::forms() const {
     const SelectionAtoms &atoms = m_connection.atoms();
-    if (std::holds_alternative<QString>(m_contents)) {
-        return {atoms.utf8String, atoms.utf8Text, XCB_ATOM_STRING, atoms.plainText, atoms.anyText};
+    if (std::holds_alternative<SelectionImage>(m_contents)) {
+        return {atoms.png, atoms.tiff};
     }
-    return {atoms.png, atoms.tiff};
+    QList<xcb_atom_t> forms;
+    if (const auto *items = std::get_if<SelectionItems>(&m_contents)) {
+        forms.append(atoms.uriList);
+        if (!items->copiedFiles.isEmpty()) {
+            forms.append(atoms.copiedFiles);
+        }
+    }
+    return forms + QList<xcb_atom_t>{atoms.utf8String, atoms.utf8Text, XCB_ATOM_STRING,
+                                     atoms.plainText, atoms.anyText};
 }
 
 bool SelectionOffer::convert(xcb_window_t window, xcb_atom_t target, xcb_atom_t property) {
@@ -94,11 +107,19 @@ bool SelectionOffer::convertSeveral(xcb_window_t window, xcb_atom_t property) {
 }
 
 QByteArray SelectionOffer::bytesFor(xcb_atom_t target) {
-    if (const auto *text = std::get_if<QString>(&m_contents)) {
+    const SelectionAtoms &atoms = m_connection.atoms();
+    const auto *items = std::get_if<SelectionItems>(&m_contents);
+    if (items && target == atoms.uriList) {
+        return items->uriList;
+    }
+    if (items && target == atoms.copiedFiles) {
+        return items->copiedFiles;
+    }
+    if (const QString *text = textOf(m_contents)) {
         return target == XCB_ATOM_STRING ? text->toLatin1() : text->toUtf8();
     }
     auto &image = std::get<SelectionImage>(m_contents);
-    if (target == m_connection.atoms().tiff) {
+    if (target == atoms.tiff) {
         completeTiff(image);
         return image.tiff;
     }

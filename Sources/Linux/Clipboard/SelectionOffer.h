@@ -1,6 +1,7 @@
 #pragma once
 
 #include "SelectionImage.h"
+#include "SelectionItems.h"
 #include "SelectionSending.h"
 
 #include <QList>
@@ -11,7 +12,10 @@
 namespace perchly {
 
 /// What this program copies.
-using SelectionContents = std::variant<QString, SelectionImage>;
+using SelectionContents = std::variant<QString, SelectionImage, SelectionItems>;
+
+/// What of it is text; null if nothing is.
+[[nodiscard]] const QString *textOf(const SelectionContents &contents);
 
 /// Our own copy, while it is the clipboard's: answers what other programs ask about it. Not for
 /// the main thread.

@@ -91,6 +91,14 @@ void SelectionThread::writeImage(const QByteArray &encoded, quint64 write) {
     });
 }
 
+void SelectionThread::writeItems(const QList<QUrl> &urls, quint64 write) {
+    post([urls, write](SelectionLoop *loop) {
+        if (loop) {
+            loop->offer(selectionItems(urls), write);
+        }
+    });
+}
+
 void SelectionThread::post(Command command) {
     {
         const std::lock_guard lock(m_mutex);

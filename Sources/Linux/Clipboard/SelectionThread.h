@@ -26,6 +26,7 @@ public:
     void cancel(quint64 reading);
     void write(const QString &text, quint64 write);
     void writeImage(const QByteArray &encoded, quint64 write);
+    void writeItems(const QList<QUrl> &urls, quint64 write);
 
 private:
     /// Given no loop where there is no server.

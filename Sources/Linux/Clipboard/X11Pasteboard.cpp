@@ -50,6 +50,11 @@ void X11Pasteboard::writeImage(const QByteArray &encoded) {
     m_thread->writeImage(encoded, ++m_writes);
 }
 
+void X11Pasteboard::writeItems(const QList<QUrl> &urls) {
+    ++m_count;
+    m_thread->writeItems(urls, ++m_writes);
+}
+
 void X11Pasteboard::handleCopy(quint64 write) {
     ++m_copies;
     // A copy that was made before our last write is there no more.

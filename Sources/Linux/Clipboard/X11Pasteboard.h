@@ -23,6 +23,7 @@ public:
     [[nodiscard]] Task read(const PasteboardRequest &request, Completion completion) override;
     void write(const QString &text) override;
     void writeImage(const QByteArray &encoded) override;
+    void writeItems(const QList<QUrl> &urls) override;
 
 private:
     class Reading;

@@ -165,6 +165,7 @@ public:
     [[nodiscard]] Task read(const PasteboardRequest &request, Completion completion) override;
     void write(const QString &) override { ++m_count; }
     void writeImage(const QByteArray &) override { ++m_count; }
+    void writeItems(const QList<QUrl> &) override { ++m_count; }
 
 private:
     qint64 m_count = 0;
@@ -174,6 +175,7 @@ private:
 class NullShortcutsTool : public ShortcutsTool {
 public:
     [[nodiscard]] Task execute(const QStringList &, Completion completion) override;
+    void stopRuns() override {}
     [[nodiscard]] QString folder() const override { return {}; }
     void prepareFolder(FolderCompletion completion) override;
 

@@ -162,11 +162,18 @@ Ending follow(int child, int pipe, std::optional<steady_clock::time_point> deadl
     }
 }
 
-void end(pid_t child, int descriptor) {
-    kill(child, SIGTERM);
+/// Also to what it has started, if it leads a group.
+void signalAll(pid_t child, int number) {
+    if (kill(-child, number) != 0) {
+        kill(child, number);
+    }
+}
+
+void end(pid_t child, int descriptor, milliseconds grace) {
+    signalAll(child, SIGTERM);
     pollfd watched{descriptor, POLLIN, 0};
-    if (poll(&watched, 1, 500) <= 0) {
-        kill(child, SIGKILL);
+    if (poll(&watched, 1, int(grace.count())) <= 0) {
+        signalAll(child, SIGKILL);
     }
 }
 
@@ -183,6 +190,11 @@ StopRequest::~StopRequest() {
 
 void StopRequest::send() const {
     eventfd_write(m_descriptor, 1);
+}
+
+void StopRequest::sendEnd() {
+    m_endsChild = true;
+    send();
 }
 
 ChildResult runChild(const QString &program, const QStringList &arguments,
@@ -206,11 +218,11 @@ ChildResult runChild(const QString &program, const QStringList &arguments,
     const Ending ending = process.number() < 0 ? Ending::GivenUp
                                                : follow(process.number(), reading.number(),
                                                         deadline, limits.mostOutput, stop, output);
-    if (ending == Ending::Stopped && onStop == OnStop::LeaveChild) {
+    if (ending == Ending::Stopped && onStop == OnStop::LeaveChild && !stop.endsChild()) {
         return {};
     }
     if (ending != Ending::Exited) {
-        end(child, process.number());
+        end(child, process.number(), limits.grace);
     }
     int status = 0;
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {

@@ -30,6 +30,8 @@ Task ChildRuns::run(const QString &program, const QStringList &arguments, const 
     // The thread knows the request for as long as it needs it; the answer knows whether the task,
     // which holds the other reference, is still wanted.
     const std::weak_ptr<StopRequest> wanted = task->stop();
+    std::erase_if(m_stops, [](const auto &stop) { return stop.expired(); });
+    m_stops.push_back(wanted);
     m_pool.start([this, program, arguments, limits, onStop, stop = task->stop(), wanted,
                   completion = std::move(completion)]() mutable {
         auto result = runChild(program, arguments, limits, *stop, onStop);
@@ -44,6 +46,14 @@ Task ChildRuns::run(const QString &program, const QStringList &arguments, const 
             Qt::QueuedConnection);
     });
     return task;
+}
+
+void ChildRuns::endAll() {
+    for (const auto &weak : m_stops) {
+        if (const auto stop = weak.lock()) {
+            stop->sendEnd();
+        }
+    }
 }
 
 } // namespace perchly

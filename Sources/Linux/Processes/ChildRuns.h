@@ -7,6 +7,8 @@
 #include <QThreadPool>
 
 #include <functional>
+#include <memory>
+#include <vector>
 
 namespace perchly {
 
@@ -24,7 +26,11 @@ public:
     [[nodiscard]] Task run(const QString &program, const QStringList &arguments,
                            const ChildLimits &limits, OnStop onStop, Completion completion);
 
+    /// Ends the children of all runs, whose completions are then called.
+    void endAll();
+
 private:
+    std::vector<std::weak_ptr<StopRequest>> m_stops;
     QObject m_receiver; ///< completions run in its thread, as long as it lives
     QThreadPool m_pool; ///< destroyed first: it waits for the threads
 };

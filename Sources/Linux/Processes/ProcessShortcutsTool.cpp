@@ -13,6 +13,7 @@ namespace {
 
 constexpr qsizetype mostOutput = 1 << 20; // some thousand names
 constexpr auto listLimit = 10s;
+constexpr auto runGrace = 2s; // to keep what it was working on
 
 ShortcutsTool::Result resultOf(const ChildResult &child) {
     QStringDecoder decoder(QStringDecoder::Utf8, QStringConverter::Flag::Stateless);
@@ -31,20 +32,25 @@ QString makeFolder() {
 
 ProcessShortcutsTool::ProcessShortcutsTool(QString program)
     : m_program(std::move(program))
-    , m_runs(4) { // a run, which may take for ever, and a list or two
+    , m_lists(2)
+    , m_runs(2) {
     m_pool.setExpiryTimeout(1000);
 }
 
 Task ProcessShortcutsTool::execute(const QStringList &arguments, Completion completion) {
-    const bool runs = arguments.value(0) == QLatin1StringView("run");
-    ChildLimits limits{.mostOutput = mostOutput};
-    if (!runs) {
-        limits.time = listLimit;
+    const auto finish = [completion = std::move(completion)](const ChildResult &child) {
+        completion(resultOf(child));
+    };
+    if (arguments.value(0) == QLatin1StringView("run")) {
+        return m_runs.run(m_program, arguments, {.mostOutput = mostOutput, .grace = runGrace},
+                          OnStop::LeaveChild, finish);
     }
-    return m_runs.run(m_program, arguments, limits, runs ? OnStop::LeaveChild : OnStop::EndChild,
-                      [completion = std::move(completion)](const ChildResult &child) {
-                          completion(resultOf(child));
-                      });
+    return m_lists.run(m_program, arguments, {.time = listLimit, .mostOutput = mostOutput},
+                       OnStop::EndChild, finish);
+}
+
+void ProcessShortcutsTool::stopRuns() {
+    m_runs.endAll();
 }
 
 QString ProcessShortcutsTool::folder() const {

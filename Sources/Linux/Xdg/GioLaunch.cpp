@@ -6,9 +6,11 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <fcntl.h>
 #include <gio/gdesktopappinfo.h>
-
-#include <functional>
+#include <syslog.h>
+#include <systemd/sd-journal.h>
+#include <unistd.h>
 
 namespace perchly::giolaunch {
 
@@ -16,32 +18,35 @@ namespace {
 
 using gio::Owned;
 
+QString textOf(GError *error) {
+    const QString text =
+        error != nullptr ? QString::fromUtf8(error->message) : QStringLiteral("The launch failed.");
+    g_clear_error(&error);
+    return text;
+}
+
 /// What an asynchronous call leaves behind when it is done.
 struct Outcome {
-    using Finish = gboolean (*)(GObject *source, GAsyncResult *result, GError **error);
-
-    Finish finish;
     bool done = false;
-    QString error;
+    QString error = {};
 };
 
 void onDone(GObject *source, GAsyncResult *result, gpointer data) {
     auto *outcome = static_cast<Outcome *>(data);
     GError *error = nullptr;
-    if (outcome->finish(source, result, &error) == FALSE) {
-        outcome->error = error != nullptr ? QString::fromUtf8(error->message)
-                                          : QStringLiteral("The launch failed.");
+    if (g_app_info_launch_uris_finish(G_APP_INFO(source), result, &error) == FALSE) {
+        outcome->error = textOf(error);
     }
-    g_clear_error(&error);
     outcome->done = true;
 }
 
-QString waitFor(Outcome &outcome, const StartNotices &notices,
-                const std::function<void(GAppLaunchContext *)> &begin) {
+/// The bus daemon starts the program, and says whether it could.
+QString activate(GDesktopAppInfo *entry, GList *uris, GAppLaunchContext *context,
+                 GCancellable *cancellable) {
     const Owned<GMainContext> loop(g_main_context_new());
     g_main_context_push_thread_default(loop.get());
-    const LaunchContext context = makeLaunchContext(notices);
-    begin(context.get());
+    Outcome outcome;
+    g_app_info_launch_uris_async(G_APP_INFO(entry), uris, context, cancellable, onDone, &outcome);
     while (!outcome.done) {
         g_main_context_iteration(loop.get(), TRUE);
     }
@@ -49,21 +54,36 @@ QString waitFor(Outcome &outcome, const StartNotices &notices,
     return outcome.error;
 }
 
-gboolean finishApplication(GObject *source, GAsyncResult *result, GError **error) {
-    return g_app_info_launch_uris_finish(G_APP_INFO(source), result, error);
+/// What the program says goes to the journal, as from the desktop's own menu, or nowhere.
+int outputOf(GDesktopAppInfo *entry) {
+    const char *name = g_app_info_get_executable(G_APP_INFO(entry));
+    const int journal = sd_journal_stream_fd(name, LOG_INFO, 0);
+    return journal >= 0 ? journal : open("/dev/null", O_WRONLY | O_CLOEXEC);
 }
 
-gboolean finishUrl(GObject *, GAsyncResult *result, GError **error) {
-    return g_app_info_launch_default_for_uri_finish(result, error);
+QString spawn(GDesktopAppInfo *entry, GList *uris, GAppLaunchContext *context) {
+    const int output = outputOf(entry);
+    GError *error = nullptr;
+    const bool done = g_desktop_app_info_launch_uris_as_manager_with_fds(
+                          entry, uris, context, G_SPAWN_SEARCH_PATH, nullptr, nullptr, nullptr,
+                          nullptr, -1, output, output, &error) != FALSE;
+    close(output);
+    return done ? QString() : textOf(error);
 }
 
 QString launch(GDesktopAppInfo *entry, GList *uris, const StartNotices &notices,
                GCancellable *cancellable) {
-    Outcome outcome{.finish = finishApplication, .error = {}};
-    return waitFor(outcome, notices, [&](GAppLaunchContext *context) {
-        g_app_info_launch_uris_async(G_APP_INFO(entry), uris, context, cancellable, onDone,
-                                     &outcome);
-    });
+    const LaunchContext context = makeLaunchContext(notices);
+    return g_desktop_app_info_get_boolean(entry, "DBusActivatable") != FALSE
+               ? activate(entry, uris, context.get(), cancellable)
+               : spawn(entry, uris, context.get());
+}
+
+QString launchWith(GDesktopAppInfo *entry, const QUrl &url, const StartNotices &notices,
+                   GCancellable *cancellable) {
+    QByteArray uri = url.toEncoded(QUrl::FullyEncoded);
+    GList uris{.data = uri.data(), .next = nullptr, .prev = nullptr};
+    return launch(entry, &uris, notices, cancellable);
 }
 
 /// The entry with its command line run by the system's terminal emulator; null if there is none.
@@ -115,9 +135,7 @@ QString openWith(const QString &desktopId, const QUrl &url, const StartNotices &
     if (!entry) {
         return QStringLiteral("The application is no longer installed.");
     }
-    QByteArray uri = url.toEncoded(QUrl::FullyEncoded);
-    GList uris{.data = uri.data(), .next = nullptr, .prev = nullptr};
-    return launch(entry.get(), &uris, notices, cancellable);
+    return launchWith(entry.get(), url, notices, cancellable);
 }
 
 QString url(const QUrl &url, const StartNotices &notices, GCancellable *cancellable) {
@@ -127,12 +145,17 @@ QString url(const QUrl &url, const StartNotices &notices, GCancellable *cancella
     if (url.isLocalFile() && !QFileInfo::exists(url.toLocalFile())) {
         return QStringLiteral("There is nothing at “%1”.").arg(url.toLocalFile());
     }
-    const QByteArray uri = url.toEncoded(QUrl::FullyEncoded);
-    Outcome outcome{.finish = finishUrl, .error = {}};
-    return waitFor(outcome, notices, [&](GAppLaunchContext *context) {
-        g_app_info_launch_default_for_uri_async(uri.constData(), context, cancellable, onDone,
-                                                &outcome);
-    });
+    const Owned<GFile> file(g_file_new_for_uri(url.toEncoded(QUrl::FullyEncoded).constData()));
+    const Owned<GAppInfo> program(g_file_query_default_handler(file.get(), cancellable, nullptr));
+    if (program) {
+        return launchWith(G_DESKTOP_APP_INFO(program.get()), url, notices, cancellable);
+    }
+    if (!url.isLocalFile()) {
+        return QStringLiteral("No program is set up for “%1:” links.").arg(url.scheme());
+    }
+    return QFileInfo(url.toLocalFile()).isDir()
+               ? QStringLiteral("No file manager is set up.")
+               : QStringLiteral("No program is set up for files of this kind.");
 }
 
 } // namespace perchly::giolaunch

@@ -1,11 +1,24 @@
 #include "ShownText.h"
 
+#include <algorithm>
+
 namespace perchly {
 
 namespace {
 
 /// More than three lines of the widest window.
 constexpr qsizetype mostShownCharacters = 2000;
+
+/// Marks of direction, soft hyphens and the like; not the joiners that scripts and emoji need.
+bool isUnseenMark(QChar character) {
+    return character.category() == QChar::Other_Format && character != QChar(0x200c) &&
+           character != QChar(0x200d);
+}
+
+bool isBlank(QChar character) {
+    return character.isSpace() || character.category() == QChar::Other_Control ||
+           character.category() == QChar::Other_Format;
+}
 
 } // namespace
 
@@ -17,7 +30,17 @@ QString inOneLine(QString text) {
             character = u' ';
         }
     }
+    text.removeIf(isUnseenMark);
     return text;
+}
+
+bool showsNothing(const QString &text) {
+    return std::ranges::all_of(text, isBlank);
+}
+
+QString visibleName(const QString &name) {
+    const QString visible = inOneLine(name).simplified();
+    return showsNothing(visible) ? QString() : visible;
 }
 
 QString shownPart(const QString &text) {

@@ -1,19 +1,28 @@
 import QtQuick
 import Perchly.Look
 
-/// A list of rows that scrolls. The up and down arrows go from a control of one row to the same one
-/// of its neighbour; Tab goes through all.
+/// A list of rows that scrolls, and one stop for Tab: the arrows go from row to row and from a
+/// control to its neighbour, Home and End to the ends, and the list remembers where the keyboard
+/// was. In a row that needs the arrows for itself, Tab goes along the row before it leaves.
 Item {
     id: root
 
     /// What assistive programs call it.
     required property string label
+    /// Shown while there are no rows.
+    property string placeholder: ""
     property alias model: view.model
     property alias delegate: view.delegate
     property alias spacing: view.spacing
     property alias count: view.count
     property alias reuseItems: view.reuseItems
+    /// How far beyond what is shown rows are kept ready, in points.
+    property alias cacheBuffer: view.cacheBuffer
     readonly property alias view: view
+
+    readonly property bool holdsKeyboard: Boolean(scroller.focused) && scroller.holds(scroller.focused)
+    property int lastRow: 0
+    property int lastControl: 0
 
     // These functions name no types: what the toolkit compiles them to ahead of time then reads
     // through items that are not there.
@@ -85,15 +94,100 @@ Item {
         event.accepted = row >= 0 && root.focusFrom(row + distance, distance, root.focusedControl());
     }
 
+    /// Goes to the next control of the row, in steps of 1 or -1; false if there is none.
+    function moveAlong(step) {
+        const row = root.rowOf(root.Window.activeFocusItem);
+        const controls = row ? root.controlsOf(row) : [];
+        for (let at = root.focusedControl() + step; row && at >= 0 && at < controls.length; at += step) {
+            if (controls[at].enabled) {
+                controls[at].forceActiveFocus(Qt.TabFocusReason);
+                return true;
+            }
+        }
+        return false;
+    }
+
+    function needsArrows(row) {
+        return root.controlsOf(row).some(control => !(control instanceof PressButton));
+    }
+
+    /// The keyboard comes from outside.
+    function enter(step) {
+        if (!root.focusRow(root.lastRow, root.lastControl) && !root.focusFrom(0, 1, 0)) {
+            root.leave(step);
+        }
+    }
+
+    function leave(step) {
+        const next = step > 0 ? after.nextItemInFocusChain(true) : before.nextItemInFocusChain(false);
+        next.forceActiveFocus(step > 0 ? Qt.TabFocusReason : Qt.BacktabFocusReason);
+    }
+
+    function tab(step) {
+        const row = root.rowOf(root.Window.activeFocusItem);
+        if (!row || !root.needsArrows(row) || !root.moveAlong(step)) {
+            root.leave(step);
+        }
+    }
+
+    /// The page that is seen moves; who is in it moves along.
+    function page(event) {
+        const row = root.focusedRow();
+        const control = root.focusedControl();
+        const ends = [Qt.Key_Home, Qt.Key_End].indexOf(event.key);
+        if (row >= 0 && ends >= 0) {
+            event.accepted = root.focusFrom(ends * (view.count - 1), 1 - 2 * ends, control);
+            return;
+        }
+        const start = view.contentY;
+        const middle = row >= 0 ? view.itemAtIndex(row).y + view.itemAtIndex(row).height / 2 : 0;
+        scroller.page(event);
+        if (event.accepted && row >= 0) {
+            const forward = event.key === Qt.Key_PageDown;
+            const place = middle + view.contentY - start;
+            view.forceLayout();
+            const there = Math.max(view.indexAt(1, place), view.indexAt(1, place + view.spacing));
+            const next = view.contentY === start || there < 0 ? (forward ? view.count - 1 : 0) : there;
+            root.focusFrom(next, forward ? -1 : 1, control);
+        }
+    }
+
     Accessible.name: root.label
     Accessible.role: Accessible.List
     // Not the height of all rows: a layout would give it that for a moment, and all would be made.
     implicitHeight: 120
 
     Keys.onDownPressed: event => root.step(event, 1)
-    Keys.onPressed: event => scroller.page(event)
+    Keys.onLeftPressed: event => event.accepted = root.moveAlong(-1)
+    Keys.onPressed: event => root.page(event)
+    Keys.onRightPressed: event => event.accepted = root.moveAlong(1)
     Keys.onUpPressed: event => root.step(event, -1)
 
+    // A control takes Tab before the list could hear of it.
+    Shortcut {
+        enabled: root.holdsKeyboard
+        sequence: "Tab"
+
+        onActivated: root.tab(1)
+    }
+    Shortcut {
+        enabled: root.holdsKeyboard
+        sequence: "Shift+Tab"
+
+        onActivated: root.tab(-1)
+    }
+    // Where Tab arrives from before the list and from behind it.
+    Item {
+        id: before
+
+        activeFocusOnTab: view.count > 0
+
+        onActiveFocusChanged: {
+            if (before.activeFocus) {
+                root.enter(1);
+            }
+        }
+    }
     ListView {
         id: view
 
@@ -104,9 +198,35 @@ Item {
         keyNavigationEnabled: false
         spacing: 8
     }
+    Item {
+        id: after
+
+        activeFocusOnTab: view.count > 0
+
+        onActiveFocusChanged: {
+            if (after.activeFocus) {
+                root.enter(-1);
+            }
+        }
+    }
+    SecondaryText {
+        anchors.centerIn: parent
+        horizontalAlignment: Text.AlignHCenter
+        text: root.placeholder
+        visible: view.count === 0 && root.placeholder !== ""
+        width: Math.min(implicitWidth, parent.width)
+    }
     Scroller {
         id: scroller
 
         view: view
+
+        onFocusedChanged: {
+            const row = root.focusedRow();
+            if (row >= 0) {
+                root.lastRow = row;
+                root.lastControl = root.focusedControl();
+            }
+        }
     }
 }

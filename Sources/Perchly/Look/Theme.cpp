@@ -35,6 +35,24 @@ void Theme::setAccent(const QColor &accent) {
     Q_EMIT accentChanged();
 }
 
+QPalette Theme::palette() {
+    const QColor button(44, 46, 50);
+    QPalette palette(button, floating());
+    palette.setColor(QPalette::Base, window());
+    palette.setColor(QPalette::AlternateBase, floating());
+    palette.setColor(QPalette::ToolTipBase, button);
+    palette.setColor(QPalette::ToolTipText, text());
+    palette.setColor(QPalette::Highlight, mint().darker(220));
+    palette.setColor(QPalette::HighlightedText, text());
+    palette.setColor(QPalette::PlaceholderText, grey());
+    palette.setColor(QPalette::Link, mint());
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(role, text());
+        palette.setColor(QPalette::Disabled, role, QColor(110, 110, 115));
+    }
+    return palette;
+}
+
 QColor Theme::accentColor(const QString &name) {
     if (name == QLatin1StringView("Blue")) {
         return blue();

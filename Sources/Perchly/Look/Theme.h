@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QFont>
 #include <QObject>
+#include <QPalette>
 #include <QtQml/qqmlregistration.h>
 
 namespace perchly {
@@ -66,6 +67,9 @@ public:
     [[nodiscard]] static QColor row() { return QColor::fromRgbF(1, 1, 1, 0.05F); }
     /// Of hairlines and of the outlines of fields.
     [[nodiscard]] static QColor line() { return QColor::fromRgbF(1, 1, 1, 0.12F); }
+
+    /// These colours for what the toolkit draws itself, such as dialogs.
+    [[nodiscard]] static QPalette palette();
 
     /// The accent stored under that name; mint for every other name.
     Q_INVOKABLE [[nodiscard]] static QColor accentColor(const QString &name);

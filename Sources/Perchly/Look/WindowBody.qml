@@ -3,7 +3,8 @@ import QtQuick.Layouts
 import Perchly.Look
 
 /// The content of an ordinary window: its title, a line below it, and what is put inside, laid out
-/// from top to bottom with Layout's attached properties.
+/// from top to bottom with Layout's attached properties. Its first control has the keyboard when it
+/// comes onto the screen, unless another one had it.
 FocusScope {
     id: root
 
@@ -19,15 +20,27 @@ FocusScope {
     default property alias content: column.data
 
     readonly property bool shown: root.Window.window?.visible ?? false
+    property bool complete: false
 
     /// The window came onto the screen, for the first time or again.
     signal appeared()
 
+    function focusFirst() {
+        if (root.complete && root.shown && rest.focus) {
+            rest.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
+        }
+    }
+
     focus: true
 
+    Component.onCompleted: {
+        root.complete = true;
+        root.focusFirst();
+    }
     onShownChanged: {
         if (root.shown) {
             root.appeared();
+            root.focusFirst();
         }
     }
 

@@ -88,13 +88,17 @@ void Productivity::record(const PasteboardContent &content) {
 }
 
 void Productivity::copy(const Clip &clip) {
-    m_capture.reset();
-    ++m_copyNumber;
     if (clip.text) {
         m_hosts.pasteboard->write(*clip.text);
     } else {
         m_hosts.pasteboard->writeImage(clip.image.value_or(QByteArray()));
     }
+    finishCopy();
+}
+
+void Productivity::finishCopy() {
+    m_capture.reset();
+    ++m_copyNumber;
     m_pasteboardCount = m_hosts.pasteboard->changeCount();
     setMessage(QStringLiteral("Copied. Paste into your app with ⌘V."));
 }

@@ -15,6 +15,16 @@ bool isWebScheme(QStringView scheme) {
     return scheme == QLatin1StringView("https") || scheme == QLatin1StringView("http");
 }
 
+/// As it is written: a QUrl would say it in lower case.
+QStringView schemeOf(QStringView text) {
+    return text.left(text.indexOf(u':'));
+}
+
+/// A file's path, or the whole link.
+QString asText(const QUrl &url) {
+    return url.isLocalFile() ? url.toLocalFile() : url.toString(QUrl::FullyEncoded);
+}
+
 /// Some programs name this machine in the address of a file, others do not.
 QUrl withoutOwnHost(const QUrl &url) {
     const QString host = url.host();
@@ -43,11 +53,24 @@ void Productivity::hold(const QList<QUrl> &urls) {
     QList<QUrl> held = m_held;
     for (const QUrl &given : urls) {
         const QUrl url = withoutOwnHost(given);
-        if ((url.isLocalFile() || isWebScheme(url.scheme())) && !held.contains(url)) {
+        const bool isWanted = url.isLocalFile() ? url.host().isEmpty() : isWebScheme(url.scheme());
+        if (isWanted && !held.contains(url)) {
             held.append(url);
         }
     }
     setHeld(held);
+}
+
+void Productivity::holdDropped(const QString &uriList) {
+    QList<QUrl> urls;
+    for (const QStringView line : QStringView(uriList).split(u'\n', Qt::SkipEmptyParts)) {
+        const QStringView text = line.trimmed();
+        const QUrl url = QUrl::fromEncoded(text.toUtf8());
+        if (!text.startsWith(u'#') && (url.isLocalFile() || isWebScheme(schemeOf(text)))) {
+            urls.append(url);
+        }
+    }
+    hold(urls);
 }
 
 void Productivity::addFiles() {
@@ -63,10 +86,8 @@ void Productivity::addFiles() {
 }
 
 bool Productivity::addLink(const QString &text) {
-    // A QUrl would say the scheme in lower case.
-    const QStringView scheme = QStringView(text).left(text.indexOf(u':'));
     const QUrl url(text);
-    if (!isWebScheme(scheme) || !url.isValid()) {
+    if (!isWebScheme(schemeOf(text)) || !url.isValid()) {
         return false;
     }
     hold({url});
@@ -79,8 +100,15 @@ void Productivity::removeHeld(const QUrl &url) {
     setHeld(held);
 }
 
+void Productivity::copyItems(const QList<QUrl> &urls) {
+    if (!urls.isEmpty()) {
+        m_hosts.pasteboard->writeItems(urls);
+        finishCopy();
+    }
+}
+
 void Productivity::copyPath(const QUrl &url) {
-    copyText(url.isLocalFile() ? url.toLocalFile() : url.toString(QUrl::FullyEncoded));
+    copyText(asText(url));
 }
 
 void Productivity::copyImage(const QUrl &url) {

@@ -1,6 +1,7 @@
 #include "Productivity.h"
 
 #include "Hosts.h"
+#include "ShownText.h"
 
 namespace perchly {
 
@@ -17,7 +18,7 @@ Productivity::Productivity(Hosts &hosts, QObject *parent)
 Productivity::~Productivity() = default;
 
 void Productivity::setMessage(const QString &message) {
-    m_message = message;
+    m_message = inOneLine(message);
     Q_EMIT messageChanged();
 }
 

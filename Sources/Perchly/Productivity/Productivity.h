@@ -53,8 +53,12 @@ public:
     [[nodiscard]] const QList<QUrl> &held() const { return m_held; }
     void setHeld(const QList<QUrl> &held);
     /// Adds what is not held yet. Of the URLs that are not files, only those whose scheme is
-    /// exactly "http" or "https" are taken; the others are passed over silently.
+    /// exactly "http" or "https" are taken; the others, and files of other machines, are passed
+    /// over silently.
     Q_INVOKABLE void hold(const QList<QUrl> &urls);
+    /// The same for a dropped "text/uri-list". As it says how each scheme was written, which a QUrl
+    /// does not, links in capitals are passed over, too.
+    Q_INVOKABLE void holdDropped(const QString &uriList);
     /// Asks for files and folders and holds what was chosen. Another call while the person is
     /// choosing does nothing.
     Q_INVOKABLE void addFiles();
@@ -62,7 +66,10 @@ public:
     Q_INVOKABLE bool addLink(const QString &text);
     Q_INVOKABLE void removeHeld(const QUrl &url);
     Q_INVOKABLE void clearHeld() { setHeld({}); }
-    /// Copies a file's path, or a link.
+    /// Copies the files and links themselves, as a file manager does; programs that take texts get
+    /// what copyPath() copies, one in a line.
+    Q_INVOKABLE void copyItems(const QList<QUrl> &urls);
+    /// Copies a file's path, or a link, as text.
     Q_INVOKABLE void copyPath(const QUrl &url);
     /// Copies the picture in a file; what turns out to be none is copied as by copyPath(). The file
     /// is read in the background.
@@ -114,6 +121,9 @@ public:
     Q_INVOKABLE void refreshShortcuts();
     /// Runs one and reports its end as the message. Nothing happens while another runs.
     Q_INVOKABLE void runShortcut(const QString &name);
+    /// Ends the shortcut that is running and what it has started; its end is reported when it has
+    /// come. Nothing happens when none is running.
+    Q_INVOKABLE void stopShortcut();
     Q_INVOKABLE void addToShelf(const QString &name, perchly::ShelfLibrary *library);
     /// Where the shortcuts are, with "~" for the person's home.
     [[nodiscard]] QString shortcutsFolder() const;
@@ -151,6 +161,7 @@ private:
     [[nodiscard]] FileServices::Completion reportFailure(const QString &doing, const QUrl &url);
     void watchPasteboard();
     void record(const PasteboardContent &content);
+    void finishCopy();
     void loadLayouts();
 
     Hosts &m_hosts;
@@ -160,6 +171,7 @@ private:
     bool m_paused = false;
     QStringList m_shortcuts;
     QString m_busyShortcut;
+    bool m_stopped = false; ///< the busy shortcut was asked to end
     QString m_message;
     QList<SavedLayout> m_layouts;
     qint64 m_pasteboardCount = 0;

@@ -30,16 +30,24 @@ void Productivity::runShortcut(const QString &name) {
     }
     // A name is present even where it is empty.
     m_busyShortcut = name.isNull() ? QStringLiteral("") : name;
+    m_stopped = false;
     Q_EMIT busyShortcutChanged();
     m_shortcutRun = m_hosts.shortcuts->execute(
         {QStringLiteral("run"), name}, [this, name](const ShortcutsTool::Result &result) {
             m_busyShortcut = QString();
             Q_EMIT busyShortcutChanged();
-            setMessage(result.status == 0
-                           ? QStringLiteral("Finished: ") + name
-                           : QStringLiteral("Shortcut failed: ") + name +
-                                 QStringLiteral(". Check its permissions in Shortcuts."));
+            setMessage(result.status == 0 ? QStringLiteral("Finished: ") + name
+                       : m_stopped        ? QStringLiteral("Stopped: ") + name
+                                          : QStringLiteral("Shortcut failed: ") + name +
+                                         QStringLiteral(". Check its permissions in Shortcuts."));
         });
+}
+
+void Productivity::stopShortcut() {
+    if (!m_busyShortcut.isNull()) {
+        m_stopped = true;
+        m_hosts.shortcuts->stopRuns();
+    }
 }
 
 void Productivity::addToShelf(const QString &name, ShelfLibrary *library) {

@@ -119,7 +119,7 @@ QVariant InstalledApplications::data(const QModelIndex &index, int role) const {
     case ItemRole:
         return QVariant::fromValue(item);
     case NameRole:
-        return item.name;
+        return item.shownName();
     case PathRole:
         return item.applicationPath();
     case AddedRole:

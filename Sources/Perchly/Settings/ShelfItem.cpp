@@ -1,5 +1,7 @@
 #include "ShelfItem.h"
 
+#include "ShownText.h"
+
 #include <QDir>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -78,6 +80,14 @@ ShelfItem ShelfItem::forShortcut(const QString &name) {
 
 ShelfItem ShelfItem::forApplication(const QString &path, const QString &name) {
     return {.id = QDir::cleanPath(path), .name = name, .path = path};
+}
+
+QString ShelfItem::shownName() const {
+    return inOneLine(name);
+}
+
+bool ShelfItem::removable() const {
+    return widgetTitle().isEmpty() && (path || shortcutName);
 }
 
 QString ShelfItem::kind() const {

@@ -19,12 +19,13 @@ namespace perchly {
 struct ShelfItem {
     Q_GADGET
     Q_PROPERTY(QString id MEMBER id CONSTANT FINAL)
-    Q_PROPERTY(QString name MEMBER name CONSTANT FINAL)
+    Q_PROPERTY(QString name READ shownName CONSTANT FINAL)
     Q_PROPERTY(QString kind READ kind CONSTANT FINAL)
     Q_PROPERTY(QString widgetTitle READ widgetTitle CONSTANT FINAL)
     Q_PROPERTY(QString applicationPath READ applicationPath CONSTANT FINAL)
     Q_PROPERTY(bool visible MEMBER visible CONSTANT FINAL)
     Q_PROPERTY(bool favorite MEMBER favorite CONSTANT FINAL)
+    Q_PROPERTY(bool removable READ removable CONSTANT FINAL)
 public:
     QString id;
     QString name;
@@ -39,6 +40,10 @@ public:
     /// `path` is kept as given; the identifier is its form without dot segments.
     [[nodiscard]] static ShelfItem forApplication(const QString &path, const QString &name);
 
+    /// The name as views show it: in one line, and in its own direction.
+    [[nodiscard]] QString shownName() const;
+    /// Applications and shortcuts can be removed from the shelf, the rest only hidden.
+    [[nodiscard]] bool removable() const;
     /// What to show for the item: "widget" when it names one, else "shortcut", "application" or,
     /// when it is none of them, the empty string.
     [[nodiscard]] QString kind() const;

@@ -3,6 +3,7 @@
 #include "LinuxHosts.h"
 #include "SymbolIcon.h"
 #include "TerminationSignals.h"
+#include "Theme.h"
 
 #include <QApplication>
 #include <QQuickWindow>
@@ -29,6 +30,7 @@ int main(int argc, char **argv) {
     QApplication::setApplicationName(QStringLiteral("perchly"));
     QApplication::setDesktopFileName(QStringLiteral("org.perchly.Perchly"));
     QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setPalette(Theme::palette());
 
     const auto instance = makeSingleInstance();
     if (!instance->claim()) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "InstalledApplications.h"
-#include "LibraryEntries.h"
 #include "ShelfItem.h"
 #include "ShelfLibrary.h"
 
@@ -13,12 +12,6 @@ struct InstalledApplicationsForeign {
     Q_GADGET
     QML_FOREIGN(perchly::InstalledApplications)
     QML_NAMED_ELEMENT(InstalledApplications)
-};
-
-struct LibraryEntriesForeign {
-    Q_GADGET
-    QML_FOREIGN(perchly::LibraryEntries)
-    QML_NAMED_ELEMENT(LibraryEntries)
 };
 
 struct ShelfItemForeign {

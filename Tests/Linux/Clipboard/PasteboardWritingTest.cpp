@@ -82,6 +82,8 @@ private Q_SLOTS:
     void aTextIsPastedInEveryForm();
     void anImageIsPastedAsItIsAndInTheOtherForm_data();
     void anImageIsPastedAsItIsAndInTheOtherForm();
+    void filesArePastedAsWhatTheyAre_data();
+    void filesArePastedAsWhatTheyAre();
     void bytesThatAreNoImageLeaveNothing();
     void severalFormsAreGivenAtOnce();
     void aWriteIsCountedOnce();
@@ -134,6 +136,29 @@ void PasteboardWritingTest::anImageIsPastedAsItIsAndInTheOtherForm() {
     QVERIFY(!image.isNull());
     QCOMPARE(QImage::fromData(tiff, "tiff").convertToFormat(image.format()), image);
     QVERIFY(OtherProgram::paste(QStringLiteral("UTF8_STRING")).isNull());
+}
+
+void PasteboardWritingTest::filesArePastedAsWhatTheyAre_data() {
+    QTest::addColumn<QByteArray>("files");
+    QTest::addColumn<QByteArray>("some");
+    const QByteArray file = "file:///tmp/%C3%A4%20b.txt";
+    const QByteArray link = "https://example.org/?q=1";
+    QTest::newRow("text/uri-list") << file + "\r\n" << file + "\r\n" + link + "\r\n";
+    QTest::newRow("x-special/gnome-copied-files") << "copy\n" + file << QByteArray();
+    QTest::newRow("UTF8_STRING") << QByteArray("/tmp/ä b.txt") << "/tmp/ä b.txt\n" + link;
+}
+
+void PasteboardWritingTest::filesArePastedAsWhatTheyAre() {
+    X11Pasteboard pasteboard;
+    const QUrl file = QUrl::fromLocalFile(QStringLiteral("/tmp/ä b.txt"));
+    pasteboard.writeItems({file});
+    QTRY_VERIFY(hasOwner(m_client, m_clipboard));
+    const QString form = QString::fromLatin1(QTest::currentDataTag());
+    QTEST(OtherProgram::paste(form), "files");
+    pasteboard.writeItems({file, QUrl(QStringLiteral("https://example.org/?q=1"))});
+    QTest::qWait(50);
+    QTEST(OtherProgram::paste(form), "some");
+    QCOMPARE(pasteboard.changeCount(), 2);
 }
 
 void PasteboardWritingTest::bytesThatAreNoImageLeaveNothing() {

@@ -43,6 +43,8 @@ private Q_SLOTS:
     void aRunGivesTheStatusOfTheShortcut_data();
     void aRunGivesTheStatusOfTheShortcut();
     void aShortcutGoesOnWhenNobodyWaits();
+    void aStopEndsTheShortcutAndWhatItStarted_data();
+    void aStopEndsTheShortcutAndWhatItStarted();
     void aToolThatMisbehavesIsAFailure_data();
     void aToolThatMisbehavesIsAFailure();
     void otherArgumentsAreWrongUsage();
@@ -202,6 +204,29 @@ void ShortcutsTest::aShortcutGoesOnWhenNobodyWaits() {
     tool.reset();
     QVERIFY(timer.elapsed() < 1000);
     QCOMPARE(kill(marked().toInt(), SIGKILL), 0);
+}
+
+void ShortcutsTest::aStopEndsTheShortcutAndWhatItStarted_data() {
+    QTest::addColumn<QByteArray>("script");
+    QTest::addColumn<int>("least");
+    QTest::newRow("when they are asked") << QByteArray("sleep 60 & echo $! > $MARKER; wait") << 0;
+    QTest::newRow("when they will not")
+        << QByteArray("trap '' TERM; sh -c 'echo $$ > $MARKER; while :; do sleep 1; done'") << 2000;
+}
+
+void ShortcutsTest::aStopEndsTheShortcutAndWhatItStarted() {
+    QFETCH(QByteArray, script);
+    QFETCH(int, least);
+    write(QStringLiteral("Endless.sh"), "#!/bin/sh\n" + script + '\n');
+    Call call(m_tool, {QStringLiteral("run"), QStringLiteral("Endless")});
+    QTRY_VERIFY(!marked().isEmpty());
+    QElapsedTimer timer;
+    timer.start();
+    m_tool.stopRuns();
+    QVERIFY(call.ends());
+    QCOMPARE(call.result->status, -1);
+    QVERIFY(timer.elapsed() >= least && timer.elapsed() < least + 1500);
+    QTRY_VERIFY(kill(marked().toInt(), 0) != 0);
 }
 
 void ShortcutsTest::aToolThatMisbehavesIsAFailure_data() {

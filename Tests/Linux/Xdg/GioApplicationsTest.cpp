@@ -8,6 +8,10 @@
 #include <QTest>
 #include <QThread>
 
+#include <array>
+#include <fcntl.h>
+#include <unistd.h>
+
 using namespace perchly;
 
 namespace {
@@ -43,6 +47,7 @@ private Q_SLOTS:
     void initTestCase();
     void init();
     void launchesTheProgramOfADesktopEntry();
+    void whatAProgramSaysIsNotSaidHere();
     void activatesAnApplicationOverTheBus();
     void givesATerminalToWhoeverWantsOne_data();
     void givesATerminalToWhoeverWantsOne();
@@ -118,6 +123,28 @@ void GioApplicationsTest::launchesTheProgramOfADesktopEntry() {
     applications.open(entry(QStringLiteral("fields")));
     QTRY_COMPARE(marker(), QByteArray("Example 100% --icon picture " +
                                       entry(QStringLiteral("fields")).toUtf8()));
+}
+
+void GioApplicationsTest::whatAProgramSaysIsNotSaidHere() {
+    writeEntry(QStringLiteral("loud"),
+               "Exec=sh -c \"echo out; echo err >&2; readlink /proc/self/fd/0 > '" +
+                   m_marker.toUtf8() + "'\"");
+    std::array<int, 2> ends{};
+    QCOMPARE(pipe2(ends.data(), O_CLOEXEC), 0);
+    const std::array kept{dup(STDOUT_FILENO), dup(STDERR_FILENO)};
+    dup2(ends[1], STDOUT_FILENO);
+    dup2(ends[1], STDERR_FILENO);
+    close(ends[1]);
+    GioApplications applications;
+    applications.open(entry(QStringLiteral("loud")), recorder());
+    const bool done = QTest::qWaitFor([this] { return !marker().isEmpty(); });
+    dup2(kept[0], STDOUT_FILENO);
+    dup2(kept[1], STDERR_FILENO);
+    char said = 0;
+    QCOMPARE(read(ends[0], &said, 1), 0); // nobody else holds it open, either
+    QVERIFY(done);
+    QCOMPARE(marker(), QByteArray("/dev/null"));
+    close(ends[0]);
 }
 
 void GioApplicationsTest::givesATerminalToWhoeverWantsOne_data() {

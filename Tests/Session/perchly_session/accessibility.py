@@ -99,6 +99,14 @@ class Node:
             yield from child.walk()
 
 
+def _arrow(here, there, role):
+    if role not in ("push button", "check box"):
+        return "Tab"  # it needs the arrows itself
+    if here[0] != there[0]:
+        return "Down" if here[0] < there[0] else "Up"
+    return "Right" if here[1] < there[1] else "Left"
+
+
 class Accessibility:
     """Finds elements of one process. Elements come and go with the shelf's states, so every search
     is repeated until the deadline."""
@@ -138,6 +146,30 @@ class Accessibility:
         except GLib.Error:
             pass
         return found
+
+    def key_towards(self, names, subject=None):
+        """The key that brings the keyboard nearer to a control of one of those names (for that
+        entry): an arrow where the list that has the keyboard holds it, else Tab."""
+        try:
+            for group in self.application().walk():
+                if group.role == "list" and group.showing:
+                    rows = sorted(group.children, key=lambda row: row.extents[1])
+                    places = [
+                        ((row, place), node)
+                        for row, item in enumerate(rows)
+                        for place, node in enumerate(item.walk())
+                    ]
+                    here = [place for place, node in places if node.focused and node.name]
+                    there = [
+                        place
+                        for place, node in places
+                        if node.name in names and subject in (None, node.description)
+                    ]
+                    if here and there:
+                        return _arrow(here[-1], there[0], dict(places)[here[-1]].role)
+        except GLib.Error:
+            pass
+        return "Tab"
 
     def outline(self):
         """The tree as indented lines, for a failure's report."""

@@ -64,8 +64,8 @@ class SessionCase(unittest.TestCase):
             self.screen.key(*KEYS.get(character, (character,)))
 
     def go_to(self, *names, subject=None):
-        """Presses Tab until a control of one of those names (for that entry) has the keyboard;
-        returns its name."""
+        """Presses Tab, and arrows inside a list, until a control of one of those names (for that
+        entry) has the keyboard; returns its name."""
         tree = self.program.accessibility()
         seen = []
 
@@ -74,7 +74,7 @@ class SessionCase(unittest.TestCase):
             if node and node.name in names and subject in (None, node.description):
                 return node.name
             seen.append(node.name if node else None)
-            self.screen.key("Tab")
+            self.screen.key(tree.key_towards(names, subject))
             return None
 
         try:

@@ -36,6 +36,8 @@ RowCard {
 
             Accessible.ignored: true
             Layout.fillWidth: true
+            color: root.row.isBlank ? Theme.grey : Theme.text
+            font.italic: root.row.isBlank
             font.pixelSize: 13
             lineHeight: 1.1
             maximumLineCount: 3

@@ -82,6 +82,7 @@ ColumnLayout {
         Layout.fillWidth: true
         label: "Clipboard history"
         model: rows
+        placeholder: root.workspace.search !== "" ? "No copied text matches." : root.tools.clipboardEnabled ? "Nothing was copied yet." : "Enable the history to keep what you copy from now on."
 
         delegate: ClipRow {
             id: clip

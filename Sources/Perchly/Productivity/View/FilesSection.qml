@@ -48,6 +48,14 @@ ColumnLayout {
             rows.lookAgain();
         }
     }
+    Connections {
+        target: root.Window.window
+
+        // Whatever deleted a file meanwhile was another window.
+        function onActiveChanged() {
+            rows.lookAgain();
+        }
+    }
 
     SecondaryText {
         Layout.fillWidth: true
@@ -104,7 +112,7 @@ ColumnLayout {
             keys: ["text/uri-list"]
 
             onDropped: drop => {
-                root.tools.hold(drop.urls);
+                root.tools.holdDropped(drop.getDataAsString("text/uri-list"));
                 drop.accept(Qt.CopyAction);
             }
             // Only references are kept: a source that were told "move" would delete what it gave.
@@ -131,6 +139,8 @@ ColumnLayout {
             visible: rows.count > 1
 
             RowLayout {
+                anchors.left: parent.left
+                anchors.right: parent.right
                 anchors.verticalCenter: parent.verticalCenter
                 spacing: 9
 
@@ -140,9 +150,16 @@ ColumnLayout {
                     size: 12
                 }
                 Label {
+                    Layout.fillWidth: true
                     color: Theme.grey
                     font.pixelSize: 12
                     text: all.label
+                }
+                PushButton {
+                    size: 11
+                    text: "Copy all"
+
+                    onActivated: root.tools.copyItems(root.tools.held)
                 }
             }
         }

@@ -15,10 +15,21 @@ DragPlate {
 
     signal removed()
 
+    function copy() {
+        root.tools.copyItems([root.row.url]);
+    }
+
     Accessible.name: root.label
     Accessible.role: Accessible.ListItem
     label: root.row.label
     urls: [root.row.url]
+
+    Keys.onPressed: event => {
+        event.accepted = event.matches(StandardKey.Copy);
+        if (event.accepted) {
+            root.copy();
+        }
+    }
 
     ColumnLayout {
         spacing: 9

@@ -76,6 +76,7 @@ ColumnLayout {
         Layout.fillWidth: true
         label: "Layouts"
         model: rows
+        placeholder: "No saved layouts yet."
 
         delegate: RowCard {
             id: layout

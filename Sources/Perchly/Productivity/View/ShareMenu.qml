@@ -22,7 +22,7 @@ IconButton {
         if (index < root.targets.length) {
             root.tools.share(root.url, root.targets[index].id);
         } else {
-            root.tools.copyPath(root.url);
+            root.tools.copyItems([root.url]);
         }
     }
 

@@ -69,8 +69,9 @@ ColumnLayout {
             id: shortcut
 
             required property var row
+            readonly property bool running: root.tools.busyShortcut === shortcut.row.name
 
-            Accessible.name: shortcut.row.name
+            Accessible.name: shortcut.row.label
             Accessible.role: Accessible.ListItem
             width: ListView.view.width
 
@@ -88,27 +89,50 @@ ColumnLayout {
                     Accessible.ignored: true
                     Layout.fillWidth: true
                     font.pixelSize: 13
-                    text: shortcut.row.name
+                    text: shortcut.row.label
                 }
                 CaptionText {
                     color: Theme.accent
                     text: "Running"
-                    visible: root.tools.busyShortcut === shortcut.row.name
+                    visible: shortcut.running
                 }
                 PushButton {
-                    Accessible.description: shortcut.row.name
+                    Accessible.description: shortcut.row.label
                     size: 12
                     text: "Add to shelf"
 
                     onActivated: root.tools.addToShelf(shortcut.row.name, root.library)
                 }
                 PushButton {
-                    Accessible.description: shortcut.row.name
+                    id: run
+
+                    Accessible.description: shortcut.row.label
                     enabled: root.tools.busyShortcut === ""
                     size: 12
                     text: "Run"
 
-                    onActivated: root.tools.runShortcut(shortcut.row.name)
+                    onActivated: {
+                        const hadKeyboard = run.activeFocus;
+                        root.tools.runShortcut(shortcut.row.name);
+                        if (hadKeyboard && stop.visible) {
+                            stop.forceActiveFocus(Qt.TabFocusReason);
+                        }
+                    }
+                }
+                PushButton {
+                    id: stop
+
+                    Accessible.description: shortcut.row.label
+                    size: 12
+                    text: "Stop"
+                    visible: shortcut.running
+
+                    onActivated: root.tools.stopShortcut()
+                    onVisibleChanged: {
+                        if (!stop.visible && stop.focus) {
+                            run.forceActiveFocus(Qt.TabFocusReason);
+                        }
+                    }
                 }
             }
         }

@@ -24,6 +24,32 @@ void WorkspaceRows::setTools(Productivity *tools) {
     Q_EMIT toolsChanged();
 }
 
+namespace {
+
+QString shownLabel(const QUrl &url) {
+    const QString label = inOneLine(Productivity::labelOf(url));
+    return showsNothing(label) ? url.fileName(QUrl::FullyEncoded) : label;
+}
+
+/// What a row shows of a text: from its first line on that can be seen.
+QString shownLabel(const Clip &clip) {
+    const QString label = clip.label();
+    if (showsNothing(label)) {
+        return QStringLiteral("Blank text, %L1 characters").arg(label.size());
+    }
+    const auto isLineOfNothing = [&label](qsizetype start, qsizetype end) {
+        return showsNothing(label.mid(start, end - start));
+    };
+    qsizetype start = 0;
+    for (qsizetype end = label.indexOf(u'\n'); end >= 0 && isLineOfNothing(start, end);
+         end = label.indexOf(u'\n', start)) {
+        start = end + 1;
+    }
+    return shownPart(label.mid(start));
+}
+
+} // namespace
+
 void HeldRows::refresh() {
     QList<Row> rows;
     for (const QUrl &url : tools()->held()) {
@@ -33,7 +59,7 @@ void HeldRows::refresh() {
         }
         rows.append({url.toString(QUrl::FullyEncoded),
                      {{QStringLiteral("url"), url},
-                      {QStringLiteral("label"), inOneLine(Productivity::labelOf(url))},
+                      {QStringLiteral("label"), shownLabel(url)},
                       {QStringLiteral("isFile"), url.isLocalFile()},
                       {QStringLiteral("isPicture"), m_pictures.value(url)}}});
     }
@@ -41,9 +67,13 @@ void HeldRows::refresh() {
 }
 
 void HeldRows::lookAgain() {
-    if (tools() != nullptr) {
-        m_pictures.clear();
-        refresh();
+    if (tools() == nullptr) {
+        return;
+    }
+    m_pictures.removeIf(
+        [this](const auto &entry) { return !tools()->held().contains(entry.key()); });
+    for (auto entry = m_pictures.cbegin(); entry != m_pictures.cend(); ++entry) {
+        look(entry.key());
     }
 }
 
@@ -77,7 +107,8 @@ void ClipRows::refresh() {
         if (matchesSearch(label, m_search)) {
             rows.append({clip.id.toString(),
                          {{QStringLiteral("id"), clip.id.toString()},
-                          {QStringLiteral("label"), shownPart(label)},
+                          {QStringLiteral("label"), shownLabel(clip)},
+                          {QStringLiteral("isBlank"), showsNothing(label)},
                           {QStringLiteral("isImage"), clip.isImage()},
                           {QStringLiteral("text"), clip.text.value_or(QString())}}});
         }
@@ -98,7 +129,8 @@ void LayoutRows::refresh() {
 void ShortcutRows::refresh() {
     QList<Row> rows;
     for (const QString &name : tools()->shortcuts()) {
-        rows.append({name, {{QStringLiteral("name"), name}}});
+        rows.append(
+            {name, {{QStringLiteral("name"), name}, {QStringLiteral("label"), inOneLine(name)}}});
     }
     setRows(rows);
 }

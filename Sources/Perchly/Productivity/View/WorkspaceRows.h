@@ -45,7 +45,7 @@ class HeldRows : public perchly::WorkspaceRows {
 public:
     using WorkspaceRows::WorkspaceRows;
 
-    /// Looks again which files are pictures.
+    /// Looks again which files are pictures; until that is known, they stay what they were.
     Q_INVOKABLE void lookAgain();
 
 protected:
@@ -59,7 +59,7 @@ private:
 };
 
 /// The clips that match a search: "id", "label", of which no more is given than can be shown,
-/// "isImage" and "text".
+/// "isBlank" when there is nothing to see in it, "isImage" and "text".
 class ClipRows : public perchly::WorkspaceRows {
     Q_OBJECT
     QML_ELEMENT
@@ -95,7 +95,7 @@ protected:
     }
 };
 
-/// The listed shortcuts: "name".
+/// The listed shortcuts: "name", and "label" to be shown.
 class ShortcutRows : public perchly::WorkspaceRows {
     Q_OBJECT
     QML_ELEMENT

@@ -49,6 +49,7 @@ ColumnLayout {
         Layout.fillHeight: true
         Layout.fillWidth: true
         label: "Installed apps"
+        placeholder: search.text !== "" ? "No app matches." : "No apps found yet."
         reuseItems: true
 
         model: InstalledApplications {

@@ -8,11 +8,13 @@ RowCard {
     id: root
 
     required property int index
-    required property shelfItem entry
+    required property var row
     required property ShelfLibrary library
-    required property ScrollList rows
+    required property ScrollList list
+    /// Some row of the list has the last button.
+    property bool someRemovable: true
 
-    readonly property bool removable: root.entry.kind !== "widget" && root.entry.kind !== ""
+    readonly property shelfItem entry: root.row.entry
 
     /// Moves the entry. Who pressed the button by a key keeps the keyboard in this row, also when the
     /// row has come to an end of the list.
@@ -20,19 +22,19 @@ RowCard {
         const hadKeyboard = button.activeFocus;
         root.library.move(root.entry.id, offset);
         if (hadKeyboard) {
-            root.rows.view.positionViewAtIndex(root.index, ListView.Contain);
+            root.list.view.positionViewAtIndex(root.index, ListView.Contain);
             (button.enabled ? button : other).forceActiveFocus(Qt.TabFocusReason);
         }
     }
 
     function remove() {
-        const rows = root.rows;
+        const list = root.list;
         const row = root.index;
         const hadKeyboard = removeButton.activeFocus;
-        const control = rows.focusedControl();
+        const control = list.focusedControl();
         root.library.remove(root.entry.id);
         if (hadKeyboard) {
-            rows.focusRow(row, control);
+            list.focusRow(row, control);
         }
     }
 
@@ -91,7 +93,7 @@ RowCard {
         IconButton {
             id: later
 
-            enabled: root.index < root.rows.count - 1
+            enabled: root.index < root.list.count - 1
             subject: root.entry.name
             symbol: "arrow.down"
             toolTip: "Move later"
@@ -104,14 +106,14 @@ RowCard {
             subject: root.entry.name
             symbol: "minus.circle"
             toolTip: "Remove from shelf"
-            visible: root.removable
+            visible: root.entry.removable
 
             onActivated: root.remove()
         }
         // Keeps the columns of rows with and without the last button in line.
         Item {
             implicitWidth: removeButton.implicitWidth
-            visible: !root.removable
+            visible: root.someRemovable && !root.entry.removable
         }
     }
 }

@@ -4,6 +4,7 @@ import QtQuick
 import QtQuick.Layouts
 import Perchly.Look
 import Perchly.Stores
+import Perchly.Settings
 
 /// Every entry of the library, with what can be done with it.
 ColumnLayout {
@@ -12,6 +13,12 @@ ColumnLayout {
     required property ShelfLibrary library
 
     spacing: 14
+
+    LibraryRows {
+        id: rows
+
+        library: root.library
+    }
 
     SwitchRow {
         Layout.fillWidth: true
@@ -25,18 +32,19 @@ ColumnLayout {
         text: "Use the eye to show or hide, the star to favorite, and arrows to rearrange."
     }
     ScrollList {
-        id: list
+        id: entries
 
         Layout.fillHeight: true
         Layout.fillWidth: true
         label: "Shelf entries"
 
-        model: LibraryEntries {
-            library: root.library
-        }
+        model: rows
+        placeholder: "Nothing is on your shelf. Add something under “Apps”."
+
         delegate: EntryRow {
             library: root.library
-            rows: list
+            list: entries
+            someRemovable: rows.someRemovable
         }
     }
 }

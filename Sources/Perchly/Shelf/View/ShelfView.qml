@@ -235,7 +235,7 @@ FocusScope {
 
         onDropped: drop => {
             if (drop.hasUrls) {
-                root.productivity.hold(drop.urls);
+                root.productivity.holdDropped(drop.getDataAsString("text/uri-list"));
                 drop.accept(Qt.CopyAction);
             }
         }
