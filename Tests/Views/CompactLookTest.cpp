@@ -54,11 +54,6 @@ private Q_SLOTS:
         QCOMPARE(QStringList({actual.symbol, actual.status, actual.title}), look);
     }
 
-    void timesAreMinutesAndSeconds() {
-        QCOMPARE(minutesAndSeconds(9), QStringLiteral("00:09"));
-        QCOMPARE(minutesAndSeconds(180 * 60), QStringLiteral("180:00"));
-    }
-
     void aTickOfTheTimerAnnouncesTheTimeAlone() {
         FakeHosts fakes;
         ShelfModel model(fakes.clock, fakes.preferences, fakes.alertSound);
