@@ -1,5 +1,7 @@
 // What the mixer's side of the sound system costs.
 //   RouteBenchmark route PID      routes the process until the standard input ends
+//   RouteBenchmark rounds PID N   routes it and lets it go so often, once a second each; says how
+//                                 long the first and the slowest other enabling held the thread
 //   RouteBenchmark idle           only follows the sound system
 //   RouteBenchmark list ROUNDS    microseconds of CPU for one reading of what plays
 #include "MixerError.h"
@@ -8,10 +10,12 @@
 #include "TapPlayback.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QSocketNotifier>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdio>
 #include <ctime>
 #include <memory>
@@ -60,17 +64,39 @@ AudioObject processOf(const PipeWireAudioSystem &system, std::int32_t pid) {
     return 0;
 }
 
+/// Each stands for a second in which the process is routed and one in which it is not.
+void rounds(PipeWireAudioSystem &system, AudioObject process, int count) {
+    double first = 0;
+    double slowest = 0;
+    for (int round = 0; round < count; ++round) {
+        QElapsedTimer time;
+        time.start();
+        TapPlayback route(system, process);
+        const double milliseconds = double(time.nsecsElapsed()) / 1e6;
+        (round == 0 ? first : slowest) =
+            round == 0 ? milliseconds : std::max(slowest, milliseconds);
+        wait(1000);
+        route.stop();
+        wait(1000);
+    }
+    std::printf("enabling: %.1f ms at first, %.1f ms at most later\n", first, slowest);
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
     QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    PipeWireAudioSystem system(findRunningApplication);
+    PipeWireAudioSystem system(findRunningApplication, QStringLiteral(ROUTE_KEEPER));
     system.start();
     wait(1500);
     const QString mode = arguments.value(1);
     if (mode == QStringLiteral("list")) {
         list(system, arguments.value(2).toInt());
+        return 0;
+    }
+    if (mode == QStringLiteral("rounds")) {
+        rounds(system, processOf(system, arguments.value(2).toInt()), arguments.value(3).toInt());
         return 0;
     }
     std::unique_ptr<TapPlayback> route;

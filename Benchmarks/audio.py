@@ -6,6 +6,7 @@ RouteBenchmark and RouteProbe; --underruns is the length of the last part in sec
 """
 
 import argparse
+import json
 import os
 import subprocess
 import sys
@@ -74,6 +75,36 @@ def latency(probe_program, route_program):
         print(f"quantum {quantum}: {routed - direct} frames added ({direct} direct, {routed} routed)")
 
 
+def send_probe(sink):
+    """To that sink, or to the default output."""
+    objects = json.loads(subprocess.check_output(["pw-dump"]))
+    node = next(
+        each["id"] for each in objects
+        if each["type"].endswith(":Node") and each["info"]["props"].get("node.name") == "probe"
+    )
+    change = ["-d", str(node), "target.object"] if sink is None else [str(node), "target.object", sink, "Spa:String"]
+    subprocess.run(["pw-metadata", "-n", "default", *change], stdout=subprocess.DEVNULL, check=True)
+
+
+def handovers(probe_program, route_program, rounds=30):
+    """Breaks as a program is routed and let go, and as the session manager alone moves it to and fro."""
+    set_quantum(1024)
+    with Partner(LOOPBACK), Partner([probe_program]) as probe:
+        time.sleep(1)
+        probe.ask()
+        for _ in range(rounds):
+            send_probe("loop")
+            time.sleep(1)
+            send_probe(None)
+            time.sleep(1)
+        print(f"{rounds} times sent to pw-loopback and back: {probe.ask()[1]} breaks")
+    with Partner([probe_program]) as probe:
+        time.sleep(1)
+        probe.ask()
+        subprocess.run([route_program, "rounds", str(probe.pid), str(rounds)], check=True)
+        print(f"{rounds} times routed and let go: {probe.ask()[1]} breaks")
+
+
 def cost(name, pid, seconds):
     memory = proportional_megabytes(pid)
     start = cpu_seconds(pid)
@@ -138,6 +169,7 @@ def main():
     folder = Path(options.folder).resolve()
     programs = (str(folder / "RouteProbe"), str(folder / "RouteBenchmark"))
     latency(*programs)
+    handovers(*programs)
     costs(*programs, options.seconds)
     refresh(*programs)
     underruns(*programs, options.underruns)

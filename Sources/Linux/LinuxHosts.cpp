@@ -45,6 +45,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr const char *busVariable = "DBUS_SESSION_BUS_ADDRESS";
+constexpr const char *drawingDelay = "QT_QPA_UPDATE_IDLE_TIME";
 
 bool wantsNullHosts() {
     return qEnvironmentVariable("PERCHLY_HOSTS") == QStringLiteral("null");
@@ -115,6 +116,15 @@ std::unique_ptr<CalendarStore> calendarStore() {
                                                     canAsk ? askForCalendars : nullptr);
 }
 
+std::unique_ptr<AudioSystem> audioSystem() {
+    const QString keeper = findCompanion(QStringLiteral("perchly-routekeeper"));
+    if (keeper.isEmpty()) {
+        tellOnce("perchly-routekeeper is not installed: an application that was moved to an output "
+                 "goes to the default one if Perchly is killed while it sets its volume");
+    }
+    return std::make_unique<PipeWireAudioSystem>(findRunningApplication, keeper);
+}
+
 void addDesktop(Hosts &hosts) {
     const auto bus = sessionBus();
     // A connection that never was answers like a bus on which nobody is.
@@ -137,7 +147,7 @@ void addDesktop(Hosts &hosts) {
     hosts.power = std::make_unique<BusPowerSources>();
     hosts.playerNotifications = std::make_unique<BusPlayerNotifications>();
     hosts.musicPlayer = std::make_unique<DefaultMusicPlayer>(*hosts.applications);
-    hosts.audio = std::make_unique<PipeWireAudioSystem>(findRunningApplication);
+    hosts.audio = audioSystem();
 }
 
 void addWindowSystem(Hosts &hosts) {
@@ -179,6 +189,10 @@ SilentBusScreen::~SilentBusScreen() {
 }
 
 WindowSystemChoice::WindowSystemChoice() {
+    // Otherwise five milliseconds pass after every change before it is drawn.
+    if (!qEnvironmentVariableIsSet(drawingDelay)) {
+        qputenv(drawingDelay, "0");
+    }
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         m_connection = connectToXServer();
         qputenv("QT_QPA_PLATFORM", m_connection ? "xcb" : "offscreen");

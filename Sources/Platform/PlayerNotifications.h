@@ -22,6 +22,8 @@ public:
     [[nodiscard]] virtual PlayerPresence presence() const = 0;
 
 Q_SIGNALS:
+    void presenceChanged();
+
     /// A player's state has changed. The name is "com.apple.Music.playerInfo" or
     /// "com.spotify.client.PlaybackStateChanged"; the information holds strings for the keys
     /// "Name", "Artist" and "Player State" ("Playing", "Paused" or "Stopped"), without what is not

@@ -19,8 +19,8 @@ public:
     /// Where the pointer is now.
     [[nodiscard]] virtual ScreenPoint position() const = 0;
 
-    /// While on, the position is also looked at a few times a second, for jumps that the window
-    /// system does not report as movement.
+    /// While on, the position is also looked at a few times a second: a jump away from where it was
+    /// when last asked for is announced, which the window system does not report as movement.
     virtual void setPolling(bool on) = 0;
 
 Q_SIGNALS:

@@ -1,16 +1,19 @@
 #pragma once
 
 #include <QByteArray>
+#include <QList>
 #include <QObject>
 #include <QString>
 
 #include <optional>
+#include <utility>
 #include <variant>
 
 namespace perchly {
 
 /// What one key can hold: a boolean, a number, a string, or data (a stored document's UTF-8 JSON).
 using PreferenceValue = std::variant<bool, double, QString, QByteArray>;
+using PreferenceEntries = QList<std::pair<QString, PreferenceValue>>;
 
 /// The person's preferences: string keys with typed values. A set is durable when it returns: the
 /// program may be killed right after it. Readers check the stored type and never convert, so that
@@ -22,9 +25,10 @@ public:
 
     [[nodiscard]] virtual std::optional<PreferenceValue> value(const QString &key) const = 0;
 
-    /// Stores the value and announces it. A write that fails leaves what was stored on disk whole;
-    /// the new value holds for the run and is tried again with the next set.
-    virtual void setValue(const QString &key, const PreferenceValue &value) = 0;
+    /// Stores the values, all of them or, when the program is killed meanwhile, none; then
+    /// announces them in order. A write that fails leaves what was stored on disk whole; the new
+    /// values hold for the run and are tried again with the next set.
+    virtual void setValues(const PreferenceEntries &entries) = 0;
 
     /// Forgets the key and announces it, if it was there.
     virtual void removeValue(const QString &key) = 0;
@@ -36,6 +40,7 @@ public:
     [[nodiscard]] std::optional<QString> string(const QString &key) const;
     [[nodiscard]] std::optional<QByteArray> data(const QString &key) const;
 
+    void setValue(const QString &key, const PreferenceValue &value) { setValues({{key, value}}); }
     void setBoolean(const QString &key, bool value) { setValue(key, value); }
     void setNumber(const QString &key, double value) { setValue(key, value); }
     void setString(const QString &key, const QString &value) { setValue(key, value); }

@@ -39,8 +39,6 @@ private Q_SLOTS:
     void hostileTextCostsNobodyElse_data();
     void hostileTextCostsNobodyElse();
     void aHugeCalendarIsReadInTime();
-    void aFileThatEndsTooSoonIsTorn_data();
-    void aFileThatEndsTooSoonIsTorn();
     void calendarsAreFoundWhereProgramsKeepThem();
     void anythingElseIsWrongUsage();
 
@@ -293,28 +291,6 @@ void CalendarReaderTest::aHugeCalendarIsReadInTime() {
     QCOMPARE(shown(reading), QStringList(goodLine));
 }
 
-void CalendarReaderTest::aFileThatEndsTooSoonIsTorn_data() {
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<bool>("torn");
-    const QByteArray all = calendar(good);
-    QTest::newRow("whole") << all << false;
-    QTest::newRow("without events") << calendar({}) << false;
-    QTest::newRow("empty") << QByteArray() << true;
-    QTest::newRow("in its last line") << all.chopped(5) << true;
-    QTest::newRow("in an event") << all.left(all.indexOf("DURATION")) << true;
-    QTest::newRow("no calendar") << QByteArray("\0\0\0\0", 4) << true;
-}
-
-void CalendarReaderTest::aFileThatEndsTooSoonIsTorn() {
-    QFETCH(QByteArray, text);
-    writeFile(path(".calendars/a/1.ics"), text);
-    bool torn = false;
-    for (const CalendarReading::File &file : read().files) {
-        torn = torn || file.torn;
-    }
-    QTEST(torn, "torn");
-}
-
 void CalendarReaderTest::calendarsAreFoundWhereProgramsKeepThem() {
     const QByteArray text = calendar(good);
     writeFile(path(".config/khal/config"), "[calendars]\n[[a]]\npath = ~/khal/*\n");
@@ -326,6 +302,13 @@ void CalendarReaderTest::calendarsAreFoundWhereProgramsKeepThem() {
     writeFile(path(".local/share/evolution/calendar/1a2b/calendar.ics"), text);
     writeFile(path(".config/evolution/sources/1a2b.source"),
               "[Data Source]\nDisplayName[de]=x\nDisplayName=Home\n");
+    writeFile(path(".local/share/evolution/calendar/hidden/calendar.ics"), text);
+    writeFile(path(".config/evolution/sources/hidden.source"),
+              "[Data Source]\n[Calendar]\nBackendName=local\nSelected=false\n");
+    writeFile(path(".config/evolution/sources/custom.source"),
+              "[Data Source]\n[Calendar]\nBackendName=local\n[Local]\nCustomFile=file://" +
+                  path("a%20b.ics").toUtf8() + '\n');
+    writeFile(path("a b.ics"), text);
     writeFile(path(".config/akonadi_ical_resource_0rc"), "[General]\nPath[$e]=$HOME/kde/std.ics\n");
     writeFile(path("kde/std.ics"), text);
     writeFile(path("elsewhere/1.ics"), text);
@@ -335,13 +318,13 @@ void CalendarReaderTest::calendarsAreFoundWhereProgramsKeepThem() {
     QStringList found;
     const auto reading = CalendarReading::parse(run({QStringLiteral("list")}));
     for (const FoundCalendar &calendar : reading.calendars) {
-        QVERIFY(calendar.path.startsWith(m_home->path()));
-        found.append(calendar.name + u' ' + calendar.path.mid(m_home->path().size()));
+        QVERIFY(calendar.place.startsWith(m_home->path()));
+        found.append(calendar.name + u' ' + calendar.place.mid(m_home->path().size()));
     }
     found.sort();
     QCOMPARE(found,
              QStringList({QStringLiteral("Home /.local/share/evolution/calendar/1a2b"),
-                          QStringLiteral("Mine /khal/mine"), QStringLiteral("std /kde/std.ics"),
+                          QStringLiteral("Mine /khal/mine"), QStringLiteral("a b /a b.ics"), QStringLiteral("std /kde/std.ics"),
                           QStringLiteral("system /.local/share/evolution/calendar/system"),
                           QStringLiteral("team /synced/team")}));
     // A calendar that is made later is noticed.

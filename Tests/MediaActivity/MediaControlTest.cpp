@@ -105,6 +105,7 @@ private Q_SLOTS:
             QStringLiteral("This player does not expose a seekable timeline."));
         row("when the player says no", "next track", {playing, "false\n"}, refused);
         row("when the script fails", "next track", {playing, failed}, refused);
+        row("when the script prints junk", "next track", {playing, "1\n"}, refused);
         row("when it goes on playing", "playpause",
             {playing, yes, playing, playing, playing, playing}, ignored);
         row("when another track plays", "rewind",

@@ -104,19 +104,6 @@ private Q_SLOTS:
             QVERIFY(fixture.fake.scriptHost.started.empty());
         }
     }
-
-    void theAnswerOfASendIsAFlag() {
-        for (const auto &[output, flag] :
-             {std::pair("true\n", std::optional(true)), std::pair("false\n", std::optional(false)),
-              std::pair("1\n", std::optional<bool>())}) {
-            ReaderFixture fixture;
-            std::optional<std::optional<bool>> got;
-            const Task task = fixture.reader.send(
-                Command::Next, {}, [&](std::optional<bool> accepted) { got = accepted; });
-            fixture.fake.scriptHost.answer(output);
-            QVERIFY(got && *got == flag);
-        }
-    }
 };
 
 static const RegisteredTest<MediaReaderTest> registered;

@@ -41,6 +41,9 @@ private Q_SLOTS:
         QCOMPARE(fixture.fake.scriptHost.underWay(), 1);
         fixture.fake.scriptHost.answer("null\n");
         QVERIFY(!fixture.model.systemMedia());
+        fixture.tracking.stopMediaMonitoring();
+        fixture.fake.clock.advance(10s);
+        QCOMPARE(fixture.fake.scriptHost.underWay(), 0);
     }
 
     void aFailedReadingChangesNothing() {
@@ -54,45 +57,49 @@ private Q_SLOTS:
         }
         fixture.fake.clock.advance(2s);
         fixture.fake.scriptHost.fail();
-        fixture.fake.playerNotifications.players = PlayerPresence::Unknown;
+        fixture.fake.playerNotifications.setPresence(PlayerPresence::Unknown);
         fixture.fake.clock.advance(4s);
         QCOMPARE(announcements.take(), QStringList());
-        fixture.fake.playerNotifications.players = PlayerPresence::None;
-        fixture.fake.clock.advance(2s);
-        QVERIFY(!fixture.model.systemMedia());
         QCOMPARE(fixture.fake.scriptHost.started.size(), std::size_t(5));
     }
 
-    void stoppingEndsThePoll() {
+    void restsWhileThereIsNoPlayer() {
         MediaFixture fixture;
         fixture.tracking.startMediaMonitoring();
-        fixture.tracking.stopMediaMonitoring();
+        fixture.fake.scriptHost.answer(json(track()));
+        fixture.fake.playerNotifications.setPresence(PlayerPresence::None);
+        fixture.fake.clock.advance(2s);
+        QVERIFY(!fixture.model.systemMedia());
+        const qsizetype atRest = fixture.fake.clock.scheduledTasks();
+        fixture.model.music(); // shows for a moment that it was asked for
+        QVERIFY(fixture.model.musicActive());
+        QCOMPARE(fixture.fake.musicPlayer.opened, 1);
+        QCOMPARE(fixture.model.mediaSource(), QStringLiteral("Apple Music"));
+        QCOMPARE(fixture.model.activity(), QStringLiteral("Music is open"));
+        fixture.fake.clock.advance(2s);
+        QVERIFY(!fixture.model.musicActive());
+        fixture.model.control(QStringLiteral("playpause"));
+        fixture.fake.clock.advance(2s);
+        fixture.fake.scriptHost.fail(); // when a look has been made and dropped
+        QVERIFY(fixture.model.musicActive());
+        fixture.fake.clock.advance(2s);
+        QVERIFY(!fixture.model.musicActive());
+        QCOMPARE(fixture.fake.clock.scheduledTasks(), atRest);
         QCOMPARE(fixture.fake.scriptHost.underWay(), 0);
-        fixture.fake.clock.advance(10s);
-        QCOMPARE(fixture.fake.scriptHost.started.size(), std::size_t(1));
+        fixture.fake.playerNotifications.setPresence(PlayerPresence::Some);
+        QCOMPARE(fixture.fake.scriptHost.underWay(), 1);
     }
 
-    void takesAReadingInOrder() {
+    void nothingHandsBackToTheAnnouncements() {
         MediaFixture fixture;
-        Announcements announcements(fixture.model);
         fixture.tracking.applyMedia(track());
-        QCOMPARE(announcements.take(),
-                 (QStringList{
-                     QStringLiteral("mediaIsBrowserChanged"), QStringLiteral("mediaCanSeekChanged"),
-                     QStringLiteral("systemMediaChanged"), QStringLiteral("musicActiveChanged"),
-                     QStringLiteral("playingChanged"), QStringLiteral("musicTitleChanged"),
-                     QStringLiteral("musicArtistChanged"), QStringLiteral("mediaSourceChanged")}));
         QVERIFY(fixture.model.mediaIsBrowser() && fixture.model.mediaCanSeek());
         QVERIFY(fixture.model.systemMedia() && fixture.model.musicActive() &&
                 fixture.model.playing());
         QCOMPARE(fixture.model.musicArtist(), track().artist);
         QCOMPARE(fixture.model.mediaSource(), track().source);
         QCOMPARE(fixture.model.artist(), QString());
-    }
 
-    void nothingHandsBackToTheAnnouncements() {
-        MediaFixture fixture;
-        fixture.tracking.applyMedia(track());
         fixture.tracking.applyMedia(std::nullopt);
         QVERIFY(!fixture.model.musicActive());
         QCOMPARE(fixture.model.musicTitle(), QStringLiteral("Music"));
@@ -143,19 +150,6 @@ private Q_SLOTS:
         QVERIFY(fixture.model.playing());
         QCOMPARE(fixture.model.activity(), line);
         QCOMPARE(fixture.model.artist(), QString());
-    }
-
-    void opensMusic() {
-        MediaFixture fixture;
-        fixture.tracking.applyMedia(track());
-        fixture.tracking.applyMedia(std::nullopt);
-        fixture.model.music();
-        QCOMPARE(fixture.fake.musicPlayer.opened, 1);
-        QVERIFY(fixture.model.musicActive());
-        QVERIFY(!fixture.model.systemMedia() && !fixture.model.mediaCanSeek());
-        QCOMPARE(fixture.model.mediaSource(), QStringLiteral("Apple Music"));
-        QCOMPARE(fixture.model.playerID(), QStringLiteral("com.apple.Music"));
-        QCOMPARE(fixture.model.activity(), QStringLiteral("Music is open"));
     }
 };
 

@@ -47,6 +47,10 @@ private Q_SLOTS:
         row("the name for people", "{}", "source", QStringLiteral("Player"));
         row("no name for people", R"({"identity": null})", "source", QStringLiteral("Media"));
         row("microseconds become seconds", "{}", "elapsedTime", 100);
+        row("a little before the start is the start",
+            R"({"properties": {"Position": ["x", -192606]}})", "elapsedTime", 0);
+        row("far before the start is nowhere", R"({"properties": {"Position": ["x", -5000000]}})",
+            "elapsedTime", absent);
         row("several artists", R"({"metadata": {"xesam:artist": ["as", ["A", "", "B"]]}})",
             "artist", QStringLiteral("A, B"));
         row("a length of an unsigned type", R"({"metadata": {"mpris:length": ["t", 5000000]}})",

@@ -20,7 +20,7 @@ class AppearanceTest(SessionCase):
         return [pixel for pixel in pixels if max(pixel) - min(pixel) > 90]
 
     def test_each_accent_colours_the_symbol(self):
-        strongest = {"Mint": (1, 2), "Blue": (2,), "Purple": (2,), "Orange": (0,)}
+        strongest = {"Mint": (1, 2), "mauve": (1, 2), "Blue": (2,), "Purple": (2,), "Orange": (0,)}
         for accent, channels in strongest.items():
             with self.subTest(accent=accent):
                 self.start({"shelfAccent": accent})

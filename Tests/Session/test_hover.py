@@ -50,13 +50,33 @@ class HoverTest(SessionCase):
             self.assertGreater(measured, wanted * (1 - EARLY))
             self.assertLess(measured, wanted + 1.0)
 
-    def test_a_pointer_that_jumps_away_is_noticed(self):
-        self.start()
-        self.open_by_hovering()
-        time.sleep(0.4)
+    def jump_away(self):
         self.screen.root.warp_pointer(640, 740)
         self.screen.display.sync()
         self.expect_frame(self.compact_frame(), "the shelf closed")
+
+    def test_a_pointer_that_jumps_away_is_noticed(self):
+        self.start()
+        for milliseconds in range(0, 32, 4):  # while the shelf is opening
+            self.screen.move_by(0, 20 - self.screen.pointer()[1])
+            time.sleep(milliseconds / 1000)
+            self.jump_away()
+        for y in (20, 300, 510):  # on the header, on a card, below what is shown
+            with self.subTest(y=y):
+                self.open_by_hovering()
+                self.screen.move_to(640, y)
+                time.sleep(0.4)
+                self.assertEqual(self.program.frame(), self.expanded_frame())
+                self.jump_away()
+
+    def test_an_open_shelf_wakes_nobody(self):
+        self.start()
+        self.open_by_hovering()
+        self.screen.move_to(640, 200)
+        wait_until(self.program.rests, "the shelf at rest")
+        before = self.program.wake_ups()
+        time.sleep(2)
+        self.assertLess(self.program.wake_ups() - before, 6)
 
 
 if __name__ == "__main__":

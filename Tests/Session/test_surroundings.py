@@ -3,6 +3,8 @@
 import socket
 import time
 
+from Xlib import X
+
 from perchly_session.case import SessionCase, default_window_manager, main
 from perchly_session.picture import near
 from perchly_session.waiting import wait_until, wait_while
@@ -66,14 +68,22 @@ class SurroundingsTest(SessionCase):
         panel = self.screen.top_level(self.program.panel().id)
         return order.index(panel) > order.index(self.screen.top_level(other.id))
 
-    def test_above_a_full_screen_window(self):
-        self.start_session()
-        other = self.other_window(state="_NET_WM_STATE_FULLSCREEN").take_focus()
-        self.run_program()
-        wait_until(lambda: self.is_above(other), "the pill above the full-screen window")
-        later = self.other_window("Later", state="_NET_WM_STATE_FULLSCREEN").take_focus()
-        wait_until(lambda: self.is_above(later), "the pill above one that came later")
-        self.expect_hover_and_chord()
+    def test_above_full_screen_windows(self):
+        for there_before in (True, False):
+            with self.subTest(there_before=there_before):
+                self.start_session()
+                windows = []
+                if there_before:
+                    first = self.other_window(state="_NET_WM_STATE_FULLSCREEN")
+                    windows.append(first.take_focus())
+                self.run_program()
+                self.expect_frame(self.compact_frame(), "the pill")
+                # Nothing but its own coming tells of this one.
+                later = self.other_window("Later", state="_NET_WM_STATE_FULLSCREEN")
+                windows.append(later.show())
+                for window in windows:
+                    wait_until(lambda: self.is_above(window), "the pill above each of them")
+                self.expect_hover_and_chord()
 
     def test_below_screen_locks_and_menus(self):
         self.start()
@@ -126,6 +136,21 @@ class SurroundingsTest(SessionCase):
         self.assertIn("no session bus", self.program.errors())
         self.session.run(wait=False)  # finds the first without the bus
         self.expect_frame(self.expanded_frame(), "the first one's shelf")
+
+    def test_lost_connections_to_the_x_server_are_made_again(self):
+        self.start()
+        self.assertGreater(self.program.cut_connections(), 3)
+        wait_until(
+            lambda: not self.screen.is_held("space", X.ControlMask | X.Mod1Mask), "the chord lost"
+        )
+        wait_until(
+            lambda: self.screen.is_held("space", X.ControlMask | X.Mod1Mask),
+            "the chord the program's again",
+        )
+        self.expect_hover_and_chord()
+        later = self.other_window(state="_NET_WM_STATE_FULLSCREEN").show()
+        wait_until(lambda: self.is_above(later), "the pill above a full-screen window")
+        wait_until(self.program.rests, "the program at rest")
 
     def test_windows_stay_in_reach_on_a_small_display(self):
         self.start(size=(800, 480))

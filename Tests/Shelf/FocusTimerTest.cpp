@@ -29,8 +29,9 @@ void perform(FocusFixture &fixture, const QString &steps) {
 /// All that the person sees and hears of it, and the day's credit.
 QString state(const FocusFixture &fixture) {
     const ShelfModel &model = *fixture.model;
-    return QStringLiteral("%1 %2 (%3), %4, %5 beeps")
+    return QStringLiteral("%1%2 %3 (%4), %5, %6 beeps")
         .arg(model.running() ? QStringLiteral("runs") : QStringLiteral("rests"))
+        .arg(model.quietFocus() ? QStringLiteral(" quietly") : QString())
         .arg(model.seconds())
         .arg(model.isBreak() ? QStringLiteral("break: ") + model.activity() : model.activity(),
              fixture.totals())
@@ -56,7 +57,7 @@ private Q_SLOTS:
         row("what was not started is neither paused nor ended", "pause, end",
             "rests 0 (Ready when you are)", 0, 0);
         row("a session is started anew while one runs", "focus, a minute, focus",
-            "runs 1500 (Focus session)", 0, 0);
+            "runs quietly 1500 (Focus session)", 0, 0);
         row("a session that is ended gives no credit", "focus, a minute, end",
             "rests 0 (Ready when you are)", 0, 0);
         row("a completed session cannot be resumed", "focus, an hour, pause, an hour",
@@ -70,7 +71,7 @@ private Q_SLOTS:
         row("an ended break remains the last kind of countdown", "break, end",
             "rests 0 (break: Ready when you are)", 0, 0);
         row("a paused session goes on where it was", "focus, a minute, pause, an hour, pause",
-            "runs 1440 (Focus session)", 0, 0);
+            "runs quietly 1440 (Focus session)", 0, 0);
         row("a paused session completes later", "focus, a minute, pause, an hour, pause, an hour",
             "rests 0 (Focus complete)", 1, 1);
         row("a paused break goes on as a break", "break, a minute, pause, an hour, pause, a minute",
@@ -82,7 +83,8 @@ private Q_SLOTS:
     void states() {
         QFETCH(QString, steps);
         FocusFixture fixture;
-        const ShelfModel &model = fixture.start();
+        ShelfModel &model = fixture.start();
+        model.setQuietFocus(true);
         perform(fixture, steps);
         QTEST(state(fixture), "expected");
         QCOMPARE(model.deadline().has_value(), model.running());
@@ -191,24 +193,6 @@ private Q_SLOTS:
         QCOMPARE(fixture.sound.played, seconds > 0 ? 0 : 1);
     }
 
-    void quietEnds_data() {
-        QTest::addColumn<QString>("steps");
-        QTest::addColumn<bool>("quiet");
-        QTest::newRow("not with a pause") << QStringLiteral("focus, a minute, pause") << true;
-        QTest::newRow("when it is ended") << QStringLiteral("focus, end") << false;
-        QTest::newRow("when it completes") << QStringLiteral("focus, an hour") << false;
-        QTest::newRow("with a break") << QStringLiteral("focus, break") << false;
-    }
-
-    void quietEnds() {
-        QFETCH(QString, steps);
-        FocusFixture fixture;
-        ShelfModel &model = fixture.start();
-        model.setQuietFocus(true);
-        perform(fixture, steps);
-        QTEST(model.quietFocus(), "quiet");
-    }
-
     void nothingHappensWhileNoCountdownRuns_data() {
         QTest::addColumn<QString>("steps");
         QTest::newRow("while a session is paused") << QStringLiteral("focus, a minute, pause");
@@ -237,13 +221,6 @@ private Q_SLOTS:
         fixture.clock.advance(10s);
         QCOMPARE(announcements.take().count(QStringLiteral("secondsChanged")), 10);
         QCOMPARE(model.seconds(), 1490);
-    }
-
-    void aModelThatIsGoneIsLeftAlone() {
-        FocusFixture fixture;
-        fixture.start().focus();
-        fixture.model.reset();
-        QCOMPARE(fixture.clock.scheduledTasks(), 0);
     }
 };
 

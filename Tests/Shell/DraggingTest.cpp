@@ -45,7 +45,8 @@ private Q_SLOTS:
             shell.delegate->handleReleased();
             return isDrag && !shell.delegate->model().dragging() &&
                    !shell.delegate->keyboardOpen() &&
-                   shell.fake.preferences.written.contains(keys::shelfEdge);
+                   shell.fake.preferences.written ==
+                       QStringList(QStringLiteral("shelfEdge+shelfEdgePosition+displayIndex"));
         };
         const auto clicks = [](double dx) {
             ShellFixture shell;

@@ -8,19 +8,6 @@ using namespace perchly;
 class LaunchTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void placesAndShowsThePanel() {
-        ShellFixture shell;
-        QCOMPARE(shell.fake.panel.frame, compactFrame);
-        QVERIFY(shell.fake.panel.shown);
-        QVERIFY(shell.fake.pointer.started);
-        QVERIFY(!shell.expanded());
-        QCOMPARE(shell.fake.hotKeys.registered.size(), 2);
-        QVERIFY(shell.fake.playerNotifications.started);
-        QCOMPARE(shell.fake.scriptHost.underWay(), 1); // the first look at what plays
-        shell.delegate->terminate();
-        QCOMPARE(shell.fake.scriptHost.underWay(), 0);
-    }
-
     void runsWithoutADisplayAndAppearsWithOne() {
         QList<perchly::Display> displays;
         ShellFixture shell([&displays](FakeHosts &fake) { displays.swap(fake.displays.displays); });
@@ -33,16 +20,6 @@ private Q_SLOTS:
         displays.swap(shell.fake.displays.displays);
         Q_EMIT shell.fake.displays.changed();
         QCOMPARE(shell.fake.panel.frame, compactFrame);
-    }
-
-    void openingAWindowCollapsesTheShelf() {
-        ShellFixture shell;
-        shell.delegate->toggleKeyboardOpen();
-        shell.delegate->showMixer();
-        QVERIFY(!shell.expanded());
-        QVERIFY(!shell.delegate->keyboardOpen());
-        shell.pointerOntoPill();
-        QVERIFY2(shell.expanded(), "hovering works again after keyboard mode");
     }
 
     void followsDisplaysAndScale() {
@@ -75,7 +52,6 @@ private Q_SLOTS:
         QTest::addColumn<QString>("message");
         const QString spaceTaken =
             QStringLiteral("Could not register ⌃⌥Space. Another app may use that shortcut.");
-        QTest::newRow("both are free") << QSet<int>() << QString();
         QTest::newRow("another program holds the search chord")
             << QSet<int>{2} << QStringLiteral("Could not register ⌃⌥K for search.");
         QTest::newRow("when others hold both, the toggle's message stays")

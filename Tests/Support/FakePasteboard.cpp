@@ -4,29 +4,9 @@
 
 namespace perchly {
 
-struct FakePasteboard::Reading {
-    PasteboardRequest request;
-    Completion completion;
-    qint64 count;
-};
-
-class FakePasteboard::Handle : public ScheduledTask {
-public:
-    Handle(FakePasteboard &pasteboard, std::shared_ptr<Reading> reading)
-        : m_pasteboard(pasteboard)
-        , m_reading(std::move(reading)) {}
-    ~Handle() override { std::erase(m_pasteboard.m_readings, m_reading); }
-
-private:
-    FakePasteboard &m_pasteboard;
-    std::shared_ptr<Reading> m_reading;
-};
-
 Task FakePasteboard::read(const PasteboardRequest &request, Completion completion) {
     asked.push_back(request);
-    m_readings.push_back(
-        std::make_shared<Reading>(Reading{request, std::move(completion), m_count}));
-    return std::make_unique<Handle>(*this, m_readings.back());
+    return m_readings.add({request, std::move(completion), m_count});
 }
 
 void FakePasteboard::write(const QString &text) {
@@ -51,9 +31,7 @@ void FakePasteboard::copy(const Offer &offer) {
 }
 
 void FakePasteboard::answer() {
-    Q_ASSERT(!m_readings.empty());
-    const auto reading = m_readings.front(); // outlives the handle that the completion may destroy
-    m_readings.erase(m_readings.begin());
+    const auto reading = m_readings.take();
     reading->completion(reading->count == m_count ? fetch(reading->request) : PasteboardContent{});
 }
 

@@ -1,9 +1,7 @@
 #pragma once
 
 #include "Pasteboard.h"
-
-#include <memory>
-#include <vector>
+#include "PendingCalls.h"
 
 namespace perchly {
 
@@ -30,19 +28,22 @@ public:
 
     /// The first reading under way ends with what is offered now. There must be one.
     void answer();
-    [[nodiscard]] qsizetype underWay() const { return qsizetype(m_readings.size()); }
+    [[nodiscard]] qsizetype underWay() const { return qsizetype(m_readings.count()); }
 
     Offer offered;
     std::vector<PasteboardRequest> asked; ///< every reading there was, in order
 
 private:
-    struct Reading;
-    class Handle;
+    struct Reading {
+        PasteboardRequest request;
+        Completion completion;
+        qint64 count;
+    };
 
     [[nodiscard]] PasteboardContent fetch(const PasteboardRequest &request) const;
 
     qint64 m_count = 7;
-    std::vector<std::shared_ptr<Reading>> m_readings;
+    PendingCalls<Reading> m_readings;
 };
 
 } // namespace perchly

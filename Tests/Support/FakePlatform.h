@@ -46,7 +46,7 @@ public:
 
 class FakePanelHost : public PanelHost {
 public:
-    void attach(QWindow *) override {}
+    void attach(QWindow *window) override { panel = window; }
     void place(const ScreenRect &newFrame, const QMarginsF &) override {
         frame = newFrame;
         ++placements;
@@ -60,6 +60,7 @@ public:
     bool isComposited() const override { return true; }
     ScreenPoint toScreen(QPointF point) const override { return {point.x(), 900 - point.y()}; }
 
+    QWindow *panel = nullptr;
     ScreenRect frame;
     QRegion shape;
     int placements = 0;
@@ -125,6 +126,11 @@ class FakePlayerNotifications : public PlayerNotifications {
 public:
     void start() override { started = true; }
     PlayerPresence presence() const override { return players; }
+
+    void setPresence(PlayerPresence presence) {
+        players = presence;
+        Q_EMIT presenceChanged();
+    }
 
     PlayerPresence players = PlayerPresence::Some;
     bool started = false;

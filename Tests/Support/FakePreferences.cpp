@@ -7,10 +7,16 @@ std::optional<PreferenceValue> FakePreferences::value(const QString &key) const 
     return found == values.cend() ? std::nullopt : std::optional(found.value());
 }
 
-void FakePreferences::setValue(const QString &key, const PreferenceValue &value) {
-    values.insert(key, value);
-    written.append(key);
-    Q_EMIT changed(key);
+void FakePreferences::setValues(const PreferenceEntries &entries) {
+    QStringList keys;
+    for (const auto &[key, value] : entries) {
+        values.insert(key, value);
+        keys.append(key);
+    }
+    written.append(keys.join(u'+'));
+    for (const auto &[key, value] : entries) {
+        Q_EMIT changed(key);
+    }
 }
 
 void FakePreferences::removeValue(const QString &key) {

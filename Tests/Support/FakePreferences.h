@@ -13,11 +13,11 @@ public:
     using Preferences::Preferences;
 
     std::optional<PreferenceValue> value(const QString &key) const override;
-    void setValue(const QString &key, const PreferenceValue &value) override;
+    void setValues(const PreferenceEntries &entries) override;
     void removeValue(const QString &key) override;
 
     QMap<QString, PreferenceValue> values;
-    QStringList written; ///< every key that was set, in order
+    QStringList written; ///< every write in order: its key, or its keys joined by +
 };
 
 } // namespace perchly

@@ -1,9 +1,7 @@
 #pragma once
 
+#include "PendingCalls.h"
 #include "ScriptHost.h"
-
-#include <memory>
-#include <vector>
 
 namespace perchly {
 
@@ -12,15 +10,20 @@ class FakeScriptHost : public ScriptHost {
 public:
     bool isRunnable() const override { return runnable; }
     Task run(const QStringList &arguments, std::optional<std::chrono::milliseconds> limit,
-             Completion completion) override;
+             Completion completion) override {
+        started.push_back({arguments, limit});
+        return m_runs.add({arguments.constLast(), std::move(completion)});
+    }
 
     /// The first run under way ends well, or fails. There must be one.
-    void answer(const QByteArray &output) { finish(output); }
-    void fail() { finish(std::nullopt); }
+    void answer(const QByteArray &output) { m_runs.take()->completion(output); }
+    void fail() { m_runs.take()->completion(std::nullopt); }
 
-    /// The script of the first run under way.
-    [[nodiscard]] QString script() const;
-    [[nodiscard]] qsizetype underWay() const { return qsizetype(m_runs.size()); }
+    /// The script of the first run under way; empty without one.
+    [[nodiscard]] QString script() const {
+        return m_runs.count() > 0 ? m_runs.first().script : QString();
+    }
+    [[nodiscard]] qsizetype underWay() const { return qsizetype(m_runs.count()); }
 
     struct Started {
         QStringList arguments;
@@ -31,12 +34,12 @@ public:
     std::vector<Started> started; ///< every run there was, in order
 
 private:
-    struct Run;
-    class Handle;
+    struct Run {
+        QString script;
+        Completion completion;
+    };
 
-    void finish(const std::optional<QByteArray> &output);
-
-    std::vector<std::shared_ptr<Run>> m_runs;
+    PendingCalls<Run> m_runs;
 };
 
 } // namespace perchly

@@ -1,7 +1,5 @@
 #include "CardText.h"
-#include "Announcements.h"
 #include "TestRegistry.h"
-#include "WallTime.h"
 
 #include <QTest>
 
@@ -35,18 +33,6 @@ private Q_SLOTS:
         QTEST(time, "time");
         QTEST(CardText::dayLine(date, used), "day");
         QTEST(CardText::monthLine(date, used), "month");
-    }
-
-    void aRestingClockSaysNothing() {
-        WallTime time;
-        Announcements announced(time);
-        time.setRunning(true);
-        time.setRunning(false);
-        const QStringList lines = announced.take();
-        QCOMPARE(lines.count(QStringLiteral("runningChanged")), 2);
-        QVERIFY(lines.size() <= 6); // the lines only if the minute ended just now
-        QVERIFY(!time.time().isEmpty());
-        QVERIFY(time.month().endsWith(QString::number(QDate::currentDate().year())));
     }
 };
 

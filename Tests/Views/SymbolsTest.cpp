@@ -1,6 +1,5 @@
 #include "SymbolIcon.h"
 #include "SymbolTable.h"
-#include "Theme.h"
 
 #include <QGlyphRun>
 #include <QImage>
@@ -56,13 +55,6 @@ private Q_SLOTS:
         QVERIFY(SymbolTable::glyphText(QStringLiteral("no.such.symbol")).isEmpty());
         QTest::ignoreMessage(QtWarningMsg, "There is no symbol named \"no.such.symbol\"");
         QVERIFY(symbolIcon(QStringLiteral("no.such.symbol")).isNull());
-    }
-
-    void unknownAccentsAreMint() {
-        QCOMPARE(Theme::accentColor(QStringLiteral("mauve")), Theme::mint());
-        QCOMPARE(Theme::accentColor(QStringLiteral("Orange")), Theme::orange());
-        QCOMPARE(Theme::accentColor(QStringLiteral("Purple")), Theme::purple());
-        QCOMPARE(Theme::accentColor(QStringLiteral("Blue")), Theme::blue());
     }
 };
 

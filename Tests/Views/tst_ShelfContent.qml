@@ -57,7 +57,10 @@ ShelfTestCase {
         verify(root.fixture.pressAccessible(root.view, "Focus"));
         verify(root.fixture.model.quietFocus);
         compare(root.fixture.model.seconds, 1500);
-        verify(root.fixture.accessibleWithin(root.view).indexOf(root.button("Settings")) < 0);
+        const all = root.fixture.accessibleWithin(root.view);
+        verify(all.indexOf(root.button("Settings")) < 0 && all.indexOf("Grouping: Your shelf") < 0);
+        verify(all.indexOf("StaticText: Room to focus") >= 0);
+        verify(all.indexOf("StaticText: Your apps and widgets return when you leave focus mode.") >= 0);
         verify(Qt.colorEqual(root.view.statusColor, Theme.orange));
         root.fixture.advance(63);
         compare(root.view.status.status, "23:57");

@@ -83,7 +83,9 @@ void VolumeMixerTest::init() {
     m_audio->list = QList{playing(1, 101), playing(2, 102)};
     m_audio->applications = {
         {101, {QStringLiteral("Music"), QStringLiteral("/apps/music.desktop")}},
-        {102, {QStringLiteral("Radio"), {}}}};
+        {102, {QStringLiteral("Radio"), {}}},
+        {11, {QStringLiteral(" Good\n\u202eexe.gnp\u2069\t"), {}}},
+        {12, {QStringLiteral("\u200b\u200d \u2066"), {}}}};
     m_clock = std::make_unique<FakeClock>();
     m_mixer = std::make_unique<VolumeMixer>(*m_audio, *m_clock);
 }
@@ -116,6 +118,8 @@ void VolumeMixerTest::listsWhatPlays_data() {
         QStringLiteral("Audio process 4312"));
     row("an empty identifier is none", {7, 4312, true, QString()},
         QStringLiteral("Audio process 4312"));
+    row("a name that hides something", {7, 11, true, id}, QStringLiteral("Good exe.gnp"));
+    row("a name of which nothing is seen", {7, 12, true, id}, id);
     row("a silent process is left out", {7, 101, false, id}, {});
     row("so is one that cannot be read", {7, 101, {}, id}, {});
     row("and one without a process identifier", {7, {}, true, id}, {});
@@ -153,6 +157,14 @@ void VolumeMixerTest::sortsByCodePointsOfTheNormalisedNames() {
     QCOMPARE(names(), expected);
     QCOMPARE(m_mixer->apps()[1].id, 3U);
     QCOMPARE(m_mixer->apps()[2].id, 99U);
+    const auto process = [this](int row) {
+        return m_mixer->appList()->index(row).data(AudioAppList::ProcessRole).toString();
+    };
+    QCOMPARE(process(1), QStringLiteral("process 3"));
+    QCOMPARE(process(3), QString());
+    m_audio->list->removeLast();
+    m_mixer->refresh();
+    QCOMPARE(process(1), QString());
 }
 
 void VolumeMixerTest::refreshesEveryTwoSeconds() {
@@ -307,9 +319,17 @@ void VolumeMixerTest::routesAreGivenBack() {
 
 void VolumeMixerTest::anotherOutputWithoutRoutesIsNoNews() {
     m_mixer->refresh();
-    m_audio->output = 41;
-    m_mixer->refresh();
+    for (const AudioObject output : {0U, 41U}) {
+        m_audio->output = output;
+        Q_EMIT m_audio->changed();
+    }
+    m_mixer->enable(1);
+    m_clock->advance(2s);
     QVERIFY(m_mixer->error().isNull());
+    QVERIFY(m_audio->route(1) != nullptr);
+    m_audio->output = 42;
+    Q_EMIT m_audio->changed();
+    QCOMPARE(m_mixer->error(), outputChanged);
 }
 
 void VolumeMixerTest::aPausedProcessStaysWhileItIsRouted() {

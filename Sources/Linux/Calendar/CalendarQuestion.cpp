@@ -40,7 +40,9 @@ QListWidget *makeList(const QList<FoundCalendar> &calendars) {
     list->setAccessibleName(QStringLiteral("Calendars that were found"));
     list->setSelectionMode(QAbstractItemView::NoSelection);
     for (const FoundCalendar &calendar : calendars) {
-        list->addItem(calendar.name + QStringLiteral(" — ") + shortPath(calendar.path));
+        list->addItem(calendar.place.isEmpty()
+                          ? calendar.name
+                          : calendar.name + QStringLiteral(" — ") + shortPath(calendar.place));
     }
     return list;
 }

@@ -13,7 +13,7 @@ namespace perchly {
 /// A calendar that was found, as the person is told of it.
 struct FoundCalendar {
     QString name;
-    QString path;
+    QString place; ///< an absolute path, or the account that it belongs to
 };
 
 /// Nothing when the question was closed without an answer.

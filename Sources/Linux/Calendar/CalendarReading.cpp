@@ -5,6 +5,7 @@
 #include <QJsonObject>
 
 #include <algorithm>
+#include <iterator>
 
 namespace perchly {
 
@@ -28,6 +29,10 @@ CalendarEvent eventIn(const QJsonObject &line) {
             .url = textIn(line, "url"),
             .location = textIn(line, "location"),
             .notes = textIn(line, "notes")};
+}
+
+bool isOfService(const CalendarReading::File &file) {
+    return file.path.startsWith(QLatin1StringView("service:"));
 }
 
 bool isInside(const CalendarEvent &event, Clock::TimePoint from, Clock::TimePoint to) {
@@ -55,8 +60,12 @@ CalendarReading CalendarReading::parse(const QByteArray &lines) {
                 {textIn(line, "file"), line.value(QLatin1StringView("torn")).toBool()});
         } else if (line.contains(QLatin1StringView("folder"))) {
             reading.folders.append(textIn(line, "folder"));
+        } else if (line.contains(QLatin1StringView("serviceFolder"))) {
+            reading.serviceFolders.append(textIn(line, "serviceFolder"));
+        } else if (line.contains(QLatin1StringView("service"))) {
+            reading.muteService = true;
         } else if (line.contains(QLatin1StringView("calendar"))) {
-            reading.calendars.append({textIn(line, "calendar"), textIn(line, "path")});
+            reading.calendars.append({textIn(line, "calendar"), textIn(line, "place")});
         } else if (line.contains(QLatin1StringView("end"))) {
             reading.finished = true;
         }
@@ -71,6 +80,15 @@ void CalendarReading::keepFrom(const CalendarReading &earlier) {
             file.events = before->events;
         }
     }
+    if (muteService) {
+        std::ranges::copy_if(earlier.files, std::back_inserter(files), isOfService);
+    }
+}
+
+bool CalendarReading::lacksOfService() const {
+    return muteService || std::ranges::any_of(files, [](const File &file) {
+               return file.torn && isOfService(file);
+           });
 }
 
 QList<CalendarEvent> CalendarReading::eventsBetween(Clock::TimePoint from,

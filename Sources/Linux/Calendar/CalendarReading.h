@@ -18,13 +18,20 @@ struct CalendarReading {
 
     QList<File> files;
     QList<FoundCalendar> calendars;
-    QStringList folders;   ///< to watch
-    bool finished = false; ///< the companion came to its end
+    QStringList folders; ///< to watch
+    /// To watch, too; they also change when the desktop's calendar service is only asked.
+    QStringList serviceFolders;
+    bool muteService = false; ///< it did not say which calendars it has
+    bool finished = false;    ///< the companion came to its end
 
     [[nodiscard]] static CalendarReading parse(const QByteArray &lines);
 
-    /// Puts what an earlier reading found in their place where files are torn now.
+    /// Puts what an earlier reading found in their place where files are torn, or the service mute.
     void keepFrom(const CalendarReading &earlier);
+
+    /// Whether the service has calendars, and whether it left out what some of them hold.
+    [[nodiscard]] bool hasService() const { return muteService || serviceFolders.size() > 1; }
+    [[nodiscard]] bool lacksOfService() const;
 
     /// Those that take place in part between the moments, each identifier once: what two calendars
     /// hold alike is one event.

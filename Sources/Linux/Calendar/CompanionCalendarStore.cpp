@@ -12,7 +12,10 @@ namespace {
 constexpr auto timeLimit = 6s; // more than the companion takes before it ends itself
 constexpr qsizetype mostOutput = qsizetype(64) << 20;
 constexpr auto longestAge = 5min;
-constexpr auto further = 24h; // read ahead, so that time may go on for a while
+constexpr auto longestServiceAge = 15min; // where nobody else asks, asking makes it download
+constexpr auto longestStaleAge = 1min;
+constexpr auto ownDoing = 15s; // what follows a reading so soon
+constexpr auto further = 24h;  // read ahead, so that time may go on for a while
 
 QString secondsOf(Clock::TimePoint moment, std::chrono::seconds more = 0s) {
     const auto seconds = std::chrono::floor<std::chrono::seconds>(moment) + more;
@@ -85,7 +88,8 @@ CompanionCalendarStore::CompanionCalendarStore(QString program, const QString &c
     , m_ask(std::move(ask))
     , m_runs(2) // a reading, and a look for what there is
     , m_consent(consentFile, [this] { consentChanged(); })
-    , m_watch([this] { filesChanged(); }, ".ics") {
+    , m_watch([this] { filesChanged(); }, ".ics")
+    , m_serviceWatch([this] { serviceChanged(); }, "") {
     m_pool.setMaxThreadCount(1);
     m_pool.setExpiryTimeout(1000);
 }
@@ -103,8 +107,12 @@ Task CompanionCalendarStore::events(Clock::TimePoint from, Clock::TimePoint to,
 }
 
 bool CompanionCalendarStore::isKnown(const Window &window) const {
+    const bool isComplete = m_last.hasService() && !m_last.lacksOfService();
+    const std::chrono::milliseconds age = m_stale      ? longestStaleAge
+                                          : isComplete ? longestServiceAge
+                                                       : longestAge;
     return access() != CalendarAccess::Granted || m_program.isEmpty() ||
-           (m_current && m_known.holds(window) && !m_age.hasExpired(longestAge / 1ms) &&
+           (m_current && m_known.holds(window) && !m_age.hasExpired(age.count()) &&
             m_zone == QTimeZone::systemTimeZoneId());
 }
 
@@ -142,7 +150,7 @@ void CompanionCalendarStore::takeApart(const ChildResult &result, const Window &
         auto reading = CalendarReading::parse(result.output);
         if (result.status == 0 && reading.finished) {
             reading.keepFrom(earlier);
-            watchFolders(reading.folders);
+            watchFolders(reading);
         } else {
             reading = earlier;
         }
@@ -159,6 +167,8 @@ void CompanionCalendarStore::takeApart(const ChildResult &result, const Window &
 
 void CompanionCalendarStore::apply(const CalendarReading &reading, const Window &window) {
     m_reading = false;
+    // What takes long to start is there the next time; what fails again is left alone.
+    m_stale = reading.lacksOfService() && !m_last.lacksOfService();
     m_last = reading;
     m_known = window;
     // A folder was not watched while it was read for the first time.
@@ -173,12 +183,16 @@ void CompanionCalendarStore::apply(const CalendarReading &reading, const Window 
     }
 }
 
-void CompanionCalendarStore::watchFolders(const QStringList &folders) {
-    m_watch.beginRound();
-    for (const QString &folder : folders) {
-        m_watch.add(QFile::encodeName(folder).toStdString());
-    }
-    m_watch.endRound();
+void CompanionCalendarStore::watchFolders(const CalendarReading &reading) {
+    const auto watch = [](FolderWatch &folderWatch, const QStringList &folders) {
+        folderWatch.beginRound();
+        for (const QString &folder : folders) {
+            folderWatch.add(QFile::encodeName(folder).toStdString());
+        }
+        folderWatch.endRound();
+    };
+    watch(m_watch, reading.folders);
+    watch(m_serviceWatch, reading.serviceFolders);
 }
 
 void CompanionCalendarStore::filesChanged() {
@@ -186,6 +200,10 @@ void CompanionCalendarStore::filesChanged() {
     if (access() == CalendarAccess::Granted) {
         Q_EMIT changed();
     }
+}
+
+void CompanionCalendarStore::serviceChanged() {
+    m_stale = m_stale || (!m_reading && m_age.hasExpired(ownDoing / 1ms));
 }
 
 void CompanionCalendarStore::consentChanged() {

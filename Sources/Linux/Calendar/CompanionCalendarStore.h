@@ -13,8 +13,9 @@
 namespace perchly {
 
 /// The calendars that a companion finds and reads. It runs when they changed, and every few minutes
-/// in case that went unnoticed; meanwhile questions are answered from what it said last. No file is
-/// opened before the person has allowed it.
+/// in case that went unnoticed; meanwhile questions are answered from what it said last. What the
+/// desktop's calendar service noticed is read within a minute, while somebody asks: asking it may
+/// be why it writes. No file is opened before the person has allowed it.
 class CompanionCalendarStore : public CalendarStore {
     Q_OBJECT
 public:
@@ -50,8 +51,9 @@ private:
     void read(const Window &window);
     void takeApart(const ChildResult &result, const Window &window);
     void apply(const CalendarReading &reading, const Window &window);
-    void watchFolders(const QStringList &folders);
+    void watchFolders(const CalendarReading &reading);
     void filesChanged();
+    void serviceChanged();
     void consentChanged();
 
     const QString m_program;
@@ -59,12 +61,14 @@ private:
     ChildRuns m_runs;
     CalendarConsent m_consent;
     FolderWatch m_watch;
+    FolderWatch m_serviceWatch;
     QStringList m_watched;
     std::vector<std::weak_ptr<Call>> m_waiting;
     CalendarReading m_last; ///< the newest reading that came to its end
     Window m_known;         ///< what that is about
     QByteArray m_zone;      ///< where the machine was then
     bool m_current = false; ///< nothing changed since
+    bool m_stale = false;   ///< the service may have more to say by now
     QElapsedTimer m_age;
     bool m_reading = false;
     int m_generation = 0; ///< readings of an earlier one do not count

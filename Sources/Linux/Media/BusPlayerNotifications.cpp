@@ -83,8 +83,8 @@ void BusPlayerNotifications::onBusLost() {
     m_names.reset();
     m_owners.reset();
     m_bus.reset();
-    m_presence = PlayerPresence::Unknown;
     m_retry.start(30s);
+    setPresence(PlayerPresence::Unknown);
 }
 
 void BusPlayerNotifications::onNames(sd_bus_message *message) {
@@ -92,7 +92,7 @@ void BusPlayerNotifications::onNames(sd_bus_message *message) {
         return;
     }
     m_retry.stop();
-    m_presence = m_players.empty() ? PlayerPresence::None : PlayerPresence::Some;
+    setPresence(m_players.empty() ? PlayerPresence::None : PlayerPresence::Some);
     const char *name = nullptr;
     while (sd_bus_message_read_basic(message, SD_BUS_TYPE_STRING, &name) > 0) {
         if (isPlayer(name) && !m_players.contains(name)) {
@@ -112,12 +112,19 @@ void BusPlayerNotifications::onOwnerChanged(sd_bus_message *message) {
     if (after[0] != '\0') {
         appeared(name);
     } else if (m_presence == PlayerPresence::Some && m_players.empty()) {
-        m_presence = PlayerPresence::None;
+        setPresence(PlayerPresence::None);
+    }
+}
+
+void BusPlayerNotifications::setPresence(PlayerPresence presence) {
+    if (m_presence != presence) {
+        m_presence = presence;
+        Q_EMIT presenceChanged();
     }
 }
 
 void BusPlayerNotifications::appeared(const std::string &name) {
-    m_presence = PlayerPresence::Some;
+    setPresence(PlayerPresence::Some);
     if (m_players.size() >= mostPlayers) {
         return;
     }

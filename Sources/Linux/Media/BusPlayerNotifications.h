@@ -40,6 +40,7 @@ private:
     };
 
     void connectToBus();
+    void setPresence(PlayerPresence presence);
     void onBusLost();
     void onNames(sd_bus_message *message);
     void onOwnerChanged(sd_bus_message *message);

@@ -39,9 +39,13 @@ std::optional<PreferenceValue> NullPreferences::value(const QString &key) const 
     return found == m_values.cend() ? std::nullopt : std::optional(*found);
 }
 
-void NullPreferences::setValue(const QString &key, const PreferenceValue &value) {
-    m_values.insert(key, value);
-    Q_EMIT changed(key);
+void NullPreferences::setValues(const PreferenceEntries &entries) {
+    for (const auto &[key, value] : entries) {
+        m_values.insert(key, value);
+    }
+    for (const auto &[key, value] : entries) {
+        Q_EMIT changed(key);
+    }
 }
 
 void NullPreferences::removeValue(const QString &key) {

@@ -100,6 +100,7 @@ AudioGraph::AudioGraph(PipeWireConnection &connection, QObject *parent)
         });
         findDefault();
         Q_EMIT changed();
+        m_metadata.restoreDefaultOutput();
     });
     connect(&connection, &PipeWireConnection::connected, this, &AudioGraph::begin);
     connect(&connection, &PipeWireConnection::lost, this, &AudioGraph::clear);
@@ -156,8 +157,9 @@ void AudioGraph::answered(int number) {
 
 void AudioGraph::add(std::uint32_t id, const char *type, const spa_dict &properties) {
     if (m_wiring.add(id, type, properties)) {
-        Q_EMIT wiringChanged();
-    } else if (std::strcmp(type, PW_TYPE_INTERFACE_Client) == 0) {
+        return;
+    }
+    if (std::strcmp(type, PW_TYPE_INTERFACE_Client) == 0) {
         auto client = std::make_unique<GraphClient>();
         client->graph = this;
         client->id = id;
@@ -201,8 +203,9 @@ void AudioGraph::addNode(std::uint32_t id, const spa_dict &properties) {
 
 void AudioGraph::remove(std::uint32_t id) {
     if (m_wiring.remove(id)) {
-        Q_EMIT wiringChanged();
-    } else if (const auto client = m_clients.find(id); client != m_clients.end()) {
+        return;
+    }
+    if (const auto client = m_clients.find(id); client != m_clients.end()) {
         const AudioObject process = client->second->process;
         m_clients.erase(client);
         forgetProcess(process);
@@ -359,6 +362,13 @@ QList<AudioProcess> AudioGraph::processes() const {
         list.append(process);
     }
     return list;
+}
+
+std::optional<std::uint32_t> AudioGraph::outputOfSerial(const QString &serial) const {
+    const auto output = std::find_if(m_outputs.cbegin(), m_outputs.cend(), [&](const auto &entry) {
+        return entry.second.serial == serial;
+    });
+    return output == m_outputs.cend() ? std::nullopt : std::optional(output->first);
 }
 
 QString AudioGraph::serialOfOutput(std::uint32_t node) const {

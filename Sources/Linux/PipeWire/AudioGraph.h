@@ -42,10 +42,11 @@ public:
     [[nodiscard]] AudioObject processOf(std::uint32_t node) const;
     /// A number that is not used again; empty when the node is no output.
     [[nodiscard]] QString serialOfOutput(std::uint32_t node) const;
+    /// The node; nothing when no output has that number.
+    [[nodiscard]] std::optional<std::uint32_t> outputOfSerial(const QString &serial) const;
 
     [[nodiscard]] SessionMetadata &metadata() { return m_metadata; }
     [[nodiscard]] const GraphWiring &wiring() const { return m_wiring; }
-    [[nodiscard]] bool hasOutputs() const { return !m_outputs.empty(); }
 
 Q_SIGNALS:
     /// What isComplete(), processes() or defaultOutput() answers may have changed. Told after a
@@ -56,7 +57,6 @@ Q_SIGNALS:
     /// It belongs to a process now, or has begun to play.
     void streamChanged(std::uint32_t node);
     void streamRemoved(std::uint32_t node);
-    void wiringChanged();
     /// Streams cannot be moved any more, nor be sent back.
     void moverLost();
 

@@ -13,10 +13,12 @@ constexpr auto farewellLimit = 250ms;
 
 } // namespace
 
-PipeWireAudioSystem::PipeWireAudioSystem(ApplicationFinder find, QObject *parent)
+PipeWireAudioSystem::PipeWireAudioSystem(ApplicationFinder find, const QString &keeper,
+                                         QObject *parent)
     : AudioSystem(parent)
     , m_find(std::move(find))
     , m_graph(m_connection)
+    , m_keeper(keeper)
     , m_retired(m_graph) {
     connect(&m_graph, &AudioGraph::changed, this, &PipeWireAudioSystem::note);
 }
@@ -59,7 +61,7 @@ std::optional<RunningApplication> PipeWireAudioSystem::application(std::int32_t 
 }
 
 std::unique_ptr<AudioRoute> PipeWireAudioSystem::makeRoute() {
-    auto route = std::make_unique<PipeWireRoute>(m_connection, m_graph);
+    auto route = std::make_unique<PipeWireRoute>(m_connection, m_graph, m_keeper);
     connect(route.get(), &PipeWireRoute::retired, &m_retired, &RetiredStreams::add);
     connect(route.get(), &PipeWireRoute::stopped, this, &AudioSystem::changed,
             Qt::QueuedConnection);

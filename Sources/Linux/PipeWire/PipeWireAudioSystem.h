@@ -4,6 +4,7 @@
 #include "AudioSystem.h"
 #include "PipeWireConnection.h"
 #include "RetiredStreams.h"
+#include "RouteKeeper.h"
 
 #include <QHash>
 
@@ -23,7 +24,10 @@ public:
     using ApplicationFinder = std::function<std::optional<RunningApplication>(
         std::int32_t pid, const QStringList &hints)>;
 
-    explicit PipeWireAudioSystem(ApplicationFinder find = {}, QObject *parent = nullptr);
+    /// The keeper is the absolute path of the companion that lets applications play on as the
+    /// person wants if the program is killed; empty when there is none.
+    explicit PipeWireAudioSystem(ApplicationFinder find = {}, const QString &keeper = {},
+                                 QObject *parent = nullptr);
     ~PipeWireAudioSystem() override;
 
     void start() override;
@@ -39,6 +43,7 @@ private:
     ApplicationFinder m_find;
     PipeWireConnection m_connection;
     AudioGraph m_graph;
+    RouteKeeper m_keeper;
     RetiredStreams m_retired;
     mutable QHash<std::int32_t, std::optional<RunningApplication>> m_applications;
     bool m_hasBeenComplete = false;

@@ -37,7 +37,6 @@ struct PipeWireConnection::Callbacks {
         auto &self = *static_cast<PipeWireConnection *>(data);
         if (id == PW_ID_CORE) {
             self.m_answered = number;
-            self.m_isSilent = false;
             Q_EMIT self.answered(number);
         }
     }
@@ -113,7 +112,6 @@ void PipeWireConnection::tryToConnect() {
         return;
     }
     m_isLost = false;
-    m_isSilent = false;
     m_attempts = 0;
     pw_core_add_listener(m_core.get(), &m_listener, &Callbacks::events, this);
     Q_EMIT connected();
@@ -144,35 +142,13 @@ void PipeWireConnection::dropLostServer() {
     m_retry.start(0);
 }
 
-bool PipeWireConnection::waitFor(std::chrono::milliseconds limit,
-                                 const std::function<bool()> &condition) {
+void PipeWireConnection::settle(std::chrono::milliseconds limit) {
     Q_ASSERT(!m_isServing);
-    if (!m_core || m_isLost || m_isSilent) {
-        return false;
-    }
     const QDeadlineTimer deadline(limit);
-    while (!condition() && !m_isLost) {
-        if (deadline.hasExpired()) {
-            m_isSilent = true;
-            ask();
-            return false;
-        }
+    const int number = ask();
+    while (m_core && !m_isLost && m_answered != number && !deadline.hasExpired()) {
         iterate(std::max(1ms, std::chrono::milliseconds(deadline.remainingTime())));
     }
-    if (m_isLost) {
-        // Not here: the caller still holds what must be destroyed.
-        QMetaObject::invokeMethod(this, &PipeWireConnection::dropLostServer, Qt::QueuedConnection);
-        return false;
-    }
-    return true;
-}
-
-bool PipeWireConnection::settle(std::chrono::milliseconds limit) {
-    if (!m_core) {
-        return false;
-    }
-    const int number = ask();
-    return waitFor(limit, [&] { return m_answered == number; });
 }
 
 void PipeWireConnection::passRealTimeThread() {

@@ -7,7 +7,6 @@
 #include <QTimer>
 
 #include <chrono>
-#include <functional>
 #include <memory>
 
 namespace perchly {
@@ -31,14 +30,9 @@ public:
     /// Frames a second of the server's graph, as it has announced them.
     [[nodiscard]] double sampleRate() const { return m_sampleRate; }
 
-    /// Serves the connection until the condition holds; false when it did not within the limit, or
-    /// when the server is gone. A server that once let a limit pass is not waited for again until
-    /// it has said something. Not to be called from within a callback of the connection.
-    [[nodiscard]] bool waitFor(std::chrono::milliseconds limit,
-                               const std::function<bool()> &condition);
-
-    /// Waits until the server has done what it was told so far.
-    bool settle(std::chrono::milliseconds limit);
+    /// Waits until the server has done what it was told so far; for the end of the program. Not to
+    /// be called from within a callback of the connection.
+    void settle(std::chrono::milliseconds limit);
 
     /// Waits until the real-time thread has ended what it does at the moment: some microseconds.
     void passRealTimeThread();
@@ -73,7 +67,6 @@ private:
     int m_answered = 0;
     double m_sampleRate = 48000;
     bool m_isLost = false;
-    bool m_isSilent = false;
     bool m_isServing = false;
 };
 

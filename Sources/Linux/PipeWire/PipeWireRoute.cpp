@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <utility>
 
 namespace perchly {
@@ -32,14 +33,19 @@ struct PipeWireSource : AudioSourceNode {
 
 } // namespace
 
-PipeWireRoute::PipeWireRoute(PipeWireConnection &connection, AudioGraph &graph)
+PipeWireRoute::PipeWireRoute(PipeWireConnection &connection, AudioGraph &graph, RouteKeeper &keeper)
     : m_connection(connection)
-    , m_graph(graph) {
+    , m_graph(graph)
+    , m_keeper(keeper) {
     m_patience.setSingleShot(true);
     m_patience.setInterval(patience);
     connect(&m_patience, &QTimer::timeout, this, [this] {
-        m_move->begin();
-        m_arrival.start();
+        if (m_streams->isMade()) {
+            m_move->begin();
+            m_arrival.start();
+        } else {
+            m_patience.start(); // the server is slow, and nothing is lost
+        }
     });
     m_arrival.setSingleShot(true);
     m_arrival.setInterval(arrival);
@@ -113,7 +119,7 @@ AudioStatus PipeWireRoute::startDevice(AudioObject, IoProcId) {
         return -EIO;
     }
     m_streams->cycle().open();
-    m_move = std::make_unique<ProcessMove>(m_graph, m_process, m_streams->name());
+    m_move = std::make_unique<ProcessMove>(m_graph, m_keeper, m_process, m_streams->name());
     connect(m_move.get(), &ProcessMove::takenOver, this, &PipeWireRoute::interrupt);
     m_patience.start();
     return noAudioError;
@@ -143,9 +149,10 @@ void PipeWireRoute::stopDevice(AudioObject, IoProcId) {
 
 void PipeWireRoute::destroyTap(AudioObject) {
     m_process = 0;
-    m_move.reset();
+    const auto move = std::exchange(m_move, nullptr);
     if (m_streams) {
-        Q_EMIT retired(std::exchange(m_streams, nullptr));
+        Q_EMIT retired(std::exchange(m_streams, nullptr),
+                       move ? move->streams() : QList<std::uint32_t>());
     }
 }
 
@@ -167,9 +174,11 @@ void PipeWireRoute::attach(AudioSourceNode &source) {
 }
 
 QString PipeWireRoute::start() {
-    const QString error = m_streams->openPlayback();
-    m_isStarted = error.isEmpty();
-    return error;
+    const AudioStatus status = m_graph.defaultOutput() == 0 ? -ENODEV : m_streams->openPlayback();
+    m_isStarted = status == noAudioError;
+    return m_isStarted ? QString()
+                       : QStringLiteral("The audio output cannot be opened: %1.")
+                             .arg(QString::fromLocal8Bit(std::strerror(-status)));
 }
 
 void PipeWireRoute::stop() {

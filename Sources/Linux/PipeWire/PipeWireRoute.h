@@ -12,6 +12,7 @@ namespace perchly {
 
 class AudioGraph;
 class PipeWireConnection;
+class RouteKeeper;
 
 /// One route through PipeWire. The tap is the wish to capture a process; the device is a sink to
 /// which the process' streams are sent when it starts; the engine is the stream that plays.
@@ -19,7 +20,7 @@ class PipeWireConnection;
 class PipeWireRoute : public QObject, public AudioRoute, public AudioEngine {
     Q_OBJECT
 public:
-    PipeWireRoute(PipeWireConnection &connection, AudioGraph &graph);
+    PipeWireRoute(PipeWireConnection &connection, AudioGraph &graph, RouteKeeper &keeper);
     ~PipeWireRoute() override;
 
     [[nodiscard]] AudioStatus createTap(const TapDescription &description,
@@ -50,7 +51,7 @@ public:
 Q_SIGNALS:
     /// The streams are still needed until the session manager has sent the process' own back, and
     /// the server has said everything about them.
-    void retired(std::shared_ptr<perchly::RouteStreams> streams);
+    void retired(std::shared_ptr<perchly::RouteStreams> streams, const QList<std::uint32_t> &sent);
     /// isRunning() has turned false by itself. May come from within a callback of the connection.
     void stopped();
 
@@ -60,6 +61,7 @@ private:
 
     PipeWireConnection &m_connection;
     AudioGraph &m_graph;
+    RouteKeeper &m_keeper;
     AudioObject m_process = 0;
     std::shared_ptr<RouteStreams> m_streams;
     std::unique_ptr<ProcessMove> m_move;

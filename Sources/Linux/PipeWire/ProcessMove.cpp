@@ -1,6 +1,7 @@
 #include "ProcessMove.h"
 
 #include "AudioGraph.h"
+#include "RouteKeeper.h"
 #include "RouteStreams.h"
 
 #include <utility>
@@ -18,10 +19,18 @@ std::optional<StreamTarget> ofThePerson(const std::optional<StreamTarget> &targe
 
 } // namespace
 
-ProcessMove::ProcessMove(AudioGraph &graph, AudioObject process, const QString &target)
+ProcessMove::ProcessMove(AudioGraph &graph, RouteKeeper &keeper, AudioObject process,
+                         const QString &target)
     : m_graph(graph)
+    , m_keeper(keeper)
     , m_process(process)
     , m_target{QByteArrayLiteral("Spa:String"), target.toUtf8()} {}
+
+ProcessMove::~ProcessMove() {
+    for (const std::uint32_t node : streams()) {
+        forget(node);
+    }
+}
 
 void ProcessMove::begin() {
     m_isUnderWay = true;
@@ -33,10 +42,7 @@ void ProcessMove::begin() {
             move(node);
         }
     });
-    connect(&m_graph, &AudioGraph::streamRemoved, this, [this](std::uint32_t node) {
-        m_before.remove(node);
-        m_arrived.remove(node);
-    });
+    connect(&m_graph, &AudioGraph::streamRemoved, this, &ProcessMove::forget);
     connect(&m_graph.metadata(), &SessionMetadata::targetChanged, this, &ProcessMove::watch);
     for (const GraphStream *stream : m_graph.streamsOf(m_process)) {
         move(stream->node);
@@ -44,11 +50,28 @@ void ProcessMove::begin() {
 }
 
 void ProcessMove::move(std::uint32_t node) {
-    if (m_before.contains(node) || !m_graph.metadata().isBound()) {
-        return;
+    if (!m_before.contains(node) && m_graph.metadata().isBound()) {
+        m_graph.metadata().setTarget(node, m_target);
+        note(node);
     }
-    m_before.insert(node, ofThePerson(m_graph.metadata().target(node)));
-    m_graph.metadata().setTarget(node, m_target);
+}
+
+/// Where the stream goes back to, for as long as the table still says so.
+void ProcessMove::note(std::uint32_t node) {
+    const auto before = wish(node);
+    m_before.insert(node, before);
+    m_keeper.keep(node, before);
+    const auto output =
+        before ? m_graph.outputOfSerial(QString::fromUtf8(before->value)) : std::nullopt;
+    if (output) {
+        m_graph.metadata().remember(node, *output);
+    }
+}
+
+void ProcessMove::forget(std::uint32_t node) {
+    m_before.remove(node);
+    m_arrived.remove(node);
+    m_keeper.forget(node);
 }
 
 void ProcessMove::watch(std::uint32_t node) {
@@ -56,23 +79,22 @@ void ProcessMove::watch(std::uint32_t node) {
     if (!m_before.contains(node)) {
         return;
     }
-    const auto target = m_graph.metadata().target(node);
-    if (target == m_target) {
+    if (m_graph.metadata().target(node) == m_target) {
         m_arrived.insert(node);
     } else if (m_arrived.contains(node)) {
-        m_before.remove(node);
+        forget(node);
         Q_EMIT takenOver();
     } else {
-        m_before[node] = ofThePerson(target);
+        note(node);
     }
 }
 
-std::optional<StreamTarget> ProcessMove::targetBefore(std::uint32_t node) const {
-    if (const auto before = m_before.value(node)) {
-        return before;
+std::optional<StreamTarget> ProcessMove::wish(std::uint32_t node) const {
+    if (const auto target = ofThePerson(m_graph.metadata().target(node))) {
+        return target;
     }
     // The session manager forgets its own choice for the program when the target is taken away, so
-    // it is told once more.
+    // it is told as a target.
     const auto remembered = m_graph.metadata().rememberedNode(node);
     const QString serial = remembered ? m_graph.serialOfOutput(*remembered) : QString();
     if (serial.isEmpty()) {
@@ -87,12 +109,12 @@ void ProcessMove::undo() {
     }
     disconnect(&m_graph, nullptr, this, nullptr);
     disconnect(&m_graph.metadata(), nullptr, this, nullptr);
-    if (m_graph.metadata().isBound()) {
-        for (auto moved = m_before.cbegin(); moved != m_before.cend(); ++moved) {
-            m_graph.metadata().setTarget(moved.key(), targetBefore(moved.key()));
+    for (auto moved = m_before.cbegin(); moved != m_before.cend(); ++moved) {
+        m_keeper.forget(moved.key());
+        if (m_graph.metadata().isBound()) {
+            m_graph.metadata().setTarget(moved.key(), moved.value());
         }
     }
-    m_before.clear();
 }
 
 } // namespace perchly

@@ -2,6 +2,8 @@
 
 #include "AudioGraph.h"
 
+#include <algorithm>
+
 namespace perchly {
 
 using namespace std::chrono_literals;
@@ -21,11 +23,18 @@ RetiredStreams::RetiredStreams(const AudioGraph &graph, QObject *parent)
     connect(&m_timer, &QTimer::timeout, this, &RetiredStreams::drop);
 }
 
-void RetiredStreams::add(std::shared_ptr<RouteStreams> streams) {
+void RetiredStreams::add(std::shared_ptr<RouteStreams> streams, const QList<std::uint32_t> &sent) {
     QElapsedTimer time;
     time.start();
-    m_retired.push_back({std::move(streams), time});
+    m_retired.push_back({std::move(streams), sent, time});
     m_timer.start();
+}
+
+/// What else somebody may have sent there does not leave before the end, so it is not waited for.
+bool RetiredStreams::isFed(const Retired &retired) const {
+    return std::any_of(retired.sent.cbegin(), retired.sent.cend(), [&](std::uint32_t node) {
+        return m_graph.wiring().connects(node, retired.streams->captureNode());
+    });
 }
 
 bool RetiredStreams::isOver(Retired &retired) const {
@@ -33,7 +42,7 @@ bool RetiredStreams::isOver(Retired &retired) const {
     if (!retired.streams->isIntact() || retired.isUnlinked) {
         return true;
     }
-    if (age >= limit || (age >= rest && !m_graph.wiring().isFed(retired.streams->captureNode()))) {
+    if (age >= limit || (age >= rest && !isFed(retired))) {
         // Gone from the graph before they go themselves: what the server has to say about that
         // holds descriptors, which nobody would close afterwards.
         retired.streams->leaveGraph();

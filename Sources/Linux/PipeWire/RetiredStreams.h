@@ -3,6 +3,7 @@
 #include "RouteStreams.h"
 
 #include <QElapsedTimer>
+#include <QList>
 #include <QObject>
 #include <QTimer>
 
@@ -21,17 +22,20 @@ class RetiredStreams : public QObject {
 public:
     explicit RetiredStreams(const AudioGraph &graph, QObject *parent = nullptr);
 
-    void add(std::shared_ptr<RouteStreams> streams);
+    /// The process' own streams, by the numbers of their nodes.
+    void add(std::shared_ptr<RouteStreams> streams, const QList<std::uint32_t> &sent);
     [[nodiscard]] bool isEmpty() const { return m_retired.empty(); }
 
 private:
     struct Retired {
         std::shared_ptr<RouteStreams> streams;
+        QList<std::uint32_t> sent;
         QElapsedTimer time;
         bool isUnlinked = false;
     };
 
     [[nodiscard]] bool isOver(Retired &retired) const;
+    [[nodiscard]] bool isFed(const Retired &retired) const;
     void drop();
 
     const AudioGraph &m_graph;

@@ -2,17 +2,11 @@
 
 #include "PipeWireConnection.h"
 
-#include <cerrno>
-#include <cstring>
 #include <utility>
 
 namespace perchly {
 
-using namespace std::chrono_literals;
-
 namespace {
-
-constexpr auto openingLimit = 250ms;
 
 void capture(void *cycle, pw_stream *stream) {
     static_cast<RouteCycle *>(cycle)->capture(stream);
@@ -72,11 +66,10 @@ AudioStatus RouteStreams::openCapture() {
     // A stream that is sent to a sink at rest is cut for two cycles.
     set(made, PW_KEY_NODE_ALWAYS_PROCESS, QStringLiteral("true"));
     m_capture = make(made, {capture, &m_cycle});
-    const int status = m_capture->open(PW_DIRECTION_INPUT, 0);
-    return status < 0 ? status : m_capture->waitUntilMade(openingLimit);
+    return m_capture->open(PW_DIRECTION_INPUT, 0);
 }
 
-QString RouteStreams::openPlayback() {
+AudioStatus RouteStreams::openPlayback() {
     pw_properties *made = properties(m_name + QStringLiteral(".playback"));
     setGroups(made);
     // The output may rest while nothing is captured.
@@ -89,18 +82,12 @@ QString RouteStreams::openPlayback() {
             m_connection.passRealTimeThread();
         }
     });
-    int status =
-        m_playback->open(PW_DIRECTION_OUTPUT, PW_STREAM_FLAG_AUTOCONNECT | PW_STREAM_FLAG_TRIGGER);
-    if (status == 0) {
-        status = m_playback->waitUntilMade(openingLimit);
-    }
-    if (status == 0) {
-        return {};
-    }
-    const QString reason = m_playback->error().isEmpty()
-                               ? QString::fromLocal8Bit(std::strerror(-status))
-                               : m_playback->error();
-    return QStringLiteral("The audio output cannot be opened: %1.").arg(reason);
+    return m_playback->open(PW_DIRECTION_OUTPUT,
+                            PW_STREAM_FLAG_AUTOCONNECT | PW_STREAM_FLAG_TRIGGER);
+}
+
+bool RouteStreams::isMade() const {
+    return m_capture->node() != SPA_ID_INVALID && m_playback->node() != SPA_ID_INVALID;
 }
 
 void RouteStreams::leaveGraph() {

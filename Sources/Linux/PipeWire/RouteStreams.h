@@ -29,10 +29,11 @@ public:
     /// What the real-time thread does. Once it is open, it is left alone.
     [[nodiscard]] RouteCycle &cycle() { return m_cycle; }
 
-    /// Waits for the server for a short time.
+    // The server is asked for the ends and not waited for: isIntact() is what it thinks of them.
     [[nodiscard]] AudioStatus openCapture();
-    /// The same. Empty when it plays, else why not.
-    [[nodiscard]] QString openPlayback();
+    [[nodiscard]] AudioStatus openPlayback();
+    /// Whether the server has made both ends.
+    [[nodiscard]] bool isMade() const;
 
     /// Takes both ends out of the graph; nothing is captured or played any more.
     void leaveGraph();

@@ -1,5 +1,7 @@
 #include "SessionMetadata.h"
 
+#include "RouteStreams.h"
+
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -12,6 +14,14 @@ namespace {
 const QByteArray targetKey = QByteArrayLiteral("target.object");
 const QByteArray rememberedKey = QByteArrayLiteral("target.node");
 const QByteArray defaultKey = QByteArrayLiteral("default.audio.sink");
+const QByteArray chosenDefaultKey = QByteArrayLiteral("default.configured.audio.sink");
+
+QString nameIn(const char *json) {
+    return QJsonDocument::fromJson(QByteArray(json))
+        .object()
+        .value(QLatin1String("name"))
+        .toString();
+}
 
 } // namespace
 
@@ -35,6 +45,8 @@ void SessionMetadata::unbind() {
     m_proxy.reset();
     m_targets.clear();
     m_remembered.clear();
+    m_chosenDefault.reset();
+    m_isOwnChosen = false;
     if (!std::exchange(m_defaultOutput, QString()).isEmpty()) {
         Q_EMIT defaultOutputChanged();
     }
@@ -52,10 +64,27 @@ std::optional<std::uint32_t> SessionMetadata::rememberedNode(std::uint32_t node)
 }
 
 void SessionMetadata::setTarget(std::uint32_t node, const std::optional<StreamTarget> &target) {
-    auto *metadata = reinterpret_cast<pw_metadata *>(m_proxy.get());
-    pw_metadata_set_property(metadata, node, targetKey.constData(),
-                             target ? target->type.constData() : nullptr,
-                             target ? target->value.constData() : nullptr);
+    write(node, targetKey, target);
+}
+
+void SessionMetadata::remember(std::uint32_t node, std::uint32_t output) {
+    // The same value again is no news to it.
+    write(node, rememberedKey, std::nullopt);
+    write(node, rememberedKey,
+          StreamTarget{QByteArrayLiteral("Spa:Id"), QByteArray::number(output)});
+}
+
+void SessionMetadata::restoreDefaultOutput() {
+    if (isBound() && m_isOwnChosen) {
+        write(PW_ID_CORE, chosenDefaultKey, m_chosenDefault);
+    }
+}
+
+void SessionMetadata::write(std::uint32_t subject, const QByteArray &key,
+                            const std::optional<StreamTarget> &entry) {
+    pw_metadata_set_property(reinterpret_cast<pw_metadata *>(m_proxy.get()), subject,
+                             key.constData(), entry ? entry->type.constData() : nullptr,
+                             entry ? entry->value.constData() : nullptr);
 }
 
 void SessionMetadata::forget(std::uint32_t node) {
@@ -67,7 +96,7 @@ int SessionMetadata::onProperty(void *data, std::uint32_t subject, const char *k
                                 const char *type, const char *value) {
     // No key stands for all of them, which have then no value.
     auto &self = *static_cast<SessionMetadata *>(data);
-    for (const QByteArray &known : {targetKey, rememberedKey, defaultKey}) {
+    for (const QByteArray &known : {targetKey, rememberedKey, defaultKey, chosenDefaultKey}) {
         if (key == nullptr || known == key) {
             self.read(subject, known, type, value);
         }
@@ -77,11 +106,19 @@ int SessionMetadata::onProperty(void *data, std::uint32_t subject, const char *k
 
 void SessionMetadata::read(std::uint32_t subject, const QByteArray &key, const char *type,
                            const char *value) {
+    if ((key == defaultKey || key == chosenDefaultKey) && subject != PW_ID_CORE) {
+        return;
+    }
     if (key == defaultKey) {
-        const QJsonObject named = QJsonDocument::fromJson(QByteArray(value)).object();
-        const QString name = named.value(QLatin1String("name")).toString();
-        if (subject == PW_ID_CORE && std::exchange(m_defaultOutput, name) != name) {
+        const QString name = nameIn(value);
+        if (std::exchange(m_defaultOutput, name) != name) {
             Q_EMIT defaultOutputChanged();
+        }
+    } else if (key == chosenDefaultKey) {
+        m_isOwnChosen = nameIn(value).startsWith(RouteStreams::namePrefix);
+        if (!m_isOwnChosen) {
+            m_chosenDefault =
+                value == nullptr ? std::nullopt : std::optional(StreamTarget{type, value});
         }
     } else if (key == rememberedKey) {
         m_remembered.insert(subject, QByteArray(value));

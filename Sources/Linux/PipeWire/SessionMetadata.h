@@ -42,11 +42,17 @@ public:
     [[nodiscard]] std::optional<std::uint32_t> rememberedNode(std::uint32_t node) const;
     /// Nothing lets the stream go by itself. Needs a table.
     void setTarget(std::uint32_t node, const std::optional<StreamTarget> &target);
+    /// Has the session manager remember an output for programs like the stream's, whose target does
+    /// not name it: it forgets what it knew whenever a target is set. Needs a table.
+    void remember(std::uint32_t node, std::uint32_t output);
     /// A stream has gone, with what the table said about it.
     void forget(std::uint32_t node);
 
     /// The node's name; empty when there is none.
     [[nodiscard]] QString defaultOutput() const { return m_defaultOutput; }
+    /// When somebody has chosen one of our own sinks as the default: puts back what was chosen
+    /// before.
+    void restoreDefaultOutput();
 
 Q_SIGNALS:
     void targetChanged(std::uint32_t node);
@@ -56,6 +62,8 @@ private:
     static int onProperty(void *data, std::uint32_t subject, const char *key, const char *type,
                           const char *value);
     void read(std::uint32_t subject, const QByteArray &key, const char *type, const char *value);
+    void write(std::uint32_t subject, const QByteArray &key,
+               const std::optional<StreamTarget> &entry);
 
     static constexpr pw_metadata_events events{.version = PW_VERSION_METADATA_EVENTS,
                                                .property = onProperty};
@@ -66,6 +74,8 @@ private:
     QHash<std::uint32_t, StreamTarget> m_targets;
     QHash<std::uint32_t, QByteArray> m_remembered;
     QString m_defaultOutput;
+    std::optional<StreamTarget> m_chosenDefault; ///< by the person; never a sink of ours
+    bool m_isOwnChosen = false;
 };
 
 } // namespace perchly

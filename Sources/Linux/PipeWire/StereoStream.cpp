@@ -11,13 +11,12 @@ namespace perchly {
 
 struct StereoStream::Callbacks {
     static void stateChanged(void *data, pw_stream_state before, pw_stream_state state,
-                             const char *error) {
+                             const char *) {
         auto &self = *static_cast<StereoStream *>(data);
         self.setStreaming(state == PW_STREAM_STATE_STREAMING);
         if (state == PW_STREAM_STATE_ERROR ||
             (state == PW_STREAM_STATE_UNCONNECTED && before != PW_STREAM_STATE_UNCONNECTED)) {
             self.m_isIntact = false;
-            self.m_error = QString::fromUtf8(error);
         }
     }
 
@@ -66,15 +65,6 @@ int StereoStream::open(pw_direction direction, int flags) {
     const auto all =
         pw_stream_flags(flags | PW_STREAM_FLAG_MAP_BUFFERS | PW_STREAM_FLAG_RT_PROCESS);
     return pw_stream_connect(m_stream.get(), direction, PW_ID_ANY, all, &format, 1);
-}
-
-int StereoStream::waitUntilMade(std::chrono::milliseconds limit) {
-    const bool isDecided =
-        m_connection.waitFor(limit, [this] { return !isIntact() || node() != SPA_ID_INVALID; });
-    if (!isDecided) {
-        return -ETIMEDOUT;
-    }
-    return isIntact() ? 0 : -EIO;
 }
 
 void StereoStream::setStreaming(bool isStreaming) {

@@ -3,9 +3,7 @@
 #include "PipeWireHandles.h"
 
 #include <QObject>
-#include <QString>
 
-#include <chrono>
 #include <functional>
 
 namespace perchly {
@@ -29,16 +27,11 @@ public:
 
     /// 0, or a negative error number. The server is not waited for.
     [[nodiscard]] int open(pw_direction direction, int flags);
-    /// Waits until the server has made the node or refused to. 0, or a negative error number.
-    [[nodiscard]] int waitUntilMade(std::chrono::milliseconds limit);
     void close();
-
-    /// Why it is not intact, as the server said it; empty when it said nothing.
-    [[nodiscard]] QString error() const { return m_error; }
 
     /// False when the server has refused it or taken it away.
     [[nodiscard]] bool isIntact() const { return m_stream && m_isIntact; }
-    /// The node's number in the graph; SPA_ID_INVALID without one.
+    /// The node's number in the graph; SPA_ID_INVALID until the server has made it.
     [[nodiscard]] std::uint32_t node() const;
     /// Told whether the stream is to be processed, whenever that changes. What is told is true
     /// until the function has returned.
@@ -56,7 +49,6 @@ private:
     StreamPointer m_stream;
     pw_stream *m_handle = nullptr; ///< for the real-time thread; set once
     spa_hook m_listener{};
-    QString m_error;
     bool m_isIntact = true;
     bool m_isStreaming = false;
     std::function<void(bool)> m_told;

@@ -92,6 +92,11 @@ bool readMetadataEntry(std::string_view key, sd_bus_message *message, Player &pl
     return true;
 }
 
+/// A player may take off what it has not sounded yet, and is then a little before the start.
+std::optional<double> startingAtZero(double position) {
+    return position > -1 ? std::optional(std::max(position, 0.0)) : std::nullopt;
+}
+
 bool readPlayerEntry(std::string_view key, sd_bus_message *message, Player &player) {
     if (key == "Metadata") {
         return visitVariantEntries(message, [&](std::string_view name, sd_bus_message *entry) {
@@ -103,7 +108,7 @@ bool readPlayerEntry(std::string_view key, sd_bus_message *message, Player &play
         player.playback = playbackOf(textOf(value));
     } else if (key == "Position" && readVariant(message, value)) {
         const auto position = secondsOf(value);
-        player.position = position && *position >= 0 ? position : std::nullopt;
+        player.position = position ? startingAtZero(*position) : std::nullopt;
     } else if (key == "CanPlay" && readVariant(message, value)) {
         player.canPlay = isTrue(value);
     } else if (key == "CanPause" && readVariant(message, value)) {

@@ -7,26 +7,31 @@ namespace perchly {
 CompositorWatch::CompositorWatch(XcbConnection &connection, QObject *parent)
     : QObject(parent)
     , m_connection(connection) {
-    if (!connection.isAlive()) {
+    connect(&connection, &XcbConnection::eventArrived, this, &CompositorWatch::handleEvent);
+    connect(&connection, &XcbConnection::restored, this, &CompositorWatch::begin);
+    begin();
+}
+
+void CompositorWatch::begin() {
+    if (!m_connection.isAlive()) {
         return;
     }
-    m_selection = connection.atom("_NET_WM_CM_S" + QByteArray::number(connection.screenNumber()));
-    connect(&connection, &XcbConnection::eventArrived, this, &CompositorWatch::handleEvent);
-
-    const auto *extension = xcb_get_extension_data(connection.get(), &xcb_xfixes_id);
+    m_selection =
+        m_connection.atom("_NET_WM_CM_S" + QByteArray::number(m_connection.screenNumber()));
+    const auto *extension = xcb_get_extension_data(m_connection.get(), &xcb_xfixes_id);
     if (extension && extension->present &&
-        connection.reply<xcb_xfixes_query_version_reply_t>(
-            xcb_xfixes_query_version(connection.get(), 4, 0))) {
+        m_connection.reply<xcb_xfixes_query_version_reply_t>(
+            xcb_xfixes_query_version(m_connection.get(), 4, 0))) {
         m_firstEvent = extension->first_event;
         xcb_xfixes_select_selection_input(
-            connection.get(), connection.root(), m_selection,
+            m_connection.get(), m_connection.root(), m_selection,
             XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
                 XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
                 XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
     }
-    const auto owner = connection.reply<xcb_get_selection_owner_reply_t>(
-        xcb_get_selection_owner(connection.get(), m_selection));
-    m_isRunning = owner && owner->owner != XCB_WINDOW_NONE;
+    const auto owner = m_connection.reply<xcb_get_selection_owner_reply_t>(
+        xcb_get_selection_owner(m_connection.get(), m_selection));
+    setRunning(owner && owner->owner != XCB_WINDOW_NONE);
 }
 
 void CompositorWatch::handleEvent(const xcb_generic_event_t *event) {

@@ -19,6 +19,7 @@ Q_SIGNALS:
     void changed();
 
 private:
+    void begin();
     void handleEvent(const xcb_generic_event_t *event);
     void setRunning(bool isRunning);
 

@@ -8,14 +8,22 @@ OutsidePress::OutsidePress(XcbConnection &connection, QObject *parent)
     : QObject(parent)
     , m_connection(connection) {
     connect(&connection, &XcbConnection::eventArrived, this, &OutsidePress::handleEvent);
-    if (!connection.isAlive()) {
+    connect(&connection, &XcbConnection::restored, this, [this] {
+        begin();
+        watch(m_window);
+    });
+    begin();
+}
+
+void OutsidePress::begin() {
+    if (!m_connection.isAlive()) {
         return;
     }
-    const auto *extension = xcb_get_extension_data(connection.get(), &xcb_input_id);
+    const auto *extension = xcb_get_extension_data(m_connection.get(), &xcb_input_id);
     // Before version 2.1 raw presses stop while another program holds the pointer.
     if (extension && extension->present &&
-        connection.reply<xcb_input_xi_query_version_reply_t>(
-            xcb_input_xi_query_version(connection.get(), 2, 2))) {
+        m_connection.reply<xcb_input_xi_query_version_reply_t>(
+            xcb_input_xi_query_version(m_connection.get(), 2, 2))) {
         m_inputOpcode = extension->major_opcode;
     }
 }

@@ -20,6 +20,7 @@ Q_SIGNALS:
     void pressed();
 
 private:
+    void begin();
     void handleEvent(const xcb_generic_event_t *event);
     void select(quint32 events);
     [[nodiscard]] bool isPointerInside();

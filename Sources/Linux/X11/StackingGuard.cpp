@@ -42,13 +42,25 @@ StackingGuard::StackingGuard(XcbConnection &connection, QObject *parent)
     m_check.setInterval(settleTime);
     connect(&m_check, &QTimer::timeout, this, &StackingGuard::check);
     connect(&connection, &XcbConnection::eventArrived, this, &StackingGuard::handleEvent);
-    if (!connection.isAlive()) {
+    connect(&connection, &XcbConnection::restored, this, [this] {
+        begin();
+        watch(m_window);
+    });
+    begin();
+}
+
+void StackingGuard::begin() {
+    if (!m_connection.isAlive()) {
         return;
     }
-    // Under a compositor nothing is ever obscured; there the order of the managed windows tells.
+    // A translucent window is never told that it is obscured; there the managed windows tell. No
+    // one of their properties is enough: some managers leave the order alone when the first window
+    // comes.
+    m_signs = {m_connection.atom("_NET_CLIENT_LIST_STACKING"),
+               m_connection.atom("_NET_CLIENT_LIST"), m_connection.atom("_NET_ACTIVE_WINDOW")};
     const quint32 mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
-    xcb_change_window_attributes(connection.get(), connection.root(), XCB_CW_EVENT_MASK, &mask);
-    connection.flush();
+    xcb_change_window_attributes(m_connection.get(), m_connection.root(), XCB_CW_EVENT_MASK, &mask);
+    m_connection.flush();
 }
 
 void StackingGuard::watch(xcb_window_t window) {
@@ -67,8 +79,7 @@ void StackingGuard::handleEvent(const xcb_generic_event_t *event) {
         }
         break;
     case XCB_PROPERTY_NOTIFY:
-        if (reinterpret_cast<const xcb_property_notify_event_t *>(event)->atom !=
-            m_connection.atom("_NET_CLIENT_LIST_STACKING")) {
+        if (!m_signs.contains(reinterpret_cast<const xcb_property_notify_event_t *>(event)->atom)) {
             return;
         }
         break;

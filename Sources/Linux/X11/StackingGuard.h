@@ -25,6 +25,7 @@ Q_SIGNALS:
     void raiseWanted();
 
 private:
+    void begin();
     void handleEvent(const xcb_generic_event_t *event);
     void select();
     void check();
@@ -36,6 +37,7 @@ private:
     XcbConnection &m_connection;
     xcb_window_t m_window = XCB_WINDOW_NONE;
     bool m_isSelected = false;
+    QList<xcb_atom_t> m_signs; ///< properties of the root that change with the order of windows
     QTimer m_check;
     int m_raises = 0; ///< within the present period
     QDeadlineTimer m_period;

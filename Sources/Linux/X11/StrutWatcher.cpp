@@ -14,13 +14,19 @@ StrutWatcher::StrutWatcher(QObject *parent)
     m_refresh.setSingleShot(true);
     m_refresh.setInterval(settleTime);
     connect(&m_refresh, &QTimer::timeout, this, &StrutWatcher::refresh);
+    connect(&m_connection, &XcbConnection::eventArrived, this, &StrutWatcher::handleEvent);
+    connect(&m_connection, &XcbConnection::restored, this, &StrutWatcher::begin);
+    begin();
+}
+
+void StrutWatcher::begin() {
     if (!m_connection.isAlive()) {
         return;
     }
+    m_clients.clear();
     m_clientList = m_connection.atom("_NET_CLIENT_LIST");
     m_strut = m_connection.atom("_NET_WM_STRUT");
     m_strutPartial = m_connection.atom("_NET_WM_STRUT_PARTIAL");
-    connect(&m_connection, &XcbConnection::eventArrived, this, &StrutWatcher::handleEvent);
     const quint32 mask = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     xcb_change_window_attributes(m_connection.get(), m_connection.root(), XCB_CW_EVENT_MASK, &mask);
     refresh();

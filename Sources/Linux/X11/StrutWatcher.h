@@ -24,6 +24,7 @@ Q_SIGNALS:
     void changed();
 
 private:
+    void begin();
     void handleEvent(const xcb_generic_event_t *event);
     void refreshSoon();
     void refresh();

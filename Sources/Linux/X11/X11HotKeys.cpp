@@ -19,6 +19,7 @@ X11HotKeys::X11HotKeys(QObject *parent)
     m_keyboardChange.setInterval(settleTime);
     connect(&m_keyboardChange, &QTimer::timeout, this, &X11HotKeys::followKeyboardChange);
     connect(&m_connection, &XcbConnection::eventArrived, this, &X11HotKeys::handleEvent);
+    connect(&m_connection, &XcbConnection::restored, this, &X11HotKeys::followKeyboardChange);
     readKeyboard();
 }
 
@@ -83,7 +84,7 @@ void X11HotKeys::followKeyboardChange() {
     readKeyboard();
     for (Registration &registration : m_registrations) {
         if (!grab(registration)) {
-            qWarning("A hot key was lost with the change of the keyboard layout.");
+            qWarning("A hot key was lost with a change of the keyboard.");
         }
     }
 }

@@ -23,6 +23,7 @@ X11PointerMonitor::X11PointerMonitor(QObject *parent)
     connect(&m_poll, &QTimer::timeout, this, &X11PointerMonitor::poll);
     connect(&m_connection, &XcbConnection::eventArrived, this, &X11PointerMonitor::handleEvent);
     connect(&m_connection, &XcbConnection::drained, this, &X11PointerMonitor::announce);
+    connect(&m_connection, &XcbConnection::restored, this, &X11PointerMonitor::start);
     queryPosition();
 }
 
@@ -66,7 +67,6 @@ void X11PointerMonitor::setPolling(bool on) {
         m_poll.stop();
         return;
     }
-    queryPosition();
     m_poll.start();
 }
 

@@ -15,17 +15,32 @@ namespace perchly {
 
 namespace {
 
+constexpr std::chrono::milliseconds connectPatience{2000};
 constexpr std::chrono::milliseconds replyPatience{250};
 constexpr quint32 longestProperty = 16384;
+constexpr std::chrono::milliseconds firstRetry{500};
+constexpr int mostRetries = 6; // each after twice as long
 
 } // namespace
 
 XcbConnection::XcbConnection(const QByteArray &displayName, QObject *parent)
-    : QObject(parent) {
-    m_connection = connectToXServer(displayName, &m_screenNumber).release();
+    : QObject(parent)
+    , m_displayName(displayName) {
+    m_retry.setSingleShot(true);
+    connect(&m_retry, &QTimer::timeout, this, &XcbConnection::openAgain);
+    if (!open(connectPatience)) {
+        qWarning("The X server cannot be reached, or does not answer.");
+    }
+}
+
+XcbConnection::~XcbConnection() {
+    close();
+}
+
+bool XcbConnection::open(std::chrono::milliseconds patience) {
+    m_connection = connectToXServer(m_displayName, &m_screenNumber, patience).release();
     if (!m_connection) {
-        qWarning("The X server cannot be reached.");
-        return;
+        return false;
     }
     auto screen = xcb_setup_roots_iterator(xcb_get_setup(m_connection));
     for (int i = 0; i < m_screenNumber && screen.rem > 1; ++i) {
@@ -39,20 +54,31 @@ XcbConnection::XcbConnection(const QByteArray &displayName, QObject *parent)
     xcb_prefetch_extension_data(m_connection, &xcb_xfixes_id);
     xcb_prefetch_extension_data(m_connection, &xcb_shape_id);
     if (!reply<xcb_get_input_focus_reply_t>(xcb_get_input_focus(m_connection))) {
-        qWarning("The X server does not answer.");
-        xcb_disconnect(m_connection);
-        m_connection = nullptr;
-        return;
+        close();
+        return false;
     }
     m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection),
                                                    QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &XcbConnection::drain);
+    return true;
 }
 
-XcbConnection::~XcbConnection() {
+void XcbConnection::close() {
     m_notifier.reset();
     if (m_connection) {
-        xcb_disconnect(m_connection);
+        xcb_disconnect(std::exchange(m_connection, nullptr));
+    }
+    m_waiting.clear();
+    m_atoms.clear();
+}
+
+void XcbConnection::openAgain() {
+    close();
+    if (open(replyPatience)) {
+        m_retries = 0;
+        Q_EMIT restored();
+    } else if (++m_retries < mostRetries) {
+        m_retry.start(firstRetry * (1 << m_retries));
     }
 }
 
@@ -155,6 +181,9 @@ void XcbConnection::drain() {
     // A closed socket is readable for ever.
     if (!isAlive()) {
         setListening(false);
+        if (!m_retry.isActive()) {
+            m_retry.start(firstRetry);
+        }
     }
     Q_EMIT drained();
 }

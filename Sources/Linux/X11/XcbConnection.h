@@ -6,8 +6,10 @@
 #include <QHash>
 #include <QList>
 #include <QObject>
+#include <QTimer>
 #include <xcb/xcb.h>
 
+#include <chrono>
 #include <deque>
 #include <memory>
 
@@ -17,7 +19,8 @@ namespace perchly {
 
 /// A host's own line to the X server, beside the toolkit's: events that the toolkit hides, and
 /// questions whose wait has an end. Nothing here waits longer than a quarter of a second; a server
-/// that does not answer, or is gone, gives empty answers. Main thread only.
+/// that does not answer, or is gone, gives empty answers. A connection that is lost while the
+/// server goes on is made anew. Main thread only.
 class XcbConnection : public QObject {
     Q_OBJECT
 public:
@@ -25,7 +28,7 @@ public:
     explicit XcbConnection(const QByteArray &displayName = {}, QObject *parent = nullptr);
     ~XcbConnection() override;
 
-    /// False once the server refused the connection or closed it; it does not come back.
+    /// False once the server refused the connection, and from when it closed it until `restored`.
     [[nodiscard]] bool isAlive() const;
 
     /// For sending requests. Null if the server could not be reached.
@@ -67,10 +70,18 @@ Q_SIGNALS:
     /// All events that were there have been told.
     void drained();
 
+    /// The connection was lost and is there again. The server has forgotten everything that was
+    /// selected or grabbed on the old one.
+    void restored();
+
 private:
+    bool open(std::chrono::milliseconds patience);
+    void close();
+    void openAgain();
     void *waitForReply(unsigned int sequence);
     void keepQueuedEvents();
 
+    QByteArray m_displayName;
     xcb_connection_t *m_connection = nullptr;
     xcb_window_t m_root = XCB_WINDOW_NONE;
     int m_screenNumber = 0;
@@ -78,6 +89,8 @@ private:
     std::deque<XcbPointer<xcb_generic_event_t>> m_waiting;
     bool m_isDrainScheduled = false;
     QHash<QByteArray, xcb_atom_t> m_atoms;
+    QTimer m_retry;
+    int m_retries = 0; ///< since the connection was lost
 };
 
 } // namespace perchly

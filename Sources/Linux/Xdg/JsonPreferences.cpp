@@ -125,16 +125,19 @@ std::optional<PreferenceValue> JsonPreferences::value(const QString &key) const 
     return preferenceFromJson(m_document.value(key));
 }
 
-void JsonPreferences::setValue(const QString &key, const PreferenceValue &value) {
-    if (!isNotFinite(value)) {
-        const QJsonValue json = preferenceToJson(value);
-        const auto stored = m_document.constFind(key);
-        if (!m_saved || stored == m_document.constEnd() || *stored != json) {
-            m_document.insert(key, json);
-            save();
+void JsonPreferences::setValues(const PreferenceEntries &entries) {
+    const QJsonObject before = m_document;
+    for (const auto &[key, value] : entries) {
+        if (!isNotFinite(value)) {
+            m_document.insert(key, preferenceToJson(value));
         }
     }
-    Q_EMIT changed(key);
+    if (!m_saved || m_document != before) {
+        save();
+    }
+    for (const auto &[key, value] : entries) {
+        Q_EMIT changed(key);
+    }
 }
 
 void JsonPreferences::removeValue(const QString &key) {

@@ -30,7 +30,7 @@ public:
     [[nodiscard]] static QString defaultPath();
 
     [[nodiscard]] std::optional<PreferenceValue> value(const QString &key) const override;
-    void setValue(const QString &key, const PreferenceValue &value) override;
+    void setValues(const PreferenceEntries &entries) override;
     void removeValue(const QString &key) override;
 
 private:

@@ -38,6 +38,11 @@ bool showsNothing(const QString &text) {
     return std::ranges::all_of(text, isBlank);
 }
 
+QString visibleName(const QString &name) {
+    const QString visible = inOneLine(name).simplified();
+    return showsNothing(visible) ? QString() : visible;
+}
+
 QString shownPart(const QString &text) {
     if (text.size() <= mostShownCharacters) {
         return text;

@@ -185,6 +185,7 @@ void SearchResults::setEntries(Section section, Entries entries) {
         known.insert(entry.key, &entry);
     }
     for (Entry &entry : entries) {
+        entry.key.prepend(titles.at(size_t(section))); // different in all sections
         const Entry *before = known.value(entry.key);
         if (before != nullptr && before->text == entry.text) {
             entry.folded = before->folded;
@@ -213,7 +214,7 @@ SearchResults::Rows SearchResults::matches() const {
         rows.append({section, title, title, {}, true});
         for (const Entry &entry : m_entries.at(size_t(number))) {
             if (isMatch(entry)) {
-                rows.append({section, title + entry.key, entry.label, entry.target, false});
+                rows.append({section, entry.key, entry.label, entry.target, false});
             }
         }
         if (section == Note && rows.size() == before + 1) {

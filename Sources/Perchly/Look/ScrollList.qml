@@ -16,6 +16,8 @@ Item {
     property alias spacing: view.spacing
     property alias count: view.count
     property alias reuseItems: view.reuseItems
+    /// How far beyond what is shown rows are kept ready, in points.
+    property alias cacheBuffer: view.cacheBuffer
     readonly property alias view: view
 
     readonly property bool holdsKeyboard: Boolean(scroller.focused) && scroller.holds(scroller.focused)

@@ -23,20 +23,27 @@ MediaTracking::MediaTracking(ShelfModel &model, Clock &clock, ScriptHost &script
                              PlayerNotifications &notifications, MusicPlayer &musicPlayer)
     : m_model(model)
     , m_clock(clock)
+    , m_players(notifications)
     , m_musicPlayer(musicPlayer)
     , m_reader(scripts, notifications, clock)
     , m_control(model, m_reader, clock, [this](const auto &activity) { applyMedia(activity); }) {
     connect(&model, &ShelfModel::controlRequested, this, &MediaTracking::control);
     connect(&model, &ShelfModel::musicRequested, this, &MediaTracking::music);
     connect(&notifications, &PlayerNotifications::received, this, &MediaTracking::playback);
+    connect(&notifications, &PlayerNotifications::presenceChanged, this, [this] {
+        if (m_isMonitoring && !m_poll) {
+            poll();
+        }
+    });
 }
 
 void MediaTracking::startMediaMonitoring() {
-    m_poll.reset();
+    m_isMonitoring = true;
     poll();
 }
 
 void MediaTracking::stopMediaMonitoring() {
+    m_isMonitoring = false;
     m_poll.reset();
 }
 
@@ -45,8 +52,22 @@ void MediaTracking::poll() {
         if (reading.succeeded && !m_model.controlling()) {
             applyMedia(reading.activity);
         }
-        m_poll = m_clock.after(2s, [this] { poll(); });
+        rest();
     });
+}
+
+/// Without a player there is nothing to read until one comes.
+void MediaTracking::rest() {
+    m_poll.reset();
+    if (m_players.presence() == PlayerPresence::Some || m_model.controlling()) {
+        pollLater();
+    }
+}
+
+void MediaTracking::pollLater() {
+    if (m_isMonitoring && !m_poll) {
+        m_poll = m_clock.after(2s, [this] { poll(); });
+    }
 }
 
 void MediaTracking::applyMedia(const std::optional<MediaActivity> &activity) {
@@ -63,6 +84,7 @@ void MediaTracking::applyMedia(const std::optional<MediaActivity> &activity) {
 
 void MediaTracking::control(const QString &word) {
     m_control.start(word);
+    pollLater();
 }
 
 void MediaTracking::music() {
@@ -74,6 +96,7 @@ void MediaTracking::music() {
     m_model.setMediaCanSeek(false);
     m_model.setMediaSource(QStringLiteral("Apple Music"));
     m_model.setActivity(QStringLiteral("Music is open"));
+    pollLater();
 }
 
 void MediaTracking::playback(const QString &name, const QVariantMap &information) {

@@ -25,8 +25,9 @@ public:
     MediaTracking(ShelfModel &model, Clock &clock, ScriptHost &scripts,
                   PlayerNotifications &notifications, MusicPlayer &musicPlayer);
 
-    /// Reads the session now and then again two seconds after each reading. A reading that failed
-    /// changes nothing, nor does one that ends while a command is under way.
+    /// Reads the session now and then again two seconds after each reading; while no player runs,
+    /// only when one comes or the person asks for something. A reading that failed changes nothing,
+    /// nor does one that ends while a command is under way.
     void startMediaMonitoring();
     void stopMediaMonitoring();
 
@@ -42,13 +43,17 @@ public:
 
 private:
     void poll();
+    void rest();
+    void pollLater();
 
     ShelfModel &m_model;
     Clock &m_clock;
+    const PlayerNotifications &m_players;
     MusicPlayer &m_musicPlayer;
     MediaActivityReader m_reader;
     MediaControl m_control;
     Task m_poll;
+    bool m_isMonitoring = false;
 };
 
 } // namespace perchly

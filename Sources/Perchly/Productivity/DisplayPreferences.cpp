@@ -156,8 +156,8 @@ void DisplayPreferences::setLogin(bool login) {
 }
 
 void DisplayPreferences::resetPosition() {
-    m_preferences.setString(keys::shelfEdge, shelfEdgeName(ShelfEdge::Top));
-    m_preferences.setNumber(keys::shelfEdgePosition, 0.5);
+    m_preferences.setValues(
+        {{keys::shelfEdge, shelfEdgeName(ShelfEdge::Top)}, {keys::shelfEdgePosition, 0.5}});
     m_shell.resize();
 }
 

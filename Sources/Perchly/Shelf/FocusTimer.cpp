@@ -89,11 +89,8 @@ void ShelfModel::endFocus() {
 void ShelfModel::refreshDay() {
     const double today = secondsSinceEpoch(m_clock.startOfDay());
     if (m_preferences.number(keys::focusDay).value_or(0) != today) {
-        // The day last: if the program is killed in between, the next start begins the day again
-        // instead of counting yesterday's totals as today's.
-        m_preferences.setNumber(keys::focusSessions, 0);
-        m_preferences.setNumber(keys::focusTotalMinutes, 0);
-        m_preferences.setNumber(keys::focusDay, today);
+        m_preferences.setValues(
+            {{keys::focusDay, today}, {keys::focusSessions, 0.0}, {keys::focusTotalMinutes, 0.0}});
     }
     const auto stored = [this](const QString &key) {
         return limitedToInt(m_preferences.wholeNumber(key).value_or(0));
@@ -126,8 +123,8 @@ void ShelfModel::tick() {
         publish(m_todaySessions, sum(m_todaySessions, 1), &ShelfModel::todaySessionsChanged);
         publish(m_todayMinutes, sum(m_todayMinutes, m_plannedMinutes),
                 &ShelfModel::todayMinutesChanged);
-        m_preferences.setNumber(keys::focusSessions, m_todaySessions);
-        m_preferences.setNumber(keys::focusTotalMinutes, m_todayMinutes);
+        m_preferences.setValues({{keys::focusSessions, double(m_todaySessions)},
+                                 {keys::focusTotalMinutes, double(m_todayMinutes)}});
     }
     setQuietFocus(false);
     m_deadline.reset();

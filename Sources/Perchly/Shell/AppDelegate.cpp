@@ -49,6 +49,9 @@ void AppDelegate::launch() {
     m_hotKey.registerChords();
     m_hosts.keys->start([this](const KeyPress &press) { return handleKey(press); });
     connect(m_hosts.pointer.get(), &PointerMonitor::moved, this, &AppDelegate::checkHover);
+    // Queued: checking must not move the panel inside its own handling of the event.
+    connect(m_panel.get(), &ShelfPanel::crossed, this, &AppDelegate::onPointerCrossing,
+            Qt::QueuedConnection);
     m_hosts.pointer->start();
     showStatusItem();
     m_hosts.playerNotifications->start();

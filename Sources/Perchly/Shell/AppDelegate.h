@@ -115,7 +115,8 @@ private:
     void startCloseTask();
     void startSettleTask();
     void setKeyboardOpen(bool open);
-    void updatePolling();
+    void onPointerCrossing();
+    void watchForJumps(ScreenPoint pointer);
     // ShelfPlacement.cpp
     [[nodiscard]] static DisplayGeometry geometryOf(const Display &display);
     void placePanel(ShelfSize size);

@@ -28,7 +28,7 @@ void AppDelegate::beginShelfDrag(ScreenPoint start) {
                                      std::min(std::max(frame.maxY() - start.y, 0.0), height)}
                        : ScreenPoint{width / 2, height / 2};
     m_model.setExpanded(false);
-    updatePolling();
+    m_hosts.pointer->setPolling(false);
     moveShelfDrag(start);
 }
 
@@ -66,10 +66,10 @@ void AppDelegate::endShelfDrag(ScreenPoint point) {
         std::abs(point.x - display->frame.midX()) < notchSnapDistance(*gap)) {
         place.position = 0.5;
     }
-    m_hosts.preferences->setString(keys::shelfEdge, shelfEdgeName(place.edge));
-    m_hosts.preferences->setNumber(keys::shelfEdgePosition, place.position);
-    m_hosts.preferences->setNumber(keys::displayIndex,
-                                   double(std::distance(displays.cbegin(), display)));
+    m_hosts.preferences->setValues(
+        {{keys::shelfEdge, shelfEdgeName(place.edge)},
+         {keys::shelfEdgePosition, place.position},
+         {keys::displayIndex, double(std::distance(displays.cbegin(), display))}});
     resize();
 }
 

@@ -35,7 +35,8 @@ void AppDelegate::checkHover() {
         return;
     }
     const ShelfSize size = m_model.expanded() ? ShelfSize::Expanded : ShelfSize::Compact;
-    if (shelfFrame(size).contains(m_hosts.pointer->position())) {
+    const ScreenPoint pointer = m_hosts.pointer->position();
+    if (shelfFrame(size).contains(pointer)) {
         m_closeTask.reset();
         const bool opens = m_hosts.preferences->boolean(keys::openOnHover).value_or(true);
         if (!m_model.expanded() && opens) {
@@ -43,6 +44,22 @@ void AppDelegate::checkHover() {
         }
     } else if (m_model.expanded() && !m_closeTask) {
         startCloseTask();
+    }
+    watchForJumps(pointer);
+}
+
+/// Another program may make the pointer jump, which is no movement. The open shelf's crossings tell
+/// of that; where its frame is larger than what it shows, only looking does.
+void AppDelegate::watchForJumps(ScreenPoint pointer) {
+    const bool isUnseen = m_model.expanded() && !m_panel->takesPointer(pointer) &&
+                          shelfFrame(ShelfSize::Expanded).contains(pointer);
+    m_hosts.pointer->setPolling(isUnseen);
+}
+
+/// The closed shelf opens by movement only, not when it comes to lie under a pointer at rest.
+void AppDelegate::onPointerCrossing() {
+    if (m_model.expanded()) {
+        checkHover();
     }
 }
 
@@ -65,8 +82,8 @@ void AppDelegate::setExpanded(bool expanded) {
         m_model.setExpanded(false);
         returnKeyboard();
         startSettleTask();
+        m_hosts.pointer->setPolling(false);
     }
-    updatePolling();
 }
 
 void AppDelegate::startSettleTask() {
@@ -82,7 +99,7 @@ void AppDelegate::setKeyboardOpen(bool open) {
     m_keyboardOpen = open;
     m_keyboardBorrowed = false;
     setExpanded(open);
-    updatePolling();
+    m_hosts.pointer->setPolling(false);
     if (open) {
         m_hosts.panel->orderFront();
         m_hosts.panel->takeKeyboard();
@@ -104,11 +121,6 @@ void AppDelegate::returnKeyboard() {
     if (std::exchange(m_keyboardBorrowed, false)) {
         m_hosts.panel->giveKeyboardBack();
     }
-}
-
-/// Jumps of the pointer matter only while leaving the shelf would close it.
-void AppDelegate::updatePolling() {
-    m_hosts.pointer->setPolling(m_model.expanded() && !m_keyboardOpen);
 }
 
 void AppDelegate::toggleKeyboardOpen() {

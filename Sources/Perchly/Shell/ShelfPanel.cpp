@@ -86,6 +86,10 @@ void ShelfPanel::setFrame(const ScreenRect &frame, const ScreenRect &compactFram
     applyShape();
 }
 
+bool ShelfPanel::takesPointer(ScreenPoint point) const {
+    return m_shape.contains(inWindow({point.x, point.y, 1, 1}).topLeft().toPoint());
+}
+
 bool ShelfPanel::event(QEvent *event) {
     const bool pointer = event->type() == QEvent::MouseButtonPress ||
                          event->type() == QEvent::MouseMove ||
@@ -93,8 +97,12 @@ bool ShelfPanel::event(QEvent *event) {
     if (pointer) {
         m_eventPosition = m_host.toScreen(static_cast<QMouseEvent *>(event)->globalPosition());
     }
+    const bool crosses = event->type() == QEvent::Enter || event->type() == QEvent::Leave;
     const bool handled = QQuickView::event(event);
     m_eventPosition.reset();
+    if (crosses) {
+        Q_EMIT crossed();
+    }
     return handled;
 }
 
@@ -102,7 +110,8 @@ void ShelfPanel::applyShape() {
     const QQuickItem *root = rootObject();
     const QRectF shape = root ? root->property("shapeRect").toRectF() : inWindow(m_frame);
     const double radius = root ? root->property("shapeRadius").toDouble() : 0;
-    m_host.setShape(roundedRegion(shape, radius, m_edge));
+    m_shape = roundedRegion(shape, radius, m_edge);
+    m_host.setShape(m_shape);
 }
 
 } // namespace perchly

@@ -4,6 +4,7 @@
 #include "ShelfEdge.h"
 
 #include <QQuickView>
+#include <QRegion>
 
 #include <optional>
 
@@ -34,6 +35,14 @@ public:
     /// The frame that the panel was last given.
     [[nodiscard]] const ScreenRect &frame() const { return m_frame; }
 
+    /// Whether the pointer would be the panel's at that point, so that `crossed` tells when it
+    /// goes.
+    [[nodiscard]] bool takesPointer(ScreenPoint point) const;
+
+Q_SIGNALS:
+    /// The pointer came to or left what takes it, by moving or by a jump.
+    void crossed();
+
 protected:
     bool event(QEvent *event) override;
 
@@ -49,6 +58,7 @@ private:
     ScreenRect m_compactFrame;
     ShelfEdge m_edge = ShelfEdge::Top;
     QMarginsF m_margins;
+    QRegion m_shape;
     std::optional<ScreenPoint> m_eventPosition;
 };
 

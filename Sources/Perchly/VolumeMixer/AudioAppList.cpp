@@ -20,6 +20,7 @@ void AudioAppList::show(const QList<AudioApp> &apps) {
     for (int row = 0; row < int(apps.size()); ++row) {
         place(apps[row], row);
     }
+    findSharedNames();
     if (count() != before) {
         Q_EMIT countChanged();
     }
@@ -42,6 +43,20 @@ void AudioAppList::place(const AudioApp &app, int row) {
     if (m_apps[row] != app) {
         m_apps[row] = app;
         Q_EMIT dataChanged(index(row), index(row), {NameRole, PathRole});
+    }
+}
+
+void AudioAppList::findSharedNames() {
+    QSet<QString> once;
+    QSet<QString> shared;
+    for (const AudioApp &app : m_apps) {
+        (once.contains(app.name) ? shared : once).insert(app.name);
+    }
+    if (shared != m_sharedNames) {
+        m_sharedNames = shared;
+        if (!m_apps.isEmpty()) {
+            Q_EMIT dataChanged(index(0), index(count() - 1), {ProcessRole});
+        }
     }
 }
 
@@ -84,15 +99,18 @@ QVariant AudioAppList::data(const QModelIndex &index, int role) const {
         return int(level * 100); // in single precision, where 0.29 is 29 per cent
     case MutedRole:
         return m_levels.muted.contains(app.id);
+    case ProcessRole:
+        return m_sharedNames.contains(app.name) ? QStringLiteral("process %1").arg(app.pid)
+                                                : QString();
     default:
         return {};
     }
 }
 
 QHash<int, QByteArray> AudioAppList::roleNames() const {
-    return {{IdRole, "appId"},      {NameRole, "name"},   {PathRole, "path"},
-            {RoutedRole, "routed"}, {LevelRole, "level"}, {PercentRole, "percent"},
-            {MutedRole, "muted"}};
+    return {{IdRole, "appId"},      {NameRole, "name"},      {PathRole, "path"},
+            {RoutedRole, "routed"}, {LevelRole, "level"},    {PercentRole, "percent"},
+            {MutedRole, "muted"},   {ProcessRole, "process"}};
 }
 
 } // namespace perchly

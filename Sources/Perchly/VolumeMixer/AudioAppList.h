@@ -4,6 +4,7 @@
 
 #include <QAbstractListModel>
 #include <QList>
+#include <QSet>
 
 #include <map>
 #include <set>
@@ -31,6 +32,7 @@ public:
         LevelRole,             ///< "level"; 1 when it is not routed
         PercentRole,           ///< "percent": the level, rounded down
         MutedRole,             ///< "muted"
+        ProcessRole,           ///< "process": which one, in words, where others have the same name
     };
 
     /// The levels must outlive the list.
@@ -53,9 +55,11 @@ private:
     /// The row of that process, from `first` on; -1 without one.
     [[nodiscard]] int rowOf(AudioObject id, int first = 0) const;
     void place(const AudioApp &app, int row);
+    void findSharedNames();
 
     const MixerLevels &m_levels;
     QList<AudioApp> m_apps;
+    QSet<QString> m_sharedNames;
 };
 
 } // namespace perchly

@@ -1,6 +1,7 @@
 #include "VolumeMixer.h"
 
 #include "MixerError.h"
+#include "ShownText.h"
 
 #include <QCoreApplication>
 
@@ -17,6 +18,10 @@ constexpr auto refreshPeriod = 2s;
 /// What names are ordered by: the bytes of UTF-8 compare as the code points do.
 QByteArray sortKey(const QString &name) {
     return name.normalized(QString::NormalizationForm_C).toUtf8();
+}
+
+QString shownName(const QString &name) {
+    return shownPart(visibleName(name));
 }
 
 QList<AudioApp> sortedByName(const QList<AudioApp> &apps) {
@@ -42,7 +47,10 @@ VolumeMixer::VolumeMixer(AudioSystem &audio, Clock &clock, QObject *parent)
     , m_clock(clock)
     , m_supported(audio.canRouteProcesses()) {
     connect(&audio, &AudioSystem::changed, this, [this] {
-        const bool otherOutput = !m_routes.empty() && m_audio.defaultOutput() != m_output;
+        if (m_routes.empty()) {
+            compareOutput(); // what is enabled before the next refresh goes to this one
+        }
+        const bool otherOutput = m_audio.defaultOutput() != m_output;
         if (m_audio.canRouteProcesses() != m_supported || otherOutput) {
             refresh();
         } else {
@@ -127,11 +135,13 @@ std::optional<AudioApp> VolumeMixer::appOf(const AudioProcess &process) const {
     }
     AudioApp app{process.object, {}, process.bundleId.value_or(QString()), *process.pid, {}};
     if (const auto application = m_audio.application(app.pid)) {
-        app.name = application->name;
+        app.name = shownName(application->name);
         app.path = application->path;
-    } else if (!app.bundleId.isEmpty()) {
-        app.name = app.bundleId;
-    } else {
+    }
+    if (app.name.isEmpty()) {
+        app.name = shownName(app.bundleId);
+    }
+    if (app.name.isEmpty()) {
         app.name = QStringLiteral("Audio process %1").arg(app.pid);
     }
     return app;

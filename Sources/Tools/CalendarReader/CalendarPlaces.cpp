@@ -1,9 +1,13 @@
 #include "CalendarPlaces.h"
 
+#include "CalendarSource.h"
+
 #include <QDir>
 #include <QFile>
+#include <QHash>
 #include <QSet>
 #include <QStandardPaths>
+#include <QUrl>
 
 namespace perchly {
 
@@ -45,6 +49,9 @@ QStringList valuesOf(const QString &path, QLatin1StringView key) {
 
 /// An absolute path, up to the first part that has a wildcard.
 QString expanded(QString path) {
+    if (path.startsWith(QLatin1StringView("file:"))) {
+        path = QUrl(path).toLocalFile();
+    }
     if (path == u'~' || path.startsWith(QLatin1StringView("~/"))) {
         path.replace(0, 1, QDir::homePath());
     }
@@ -60,19 +67,22 @@ QString expanded(QString path) {
     return QDir::isAbsolutePath(result) ? result : QString();
 }
 
-QString displayName(const QFileInfo &place) {
+QString displayName(const QFileInfo &place, const CalendarSource *source) {
     const QStringList own = linesOf(place.filePath() + QStringLiteral("/displayname"));
     if (!own.value(0).trimmed().isEmpty()) {
         return own.constFirst().trimmed();
     }
-    const QString source = folderOf(QStandardPaths::GenericConfigLocation, "evolution/sources/") +
-                           place.fileName() + QStringLiteral(".source");
-    const QStringList titles = valuesOf(source, QLatin1StringView("DisplayName"));
-    return titles.isEmpty() ? place.completeBaseName() : titles.constFirst();
+    return source == nullptr || source->name.isEmpty() ? place.completeBaseName() : source->name;
 }
 
 class Search {
 public:
+    explicit Search(const QList<CalendarSource> &sources) {
+        for (const CalendarSource &source : sources) {
+            m_sources.insert(source.uid, source);
+        }
+    }
+
     void lookIn(const QString &path, int depth = 0) {
         const QFileInfo place(path);
         if (place.isFile()) {
@@ -121,19 +131,32 @@ private:
             }
         }
         m_files += place.files.size();
-        if (!place.files.isEmpty()) {
-            place.name = displayName(folder);
+        const CalendarSource *source = sourceOf(folder);
+        if (!place.files.isEmpty() && (source == nullptr || source->isShown)) {
+            place.name = displayName(folder, source);
             m_found.calendars.append(place);
         }
     }
 
+    /// What the desktop's calendar service says of a folder that is its own.
+    [[nodiscard]] const CalendarSource *sourceOf(const QFileInfo &folder) const {
+        const auto found =
+            folder.path() == folderOf(QStandardPaths::GenericDataLocation, "evolution/calendar")
+                ? m_sources.constFind(folder.fileName() == QLatin1StringView("system")
+                                          ? QStringLiteral("system-calendar")
+                                          : folder.fileName())
+                : m_sources.cend();
+        return found == m_sources.cend() ? nullptr : &*found;
+    }
+
+    QHash<QString, CalendarSource> m_sources;
     CalendarPlaces m_found;
     QSet<QString> m_known;
     qsizetype m_files = 0;
 };
 
 /// Where programs say that calendars are.
-QStringList configuredPlaces() {
+QStringList configuredPlaces(const QList<CalendarSource> &sources) {
     QStringList settings{folderOf(QStandardPaths::GenericConfigLocation, "khal/config"),
                          folderOf(QStandardPaths::GenericConfigLocation, "vdirsyncer/config"),
                          QDir::homePath() + QStringLiteral("/.vdirsyncer/config")};
@@ -146,9 +169,11 @@ QStringList configuredPlaces() {
                                              QStringLiteral("akonadi_icaldir_resource_*rc")},
                                             QDir::Files, QDir::Name);
     for (const QString &name : resources) {
-        for (QString path : valuesOf(config.filePath(name), QLatin1StringView("Path"))) {
-            path.remove(QLatin1StringView("file://"));
-            places.append(path);
+        places += valuesOf(config.filePath(name), QLatin1StringView("Path"));
+    }
+    for (const CalendarSource &source : sources) {
+        if (source.isShown && !source.file.isEmpty()) {
+            places.append(source.file);
         }
     }
     return places;
@@ -160,8 +185,9 @@ CalendarPlaces findCalendars() {
     const auto data = [](const char *inside) {
         return folderOf(QStandardPaths::GenericDataLocation, inside);
     };
-    Search search;
-    for (const QString &path : configuredPlaces()) {
+    const QList<CalendarSource> sources = storedSources();
+    Search search(sources);
+    for (const QString &path : configuredPlaces(sources)) {
         const QString place = expanded(path);
         // Nobody's calendars are the whole of their home.
         if (!place.isEmpty() && !(QDir::homePath() + u'/').startsWith(place + u'/') &&

@@ -58,6 +58,9 @@ bool writeOut(const QByteArray &bytes) {
 bool runGuarded(std::size_t count, const LoopLimits &limits,
                 const std::function<QByteArray(std::size_t number)> &step) {
     const auto end = std::chrono::steady_clock::now() + limits.whole;
+    if (count == 0) {
+        return true;
+    }
     void *shared =
         mmap(nullptr, sizeof(Number), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
     if (shared == MAP_FAILED) {

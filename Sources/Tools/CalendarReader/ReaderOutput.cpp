@@ -13,12 +13,20 @@ QByteArray line(const QJsonObject &object) {
 
 } // namespace
 
-QByteArray calendar(const QString &name, const QString &path) {
-    return line({{QStringLiteral("calendar"), name}, {QStringLiteral("path"), path}});
+QByteArray calendar(const QString &name, const QString &place) {
+    return line({{QStringLiteral("calendar"), name}, {QStringLiteral("place"), place}});
 }
 
 QByteArray folder(const QString &path) {
     return line({{QStringLiteral("folder"), path}});
+}
+
+QByteArray serviceFolder(const QString &path) {
+    return line({{QStringLiteral("serviceFolder"), path}});
+}
+
+QByteArray muteService() {
+    return line({{QStringLiteral("service"), QStringLiteral("mute")}});
 }
 
 QByteArray file(const QString &path, bool torn) {

@@ -107,6 +107,10 @@ ZoneTable::~ZoneTable() = default;
 ZoneTable::ZoneTable(ZoneTable &&) noexcept = default;
 ZoneTable &ZoneTable::operator=(ZoneTable &&) noexcept = default;
 
+bool ZoneTable::isKnown(const std::string &name) {
+    return namedZone(QByteArray::fromStdString(name)).has_value();
+}
+
 const Zone &ZoneTable::universal() {
     return find("UTC");
 }

@@ -35,6 +35,9 @@ public:
     ZoneTable(ZoneTable &&) noexcept;
     ZoneTable &operator=(ZoneTable &&) noexcept;
 
+    /// Whether a name says which zone it is, so that no definition is needed.
+    [[nodiscard]] static bool isKnown(const std::string &name);
+
     [[nodiscard]] const Zone &universal();
     /// The zone of this machine, which also stands for one that nobody knows.
     [[nodiscard]] const Zone &local();

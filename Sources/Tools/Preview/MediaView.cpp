@@ -1,5 +1,7 @@
 #include "MediaView.h"
 
+#include <QAudioDevice>
+#include <QMediaDevices>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <QVideoFrame>
@@ -10,7 +12,10 @@ MediaView::MediaView(QWidget *parent)
     : QWidget(parent)
     , m_stack(&m_screen) {
     setFocusProxy(&m_controls);
-    m_player.setAudioOutput(&m_sound);
+    // With a sound that nobody takes, a video would stand still at its first picture.
+    if (!QMediaDevices::defaultAudioOutput().isNull()) {
+        m_player.setAudioOutput(&m_sound);
+    }
     m_player.setVideoSink(&m_video);
     m_stack.addWidget(&m_facts);
     m_stack.addWidget(&m_picture);
@@ -46,9 +51,8 @@ void MediaView::play(const QString &path, const FileFacts &facts) {
     m_player.play();
 }
 
-void MediaView::stop() {
-    m_player.stop();
-    m_player.setSource({});
+void MediaView::pause() {
+    m_player.pause();
 }
 
 void MediaView::show(const QVideoFrame &frame) {

@@ -11,17 +11,20 @@
 
 namespace perchly {
 
-/// Plays sound and video. Sound alone shows the facts of its file.
+/// Plays the sound or video of one file, without its sound where there is nothing to hear it with.
+/// Sound alone shows the facts of its file. Making one may take long: the first in a person's life
+/// looks through the plug-ins of the media library.
 class MediaView : public QWidget {
     Q_OBJECT
 public:
     explicit MediaView(QWidget *parent = nullptr);
 
     void play(const QString &path, const FileFacts &facts);
-    void stop();
+    void pause();
 
 Q_SIGNALS:
-    /// It cannot be played.
+    /// It cannot be played. Nothing more is to be asked of it: the library would wait for an
+    /// answer.
     void failed();
     /// The video's first frame, in pixels.
     void firstFrame(const QSize &size);
@@ -30,12 +33,12 @@ private:
     void show(const QVideoFrame &frame);
     void updateProgress();
 
-    QMediaPlayer m_player;
     QAudioOutput m_sound;
     QVideoSink m_video;
+    QMediaPlayer m_player; ///< ends before what it plays to
+    QWidget m_screen; ///< before what is in it, which it would delete
     FactsView m_facts;
     PictureView m_picture;
-    QWidget m_screen;
     QStackedLayout m_stack;
     MediaControls m_controls;
 };

@@ -7,16 +7,21 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace perchly {
 
+using namespace std::chrono_literals;
+
 namespace {
 
+constexpr auto shownSoon = 30ms;
+
 constexpr QSize smallest(380, 260);
-constexpr QSize factsSize(460, 300);
+constexpr QSize factsSize(460, 320);
 constexpr QSize pageSize(760, 860);
-constexpr QSize soundSize(460, 320);
+constexpr int controlsHeight = 48;
 constexpr int captionHeight = 34;
 
 } // namespace
@@ -79,7 +84,7 @@ void PreviewWindow::step(qsizetype by) {
 
 void PreviewWindow::showItem() {
     if (m_media != nullptr) {
-        m_media->stop();
+        m_media->pause();
     }
     const QSize largest = (QSizeF(screen()->size()) * devicePixelRatioF()).toSize();
     m_pool.start([this, number = ++m_number, url = m_items.at(m_index), largest] {
@@ -136,21 +141,40 @@ void PreviewWindow::showPdf() {
 }
 
 void PreviewWindow::showMedia() {
-    if (m_media == nullptr) {
-        m_media = new MediaView;
-        m_stack.addWidget(m_media);
-        connect(m_media, &MediaView::failed, this, &PreviewWindow::showFacts);
-        connect(m_media, &MediaView::firstFrame, this, [this](const QSize &size) {
-            present(m_media, (QSizeF(size) / devicePixelRatioF()).toSize() + QSize(0, 48));
-        });
-    }
-    present(m_media, soundSize);
+    showFacts(); // and let the person see them before the thread is busy with the first player
+    QTimer::singleShot(shownSoon, this, [this, number = m_number] {
+        if (number == m_number) {
+            playMedia();
+        }
+    });
+}
+
+void PreviewWindow::playMedia() {
+    m_media = new MediaView;
+    m_stack.addWidget(m_media);
+    connect(m_media, &MediaView::failed, this, &PreviewWindow::showFacts);
+    connect(m_media, &MediaView::firstFrame, this, [this](const QSize &size) {
+        const QSize points = (QSizeF(size) / devicePixelRatioF()).toSize();
+        present(m_media, points + QSize(0, controlsHeight));
+    });
     m_media->play(m_items.at(m_index).toLocalFile(), m_current);
+    present(m_media, factsSize);
+}
+
+void PreviewWindow::dropMedia() {
+    if (m_media != nullptr) {
+        m_media->disconnect(this);
+        m_media->deleteLater(); // it may be the one who asks for it
+        m_media = nullptr;
+    }
 }
 
 void PreviewWindow::present(QWidget *view, const QSize &wanted) {
     m_stack.setCurrentWidget(view);
-    const bool isSaid = view == &m_facts || wanted == soundSize; // by the view itself
+    if (view != m_media) {
+        dropMedia();
+    }
+    const bool isSaid = (view == &m_facts || view == m_media) && wanted == factsSize; // by itself
     m_caption.setText(isSaid ? QString() : m_current.details);
     view->setFocus();
     const QRect room = screen()->availableGeometry();
@@ -204,9 +228,7 @@ bool PreviewWindow::handleKey(const QKeyEvent &event) {
 
 void PreviewWindow::hideEvent(QHideEvent *event) {
     QWidget::hideEvent(event);
-    if (m_media != nullptr) {
-        m_media->stop();
-    }
+    dropMedia();
     ++m_number;
     Q_EMIT closed();
 }

@@ -44,6 +44,8 @@ private:
     void showFacts();
     void showPdf();
     void showMedia();
+    void playMedia();
+    void dropMedia();
     void present(QWidget *view, const QSize &wanted);
     void comeToFront();
 
@@ -57,8 +59,8 @@ private:
     FactsView m_facts;
     PictureView m_picture;
     QPlainTextEdit m_text;
-    PdfView *m_pdf = nullptr; ///< both made when first needed
-    MediaView *m_media = nullptr;
+    PdfView *m_pdf = nullptr;     ///< made when first needed
+    MediaView *m_media = nullptr; ///< of the item that is shown, if it plays
     QLabel m_caption;
     QThreadPool m_pool;
 };

@@ -1,6 +1,8 @@
 #include "CompanionCalendarStore.h"
+#include "OnlineCalendars.h"
 #include "TestFiles.h"
 
+#include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -25,6 +27,7 @@ private Q_SLOTS:
     void init() {
         QFile::remove(CalendarConsent::defaultPath());
         QDir(m_calendars).removeRecursively();
+        QDir(OnlineCalendars::folder()).removeRecursively();
         write("work", {"First"});
         m_asked.clear();
         m_closed = 0;
@@ -95,7 +98,8 @@ private Q_SLOTS:
         const auto store = granted();
         QCOMPARE(titles(*store).size(), 2);
         const QByteArray whole = text({"Moved"});
-        for (const QByteArray &torn : {QByteArray(), whole.left(40), whole.chopped(3)}) {
+        for (const QByteArray &torn :
+             {QByteArray(), QByteArray(4, '\0'), whole.left(40), whole.chopped(3)}) {
             QSignalSpy changed(store.get(), &CalendarStore::changed);
             writeFile(path("work"), torn);
             write("home", {"Changed"});
@@ -107,6 +111,65 @@ private Q_SLOTS:
         writeFile(path("work"), whole);
         QTRY_VERIFY(!changed.isEmpty());
         QCOMPARE(titles(*store), QStringList({QStringLiteral("Changed"), QStringLiteral("Moved")}));
+    }
+
+    void theServicesCalendarsAreNamedAndRead() {
+        OnlineCalendars online;
+        online.add("web", "[Calendar]\nBackendName=webcal\nSelected=true\n", text({"Team"}, -23h));
+        online.add("off", "Enabled=false\n[Calendar]\nBackendName=caldav\n", text({"Off"}));
+        online.add("unseen", "[Calendar]\nBackendName=caldav\nSelected=false\n", text({"No"}));
+        online.add("account", "Enabled=false\n[Collection]\nBackendName=google\n", {});
+        online.add("below", "Parent=account\n[Calendar]\nBackendName=google\n", text({"No"}));
+        online.add("local", "[Calendar]\nBackendName=local\n", text({"No"}));
+        online.add("days", "[Calendar]\nBackendName=contacts\n", text({"No"}));
+        const auto store = granted();
+        QCOMPARE(m_asked, QStringList({QStringLiteral("work NotAsked"), QStringLiteral("web")}));
+        QCOMPARE(titles(*store), QStringList({QStringLiteral("First"), QStringLiteral("Team")}));
+        online.opened.removeDuplicates();
+        QCOMPARE(online.opened, QStringList(QStringLiteral("web")));
+    }
+
+    void aServiceThatFailsCostsNeitherTimeNorWhatItSaidBefore_data() {
+        QTest::addColumn<OnlineCalendars::Failure>("failure");
+        using Failure = OnlineCalendars::Failure;
+        QTest::newRow("says nothing") << Failure::IsMute;
+        QTest::newRow("says other things") << Failure::SaysOtherThings;
+        QTest::newRow("says nothing of a calendar") << Failure::HasMuteCalendar;
+        QTest::newRow("has an error for a calendar") << Failure::HasBrokenCalendar;
+        QTest::newRow("has garbage for a calendar") << Failure::HasGarbage;
+        QTest::newRow("has 100 MB for a calendar") << Failure::HasTooMuch;
+    }
+
+    void aServiceThatFailsCostsNeitherTimeNorWhatItSaidBefore() {
+        QFETCH(OnlineCalendars::Failure, failure);
+        OnlineCalendars online;
+        online.add("web", "[Calendar]\nBackendName=webcal\n", text({"Team"}));
+        online.add("other", "[Calendar]\nBackendName=caldav\n", text({"Other"}));
+        const auto store = granted();
+        const QStringList before{QStringLiteral("First"), QStringLiteral("Other"),
+                                 QStringLiteral("Team")};
+        QCOMPARE(titles(*store), before);
+        online.fail(failure, "web");
+        online.add("other", "[Calendar]\nBackendName=caldav\n", text({"Newer"}));
+        QSignalSpy changed(store.get(), &CalendarStore::changed);
+        write("work", {"First", "Second"});
+        QTRY_VERIFY(!changed.isEmpty());
+        QElapsedTimer timer;
+        timer.start();
+        const QStringList after = titles(*store);
+        QVERIFY2(timer.elapsed() < 4'000, qPrintable(QString::number(timer.elapsed())));
+        const bool saidWhich = failure > OnlineCalendars::Failure::SaysOtherThings;
+        QCOMPARE(after, QStringList({QStringLiteral("First"),
+                                     saidWhich ? QStringLiteral("Newer") : QStringLiteral("Other"),
+                                     QStringLiteral("Second"), QStringLiteral("Team")}));
+    }
+
+    void theServiceIsLeftAloneWhereThereIsNothingToAskItFor() {
+        OnlineCalendars online;
+        online.add("local", "[Calendar]\nBackendName=local\n", text({"No"}));
+        const auto store = granted();
+        QCOMPARE(titles(*store), QStringList(QStringLiteral("First")));
+        QCOMPARE(online.questions, 0);
     }
 
     void aCompanionThatFails_data() {
@@ -157,9 +220,12 @@ private:
             program, CalendarConsent::defaultPath(),
             [this](const QList<FoundCalendar> &found, CalendarAccess current,
                    const CalendarAnswer &answer) -> Task {
-                m_asked.append(found.value(0).name + (current == CalendarAccess::NotAsked
-                                                          ? QStringLiteral(" NotAsked")
-                                                          : QString()));
+                for (const FoundCalendar &calendar : found) {
+                    m_asked.append(calendar.name);
+                }
+                if (current == CalendarAccess::NotAsked) {
+                    m_asked[0].append(QStringLiteral(" NotAsked"));
+                }
                 auto call = std::make_unique<Call>([this] { ++m_closed; });
                 if (!m_hold) {
                     QMetaObject::invokeMethod(
@@ -193,15 +259,18 @@ private:
         return answered ? *got : QStringList(QStringLiteral("(no answer)"));
     }
 
-    /// A calendar of events in an hour.
-    [[nodiscard]] QByteArray text(std::initializer_list<const char *> titles) const {
-        const std::time_t start = std::chrono::system_clock::to_time_t(m_now + 1h);
+    /// A calendar of events in an hour, in a zone that only the calendar can describe when the
+    /// clock of that is ahead.
+    [[nodiscard]] QByteArray text(std::initializer_list<const char *> titles,
+                                  std::chrono::seconds ahead = 0s) const {
+        const std::time_t start = std::chrono::system_clock::to_time_t(m_now + 1h + ahead);
         const QByteArray when = QDateTime::fromSecsSinceEpoch(start, Qt::UTC)
-                                    .toString(QStringLiteral("yyyyMMdd'T'hhmmss'Z'"))
+                                    .toString(QStringLiteral("yyyyMMdd'T'hhmmss"))
                                     .toLatin1();
         QByteArray events;
         for (const QByteArray title : titles) {
-            events += "BEGIN:VEVENT\r\nUID:" + title + "\r\nDTSTART:" + when +
+            events += "BEGIN:VEVENT\r\nUID:" + title + "\r\nDTSTART" +
+                      (ahead == 0s ? ':' + when + 'Z' : ";TZID=Ours:" + when) +
                       "\r\nSUMMARY:" + title + "\r\nEND:VEVENT\r\n";
         }
         return "BEGIN:VCALENDAR\r\n" + events + "END:VCALENDAR\r\n";

@@ -34,6 +34,7 @@ private Q_SLOTS:
 
     void knowsWhetherAnyPlayerRuns() {
         BusPlayerNotifications notifications;
+        const QSignalSpy changed(&notifications, &PlayerNotifications::presenceChanged);
         QCOMPARE(notifications.presence(), PlayerPresence::Unknown);
         notifications.start();
         QTRY_COMPARE(notifications.presence(), PlayerPresence::None);
@@ -48,6 +49,7 @@ private Q_SLOTS:
             QTRY_COMPARE(later.presence(), PlayerPresence::Some);
         }
         QTRY_COMPARE(notifications.presence(), PlayerPresence::None);
+        QCOMPARE(changed.count(), 3);
     }
 
     void passesOnWhatSpotifySays() {

@@ -1,3 +1,4 @@
+#include "MixerError.h"
 #include "SoundMeter.h"
 #include "SoundSystem.h"
 
@@ -36,11 +37,15 @@ bool moveUntil(const QString &output, Condition condition) {
     return false;
 }
 
+enum class Ending { Quit, Kill, PlayersEnd };
+
 bool isMovedTo(const QString &output, SoundMeter &meter) {
     return moveUntil(output, [&] { return meter.comesTo(toneLevel, 1500); });
 }
 
 } // namespace
+
+Q_DECLARE_METATYPE(Ending)
 
 class RouteTest : public QObject {
     Q_OBJECT
@@ -50,6 +55,7 @@ private Q_SLOTS:
     void levelsAreExactAndNoMoreThanTwoCyclesAreMissing();
     void theOwnOutputComesBackHoweverTheProgramEnds_data();
     void theOwnOutputComesBackHoweverTheProgramEnds();
+    void anOutputThatThePersonChoseComesBack_data();
     void anOutputThatThePersonChoseComesBack();
     void otherProgramsStayOut();
     void streamsOpenedLaterAreRoutedToo();
@@ -57,6 +63,7 @@ private Q_SLOTS:
     void everyFormatIsRouted_data();
     void everyFormatIsRouted();
     void thePersonsOwnMoveEndsTheRoute();
+    void aProgramThatForbidsItIsNotRouted();
 };
 
 void RouteTest::levelsAreExactAndNoMoreThanTwoCyclesAreMissing_data() {
@@ -114,8 +121,15 @@ void RouteTest::theOwnOutputComesBackHoweverTheProgramEnds() {
     QVERIFY(meter.comesTo(toneLevel));
 }
 
+void RouteTest::anOutputThatThePersonChoseComesBack_data() {
+    QTest::addColumn<Ending>("ending");
+    QTest::newRow("when the program quits") << Ending::Quit;
+    QTest::newRow("when the program is killed") << Ending::Kill;
+    QTest::newRow("when the player ends and starts again") << Ending::PlayersEnd;
+}
+
 void RouteTest::anOutputThatThePersonChoseComesBack() {
-    SoundSystem sound;
+    QFETCH(Ending, ending);
     SoundMeter atFirst(first);
     SoundMeter atSecond(second);
     auto player = pulsePlayer();
@@ -123,10 +137,17 @@ void RouteTest::anOutputThatThePersonChoseComesBack() {
     QVERIFY(isMovedTo(second, atSecond));
     // Twice: as the person has just chosen it, and as the session manager remembers it.
     for (int round = 0; round < 2; ++round) {
-        auto route = sound.route(*player);
-        QVERIFY(atFirst.comesTo(toneLevel));
+        const auto owner = routeOwner(*player);
+        QVERIFY(owner->waitForWord());
         QVERIFY(atSecond.comesTo(0));
-        route->stop();
+        if (ending == Ending::Quit) {
+            owner->quit();
+        } else if (ending == Ending::Kill) {
+            owner->kill();
+        } else {
+            player->kill();
+            player = pulsePlayer();
+        }
         QVERIFY(atSecond.comesTo(toneLevel));
         QVERIFY(atFirst.comesTo(0));
         player->kill();
@@ -245,6 +266,19 @@ void RouteTest::thePersonsOwnMoveEndsTheRoute() {
     route->stop();
     QVERIFY(atSecond.comesTo(toneLevel));
     QVERIFY(moveUntil(first, [&] { return atSecond.comesTo(0, 1500); }));
+}
+
+void RouteTest::aProgramThatForbidsItIsNotRouted() {
+    SoundSystem sound;
+    const auto player = nativePlayer({QStringLiteral("Fixed"), QStringLiteral("2"),
+                                      QStringLiteral("float"), QStringLiteral("fixed")});
+    const AudioObject process = sound.waitForProcess(player->pid());
+    // What is told of a pause says nothing about whether it may be moved.
+    player->tell("p");
+    QTRY_COMPARE(sound.process(player->pid())->isRunningOutput, false);
+    player->tell("r");
+    QCOMPARE(sound.waitForProcess(player->pid()), process);
+    QVERIFY_THROWS_EXCEPTION(MixerError, TapPlayback(sound.system, process));
 }
 
 QTEST_GUILESS_MAIN(RouteTest)

@@ -111,8 +111,16 @@ void SoundServerTest::theRoutesOwnSinkCountsAsAnotherOutput() {
     SoundMeter meter(first);
     const auto player = nativePlayer();
     const auto route = sound.route(*player);
-    QTest::qWait(500);
+    perchly_ring_gain(route->ring(), 0);
+    QVERIFY(meter.comesTo(0));
     const AudioObject before = sound.system.defaultOutput();
+    int changes = 0;
+    connect(&sound.system, &AudioSystem::changed, this, [&] {
+        if (sound.system.defaultOutput() != before) {
+            ++changes;
+            route->stop();
+        }
+    });
     const QString name =
         told(QStringLiteral("pactl"),
              {QStringLiteral("list"), QStringLiteral("short"), QStringLiteral("sinks")})
@@ -120,10 +128,15 @@ void SoundServerTest::theRoutesOwnSinkCountsAsAnotherOutput() {
             .section(u'\t', 0, 0);
     QVERIFY(!name.isEmpty());
     setDefault(QStringLiteral("perchly.") + name);
-    QTRY_VERIFY(sound.system.defaultOutput() != before);
-    route->stop();
-    QVERIFY(meter.comesTo(toneLevel));
+    QTRY_COMPARE(changes, 1);
+    // The player goes by the default, which is chosen again at once.
+    QVERIFY(meter.comesTo(toneLevel, 500));
     QTRY_COMPARE(sound.system.defaultOutput(), before);
+    const QString chosen =
+        told(QStringLiteral("pw-metadata"),
+             {QStringLiteral("-n"), QStringLiteral("default"), QStringLiteral("0"),
+              QStringLiteral("default.configured.audio.sink")});
+    QVERIFY2(!chosen.contains(QStringLiteral("perchly.")), qPrintable(chosen));
 }
 
 void SoundServerTest::aRestartOfTheServerLosesTheRoutesAndBringsTheListBack() {
@@ -224,15 +237,12 @@ void SoundServerTest::aFrozenServerHoldsNobodyUp() {
     const AudioObject process = sound.waitForProcess(player->pid());
     ::kill(serverPid(), SIGSTOP);
     QElapsedTimer time;
-    for (const int limit : {400, 50}) {
-        time.start();
-        QVERIFY_THROWS_EXCEPTION(MixerError, TapPlayback(sound.system, process));
-        QVERIFY2(time.elapsed() < limit, qPrintable(QString::number(time.elapsed())));
-    }
-    ::kill(serverPid(), SIGCONT);
-    QTest::qWait(300);
+    time.start();
     TapPlayback route(sound.system, process);
+    QVERIFY2(time.elapsed() < 50, qPrintable(QString::number(time.elapsed())));
     perchly_ring_gain(route.ring(), 0.5F);
+    QTest::qWait(800);
+    ::kill(serverPid(), SIGCONT);
     QVERIFY(meter.comesTo(toneLevel / 2));
     ::kill(serverPid(), SIGSTOP);
     time.start();

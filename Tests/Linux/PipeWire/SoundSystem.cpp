@@ -119,7 +119,8 @@ QString tracesOfRoutes() {
         .join(u'\n');
 }
 
-SoundSystem::SoundSystem() {
+SoundSystem::SoundSystem()
+    : system({}, QStringLiteral(ROUTE_KEEPER)) {
     system.start();
     if (!QTest::qWaitFor([this] { return system.processes().has_value(); }, 5000)) {
         qFatal("the sound system does not answer");

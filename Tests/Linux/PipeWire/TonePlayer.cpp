@@ -1,6 +1,7 @@
 // A program that plays a tone through as many streams as it is told to on its standard input: "+"
 // opens one, "o" opens a paused one, "-" closes one, "p" pauses and "r" resumes all of them.
-//   TonePlayer [NAME [CHANNELS [int16|float]]]
+//   TonePlayer [NAME [CHANNELS [int16|float [fixed]]]]
+// A fixed one's streams may not be moved.
 #include <pipewire/pipewire.h>
 #include <spa/param/audio/format-utils.h>
 
@@ -30,6 +31,7 @@ struct Program {
     const char *name = "Tone";
     std::uint32_t channels = 2;
     bool isInteger = false;
+    bool isFixed = false;
     std::vector<std::unique_ptr<Tone>> tones;
 };
 
@@ -73,7 +75,8 @@ void open(Program &program, int flags) {
     tone->stream = pw_stream_new_simple(
         pw_main_loop_get_loop(program.loop), program.name,
         pw_properties_new(PW_KEY_MEDIA_TYPE, "Audio", PW_KEY_MEDIA_CATEGORY, "Playback",
-                          PW_KEY_APP_NAME, program.name, PW_KEY_NODE_NAME, program.name, nullptr),
+                          PW_KEY_APP_NAME, program.name, PW_KEY_NODE_NAME, program.name,
+                          PW_KEY_NODE_DONT_RECONNECT, program.isFixed ? "true" : "false", nullptr),
         &events, tone.get());
     spa_audio_info_raw info{};
     info.format = program.isInteger ? SPA_AUDIO_FORMAT_S16 : SPA_AUDIO_FORMAT_F32;
@@ -136,6 +139,7 @@ int main(int argc, char **argv) {
         program.channels = std::uint32_t(std::atoi(argv[2]));
     }
     program.isInteger = argc > 3 && std::string_view(argv[3]) == "int16";
+    program.isFixed = argc > 4;
     pw_loop_add_io(pw_main_loop_get_loop(program.loop), STDIN_FILENO, SPA_IO_IN, false, onInput,
                    &program);
     pw_main_loop_run(program.loop);

@@ -49,6 +49,7 @@ private Q_SLOTS:
         QTest::qWait(300);
         QCOMPARE(moved.count(), 0);
 
+        QCOMPARE(monitor.position(), (ScreenPoint{10, 789}));
         monitor.setPolling(true);
         QTest::qWait(600);
         QCOMPARE(moved.count(), 0);
@@ -60,6 +61,8 @@ private Q_SLOTS:
         jump(30, 10);
         QTest::qWait(400);
         QCOMPARE(moved.count(), 1);
+        monitor.setPolling(true); // it is not where it was when last asked for
+        QTRY_COMPARE(moved.count(), 2);
     }
 
 private:

@@ -116,6 +116,28 @@ private Q_SLOTS:
         QTRY_VERIFY(connection.atom("PERCHLY_TEST") != XCB_ATOM_NONE);
     }
 
+    void aLostConnectionIsMadeAgain() {
+        const OwnServer server;
+        XcbConnection connection(server.name());
+        XcbConnection other(server.name());
+        const QSignalSpy restored(&connection, &XcbConnection::restored);
+        for (int times = 1; times <= 2; ++times) {
+            ::shutdown(xcb_get_file_descriptor(connection.get()), SHUT_RDWR);
+            QTRY_VERIFY(!connection.isAlive());
+            QTRY_COMPARE(restored.count(), times);
+            QVERIFY(connection.atom("PERCHLY_TEST") != XCB_ATOM_NONE);
+        }
+        int told = 0;
+        connect(&connection, &XcbConnection::eventArrived, this, [&] { ++told; });
+        const quint32 mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+        xcb_change_window_attributes(connection.get(), connection.root(), XCB_CW_EVENT_MASK, &mask);
+        QVERIFY(connection.succeeded({}));
+        xcb_change_property(other.get(), XCB_PROP_MODE_REPLACE, other.root(),
+                            other.atom("PERCHLY_TEST"), XCB_ATOM_CARDINAL, 32, 1, &mask);
+        other.flush();
+        QTRY_COMPARE(told, 1);
+    }
+
     void aLostServerIsSurvived() {
         OwnServer server;
         XcbConnection connection(server.name());

@@ -138,9 +138,10 @@ private Q_SLOTS:
         JsonPreferences preferences(m_path);
         QStringList announced;
         connect(&preferences, &Preferences::changed, this, [&](const QString &name) {
-            // The value is there, and on the disk, when it is announced.
+            // Whatever was set with it is there, and on the disk, when the first is announced.
             const JsonPreferences again(m_path);
-            QCOMPARE(again.value(name), preferences.value(name));
+            QCOMPARE(again.value(key), preferences.value(key));
+            QCOMPARE(again.value(other), preferences.value(other));
             announced.append(name);
         });
         preferences.setNumber(key, 1);
@@ -152,6 +153,8 @@ private Q_SLOTS:
         preferences.removeValue(key);
         QCOMPARE(announced, QStringList({key, key, key}));
         QCOMPARE(preferences.value(key), std::nullopt);
+        preferences.setValues({{other, 2.0}, {key, true}});
+        QCOMPARE(announced.mid(3), QStringList({other, key}));
         // One type is not another, even where JSON values compare alike.
         preferences.setBoolean(key, false);
         preferences.setNumber(key, 0);

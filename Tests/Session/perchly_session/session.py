@@ -1,10 +1,12 @@
 """A desktop session of its own: X server, window manager, bus, folders, and the program in it."""
 
+import contextlib
 import ctypes
 import json
 import os
 import shutil
 import signal
+import socket
 import subprocess
 import sys
 import tempfile
@@ -36,6 +38,7 @@ BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus
 </busconfig>
 """
 PR_SET_PDEATHSIG = 1
+SYS_PIDFD_GETFD = 438
 SHADOW = 26
 CHORD_KEYS = ("space", "k")
 CHORD_MODIFIERS = X.ControlMask | X.Mod1Mask
@@ -74,6 +77,30 @@ class Program:
             seen.add((fields[0], fields[11], fields[12]))
             time.sleep(0.02)
         return len(seen) == 1 and seen.pop()[0] == "S"
+
+    def wake_ups(self):
+        """How often any of the program's threads has gone to sleep so far."""
+        tasks = Path(f"/proc/{self.pid}/task").glob("*/status")
+        lines = (line for task in tasks for line in task.read_text().splitlines())
+        return sum(int(line.split()[1]) for line in lines if line.startswith("voluntary"))
+
+    def cut_connections(self):
+        """Closes the program's lines to the X server under its hands, all but the toolkit's, which
+        is the oldest; returns how many."""
+        found = []
+        with contextlib.ExitStack() as stack:
+            process = os.pidfd_open(self.pid)
+            stack.callback(os.close, process)
+            for link in Path(f"/proc/{self.pid}/fd").iterdir():
+                if not os.readlink(link).startswith("socket:"):
+                    continue
+                copy = ctypes.CDLL(None).syscall(SYS_PIDFD_GETFD, process, int(link.name), 0)
+                line = stack.enter_context(socket.socket(fileno=copy))
+                if line.family == socket.AF_UNIX and b"X11-unix" in _peer_name(line):
+                    found.append((link.stat().st_ino, line))
+            for _, line in sorted(found, key=lambda each: each[0])[1:]:
+                line.shutdown(socket.SHUT_RDWR)
+        return len(found) - 1
 
     def errors(self):
         """What the program has written on its standard streams."""
@@ -367,6 +394,13 @@ class Session:
 def _die_with_parent():
     """A test that is killed leaves nothing running."""
     ctypes.CDLL(None).prctl(PR_SET_PDEATHSIG, signal.SIGKILL)
+
+
+def _peer_name(line):
+    try:
+        return os.fsencode(line.getpeername())
+    except OSError:
+        return b""
 
 
 def _end(service):

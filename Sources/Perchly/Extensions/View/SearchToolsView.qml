@@ -125,6 +125,7 @@ ColumnLayout {
 
         Layout.fillHeight: true
         Layout.fillWidth: true
+        cacheBuffer: 0 // each key would write into those rows, too
         label: "Search results"
         model: results
         reuseItems: true

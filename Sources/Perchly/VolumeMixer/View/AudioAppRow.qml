@@ -15,7 +15,12 @@ RowCard {
     required property real level
     required property int percent
     required property bool muted
+    required property string process
 
+    /// What the buttons act upon, for assistive programs.
+    readonly property string subject: root.process === "" ? root.name : root.name + ", " + root.process
+
+    Accessible.description: root.process
     Accessible.name: root.name
     Accessible.role: Accessible.ListItem
     padding: 14
@@ -41,7 +46,7 @@ RowCard {
                 text: root.name
             }
             PushButton {
-                Accessible.description: root.name
+                Accessible.description: root.subject
                 Layout.minimumWidth: 76
                 text: root.routed ? "Release" : "Enable"
 
@@ -63,14 +68,14 @@ RowCard {
                 Accessible.checked: root.muted
                 Layout.leftMargin: -6 // the symbol lies below the name
                 color: root.muted ? Theme.grey : Theme.text
-                subject: root.name
+                subject: root.subject
                 symbol: root.muted ? "speaker.slash.fill" : "speaker.wave.2.fill"
                 toolTip: "Toggle mute"
 
                 onActivated: root.mixer.mute(root.appId)
             }
             ValueSlider {
-                Accessible.description: percentage.text
+                Accessible.description: root.process === "" ? percentage.text : percentage.text + ", " + root.process
                 Layout.fillWidth: true
                 current: root.level
                 label: root.name + " volume"

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "SessionMetadata.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QProcess>
+#include <QSet>
+
+namespace perchly {
+
+/// Tells a companion where the streams of routed processes go when this program dies: it outlives
+/// even a kill, and the session manager would send them to the default output. It runs while there
+/// is a stream to be kept. Main thread only.
+class RouteKeeper : public QObject {
+    Q_OBJECT
+public:
+    /// The companion's absolute path; nothing is kept without one.
+    explicit RouteKeeper(QString program, QObject *parent = nullptr);
+    ~RouteKeeper() override;
+
+    /// Replaces what was said about the stream; nothing lets it go by itself.
+    void keep(std::uint32_t node, const std::optional<StreamTarget> &target);
+    void forget(std::uint32_t node);
+
+private:
+    QString m_program;
+    QSet<std::uint32_t> m_kept;
+    QPointer<QProcess> m_companion;
+};
+
+} // namespace perchly

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "Clock.h"
+
+#include <QtGlobal>
+
+#include <memory>
+#include <vector>
+
+namespace perchly {
+
+/// What a fake was asked and has not answered yet, oldest first. A call whose task is destroyed is
+/// forgotten. The tasks must not outlive this object.
+template <class Call>
+class PendingCalls {
+public:
+    [[nodiscard]] Task add(Call call) {
+        m_calls.push_back(std::make_shared<Call>(std::move(call)));
+        return std::make_unique<Handle>(*this, m_calls.back());
+    }
+
+    /// Takes one out to answer it; what that does may destroy its task. There must be one.
+    [[nodiscard]] std::shared_ptr<Call> take(std::size_t number = 0) {
+        Q_ASSERT(number < m_calls.size());
+        const auto call = m_calls.at(number);
+        std::erase(m_calls, call);
+        return call;
+    }
+
+    [[nodiscard]] std::size_t count() const { return m_calls.size(); }
+    /// There must be one.
+    [[nodiscard]] const Call &first() const { return *m_calls.front(); }
+    [[nodiscard]] const Call &last() const { return *m_calls.back(); }
+
+private:
+    class Handle : public ScheduledTask {
+    public:
+        Handle(PendingCalls &calls, std::shared_ptr<Call> call)
+            : m_owner(calls)
+            , m_call(std::move(call)) {}
+        ~Handle() override { std::erase(m_owner.m_calls, m_call); }
+
+    private:
+        PendingCalls &m_owner;
+        std::shared_ptr<Call> m_call;
+    };
+
+    std::vector<std::shared_ptr<Call>> m_calls;
+};
+
+} // namespace perchly
