@@ -1,4 +1,5 @@
 #include "ApplicationScan.h"
+#include "TestFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -104,16 +105,9 @@ QList<Entry> common() {
             {"own.desktop", application("Own")}};
 }
 
-void write(const QString &path, const QByteArray &text) {
-    QVERIFY(QDir().mkpath(QFileInfo(path).path()));
-    QFile file(path);
-    QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(path));
-    file.write(text);
-}
-
 void writeAll(const QDir &folder, const QList<Entry> &entries) {
     for (const Entry &entry : entries) {
-        write(folder.filePath(QString::fromUtf8(entry.file)), entry.text);
+        writeFile(folder.filePath(QString::fromUtf8(entry.file)), entry.text);
     }
 }
 
@@ -226,7 +220,7 @@ void ApplicationScanTest::judgesDamagedEntriesLikeTheLibrary() {
             }
         }
         const QString path = folder.filePath(QStringLiteral("%1.desktop").arg(round));
-        write(path, text);
+        writeFile(path, text);
         if (auto *entry =
                 g_desktop_app_info_new_from_filename(QFile::encodeName(path).constData())) {
             addShown(expected, G_APP_INFO(entry));
@@ -280,12 +274,12 @@ void ApplicationScanTest::sortsLikeAFileBrowser() {
                              QStringLiteral("éclair"), QStringLiteral("Ecru"),
                              QStringLiteral("Zebra"),  QStringLiteral("Ωmega")};
     for (const QString &name : sorted) {
-        write(folder.filePath(QStringLiteral("z%1.desktop").arg(10 - sorted.indexOf(name))),
-              application(name.toUtf8()));
+        writeFile(folder.filePath(QStringLiteral("z%1.desktop").arg(10 - sorted.indexOf(name))),
+                  application(name.toUtf8()));
     }
     // The same name twice: the folder that comes first is first.
     const QTemporaryDir later;
-    write(later.filePath(QStringLiteral("a.desktop")), application("alpha"));
+    writeFile(later.filePath(QStringLiteral("a.desktop")), application("alpha"));
     for (const char *locale : {"C", "de_DE", "en_US"}) {
         QLocale::setDefault(QLocale(QString::fromLatin1(locale)));
         const auto applications = scanApplications(

@@ -1,4 +1,5 @@
 #include "GioApplications.h"
+#include "TestFiles.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -15,13 +16,6 @@
 using namespace perchly;
 
 namespace {
-
-void write(const QString &path, const QByteArray &text) {
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(text);
-}
 
 /// An application that starts when it is activated over the bus.
 class BusApplication : public QObject {
@@ -66,15 +60,12 @@ private:
             m_errors.append(error);
         };
     }
-    [[nodiscard]] QByteArray marker() const {
-        QFile file(m_marker);
-        return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
-    }
+    [[nodiscard]] QByteArray marker() const { return readFile(m_marker).trimmed(); }
     [[nodiscard]] QString entry(const QString &name) const {
         return m_data.filePath(QStringLiteral("applications/%1.desktop").arg(name));
     }
     void writeEntry(const QString &name, const QByteArray &lines) const {
-        write(entry(name), "[Desktop Entry]\nType=Application\nName=Example\n" + lines + "\n");
+        writeFile(entry(name), "[Desktop Entry]\nType=Application\nName=Example\n" + lines + "\n");
     }
 
     QDir m_data;
@@ -86,9 +77,9 @@ void GioApplicationsTest::initTestCase() {
     m_data = QDir(qEnvironmentVariable("XDG_DATA_HOME"));
     m_marker = m_data.filePath(QStringLiteral("marker"));
     const QString program = m_data.filePath(QStringLiteral("a program.sh"));
-    write(program, "#!/bin/sh\nprintf '%s %s' \"$DESKTOP_STARTUP_ID\" \"$*\" > '" +
-                       m_marker.toUtf8() + ".part'\nmv '" + m_marker.toUtf8() + ".part' '" +
-                       m_marker.toUtf8() + "'\n");
+    writeFile(program, "#!/bin/sh\nprintf '%s %s' \"$DESKTOP_STARTUP_ID\" \"$*\" > '" +
+                           m_marker.toUtf8() + ".part'\nmv '" + m_marker.toUtf8() + ".part' '" +
+                           m_marker.toUtf8() + "'\n");
     QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner);
     const QByteArray quoted = '"' + program.toUtf8() + '"';
     writeEntry(QStringLiteral("plain"), "Exec=" + quoted + " launched");
@@ -102,10 +93,10 @@ void GioApplicationsTest::initTestCase() {
     writeEntry(QStringLiteral("uninstalled"), "Exec=/nowhere/at/all");
     writeEntry(QStringLiteral("org.perchly.TestApplication"),
                "Exec=/bin/false\nDBusActivatable=true\nStartupNotify=true");
-    write(entry(QStringLiteral("garbage")), QByteArray("\0\x01\xff not a desktop entry", 22));
-    write(m_data.filePath(QStringLiteral("applications/mimeapps.list")),
-          "[Default Applications]\nx-scheme-handler/perchlytest=handler.desktop\n"
-          "inode/directory=handler.desktop\n");
+    writeFile(entry(QStringLiteral("garbage")), QByteArray("\0\x01\xff not a desktop entry", 22));
+    writeFile(m_data.filePath(QStringLiteral("applications/mimeapps.list")),
+              "[Default Applications]\nx-scheme-handler/perchlytest=handler.desktop\n"
+              "inode/directory=handler.desktop\n");
 }
 
 void GioApplicationsTest::init() {
@@ -162,8 +153,8 @@ void GioApplicationsTest::givesATerminalToWhoeverWantsOne() {
     QFETCH(const QByteArray, expected);
     QDir programs(m_data.filePath(QStringLiteral("programs")));
     QVERIFY(programs.removeRecursively());
-    write(programs.filePath(terminal),
-          "#!/bin/sh\nPATH=/usr/bin:/bin\n[ \"$1\" = -e ] && shift && exec \"$@\" terminal\n");
+    writeFile(programs.filePath(terminal),
+              "#!/bin/sh\nPATH=/usr/bin:/bin\n[ \"$1\" = -e ] && shift && exec \"$@\" terminal\n");
     QFile::setPermissions(programs.filePath(terminal), QFile::ReadOwner | QFile::ExeOwner);
     const QByteArray path = qgetenv("PATH");
     const auto reset = qScopeGuard([&] { qputenv("PATH", path); });

@@ -1,4 +1,5 @@
 #include "GioFileServices.h"
+#include "TestFiles.h"
 
 #include <QDBusConnection>
 #include <QDir>
@@ -10,11 +11,8 @@ using namespace perchly;
 namespace {
 
 void write(const QString &path, const QByteArray &text) {
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(text);
-    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    writeFile(path, text);
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
 class FileManager : public QObject {
@@ -45,8 +43,7 @@ private Q_SLOTS:
 
 private:
     [[nodiscard]] QByteArray marker() const {
-        QFile file(m_data.filePath(QStringLiteral("marker")));
-        return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
+        return readFile(m_data.filePath(QStringLiteral("marker"))).trimmed();
     }
     FileServices::Completion recorder() {
         return [this](const QString &error) { m_errors.append(error); };
