@@ -2,7 +2,8 @@
 """Measures captures of the screen and previews from outside, beside other programs of the kind.
 
 From the command to the overlay beside `flameshot gui`; from the release of the button to the whole
-file beside `scrot -s`; from a request to the first preview of each kind, in a new companion each.
+file beside `scrot -s`; from a request to the first preview of each kind, in a new companion each;
+what a minute and a half of looking every 30 seconds at the battery and the meetings costs.
 Usage: device.py PROGRAM [--rounds N]
 """
 
@@ -11,13 +12,18 @@ import json
 import statistics
 import subprocess
 import time
+from functools import partial
 from pathlib import Path
 
 from Xlib import X
 from Xlib.ext import xtest
 
+import calendars
 from measuring import high, measured_session
 from painting import Painting
+from processes import cpu_seconds
+from perchly_session.players import moving_picture
+from perchly_session.waiting import wait_until
 
 AROUND = (400, 250, 480, 300)  # in the middle, where every preview's window is
 START, END = (300, 200), (899, 599)
@@ -101,7 +107,8 @@ def _end(process):
         process.wait()
 
 
-def preview(session, companion, file):
+def preview(session, companion, file, is_shown=None):
+    """Until something is painted, or until `is_shown` says so."""
     painting = Painting(session.screen, AROUND)
     since = time.perf_counter()
     process = subprocess.Popen(
@@ -110,7 +117,9 @@ def preview(session, companion, file):
     request = {"items": [file.as_uri()], "index": 0, "toggle": False}
     process.stdin.write(json.dumps(request).encode() + b"\n")
     process.stdin.flush()
-    elapsed = painting.wait(since)
+    if is_shown:
+        wait_until(is_shown, "the picture", interval=0)
+    elapsed = (time.perf_counter() - since) * 1000 if is_shown else painting.wait(since)
     painting.close()
     process.stdin.close()
     _end(process)
@@ -118,12 +127,44 @@ def preview(session, companion, file):
     return elapsed
 
 
+def shows_video(screen):
+    """Whether the middle has the colours of our moving picture."""
+    blue, green, red = screen.root.get_image(640, 380, 1, 1, X.ZPixmap, 0xFFFFFFFF).data[:3]
+    return blue < 8 and (red > 240 or green > 120)
+
+
 def samples(session, picture):
-    files = {"picture": picture, "text": "a.txt", "document": "a.pdf", "other": "a.bin"}
+    files = {
+        "picture": picture,
+        "text": "a.txt",
+        "document": "a.pdf",
+        "other": "a.bin",
+        "video, its name and kind": "a.mp4",
+    }
+    moving_picture(session.folder / "a.mp4")
     (session.folder / "a.txt").write_text(TEXT)
     (session.folder / "a.pdf").write_bytes(PDF)
     (session.folder / "a.bin").write_bytes(b"\x00\x01\x02" * 1000)
     return {name: session.folder / file for name, file in files.items()}
+
+
+def cost_of_polls(session):
+    """Milliseconds of CPU in 95 seconds at rest, with a calendar that may be read."""
+    calendar = Path(session.environment["HOME"], ".calendars", "all", "all.ics")
+    calendar.parent.mkdir(parents=True)
+    calendar.write_text(calendars.calendar(calendars.make_events(10_000)), newline="")
+    consent = Path(session.environment["XDG_CONFIG_HOME"], "perchly/permissions/calendars.json")
+    consent.parent.mkdir(parents=True)
+    consent.write_text('{"readCalendars": true}')
+    consent.chmod(0o600)
+    program = session.run()
+    session.screen.key("Control_L", "Alt_L", "k")  # the first use
+    window = wait_until(lambda: program.window("Perchly Workspace"), "the workspace")
+    session.screen.close_window(window)
+    time.sleep(25)
+    before = cpu_seconds(program.pid)
+    time.sleep(95)
+    return (cpu_seconds(program.pid) - before) * 1000
 
 
 def report(what, values):
@@ -147,7 +188,14 @@ def main():
         for name, file in samples(session, "capture.png").items():
             companion = str(folder / "perchly-preview")
             report(f"first preview: {name}", [preview(session, companion, file) for _ in rounds])
+        video = session.folder / "a.mp4"
+        is_shown = partial(shows_video, session.screen)
+        report(
+            "first preview: video, its first picture",
+            [preview(session, companion, video, is_shown) for _ in rounds],
+        )
         report("flameshot: command to overlay", [captures.flameshot_to_overlay() for _ in rounds])
+        report("CPU of three polls in 95 seconds", [cost_of_polls(session)])
 
 
 if __name__ == "__main__":

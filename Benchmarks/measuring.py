@@ -24,6 +24,14 @@ def measured_session(program, **options):
         session.stop()
 
 
+def install_applications(session, count):
+    folder = Path(session.environment["XDG_DATA_HOME"]) / "applications"
+    folder.mkdir(parents=True)
+    for number in range(count):
+        text = f"[Desktop Entry]\nType=Application\nName=Application {number}\nExec=true\n"
+        (folder / f"application-{number}.desktop").write_text(text)
+
+
 def high(values):
     """All but one in a hundred are not above it."""
     ordered = sorted(values)

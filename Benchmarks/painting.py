@@ -3,8 +3,8 @@
 import select
 import time
 
-from Xlib import X
-from Xlib.ext import damage
+from Xlib import X, XK
+from Xlib.ext import damage, xtest
 
 DEADLINE = 10.0
 
@@ -49,6 +49,31 @@ class Painting:
         for _ in range(count):
             self._display.next_event()
         return count
+
+
+def settle(screen, rect):
+    """Waits until the strip has been the same for a while: pictures come after their rows."""
+    before, now = None, ()
+    while now != before:
+        time.sleep(0.3)
+        before, now = now, screen.root.get_image(*rect, X.ZPixmap, 0xFFFFFFFF).data
+
+
+def keys_to_paint(screen, rect, keys, rounds):
+    """Milliseconds from each of the keys, again and again, until the strip looks different."""
+    settle(screen, rect)
+    samples = []
+    for key in keys * rounds:
+        code = screen.display.keysym_to_keycode(XK.string_to_keysym(key))
+        painting = Painting(screen, rect)
+        start = time.perf_counter()
+        xtest.fake_input(screen.display, X.KeyPress, code)
+        xtest.fake_input(screen.display, X.KeyRelease, code)  # or it would repeat
+        screen.display.flush()
+        samples.append(painting.wait(start))
+        painting.close()
+        settle(screen, rect)
+    return samples
 
 
 def _fail(message):

@@ -14,11 +14,8 @@ import time
 import uuid
 from pathlib import Path
 
-from Xlib import X, XK
-from Xlib.ext import xtest
-
-from measuring import high, measured_session
-from painting import Painting
+from measuring import high, install_applications, measured_session
+from painting import keys_to_paint
 from perchly_session.clipboard import ClipboardOwner
 from perchly_session.dragging import DragSource
 from perchly_session.waiting import wait_until
@@ -46,11 +43,7 @@ def main():
 
 
 def install(session):
-    folder = Path(session.environment["XDG_DATA_HOME"]) / "applications"
-    folder.mkdir(parents=True)
-    for number in range(APPLICATIONS):
-        text = f"[Desktop Entry]\nType=Application\nName=Application {number}\nExec=true\n"
-        (folder / f"application-{number}.desktop").write_text(text)
+    install_applications(session, APPLICATIONS)
     snippets = [
         {"id": str(uuid.uuid4()).upper(), "text": f"Snippet {number} of a few words"}
         for number in range(SNIPPETS)
@@ -83,7 +76,7 @@ def measure_perchly(session, rounds):
         time.sleep(0.9)
         owner.close()
     choose(screen, SEARCH)
-    samples = measure(screen, rounds)
+    samples = keys_to_paint(screen, ROWS, KEYS, rounds)
     program.stop()
     return samples
 
@@ -107,35 +100,10 @@ def measure_rofi(session, rounds):
     rofi = subprocess.Popen(["rofi", "-show", "drun", "-normal-window"], env=environment)
     try:
         wait_until(lambda: session.screen.windows_of(rofi.pid), "rofi")
-        return measure(session.screen, rounds)
+        return keys_to_paint(session.screen, ROWS, KEYS, rounds)
     finally:
         rofi.terminate()
         rofi.wait()
-
-
-def measure(screen, rounds):
-    settle(screen)
-    samples = []
-    for _ in range(rounds):
-        for key in KEYS:
-            code = screen.display.keysym_to_keycode(XK.string_to_keysym(key))
-            painting = Painting(screen, ROWS)
-            start = time.perf_counter()
-            xtest.fake_input(screen.display, X.KeyPress, code)
-            xtest.fake_input(screen.display, X.KeyRelease, code)  # or it would repeat
-            screen.display.flush()
-            samples.append(painting.wait(start))
-            painting.close()
-            settle(screen)
-    return samples
-
-
-def settle(screen):
-    """Waits until the rows have been the same for a while: pictures come after them."""
-    before, now = None, ()
-    while now != before:
-        time.sleep(0.2)
-        before, now = now, screen.root.get_image(*ROWS, X.ZPixmap, 0xFFFFFFFF).data
 
 
 if __name__ == "__main__":

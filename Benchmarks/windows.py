@@ -9,28 +9,21 @@ Usage: windows.py PROGRAM [--rounds N]
 
 import argparse
 import statistics
-import sys
 import time
 from pathlib import Path
 
 from gi.repository import Gio, GLib
 
-sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "Tests" / "Session"))
-
-from Xlib import X, XK  # noqa: E402
-from Xlib.ext import xtest  # noqa: E402
-
-from painting import Painting  # noqa: E402
-from perchly_session.session import Session  # noqa: E402
-from perchly_session.waiting import wait_until  # noqa: E402
-from processes import cost_of_a_minute, proportional_megabytes  # noqa: E402
+from measuring import high, install_applications, measured_session
+from painting import Painting, keys_to_paint
+from perchly_session.waiting import wait_until
+from processes import cost_of_a_minute, proportional_megabytes
 
 WINDOWS = {
     "settings": "Perchly Settings",
     "workspace": "Perchly Workspace",
     "mixer": "Perchly Volume Mixer",
 }
-SIZE = (1280, 800)
 MIDDLE = (500, 250, 280, 300)  # inside each of the windows
 ROWS = (340, 330, 500, 200)  # the list of applications
 APPLICATIONS = 10000
@@ -70,11 +63,8 @@ def main():
     arguments.add_argument("program")
     arguments.add_argument("--rounds", type=int, default=20)
     options = arguments.parse_args()
-    session = Session(Path(options.program).resolve(), size=SIZE)
-    install_applications(session)
-    session.start()
-    session.environment.pop("QT_LINUX_ACCESSIBILITY_ALWAYS_ON")
-    try:
+    with measured_session(Path(options.program).resolve()) as session:
+        install_applications(session, APPLICATIONS)
         times = {}
         for action in WINDOWS:
             first, again = measure_opening(session, action, options.rounds)
@@ -84,16 +74,6 @@ def main():
         search, costs = measure_search(session, options.rounds)
         report({f"a key in the search of {APPLICATIONS} applications": search})
         print("\n".join(costs))
-    finally:
-        session.stop()
-
-
-def install_applications(session):
-    folder = Path(session.environment["XDG_DATA_HOME"]) / "applications"
-    folder.mkdir(parents=True)
-    for number in range(APPLICATIONS):
-        text = f"[Desktop Entry]\nType=Application\nName=Application {number}\nExec=true\n"
-        (folder / f"application-{number}.desktop").write_text(text)
 
 
 def opened(session, opener, action):
@@ -132,37 +112,17 @@ def rows_shown(screen):
     return len(set(screen.screenshot().pixels(*ROWS))) > 20
 
 
-def settle(screen):
-    """Waits until the list has been the same for a while: pictures come after their rows."""
-    before, now = None, ()
-    while now != before:
-        time.sleep(0.3)
-        before, now = now, screen.root.get_image(*ROWS, X.ZPixmap, 0xFFFFFFFF).data
-
-
 def measure_search(session, rounds):
     program = session.run()
     screen = session.screen
     before = proportional_megabytes(program.pid)
     Opener(session).open("settings")
     wait_until(lambda: screen.focus() == getattr(program.window(WINDOWS["settings"]), "id", 1), "it")
-    for key in ("Tab", "Right", "Tab"):
+    for key in ("Right", "Tab"):
         wait_until(program.rests, "the program at rest", timeout=60)
         screen.key(key)
     wait_until(lambda: rows_shown(screen), "the list", timeout=60, interval=0.5)
-    settle(screen)
-    samples = []
-    for _ in range(rounds):
-        for key in SEARCH:
-            code = screen.display.keysym_to_keycode(XK.string_to_keysym(key))
-            painting = Painting(screen, ROWS)
-            start = time.perf_counter()
-            xtest.fake_input(screen.display, X.KeyPress, code)
-            xtest.fake_input(screen.display, X.KeyRelease, code)  # or it would repeat
-            screen.display.flush()
-            samples.append(painting.wait(start))
-            painting.close()
-            settle(screen)
+    samples = keys_to_paint(screen, ROWS, SEARCH, rounds)
     memory = proportional_megabytes(program.pid)
     screen.key("Tab")  # no caret blinks
     time.sleep(2)
@@ -177,10 +137,8 @@ def measure_search(session, rounds):
 def report(times):
     print(f"\n{'milliseconds':<50}{'median':>9}{'p99':>9}{'worst':>9}{'runs':>6}")
     for name, samples in times.items():
-        ordered = sorted(samples)
-        high = ordered[min(len(ordered) - 1, int(len(ordered) * 0.99))]
-        median = statistics.median(ordered)
-        print(f"{name:<50}{median:>9.1f}{high:>9.1f}{ordered[-1]:>9.1f}{len(ordered):>6}")
+        median, worst = statistics.median(samples), max(samples)
+        print(f"{name:<50}{median:>9.1f}{high(samples):>9.1f}{worst:>9.1f}{len(samples):>6}")
 
 
 if __name__ == "__main__":

@@ -322,11 +322,11 @@ void CalendarReaderTest::calendarsAreFoundWhereProgramsKeepThem() {
         found.append(calendar.name + u' ' + calendar.place.mid(m_home->path().size()));
     }
     found.sort();
-    QCOMPARE(found,
-             QStringList({QStringLiteral("Home /.local/share/evolution/calendar/1a2b"),
-                          QStringLiteral("Mine /khal/mine"), QStringLiteral("a b /a b.ics"), QStringLiteral("std /kde/std.ics"),
-                          QStringLiteral("system /.local/share/evolution/calendar/system"),
-                          QStringLiteral("team /synced/team")}));
+    QCOMPARE(found, QStringList({QStringLiteral("Home /.local/share/evolution/calendar/1a2b"),
+                                 QStringLiteral("Mine /khal/mine"), QStringLiteral("a b /a b.ics"),
+                                 QStringLiteral("std /kde/std.ics"),
+                                 QStringLiteral("system /.local/share/evolution/calendar/system"),
+                                 QStringLiteral("team /synced/team")}));
     // A calendar that is made later is noticed.
     QVERIFY(read().folders.contains(path(".calendars")));
 }

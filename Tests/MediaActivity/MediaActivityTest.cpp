@@ -78,20 +78,6 @@ private Q_SLOTS:
         QCOMPARE(target(Command::Forward, 1, 0), Time());
         QCOMPARE(target(Command::Forward, 1, std::numeric_limits<double>::quiet_NaN()), Time());
     }
-
-    void resolvesWords() {
-        const auto resolved = [](const char *word, bool playing) {
-            return resolvePlaybackCommand(QString::fromUtf8(word), playing);
-        };
-        QVERIFY(resolved("playpause", true) == Command::Pause);
-        QVERIFY(resolved("playpause", false) == Command::Play);
-        QVERIFY(resolved("next track", false) == Command::Next);
-        QVERIFY(resolved("previous track", true) == Command::Previous);
-        QVERIFY(resolved("rewind", true) == Command::Rewind);
-        QVERIFY(resolved("forward", true) == Command::Forward);
-        QVERIFY(!resolved("stop", true));
-        QVERIFY(!resolved("Next Track", true));
-    }
 };
 
 static const RegisteredTest<MediaActivityTest> registered;

@@ -61,7 +61,10 @@ private Q_SLOTS:
     void aPauseIsSentAndVerified() {
         PressFixture press(QStringLiteral("playpause"));
         QVERIFY(press.model.controlling());
-        QCOMPARE(press.fake.scriptHost.script(), readScript());
+        const auto &reading = press.fake.scriptHost.started.front();
+        QCOMPARE(reading.arguments, (QStringList{QStringLiteral("-l"), QStringLiteral("JavaScript"),
+                                                 QStringLiteral("-e"), readScript()}));
+        QVERIFY(reading.limit == 5s);
         press.answer(json(track()));
         QCOMPARE(press.fake.scriptHost.script(), *sendScript(MediaPlaybackCommand::Pause, {}));
         press.answer("true\n");

@@ -55,19 +55,6 @@ private Q_SLOTS:
         QCOMPARE(places(100000), QStringLiteral("100000.0"));
     }
 
-    void runsTheScriptWithItsArgumentsAndLimit() {
-        ReaderFixture fixture;
-        MediaReading got;
-        const Task task = fixture.reader.read([&](const MediaReading &reading) { got = reading; });
-        QCOMPARE(fixture.fake.scriptHost.started.front().arguments,
-                 (QStringList{QStringLiteral("-l"), QStringLiteral("JavaScript"),
-                              QStringLiteral("-e"), readScript()}));
-        QVERIFY(fixture.fake.scriptHost.started.front().limit == 5s);
-        fixture.fake.scriptHost.answer(json(track()));
-        QVERIFY(got.succeeded);
-        QCOMPARE(*got.activity, track());
-    }
-
     void startsNothingWithoutAPlayer_data() {
         QTest::addColumn<PlayerPresence>("players");
         QTest::addColumn<bool>("runnable");

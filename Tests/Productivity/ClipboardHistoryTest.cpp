@@ -224,33 +224,14 @@ private Q_SLOTS:
         QCOMPARE(fake.pasteboard.underWay(), 0);
     }
 
-    void searching_data() {
-        QTest::addColumn<QString>("locale");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("search");
-        QTest::addColumn<bool>("matches");
-        const auto row = [](const char *name, const char *locale, const char *text,
-                            const char *search, bool matches) {
-            QTest::newRow(name) << QString::fromLatin1(locale) << QString::fromUtf8(text)
-                                << QString::fromUtf8(search) << matches;
-        };
-        row("nothing finds everything", "en_US", "a", "", true);
-        row("either case", "en_US", "Copied image", "IMAGE", true);
-        row("other letters", "en_US", "Ma-il", "MAI", false);
-        row("letters with accents", "de_DE", "ÄRGER", "ärger", true);
-        row("an accent of its own", "en_US", "Cafe\u0301", "caf\u00e9", true);
-        row("the dotted capital in Turkish", "tr_TR", "İSTANBUL", "istanbul", true);
-    }
-
-    void searching() {
-        QFETCH(QString, locale);
-        QFETCH(QString, text);
-        QFETCH(QString, search);
+    void searchingKnowsLettersByThePersonsLanguage() {
         const QLocale before;
-        QLocale::setDefault(QLocale(locale));
-        const bool found = matchesSearch(text, search);
+        QLocale::setDefault(QLocale(QStringLiteral("tr_TR")));
+        const bool turkish = matchesSearch(QStringLiteral("İSTANBUL"), QStringLiteral("istanbul"));
         QLocale::setDefault(before);
-        QTEST(found, "matches");
+        QVERIFY(turkish);
+        QVERIFY(matchesSearch(QStringLiteral("Cafe\u0301"), QStringLiteral("CAF\u00c9")));
+        QVERIFY(!matchesSearch(QStringLiteral("Ma-il"), QStringLiteral("MAI")));
     }
 };
 

@@ -88,6 +88,8 @@ private Q_SLOTS:
         QCOMPARE(productivity.held(),
                  urls({QStringLiteral("https://b.example/"), QStringLiteral("file:///tmp/a"),
                        QStringLiteral("http://c.example/")}));
+        QVERIFY(productivity.holdDropped(QStringLiteral("HTTP://d.example/")));
+        QVERIFY(!productivity.holdDropped(QStringLiteral("# nothing\njunk")));
         productivity.copyItems(productivity.held());
         QCOMPARE(fake.pasteboard.offered.urls, productivity.held());
         QCOMPARE(productivity.pasteboardCount(), fake.pasteboard.changeCount());

@@ -1,12 +1,16 @@
 """Capturing a part of the screen into the tray, and looking at what is held."""
 
+import json
 import subprocess
 
 from perchly_session.case import SessionCase, main
+from perchly_session.picture import near
+from perchly_session.players import moving_picture
 from perchly_session.waiting import wait_until, wait_while
 
 TOGGLE = ("Control_L", "Alt_L", "space")
 TITLE = "Perchly Workspace"
+GREEN = (0, 128, 0)
 
 
 class CaptureTest(SessionCase):
@@ -63,6 +67,64 @@ class CaptureTest(SessionCase):
         self.workspace()
         wait_until(lambda: not self.overlay(), "the overlay gone")
         self.assertIsNone(self.captured())
+
+
+class PreviewTest(SessionCase):
+    def look_at(self, files):
+        """Starts the preview with files of these names and contents, on the first of them."""
+        for name, content in files.items():
+            (self.session.folder / name).write_bytes(content)
+        urls = [(self.session.folder / name).as_uri() for name in files]
+        self.preview = subprocess.Popen(
+            [f"{self.session.executable}-preview"],
+            env=self.session.environment,
+            stdin=subprocess.PIPE,
+            stderr=subprocess.DEVNULL,
+        )
+        self.addCleanup(self.preview.wait)
+        self.addCleanup(self.preview.stdin.close)
+        self.preview.stdin.write(json.dumps({"items": urls, "index": 0}).encode() + b"\n")
+        self.preview.stdin.flush()
+
+    def shows(self, title, colour=None):
+        """Waits for the window of that title, with that colour in its middle if one is given."""
+
+        def there():
+            windows = self.screen.windows_of(self.preview.pid)
+            if not windows or windows[0].title != title or self.screen.focus() != windows[0].id:
+                return False
+            x, y, width, height = windows[0].rect
+            middle = self.screen.screenshot().pixel(x + width // 2, y + height // 2 - 40)
+            return colour is None or near(middle, colour, 30)
+
+        wait_until(there, f"{title} in {colour}", timeout=20)
+
+    def test_what_plays_comes_and_goes_at_once(self):
+        self.start_session()
+        video = moving_picture(self.session.folder / "video.mp4")
+        self.look_at(
+            {
+                "a.mp4": video,
+                "b.mp4": b"x" * 5000,
+                "c.mp4": video[:2000],
+                "d.txt": b"a line of text\n" * 100,
+                "e.mp4": video,
+                "f.mp4": video,
+                "g.pdf": b"%PDF-1.4 none",
+            }
+        )
+        self.shows("a.mp4", GREEN)  # beyond its first picture, though nothing takes its sound
+        for title in ("b.mp4", "c.mp4", "d.txt"):
+            self.screen.key("Right")
+            self.shows(title)
+        for _ in range(3):
+            self.screen.key("Right")
+        self.shows("g.pdf")
+        self.screen.key("Left")
+        self.shows("f.mp4", GREEN)
+        self.screen.key("space")
+        wait_until(lambda: not self.screen.windows_of(self.preview.pid), "the preview closed")
+        self.assertIsNone(self.preview.poll())
 
 
 if __name__ == "__main__":

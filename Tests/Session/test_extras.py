@@ -1,6 +1,7 @@
-"""The extras' sections of the workspace window: search, launch groups, snippets, focus."""
+"""The extras' sections of the workspace window: search, meetings, launch groups, snippets."""
 
 import json
+import time
 from pathlib import Path
 
 from perchly_session.case import main
@@ -74,17 +75,42 @@ class ExtrasTest(WorkspaceCase):
         self.press("Launch", "day")
         wait_until(marker.exists, "the application that is left")
         self.tree.find("Could not open Gone.desktop")
-        self.type_into("Workspace name", "empty")
-        self.screen.key("Return")
-        self.tree.find("empty", "list item")
-        self.press("Delete", "day")
-        wait_until(lambda: self.rows() == ["empty"], "one group")
-        self.program.stop()
+
+    def test_meetings_are_shown_while_they_may_be(self):
+        self.start_session()
+        folder = Path(self.session.environment["HOME"]) / ".calendars" / "work"
+        folder.mkdir(parents=True)
+        start, end = (
+            time.strftime("%Y%m%dT%H%M%SZ", time.gmtime(time.time() + offset))
+            for offset in (-600, 1200)
+        )
+        (folder / "a.ics").write_text(
+            "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nBEGIN:VEVENT\r\nUID:a\r\nSUMMARY:Tea\r\n"
+            f"DTSTART:{start}\r\nDTEND:{end}\r\nLOCATION:https://zoom.us/j/1\r\n"
+            "END:VEVENT\r\nEND:VCALENDAR\r\n"
+        )
         self.run_program()
         self.open_window()
-        self.choose_section("Launch")
-        self.tree.find("empty", "list item")
-        self.assertEqual(self.rows(), ["empty"])
+        self.choose_section("Meetings")
+        self.assertEqual(self.rows(), [])
+        self.answer("Allow")
+        self.tree.find("Tea", "list item")
+        self.tree.find("In progress")
+        self.go_to("Join meeting", subject="Tea")
+        self.answer("Stop Reading")
+        wait_until(lambda: self.rows() == [], "no meetings")
+        self.tree.find(
+            "Calendar access denied. Enable it in System Settings → Privacy & Security → "
+            "Calendars."
+        )
+
+    def answer(self, choice):
+        self.press("Connect Calendar")
+        question = wait_until(lambda: self.program.window("Calendars"), "the question")
+        wait_until(lambda: self.screen.focus() == question.id, "its keyboard")
+        self.go_to(choice)
+        self.screen.key("space")
+        wait_until(lambda: self.screen.focus() == self.window.id, "the keyboard back")
 
     def test_snippets_outlive_the_program_only_if_they_are_to(self):
         self.open_workspace("Snippets")
@@ -109,16 +135,6 @@ class ExtrasTest(WorkspaceCase):
         self.run_program()
         self.open_window()
         self.choose_section("Snippets")
-
-    def test_focus_is_set_and_started(self):
-        self.open_workspace("Focus", preferences={"focusMinutes": 30})
-        self.go_to("Focus: 30 minutes")
-        self.screen.key("Up")
-        wait_until(lambda: self.session.preferences()["focusMinutes"] == 31, "a minute more")
-        self.press("Start focus")
-        self.tree.find("Pause")
-        self.press("End")
-        self.tree.find("00:00")
 
 
 if __name__ == "__main__":

@@ -8,7 +8,7 @@ from Xlib import X
 from perchly_session.case import SessionCase, main
 from perchly_session.other_programs import HotKeyHolder
 from perchly_session.screen import Screen
-from perchly_session.waiting import wait_until
+from perchly_session.waiting import wait_until, wait_while
 
 TOGGLE = ("Control_L", "Alt_L", "space")
 SEARCH = ("Control_L", "Alt_L", "k")
@@ -63,6 +63,16 @@ class HotKeyTest(SessionCase):
         self.screen.let_go(*TOGGLE)
         self.expect_frame(self.expanded_frame(), "the shelf open")
         self.assertNotIn("space", other.typed())
+
+    def test_the_chord_stays_held_while_a_keyboard_announces_itself(self):
+        self.start()
+        code = self.screen.code("space")
+        keysyms = self.screen.display.get_keyboard_mapping(code, 1)
+        for _ in range(5):
+            self.screen.display.change_keyboard_mapping(code, keysyms)
+            self.screen.display.sync()
+            held = lambda: self.screen.is_held("space", X.ControlMask | X.Mod1Mask)
+            wait_while(held, "the chord the program's", 0.15, interval=0)
 
     def test_the_chords_follow_the_keyboard_layout(self):
         self.start()

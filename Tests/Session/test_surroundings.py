@@ -143,10 +143,15 @@ class SurroundingsTest(SessionCase):
         wait_until(
             lambda: not self.screen.is_held("space", X.ControlMask | X.Mod1Mask), "the chord lost"
         )
-        wait_until(
-            lambda: self.screen.is_held("space", X.ControlMask | X.Mod1Mask),
-            "the chord the program's again",
-        )
+        self.screen.move_to(*self.on_pill())
+
+        def opens():
+            self.screen.move_by(1, 0)
+            self.screen.move_by(-1, 0)
+            return self.program.frame() == self.expanded_frame()
+
+        wait_until(opens, "the shelf open by hovering again")
+        self.screen.move_to(*self.away())
         self.expect_hover_and_chord()
         later = self.other_window(state="_NET_WM_STATE_FULLSCREEN").show()
         wait_until(lambda: self.is_above(later), "the pill above a full-screen window")

@@ -89,7 +89,10 @@ class WorkspaceTest(WorkspaceCase):
         marker = self.session.folder / "runs"
         shortcut = folder / "Make tea.sh"
         shortcut.write_text(f"#!/bin/sh\necho x >> {marker}\nexec sleep 1\n")
+        endless = folder / "Endless.sh"
+        endless.write_text("#!/bin/sh\nexec sleep 600\n")
         shortcut.chmod(0o755)
+        endless.chmod(0o755)
         self.run_program()
         self.open_window()
         self.choose_section("Shortcuts")
@@ -99,6 +102,10 @@ class WorkspaceTest(WorkspaceCase):
         self.tree.find("Make tea · Running")
         self.tree.find("Finished: Make tea")
         self.assertEqual(marker.read_text(), "x\n")
+        self.press("Run", "Endless")
+        self.tree.find("Endless · Running")
+        self.press("Stop", "Endless")
+        self.tree.find("Stopped: Endless")
         self.screen.key("Escape")
         wait_until(lambda: not self.program.window(TITLE), "the window closed")
         self.screen.key(*TOGGLE)

@@ -1,4 +1,5 @@
 #include "ShelfItem.h"
+#include "DocumentFuzz.h"
 #include "TestRegistry.h"
 
 #include <QTest>
@@ -55,6 +56,21 @@ private Q_SLOTS:
         QVERIFY(decoded.has_value());
         QVERIFY(*decoded == items);
         QVERIFY(decodeShelfItems(encodeShelfItems({})) == QList<ShelfItem>());
+    }
+
+    void noDocumentBreaksTheDecoder() {
+        const QByteArray document = encodeShelfItems(
+            {ShelfItem::forWidget(Widget::Notes), ShelfItem::forShortcut(QStringLiteral("ä \"q\"")),
+             ShelfItem::forApplication(QStringLiteral("/a/b.desktop"), QStringLiteral("B"))});
+        fuzzDecoder(document, decodeShelfItems, encodeShelfItems);
+    }
+
+    void aNameIsShownInOneLineAndItsOwnDirection() {
+        const QString name = QStringLiteral("a\n\u202eb\u200b\u2028\U0001F469\u200d\U0001F467 50%");
+        const ShelfItem item = ShelfItem::forShortcut(name);
+        QCOMPARE(item.shownName(), QStringLiteral("a b \U0001F469\u200d\U0001F467 50%"));
+        QCOMPARE(item.shortcutName, name);
+        QVERIFY(item.removable() && !ShelfItem::forWidget(Widget::Clock).removable());
     }
 
     void storedItemsLeaveOutWhatIsAbsent() {

@@ -131,10 +131,6 @@ private Q_SLOTS:
             1.2, plain, {575, 866, 290, 34});
         row("open at the top with a scale of 1.2", Expanded, {Top, 0.5}, 1.2, plain,
             {324, 277.2, 792, 622.8});
-        row("compact at the left is centred in the visible frame", Compact, {Left, 0.5}, 1, plain,
-            {0, 400, 34, 120});
-        row("open at the right", Expanded, {Right, 0.5}, 1, plain, {746, 200.5, 694, 519});
-        row("the right end of the top edge", Compact, {Top, 1}, 1, plain, {1150, 866, 290, 34});
         row("a position far above 1 is the top end", Compact, {Left, 7}, 1, plain,
             {0, 760, 34, 120});
         row("a position that is not a number is the middle", Compact, {Left, notANumber}, 1, plain,
@@ -183,13 +179,11 @@ private Q_SLOTS:
         };
         row("along the top the display's width counts", {100, 800}, usual, {Top, 0.1});
         row("along a side the visible height counts", {990, 250}, usual, {Right, 0.25});
-        row("beside the panel at the bottom is the bottom end", {0, 20}, usual, {Left, 0});
         row("as far from the top as from the left is the top", {100, 700}, usual, {Top, 0.1});
         row("as far from the left as from the right is the left", {500, 100}, usual, {Left, 0});
         row("a hair nearer to the right is the right", {500.01, 100}, usual, {Right, 0});
         row("far beyond a corner stays within the edge", {5000, 801}, usual, {Top, 1});
         row("a display left of the primary one and below it", {-5, 232}, leftBelow, {Right, 0.5});
-        row("a display above and to the right", {1440, 730}, second, {Left, 0.5});
         row("an empty display does not divide by zero", {0, 0}, {}, {Top, 0});
         row("nothing visible does not divide by zero", {0, 10}, nothingVisible, {Left, 0});
     }

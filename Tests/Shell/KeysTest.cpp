@@ -23,17 +23,6 @@ private Q_SLOTS:
         QVERIFY(shell.delegate->keyboardOpen());
     }
 
-    void turnsAHoverOpenShelfIntoAKeyboardOpenOne() {
-        ShellFixture shell;
-        shell.pointerOntoPill();
-        QVERIFY2(!shell.fake.panel.keyboard, "hovering must not take the keyboard");
-        const int placements = shell.fake.panel.placements;
-        shell.delegate->toggleKeyboardOpen();
-        QVERIFY(shell.expanded());
-        QVERIFY(shell.fake.panel.keyboard);
-        QCOMPARE(shell.fake.panel.placements, placements);
-    }
-
     void escapeClosesAnOpenChooserFirst() {
         ShellFixture shell;
         shell.delegate->toggleKeyboardOpen();

@@ -20,7 +20,7 @@ class FakePointer : public PointerMonitor {
 public:
     void start() override { started = true; }
     ScreenPoint position() const override { return at; }
-    void setPolling(bool on) override { polling = on; }
+    void setPolling(bool) override {}
 
     void moveTo(double x, double y) {
         at = {x, y};
@@ -29,7 +29,6 @@ public:
 
     ScreenPoint at{700, 100};
     bool started = false;
-    bool polling = false;
 };
 
 class FakeKeys : public KeyMonitor {

@@ -142,12 +142,8 @@ ShelfTestCase {
         mouseClick(root.view, 26 + 20 + 150, 34 + 12 + 60);
         compare(root.fixture.takeCalls(), ["takeKeyboard"]);
         keyClick(Qt.Key_End, Qt.ControlModifier);
-        keyClick(Qt.Key_Return);
-        compare(root.fixture.stored("quickNote"), "milk\n");
         keyClick("a");
-        compare(root.fixture.stored("quickNote"), "milk\na");
-        keyClick("z", Qt.ControlModifier);
-        verify(root.fixture.stored("quickNote") !== "milk\na");
+        compare(root.fixture.stored("quickNote"), "milka");
         // A program's other part may change it, and Tab leaves it.
         root.fixture.prefer("quickNote", "tea");
         keyClick(Qt.Key_Tab);

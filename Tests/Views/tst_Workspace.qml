@@ -203,9 +203,16 @@ ViewTestCase {
         for (let step = 0; step < 9 && root.Window.activeFocusItem?.["text"] !== "Buy milk"; ++step) {
             keyClick(Qt.Key_Tab);
         }
-        keyClick(Qt.Key_End);
-        root.enter("y");
-        compare(root.fixture.stored("quickNote"), "Buy milky");
+        keyClick(Qt.Key_A, Qt.ControlModifier);
+        keyClick(Qt.Key_Delete);
+        root.settle();
+        compare(root.fixture.stored("quickNote"), "");
+        root.enter("tea"); // neither empty nor what was searched for: it stays while it is written in
+        compare(root.fixture.stored("quickNote"), "tea");
+        root.expectInOrder(["EditableText: Quick note"]);
+        keyClick(Qt.Key_Tab);
+        root.settle();
+        verify(!root.has("EditableText: Quick note"));
     }
 
     function test_aSearchCopiesClipsAndSnippets() {

@@ -30,6 +30,27 @@ Texts textsFor(CalendarAccess current) {
             QStringLiteral("Don’t Allow")};
 }
 
+/// As the program's other windows look, whatever the desktop's own style.
+QString styleSheet() {
+    return QStringLiteral(
+        "QDialog { background: #0b0d0f; }"
+        "QLabel { color: rgba(255,255,255,150); font: 13px Inter; }"
+        "QLabel#heading { color: rgba(255,255,255,235); font: 600 16px Inter; }"
+        "QListWidget { background: rgba(255,255,255,14); border: none; border-radius: 8px;"
+        " color: rgba(255,255,255,225); font: 13px Inter; outline: none; padding: 6px; }"
+        "QListWidget:focus { border: 2px solid #66d4cf; padding: 4px; }"
+        "QListWidget::item { padding: 4px; background: transparent; }"
+        "QPushButton { background: rgba(255,255,255,26); border: 2px solid transparent;"
+        " border-radius: 8px; color: rgba(255,255,255,235); font: 500 13px Inter;"
+        " padding: 5px 14px; }"
+        "QPushButton:hover { background: rgba(255,255,255,40); }"
+        "QPushButton:pressed { background: rgba(255,255,255,20); }"
+        "QPushButton:focus { border-color: #66d4cf; }"
+        "QScrollBar:vertical { background: transparent; width: 8px; }"
+        "QScrollBar::handle { background: rgba(255,255,255,55); border-radius: 4px; }"
+        "QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }");
+}
+
 QString shortPath(const QString &path) {
     const QString home = QDir::homePath() + u'/';
     return path.startsWith(home) ? QStringLiteral("~/") + path.mid(home.size()) : path;
@@ -80,12 +101,12 @@ private:
     void build(const QList<FoundCalendar> &calendars, const Texts &texts) {
         m_dialog->setWindowTitle(QStringLiteral("Calendars"));
         m_dialog->resize(460, 320);
+        m_dialog->setStyleSheet(styleSheet());
         auto *layout = new QVBoxLayout(m_dialog.get());
+        layout->setContentsMargins(20, 18, 20, 18);
+        layout->setSpacing(12);
         QLabel *heading = makeLabel(texts.heading);
-        QFont font = heading->font();
-        font.setBold(true);
-        font.setPointSizeF(font.pointSizeF() * 1.2);
-        heading->setFont(font);
+        heading->setObjectName(QStringLiteral("heading"));
         layout->addWidget(heading);
         layout->addWidget(makeLabel(QStringLiteral(
             "The meetings of the next seven days are shown in the workspace and on the calendar "

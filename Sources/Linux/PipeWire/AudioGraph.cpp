@@ -157,6 +157,8 @@ void AudioGraph::answered(int number) {
 
 void AudioGraph::add(std::uint32_t id, const char *type, const spa_dict &properties) {
     if (m_wiring.add(id, type, properties)) {
+        const GraphLink link = m_wiring.link(id);
+        Q_EMIT linked(link.from, link.to);
         return;
     }
     if (std::strcmp(type, PW_TYPE_INTERFACE_Client) == 0) {
@@ -374,6 +376,14 @@ std::optional<std::uint32_t> AudioGraph::outputOfSerial(const QString &serial) c
 QString AudioGraph::serialOfOutput(std::uint32_t node) const {
     const auto output = m_outputs.find(node);
     return output == m_outputs.end() ? QString() : output->second.serial;
+}
+
+void AudioGraph::doubtDefault(std::uint32_t output) {
+    const auto found = m_outputs.find(output);
+    if (found != m_outputs.cend() && found->second.name != m_metadata.defaultOutput() &&
+        m_metadata.isBound()) {
+        m_metadata.bind(asRegistry(m_registry), m_metadata.id());
+    }
 }
 
 void AudioGraph::findDefault() {

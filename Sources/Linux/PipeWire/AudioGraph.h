@@ -45,6 +45,11 @@ public:
     /// The node; nothing when no output has that number.
     [[nodiscard]] std::optional<std::uint32_t> outputOfSerial(const QString &serial) const;
 
+    /// A stream was linked to an output as if that were the default, which it is not as far as the
+    /// table has told: the server withholds news of it while another program begins to read it.
+    /// Reads it anew when that is so.
+    void doubtDefault(std::uint32_t output);
+
     [[nodiscard]] SessionMetadata &metadata() { return m_metadata; }
     [[nodiscard]] const GraphWiring &wiring() const { return m_wiring; }
 
@@ -57,6 +62,7 @@ Q_SIGNALS:
     /// It belongs to a process now, or has begun to play.
     void streamChanged(std::uint32_t node);
     void streamRemoved(std::uint32_t node);
+    void linked(std::uint32_t from, std::uint32_t to);
     /// Streams cannot be moved any more, nor be sent back.
     void moverLost();
 

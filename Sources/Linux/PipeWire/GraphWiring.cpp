@@ -22,7 +22,7 @@ bool GraphWiring::add(std::uint32_t id, const char *type, const spa_dict &proper
 }
 
 bool GraphWiring::connects(std::uint32_t from, std::uint32_t to) const {
-    return std::find(m_links.cbegin(), m_links.cend(), Link{from, to}) != m_links.cend();
+    return std::find(m_links.cbegin(), m_links.cend(), GraphLink{from, to}) != m_links.cend();
 }
 
 } // namespace perchly

@@ -8,6 +8,14 @@
 
 namespace perchly {
 
+/// A link from one node to another.
+struct GraphLink {
+    std::uint32_t from = 0;
+    std::uint32_t to = 0;
+
+    friend bool operator==(const GraphLink &, const GraphLink &) = default;
+};
+
 /// The links between nodes that the server has announced.
 class GraphWiring {
 public:
@@ -20,15 +28,11 @@ public:
     /// Whether a link leads from the one node to the other.
     [[nodiscard]] bool connects(std::uint32_t from, std::uint32_t to) const;
 
+    /// Of nothing when there is no such link.
+    [[nodiscard]] GraphLink link(std::uint32_t id) const { return m_links.value(id); }
+
 private:
-    struct Link {
-        std::uint32_t from = 0;
-        std::uint32_t to = 0;
-
-        friend bool operator==(const Link &, const Link &) = default;
-    };
-
-    QHash<std::uint32_t, Link> m_links;
+    QHash<std::uint32_t, GraphLink> m_links;
 };
 
 } // namespace perchly

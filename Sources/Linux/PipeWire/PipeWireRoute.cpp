@@ -22,6 +22,9 @@ constexpr auto patience = 500ms;
 /// How long the sink runs all the same until the process' streams have come.
 constexpr auto arrival = 1s;
 
+/// How long the news of another default output may take after the route has gone there.
+constexpr auto newsLimit = 500ms;
+
 /// A route has one of each.
 constexpr AudioObject tapObject = 1;
 constexpr AudioObject deviceObject = 2;
@@ -50,7 +53,16 @@ PipeWireRoute::PipeWireRoute(PipeWireConnection &connection, AudioGraph &graph, 
     m_arrival.setSingleShot(true);
     m_arrival.setInterval(arrival);
     connect(&m_arrival, &QTimer::timeout, this, [this] { m_streams->rest(); });
+    m_doubt.setSingleShot(true);
+    m_doubt.setInterval(newsLimit);
+    connect(&m_doubt, &QTimer::timeout, this, [this] { m_graph.doubtDefault(m_playsTo); });
     connect(&graph, &AudioGraph::moverLost, this, &PipeWireRoute::interrupt);
+    connect(&graph, &AudioGraph::linked, this, [this](std::uint32_t from, std::uint32_t to) {
+        if (m_streams && from == m_streams->playbackNode()) {
+            m_playsTo = to;
+            m_doubt.start();
+        }
+    });
 }
 
 PipeWireRoute::~PipeWireRoute() {
@@ -142,6 +154,7 @@ void PipeWireRoute::interrupt() {
 void PipeWireRoute::stopDevice(AudioObject, IoProcId) {
     m_patience.stop();
     m_arrival.stop();
+    m_doubt.stop();
     if (m_move) {
         m_move->undo();
     }

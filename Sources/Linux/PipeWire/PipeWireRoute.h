@@ -67,7 +67,9 @@ private:
     std::unique_ptr<ProcessMove> m_move;
     QTimer m_patience;
     QTimer m_arrival;
-    bool m_isStarted = false; ///< the engine
+    QTimer m_doubt;
+    std::uint32_t m_playsTo = 0; ///< the output's node
+    bool m_isStarted = false;    ///< the engine
 };
 
 } // namespace perchly

@@ -44,6 +44,9 @@ public:
     /// The sink's, by which streams are sent there.
     [[nodiscard]] QString name() const { return m_name; }
     [[nodiscard]] std::uint32_t captureNode() const { return m_capture->node(); }
+    [[nodiscard]] std::uint32_t playbackNode() const {
+        return m_playback ? m_playback->node() : SPA_ID_INVALID;
+    }
 
     /// False when an end has been taken away, or could not be opened.
     [[nodiscard]] bool isIntact() const;

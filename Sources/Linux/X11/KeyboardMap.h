@@ -28,6 +28,8 @@ struct KeyboardMap {
     /// The bit of Num Lock, 0 without one.
     [[nodiscard]] quint16 numLockMask() const;
 
+    bool operator==(const KeyboardMap &) const = default;
+
 private:
     quint16 modifierWith(quint32 keysym) const;
     std::optional<quint8> keycodeOf(quint32 keysym) const;

@@ -19,8 +19,8 @@ X11HotKeys::X11HotKeys(QObject *parent)
     m_keyboardChange.setInterval(settleTime);
     connect(&m_keyboardChange, &QTimer::timeout, this, &X11HotKeys::followKeyboardChange);
     connect(&m_connection, &XcbConnection::eventArrived, this, &X11HotKeys::handleEvent);
-    connect(&m_connection, &XcbConnection::restored, this, &X11HotKeys::followKeyboardChange);
-    readKeyboard();
+    connect(&m_connection, &XcbConnection::restored, this, &X11HotKeys::grabAnew);
+    m_keyboard = readKeyboard().value_or(KeyboardMap());
 }
 
 bool X11HotKeys::registerChord(int identifier, Chord chord) {
@@ -77,11 +77,20 @@ void X11HotKeys::handleRelease(const xcb_key_release_event_t &release) {
     }
 }
 
+// Most of what is announced changes nothing: another keyboard of the same layout was typed on. A
+// chord that is let go and grabbed again then would miss the press that caused it.
 void X11HotKeys::followKeyboardChange() {
+    const std::optional<KeyboardMap> keyboard = readKeyboard();
+    if (keyboard && *keyboard != m_keyboard) {
+        grabAnew();
+    }
+}
+
+void X11HotKeys::grabAnew() {
     for (Registration &registration : m_registrations) {
         release(registration);
     }
-    readKeyboard();
+    m_keyboard = readKeyboard().value_or(m_keyboard);
     for (Registration &registration : m_registrations) {
         if (!grab(registration)) {
             qWarning("A hot key was lost with a change of the keyboard.");
@@ -89,9 +98,9 @@ void X11HotKeys::followKeyboardChange() {
     }
 }
 
-void X11HotKeys::readKeyboard() {
+std::optional<KeyboardMap> X11HotKeys::readKeyboard() {
     if (!m_connection.isAlive()) {
-        return;
+        return std::nullopt;
     }
     xcb_connection_t *connection = m_connection.get();
     const xcb_setup_t *setup = xcb_get_setup(connection);
@@ -101,11 +110,11 @@ void X11HotKeys::readKeyboard() {
     const auto map = m_connection.reply<xcb_get_keyboard_mapping_reply_t>(mapCookie);
     const auto modifiers = m_connection.reply<xcb_get_modifier_mapping_reply_t>(modifierCookie);
     if (!map || !modifiers || map->keysyms_per_keycode == 0) {
-        return;
+        return std::nullopt;
     }
     const xcb_keysym_t *keysyms = xcb_get_keyboard_mapping_keysyms(map.get());
     const xcb_keycode_t *keycodes = xcb_get_modifier_mapping_keycodes(modifiers.get());
-    m_keyboard = KeyboardMap{
+    return KeyboardMap{
         .firstKeycode = setup->min_keycode,
         .keysymsPerKeycode = map->keysyms_per_keycode,
         .keysyms = {keysyms, keysyms + xcb_get_keyboard_mapping_keysyms_length(map.get())},

@@ -7,6 +7,8 @@
 #include <QMap>
 #include <QTimer>
 
+#include <optional>
+
 namespace perchly {
 
 /// Chords grabbed on the root window, each with every state of Caps Lock and Num Lock. They follow
@@ -32,7 +34,8 @@ private:
     void handlePress(const xcb_key_press_event_t &press);
     void handleRelease(const xcb_key_release_event_t &release);
     void followKeyboardChange();
-    void readKeyboard();
+    void grabAnew();
+    [[nodiscard]] std::optional<KeyboardMap> readKeyboard();
     bool grab(Registration &registration);
     void release(Registration &registration);
     [[nodiscard]] QList<quint16> lockVariants() const;

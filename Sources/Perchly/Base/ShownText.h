@@ -12,8 +12,8 @@ namespace perchly {
 /// Whether there is nothing to see in it.
 [[nodiscard]] bool showsNothing(const QString &text);
 
-/// What can be seen of a name that another program gives itself: in one line, and empty when nothing
-/// is to be seen.
+/// What can be seen of a name that another program gives itself: in one line, and empty when
+/// nothing is to be seen.
 [[nodiscard]] QString visibleName(const QString &name);
 
 /// As much of the start as the few lines of a row can show in the widest window.

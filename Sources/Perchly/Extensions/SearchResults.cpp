@@ -104,8 +104,17 @@ void SearchResults::setNote(const QString &note) {
         return;
     }
     m_note = note;
-    setEntries(Note, note.isEmpty() ? Entries() : Entries{{.label = note, .text = note}});
+    readNote();
     Q_EMIT noteChanged();
+}
+
+void SearchResults::setEditingNote(bool editing) {
+    if (m_editingNote == editing) {
+        return;
+    }
+    m_editingNote = editing;
+    readNote();
+    Q_EMIT editingNoteChanged();
 }
 
 void SearchResults::setQuery(const QString &query) {
@@ -120,6 +129,11 @@ void SearchResults::setQuery(const QString &query) {
 
 QString SearchResults::firstPath() const {
     return m_rows.size() > 1 && !m_rows.at(1).isTitle ? m_rows.at(1).target.toString() : QString();
+}
+
+void SearchResults::readNote() {
+    const bool shown = m_editingNote || !m_note.isEmpty();
+    setEntries(Note, shown ? Entries{{.label = m_note, .text = m_note}} : Entries());
 }
 
 void SearchResults::readApps() {
@@ -213,7 +227,7 @@ SearchResults::Rows SearchResults::matches() const {
         const qsizetype before = rows.size();
         rows.append({section, title, title, {}, true});
         for (const Entry &entry : m_entries.at(size_t(number))) {
-            if (isMatch(entry)) {
+            if (isMatch(entry) || (section == Note && m_editingNote)) {
                 rows.append({section, entry.key, entry.label, entry.target, false});
             }
         }

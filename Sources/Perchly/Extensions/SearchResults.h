@@ -24,6 +24,8 @@ class SearchResults : public QAbstractListModel {
     Q_PROPERTY(perchly::ShelfExtras *extras READ extras WRITE setExtras NOTIFY extrasChanged
                    REQUIRED FINAL)
     Q_PROPERTY(QString note READ note WRITE setNote NOTIFY noteChanged FINAL)
+    Q_PROPERTY(
+        bool editingNote READ editingNote WRITE setEditingNote NOTIFY editingNoteChanged FINAL)
     Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY queryChanged FINAL)
     Q_PROPERTY(QString firstPath READ firstPath NOTIFY rowsChanged FINAL)
 public:
@@ -45,6 +47,10 @@ public:
     [[nodiscard]] QString note() const { return m_note; }
     void setNote(const QString &note);
 
+    /// Someone is writing in the note: it stays whatever it says, until they leave it.
+    [[nodiscard]] bool editingNote() const { return m_editingNote; }
+    void setEditingNote(bool editing);
+
     /// What to look for; everything matches an empty one.
     [[nodiscard]] QString query() const { return m_query; }
     void setQuery(const QString &query);
@@ -61,6 +67,7 @@ Q_SIGNALS:
     void toolsChanged();
     void extrasChanged();
     void noteChanged();
+    void editingNoteChanged();
     void queryChanged();
     void rowsChanged();
 
@@ -87,6 +94,7 @@ private:
     using Rows = QList<Row>;
 
     void setEntries(Section section, Entries entries);
+    void readNote();
     void readApps();
     void readClips();
     void readSnippets();
@@ -101,6 +109,7 @@ private:
     QPointer<Productivity> m_tools;
     QPointer<ShelfExtras> m_extras;
     QString m_note;
+    bool m_editingNote = false;
     QString m_query;
     std::array<Entries, sectionCount> m_entries;
     Rows m_rows;

@@ -36,6 +36,9 @@ Item {
     /// Gives the keyboard to the control at that position in the row, or to the next one to it that
     /// takes it; false if there is none.
     function focusRow(index, position) {
+        if (view.count === 0) {
+            return false;
+        }
         const at = Math.max(0, Math.min(view.count - 1, index));
         view.positionViewAtIndex(at, ListView.Contain);
         view.forceLayout();

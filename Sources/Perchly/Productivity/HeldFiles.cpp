@@ -61,16 +61,22 @@ void Productivity::hold(const QList<QUrl> &urls) {
     setHeld(held);
 }
 
-void Productivity::holdDropped(const QString &uriList) {
+bool Productivity::holdDropped(const QString &uriList) {
+    bool isList = false;
     QList<QUrl> urls;
     for (const QStringView line : QStringView(uriList).split(u'\n', Qt::SkipEmptyParts)) {
         const QStringView text = line.trimmed();
         const QUrl url = QUrl::fromEncoded(text.toUtf8());
-        if (!text.startsWith(u'#') && (url.isLocalFile() || isWebScheme(schemeOf(text)))) {
+        if (text.startsWith(u'#') || !url.isValid() || url.isRelative()) {
+            continue;
+        }
+        isList = true;
+        if (url.isLocalFile() || isWebScheme(schemeOf(text))) {
             urls.append(url);
         }
     }
     hold(urls);
+    return isList;
 }
 
 void Productivity::addFiles() {

@@ -57,8 +57,9 @@ public:
     /// over silently.
     Q_INVOKABLE void hold(const QList<QUrl> &urls);
     /// The same for a dropped "text/uri-list". As it says how each scheme was written, which a QUrl
-    /// does not, links in capitals are passed over, too.
-    Q_INVOKABLE void holdDropped(const QString &uriList);
+    /// does not, links in capitals are passed over, too. False, and nothing happens, if it lists
+    /// nothing at all.
+    Q_INVOKABLE bool holdDropped(const QString &uriList);
     /// Asks for files and folders and holds what was chosen. Another call while the person is
     /// choosing does nothing.
     Q_INVOKABLE void addFiles();

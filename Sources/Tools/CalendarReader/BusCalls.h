@@ -18,9 +18,8 @@ struct BusMethod {
     const char *name = nullptr;
 };
 
-/// Calls on the session's bus, as many at a time as there are, all up to the same moment. Services
-/// that are not there are started. A bus that hangs while it is connected to is not noticed in time
-/// by the library: whoever uses this can be ended from outside.
+/// Calls on the session's bus, as many at a time as there are, all up to the same moment, whatever
+/// services and bus do. Services that are not there are started.
 class BusCalls {
 public:
     using Answer = std::function<void(sd_bus_message *answer)>;

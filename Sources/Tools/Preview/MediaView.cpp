@@ -2,11 +2,14 @@
 
 #include <QAudioDevice>
 #include <QMediaDevices>
+#include <QTimer>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <QVideoFrame>
 
 namespace perchly {
+
+using namespace std::chrono_literals;
 
 MediaView::MediaView(QWidget *parent)
     : QWidget(parent)
@@ -63,8 +66,17 @@ void MediaView::show(const QVideoFrame &frame) {
     m_picture.show(picture);
     if (m_stack.currentWidget() != &m_picture) {
         m_stack.setCurrentWidget(&m_picture);
+        watchBeginning();
         Q_EMIT firstFrame(picture.size());
     }
+}
+
+void MediaView::watchBeginning() {
+    QTimer::singleShot(1s, this, [this] {
+        if (m_player.mediaStatus() == QMediaPlayer::LoadingMedia) { // it stands still
+            Q_EMIT failed();
+        }
+    });
 }
 
 void MediaView::updateProgress() {

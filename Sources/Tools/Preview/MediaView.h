@@ -21,6 +21,8 @@ public:
 
     void play(const QString &path, const FileFacts &facts);
     void pause();
+    /// The first picture of a video was there.
+    [[nodiscard]] bool hasBegun() const { return m_stack.currentWidget() == &m_picture; }
 
 Q_SIGNALS:
     /// It cannot be played. Nothing more is to be asked of it: the library would wait for an
@@ -31,12 +33,13 @@ Q_SIGNALS:
 
 private:
     void show(const QVideoFrame &frame);
+    void watchBeginning();
     void updateProgress();
 
     QAudioOutput m_sound;
     QVideoSink m_video;
     QMediaPlayer m_player; ///< ends before what it plays to
-    QWidget m_screen; ///< before what is in it, which it would delete
+    QWidget m_screen;      ///< before what is in it, which it would delete
     FactsView m_facts;
     PictureView m_picture;
     QStackedLayout m_stack;

@@ -17,6 +17,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto shownSoon = 30ms;
+constexpr int mostTries = 4;
 
 constexpr QSize smallest(380, 260);
 constexpr QSize factsSize(460, 320);
@@ -144,21 +145,36 @@ void PreviewWindow::showMedia() {
     showFacts(); // and let the person see them before the thread is busy with the first player
     QTimer::singleShot(shownSoon, this, [this, number = m_number] {
         if (number == m_number) {
+            m_tries = 0;
             playMedia();
+            present(m_media, factsSize);
         }
     });
 }
 
 void PreviewWindow::playMedia() {
+    ++m_tries;
     m_media = new MediaView;
     m_stack.addWidget(m_media);
-    connect(m_media, &MediaView::failed, this, &PreviewWindow::showFacts);
+    connect(m_media, &MediaView::failed, this, &PreviewWindow::mediaFailed);
     connect(m_media, &MediaView::firstFrame, this, [this](const QSize &size) {
         const QSize points = (QSizeF(size) / devicePixelRatioF()).toSize();
         present(m_media, points + QSize(0, controlsHeight));
     });
     m_media->play(m_items.at(m_index).toLocalFile(), m_current);
-    present(m_media, factsSize);
+}
+
+void PreviewWindow::mediaFailed() {
+    // The media library gives a video up when its picture is not taken within a third of a second,
+    // which happens while decoders are loaded for the first time.
+    if (m_media->hasBegun() && m_tries < mostTries) {
+        dropMedia();
+        playMedia();
+        m_stack.setCurrentWidget(m_media);
+        m_media->setFocus();
+    } else {
+        showFacts();
+    }
 }
 
 void PreviewWindow::dropMedia() {

@@ -45,6 +45,7 @@ private:
     void showPdf();
     void showMedia();
     void playMedia();
+    void mediaFailed();
     void dropMedia();
     void present(QWidget *view, const QSize &wanted);
     void comeToFront();
@@ -61,6 +62,7 @@ private:
     QPlainTextEdit m_text;
     PdfView *m_pdf = nullptr;     ///< made when first needed
     MediaView *m_media = nullptr; ///< of the item that is shown, if it plays
+    int m_tries = 0;              ///< to play it
     QLabel m_caption;
     QThreadPool m_pool;
 };

@@ -10,6 +10,15 @@ SCRIPTED_PLAYER = Path(__file__).parents[2] / "ScriptHost" / "scripted_player.py
 MPV_PLUGIN = "/usr/lib/mpv-mpris/mpris.so"
 
 
+def moving_picture(file):
+    """Three seconds: a moment in red, then in green, with a tone."""
+    picture = "av://lavfi:color=c=red:s=64x48:r=10:d=0.3,tpad=stop_duration=2.7:color=green"
+    options = ["--no-config", "--really-quiet", "--audio-file=av://lavfi:sine=d=3"]
+    coders = ["--ovc=mpeg4", "--oac=aac"]
+    subprocess.run(["mpv", *options, picture, *coders, f"--o={file}"], check=True, timeout=20)
+    return file.read_bytes()
+
+
 class Mpv:
     """The real player, silent, at the start of an hour of silence."""
 

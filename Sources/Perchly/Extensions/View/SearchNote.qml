@@ -6,6 +6,7 @@ RoundedRect {
     id: root
 
     property alias note: editor.note
+    readonly property bool editing: editor.edit.activeFocus
 
     signal edited(note: string)
 

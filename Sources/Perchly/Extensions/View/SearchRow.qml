@@ -14,6 +14,8 @@ Item {
     readonly property bool isTitle: root.kind === "title"
     readonly property bool isApp: root.kind === "app"
     readonly property bool isNote: root.kind === "note"
+    /// It is the note, and has the keyboard.
+    readonly property bool editing: (place.item as SearchNote)?.editing ?? false
     readonly property var symbols: ({ clip: "doc.on.clipboard", held: "link", snippet: "pin.fill" })
 
     /// What Return in the field opens.

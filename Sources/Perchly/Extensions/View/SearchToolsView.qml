@@ -22,6 +22,7 @@ ColumnLayout {
     /// The panel appeared, or was asked for again.
     function begin() {
         root.library.refresh();
+        results.editingNote = false;
         field.forceActiveFocus(Qt.ShortcutFocusReason);
         field.input.selectAll();
     }
@@ -138,6 +139,11 @@ ColumnLayout {
 
             onActivated: root.open(row.kind, row.target)
             onEdited: note => root.preferences.note = note
+            onEditingChanged: {
+                if (row.editing || root.Window.active) { // not because another window has the keyboard
+                    results.editingNote = row.editing;
+                }
+            }
         }
     }
 }

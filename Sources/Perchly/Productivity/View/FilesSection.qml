@@ -112,7 +112,9 @@ ColumnLayout {
             keys: ["text/uri-list"]
 
             onDropped: drop => {
-                root.tools.holdDropped(drop.getDataAsString("text/uri-list"));
+                if (!root.tools.holdDropped(drop.getDataAsString("text/uri-list"))) {
+                    root.tools.hold(drop.urls); // told in another form
+                }
                 drop.accept(Qt.CopyAction);
             }
             // Only references are kept: a source that were told "move" would delete what it gave.
@@ -133,7 +135,7 @@ ColumnLayout {
             anchors.margins: 10
             anchors.right: parent.right
             anchors.top: parent.top
-            height: 34
+            height: 40
             label: "Drag all " + rows.count
             urls: root.tools.held
             visible: rows.count > 1

@@ -235,7 +235,9 @@ FocusScope {
 
         onDropped: drop => {
             if (drop.hasUrls) {
-                root.productivity.holdDropped(drop.getDataAsString("text/uri-list"));
+                if (!root.productivity.holdDropped(drop.getDataAsString("text/uri-list"))) {
+                    root.productivity.hold(drop.urls); // told in another form
+                }
                 drop.accept(Qt.CopyAction);
             }
         }
