@@ -86,7 +86,7 @@ class Program:
 
     def cut_connections(self):
         """Closes the program's lines to the X server under its hands, all but the toolkit's, which
-        is the oldest; returns how many."""
+        is the first that it made; returns how many."""
         found = []
         with contextlib.ExitStack() as stack:
             process = os.pidfd_open(self.pid)
@@ -97,7 +97,7 @@ class Program:
                 copy = ctypes.CDLL(None).syscall(SYS_PIDFD_GETFD, process, int(link.name), 0)
                 line = stack.enter_context(socket.socket(fileno=copy))
                 if line.family == socket.AF_UNIX and b"X11-unix" in _peer_name(line):
-                    found.append((link.stat().st_ino, line))
+                    found.append((int(link.name), line))
             for _, line in sorted(found, key=lambda each: each[0])[1:]:
                 line.shutdown(socket.SHUT_RDWR)
         return len(found) - 1
