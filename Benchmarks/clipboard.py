@@ -96,15 +96,18 @@ def measure(name, command, options):
         samples = sorted(sample for sample in samples if sample is not None)
         time.sleep(1)
         cpu, woken = cost_of_a_minute(watcher.pid, options.seconds)
-        memory = proportional_megabytes(watcher.pid)
+        try:
+            memory = proportional_megabytes(watcher.pid)
+            costs = f"{cpu:>10.3f}{woken:>10.2f}{memory:>8.1f}"
+        except ProcessLookupError:
+            costs = f"{'it ended by itself':>28}"
         watcher.kill()
         watcher.wait()
     finally:
         session.stop()
     high = samples[int(len(samples) * 0.99)]
     print(
-        f"{name:<12}{statistics.median(samples):>8.2f}{high:>8.2f}{missed:>8}"
-        f"{cpu:>10.3f}{woken:>10.2f}{memory:>8.1f}"
+        f"{name:<12}{statistics.median(samples):>8.2f}{high:>8.2f}{missed:>8}{costs}"
     )
 
 

@@ -179,7 +179,7 @@ def main():
     folder = options.program.resolve().parent
     rounds = range(options.rounds)
     print(f"{'':44}   median       p99")
-    with measured_session(options.program) as session:
+    with measured_session(options.program.resolve()) as session:
         captures = Captures(session, str(folder / "perchly-screencapture"))
         report("capture: command to overlay", [captures.ours_to_overlay() for _ in rounds])
         report("capture: release to file", [captures.ours_to_file() for _ in rounds])
