@@ -48,6 +48,7 @@ ColumnLayout {
 
         Layout.fillHeight: true
         Layout.fillWidth: true
+        cacheBuffer: 0 // each key would write into those rows, too
         label: "Installed apps"
         placeholder: search.text !== "" ? "No app matches." : "No apps found yet."
         reuseItems: true
