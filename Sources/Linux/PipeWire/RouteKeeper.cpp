@@ -2,9 +2,17 @@
 
 namespace perchly {
 
+namespace {
+constexpr std::chrono::seconds restAfterTheLast{5};
+}
+
 RouteKeeper::RouteKeeper(QString program, QObject *parent)
     : QObject(parent)
-    , m_program(std::move(program)) {}
+    , m_program(std::move(program)) {
+    m_rest.setSingleShot(true);
+    m_rest.setInterval(restAfterTheLast);
+    connect(&m_rest, &QTimer::timeout, this, &RouteKeeper::dismiss);
+}
 
 RouteKeeper::~RouteKeeper() {
     for (auto *companion : findChildren<QProcess *>()) {
@@ -24,6 +32,7 @@ void RouteKeeper::keep(std::uint32_t node, const std::optional<StreamTarget> &ta
         connect(m_companion, &QProcess::finished, m_companion, &QObject::deleteLater);
         m_companion->start(m_program);
     }
+    m_rest.stop();
     m_kept.insert(node);
     QByteArray record = '+' + QByteArray::number(node);
     if (target) {
@@ -38,6 +47,12 @@ void RouteKeeper::forget(std::uint32_t node) {
     }
     m_companion->write('-' + QByteArray::number(node) + '\0');
     if (m_kept.isEmpty()) {
+        m_rest.start();
+    }
+}
+
+void RouteKeeper::dismiss() {
+    if (m_companion) {
         m_companion->closeWriteChannel();
         m_companion = nullptr; // it goes when it has ended
     }

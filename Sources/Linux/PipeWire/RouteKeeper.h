@@ -6,12 +6,13 @@
 #include <QPointer>
 #include <QProcess>
 #include <QSet>
+#include <QTimer>
 
 namespace perchly {
 
 /// Tells a companion where the streams of routed processes go when this program dies: it outlives
 /// even a kill, and the session manager would send them to the default output. It runs while there
-/// is a stream to be kept. Main thread only.
+/// is a stream to be kept and a while longer, as the next route is often near. Main thread only.
 class RouteKeeper : public QObject {
     Q_OBJECT
 public:
@@ -24,9 +25,12 @@ public:
     void forget(std::uint32_t node);
 
 private:
+    void dismiss();
+
     QString m_program;
     QSet<std::uint32_t> m_kept;
     QPointer<QProcess> m_companion;
+    QTimer m_rest;
 };
 
 } // namespace perchly
