@@ -40,10 +40,19 @@ RowCard {
             }
             BodyText {
                 Layout.fillWidth: true
+                Layout.maximumWidth: Math.ceil(implicitWidth)
                 Layout.minimumHeight: 30
                 font.weight: Font.Medium
                 maximumLineCount: 1
                 text: root.name
+            }
+            CaptionText {
+                Layout.fillWidth: true
+                Layout.minimumWidth: Math.ceil(implicitWidth)
+                color: Theme.grey
+                maximumLineCount: 1
+                text: root.process
+                wrapMode: Text.NoWrap
             }
             PushButton {
                 Accessible.description: root.subject
