@@ -149,6 +149,55 @@ TestCase {
         }
     }
 
+    Component {
+        id: changingList
+
+        ScrollList {
+            id: changing
+
+            readonly property Item holder: root.Window.activeFocusItem
+            readonly property string at: changing.holder?.["label"] ?? changing.holder?.Accessible.name ?? ""
+
+            focus: true
+            height: 150
+            label: "Rows"
+            width: 400
+
+            delegate: RowCard {
+                id: row
+
+                required property string name
+                required property int buttons
+                required property bool open
+
+                Accessible.name: row.name
+                height: row.open ? 90 : 30
+                selectable: row.buttons === 3
+                width: 380
+
+                Repeater {
+                    model: row.buttons
+
+                    PushButton {
+                        required property int index
+
+                        text: row.name + index
+                        visible: index === 0 || row.open || row.buttons === 3
+                    }
+                }
+            }
+            model: ListModel {}
+        }
+    }
+
+    function changing(rows: var): var {
+        const made = root.make(changingList);
+        for (const row of rows) {
+            made.model.append({ name: row[0], buttons: row[1], open: row[2] ?? false });
+        }
+        return made;
+    }
+
     function init() {
         failOnWarning(/.?/);
     }
@@ -261,6 +310,51 @@ TestCase {
         go([Qt.Key_Tab], "before");
         go([Qt.Key_Tab], "after");
         verify(root.fixture.accessibleWithin(scope).includes("StaticText: Nothing yet."));
+    }
+
+    function test_rowsThatComeAndGoLeaveTheKeyboardWhereItIs() {
+        const rows = root.changing([["a", 1], ["b", 2, true], ["c", 1]]);
+        rows.focusRow(1, 1);
+        compare(rows.at, "b1");
+        rows.model.insert(0, { name: "first", buttons: 1, open: false });
+        wait(30);
+        compare(rows.at, "b1");
+        rows.model.remove(1);
+        rows.model.setProperty(1, "open", false); // hides the button
+        tryCompare(rows, "at", "b0");
+        rows.model.remove(1);
+        tryCompare(rows, "at", "c0");
+        rows.model.remove(1);
+        tryCompare(rows, "at", "first0");
+    }
+
+    function test_aRowWithoutControlsTakesTheKeyboardItself() {
+        const names = Array.from({ length: 12 }, (_, index) => ["r" + index, 0]);
+        const rows = root.changing([["top", 1], ...names, ["end", 3]]);
+        rows.focusRow(0, 0);
+        for (const expected of ["r0", "r1"]) {
+            keyClick(Qt.Key_Down);
+            compare(rows.at, expected);
+        }
+        keyClick(Qt.Key_End);
+        compare(rows.at, "end"); // which can be selected as a whole
+        keyClick(Qt.Key_Right);
+        compare(rows.at, "end0");
+        keyClick(Qt.Key_Left);
+        compare(rows.at, "end");
+        keyClick(Qt.Key_Left);
+        compare(rows.at, "end2");
+        keyClick(Qt.Key_Home);
+        compare(rows.at, "top0");
+    }
+
+    function test_aRowThatGrowsIsSeenWhole() {
+        const rows = root.changing([["a", 1], ["b", 1], ["c", 1], ["d", 1]]);
+        rows.view.forceLayout();
+        const last = rows.view.itemAtIndex(3);
+        rows.follow(last);
+        rows.model.setProperty(3, "open", true);
+        tryVerify(() => last.y + last.height <= rows.view.contentY + rows.height);
     }
 
     function test_anAreaScrollsByWheelBarAndKeyboard() {

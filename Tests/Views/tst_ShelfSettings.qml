@@ -79,13 +79,12 @@ ViewTestCase {
             keyClick(Qt.Key_Space);
             compare(root.fixture.entries().indexOf("widget:Clock"), step);
         }
-        keyClick(Qt.Key_Space); // at the end the other arrow has it
+        keyClick(Qt.Key_Space); // at the end it stays there, however often that is said
+        compare(root.fixture.entries().indexOf("widget:Clock"), 4);
+        compare(root.Window.activeFocusItem.Accessible.name, "Clock");
+        root.goRight(3);
+        keyClick(Qt.Key_Space);
         compare(root.fixture.entries().indexOf("widget:Clock"), 3);
-        for (let step = 0; step < 9; ++step) {
-            keyClick(Qt.Key_Space);
-        }
-        // To the other end, back again, and two steps from there.
-        compare(root.fixture.entries().indexOf("widget:Clock"), 2);
     }
 
     function test_removingGoesOnInTheNextRow() {

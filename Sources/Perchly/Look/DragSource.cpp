@@ -95,6 +95,12 @@ void DragSource::mouseMoveEvent(QMouseEvent *event) {
     QMetaObject::invokeMethod(this, &DragSource::drag, Qt::QueuedConnection);
 }
 
+void DragSource::mouseReleaseEvent(QMouseEvent *event) {
+    if (!m_dragging && contains(event->position())) {
+        Q_EMIT clicked();
+    }
+}
+
 void DragSource::mouseUngrabEvent() {
     setKeepMouseGrab(false);
 }

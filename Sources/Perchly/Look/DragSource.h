@@ -35,10 +35,13 @@ Q_SIGNALS:
     void urlsChanged();
     void labelChanged();
     void draggingChanged();
+    /// Pressed and let go without a drag.
+    void clicked();
 
 protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseUngrabEvent() override;
 
 private:

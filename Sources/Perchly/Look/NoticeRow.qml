@@ -20,9 +20,17 @@ RowLayout {
         text: root.message
     }
     PushButton {
+        id: button
+
         size: 12
         text: "Dismiss"
 
         onActivated: root.dismissed()
+        onVisibleChanged: {
+            // Back to where the person was.
+            if (!button.visible && button.activeFocus) {
+                button.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason);
+            }
+        }
     }
 }

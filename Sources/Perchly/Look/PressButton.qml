@@ -13,6 +13,7 @@ MouseArea {
     property real pressedScale: 0.92
     property real focusRadius: 8
     property int focusInset: -3
+    property int focusSideInset: root.focusInset
     default property alias content: body.data
 
     signal activated()
@@ -52,7 +53,10 @@ MouseArea {
     }
 
     FocusRing {
-        anchors.margins: root.focusInset
+        anchors.bottomMargin: root.focusInset
+        anchors.leftMargin: root.focusSideInset
+        anchors.rightMargin: root.focusSideInset
+        anchors.topMargin: root.focusInset
         radius: root.focusRadius
         shown: root.activeFocus
     }

@@ -5,6 +5,10 @@ import Perchly.Look
 Item {
     id: root
 
+    /// In a list, the row itself has the keyboard when none of its controls takes it.
+    property bool takesKeyboard: true
+    /// It can have the keyboard beside its controls, too.
+    property bool selectable: false
     property int padding: 10
     property alias radius: plate.radius
     property alias color: plate.color
@@ -24,5 +28,9 @@ Item {
 
         anchors.fill: parent
         anchors.margins: root.padding
+    }
+    FocusRing {
+        radius: plate.radius
+        shown: root.activeFocus
     }
 }

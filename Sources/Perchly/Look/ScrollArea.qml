@@ -34,6 +34,11 @@ Item {
         contentWidth: view.width
         interactive: false
 
+        onContentHeightChanged: {
+            if (revealing.item) {
+                scroller.reveal(revealing.item);
+            }
+        }
         onHeightChanged: scroller.scrollBy(0)
 
         Column {
@@ -47,8 +52,11 @@ Item {
 
         property Item item: null
 
-        interval: 0
-        onTriggered: scroller.reveal(revealing.item)
+        interval: 100
+        onTriggered: {
+            scroller.reveal(revealing.item);
+            revealing.item = null;
+        }
     }
     Scroller {
         id: scroller

@@ -3,7 +3,8 @@ import Perchly.Look
 
 /// A list of rows that scrolls, and one stop for Tab: the arrows go from row to row and from a
 /// control to its neighbour, Home and End to the ends, and the list remembers where the keyboard
-/// was. In a row that needs the arrows for itself, Tab goes along the row before it leaves.
+/// was. In a row that needs the arrows for itself, Tab goes along the row before it leaves. A row
+/// may take the keyboard itself: see `takesKeyboard` and `selectable` of RowCard.
 Item {
     id: root
 
@@ -23,6 +24,7 @@ Item {
     readonly property bool holdsKeyboard: Boolean(scroller.focused) && scroller.holds(scroller.focused)
     property int lastRow: 0
     property int lastControl: 0
+    property var growing: null
 
     // These functions name no types: what the toolkit compiles them to ahead of time then reads
     // through items that are not there.
@@ -34,7 +36,7 @@ Item {
     }
 
     /// Gives the keyboard to the control at that position in the row, or to the next one to it that
-    /// takes it; false if there is none.
+    /// takes it, or to the row itself, which is the position -1; false if none of them takes it.
     function focusRow(index, position) {
         if (view.count === 0) {
             return false;
@@ -43,26 +45,41 @@ Item {
         view.positionViewAtIndex(at, ListView.Contain);
         view.forceLayout();
         const row = view.itemAtIndex(at);
-        const controls = row ? root.controlsOf(row) : [];
-        const before = controls.slice(0, position + 1).reverse();
-        const found = before.concat(controls.slice(position + 1)).find(control => control.enabled);
+        const found = row ? root.takerOf(row, position) : null;
         if (found) {
             found.forceActiveFocus(Qt.TabFocusReason);
         }
         return Boolean(found);
     }
 
-    /// As focusRow, in the first row from that one on, in steps of 1 or -1, that has such a control.
+    function takerOf(row, position) {
+        if (position < 0 && row.selectable) {
+            return row;
+        }
+        const controls = root.controlsOf(row);
+        const place = position < 0 ? root.lastControl : position;
+        const before = controls.slice(0, place + 1).reverse();
+        const found = before.concat(controls.slice(place + 1)).find(control => control.enabled);
+        return found ?? (row.takesKeyboard ? row : null);
+    }
+
+    /// As focusRow, in the first row from that one on, in steps of 1 or -1, that takes the keyboard;
+    /// where none does, it stays where it is.
     function focusFrom(index, step, position) {
+        const here = root.focusedRow();
+        const control = root.focusedControl();
         for (let row = index; row >= 0 && row < view.count; row += step) {
             if (root.focusRow(row, position)) {
                 return true;
             }
         }
+        if (here >= 0 && index >= 0 && index < view.count) {
+            root.focusRow(here, control); // it may have been scrolled away
+        }
         return false;
     }
 
-    /// Where the control with the keyboard stands among those of its row, or -1.
+    /// Where the control with the keyboard stands among those of its row; -1 is the row itself.
     function focusedControl() {
         const row = root.rowOf(root.Window.activeFocusItem);
         return row ? root.controlsOf(row).indexOf(root.Window.activeFocusItem) : -1;
@@ -92,7 +109,50 @@ Item {
         return found;
     }
 
+    /// The keyboard stays where it was when what had it was removed or hidden. What was merely
+    /// scrolled away has it again at the next key.
+    function restore() {
+        const item = root.Window.activeFocusItem;
+        if (item !== view && !(item && !item.visible && scroller.holds(item))) {
+            return;
+        }
+        const row = Math.min(root.lastRow, view.count - 1);
+        const place = view.itemAtIndex(row);
+        if (view.count === 0) {
+            root.leave(1);
+        } else if (place && place.visible && place.y < view.contentY + view.height && place.y + place.height > view.contentY) {
+            root.focusRow(row, root.lastControl);
+        }
+    }
+
+    function remember() {
+        const row = root.focusedRow();
+        if (row >= 0) {
+            root.lastRow = row;
+            if (root.focusedControl() >= 0) {
+                root.lastControl = root.focusedControl();
+            }
+        }
+    }
+
+    /// Brings the row into view as soon as it has grown by what was just done to it.
+    function follow(row) {
+        root.growing = row;
+    }
+
+    function showGrown() {
+        if (root.growing) {
+            view.forceLayout();
+            scroller.reveal(root.growing);
+            root.growing = null;
+        }
+    }
+
     function step(event, distance) {
+        if (root.Window.activeFocusItem === view) {
+            event.accepted = root.focusRow(root.lastRow, root.lastControl);
+            return;
+        }
         const row = root.focusedRow();
         event.accepted = row >= 0 && root.focusFrom(row + distance, distance, root.focusedControl());
     }
@@ -101,11 +161,17 @@ Item {
     function moveAlong(step) {
         const row = root.rowOf(root.Window.activeFocusItem);
         const controls = row ? root.controlsOf(row) : [];
-        for (let at = root.focusedControl() + step; row && at >= 0 && at < controls.length; at += step) {
+        const here = root.focusedControl();
+        const start = here < 0 && step < 0 ? controls.length : here;
+        for (let at = start + step; at >= 0 && at < controls.length; at += step) {
             if (controls[at].enabled) {
                 controls[at].forceActiveFocus(Qt.TabFocusReason);
                 return true;
             }
+        }
+        if (row && row.selectable && here >= 0 && step < 0) {
+            row.forceActiveFocus(Qt.TabFocusReason);
+            return true;
         }
         return false;
     }
@@ -197,9 +263,47 @@ Item {
         anchors.fill: parent
         boundsBehavior: Flickable.StopAtBounds
         clip: true
+        currentIndex: -1 // a current row takes the keyboard from others when rows come and go
         interactive: false
         keyNavigationEnabled: false
         spacing: 8
+
+        onCountChanged: settling.restart()
+    }
+    Timer {
+        id: settling
+
+        interval: 0
+
+        onTriggered: {
+            view.forceLayout(); // rows are found by their places
+            root.remember();
+            root.restore();
+        }
+    }
+    Timer {
+        id: showing
+
+        interval: 0
+
+        onTriggered: root.showGrown()
+    }
+    RowOrder {
+        rows: view.contentItem
+    }
+    Connections {
+        target: root.holdsKeyboard ? scroller.focused : null
+
+        function onVisibleChanged() {
+            settling.restart();
+        }
+    }
+    Connections {
+        target: root.growing
+
+        function onHeightChanged() {
+            showing.restart();
+        }
     }
     Item {
         id: after
@@ -225,11 +329,8 @@ Item {
         view: view
 
         onFocusedChanged: {
-            const row = root.focusedRow();
-            if (row >= 0) {
-                root.lastRow = row;
-                root.lastControl = root.focusedControl();
-            }
+            root.remember();
+            settling.restart();
         }
     }
 }

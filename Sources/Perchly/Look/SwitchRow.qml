@@ -16,6 +16,7 @@ PressButton {
     Accessible.role: Accessible.CheckBox
     focusInset: -4
     focusRadius: 10
+    focusSideInset: -8
     implicitHeight: 28
     implicitWidth: Math.ceil(words.implicitWidth) + 60
     label: root.text

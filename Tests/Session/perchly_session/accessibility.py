@@ -148,10 +148,9 @@ class Accessibility:
         try:
             for group in self.application().walk():
                 if group.role == "list" and group.showing:
-                    rows = sorted(group.children, key=lambda row: row.extents[1])
                     places = [
                         ((row, place), node)
-                        for row, item in enumerate(rows)
+                        for row, item in enumerate(group.children)
                         for place, node in enumerate(item.walk())
                     ]
                     here = [place for place, node in places if node.focused and node.name]

@@ -43,10 +43,9 @@ class WorkspaceCase(SessionCase):
         self.type_text(text)
 
     def rows(self):
-        """The names of the list's rows, from top to bottom."""
-        found = [
-            (node.extents[1], node.name)
+        """The names of the list's rows, as they are read to a person."""
+        return [
+            node.name
             for node in self.tree.application().walk()
             if node.role == "list item" and node.showing
         ]
-        return [name for _, name in sorted(found)]

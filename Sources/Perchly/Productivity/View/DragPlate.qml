@@ -10,6 +10,10 @@ Item {
     /// Shown beside the pointer while it is dragged.
     property alias label: source.label
     property int padding: 12
+
+    /// Pressed beside what lies on it, and not dragged.
+    signal clicked()
+
     default property alias content: body.data
 
     implicitHeight: Math.ceil(body.childrenRect.height) + 2 * root.padding
@@ -23,6 +27,8 @@ Item {
         id: source
 
         anchors.fill: parent
+
+        onClicked: root.clicked()
     }
     HoverHandler {
         id: hover

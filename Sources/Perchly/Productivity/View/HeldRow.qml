@@ -3,7 +3,8 @@ import QtQuick.Layouts
 import Perchly.Look
 import Perchly.Stores
 
-/// One held file or link, with what can be done with it.
+/// One held file or link, with what can be done with it. While the row itself has the keyboard, the
+/// space bar shows a preview.
 DragPlate {
     id: root
 
@@ -12,8 +13,14 @@ DragPlate {
     required property var row
 
     readonly property bool isFile: root.row.isFile
+    readonly property bool takesKeyboard: true
+    readonly property bool selectable: true
 
     signal removed()
+
+    function preview() {
+        root.extras.togglePreview(root.row.url, root.tools.held);
+    }
 
     function copy() {
         root.tools.copyItems([root.row.url]);
@@ -30,6 +37,13 @@ DragPlate {
             root.copy();
         }
     }
+    Keys.onSpacePressed: event => {
+        event.accepted = root.activeFocus && root.isFile;
+        if (event.accepted) {
+            root.preview();
+        }
+    }
+    onClicked: root.forceActiveFocus(Qt.MouseFocusReason)
 
     ColumnLayout {
         spacing: 9
@@ -62,7 +76,7 @@ DragPlate {
                 text: "Preview"
                 visible: root.isFile
 
-                onActivated: root.extras.togglePreview(root.row.url, root.tools.held)
+                onActivated: root.preview()
             }
             PushButton {
                 Accessible.description: root.label
@@ -103,5 +117,10 @@ DragPlate {
                 onActivated: root.removed()
             }
         }
+    }
+
+    FocusRing {
+        radius: 10
+        shown: root.activeFocus
     }
 }

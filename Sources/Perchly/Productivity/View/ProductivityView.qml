@@ -25,7 +25,15 @@ WindowBody {
     property string layoutName: ""
     readonly property ExtrasDrafts drafts: ExtrasDrafts {}
 
+    /// Shows the chosen section; who had the keyboard in the one before has it there.
     function show() {
+        root.load();
+        if (place.focus) {
+            place.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
+        }
+    }
+
+    function load() {
         switch (root.section) {
         case "Search":
             place.setSource(root.extrasView + "SearchToolsView.qml", { drafts: root.drafts, extras: root.extras, library: root.library, preferences: root.preferences, tools: root.tools });

@@ -114,8 +114,14 @@ ColumnLayout {
                     onActivated: {
                         const hadKeyboard = run.activeFocus;
                         root.tools.runShortcut(shortcut.row.name);
-                        if (hadKeyboard && stop.visible) {
-                            stop.forceActiveFocus(Qt.TabFocusReason);
+                        // Not to “Stop”, which a second press would hit.
+                        if (hadKeyboard && !run.enabled) {
+                            shortcut.forceActiveFocus(Qt.TabFocusReason);
+                        }
+                    }
+                    onEnabledChanged: {
+                        if (run.enabled && shortcut.activeFocus) {
+                            run.forceActiveFocus(Qt.TabFocusReason);
                         }
                     }
                 }

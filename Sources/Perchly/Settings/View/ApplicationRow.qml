@@ -19,6 +19,7 @@ RowCard {
 
     Accessible.name: root.name
     Accessible.role: Accessible.ListItem
+    takesKeyboard: false
     width: ListView.view ? ListView.view.width : 0
 
     RowLayout {

@@ -16,14 +16,14 @@ RowCard {
 
     readonly property shelfItem entry: root.row.entry
 
-    /// Moves the entry. Who pressed the button by a key keeps the keyboard in this row, also when the
-    /// row has come to an end of the list.
-    function move(offset: int, button: Item, other: Item) {
+    /// Moves the entry. Who pressed the button by a key keeps the keyboard in this row; at an end of
+    /// the list the row itself has it, where one more press does nothing.
+    function move(offset: int, button: Item) {
         const hadKeyboard = button.activeFocus;
         root.library.move(root.entry.id, offset);
         if (hadKeyboard) {
             root.list.view.positionViewAtIndex(root.index, ListView.Contain);
-            (button.enabled ? button : other).forceActiveFocus(Qt.TabFocusReason);
+            (button.enabled ? button : root).forceActiveFocus(Qt.TabFocusReason);
         }
     }
 
@@ -88,7 +88,7 @@ RowCard {
             symbol: "arrow.up"
             toolTip: "Move earlier"
 
-            onActivated: root.move(-1, earlier, later)
+            onActivated: root.move(-1, earlier)
         }
         IconButton {
             id: later
@@ -98,7 +98,7 @@ RowCard {
             symbol: "arrow.down"
             toolTip: "Move later"
 
-            onActivated: root.move(1, later, earlier)
+            onActivated: root.move(1, later)
         }
         IconButton {
             id: removeButton

@@ -17,6 +17,9 @@ RowCard {
     required property bool muted
     required property string process
 
+    /// It was enabled here, and grows by its slider.
+    signal enabledHere()
+
     /// What the buttons act upon, for assistive programs.
     readonly property string subject: root.process === "" ? root.name : root.name + ", " + root.process
 
@@ -40,7 +43,7 @@ RowCard {
             }
             BodyText {
                 Layout.fillWidth: true
-                Layout.maximumWidth: Math.ceil(implicitWidth)
+                Layout.maximumWidth: root.process === "" ? -1 : Math.ceil(implicitWidth)
                 Layout.minimumHeight: 30
                 font.weight: Font.Medium
                 maximumLineCount: 1
@@ -52,6 +55,7 @@ RowCard {
                 color: Theme.grey
                 maximumLineCount: 1
                 text: root.process
+                visible: root.process !== ""
                 wrapMode: Text.NoWrap
             }
             PushButton {
@@ -63,6 +67,7 @@ RowCard {
                     if (root.routed) {
                         root.mixer.release(root.appId);
                     } else {
+                        root.enabledHere();
                         root.mixer.enable(root.appId);
                     }
                 }

@@ -62,8 +62,12 @@ WindowBody {
         visible: list.count > 0
 
         delegate: AudioAppRow {
+            id: app
+
             mixer: root.mixer
             width: ListView.view.width
+
+            onEnabledHere: list.follow(app)
         }
     }
     NoticeText {

@@ -1,0 +1,68 @@
+#include "RowOrder.h"
+
+#include <algorithm>
+
+namespace perchly {
+
+RowOrder::RowOrder(QObject *parent)
+    : QObject(parent) {
+    m_soon.setSingleShot(true);
+    m_soon.setInterval(0);
+    connect(&m_soon, &QTimer::timeout, this, &RowOrder::sort);
+    QAccessible::installActivationObserver(this);
+}
+
+RowOrder::~RowOrder() {
+    QAccessible::removeActivationObserver(this);
+}
+
+void RowOrder::setRows(QQuickItem *rows) {
+    if (m_rows == rows) {
+        return;
+    }
+    if (m_rows) {
+        m_rows->disconnect(this);
+    }
+    m_rows = rows;
+    if (rows != nullptr) {
+        connect(rows, &QQuickItem::childrenChanged, this, &RowOrder::watch);
+        watch();
+    }
+    Q_EMIT rowsChanged();
+}
+
+void RowOrder::accessibilityActiveChanged(bool active) {
+    if (active) {
+        watch();
+    }
+}
+
+void RowOrder::watch() {
+    if (!m_rows || !QAccessible::isActive()) {
+        return;
+    }
+    for (const QQuickItem *row : m_rows->childItems()) {
+        connect(row, &QQuickItem::yChanged, &m_soon, qOverload<>(&QTimer::start),
+                Qt::UniqueConnection);
+    }
+    m_soon.start();
+}
+
+void RowOrder::sort() {
+    if (!m_rows) {
+        return;
+    }
+    const auto isAbove = [](const QQuickItem *one, const QQuickItem *other) {
+        return one->y() < other->y();
+    };
+    QList<QQuickItem *> rows = m_rows->childItems();
+    if (std::is_sorted(rows.cbegin(), rows.cend(), isAbove)) {
+        return;
+    }
+    std::stable_sort(rows.begin(), rows.end(), isAbove);
+    for (qsizetype place = 1; place < rows.size(); ++place) {
+        rows[place]->stackAfter(rows[place - 1]);
+    }
+}
+
+} // namespace perchly

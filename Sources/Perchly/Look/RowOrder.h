@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QAccessible>
+#include <QPointer>
+#include <QQuickItem>
+#include <QTimer>
+
+namespace perchly {
+
+/// Keeps a list's rows in the order in which they are seen, which is the one in which assistive
+/// programs read them; a list view keeps them as they were made. Does nothing while no such program
+/// runs. Main thread only.
+class RowOrder : public QObject, public QAccessible::ActivationObserver {
+    Q_OBJECT
+    QML_ELEMENT
+    /// The item that the rows lie in.
+    Q_PROPERTY(QQuickItem *rows READ rows WRITE setRows NOTIFY rowsChanged FINAL)
+public:
+    explicit RowOrder(QObject *parent = nullptr);
+    ~RowOrder() override;
+
+    [[nodiscard]] QQuickItem *rows() const { return m_rows; }
+    void setRows(QQuickItem *rows);
+
+    void accessibilityActiveChanged(bool active) override;
+
+Q_SIGNALS:
+    void rowsChanged();
+
+private:
+    void watch();
+    void sort();
+
+    QPointer<QQuickItem> m_rows;
+    QTimer m_soon;
+};
+
+} // namespace perchly
