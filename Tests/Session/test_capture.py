@@ -53,6 +53,10 @@ class CaptureTest(SessionCase):
         wait_until(lambda: self.screen.focus() == preview.id, "the preview's keyboard")
         self.screen.key("space")
         wait_until(lambda: not self.preview(name), "the preview closed")
+        wait_until(lambda: self.screen.focus() == workspace.id, "the workspace's keyboard")
+        self.screen.key("Left")  # to the row itself
+        self.screen.key("space")
+        wait_until(lambda: self.preview(name), "the preview of the row")
 
     def preview(self, name):
         found = subprocess.run(

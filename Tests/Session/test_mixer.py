@@ -78,9 +78,10 @@ class MixerTest(SessionCase):
         self.open_mixer()
         self.sound.play()
         self.enable()
+        self.go_to("Toggle mute")
         self.sound.choose_output("second")
         self.tree.find(OUTPUT_CHANGED)
-        self.tree.find("Enable", "push button")
+        wait_until(lambda: self.tree.focused().name == "Enable", "the keyboard in the same row")
         self.sound.expect_level(1, "the tone from the other output", "second")
 
     def test_without_a_sound_system_the_window_says_what_is_missing(self):

@@ -104,6 +104,9 @@ class WorkspaceTest(WorkspaceCase):
         self.assertEqual(marker.read_text(), "x\n")
         self.press("Run", "Endless")
         self.tree.find("Endless · Running")
+        self.screen.key("Return")  # pressed twice, it runs once and is not stopped
+        time.sleep(0.5)
+        self.tree.find("Endless · Running")
         self.press("Stop", "Endless")
         self.tree.find("Stopped: Endless")
         self.screen.key("Escape")

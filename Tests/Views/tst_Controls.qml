@@ -310,6 +310,11 @@ TestCase {
         go([Qt.Key_Tab], "before");
         go([Qt.Key_Tab], "after");
         verify(root.fixture.accessibleWithin(scope).includes("StaticText: Nothing yet."));
+        scope.rows.visible = Qt.binding(() => scope.rows.count > 0);
+        scope.rows.model = 1;
+        go([Qt.Key_Backtab], "b0");
+        scope.rows.model = 0; // while a row has the keyboard
+        tryCompare(scope, "at", "after");
     }
 
     function test_rowsThatComeAndGoLeaveTheKeyboardWhereItIs() {

@@ -188,7 +188,9 @@ Item {
     }
 
     function leave(step) {
-        const next = step > 0 ? after.nextItemInFocusChain(true) : before.nextItemInFocusChain(false);
+        // From within what is hidden, the toolkit does not find the way out.
+        const edge = !root.visible ? root : step > 0 ? after : before;
+        const next = edge.nextItemInFocusChain(step > 0);
         next.forceActiveFocus(step > 0 ? Qt.TabFocusReason : Qt.BacktabFocusReason);
     }
 

@@ -41,4 +41,8 @@ Item {
         anchors.fill: parent
         anchors.margins: root.padding
     }
+    FocusRing {
+        radius: 10
+        shown: root.activeFocus
+    }
 }

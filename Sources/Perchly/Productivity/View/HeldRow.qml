@@ -118,9 +118,4 @@ DragPlate {
             }
         }
     }
-
-    FocusRing {
-        radius: 10
-        shown: root.activeFocus
-    }
 }
