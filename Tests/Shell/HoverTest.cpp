@@ -58,17 +58,18 @@ private Q_SLOTS:
 
     void seesThePointerJumpAway() {
         ShellFixture shell;
-        const auto jump = [&shell](ScreenPoint to, QEvent::Type crossing) {
+        const auto jump = [&shell](ScreenPoint to, QEvent &crossing) {
             shell.fake.pointer.at = to; // without a movement
-            QEvent event(crossing);
-            QCoreApplication::sendEvent(shell.fake.panel.panel, &event);
+            QCoreApplication::sendEvent(shell.fake.panel.panel, &crossing);
             QCoreApplication::processEvents();
             shell.fake.clock.advance(350ms);
         };
-        jump({720, 890}, QEvent::Enter);
+        QEnterEvent enter({}, {}, {});
+        jump({720, 890}, enter);
         QVERIFY2(!shell.expanded(), "the pill opens when it comes to lie under a pointer at rest");
         shell.pointerOntoPill();
-        jump({100, 100}, QEvent::Leave);
+        QEvent leave(QEvent::Leave);
+        jump({100, 100}, leave);
         QVERIFY(!shell.expanded());
     }
 

@@ -9,7 +9,8 @@ namespace perchly {
 
 /// The document with a few parts of it overwritten, removed, repeated or filled up.
 inline QByteArray damaged(QByteArray document, QRandomGenerator &random) {
-    static const QByteArray alphabet("[]{}\",:\\0123456789eE.-+tfn\0\xff\xc3 \n", 34);
+    static const QByteArray alphabet =
+        QByteArrayLiteral("[]{}\",:\\0123456789eE.-+tfn\0\xff\xc3 \n");
     const auto below = [&random](qsizetype bound) { return qsizetype(random.bounded(int(bound))); };
     for (qsizetype edits = 1 + below(4); edits > 0 && !document.isEmpty(); --edits) {
         const qsizetype at = below(document.size());

@@ -16,8 +16,12 @@ QString textIn(const QJsonObject &line, const char *name) {
     return value.isString() ? value.toString() : QString();
 }
 
+/// The nearest moment of which the distance to now can be counted: an event may last for longer.
 Clock::TimePoint timeIn(const QJsonObject &line, const char *name) {
-    return Clock::TimePoint(std::chrono::seconds(line.value(QLatin1StringView(name)).toInteger()));
+    using std::chrono::seconds;
+    constexpr auto furthest = std::chrono::floor<seconds>(Clock::TimePoint::duration::max() / 2);
+    const seconds said(line.value(QLatin1StringView(name)).toInteger());
+    return Clock::TimePoint(std::clamp(said, -furthest, furthest));
 }
 
 CalendarEvent eventIn(const QJsonObject &line) {

@@ -114,13 +114,17 @@ void sendBack(Return &self) {
     self.loop = pw_main_loop_new(nullptr);
     pw_context *context = pw_context_new(pw_main_loop_get_loop(self.loop), nullptr, 0);
     self.core = context != nullptr ? pw_context_connect(context, nullptr, 0) : nullptr;
-    if (self.core == nullptr) {
-        return; // the server has gone, and what was moved with it
+    // Without it the server has gone, and what was moved with it.
+    if (self.core != nullptr) {
+        pw_core_add_listener(self.core, &self.coreListener, &coreEvents, &self);
+        self.registry = pw_core_get_registry(self.core, PW_VERSION_REGISTRY, 0);
+        pw_registry_add_listener(self.registry, &self.registryListener, &registryEvents, &self);
+        pw_main_loop_run(self.loop);
     }
-    pw_core_add_listener(self.core, &self.coreListener, &coreEvents, &self);
-    self.registry = pw_core_get_registry(self.core, PW_VERSION_REGISTRY, 0);
-    pw_registry_add_listener(self.registry, &self.registryListener, &registryEvents, &self);
-    pw_main_loop_run(self.loop);
+    if (context != nullptr) {
+        pw_context_destroy(context);
+    }
+    pw_main_loop_destroy(self.loop);
 }
 
 } // namespace
