@@ -25,5 +25,6 @@ XDG_RUNTIME_DIR=$(mktemp -d)
 export XDG_RUNTIME_DIR
 trap 'rm -rf "$XDG_RUNTIME_DIR"' EXIT
 export TSAN_OPTIONS="suppressions=$PWD/scripts/tsan.supp ${TSAN_OPTIONS:-}"
+export LSAN_OPTIONS="suppressions=$PWD/scripts/lsan.supp print_suppressions=0 ${LSAN_OPTIONS:-}"
 # Real servers and window managers on a busy machine: what fails is tried once more before it counts.
 ctest --test-dir "build/$preset" --output-on-failure --repeat until-pass:2 -j "$(nproc)" "$@" </dev/null

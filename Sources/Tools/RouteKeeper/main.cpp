@@ -120,6 +120,10 @@ void sendBack(Return &self) {
         self.registry = pw_core_get_registry(self.core, PW_VERSION_REGISTRY, 0);
         pw_registry_add_listener(self.registry, &self.registryListener, &registryEvents, &self);
         pw_main_loop_run(self.loop);
+        if (self.metadata != nullptr) {
+            pw_proxy_destroy(reinterpret_cast<pw_proxy *>(self.metadata));
+        }
+        pw_proxy_destroy(reinterpret_cast<pw_proxy *>(self.registry));
     }
     if (context != nullptr) {
         pw_context_destroy(context);
