@@ -2,7 +2,8 @@
 """Measures one program's sound on its way through Perchly, beside pw-loopback, on a sound system of its own.
 
 Compare figures of one run only. Usage: audio.py FOLDER [--seconds N] [--underruns N] with the folder of
-RouteBenchmark and RouteProbe; --underruns is the length of the last part in seconds, 600 by default.
+RouteBenchmark and RouteProbe; --underruns is how long each way is listened to in the last part, in
+seconds, 600 by default; --only names the parts that are run.
 """
 
 import argparse
@@ -11,16 +12,20 @@ import os
 import subprocess
 import sys
 import time
+from contextlib import ExitStack, contextmanager
 from pathlib import Path
 
 from processes import cpu_seconds, proportional_megabytes
 
 WRAPPER = Path(__file__).resolve().parent.parent / "Tests" / "Linux" / "with-pipewire.sh"
+STALLS = Path(__file__).resolve().parent / "stalls.py"
 LOOPBACK = [
     "pw-loopback",
     "--capture-props=media.class=Audio/Sink node.name=loop",
     "--playback-props=node.passive=true",
 ]
+# It never outlives a run that was cut off.
+BUSY_LOOP = "import os\nparent = os.getppid()\nwhile os.getppid() == parent: pass"
 
 
 class Partner:
@@ -44,10 +49,10 @@ class Partner:
             self.process.wait()
 
     def ask(self):
-        """Delay, breaks and frames since the last time."""
+        """The numbers of its answer; of a probe: delay, breaks and frames since the last time."""
         self.process.stdin.write("\n")
         self.process.stdin.flush()
-        return [int(number) for number in self.process.stdout.readline().split()]
+        return [float(number) for number in self.process.stdout.readline().split()]
 
 
 def measured(probe, seconds):
@@ -72,7 +77,7 @@ def latency(probe_program, route_program):
             direct = measured(probe, 2)[0]
             with Partner([route_program, "route", str(probe.pid)], ready=True):
                 routed = measured(probe, 2)[0]
-        print(f"quantum {quantum}: {routed - direct} frames added ({direct} direct, {routed} routed)")
+        print(f"quantum {quantum}: {routed - direct:.0f} frames added ({direct:.0f} direct, {routed:.0f} routed)")
 
 
 def send_probe(sink):
@@ -97,12 +102,12 @@ def handovers(probe_program, route_program, rounds=30):
             time.sleep(1)
             send_probe(None)
             time.sleep(1)
-        print(f"{rounds} times sent to pw-loopback and back: {probe.ask()[1]} breaks")
+        print(f"{rounds} times sent to pw-loopback and back: {probe.ask()[1]:.0f} breaks")
     with Partner([probe_program]) as probe:
         time.sleep(1)
         probe.ask()
         subprocess.run([route_program, "rounds", str(probe.pid), str(rounds)], check=True)
-        print(f"{rounds} times routed and let go: {probe.ask()[1]} breaks")
+        print(f"{rounds} times routed and let go: {probe.ask()[1]:.0f} breaks")
 
 
 def cost(name, pid, seconds):
@@ -141,26 +146,62 @@ def refresh(probe_program, route_program):
     time.sleep(1)
 
 
+@contextmanager
+def directly(_probe, _route_program):
+    yield
+
+
+@contextmanager
+def through_loopback(_probe, _route_program):
+    with Partner(LOOPBACK):
+        time.sleep(1)
+        send_probe("loop")
+        yield
+        send_probe(None)
+        time.sleep(0.5)
+
+
+@contextmanager
+def through_route(probe, route_program):
+    with Partner([route_program, "route", str(probe.pid)], ready=True):
+        yield
+
+
 def underruns(probe_program, route_program, seconds):
-    set_quantum(256)
-    busy = subprocess.Popen(["sh", "-c", "while :; do :; done"])
-    try:
-        with Partner([probe_program]) as probe:
-            time.sleep(1)
-            _, breaks, frames = measured(probe, seconds / 10)
-            print(f"direct, one core busy: {breaks} breaks in {frames / 48000:.0f} s")
-            with Partner([route_program, "route", str(probe.pid)], ready=True):
-                _, breaks, frames = measured(probe, seconds)
-                print(f"routed, one core busy: {breaks} breaks in {frames / 48000:.0f} s")
-    finally:
-        busy.kill()
-        busy.wait()
+    """Breaks beside a busy loop, and how many came in a second in which no thread at all ran in time."""
+    quantum = 256
+    set_quantum(quantum)
+    busy = subprocess.Popen([sys.executable, "-c", BUSY_LOOP])
+    with ExitStack() as stack:
+        stack.callback(lambda: (busy.kill(), busy.wait()))
+        watches = [
+            stack.enter_context(Partner([sys.executable, str(STALLS), str(processor)]))
+            for processor in os.sched_getaffinity(0)
+        ]
+        for name, way in (("direct", directly), ("pw-loopback", through_loopback), ("routed", through_route)):
+            breaks = []
+            with Partner([probe_program]) as probe, way(probe, route_program):
+                time.sleep(1.5)
+                for partner in (probe, *watches):
+                    partner.ask()
+                for _ in range(round(seconds)):
+                    time.sleep(1)
+                    count = probe.ask()[1]
+                    stall = max(watch.ask()[0] for watch in watches)
+                    breaks += [stall] * int(count)
+            late = sum(stall > 500 * quantum / 48000 for stall in breaks)
+            print(
+                f"{name}, one core busy: {len(breaks)} breaks in {seconds:.0f} s, "
+                f"{late} of them while the machine stood still for half a cycle or more",
+                flush=True,
+            )
 
 
 def main():
     arguments = argparse.ArgumentParser(description=__doc__)
     arguments.add_argument("folder")
     arguments.add_argument("--seconds", type=float, default=30)
+    arguments.add_argument("--only", nargs="*", metavar="PART")
     arguments.add_argument("--underruns", type=float, default=600)
     options = arguments.parse_args()
     if "PERCHLY_TEST_SOUND" not in os.environ:
@@ -168,11 +209,15 @@ def main():
     os.environ["PIPEWIRE_CONFIG_NAME"] = "client-rt.conf"  # everybody's audio threads are real-time ones
     folder = Path(options.folder).resolve()
     programs = (str(folder / "RouteProbe"), str(folder / "RouteBenchmark"))
-    latency(*programs)
-    handovers(*programs)
-    costs(*programs, options.seconds)
-    refresh(*programs)
-    underruns(*programs, options.underruns)
+    parts = {
+        "latency": lambda: latency(*programs),
+        "handovers": lambda: handovers(*programs),
+        "costs": lambda: costs(*programs, options.seconds),
+        "refresh": lambda: refresh(*programs),
+        "underruns": lambda: underruns(*programs, options.underruns),
+    }
+    for name in options.only or parts:
+        parts[name]()
 
 
 if __name__ == "__main__":
