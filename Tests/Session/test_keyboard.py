@@ -82,6 +82,12 @@ class KeyboardTest(SessionCase):
         self.start_beside_another_window(window_manager=None)
         self.screen.key(*TOGGLE)
         self.expect_open_with_keyboard()
+        self.screen.move_to(250, 660)
+        for wheel_button in (4, 5):
+            self.screen.press(wheel_button)
+            self.screen.release(wheel_button)
+        time.sleep(0.4)
+        self.assertEqual(self.screen.focus(), self.program.panel().id, "scrolling took the keyboard")
         self.screen.key("Escape")
         self.expect_closed_and_keyboard_back()
 

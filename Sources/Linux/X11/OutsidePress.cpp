@@ -4,6 +4,14 @@
 
 namespace perchly {
 
+namespace {
+
+// The four directions of scrolling are buttons to the server.
+constexpr quint32 firstWheelButton = 4;
+constexpr quint32 lastWheelButton = 7;
+
+} // namespace
+
 OutsidePress::OutsidePress(XcbConnection &connection, QObject *parent)
     : QObject(parent)
     , m_connection(connection) {
@@ -47,9 +55,13 @@ void OutsidePress::select(quint32 events) {
 
 void OutsidePress::handleEvent(const xcb_generic_event_t *event) {
     const auto *generic = reinterpret_cast<const xcb_ge_generic_event_t *>(event);
-    if ((event->response_type & 0x7f) == XCB_GE_GENERIC && generic->extension == m_inputOpcode &&
-        generic->event_type == XCB_INPUT_RAW_BUTTON_PRESS && m_window != XCB_WINDOW_NONE &&
-        !isPointerInside()) {
+    if ((event->response_type & 0x7f) != XCB_GE_GENERIC || generic->extension != m_inputOpcode ||
+        generic->event_type != XCB_INPUT_RAW_BUTTON_PRESS || m_window == XCB_WINDOW_NONE) {
+        return;
+    }
+    const auto *press = reinterpret_cast<const xcb_input_raw_button_press_event_t *>(event);
+    const bool scrolls = press->detail >= firstWheelButton && press->detail <= lastWheelButton;
+    if (!scrolls && !isPointerInside()) {
         Q_EMIT pressed();
     }
 }

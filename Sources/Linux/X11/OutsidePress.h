@@ -6,8 +6,8 @@
 
 namespace perchly {
 
-/// Sees pointer buttons going down anywhere outside one window, whoever receives them. Costs
-/// nothing while it does not watch. Main thread only.
+/// Sees pointer buttons going down anywhere outside one window, whoever receives them; scrolling is
+/// none. Costs nothing while it does not watch. Main thread only.
 class OutsidePress : public QObject {
     Q_OBJECT
 public:
