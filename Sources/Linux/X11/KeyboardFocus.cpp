@@ -140,8 +140,10 @@ bool KeyboardFocus::isViewable(xcb_window_t window) {
 // is ignored.
 bool KeyboardFocus::setFocus(xcb_window_t window) {
     return m_connection.isAlive() &&
-           m_connection.succeeded({xcb_set_input_focus_checked(
-               m_connection.get(), XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME)});
+           m_connection
+               .succeeded({xcb_set_input_focus_checked(m_connection.get(), XCB_INPUT_FOCUS_PARENT,
+                                                       window, XCB_CURRENT_TIME)})
+               .value_or(false);
 }
 
 // Sent on the toolkit's connection, so that it arrives after the window was shown there.

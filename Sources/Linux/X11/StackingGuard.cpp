@@ -96,11 +96,14 @@ void StackingGuard::select() {
         return;
     }
     const quint32 mask = XCB_EVENT_MASK_VISIBILITY_CHANGE;
-    m_isSelected = m_connection.succeeded({xcb_change_window_attributes_checked(
-        m_connection.get(), m_window, XCB_CW_EVENT_MASK, &mask)});
+    m_isSelected = m_connection
+                       .succeeded({xcb_change_window_attributes_checked(
+                           m_connection.get(), m_window, XCB_CW_EVENT_MASK, &mask)})
+                       .value_or(false);
 }
 
 void StackingGuard::check() {
+    m_check.setInterval(settleTime);
     select();
     if (!isCovered()) {
         return;
@@ -114,7 +117,6 @@ void StackingGuard::check() {
         return;
     }
     ++m_raises;
-    m_check.setInterval(settleTime);
     Q_EMIT raiseWanted();
 }
 

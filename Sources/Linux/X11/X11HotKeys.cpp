@@ -7,6 +7,9 @@ namespace {
 // A change of the layout arrives as a burst.
 constexpr std::chrono::milliseconds settleTime{50};
 
+// Between two questions to a busy server.
+constexpr std::chrono::milliseconds busyTime{1000};
+
 constexpr quint16 chordModifiers = XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1 |
                                    XCB_MOD_MASK_2 | XCB_MOD_MASK_3 | XCB_MOD_MASK_4 |
                                    XCB_MOD_MASK_5;
@@ -18,6 +21,9 @@ X11HotKeys::X11HotKeys(QObject *parent)
     m_keyboardChange.setSingleShot(true);
     m_keyboardChange.setInterval(settleTime);
     connect(&m_keyboardChange, &QTimer::timeout, this, &X11HotKeys::followKeyboardChange);
+    m_again.setSingleShot(true);
+    m_again.setInterval(busyTime);
+    connect(&m_again, &QTimer::timeout, this, &X11HotKeys::grabAnew);
     connect(&m_connection, &XcbConnection::eventArrived, this, &X11HotKeys::handleEvent);
     connect(&m_connection, &XcbConnection::restored, this, &X11HotKeys::grabAnew);
     m_keyboard = readKeyboard().value_or(KeyboardMap());
@@ -29,11 +35,11 @@ bool X11HotKeys::registerChord(int identifier, Chord chord) {
         m_registrations.erase(old);
     }
     Registration registration{.chord = chord};
-    if (!grab(registration)) {
-        return false;
+    const bool isRefused = grab(registration) == false;
+    if (!isRefused) {
+        m_registrations.insert(identifier, registration);
     }
-    m_registrations.insert(identifier, registration);
-    return true;
+    return !isRefused;
 }
 
 void X11HotKeys::handleEvent(const xcb_generic_event_t *event) {
@@ -92,7 +98,7 @@ void X11HotKeys::grabAnew() {
     }
     m_keyboard = readKeyboard().value_or(m_keyboard);
     for (Registration &registration : m_registrations) {
-        if (!grab(registration)) {
+        if (grab(registration) == false) {
             qWarning("A hot key was lost with a change of the keyboard.");
         }
     }
@@ -123,9 +129,16 @@ std::optional<KeyboardMap> X11HotKeys::readKeyboard() {
                              keycodes + xcb_get_modifier_mapping_keycodes_length(modifiers.get())}};
 }
 
-bool X11HotKeys::grab(Registration &registration) {
+std::optional<bool> X11HotKeys::grab(Registration &registration) {
+    if (!m_connection.isAlive()) {
+        return std::nullopt;
+    }
+    if (m_keyboard.keysyms.isEmpty()) {
+        m_again.start();
+        return std::nullopt;
+    }
     const auto keycode = m_keyboard.keycodeFor(registration.chord.key);
-    if (!keycode || !m_connection.isAlive()) {
+    if (!keycode) {
         return false;
     }
     registration.keycode = *keycode;
@@ -137,11 +150,14 @@ bool X11HotKeys::grab(Registration &registration) {
                                             registration.keycode, XCB_GRAB_MODE_ASYNC,
                                             XCB_GRAB_MODE_ASYNC));
     }
-    registration.isHeld = m_connection.succeeded(cookies);
-    if (!registration.isHeld) {
+    const std::optional<bool> granted = m_connection.succeeded(cookies);
+    registration.isHeld = granted.value_or(true); // it is granted when the server comes to it
+    if (!granted) {
+        m_again.start();
+    } else if (!*granted) {
         release(registration);
     }
-    return registration.isHeld;
+    return granted;
 }
 
 void X11HotKeys::release(Registration &registration) {

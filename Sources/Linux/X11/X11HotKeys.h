@@ -18,7 +18,8 @@ class X11HotKeys : public HotKeys {
 public:
     explicit X11HotKeys(QObject *parent = nullptr);
 
-    /// Registering an identifier again replaces its chord.
+    /// Registering an identifier again replaces its chord. While the server is busy or out of reach
+    /// the chord counts as free; it is grabbed when the server answers again.
     [[nodiscard]] bool registerChord(int identifier, Chord chord) override;
 
 private:
@@ -36,7 +37,8 @@ private:
     void followKeyboardChange();
     void grabAnew();
     [[nodiscard]] std::optional<KeyboardMap> readKeyboard();
-    bool grab(Registration &registration);
+    /// Nothing while it is not known.
+    std::optional<bool> grab(Registration &registration);
     void release(Registration &registration);
     [[nodiscard]] QList<quint16> lockVariants() const;
 
@@ -44,6 +46,7 @@ private:
     KeyboardMap m_keyboard;
     QMap<int, Registration> m_registrations;
     QTimer m_keyboardChange;
+    QTimer m_again;
 };
 
 } // namespace perchly

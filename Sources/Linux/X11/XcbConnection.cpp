@@ -30,6 +30,7 @@ XcbConnection::XcbConnection(const QByteArray &displayName, QObject *parent)
     connect(&m_retry, &QTimer::timeout, this, &XcbConnection::openAgain);
     if (!open(connectPatience)) {
         qWarning("The X server cannot be reached, or does not answer.");
+        m_retry.start(firstRetry);
     }
 }
 
@@ -86,16 +87,16 @@ bool XcbConnection::isAlive() const {
     return m_connection && xcb_connection_has_error(m_connection) == 0;
 }
 
-bool XcbConnection::succeeded(const QList<xcb_void_cookie_t> &cookies) {
+std::optional<bool> XcbConnection::succeeded(const QList<xcb_void_cookie_t> &cookies) {
     if (!isAlive()) {
-        return false;
+        return std::nullopt;
     }
     // Once a later request is answered, checking the earlier ones does not wait.
     if (!reply<xcb_get_input_focus_reply_t>(xcb_get_input_focus(m_connection))) {
         for (const xcb_void_cookie_t cookie : cookies) {
             xcb_discard_reply(m_connection, cookie.sequence);
         }
-        return false;
+        return std::nullopt;
     }
     bool result = true;
     for (const xcb_void_cookie_t cookie : cookies) {

@@ -12,6 +12,7 @@
 #include <chrono>
 #include <deque>
 #include <memory>
+#include <optional>
 
 class QSocketNotifier;
 
@@ -20,7 +21,7 @@ namespace perchly {
 /// A host's own line to the X server, beside the toolkit's: events that the toolkit hides, and
 /// questions whose wait has an end. Nothing here waits longer than a quarter of a second; a server
 /// that does not answer, or is gone, gives empty answers. A connection that is lost while the
-/// server goes on is made anew. Main thread only.
+/// server goes on, or is not there at first, is made anew. Main thread only.
 class XcbConnection : public QObject {
     Q_OBJECT
 public:
@@ -42,8 +43,9 @@ public:
         return XcbPointer<Reply>(static_cast<Reply *>(waitForReply(cookie.sequence)));
     }
 
-    /// Whether requests sent by their _checked variants all succeeded.
-    [[nodiscard]] bool succeeded(const QList<xcb_void_cookie_t> &cookies);
+    /// Whether requests sent by their _checked variants all succeeded; nothing if the server does
+    /// not say so in time.
+    [[nodiscard]] std::optional<bool> succeeded(const QList<xcb_void_cookie_t> &cookies);
 
     /// The atom of that name, made if needed; XCB_ATOM_NONE if the server does not answer.
     [[nodiscard]] xcb_atom_t atom(const QByteArray &name);
@@ -70,7 +72,7 @@ Q_SIGNALS:
     /// All events that were there have been told.
     void drained();
 
-    /// The connection was lost and is there again. The server has forgotten everything that was
+    /// The connection was lost, or could not be made at first, and is there again. The server has forgotten everything that was
     /// selected or grabbed on the old one.
     void restored();
 
