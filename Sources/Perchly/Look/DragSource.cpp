@@ -96,7 +96,9 @@ void DragSource::mouseMoveEvent(QMouseEvent *event) {
 }
 
 void DragSource::mouseReleaseEvent(QMouseEvent *event) {
-    if (!m_dragging && contains(event->position())) {
+    if (m_dragging) {
+        setDragging(false); // let go before the drag began, which would have no end then
+    } else if (contains(event->position())) {
         Q_EMIT clicked();
     }
 }
@@ -106,6 +108,9 @@ void DragSource::mouseUngrabEvent() {
 }
 
 void DragSource::drag() {
+    if (!m_dragging) {
+        return;
+    }
     const QPointer<DragSource> self(this);
     // Not this item's: the row may go while it is dragged.
     auto *drag = new QDrag(QCoreApplication::instance());

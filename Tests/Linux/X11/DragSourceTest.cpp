@@ -103,6 +103,18 @@ private Q_SLOTS:
         QVERIFY(m_target.readLine().contains("https://example.org/gone"));
     }
 
+    void aDragThatIsOverBeforeItBeganIsNone() {
+        source()->setUrls({QUrl(QStringLiteral("https://example.org/slip"))});
+        const QSignalSpy dragged(source(), &DragSource::draggingChanged);
+        const QPoint start = m_window->position() + QPoint(100, 60);
+        const XClient person; // quicker than this program looks
+        person.movePointer(start);
+        person.pressButton();
+        person.movePointer(start + QPoint(0, 40));
+        person.releaseButton();
+        QTRY_COMPARE(dragged.count(), 2); // a drag without a pressed button would not end
+    }
+
 private:
     void dragOntoTarget() {
         const QPoint start = m_window->position() + QPoint(100, 60);
