@@ -130,9 +130,11 @@ private Q_SLOTS:
         const ScreenRect dragged = shell.fake.panel.frame;
         shell.delegate->resize();
         shell.delegate->setExpanded(true);
+        shell.delegate->toggleKeyboardOpen();
         shell.pointerOntoPill();
         shell.fake.clock.advance(5s);
         QVERIFY(!shell.expanded());
+        QVERIFY(!shell.delegate->keyboardOpen() && !shell.fake.panel.keyboard);
         QCOMPARE(shell.fake.panel.frame, dragged);
     }
 

@@ -124,6 +124,9 @@ void AppDelegate::returnKeyboard() {
 }
 
 void AppDelegate::toggleKeyboardOpen() {
+    if (m_model.dragging()) {
+        return; // which ends closed
+    }
     setKeyboardOpen(!m_keyboardOpen);
 }
 
