@@ -26,23 +26,48 @@ void RouteKeeper::keep(std::uint32_t node, const std::optional<StreamTarget> &ta
     if (m_program.isEmpty()) {
         return;
     }
-    if (!m_companion) {
-        m_companion = new QProcess(this);
-        m_companion->setProcessChannelMode(QProcess::ForwardedChannels);
-        connect(m_companion, &QProcess::finished, m_companion, &QObject::deleteLater);
-        m_companion->start(m_program);
-    }
     m_rest.stop();
-    m_kept.insert(node);
+    m_kept.insert(node, target);
+    if (m_companion != nullptr) {
+        say(node);
+    } else {
+        start();
+    }
+}
+
+void RouteKeeper::start() {
+    m_companion = new QProcess(this);
+    m_companion->setProcessChannelMode(QProcess::ForwardedChannels);
+    const auto gone = [this, companion = m_companion] { drop(companion); };
+    connect(m_companion, &QProcess::finished, this, gone);
+    connect(m_companion, &QProcess::errorOccurred, this, [gone](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart) {
+            gone();
+        }
+    });
+    m_companion->start(m_program);
+    for (auto kept = m_kept.cbegin(); kept != m_kept.cend() && m_companion != nullptr; ++kept) {
+        say(kept.key());
+    }
+}
+
+void RouteKeeper::drop(QProcess *companion) {
+    companion->deleteLater();
+    if (m_companion == companion) {
+        m_companion = nullptr;
+    }
+}
+
+void RouteKeeper::say(std::uint32_t node) {
     QByteArray record = '+' + QByteArray::number(node);
-    if (target) {
+    if (const std::optional<StreamTarget> &target = m_kept[node]) {
         record += '\t' + target->type + '\t' + target->value;
     }
     m_companion->write(record + '\0');
 }
 
 void RouteKeeper::forget(std::uint32_t node) {
-    if (!m_kept.remove(node) || !m_companion) {
+    if (!m_kept.remove(node) || m_companion == nullptr) {
         return;
     }
     m_companion->write('-' + QByteArray::number(node) + '\0');
@@ -52,7 +77,7 @@ void RouteKeeper::forget(std::uint32_t node) {
 }
 
 void RouteKeeper::dismiss() {
-    if (m_companion) {
+    if (m_companion != nullptr) {
         m_companion->closeWriteChannel();
         m_companion = nullptr; // it goes when it has ended
     }

@@ -3,16 +3,16 @@
 #include "SessionMetadata.h"
 
 #include <QObject>
-#include <QPointer>
+#include <QHash>
 #include <QProcess>
-#include <QSet>
 #include <QTimer>
 
 namespace perchly {
 
 /// Tells a companion where the streams of routed processes go when this program dies: it outlives
 /// even a kill, and the session manager would send them to the default output. It runs while there
-/// is a stream to be kept and a while longer, as the next route is often near. Main thread only.
+/// is a stream to be kept and a while longer, as the next route is often near. One that was killed is
+/// replaced when the next stream is to be kept. Main thread only.
 class RouteKeeper : public QObject {
     Q_OBJECT
 public:
@@ -25,11 +25,14 @@ public:
     void forget(std::uint32_t node);
 
 private:
+    void start();
+    void drop(QProcess *companion);
+    void say(std::uint32_t node);
     void dismiss();
 
     QString m_program;
-    QSet<std::uint32_t> m_kept;
-    QPointer<QProcess> m_companion;
+    QHash<std::uint32_t, std::optional<StreamTarget>> m_kept;
+    QProcess *m_companion = nullptr; ///< the one that is told what is kept
     QTimer m_rest;
 };
 
