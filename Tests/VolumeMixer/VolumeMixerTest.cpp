@@ -162,6 +162,14 @@ void VolumeMixerTest::sortsByCodePointsOfTheNormalisedNames() {
     };
     QCOMPARE(process(1), QStringLiteral("process 3"));
     QCOMPARE(process(3), QString());
+    m_audio->applications.insert(1, {QStringLiteral("alpha"), {}}); // the third of a shared name
+    QSignalSpy changes(m_mixer->appList(), &QAbstractItemModel::dataChanged);
+    m_mixer->refresh();
+    QVERIFY(std::ranges::any_of(changes, [](const QList<QVariant> &change) {
+        return change.at(2).value<QList<int>>().contains(AudioAppList::ProcessRole);
+    }));
+    m_audio->applications.insert(1, {QStringLiteral("beta"), {}});
+    m_mixer->refresh();
     m_audio->list->removeLast();
     m_mixer->refresh();
     QCOMPARE(process(1), QString());

@@ -42,7 +42,7 @@ void AudioAppList::place(const AudioApp &app, int row) {
     }
     if (m_apps[row] != app) {
         m_apps[row] = app;
-        Q_EMIT dataChanged(index(row), index(row), {NameRole, PathRole});
+        Q_EMIT dataChanged(index(row), index(row), {NameRole, PathRole, ProcessRole});
     }
 }
 
