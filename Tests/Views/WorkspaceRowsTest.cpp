@@ -117,6 +117,7 @@ private Q_SLOTS:
         row("white space", " \t\n", "Blank text, 3 characters");
         row("marks of direction", "\u202e\u200b", "Blank text, 2 characters");
         row("what comes after empty lines", "\n \n\n  a\n\nb", "  a\n\nb");
+        row("one of it", " ", "Blank text, 1 character");
         row("a line", " a", " a");
     }
 

@@ -247,7 +247,7 @@ ViewTestCase {
         root.push("Pin");
         root.push("Keep pinned snippets after quitting");
         compare(root.fixture.stored("persistSnippets"), true);
-        root.expectInOrder(["ListItem:  ", "Button: Copy", "Button: Remove"]);
+        root.expectInOrder(["ListItem: Blank text, 1 character", "Button: Copy", "Button: Remove"]);
         root.push("Copy");
         compare(root.fixture.copied(), " ");
         root.push("Remove");

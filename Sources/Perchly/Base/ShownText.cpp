@@ -43,6 +43,23 @@ QString visibleName(const QString &name) {
     return showsNothing(visible) ? QString() : visible;
 }
 
+QString rowText(const QString &text) {
+    if (showsNothing(text)) {
+        return QStringLiteral("Blank text, %L1 %2")
+            .arg(text.size())
+            .arg(text.size() == 1 ? QStringLiteral("character") : QStringLiteral("characters"));
+    }
+    const auto isLineOfNothing = [&text](qsizetype start, qsizetype end) {
+        return showsNothing(text.mid(start, end - start));
+    };
+    qsizetype start = 0;
+    for (qsizetype end = text.indexOf(u'\n'); end >= 0 && isLineOfNothing(start, end);
+         end = text.indexOf(u'\n', start)) {
+        start = end + 1;
+    }
+    return shownPart(text.mid(start));
+}
+
 QString shownPart(const QString &text) {
     if (text.size() <= mostShownCharacters) {
         return text;

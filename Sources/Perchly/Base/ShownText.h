@@ -16,6 +16,10 @@ namespace perchly {
 /// nothing is to be seen.
 [[nodiscard]] QString visibleName(const QString &name);
 
+/// What a row shows of a text: from its first line on that can be seen, as far as a row has room.
+/// Says so when there is nothing to see in it.
+[[nodiscard]] QString rowText(const QString &text);
+
 /// As much of the start as the few lines of a row can show in the widest window.
 [[nodiscard]] QString shownPart(const QString &text);
 

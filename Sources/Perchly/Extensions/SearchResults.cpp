@@ -158,7 +158,7 @@ void SearchResults::readClips() {
     for (const Clip &clip : clips) {
         const QString label = clip.label();
         entries.append({.key = clip.id.toString(),
-                        .label = shownPart(label),
+                        .label = rowText(label),
                         .target = clip.id,
                         .text = label});
     }
@@ -171,7 +171,7 @@ void SearchResults::readSnippets() {
     Entries entries;
     for (const Snippet &snippet : snippets) {
         entries.append({.key = snippet.id.toString(),
-                        .label = shownPart(snippet.text),
+                        .label = rowText(snippet.text),
                         .target = snippet.text,
                         .text = snippet.text});
     }

@@ -48,7 +48,7 @@ void SnippetRows::refresh() {
     for (const Snippet &snippet : store->snippets()) {
         rows.append({snippet.id.toString(),
                      {{QStringLiteral("id"), snippet.id.toString()},
-                      {QStringLiteral("label"), shownPart(snippet.text)},
+                      {QStringLiteral("label"), rowText(snippet.text)},
                       {QStringLiteral("text"), snippet.text}}});
     }
     setRows(rows);
