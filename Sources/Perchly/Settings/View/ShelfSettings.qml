@@ -18,7 +18,10 @@ WindowBody {
     subtitle: "Choose your widgets and apps. Changes save automatically."
     title: "Make it your shelf"
 
-    onAppeared: root.library.refresh()
+    onAppeared: {
+        root.library.refresh();
+        root.preferences.refresh();
+    }
 
     SegmentedPicker {
         Layout.fillWidth: true

@@ -306,6 +306,12 @@ FocusScope {
         })
 
         Binding {
+            property: "radius"
+            target: alert.item
+            value: layout.openRadius
+            when: alert.item
+        }
+        Binding {
             property: "contentScale"
             target: alert.item
             value: layout.scale
