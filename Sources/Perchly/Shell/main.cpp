@@ -10,8 +10,13 @@
 
 #include <malloc.h>
 #include <optional>
+#include <unistd.h>
 
 using namespace perchly;
+
+namespace {
+constexpr unsigned longestFarewellSeconds = 5;
+}
 
 int main(int argc, char **argv) {
     // Copies and pictures are megabytes each: such memory goes back to the system when it is freed.
@@ -49,5 +54,9 @@ int main(int argc, char **argv) {
     const TerminationSignals signals;
     QObject::connect(&signals, &TerminationSignals::requested, &delegate, &AppDelegate::terminate);
     delegate.launch();
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    // Everything is stored when it changes. Threads that wait for a disk which does not answer must
+    // not keep the process, and with it the name that lets the next one start.
+    alarm(longestFarewellSeconds);
+    return status;
 }

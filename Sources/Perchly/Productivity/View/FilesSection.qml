@@ -53,7 +53,9 @@ ColumnLayout {
 
         // Whatever deleted a file meanwhile was another window.
         function onActiveChanged() {
-            rows.lookAgain();
+            if (root.Window.active) {
+                rows.lookAgain();
+            }
         }
     }
 

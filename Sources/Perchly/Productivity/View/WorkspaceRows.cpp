@@ -7,6 +7,8 @@
 #include <QCoreApplication>
 #include <QThreadPool>
 
+#include <utility>
+
 namespace perchly {
 
 void WorkspaceRows::setTools(Productivity *tools) {
@@ -31,21 +33,14 @@ QString shownLabel(const QUrl &url) {
     return showsNothing(label) ? url.fileName(QUrl::FullyEncoded) : label;
 }
 
-/// What a row shows of a text: from its first line on that can be seen.
-QString shownLabel(const Clip &clip) {
-    const QString label = clip.label();
-    if (showsNothing(label)) {
-        return QStringLiteral("Blank text, %L1 characters").arg(label.size());
+/// Files may lie on a disk that does not answer: what waits for one holds up nothing else.
+QThreadPool &lookingThreads() {
+    static QPointer<QThreadPool> pool;
+    if (!pool) {
+        pool = new QThreadPool(QCoreApplication::instance());
+        pool->setMaxThreadCount(2);
     }
-    const auto isLineOfNothing = [&label](qsizetype start, qsizetype end) {
-        return showsNothing(label.mid(start, end - start));
-    };
-    qsizetype start = 0;
-    for (qsizetype end = label.indexOf(u'\n'); end >= 0 && isLineOfNothing(start, end);
-         end = label.indexOf(u'\n', start)) {
-        start = end + 1;
-    }
-    return shownPart(label.mid(start));
+    return *pool;
 }
 
 } // namespace
@@ -78,16 +73,36 @@ void HeldRows::lookAgain() {
 }
 
 void HeldRows::look(const QUrl &url) {
-    QThreadPool::globalInstance()->start([url, rows = QPointer(this)] {
+    if (m_looking.contains(url)) {
+        return;
+    }
+    m_looking.insert(url);
+    lookingThreads().start([url, rows = QPointer(this)] {
         const bool isPicture = picturefile::isPicture(url.toLocalFile());
         const auto finish = [url, isPicture, rows] {
-            if (rows && rows->tools() != nullptr) {
-                rows->m_pictures.insert(url, isPicture);
-                rows->refresh();
+            if (rows) {
+                rows->m_looking.remove(url);
+                rows->finishLook(url, isPicture);
             }
         };
         QMetaObject::invokeMethod(QCoreApplication::instance(), finish, Qt::QueuedConnection);
     });
+}
+
+void HeldRows::finishLook(const QUrl &url, bool isPicture) {
+    const auto known = m_pictures.find(url);
+    if (known == m_pictures.end() || std::exchange(*known, isPicture) == isPicture ||
+        m_isRefreshDue) {
+        return;
+    }
+    m_isRefreshDue = true; // one for all answers that are there by then
+    const auto refreshNow = [this] {
+        m_isRefreshDue = false;
+        if (tools() != nullptr) {
+            refresh();
+        }
+    };
+    QMetaObject::invokeMethod(this, refreshNow, Qt::QueuedConnection);
 }
 
 void ClipRows::setSearch(const QString &search) {
@@ -107,7 +122,7 @@ void ClipRows::refresh() {
         if (matchesSearch(label, m_search)) {
             rows.append({clip.id.toString(),
                          {{QStringLiteral("id"), clip.id.toString()},
-                          {QStringLiteral("label"), shownLabel(clip)},
+                          {QStringLiteral("label"), rowText(label)},
                           {QStringLiteral("isBlank"), showsNothing(label)},
                           {QStringLiteral("isImage"), clip.isImage()},
                           {QStringLiteral("text"), clip.text.value_or(QString())}}});

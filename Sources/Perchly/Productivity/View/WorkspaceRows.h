@@ -5,6 +5,7 @@
 
 #include <QHash>
 #include <QPointer>
+#include <QSet>
 #include <QtQml/qqmlregistration.h>
 
 namespace perchly {
@@ -54,8 +55,11 @@ protected:
 
 private:
     void look(const QUrl &url);
+    void finishLook(const QUrl &url, bool isPicture);
 
     QHash<QUrl, bool> m_pictures; ///< false also for those that were not looked at yet
+    QSet<QUrl> m_looking;
+    bool m_isRefreshDue = false;
 };
 
 /// The clips that match a search: "id", "label", of which no more is given than can be shown,
