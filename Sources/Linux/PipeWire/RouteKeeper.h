@@ -2,8 +2,8 @@
 
 #include "SessionMetadata.h"
 
-#include <QObject>
 #include <QHash>
+#include <QObject>
 #include <QProcess>
 #include <QTimer>
 
@@ -11,8 +11,8 @@ namespace perchly {
 
 /// Tells a companion where the streams of routed processes go when this program dies: it outlives
 /// even a kill, and the session manager would send them to the default output. It runs while there
-/// is a stream to be kept and a while longer, as the next route is often near. One that was killed is
-/// replaced when the next stream is to be kept. Main thread only.
+/// is a stream to be kept and a while longer, as the next route is often near. One that was killed
+/// is replaced when the next stream is to be kept. Main thread only.
 class RouteKeeper : public QObject {
     Q_OBJECT
 public:

@@ -72,8 +72,8 @@ Q_SIGNALS:
     /// All events that were there have been told.
     void drained();
 
-    /// The connection was lost, or could not be made at first, and is there again. The server has forgotten everything that was
-    /// selected or grabbed on the old one.
+    /// The connection was lost, or could not be made at first, and is there again. The server has
+    /// forgotten everything that was selected or grabbed on the old one.
     void restored();
 
 private:

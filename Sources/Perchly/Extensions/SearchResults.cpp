@@ -157,10 +157,8 @@ void SearchResults::readClips() {
     Entries entries;
     for (const Clip &clip : clips) {
         const QString label = clip.label();
-        entries.append({.key = clip.id.toString(),
-                        .label = rowText(label),
-                        .target = clip.id,
-                        .text = label});
+        entries.append(
+            {.key = clip.id.toString(), .label = rowText(label), .target = clip.id, .text = label});
     }
     setEntries(Clipboard, std::move(entries));
 }
