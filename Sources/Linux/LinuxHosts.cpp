@@ -35,6 +35,7 @@
 #include "X11PointerMonitor.h"
 
 #include <QGuiApplication>
+#include <QWindow>
 
 #include <cstdio>
 
@@ -46,6 +47,7 @@ namespace {
 
 constexpr const char *busVariable = "DBUS_SESSION_BUS_ADDRESS";
 constexpr const char *drawingDelay = "QT_QPA_UPDATE_IDLE_TIME";
+constexpr const char *platformName = "QT_QPA_PLATFORM";
 
 bool wantsNullHosts() {
     return qEnvironmentVariable("PERCHLY_HOSTS") == QStringLiteral("null");
@@ -191,11 +193,23 @@ SilentBusScreen::~SilentBusScreen() {
 WindowSystemChoice::WindowSystemChoice() {
     // Otherwise five milliseconds pass after every change before it is drawn.
     if (!qEnvironmentVariableIsSet(drawingDelay)) {
-        qputenv(drawingDelay, "0");
+        m_setsDelay = qputenv(drawingDelay, "0");
     }
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+    if (!qEnvironmentVariableIsSet(platformName)) {
         m_connection = connectToXServer();
-        qputenv("QT_QPA_PLATFORM", m_connection ? "xcb" : "offscreen");
+        m_setsPlatform = qputenv(platformName, m_connection ? "xcb" : "offscreen");
+    }
+}
+
+WindowSystemChoice::~WindowSystemChoice() {
+    if (m_setsPlatform) {
+        qunsetenv(platformName);
+    }
+    if (m_setsDelay) {
+        QWindow window; // the toolkit looks at its first request for drawing, and never again
+        window.create();
+        window.requestUpdate();
+        qunsetenv(drawingDelay);
     }
 }
 

@@ -32,13 +32,19 @@ private:
 
 /// Chooses the toolkit's window system: X11, also on a Wayland desktop, or none where no X server
 /// can be reached. QT_QPA_PLATFORM overrides. Make it before the application object, and keep it
-/// until that is made: an X server that its last client leaves starts anew.
+/// until that is made: an X server that its last client leaves starts anew. It leaves nothing in
+/// the environment, in which other programs are started.
 class WindowSystemChoice {
 public:
     WindowSystemChoice();
+    ~WindowSystemChoice();
+    WindowSystemChoice(const WindowSystemChoice &) = delete;
+    WindowSystemChoice &operator=(const WindowSystemChoice &) = delete;
 
 private:
     XConnectionPointer m_connection;
+    bool m_setsPlatform = false;
+    bool m_setsDelay = false;
 };
 
 /// Needs the application object; the status item needs a QApplication. Preferences are read here.

@@ -40,7 +40,7 @@ class CardsTest(SessionCase):
             traces.append(folder / f"launched{number}")
             launcher.write_text(
                 "[Desktop Entry]\nType=Application\nName=A\n"
-                f"Exec=touch {traces[-1]}\nIcon=no-such-picture\n"
+                f'Exec=sh -c "env >{traces[-1]}"\nIcon=no-such-picture\n'
             )
             entry = {"id": str(launcher), "name": f"App {number}", "path": str(launcher)}
             entries.append(entry | {"visible": True, "favorite": False})
@@ -138,6 +138,8 @@ class CardsTest(SessionCase):
         self.open_shelf()
         self.click("App 0")
         wait_until(traces[0].exists, "the application started")
+        environment = wait_until(traces[0].read_text, "its environment")
+        self.assertNotIn("QT_QPA", environment, "the program's own choices")
         self.screen.key("Control_L", "Alt_L", "space")
         wait_until(lambda: self.screen.focus() == self.program.panel().id, "the keyboard")
         self.assertFalse(traces[1].exists())
