@@ -21,6 +21,8 @@ constexpr const char *devicePath = "/org/freedesktop/UPower/devices/DisplayDevic
 constexpr const char *deviceInterface = "org.freedesktop.UPower.Device";
 constexpr const char *properties = "org.freedesktop.DBus.Properties";
 
+constexpr auto betweenTries = 5s;
+
 constexpr std::uint32_t typeBattery = 2;
 enum State : std::uint32_t { Charging = 1, FullyCharged = 4, PendingCharge = 5 };
 
@@ -77,7 +79,7 @@ BusPowerSources::BusPowerSources(QString kernelFolder)
 BusPowerSources::~BusPowerSources() = default;
 
 void BusPowerSources::read(Completion completion) {
-    if (!m_bus) {
+    if (!m_bus && m_nextTry.hasExpired()) {
         connectToBus(); // it may be there by now
     }
     if (!m_facts.battery) {
@@ -102,6 +104,7 @@ void BusPowerSources::readKernel(Completion completion) {
 }
 
 void BusPowerSources::connectToBus() {
+    m_nextTry.setRemainingTime(betweenTries); // a bus may take a connection and drop it at once
     m_bus = std::make_unique<BusLoop>();
     if (!m_bus->open(BusLoop::Bus::System)) {
         m_bus.reset();

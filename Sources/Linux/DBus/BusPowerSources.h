@@ -3,6 +3,7 @@
 #include "BusLoop.h"
 #include "PowerSources.h"
 
+#include <QDeadlineTimer>
 #include <QString>
 #include <QThreadPool>
 #include <QTimer>
@@ -38,6 +39,7 @@ private:
 
     QString m_kernelFolder;
     std::unique_ptr<BusLoop> m_bus;
+    QDeadlineTimer m_nextTry;
     BusSlot m_owner;
     BusSlot m_deviceChanges;
     BusSlot m_daemonChanges;
