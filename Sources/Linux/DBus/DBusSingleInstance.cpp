@@ -91,6 +91,9 @@ bool DBusSingleInstance::activateOther() {
     if (!waited.hasExpired(instanceTimeout - 100)) {
         return false;
     }
+    if (requestName() == Name::Ours) {
+        return false; // it took long to end
+    }
     std::fprintf(stderr, "perchly: another instance is running, but it does not answer: %s\n",
                  qPrintable(reply.errorMessage()));
     return true;
