@@ -11,6 +11,7 @@
 #include <sys/eventfd.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 #include <vector>
 
@@ -177,6 +178,18 @@ void end(pid_t child, int descriptor, milliseconds grace) {
     }
 }
 
+/// Ends what an ended child has left of a group that it led. The group keeps its number as long as
+/// somebody is in it.
+void endGroup(pid_t leader, steady_clock::time_point patience) {
+    while (kill(-leader, 0) == 0) {
+        if (steady_clock::now() >= patience) {
+            kill(-leader, SIGKILL);
+            return;
+        }
+        std::this_thread::sleep_for(10ms);
+    }
+}
+
 } // namespace
 
 StopRequest::StopRequest()
@@ -199,6 +212,10 @@ void StopRequest::sendEnd() {
 
 ChildResult runChild(const QString &program, const QStringList &arguments,
                      const ChildLimits &limits, const StopRequest &stop, OnStop onStop) {
+    pollfd asked{stop.descriptor(), POLLIN, 0};
+    if (poll(&asked, 1, 0) > 0) {
+        return {}; // while it waited for a thread
+    }
     std::array<int, 2> ends{-1, -1};
     if (pipe2(ends.data(), O_CLOEXEC) != 0) {
         return {};
@@ -221,11 +238,15 @@ ChildResult runChild(const QString &program, const QStringList &arguments,
     if (ending == Ending::Stopped && onStop == OnStop::LeaveChild && !stop.endsChild()) {
         return {};
     }
+    const auto patience = steady_clock::now() + limits.grace;
     if (ending != Ending::Exited) {
         end(child, process.number(), limits.grace);
     }
     int status = 0;
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    }
+    if (ending != Ending::Exited) {
+        endGroup(child, patience);
     }
     if (ending != Ending::Exited || !WIFEXITED(status)) {
         return {};

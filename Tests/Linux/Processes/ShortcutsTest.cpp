@@ -173,6 +173,10 @@ private Q_SLOTS:
         QTest::newRow("when they will not")
             << QByteArray("trap '' TERM; sh -c 'echo $$ > $MARKER; while :; do sleep 1; done'")
             << 2000;
+        QTest::newRow("when what they started will not")
+            << QByteArray("(trap '' TERM; sh -c 'echo $$ > $MARKER; while :; do sleep 1; done') & "
+                          "wait")
+            << 2000;
     }
 
     void aStopEndsTheShortcutAndWhatItStarted() {
