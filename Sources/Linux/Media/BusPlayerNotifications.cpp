@@ -61,6 +61,7 @@ void BusPlayerNotifications::start() {
 }
 
 void BusPlayerNotifications::connectToBus() {
+    m_players.clear(); // what they ask for would come from the connection that was there before
     m_bus = std::make_unique<BusLoop>();
     if (!m_bus->open()) {
         onBusLost();
@@ -72,8 +73,9 @@ void BusPlayerNotifications::connectToBus() {
                             "path='/org/freedesktop/DBus',interface='org.freedesktop.DBus',"
                             "member='NameOwnerChanged',arg0namespace='org.mpris.MediaPlayer2'",
                             [this](sd_bus_message *message) { onOwnerChanged(message); });
-    // An answer that does not come leaves nothing known: then all begins anew.
-    m_retry.start(30s);
+    // An answer that does not come leaves nothing known: then all begins anew. At a busy login it
+    // may just have come too late.
+    m_retry.start(m_unanswered++ < 3 ? 3s : 30s);
     m_names = m_bus->call(busName, busPath, busName, "ListNames", nullptr,
                           [this](sd_bus_message *message) { onNames(message); });
 }
@@ -92,6 +94,7 @@ void BusPlayerNotifications::onNames(sd_bus_message *message) {
         return;
     }
     m_retry.stop();
+    m_unanswered = 0;
     setPresence(m_players.empty() ? PlayerPresence::None : PlayerPresence::Some);
     const char *name = nullptr;
     while (sd_bus_message_read_basic(message, SD_BUS_TYPE_STRING, &name) > 0) {

@@ -56,7 +56,8 @@ private:
     std::map<std::string, WatchedPlayer> m_players;
     PlayerPresence m_presence = PlayerPresence::Unknown;
     QTimer m_retry;
-    QThreadPool m_pool; ///< looks up the music application; destroyed first
+    int m_unanswered = 0; ///< times that the bus was asked who is there, without an answer
+    QThreadPool m_pool;   ///< looks up the music application; destroyed first
 };
 
 } // namespace perchly
