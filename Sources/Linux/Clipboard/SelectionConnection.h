@@ -31,6 +31,7 @@ struct SelectionAtoms {
     // Files and links
     xcb_atom_t uriList = XCB_ATOM_NONE;
     xcb_atom_t copiedFiles = XCB_ATOM_NONE;
+    xcb_atom_t mateCopiedFiles = XCB_ATOM_NONE; ///< the same under another name
     // Markers, and the hints by which password managers mark
     xcb_atom_t concealed = XCB_ATOM_NONE;
     xcb_atom_t transient = XCB_ATOM_NONE;

@@ -61,7 +61,7 @@ QList<xcb_atom_t> SelectionOffer::forms() const {
     if (const auto *items = std::get_if<SelectionItems>(&m_contents)) {
         forms.append(atoms.uriList);
         if (!items->copiedFiles.isEmpty()) {
-            forms.append(atoms.copiedFiles);
+            forms += {atoms.copiedFiles, atoms.mateCopiedFiles};
         }
     }
     return forms + QList<xcb_atom_t>{atoms.utf8String, atoms.utf8Text, XCB_ATOM_STRING,
@@ -112,7 +112,7 @@ QByteArray SelectionOffer::bytesFor(xcb_atom_t target) {
     if (items && target == atoms.uriList) {
         return items->uriList;
     }
-    if (items && target == atoms.copiedFiles) {
+    if (items && (target == atoms.copiedFiles || target == atoms.mateCopiedFiles)) {
         return items->copiedFiles;
     }
     if (const QString *text = textOf(m_contents)) {

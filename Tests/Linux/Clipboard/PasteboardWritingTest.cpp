@@ -131,7 +131,9 @@ private Q_SLOTS:
         const QByteArray file = "file:///tmp/%C3%A4%20b.txt";
         const QByteArray link = "https://example.org/?q=1";
         QTest::newRow("text/uri-list") << file + "\r\n" << file + "\r\n" + link + "\r\n";
-        QTest::newRow("x-special/gnome-copied-files") << "copy\n" + file << QByteArray();
+        for (const char *name : {"x-special/gnome-copied-files", "x-special/mate-copied-files"}) {
+            QTest::newRow(name) << "copy\n" + file << QByteArray();
+        }
         QTest::newRow("UTF8_STRING") << QByteArray("/tmp/ä b.txt") << "/tmp/ä b.txt\n" + link;
     }
 
