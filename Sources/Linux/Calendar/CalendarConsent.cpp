@@ -8,6 +8,8 @@
 #include <QJsonObject>
 #include <QStandardPaths>
 
+#include <utility>
+
 namespace perchly {
 
 namespace {
@@ -32,6 +34,9 @@ QString CalendarConsent::remember(CalendarAccess access) {
     const QJsonObject object{{key, access == CalendarAccess::Granted}};
     QString error =
         wholefile::replace(m_path, QJsonDocument(object).toJson(), wholefile::Durability::System);
+    if (error.isEmpty()) {
+        m_stored = access;
+    }
     set(access);
     return error;
 }
@@ -52,9 +57,13 @@ void CalendarConsent::read() {
     m_watch.endRound();
     const QJsonValue answer =
         QJsonDocument::fromJson(wholefile::read(m_path).bytes).object().value(key);
-    set(!answer.isBool()  ? CalendarAccess::NotAsked
-        : answer.toBool() ? CalendarAccess::Granted
-                          : CalendarAccess::Denied);
+    const CalendarAccess stored = !answer.isBool()  ? CalendarAccess::NotAsked
+                                  : answer.toBool() ? CalendarAccess::Granted
+                                                    : CalendarAccess::Denied;
+    // An answer that could not be stored holds all the same, until the file says something new.
+    if (std::exchange(m_stored, stored) != stored) {
+        set(stored);
+    }
 }
 
 } // namespace perchly

@@ -29,6 +29,7 @@ private:
     QString m_path;
     std::function<void()> m_changed;
     CalendarAccess m_access = CalendarAccess::NotAsked;
+    CalendarAccess m_stored = CalendarAccess::NotAsked; ///< what the file said last
     FolderWatch m_watch;
 };
 

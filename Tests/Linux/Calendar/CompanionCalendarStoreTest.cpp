@@ -25,7 +25,7 @@ class CompanionCalendarStoreTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void init() {
-        QFile::remove(CalendarConsent::defaultPath());
+        QDir(QFileInfo(CalendarConsent::defaultPath()).path()).removeRecursively();
         QDir(m_calendars).removeRecursively();
         QDir(OnlineCalendars::folder()).removeRecursively();
         write("work", {"First"});
@@ -73,6 +73,15 @@ private Q_SLOTS:
         QCOMPARE(titles(*store), QStringList(QStringLiteral("First")));
         writeFile(CalendarConsent::defaultPath(), "{\"readCalendars\": \"yes\"");
         QTRY_COMPARE(store->access(), CalendarAccess::NotAsked);
+    }
+
+    void anAnswerThatCannotBeStoredHoldsForThisRun() {
+        QVERIFY(QDir().mkpath(CalendarConsent::defaultPath() + QStringLiteral("/in the way")));
+        const auto store = make();
+        m_answer = true;
+        QCOMPARE(request(*store).access, CalendarAccess::Granted);
+        QTest::qWait(500);
+        QCOMPARE(store->access(), CalendarAccess::Granted);
     }
 
     void aChangeIsAnnouncedAndRead() {
