@@ -139,7 +139,10 @@ QString replace(const QString &path, const QByteArray &bytes, Durability durabil
 
 QString flush(const QString &path) {
     const Descriptor file(::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC));
-    return file.isOpen() && ::fsync(file.get()) == 0 ? QString() : errorText();
+    // Some file systems cannot do that with a folder, and need not.
+    const bool done =
+        file.isOpen() && (::fsync(file.get()) == 0 || errno == EINVAL || errno == EOPNOTSUPP);
+    return done ? QString() : errorText();
 }
 
 std::optional<QString> setAside(const QString &path) {

@@ -28,10 +28,11 @@ enum class Durability {
 [[nodiscard]] Contents read(const QString &path);
 
 /// Replaces the file, or makes it, readable by its owner only. A missing last folder is made, for
-/// its owner only. When it fails, what stood there is untouched. Empty, or why it failed.
+/// its owner only. When it fails, what stood there is untouched; only a failing disk may show after
+/// the file was replaced. Empty, or why it failed.
 [[nodiscard]] QString replace(const QString &path, const QByteArray &bytes, Durability durability);
 
-/// Waits until the file is on the disk. Empty, or why it is not.
+/// Waits until the file, or the folder's list of them, is on the disk. Empty, or why it is not.
 [[nodiscard]] QString flush(const QString &path);
 
 /// Gives whatever stands there a free name beside it ("path.kept-1", "path.kept-2", …) without ever
