@@ -148,27 +148,29 @@ void CompanionCalendarStore::read(const Window &window) {
 void CompanionCalendarStore::takeApart(const ChildResult &result, const Window &window) {
     m_pool.start([this, result, window, earlier = m_last, generation = m_generation] {
         auto reading = CalendarReading::parse(result.output);
-        if (result.status == 0 && reading.finished) {
+        const bool failed = result.status != 0 || !reading.finished;
+        if (failed) {
+            reading = earlier;
+        } else {
             reading.keepFrom(earlier);
             watchFolders(reading);
-        } else {
-            reading = earlier;
         }
         QMetaObject::invokeMethod(
             this,
-            [this, reading = std::move(reading), window, generation] {
+            [this, reading = std::move(reading), failed, window, generation] {
                 if (generation == m_generation) {
-                    apply(reading, window);
+                    apply(reading, failed, window);
                 }
             },
             Qt::QueuedConnection);
     });
 }
 
-void CompanionCalendarStore::apply(const CalendarReading &reading, const Window &window) {
+void CompanionCalendarStore::apply(const CalendarReading &reading, bool failed,
+                                   const Window &window) {
     m_reading = false;
     // What takes long to start is there the next time; what fails again is left alone.
-    m_stale = reading.lacksOfService() && !m_last.lacksOfService();
+    m_stale = failed || (reading.lacksOfService() && !m_last.lacksOfService());
     m_last = reading;
     m_known = window;
     // A folder was not watched while it was read for the first time.
@@ -177,8 +179,10 @@ void CompanionCalendarStore::apply(const CalendarReading &reading, const Window 
     m_watched = reading.folders;
     m_current = true; // enough for those who waited for it
     answerWaiting();
-    m_current = current;
-    if (!watched) {
+    if (!m_reading) {
+        m_current = current;
+    }
+    if (!current) {
         Q_EMIT changed();
     }
 }

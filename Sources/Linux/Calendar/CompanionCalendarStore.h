@@ -50,7 +50,7 @@ private:
     void answerWaiting();
     void read(const Window &window);
     void takeApart(const ChildResult &result, const Window &window);
-    void apply(const CalendarReading &reading, const Window &window);
+    void apply(const CalendarReading &reading, bool failed, const Window &window);
     void watchFolders(const CalendarReading &reading);
     void filesChanged();
     void serviceChanged();
