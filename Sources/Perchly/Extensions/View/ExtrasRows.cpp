@@ -49,6 +49,7 @@ void SnippetRows::refresh() {
         rows.append({snippet.id.toString(),
                      {{QStringLiteral("id"), snippet.id.toString()},
                       {QStringLiteral("label"), rowText(snippet.text)},
+                      {QStringLiteral("isBlank"), showsNothing(snippet.text)},
                       {QStringLiteral("text"), snippet.text}}});
     }
     setRows(rows);

@@ -50,7 +50,8 @@ protected:
     [[nodiscard]] Announcement announcement() const override { return &ShelfExtras::groupsChanged; }
 };
 
-/// The pinned snippets: "id", "label", of which no more is given than can be shown, and "text".
+/// The pinned snippets: "id", "label", of which no more is given than can be shown, "isBlank" when
+/// there is nothing to see in it, and "text".
 class SnippetRows : public perchly::ExtrasRows {
     Q_OBJECT
     QML_ELEMENT

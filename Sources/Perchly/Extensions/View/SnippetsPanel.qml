@@ -102,6 +102,8 @@ ColumnLayout {
                     Accessible.ignored: true
                     Layout.fillWidth: true
                     Layout.leftMargin: 4
+                    color: snippet.row.isBlank ? Theme.grey : Theme.text
+                    font.italic: snippet.row.isBlank
                     font.pixelSize: 13
                     lineHeight: 1.1
                     maximumLineCount: 3
