@@ -135,10 +135,18 @@ void PreviewWindow::showPdf() {
         m_pdf = new PdfView;
         m_pdf->setAccessibleName(QStringLiteral("Pages"));
         m_stack.addWidget(m_pdf);
-        connect(m_pdf, &PdfView::failed, this, &PreviewWindow::showFacts);
-        connect(m_pdf, &PdfView::opened, this, [this] { present(m_pdf, pageSize); });
+        connect(m_pdf, &PdfView::failed, this, [this](int number) {
+            if (number == m_number) {
+                showFacts();
+            }
+        });
+        connect(m_pdf, &PdfView::opened, this, [this](int number) {
+            if (number == m_number) {
+                present(m_pdf, pageSize);
+            }
+        });
     }
-    m_pdf->open(m_items.at(m_index).toLocalFile());
+    m_pdf->open(m_number, m_items.at(m_index).toLocalFile());
 }
 
 void PreviewWindow::showMedia() {
@@ -189,6 +197,9 @@ void PreviewWindow::present(QWidget *view, const QSize &wanted) {
     m_stack.setCurrentWidget(view);
     if (view != m_media) {
         dropMedia();
+    }
+    if (m_pdf != nullptr && view != m_pdf) {
+        m_pdf->forget();
     }
     const bool isSaid = (view == &m_facts || view == m_media) && wanted == factsSize; // by itself
     m_caption.setText(isSaid ? QString() : m_current.details);
@@ -245,6 +256,9 @@ bool PreviewWindow::handleKey(const QKeyEvent &event) {
 void PreviewWindow::hideEvent(QHideEvent *event) {
     QWidget::hideEvent(event);
     dropMedia();
+    if (m_pdf != nullptr) {
+        m_pdf->forget();
+    }
     ++m_number;
     Q_EMIT closed();
 }
