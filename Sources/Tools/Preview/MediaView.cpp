@@ -7,6 +7,8 @@
 #include <QVBoxLayout>
 #include <QVideoFrame>
 
+#include <utility>
+
 namespace perchly {
 
 using namespace std::chrono_literals;
@@ -55,7 +57,21 @@ void MediaView::play(const QString &path, const FileFacts &facts) {
 }
 
 void MediaView::pause() {
+    m_isSuspended = false;
     m_player.pause();
+}
+
+void MediaView::suspend() {
+    if (m_player.playbackState() == QMediaPlayer::PlayingState) {
+        m_player.pause();
+        m_isSuspended = true;
+    }
+}
+
+void MediaView::resume() {
+    if (std::exchange(m_isSuspended, false)) {
+        m_player.play();
+    }
 }
 
 void MediaView::show(const QVideoFrame &frame) {

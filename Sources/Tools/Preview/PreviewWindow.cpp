@@ -66,9 +66,13 @@ PreviewWindow::~PreviewWindow() = default;
 
 void PreviewWindow::handle(const PreviewRequest &request) {
     const QUrl shown = m_items.value(m_index);
-    if (request.toggle && isVisible() && request.items.at(request.index) == shown) {
+    const bool isSeen = isVisible() && !isMinimized();
+    if (request.toggle && isSeen && request.items.at(request.index) == shown) {
         close();
         return;
+    }
+    if (isVisible() && !isSeen) {
+        comeToFront();
     }
     m_items = request.items;
     m_index = request.index;
@@ -164,12 +168,21 @@ void PreviewWindow::playMedia() {
     ++m_tries;
     m_media = new MediaView;
     m_stack.addWidget(m_media);
-    connect(m_media, &MediaView::failed, this, &PreviewWindow::mediaFailed);
-    connect(m_media, &MediaView::firstFrame, this, [this](const QSize &size) {
-        const QSize points = (QSizeF(size) / devicePixelRatioF()).toSize();
-        present(m_media, points + QSize(0, controlsHeight));
+    connect(m_media, &MediaView::failed, this, [this, number = m_number] {
+        if (number == m_number) {
+            mediaFailed();
+        }
+    });
+    connect(m_media, &MediaView::firstFrame, this, [this, number = m_number](const QSize &size) {
+        if (number == m_number) {
+            const QSize points = (QSizeF(size) / devicePixelRatioF()).toSize();
+            present(m_media, points + QSize(0, controlsHeight));
+        }
     });
     m_media->play(m_items.at(m_index).toLocalFile(), m_current);
+    if (isMinimized()) {
+        m_media->suspend();
+    }
 }
 
 void PreviewWindow::mediaFailed() {
@@ -214,10 +227,13 @@ void PreviewWindow::present(QWidget *view, const QSize &wanted) {
     QRect frame(QPoint(), (size + QSize(0, captionHeight)).expandedTo(smallest));
     frame.moveCenter(isVisible() ? geometry().center() : room.center());
     setGeometry(frame);
-    comeToFront();
+    if (!isMinimized()) { // else the person put it away meanwhile
+        comeToFront();
+    }
 }
 
 void PreviewWindow::comeToFront() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
     m_focus.activate(xcb_window_t(winId()));
@@ -255,12 +271,26 @@ bool PreviewWindow::handleKey(const QKeyEvent &event) {
 
 void PreviewWindow::hideEvent(QHideEvent *event) {
     QWidget::hideEvent(event);
+    if (event->spontaneous()) { // it is minimised
+        if (m_media != nullptr) {
+            m_media->suspend();
+        }
+        return;
+    }
+    setWindowState(windowState() & ~Qt::WindowMinimized); // it is not to come back like that
     dropMedia();
     if (m_pdf != nullptr) {
         m_pdf->forget();
     }
     ++m_number;
     Q_EMIT closed();
+}
+
+void PreviewWindow::showEvent(QShowEvent *event) {
+    QWidget::showEvent(event);
+    if (event->spontaneous() && m_media != nullptr) {
+        m_media->resume();
+    }
 }
 
 } // namespace perchly
