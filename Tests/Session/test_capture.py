@@ -3,6 +3,7 @@
 import json
 import subprocess
 
+from perchly_session.accessibility import Accessibility
 from perchly_session.case import SessionCase, main
 from perchly_session.picture import near
 from perchly_session.players import moving_picture
@@ -147,6 +148,9 @@ class PreviewTest(SessionCase):
         wait_until(lambda: not self.screen.windows_of(self.preview.pid), "it minimised")
         self.ask(toggle=True)  # who asks for what is out of sight wants to see it
         self.shows("a.mp4", GREEN)
+        application = Accessibility(self.session.bus_address, self.preview.pid).application()
+        named = [node for node in application.walk() if node.name == "a.mp4" and node.showing]
+        self.assertEqual(len(named), 2, "the window and its picture")
         self.ask(toggle=True)
         wait_until(lambda: not self.screen.windows_of(self.preview.pid), "the preview closed")
 

@@ -51,6 +51,9 @@ MediaView::MediaView(QWidget *parent)
 
 void MediaView::play(const QString &path, const FileFacts &facts) {
     m_facts.show(facts);
+    m_facts.setAccessibleName(facts.name);
+    m_facts.setAccessibleDescription(facts.details);
+    m_picture.setAccessibleName(facts.name);
     m_stack.setCurrentWidget(&m_facts);
     m_player.setSource(QUrl::fromLocalFile(path));
     m_player.play();
