@@ -91,6 +91,7 @@ void PreviewWindow::showItem() {
     if (m_media != nullptr) {
         m_media->pause();
     }
+    m_pool.clear(); // what was passed by before it could be read
     const QSize largest = (QSizeF(screen()->size()) * devicePixelRatioF()).toSize();
     m_pool.start([this, number = ++m_number, url = m_items.at(m_index), largest] {
         const PreviewContent content = loadPreview(url, largest);
