@@ -3,6 +3,7 @@
 import json
 import subprocess
 
+from perchly_session.accessibility import Accessibility
 from perchly_session.case import SessionCase, main
 from perchly_session.picture import near
 from perchly_session.players import moving_picture
@@ -78,7 +79,7 @@ class PreviewTest(SessionCase):
         """Starts the preview with files of these names and contents, on the first of them."""
         for name, content in files.items():
             (self.session.folder / name).write_bytes(content)
-        urls = [(self.session.folder / name).as_uri() for name in files]
+        self.urls = [(self.session.folder / name).as_uri() for name in files]
         self.preview = subprocess.Popen(
             [f"{self.session.executable}-preview"],
             env=self.session.environment,
@@ -87,7 +88,11 @@ class PreviewTest(SessionCase):
         )
         self.addCleanup(self.preview.wait)
         self.addCleanup(self.preview.stdin.close)
-        self.preview.stdin.write(json.dumps({"items": urls, "index": 0}).encode() + b"\n")
+        self.ask()
+
+    def ask(self, toggle=False):
+        request = {"items": self.urls, "index": 0, "toggle": toggle}
+        self.preview.stdin.write(json.dumps(request).encode() + b"\n")
         self.preview.stdin.flush()
 
     def shows(self, title, colour=None):
@@ -129,6 +134,25 @@ class PreviewTest(SessionCase):
         self.screen.key("space")
         wait_until(lambda: not self.screen.windows_of(self.preview.pid), "the preview closed")
         self.assertIsNone(self.preview.poll())
+
+    def test_a_minimised_preview_is_not_closed(self):
+        self.start_session()
+        self.look_at({"a.mp4": moving_picture(self.session.folder / "video.mp4")})
+        self.shows("a.mp4", GREEN)
+        window = self.screen.windows_of(self.preview.pid)[0]
+        self.screen.minimize(window)
+        wait_until(lambda: not self.screen.windows_of(self.preview.pid), "it minimised")
+        self.screen.activate(window.id)
+        self.shows("a.mp4", GREEN)
+        self.screen.minimize(window)
+        wait_until(lambda: not self.screen.windows_of(self.preview.pid), "it minimised")
+        self.ask(toggle=True)  # who asks for what is out of sight wants to see it
+        self.shows("a.mp4", GREEN)
+        application = Accessibility(self.session.bus_address, self.preview.pid).application()
+        named = [node for node in application.walk() if node.name == "a.mp4" and node.showing]
+        self.assertEqual(len(named), 2, "the window and its picture")
+        self.ask(toggle=True)
+        wait_until(lambda: not self.screen.windows_of(self.preview.pid), "the preview closed")
 
 
 if __name__ == "__main__":

@@ -7,6 +7,8 @@
 #include <QVBoxLayout>
 #include <QVideoFrame>
 
+#include <utility>
+
 namespace perchly {
 
 using namespace std::chrono_literals;
@@ -49,13 +51,30 @@ MediaView::MediaView(QWidget *parent)
 
 void MediaView::play(const QString &path, const FileFacts &facts) {
     m_facts.show(facts);
+    m_facts.setAccessibleName(facts.name);
+    m_facts.setAccessibleDescription(facts.details);
+    m_picture.setAccessibleName(facts.name);
     m_stack.setCurrentWidget(&m_facts);
     m_player.setSource(QUrl::fromLocalFile(path));
     m_player.play();
 }
 
 void MediaView::pause() {
+    m_isSuspended = false;
     m_player.pause();
+}
+
+void MediaView::suspend() {
+    if (m_player.playbackState() == QMediaPlayer::PlayingState) {
+        m_player.pause();
+        m_isSuspended = true;
+    }
+}
+
+void MediaView::resume() {
+    if (std::exchange(m_isSuspended, false)) {
+        m_player.play();
+    }
 }
 
 void MediaView::show(const QVideoFrame &frame) {

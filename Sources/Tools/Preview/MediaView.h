@@ -21,6 +21,9 @@ public:
 
     void play(const QString &path, const FileFacts &facts);
     void pause();
+    /// Pauses until resume() lets it go on, if it plays.
+    void suspend();
+    void resume();
     /// The first picture of a video was there.
     [[nodiscard]] bool hasBegun() const { return m_stack.currentWidget() == &m_picture; }
 
@@ -36,6 +39,7 @@ private:
     void watchBeginning();
     void updateProgress();
 
+    bool m_isSuspended = false;
     QAudioOutput m_sound;
     QVideoSink m_video;
     QMediaPlayer m_player; ///< ends before what it plays to

@@ -23,7 +23,10 @@ double usable(double length) {
 PdfPages::PdfPages() = default;
 PdfPages::~PdfPages() = default;
 
-void PdfPages::load(const QString &path) {
+void PdfPages::load(int number, const QString &path) {
+    if (number != m_wanted) {
+        return;
+    }
     m_document = std::make_unique<QPdfDocument>();
     QList<QSizeF> sizes;
     if (m_document->load(path) == QPdfDocument::Error::None) {
@@ -33,11 +36,11 @@ void PdfPages::load(const QString &path) {
             sizes.append({usable(size.width()), usable(size.height())});
         }
     }
-    Q_EMIT loaded(sizes);
+    Q_EMIT loaded(number, sizes);
 }
 
-void PdfPages::render(int page, const QSize &pixels) {
-    if (!m_document) {
+void PdfPages::render(int number, int page, const QSize &pixels) {
+    if (!m_document || number != m_wanted) {
         return;
     }
     QImage sheet(pixels, QImage::Format_RGB32);
@@ -47,7 +50,11 @@ void PdfPages::render(int page, const QSize &pixels) {
         QPainter painter(&sheet);
         painter.drawImage(0, 0, drawn);
     }
-    Q_EMIT rendered(page, sheet);
+    Q_EMIT rendered(number, page, pixels, sheet);
+}
+
+void PdfPages::forget() {
+    m_document.reset();
 }
 
 } // namespace perchly

@@ -10,17 +10,18 @@ namespace perchly {
 namespace {
 
 constexpr int gap = 14;
-constexpr qsizetype mostKept = 12;
+constexpr qsizetype mostBytes = 64 << 20; // of pages
 
 } // namespace
 
 PdfView::PdfView(QWidget *parent)
     : QAbstractScrollArea(parent)
-    , m_pages(new PdfPages) {
+    , m_pages(new PdfPages)
+    , m_pictures(mostBytes) {
     m_pages->moveToThread(&m_thread);
     connect(&m_thread, &QThread::finished, m_pages, &QObject::deleteLater);
-    connect(m_pages, &PdfPages::loaded, this, &PdfView::setSizes);
-    connect(m_pages, &PdfPages::rendered, this, &PdfView::take);
+    connect(m_pages, &PdfPages::loaded, this, &PdfView::takeSizes);
+    connect(m_pages, &PdfPages::rendered, this, &PdfView::takePicture);
     m_thread.start();
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     verticalScrollBar()->setSingleStep(40);
@@ -31,25 +32,41 @@ PdfView::~PdfView() {
     m_thread.wait();
 }
 
-void PdfView::open(const QString &path) {
+void PdfView::open(int number, const QString &path) {
+    want(number);
+    QMetaObject::invokeMethod(m_pages,
+                              [pages = m_pages, number, path] { pages->load(number, path); });
+}
+
+void PdfView::forget() {
+    if (m_number != 0) {
+        want(0);
+        QMetaObject::invokeMethod(m_pages, &PdfPages::forget);
+    }
+}
+
+void PdfView::want(int number) {
+    m_number = number;
+    m_pages->want(number);
     setSizes({});
-    QMetaObject::invokeMethod(m_pages, [pages = m_pages, path] { pages->load(path); });
-    connect(
-        m_pages, &PdfPages::loaded, this,
-        [this](const QList<QSizeF> &sizes) {
-            if (sizes.isEmpty()) {
-                Q_EMIT failed();
-            } else {
-                Q_EMIT opened();
-            }
-        },
-        Qt::ConnectionType(Qt::AutoConnection | Qt::SingleShotConnection));
+}
+
+void PdfView::takeSizes(int number, const QList<QSizeF> &sizes) {
+    if (number != m_number) {
+        return;
+    }
+    setSizes(sizes);
+    if (sizes.isEmpty()) {
+        Q_EMIT failed(number);
+    } else {
+        Q_EMIT opened(number);
+    }
 }
 
 void PdfView::setSizes(const QList<QSizeF> &sizes) {
     m_sizes = sizes;
     m_pictures.clear();
-    m_asked.clear();
+    m_isDrawing = false;
     layOut();
     verticalScrollBar()->setValue(0);
 }
@@ -68,37 +85,53 @@ void PdfView::layOut() {
     viewport()->update();
 }
 
-QSize PdfView::pixelsOf(const QRect &page) const {
-    return (QSizeF(page.size()) * devicePixelRatioF()).toSize().boundedTo({4000, 6000});
+QSize PdfView::pixelsOf(int page) const {
+    const QSize size = m_places.at(page).size();
+    return (QSizeF(size) * devicePixelRatioF()).toSize().boundedTo({4000, 6000});
 }
 
-void PdfView::take(int page, const QImage &picture) {
-    m_pictures.insert(page, picture);
-    if (m_pictures.size() > mostKept) { // the one that is farthest away is drawn again when needed
-        const bool nearer = page - m_pictures.firstKey() > m_pictures.lastKey() - page;
-        const int gone = nearer ? m_pictures.firstKey() : m_pictures.lastKey();
-        m_pictures.remove(gone);
-        m_asked.remove(gone);
+PageRange PdfView::pagesInView() const {
+    const int top = verticalScrollBar()->value();
+    const int bottom = top + viewport()->height();
+    const auto begin = m_places.begin();
+    const auto first = std::partition_point(
+        begin, m_places.end(), [&](const QRect &place) { return place.bottom() < top; });
+    const auto end = std::partition_point(first, m_places.end(),
+                                          [&](const QRect &place) { return place.top() < bottom; });
+    return {int(first - begin), int(end - begin) - 1};
+}
+
+void PdfView::takePicture(int number, int page, const QSize &pixels, const QImage &picture) {
+    if (number != m_number) {
+        return;
     }
+    m_isDrawing = false;
+    m_pictures.insert(page, pixels, picture);
     viewport()->update();
 }
 
+// Which page is next is only known when its turn comes: the person may have gone on meanwhile.
+void PdfView::drawNext(PageRange inView) {
+    for (int page = inView.first; page <= inView.last && !m_isDrawing; ++page) {
+        const QSize pixels = pixelsOf(page);
+        if (!m_pictures.isDrawn(page, pixels)) {
+            m_isDrawing = true;
+            QMetaObject::invokeMethod(m_pages, [pages = m_pages, number = m_number, page, pixels] {
+                pages->render(number, page, pixels);
+            });
+        }
+    }
+}
+
 void PdfView::paintEvent(QPaintEvent *) {
+    const PageRange inView = pagesInView();
+    m_pictures.trim(inView);
+    drawNext(inView);
     QPainter painter(viewport());
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    const int scroll = verticalScrollBar()->value();
-    for (int page = 0; page < int(m_places.size()); ++page) {
-        const QRect place = m_places.at(page).translated(0, -scroll);
-        if (!place.intersects(viewport()->rect())) {
-            continue;
-        }
-        const QSize pixels = pixelsOf(place);
-        if (m_asked.value(page) != pixels) {
-            m_asked.insert(page, pixels);
-            QMetaObject::invokeMethod(
-                m_pages, [pages = m_pages, page, pixels] { pages->render(page, pixels); });
-        }
-        const QImage picture = m_pictures.value(page);
+    for (int page = inView.first; page <= inView.last; ++page) {
+        const QRect place = m_places.at(page).translated(0, -verticalScrollBar()->value());
+        const QImage picture = m_pictures.picture(page);
         if (picture.isNull()) {
             painter.fillRect(place, QColor(255, 255, 255, 20));
         } else {

@@ -66,9 +66,13 @@ PreviewWindow::~PreviewWindow() = default;
 
 void PreviewWindow::handle(const PreviewRequest &request) {
     const QUrl shown = m_items.value(m_index);
-    if (request.toggle && isVisible() && request.items.at(request.index) == shown) {
+    const bool isSeen = isVisible() && !isMinimized();
+    if (request.toggle && isSeen && request.items.at(request.index) == shown) {
         close();
         return;
+    }
+    if (isVisible() && !isSeen) {
+        comeToFront();
     }
     m_items = request.items;
     m_index = request.index;
@@ -87,6 +91,7 @@ void PreviewWindow::showItem() {
     if (m_media != nullptr) {
         m_media->pause();
     }
+    m_pool.clear(); // what was passed by before it could be read
     const QSize largest = (QSizeF(screen()->size()) * devicePixelRatioF()).toSize();
     m_pool.start([this, number = ++m_number, url = m_items.at(m_index), largest] {
         const PreviewContent content = loadPreview(url, largest);
@@ -135,10 +140,18 @@ void PreviewWindow::showPdf() {
         m_pdf = new PdfView;
         m_pdf->setAccessibleName(QStringLiteral("Pages"));
         m_stack.addWidget(m_pdf);
-        connect(m_pdf, &PdfView::failed, this, &PreviewWindow::showFacts);
-        connect(m_pdf, &PdfView::opened, this, [this] { present(m_pdf, pageSize); });
+        connect(m_pdf, &PdfView::failed, this, [this](int number) {
+            if (number == m_number) {
+                showFacts();
+            }
+        });
+        connect(m_pdf, &PdfView::opened, this, [this](int number) {
+            if (number == m_number) {
+                present(m_pdf, pageSize);
+            }
+        });
     }
-    m_pdf->open(m_items.at(m_index).toLocalFile());
+    m_pdf->open(m_number, m_items.at(m_index).toLocalFile());
 }
 
 void PreviewWindow::showMedia() {
@@ -156,12 +169,21 @@ void PreviewWindow::playMedia() {
     ++m_tries;
     m_media = new MediaView;
     m_stack.addWidget(m_media);
-    connect(m_media, &MediaView::failed, this, &PreviewWindow::mediaFailed);
-    connect(m_media, &MediaView::firstFrame, this, [this](const QSize &size) {
-        const QSize points = (QSizeF(size) / devicePixelRatioF()).toSize();
-        present(m_media, points + QSize(0, controlsHeight));
+    connect(m_media, &MediaView::failed, this, [this, number = m_number] {
+        if (number == m_number) {
+            mediaFailed();
+        }
+    });
+    connect(m_media, &MediaView::firstFrame, this, [this, number = m_number](const QSize &size) {
+        if (number == m_number) {
+            const QSize points = (QSizeF(size) / devicePixelRatioF()).toSize();
+            present(m_media, points + QSize(0, controlsHeight));
+        }
     });
     m_media->play(m_items.at(m_index).toLocalFile(), m_current);
+    if (isMinimized()) {
+        m_media->suspend();
+    }
 }
 
 void PreviewWindow::mediaFailed() {
@@ -190,6 +212,9 @@ void PreviewWindow::present(QWidget *view, const QSize &wanted) {
     if (view != m_media) {
         dropMedia();
     }
+    if (m_pdf != nullptr && view != m_pdf) {
+        m_pdf->forget();
+    }
     const bool isSaid = (view == &m_facts || view == m_media) && wanted == factsSize; // by itself
     m_caption.setText(isSaid ? QString() : m_current.details);
     view->setFocus();
@@ -203,10 +228,13 @@ void PreviewWindow::present(QWidget *view, const QSize &wanted) {
     QRect frame(QPoint(), (size + QSize(0, captionHeight)).expandedTo(smallest));
     frame.moveCenter(isVisible() ? geometry().center() : room.center());
     setGeometry(frame);
-    comeToFront();
+    if (!isMinimized()) { // else the person put it away meanwhile
+        comeToFront();
+    }
 }
 
 void PreviewWindow::comeToFront() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
     m_focus.activate(xcb_window_t(winId()));
@@ -244,9 +272,26 @@ bool PreviewWindow::handleKey(const QKeyEvent &event) {
 
 void PreviewWindow::hideEvent(QHideEvent *event) {
     QWidget::hideEvent(event);
+    if (event->spontaneous()) { // it is minimised
+        if (m_media != nullptr) {
+            m_media->suspend();
+        }
+        return;
+    }
+    setWindowState(windowState() & ~Qt::WindowMinimized); // it is not to come back like that
     dropMedia();
+    if (m_pdf != nullptr) {
+        m_pdf->forget();
+    }
     ++m_number;
     Q_EMIT closed();
+}
+
+void PreviewWindow::showEvent(QShowEvent *event) {
+    QWidget::showEvent(event);
+    if (event->spontaneous() && m_media != nullptr) {
+        m_media->resume();
+    }
 }
 
 } // namespace perchly

@@ -20,7 +20,8 @@ class PdfView;
 
 /// The window of the preview. Left and right go from item to item; Space, Escape and Ctrl+W close
 /// it. What an item holds is read in the background; until it is there, and where it cannot be
-/// shown, its icon, name, kind and size stand for it.
+/// shown, its icon, name, kind and size stand for it. A minimised window stays open: what plays
+/// pauses until it is back, and a request brings it back.
 class PreviewWindow : public QWidget {
     Q_OBJECT
 public:
@@ -35,6 +36,7 @@ Q_SIGNALS:
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void hideEvent(QHideEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     [[nodiscard]] bool handleKey(const QKeyEvent &event);
