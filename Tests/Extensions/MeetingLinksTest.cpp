@@ -57,6 +57,14 @@ private Q_SLOTS:
         QTEST(findMeetingLink(text).toString(), "link");
     }
 
+    void theOneAfterALongTextIsSoonFound() {
+        const QString link = QStringLiteral("https://zoom.us/j/1");
+        for (const char *before : {"%1 ", "%1://%1 ", "https://x.org/%1 ", "%1:%1 ://"}) {
+            const QString text = QString::fromLatin1(before).arg(QString(64'000, u'a'));
+            QCOMPARE(findMeetingLink(text + u' ' + link), QUrl(link));
+        }
+    }
+
     void aLongTextWithoutOneIsSoonLookedThrough() {
         const QString start = QStringLiteral("https://");
         QVERIFY(!findMeetingLink(start.repeated(4'000)).isValid());

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <unordered_set>
 
 namespace perchly {
 
@@ -43,6 +44,16 @@ bool isInside(const CalendarEvent &event, Clock::TimePoint from, Clock::TimePoin
     return event.start < to &&
            (event.end > from || (event.start == event.end && event.end == from));
 }
+
+/// Of all that events have, as hostile ones may differ in anything and number thousands.
+struct EventHash {
+    std::size_t operator()(const CalendarEvent &event) const {
+        return qHashMulti(std::size_t(QHashSeed::globalSeed()), event.identifier, event.title,
+                          event.start.time_since_epoch().count(),
+                          event.end.time_since_epoch().count(), event.allDay, event.url,
+                          event.location, event.notes);
+    }
+};
 
 } // namespace
 
@@ -98,24 +109,17 @@ bool CalendarReading::lacksOfService() const {
 QList<CalendarEvent> CalendarReading::eventsBetween(Clock::TimePoint from,
                                                     Clock::TimePoint to) const {
     QList<CalendarEvent> events;
-    QMultiHash<QString, qsizetype> known;
+    std::unordered_set<CalendarEvent, EventHash> known;
+    QHash<QString, qsizetype> counts; ///< of different events with the identifier
     for (const File &file : files) {
-        for (CalendarEvent event : file.events) {
-            if (!isInside(event, from, to)) {
+        for (const CalendarEvent &event : file.events) {
+            if (!isInside(event, from, to) || !known.insert(event).second) {
                 continue;
             }
-            const auto others = known.values(event.identifier);
-            const QString identifier = event.identifier;
-            const bool same = std::ranges::any_of(others, [&](qsizetype other) {
-                event.identifier = events[other].identifier;
-                return events[other] == event;
-            });
-            event.identifier = others.isEmpty()
-                                   ? identifier
-                                   : QStringLiteral("%1#%2").arg(identifier).arg(others.size());
-            if (!same) {
-                known.insert(identifier, events.size());
-                events.append(event);
+            events.append(event);
+            if (const qsizetype others = counts[event.identifier]++; others > 0) {
+                events.last().identifier =
+                    QStringLiteral("%1#%2").arg(event.identifier).arg(others);
             }
         }
     }

@@ -21,10 +21,14 @@ QString Meeting::startText() const {
            timeOfDay(time.time(), locale);
 }
 
-QUrl Meeting::link() const {
+QString Meeting::texts() const {
     QStringList texts{event.url, event.location, event.notes};
     texts.removeAll(QString());
-    return findMeetingLink(texts.join(u'\n'));
+    return texts.join(u'\n');
+}
+
+QUrl Meeting::link() const {
+    return findMeetingLink(texts());
 }
 
 } // namespace perchly

@@ -24,6 +24,8 @@ public:
     [[nodiscard]] QDateTime start() const;
     /// Weekday, hour and minute, in the person's own zone and manner.
     [[nodiscard]] QString startText() const;
+    /// Those that may say where to join it, a line each; mostly the same for all of a series.
+    [[nodiscard]] QString texts() const;
     /// Where to join it; empty when its texts do not say. Looked for at each call.
     [[nodiscard]] QUrl link() const;
 

@@ -57,9 +57,12 @@ QString trimmed(QStringView found) {
 
 QUrl findMeetingLink(const QString &text) {
     // Ends where neither a link nor a browser's idea of one goes on, and at HTML's other entities.
+    // A word that is no scheme is skipped whole, and nothing is given back: trying the rest of a
+    // long word anew at each letter takes seconds, and remembering every letter of a long link is
+    // more than the matcher's stack holds.
     static const QRegularExpression pattern(
         QStringLiteral(
-            R"([A-Za-z][A-Za-z0-9+.\-]*+://(?:(?!&(?:nbsp|lt|gt|quot|apos|#\d+|#x[\da-f]+);)[^\s<>"`\\|^“”«»‘’])+)"),
+            R"([A-Za-z][A-Za-z0-9+.\-]*+(*SKIP)://(?:(?!&(?:nbsp|lt|gt|quot|apos|#\d+|#x[\da-f]+);)[^\s<>"`\\|^“”«»‘’])++)"),
         QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
     for (auto matches = pattern.globalMatch(text); matches.hasNext();) {
         const QString link = trimmed(matches.next().capturedView());

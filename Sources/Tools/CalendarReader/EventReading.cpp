@@ -3,6 +3,7 @@
 #include "CalendarPlaces.h"
 #include "EventSeries.h"
 #include "GuardedLoop.h"
+#include "OutputBudget.h"
 #include "ReaderOutput.h"
 
 #include <QFile>
@@ -25,13 +26,15 @@ namespace {
 
 constexpr std::size_t largestFile = std::size_t(160) << 20;
 constexpr std::size_t mostText = std::size_t(64) << 20; ///< of events that may matter
+constexpr std::size_t mostTextOfCalendar = mostText / 2;
 constexpr auto longestStep = 50ms;
-constexpr std::size_t mostLost = 30;
-constexpr auto forFiles = 2500ms; // since the start
-constexpr auto forAll = 3300ms;   // what the process lives is more
+constexpr std::size_t mostLost = 2000; // those of a calendar take its own time
+constexpr auto forFiles = 2500ms;      // since the start
+constexpr auto forAll = 3300ms;        // what the process lives is more
 
 /// The events of one uid in one calendar, which belong together.
 struct Group {
+    std::size_t calendar = 0; ///< its number
     ZoneTable *zones = nullptr;
     std::vector<std::pair<EventText, std::size_t>> texts; ///< with the number of the file
 };
@@ -89,7 +92,7 @@ public:
             return false;
         }
         expandNew(forAll);
-        return writeOut(readeroutput::end(m_all && !m_full));
+        return writeOut(readeroutput::end(m_all && !m_budget.wasSpent()));
     }
 
 private:
@@ -114,6 +117,7 @@ private:
         std::unordered_map<std::string, std::size_t> groups;
         std::map<std::string, std::string> zones;
         const std::size_t firstGroup = m_groups.size();
+        m_textOfCalendar = 0;
         for (const QString &path : paths) {
             const auto bytes = contentsOf(path);
             CalendarText text = bytes ? splitCalendar(*bytes, m_window) : CalendarText();
@@ -128,17 +132,20 @@ private:
         }
         m_zones.emplace_back(std::move(zones));
         for (std::size_t number = firstGroup; number < m_groups.size(); ++number) {
+            m_groups[number].calendar = m_zones.size();
             m_groups[number].zones = &m_zones.back();
         }
         return lines;
     }
 
     void keep(EventText event, std::unordered_map<std::string, std::size_t> &groups) {
-        m_text += event.text.size();
-        m_full = m_full || m_text > mostText;
-        if (m_full) {
+        const std::size_t size = event.text.size();
+        if (m_textOfCalendar + size > mostTextOfCalendar || m_text + size > mostText) {
+            m_all = false;
             return;
         }
+        m_textOfCalendar += size;
+        m_text += size;
         std::size_t number = m_groups.size();
         if (!event.uid.empty()) {
             number = groups.try_emplace(event.uid, number).first->second;
@@ -161,7 +168,10 @@ private:
         m_expanded = m_groups.size();
     }
 
-    [[nodiscard]] QByteArray expand(const Group &group) const {
+    [[nodiscard]] QByteArray expand(const Group &group) {
+        if (!m_budget.begin(group.calendar)) {
+            return {};
+        }
         std::vector<Event> events;
         std::vector<std::size_t> files;
         for (const auto &[text, file] : group.texts) {
@@ -173,7 +183,11 @@ private:
         QByteArray lines;
         for (const Occurrence &occurrence : occurrencesOf(events, m_window)) {
             const auto index = std::size_t(occurrence.event - events.data());
-            lines += readeroutput::event(occurrence, files[index]);
+            const QByteArray line = readeroutput::event(occurrence, files[index]);
+            if (!m_budget.take(std::size_t(line.size()))) {
+                break;
+            }
+            lines += line;
         }
         return lines;
     }
@@ -185,8 +199,9 @@ private:
     std::size_t m_expanded = 0; ///< groups
     std::size_t m_files = 0;    ///< that were named
     std::size_t m_text = 0;
-    bool m_full = false;
-    bool m_all = true;
+    std::size_t m_textOfCalendar = 0; ///< the last one
+    OutputBudget m_budget;
+    bool m_all = true; ///< was kept and came to its end
 };
 
 } // namespace

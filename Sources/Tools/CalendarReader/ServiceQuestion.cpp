@@ -2,10 +2,12 @@
 
 #include "ServiceTalk.h"
 
+#include <algorithm>
 #include <array>
 #include <csignal>
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -18,32 +20,49 @@ namespace {
 
 constexpr qsizetype mostBytes = qsizetype(40) << 20; // more than the child says
 constexpr auto toTakeItIn = 100ms;
+constexpr auto leastWait = 300ms; // for a child that a busy machine held up
+
+/// From the start, wherever whoever writes to the file is.
+QByteArray contents(int file) {
+    QByteArray bytes;
+    std::array<char, 64UL * 1024> buffer{};
+    ssize_t size = 0;
+    while (bytes.size() < mostBytes &&
+           (size = pread(file, buffer.data(), buffer.size(), bytes.size())) > 0) {
+        bytes.append(buffer.data(), size);
+    }
+    return bytes;
+}
 
 } // namespace
 
 ServiceQuestion::ServiceQuestion(const std::optional<TimeWindow> &window,
                                  std::chrono::steady_clock::time_point until)
-    : m_until(until) {
+    : m_until(until)
+    , m_asks(mayHaveServiceCalendars()) {
     std::array<int, 2> ends{};
-    if (!mayHaveServiceCalendars() || pipe2(ends.data(), O_CLOEXEC) != 0) {
+    // A pipe would hold the child up until it is read, which is when the files are.
+    m_answer = m_asks ? memfd_create("answer", MFD_CLOEXEC) : -1;
+    if (m_answer < 0 || pipe2(ends.data(), O_CLOEXEC) != 0) {
         return;
     }
     m_child = fork();
     if (m_child == 0) {
         prctl(PR_SET_PDEATHSIG, SIGKILL);
-        dup2(ends[1], STDOUT_FILENO);
+        dup2(m_answer, STDOUT_FILENO);
         close(ends[0]);
-        close(ends[1]);
         talkToService(window, until - toTakeItIn);
         _exit(0);
     }
     close(ends[1]);
-    m_pipe = ends[0];
+    m_end = ends[0];
 }
 
 ServiceQuestion::~ServiceQuestion() {
-    if (m_pipe >= 0) {
-        close(m_pipe);
+    for (const int file : {m_answer, m_end}) {
+        if (file >= 0) {
+            close(file);
+        }
     }
     if (m_child > 0) {
         kill(m_child, SIGKILL);
@@ -52,25 +71,16 @@ ServiceQuestion::~ServiceQuestion() {
 }
 
 ServiceAnswer ServiceQuestion::take() {
-    if (m_pipe < 0) {
+    if (!m_asks) {
         return {.saidWhich = true, .calendars = {}};
     }
-    QByteArray bytes;
-    std::array<char, 64UL * 1024> buffer{};
-    while (bytes.size() < mostBytes) {
-        const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
-            m_until - std::chrono::steady_clock::now());
-        pollfd readable{m_pipe, POLLIN, 0};
-        if (poll(&readable, 1, std::max(int(left.count()), 0)) <= 0) {
-            break;
-        }
-        const ssize_t size = read(m_pipe, buffer.data(), buffer.size());
-        if (size <= 0) {
-            break;
-        }
-        bytes.append(buffer.data(), size);
+    const auto left =
+        std::chrono::ceil<std::chrono::milliseconds>(m_until - std::chrono::steady_clock::now());
+    pollfd ended{m_end, 0, 0};
+    if (m_end >= 0) {
+        poll(&ended, 1, int(std::max<std::chrono::milliseconds>(left, leastWait).count()));
     }
-    return ServiceAnswer::parse(bytes);
+    return ServiceAnswer::parse(contents(m_answer));
 }
 
 } // namespace perchly

@@ -22,12 +22,15 @@ public:
     ServiceQuestion(const ServiceQuestion &) = delete;
     ServiceQuestion &operator=(const ServiceQuestion &) = delete;
 
-    /// Waits until the end of the answer, at most up to the moment that was set.
+    /// Waits until the end of the answer, at most up to the moment that was set, or 0.3 s where
+    /// that is later. What was said by then counts.
     [[nodiscard]] ServiceAnswer take();
 
 private:
     const std::chrono::steady_clock::time_point m_until;
-    int m_pipe = -1;
+    const bool m_asks;
+    int m_answer = -1; ///< a file in memory
+    int m_end = -1;    ///< of a pipe whose other end closes with the child
     pid_t m_child = -1;
 };
 

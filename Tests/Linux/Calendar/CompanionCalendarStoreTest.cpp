@@ -173,6 +173,26 @@ private Q_SLOTS:
                                      QStringLiteral("Second"), QStringLiteral("Team")}));
     }
 
+    /// More than a pipe holds, while the companion is busy with files for longer than the service
+    /// is waited for.
+    void aLongAnswerOfTheServiceComesBesideSlowFiles() {
+        OnlineCalendars online;
+        const QByteArray task =
+            "BEGIN:VTODO\r\nSUMMARY:" + QByteArray(4 << 20, 'x') + "\r\nEND:VTODO\r\n";
+        online.add("web", "[Calendar]\nBackendName=webcal\n", task + text({"Team"}));
+        QByteArray endless;
+        for (int number = 0; number < 40; ++number) {
+            endless += "BEGIN:VEVENT\r\nUID:" + QByteArray::number(number) +
+                       "\r\nDTSTART:20200101T000000Z\r\n"
+                       "RRULE:FREQ=SECONDLY;BYMONTH=2;BYMONTHDAY=30\r\nEND:VEVENT\r\n";
+        }
+        for (const char *calendar : {"x", "y", "z"}) {
+            writeFile(path(calendar), "BEGIN:VCALENDAR\r\n" + endless + "END:VCALENDAR\r\n");
+        }
+        QCOMPARE(titles(*granted()),
+                 QStringList({QStringLiteral("First"), QStringLiteral("Team")}));
+    }
+
     void theServiceIsLeftAloneWhereThereIsNothingToAskItFor() {
         OnlineCalendars online;
         online.add("local", "[Calendar]\nBackendName=local\n", text({"No"}));

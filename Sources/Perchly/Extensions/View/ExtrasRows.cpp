@@ -59,8 +59,14 @@ void MeetingRows::refresh() {
     m_links.clear();
     const ShelfExtras *store = extras();
     const QList<Meeting> meetings = store != nullptr ? store->events() : QList<Meeting>();
+    QHash<QString, QUrl> known;
     for (const Meeting &meeting : meetings) {
-        m_links.insert(meeting.identifier(), meeting.link());
+        const QString texts = meeting.texts();
+        auto link = known.constFind(texts);
+        if (link == known.cend()) {
+            link = known.insert(texts, meeting.link());
+        }
+        m_links.insert(meeting.identifier(), *link);
     }
     look();
 }
