@@ -6,8 +6,12 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <filesystem>
+#include <fstream>
 #include <poll.h>
 #include <spawn.h>
+#include <sstream>
+#include <string>
 #include <sys/eventfd.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
@@ -178,15 +182,39 @@ void end(pid_t child, int descriptor, milliseconds grace) {
     }
 }
 
+/// Whether the process is in that group and has not ended. One that nobody has waited for yet is
+/// still in it.
+bool livesIn(pid_t group, const std::filesystem::path &process) {
+    std::ifstream file(process / "stat");
+    std::string line;
+    std::getline(file, line);
+    char state = 'Z';
+    pid_t parent = 0;
+    pid_t itsGroup = 0;
+    std::istringstream fields(line.substr(line.rfind(')') + 1)); // its name may hold anything
+    return fields >> state >> parent >> itsGroup && itsGroup == group && state != 'Z';
+}
+
+bool hasLiving(pid_t group) {
+    std::error_code error;
+    std::filesystem::directory_iterator each("/proc", error);
+    for (; each != std::filesystem::directory_iterator(); each.increment(error)) {
+        if (livesIn(group, each->path())) {
+            return true;
+        }
+    }
+    return false;
+}
+
 /// Ends what an ended child has left of a group that it led. The group keeps its number as long as
 /// somebody is in it.
 void endGroup(pid_t leader, steady_clock::time_point patience) {
-    while (kill(-leader, 0) == 0) {
+    while (kill(-leader, 0) == 0 && hasLiving(leader)) {
         if (steady_clock::now() >= patience) {
             kill(-leader, SIGKILL);
             return;
         }
-        std::this_thread::sleep_for(10ms);
+        std::this_thread::sleep_for(20ms);
     }
 }
 
