@@ -30,11 +30,13 @@ PasteboardContent limited(const SelectionContents &contents, const PasteboardReq
 
 } // namespace
 
-SelectionLoop::SelectionLoop(std::unique_ptr<SelectionConnection> connection, Listener listener)
+SelectionLoop::SelectionLoop(std::unique_ptr<SelectionConnection> connection, Listener listener,
+                             SelectionMemory memory)
     : m_connection(std::move(connection))
     , m_listener(std::move(listener))
     , m_window(m_connection->makeWindow()) {
     followClipboard();
+    resume(std::move(memory));
 }
 
 SelectionLoop::~SelectionLoop() = default;
@@ -55,6 +57,19 @@ void SelectionLoop::followClipboard() {
                                       XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
                                           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
                                           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
+}
+
+void SelectionLoop::resume(SelectionMemory memory) {
+    m_copies = memory.copies;
+    m_write = memory.write;
+    m_claimedWrite = memory.ourWrite;
+    const bool isOwned = m_connection->ownerOf(m_connection->atoms().clipboard) != XCB_WINDOW_NONE;
+    if (memory.ours && (memory.isWaiting || !isOwned)) {
+        offer(std::move(*memory.ours), memory.ourWrite);
+    } else if (isOwned && !memory.isFirst) {
+        ++m_copies; // it may have been made meanwhile
+        m_listener.copied(m_write);
+    }
 }
 
 bool SelectionLoop::isAlive() const {
@@ -139,9 +154,12 @@ void SelectionLoop::handleOwner(const xcb_generic_event_t &event) {
         m_write = m_claimedWrite;
         return;
     }
+    // Else the owner has gone. If that was us the server has closed our connection.
+    if (change.subtype != XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER) {
+        return;
+    }
     m_offer.reset();
-    if (change.subtype == XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER &&
-        change.owner != XCB_WINDOW_NONE) {
+    if (change.owner != XCB_WINDOW_NONE) {
         ++m_copies;
         m_listener.copied(m_write);
     }
@@ -164,11 +182,24 @@ void SelectionLoop::cancel(quint64 reading) {
     m_readings.erase(reading);
 }
 
-void SelectionLoop::endReadings() {
+SelectionMemory SelectionLoop::end() {
     for (const auto &[number, reading] : m_readings) {
         reading->giveUp();
     }
     m_readings.clear();
+    SelectionMemory memory{.isFirst = false,
+                           .copies = m_copies,
+                           .write = m_write,
+                           .ours = {},
+                           .ourWrite = m_claimedWrite,
+                           .isWaiting = m_claimed.has_value()};
+    if (m_claimed) {
+        memory.ours = std::exchange(m_claimed, std::nullopt);
+    } else if (m_offer) {
+        memory.ours = m_offer->contents();
+        m_offer.reset();
+    }
+    return memory;
 }
 
 // The clipboard is claimed with the server's time, which a change of a property tells.

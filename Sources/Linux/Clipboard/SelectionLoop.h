@@ -12,6 +12,16 @@
 
 namespace perchly {
 
+/// What of the clipboard outlives a connection.
+struct SelectionMemory {
+    bool isFirst = true; ///< there has been no connection yet
+    quint64 copies = 0;  ///< of other programs, so far
+    quint64 write = 0;   ///< the last of ours that took effect
+    std::optional<SelectionContents> ours;
+    quint64 ourWrite = 0;   ///< the number of `ours`
+    bool isWaiting = false; ///< `ours` was never the clipboard's
+};
+
 /// The clipboard as one thread sees it: follows who owns it, reads it and offers our own copies.
 /// That thread, which is not the main one, calls turn() whenever there may be something to do.
 class SelectionLoop {
@@ -26,7 +36,10 @@ public:
         std::function<void(quint64 reading, const PasteboardContent &content)> read;
     };
 
-    SelectionLoop(std::unique_ptr<SelectionConnection> connection, Listener listener);
+    /// Goes on with what an earlier connection left: a copy of ours is offered again, unless
+    /// somebody else's has replaced it.
+    SelectionLoop(std::unique_ptr<SelectionConnection> connection, Listener listener,
+                  SelectionMemory memory);
     ~SelectionLoop();
     SelectionLoop(const SelectionLoop &) = delete;
     SelectionLoop &operator=(const SelectionLoop &) = delete;
@@ -43,8 +56,8 @@ public:
     ///     that it asked for.
     void read(quint64 reading, const PasteboardRequest &request, quint64 copies);
     void cancel(quint64 reading);
-    /// Ends all readings with nothing.
-    void endReadings();
+    /// For a connection that is lost: ends all readings with nothing and tells what to go on with.
+    [[nodiscard]] SelectionMemory end();
 
     /// Replaces the clipboard's contents by ours.
     void offer(SelectionContents contents, quint64 write);
@@ -57,6 +70,7 @@ public:
 
 private:
     void followClipboard();
+    void resume(SelectionMemory memory);
     void handleEvent(const xcb_generic_event_t &event);
     void handleOwner(const xcb_generic_event_t &event);
     void claim(xcb_timestamp_t time);

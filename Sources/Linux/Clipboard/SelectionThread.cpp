@@ -16,16 +16,6 @@ namespace {
 constexpr auto handOverPatience = 1s;
 constexpr auto endPatience = 2s;
 
-std::unique_ptr<SelectionLoop> makeLoop(const SelectionLoop::Listener &listener) {
-    int screenNumber = 0;
-    XConnectionPointer connection = connectToXServer({}, &screenNumber);
-    if (!connection) {
-        return nullptr;
-    }
-    return std::make_unique<SelectionLoop>(
-        std::make_unique<SelectionConnection>(std::move(connection), screenNumber), listener);
-}
-
 int millisecondsUntil(std::optional<steady_clock::time_point> moment) {
     if (!moment) {
         return -1;
@@ -71,32 +61,34 @@ void SelectionThread::cancel(quint64 reading) {
 }
 
 void SelectionThread::write(const QString &text, quint64 write) {
-    post([text, write](SelectionLoop *loop) {
-        if (loop) {
-            loop->offer(text, write);
-        }
-    });
+    post([this, text, write](SelectionLoop *) { offer(text, write); });
 }
 
 void SelectionThread::writeImage(const QByteArray &encoded, quint64 write) {
-    post([encoded, write](SelectionLoop *loop) {
-        if (!loop) {
-            return;
-        }
+    post([this, encoded, write](SelectionLoop *loop) {
         if (const auto image = decodedImage(encoded)) {
-            loop->offer(*image, write);
-        } else {
+            offer(*image, write);
+        } else if (loop) {
             loop->empty(write);
+        } else {
+            m_memory.ours.reset();
+            m_memory.write = write;
         }
     });
 }
 
 void SelectionThread::writeItems(const QList<QUrl> &urls, quint64 write) {
-    post([urls, write](SelectionLoop *loop) {
-        if (loop) {
-            loop->offer(selectionItems(urls), write);
-        }
-    });
+    post([this, urls, write](SelectionLoop *) { offer(selectionItems(urls), write); });
+}
+
+void SelectionThread::offer(SelectionContents contents, quint64 write) {
+    if (m_loop) {
+        m_loop->offer(std::move(contents), write);
+    } else {
+        m_memory.ours = std::move(contents);
+        m_memory.ourWrite = write;
+        m_memory.isWaiting = true;
+    }
 }
 
 void SelectionThread::post(Command command) {
@@ -115,24 +107,20 @@ std::vector<SelectionThread::Command> SelectionThread::takeCommands() {
 }
 
 void SelectionThread::run() {
-    m_loop = makeLoop(m_listener);
-    if (m_loop) {
-        m_descriptor = m_loop->descriptor();
-    }
+    connect();
     while (true) {
         for (const Command &command : takeCommands()) {
             command(m_loop.get());
         }
-        if (m_loop) {
-            m_loop->turn();
-        }
-        if (m_loop && !m_loop->isAlive()) {
-            m_loop->endReadings();
-            m_descriptor = -1;
-            m_loop.reset();
-        }
         if (m_isEnding) {
             break;
+        }
+        if (m_nextAttempt && *m_nextAttempt <= steady_clock::now()) {
+            connect();
+        }
+        if (m_loop) {
+            m_loop->turn();
+            followLoss();
         }
         wait();
     }
@@ -140,6 +128,35 @@ void SelectionThread::run() {
     m_descriptor = -1;
     m_loop.reset();
     m_ended.set_value();
+}
+
+void SelectionThread::connect() {
+    m_nextAttempt.reset();
+    int screenNumber = 0;
+    if (XConnectionPointer connection = connectToXServer({}, &screenNumber)) {
+        m_descriptor = xcb_get_file_descriptor(connection.get());
+        m_loop = std::make_unique<SelectionLoop>(
+            std::make_unique<SelectionConnection>(std::move(connection), screenNumber), m_listener,
+            std::exchange(m_memory, {}));
+    }
+    if (m_loop && m_loop->isAlive()) {
+        m_failures = 0;
+    } else if (const auto delay = delayOfAttempt(m_failures++)) {
+        m_nextAttempt = steady_clock::now() + *delay;
+    }
+    followLoss();
+}
+
+void SelectionThread::followLoss() {
+    if (!m_loop || m_loop->isAlive()) {
+        return;
+    }
+    m_memory = m_loop->end();
+    m_descriptor = -1;
+    m_loop.reset();
+    if (m_failures == 0) {
+        m_nextAttempt = steady_clock::now() + *delayOfAttempt(0);
+    }
 }
 
 void SelectionThread::handOver() {
@@ -159,7 +176,7 @@ void SelectionThread::wait() const {
     std::array<pollfd, 2> watched{pollfd{m_wakeUp, POLLIN, 0},
                                   pollfd{m_loop ? m_loop->descriptor() : -1, POLLIN, 0}};
     poll(watched.data(), watched.size(),
-         millisecondsUntil(m_loop ? m_loop->nextDeadline() : std::nullopt));
+         millisecondsUntil(m_loop ? m_loop->nextDeadline() : m_nextAttempt));
 }
 
 } // namespace perchly

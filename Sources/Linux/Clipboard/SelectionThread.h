@@ -14,8 +14,8 @@ namespace perchly {
 /// the thread but the destructor. Main thread only.
 class SelectionThread {
 public:
-    /// Connects to the server named by DISPLAY, in the thread. Where there is none, readings end
-    /// with nothing.
+    /// Connects to the server named by DISPLAY, in the thread, and again when the connection is
+    /// lost. While there is none, readings end with nothing and what was written last waits.
     explicit SelectionThread(SelectionLoop::Listener listener);
     /// Hands our copy over to the clipboard manager; waits for two seconds at most.
     ~SelectionThread();
@@ -29,12 +29,15 @@ public:
     void writeItems(const QList<QUrl> &urls, quint64 write);
 
 private:
-    /// Given no loop where there is no server.
+    /// Given no loop while there is no connection.
     using Command = std::function<void(SelectionLoop *loop)>;
 
     void post(Command command);
     [[nodiscard]] std::vector<Command> takeCommands();
+    void offer(SelectionContents contents, quint64 write);
     void run();
+    void connect();
+    void followLoss();
     void wait() const;
     void handOver();
 
@@ -43,8 +46,12 @@ private:
     std::vector<Command> m_commands; ///< guarded by the mutex
     int m_wakeUp;                    ///< readable when there are commands
     std::atomic<bool> m_isEnding = false;
-    std::atomic<int> m_descriptor = -1;    ///< of the connection, for ending a wait for the server
-    std::unique_ptr<SelectionLoop> m_loop; ///< the thread's own
+    std::atomic<int> m_descriptor = -1; ///< of the connection, for ending a wait for the server
+    // The thread's own
+    std::unique_ptr<SelectionLoop> m_loop;
+    SelectionMemory m_memory; ///< while there is no loop
+    int m_failures = 0;       ///< of connecting, in a row
+    std::optional<SelectionLoop::TimePoint> m_nextAttempt;
     std::promise<void> m_ended;
     std::thread m_thread; ///< last: it uses the others
 };

@@ -45,6 +45,9 @@ void attemptToConnect(const std::shared_ptr<Attempt> &attempt, const QByteArray 
     attempt->finished.notify_one();
 }
 
+constexpr std::chrono::milliseconds firstDelay{500}; // each further one is twice as long
+constexpr int mostAttempts = 6;
+
 } // namespace
 
 void CloseXConnection::operator()(xcb_connection_t *connection) const {
@@ -71,6 +74,10 @@ XConnectionPointer connectToXServer(const QByteArray &displayName, int *screenNu
         *screenNumber = attempt->screenNumber;
     }
     return std::move(attempt->connection);
+}
+
+std::optional<std::chrono::milliseconds> delayOfAttempt(int failures) {
+    return failures < mostAttempts ? std::optional(firstDelay * (1 << failures)) : std::nullopt;
 }
 
 } // namespace perchly

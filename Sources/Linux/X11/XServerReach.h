@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <memory>
+#include <optional>
 
 struct xcb_connection_t;
 
@@ -22,5 +23,9 @@ using XConnectionPointer = std::unique_ptr<xcb_connection_t, CloseXConnection>;
 [[nodiscard]] XConnectionPointer
 connectToXServer(const QByteArray &displayName = {}, int *screenNumber = nullptr,
                  std::chrono::milliseconds patience = std::chrono::milliseconds(2000));
+
+/// How long to wait before connecting again after so many attempts in a row that failed; nothing
+/// when it is time to give up.
+[[nodiscard]] std::optional<std::chrono::milliseconds> delayOfAttempt(int failures);
 
 } // namespace perchly

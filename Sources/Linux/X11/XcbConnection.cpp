@@ -18,8 +18,6 @@ namespace {
 constexpr std::chrono::milliseconds connectPatience{2000};
 constexpr std::chrono::milliseconds replyPatience{250};
 constexpr quint32 longestProperty = 16384;
-constexpr std::chrono::milliseconds firstRetry{500};
-constexpr int mostRetries = 6; // each after twice as long
 
 } // namespace
 
@@ -30,7 +28,7 @@ XcbConnection::XcbConnection(const QByteArray &displayName, QObject *parent)
     connect(&m_retry, &QTimer::timeout, this, &XcbConnection::openAgain);
     if (!open(connectPatience)) {
         qWarning("The X server cannot be reached, or does not answer.");
-        m_retry.start(firstRetry);
+        retryLater();
     }
 }
 
@@ -78,8 +76,15 @@ void XcbConnection::openAgain() {
     if (open(replyPatience)) {
         m_retries = 0;
         Q_EMIT restored();
-    } else if (++m_retries < mostRetries) {
-        m_retry.start(firstRetry * (1 << m_retries));
+    } else {
+        ++m_retries;
+        retryLater();
+    }
+}
+
+void XcbConnection::retryLater() {
+    if (const auto delay = delayOfAttempt(m_retries)) {
+        m_retry.start(*delay);
     }
 }
 
@@ -183,7 +188,7 @@ void XcbConnection::drain() {
     if (!isAlive()) {
         setListening(false);
         if (!m_retry.isActive()) {
-            m_retry.start(firstRetry);
+            retryLater();
         }
     }
     Q_EMIT drained();

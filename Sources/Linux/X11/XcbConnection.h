@@ -80,6 +80,7 @@ private:
     bool open(std::chrono::milliseconds patience);
     void close();
     void openAgain();
+    void retryLater();
     void *waitForReply(unsigned int sequence);
     void keepQueuedEvents();
 

@@ -257,25 +257,37 @@ private Q_SLOTS:
         QCOMPARE(other.asked(), QStringList());
     }
 
-    void aConnectionThatClosesEndsReadings() {
-        m_pasteboard->write(QStringLiteral("ours"));
-        QTRY_COMPARE(OtherProgram::paste(QStringLiteral("UTF8_STRING")), QByteArray("ours"));
+    void aConnectionThatIsLostIsMadeAnew() {
         const XClient client;
-        const auto owner = xcb_get_selection_owner(client.get(), client.atom("CLIPBOARD"));
-        const XcbPointer<xcb_get_selection_owner_reply_t> answer(
-            xcb_get_selection_owner_reply(client.get(), owner, nullptr));
-        QVERIFY(answer);
-        xcb_kill_client(client.get(), answer->owner);
-        client.sync();
-        const auto readsNothing = [this] {
-            Reading reading(*m_pasteboard);
-            return reading.wait() && reading.content().types.isEmpty();
+        const auto utf8 = QStringLiteral("UTF8_STRING");
+        const auto owner = [&client] {
+            const XcbPointer<xcb_get_selection_owner_reply_t> answer(xcb_get_selection_owner_reply(
+                client.get(), xcb_get_selection_owner(client.get(), client.atom("CLIPBOARD")),
+                nullptr));
+            return answer->owner;
         };
-        QTRY_VERIFY(readsNothing()); // until it has noticed, its own text is what it knows
-        QVERIFY(readsNothing());
-        const qint64 before = wakeUps();
-        QTest::qSleep(200);
-        QCOMPARE(wakeUps() - before, 1);
+        m_pasteboard->write(QStringLiteral("ours"));
+        QTRY_COMPARE(OtherProgram::paste(utf8), QByteArray("ours"));
+        xcb_kill_client(client.get(), owner());
+        client.sync();
+        QTRY_COMPARE(OtherProgram::paste(utf8), QByteArray("ours"));
+
+        const xcb_window_t window = owner();
+        OtherProgram other(words("--mute UTF8_STRING UTF8_STRING=a"));
+        QTRY_COMPARE(m_pasteboard->changeCount(), 2);
+        Reading reading(*m_pasteboard);
+        QVERIFY(other.waitFor("asked UTF8_STRING"));
+        xcb_kill_client(client.get(), window);
+        client.sync();
+        QVERIFY(reading.wait());
+        QVERIFY(reading.milliseconds() < 1'000 && reading.content().text.isEmpty());
+        QTRY_COMPARE(m_pasteboard->changeCount(), 3); // theirs may be another one by now
+
+        const OtherProgram later(words("UTF8_STRING=later"));
+        QTRY_COMPARE(m_pasteboard->changeCount(), 4);
+        Reading next(*m_pasteboard);
+        QVERIFY(next.wait());
+        QCOMPARE(next.content().text, QStringLiteral("later"));
     }
 
 private:
