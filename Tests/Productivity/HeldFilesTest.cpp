@@ -45,6 +45,13 @@ private Q_SLOTS:
         row("one given twice is held once", {}, {link, link}, {link});
         row("one machine's own name makes no other file", {QStringLiteral("file:///tmp/a")},
             {QStringLiteral("file://localhost/tmp/a")}, {QStringLiteral("file:///tmp/a")});
+        row("one of which more signs are encoded is no other file",
+            {QStringLiteral("file:///tmp/a%5B1%5D%28b%29%3B%26")},
+            {QUrl::fromLocalFile(QStringLiteral("/tmp/a[1](b);&")).toString(QUrl::FullyEncoded)},
+            {QStringLiteral("file:///tmp/a[1](b);&")});
+        row("a name that is not UTF-8 stays as it is", {},
+            {QStringLiteral("file:///tmp/%FF%5B"), QStringLiteral("file:///tmp/%FE%5B")},
+            {QStringLiteral("file:///tmp/%FF%5B"), QStringLiteral("file:///tmp/%FE%5B")});
         row("links that differ in a slash are two", {plainLink},
             {plainLink + QLatin1StringView("/")}, {plainLink, plainLink + QLatin1StringView("/")});
         for (const char *other :
@@ -105,6 +112,7 @@ private Q_SLOTS:
         row("without encryption", "http://example.org", true);
         row("with a port and a user", "https://a@example.org:8080/", true);
         row("without its scheme", "example.org", false);
+        row("nothing but a scheme's name", "https", false);
         row("with the scheme in capitals", "HTTPS://example.org", false);
         row("with a blank before it", " https://example.org", false);
         row("of another scheme", "ftp://example.org", false);

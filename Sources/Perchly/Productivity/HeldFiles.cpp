@@ -5,6 +5,7 @@
 #include "Productivity.h"
 
 #include <QDir>
+#include <QSet>
 #include <QSysInfo>
 
 namespace perchly {
@@ -25,19 +26,20 @@ QString asText(const QUrl &url) {
     return url.isLocalFile() ? url.toLocalFile() : url.toString(QUrl::FullyEncoded);
 }
 
-/// Some programs name this machine in the address of a file, others do not.
-QUrl withoutOwnHost(const QUrl &url) {
+/// One address for each file: some programs name this machine in it or encode more signs of the
+/// name than others.
+QUrl normalized(const QUrl &url) {
     const QString host = url.host();
-    if (!url.isLocalFile() || host.isEmpty()) {
+    const bool here = host.isEmpty() || host == QLatin1StringView("localhost") ||
+                      host.compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0;
+    if (!url.isLocalFile() || !here) {
         return url;
     }
-    const bool here = host == QLatin1StringView("localhost") ||
-                      host.compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0;
     QUrl result = url;
-    if (here) {
-        result.setHost(QString());
-    }
-    return result;
+    result.setHost(QString());
+    const QString path = result.toLocalFile();
+    // A name that is not UTF-8 lives in its encoded form only.
+    return path.contains(QChar::ReplacementCharacter) ? result : QUrl::fromLocalFile(path);
 }
 
 } // namespace
@@ -51,10 +53,12 @@ void Productivity::setHeld(const QList<QUrl> &held) {
 
 void Productivity::hold(const QList<QUrl> &urls) {
     QList<QUrl> held = m_held;
+    QSet<QUrl> known(held.cbegin(), held.cend());
     for (const QUrl &given : urls) {
-        const QUrl url = withoutOwnHost(given);
+        const QUrl url = normalized(given);
         const bool isWanted = url.isLocalFile() ? url.host().isEmpty() : isWebScheme(url.scheme());
-        if (isWanted && !held.contains(url)) {
+        if (isWanted && !known.contains(url)) {
+            known.insert(url);
             held.append(url);
         }
     }
@@ -93,7 +97,7 @@ void Productivity::addFiles() {
 
 bool Productivity::addLink(const QString &text) {
     const QUrl url(text);
-    if (!isWebScheme(schemeOf(text)) || !url.isValid()) {
+    if (!isWebScheme(schemeOf(text)) || !url.isValid() || url.isRelative()) {
         return false;
     }
     hold({url});

@@ -65,8 +65,9 @@ void HeldRows::lookAgain() {
     if (tools() == nullptr) {
         return;
     }
-    m_pictures.removeIf(
-        [this](const auto &entry) { return !tools()->held().contains(entry.key()); });
+    const QList<QUrl> held = tools()->held();
+    const QSet<QUrl> known(held.cbegin(), held.cend());
+    m_pictures.removeIf([&known](const auto &entry) { return !known.contains(entry.key()); });
     for (auto entry = m_pictures.cbegin(); entry != m_pictures.cend(); ++entry) {
         look(entry.key());
     }
