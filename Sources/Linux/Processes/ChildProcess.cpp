@@ -49,7 +49,7 @@ private:
     int m_number;
 };
 
-/// The child starts as from a shell: with no signal blocked or ignored.
+/// The child starts as from a shell: with no signal blocked, and none ignored that we ignore.
 class SpawnAttributes {
 public:
     SpawnAttributes() {

@@ -51,7 +51,7 @@ struct ChildResult {
 /// Runs a program and waits for it, its input and errors connected to nothing, and gives its exit
 /// status and standard output. A process that is ended is asked first, killed some time later, and
 /// gone afterwards; if it leads a group, all processes in that are. What its own children hold open
-/// is not waited for. Blocks.
+/// is not waited for. Blocks: for any thread but the main one.
 [[nodiscard]] ChildResult runChild(const QString &program, const QStringList &arguments,
                                    const ChildLimits &limits, const StopRequest &stop,
                                    OnStop onStop = OnStop::EndChild);

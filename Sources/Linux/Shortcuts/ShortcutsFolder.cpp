@@ -1,5 +1,6 @@
 #include "ShortcutsFolder.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <fstream>
 
@@ -33,10 +34,22 @@ fs::path environmentFolder(const char *name) {
     return folder.is_absolute() ? folder : fs::path(); // a relative one is to be ignored
 }
 
-void write(const fs::path &path, const char *text) {
-    if (!fs::exists(path)) {
-        std::ofstream(path) << text;
+/// Leaves no part of a file. Empty, or why it failed.
+std::string write(const fs::path &path, const char *text) {
+    std::error_code failure;
+    if (fs::exists(path, failure)) {
+        return {};
     }
+    std::ofstream file(path);
+    file << text;
+    file.close();
+    if (file) {
+        return {};
+    }
+    failure.assign(errno, std::generic_category());
+    std::string reason = failure.message();
+    fs::remove(path, failure);
+    return reason;
 }
 
 } // namespace
@@ -60,9 +73,17 @@ std::string prepareFolder() {
         return failure.message();
     }
     fs::permissions(place, fs::perms::owner_all, failure);
-    write(place / "How to make a shortcut.txt", explanation);
+    const fs::path help = place / "How to make a shortcut.txt";
     const fs::path first = place / "Say hello.sh";
-    write(first, example);
+    std::string reason = write(help, explanation);
+    if (reason.empty()) {
+        reason = write(first, example);
+    }
+    if (!reason.empty()) {
+        fs::remove(help, failure);
+        fs::remove(place, failure); // so that the next time makes all of it
+        return reason;
+    }
     fs::permissions(first, fs::perms::owner_all, failure);
     return {};
 }

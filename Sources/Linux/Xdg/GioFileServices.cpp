@@ -4,10 +4,12 @@
 #include "GioLaunch.h"
 #include "GioOwned.h"
 
+#include <QDeadlineTimer>
 #include <QFileInfo>
 #include <QStandardPaths>
 
 #include <array>
+#include <chrono>
 #include <gio/gdesktopappinfo.h>
 
 namespace perchly {
@@ -15,6 +17,7 @@ namespace perchly {
 namespace {
 
 constexpr int fileManagerMilliseconds = 15'000; // it may have to be started first
+constexpr std::chrono::seconds longestMailStart{30}; // what ends later is the program itself
 constexpr QLatin1StringView mailTarget("mail");
 
 QString fileError(const QUrl &url) {
@@ -98,10 +101,13 @@ QString mail(const QUrl &url, const StopRequest &stop) {
     const QStringList arguments =
         url.isLocalFile() ? QStringList{QStringLiteral("--attach"), url.toLocalFile()}
                           : QStringList{QStringLiteral("--body"), url.toString(QUrl::FullyEncoded)};
+    const QDeadlineTimer start(longestMailStart);
     // It may stay until the letter is sent, and the letter outlives this program.
     const ChildResult result =
         runChild(program, arguments, {.mostOutput = 1 << 20}, stop, OnStop::LeaveChild);
-    return result.status == 0 ? QString() : QStringLiteral("No e-mail program could be started.");
+    return result.status == 0 || start.hasExpired()
+               ? QString()
+               : QStringLiteral("No e-mail program could be started.");
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "FullDisk.h"
 #include "ProcessShortcutsTool.h"
 #include "TestFiles.h"
 
@@ -220,6 +221,13 @@ private Q_SLOTS:
         const auto prepare = [this, &errors] {
             m_tool.prepareFolder([&errors](const QString &error) { errors.append(error); });
         };
+        m_folder.removeRecursively();
+        {
+            const FullDisk fullDisk;
+            prepare();
+            QTRY_COMPARE(errors.size(), 1);
+        }
+        QVERIFY(!errors.takeFirst().isEmpty());
         prepare();
         QTRY_COMPARE(errors, QStringList{QString()});
         Call call(m_tool, {QStringLiteral("list")});
