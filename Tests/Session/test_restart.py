@@ -1,5 +1,6 @@
 """Restarts keep what the person set; a second start, and the desktop, reach the first."""
 
+import itertools
 import os
 import signal
 import subprocess
@@ -51,11 +52,20 @@ class RestartTest(SessionCase):
         self.assertEqual(self.session.preferences(), before)
 
     def test_a_second_start_shows_the_first_ones_shelf(self):
-        for bus in (True, False):
-            with self.subTest(bus=bus):
-                self.start(bus=bus)
+        for first_has_bus, second_has_bus in itertools.product((True, False), repeat=2):
+            with self.subTest(first=first_has_bus, second=second_has_bus):
+                self.start_session()
+                bus = self.session.bus_address
+
+                def let_reach_bus(can):
+                    address = bus if can else f"unix:path={self.session.folder}/no-bus"
+                    self.session.environment["DBUS_SESSION_BUS_ADDRESS"] = address
+
+                let_reach_bus(first_has_bus)
+                self.run_program()
                 self.program.kill()  # which does not stand in the way
                 self.run_program()
+                let_reach_bus(second_has_bus)
                 second = self.start_again()
                 self.assertEqual(second.returncode, 0, second.stderr)
                 self.expect_frame(self.expanded_frame(), "the first one's shelf")

@@ -17,6 +17,7 @@ const QString busName = QStringLiteral("org.freedesktop.DBus");
 
 constexpr int busTimeout = 1000; // milliseconds; with the next one at most two seconds
 constexpr int instanceTimeout = 1000;
+constexpr std::chrono::milliseconds lockPatience{500}; // the name is free before the lock
 
 } // namespace
 
@@ -28,6 +29,7 @@ DBusSingleInstance::DBusSingleInstance(std::optional<QDBusConnection> bus, QObje
 }
 
 DBusSingleInstance::~DBusSingleInstance() {
+    m_lock.reset(); // whoever gets the name wants it next
     if (m_bus) {
         m_bus->unregisterObject(objectPath);
         m_bus->send(QDBusMessage::createMethodCall(busName, QStringLiteral("/org/freedesktop/DBus"),
@@ -38,6 +40,7 @@ DBusSingleInstance::~DBusSingleInstance() {
 
 bool DBusSingleInstance::claim() {
     if (!m_bus || !m_bus->isConnected()) {
+        m_bus.reset();
         return claimLock();
     }
     // The object first: a call may follow the name at once.
@@ -45,8 +48,9 @@ bool DBusSingleInstance::claim() {
     for (int attempt = 0; attempt < 3; ++attempt) {
         switch (requestName()) {
         case Name::Ours:
-            return true;
+            return claimLock(lockPatience);
         case Name::NotToBeHad:
+            m_bus.reset();
             return claimLock();
         case Name::Taken:
             if (activateOther()) {
@@ -99,12 +103,11 @@ bool DBusSingleInstance::activateOther() {
     return true;
 }
 
-bool DBusSingleInstance::claimLock() {
-    m_bus.reset();
+bool DBusSingleInstance::claimLock(std::chrono::milliseconds patience) {
     m_lock.emplace(LockedInstance::defaultFolder());
     connect(&*m_lock, &LockedInstance::requested, this,
             [this] { Q_EMIT requested(QStringLiteral("show")); });
-    return m_lock->claim();
+    return m_lock->claim(patience);
 }
 
 } // namespace perchly

@@ -9,14 +9,14 @@
 
 namespace perchly {
 
-/// One instance on each session bus, by the name "org.perchly.Perchly". The object
+/// One instance on each session bus, by the name "org.perchly.Perchly", and for each person by a
+/// lock (see LockedInstance), which an instance that found no bus holds too. The object
 /// "/org/perchly/Perchly" offers org.freedesktop.Application, so that a second start, the desktop
-/// entry's actions and the person's own shortcuts reach the running instance. Without a bus a lock
-/// keeps the instance (see LockedInstance).
+/// entry's actions and the person's own shortcuts reach the running instance.
 class DBusSingleInstance : public SingleInstance {
     Q_OBJECT
 public:
-    /// A bus that is not connected, or none, means the lock.
+    /// A bus that is not connected, or none, means the lock alone.
     explicit DBusSingleInstance(std::optional<QDBusConnection> bus, QObject *parent = nullptr);
     ~DBusSingleInstance() override;
 
@@ -30,7 +30,7 @@ private:
     [[nodiscard]] Name requestName();
     /// False when the other instance has just gone.
     [[nodiscard]] bool activateOther();
-    [[nodiscard]] bool claimLock();
+    [[nodiscard]] bool claimLock(std::chrono::milliseconds patience = {});
 
     std::optional<QDBusConnection> m_bus;
     std::optional<LockedInstance> m_lock;

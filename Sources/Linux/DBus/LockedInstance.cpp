@@ -64,7 +64,7 @@ QString LockedInstance::defaultFolder() {
     return isPrivateFolder(own) ? own : QString();
 }
 
-bool LockedInstance::claim() {
+bool LockedInstance::claim(std::chrono::milliseconds patience) {
     if (!m_lock) {
         tellUnlocked("there is no folder for a lock");
         return true;
@@ -74,7 +74,7 @@ bool LockedInstance::claim() {
         tellUnlocked(std::strerror(errno));
         return true;
     }
-    if (m_lock->tryLock(0)) {
+    if (m_lock->tryLock(static_cast<int>(patience.count()))) {
         return true;
     }
     if (m_lock->error() != QLockFile::LockFailedError) {

@@ -4,11 +4,12 @@
 #include <QObject>
 #include <QSocketNotifier>
 
+#include <chrono>
 #include <optional>
 
 namespace perchly {
 
-/// One instance for each person, by a lock file: the way where there is no session bus. A second
+/// One instance for each person, by a lock file, which works without a session bus too. A second
 /// instance sends SIGUSR1 to the first, so while an object of this class holds the claim, it owns
 /// that signal of the process. At most one object claims at a time. Main thread only.
 class LockedInstance : public QObject {
@@ -24,7 +25,8 @@ public:
 
     /// True when this is the only instance. False when another runs, which has been told. Where no
     /// lock can be made it says so on standard error and is true: better two than none.
-    [[nodiscard]] bool claim();
+    /// @param patience how long to wait for another one that may be ending.
+    [[nodiscard]] bool claim(std::chrono::milliseconds patience = {});
 
 Q_SIGNALS:
     /// Another start asked for the shelf.
