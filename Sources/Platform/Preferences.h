@@ -27,7 +27,7 @@ public:
 
     /// Stores the values, all of them or, when the program is killed meanwhile, none; then
     /// announces them in order. A write that fails leaves what was stored on disk whole; the new
-    /// values hold for the run and are tried again with the next set.
+    /// values hold for the run and are tried again with the next set, and from time to time.
     virtual void setValues(const PreferenceEntries &entries) = 0;
 
     /// Forgets the key and announces it, if it was there.
@@ -49,6 +49,9 @@ public:
 Q_SIGNALS:
     /// The key was set (possibly to the value that it had) or removed.
     void changed(const QString &key);
+
+    /// A write failed, for that reason, for the first time since one succeeded.
+    void failed(const QString &reason);
 };
 
 } // namespace perchly

@@ -1,8 +1,8 @@
 #include "JsonPreferences.h"
 
 #include "PreferenceJson.h"
-#include "WholeFile.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -14,7 +14,12 @@
 
 namespace perchly {
 
+using namespace std::chrono_literals;
+
 namespace {
+
+constexpr auto firstRetry = 5s;
+constexpr auto nextRetries = 1min;
 
 void tell(const QString &line) {
     std::fputs(qPrintable(QStringLiteral("perchly: %1\n").arg(line)), stderr);
@@ -41,6 +46,15 @@ JsonPreferences::JsonPreferences(const QString &path, QObject *parent)
     : Preferences(parent)
     , m_path(path)
     , m_backup(path) {
+    m_retry.setSingleShot(true);
+    connect(&m_retry, &QTimer::timeout, this, &JsonPreferences::save);
+    if (const auto *application = QCoreApplication::instance()) {
+        connect(application, &QCoreApplication::aboutToQuit, this, [this] {
+            if (!m_saved) {
+                save();
+            }
+        });
+    }
     wholefile::removeLeftovers(m_path);
     wholefile::removeLeftovers(PreferencesBackup::pathFor(m_path));
     const QString target = wholefile::resolveLinks(m_path);
@@ -75,6 +89,7 @@ void JsonPreferences::load() {
     if (error.isEmpty()) {
         if (const auto document = parse(contents.bytes, error)) {
             m_document = *document;
+            noteWritten(wholefile::resolveLinks(m_path), contents.bytes);
             return;
         }
     }
@@ -84,10 +99,13 @@ void JsonPreferences::load() {
 void JsonPreferences::recover(const QString &reason) {
     m_foreignFile = true;
     QString ignored;
-    const auto backup = wholefile::read(PreferencesBackup::pathFor(m_path));
+    const QString backupPath = PreferencesBackup::pathFor(m_path);
+    const auto backup = wholefile::read(backupPath);
     const auto document = parse(backup.bytes, ignored);
     if (document) {
         m_document = *document;
+    } else if (backup.exists) {
+        (void)wholefile::setAside(backupPath); // it is about to be replaced
     }
     tell(QStringLiteral("cannot read the preferences %1: %2; starting with %3")
              .arg(m_path, reason,
@@ -98,27 +116,57 @@ void JsonPreferences::recover(const QString &reason) {
 void JsonPreferences::save() {
     m_saved = false;
     const QString target = wholefile::resolveLinks(m_path);
-    QString error;
-    if (m_foreignFile) {
-        if (const auto kept = wholefile::setAside(target)) {
-            m_foreignFile = false;
-            tell(QStringLiteral("kept what stood there as %1").arg(*kept));
-        } else {
-            error = QStringLiteral("what stands there cannot be moved aside");
-        }
-    }
     const QByteArray bytes = QJsonDocument(m_document).toJson();
-    if (error.isEmpty()) {
-        error = wholefile::replace(target, bytes, wholefile::Durability::System);
-    }
+    const QString error = write(target, bytes);
     if (error.isEmpty()) {
         m_saved = true;
         m_failureTold = false;
+        m_retry.stop();
+        noteWritten(target, bytes);
         m_backup.keep(bytes);
-    } else if (!std::exchange(m_failureTold, true)) {
-        tell(QStringLiteral("cannot write the preferences %1: %2; the next change tries again")
-                 .arg(target, error));
+        return;
     }
+    m_retry.start(m_failureTold ? nextRetries : firstRetry);
+    if (!std::exchange(m_failureTold, true)) {
+        tell(QStringLiteral("cannot write the preferences %1: %2; trying again later")
+                 .arg(target, error));
+        QMetaObject::invokeMethod(
+            this, [this, error] { Q_EMIT failed(error); }, Qt::QueuedConnection);
+    }
+}
+
+QString JsonPreferences::write(const QString &target, const QByteArray &bytes) {
+    std::optional<QString> kept;
+    if (isForeign(target)) {
+        kept = wholefile::setAside(target);
+        if (!kept) {
+            return QStringLiteral("what stands there cannot be moved aside");
+        }
+    }
+    QString error = wholefile::replace(target, bytes, wholefile::Durability::System);
+    if (!kept) {
+        return error;
+    }
+    if (error.isEmpty()) {
+        m_foreignFile = false;
+        tell(QStringLiteral("kept what stood there as %1").arg(*kept));
+    } else {
+        wholefile::takeBack(*kept, target);
+    }
+    return error;
+}
+
+bool JsonPreferences::isForeign(const QString &target) const {
+    if (m_foreignFile) {
+        return true;
+    }
+    const wholefile::Version version = wholefile::version(target);
+    return version.exists && version != m_version && wholefile::read(target).bytes != m_bytes;
+}
+
+void JsonPreferences::noteWritten(const QString &target, const QByteArray &bytes) {
+    m_version = wholefile::version(target);
+    m_bytes = bytes;
 }
 
 std::optional<PreferenceValue> JsonPreferences::value(const QString &key) const {

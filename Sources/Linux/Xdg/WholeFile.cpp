@@ -77,6 +77,18 @@ int openTemporary(QByteArray &name) {
 
 } // namespace
 
+Version version(const QString &path) {
+    struct stat status = {};
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0) {
+        return {};
+    }
+    return {.exists = true,
+            .device = status.st_dev,
+            .number = status.st_ino,
+            .size = status.st_size,
+            .changed = qint64(status.st_mtim.tv_sec) * 1'000'000'000 + status.st_mtim.tv_nsec};
+}
+
 QString resolveLinks(const QString &path) {
     QString resolved = path;
     for (int links = 0; links < 40; ++links) {
@@ -165,6 +177,16 @@ std::optional<QString> setAside(const QString &path) {
         }
     }
     return std::nullopt;
+}
+
+void takeBack(const QString &aside, const QString &path) {
+    const QByteArray from = QFile::encodeName(aside);
+    const QByteArray to = QFile::encodeName(path);
+    if (version(aside) == version(path)) {
+        ::unlink(from.constData());
+    } else {
+        ::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE);
+    }
 }
 
 void removeLeftovers(const QString &path) {

@@ -21,13 +21,25 @@ enum class Durability {
     Disk    ///< on the disk, the folder's entry too
 };
 
+/// Tells one state of a path from another without reading it. Equal for two names of one file.
+struct Version {
+    bool exists = false;
+    quint64 device = 0;
+    quint64 number = 0; ///< of the file on its device
+    qint64 size = 0;
+    qint64 changed = 0; ///< nanoseconds
+
+    bool operator==(const Version &) const = default;
+};
+[[nodiscard]] Version version(const QString &path);
+
 /// The file behind a chain of symbolic links, which need not exist; the path itself without one.
 [[nodiscard]] QString resolveLinks(const QString &path);
 
 /// Reads a regular file of at most 64 MiB. Anything else that stands there is an error.
 [[nodiscard]] Contents read(const QString &path);
 
-/// Replaces the file, or makes it, readable by its owner only. A missing last folder is made, for
+/// Replaces the file, or makes it, readable by its owner only. Missing folders are made, the last for
 /// its owner only. When it fails, what stood there is untouched; only a failing disk may show after
 /// the file was replaced. Empty, or why it failed.
 [[nodiscard]] QString replace(const QString &path, const QByteArray &bytes, Durability durability);
@@ -39,6 +51,9 @@ enum class Durability {
 /// replacing anything. It keeps the old name too where the file system can do that, so that
 /// replace() leaves no moment without a file. The new name, or nothing when there can be none.
 [[nodiscard]] std::optional<QString> setAside(const QString &path);
+
+/// Undoes setAside(), unless somebody has put another file at the path since.
+void takeBack(const QString &aside, const QString &path);
 
 /// Removes what interrupted calls of replace() for this path left behind.
 void removeLeftovers(const QString &path);

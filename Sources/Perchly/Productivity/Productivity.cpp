@@ -11,6 +11,9 @@ Productivity::Productivity(Hosts &hosts, QObject *parent)
     , m_pasteboardCount(hosts.pasteboard->changeCount()) {
     loadLayouts();
     connect(m_hosts.pasteboard.get(), &Pasteboard::changed, this, &Productivity::watchPasteboard);
+    connect(m_hosts.preferences.get(), &Preferences::failed, this, [this](const QString &reason) {
+        setMessage(QStringLiteral("Could not save your changes yet. %1.").arg(reason));
+    });
     m_pool.setMaxThreadCount(1); // one large picture at a time
     m_pool.setExpiryTimeout(1000);
 }

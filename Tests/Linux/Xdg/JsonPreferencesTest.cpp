@@ -1,16 +1,16 @@
+#include "FullDisk.h"
 #include "JsonPreferences.h"
 #include "TestFiles.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 
 #include <algorithm>
-#include <csignal>
 #include <fcntl.h>
 #include <limits>
 #include <optional>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -20,21 +20,6 @@ namespace {
 
 const QString key = QStringLiteral("key");
 const QString other = QStringLiteral("other");
-
-/// Lets writing files fail while it lives, as on a full disk.
-class FullDisk {
-public:
-    FullDisk() {
-        std::signal(SIGXFSZ, SIG_IGN);
-        ::getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{1, m_before.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk() { ::setrlimit(RLIMIT_FSIZE, &m_before); }
-
-private:
-    rlimit m_before = {};
-};
 
 /// Makes permissions hold for the superuser, too, while it lives.
 class Unprivileged {
@@ -222,6 +207,7 @@ private Q_SLOTS:
         JsonPreferences(m_path).setString(key, QStringLiteral("before"));
         const QByteArray before = readFile(m_path);
         JsonPreferences preferences(m_path);
+        QSignalSpy failed(&preferences, &Preferences::failed);
         {
             const StandardError standardError;
             const FullDisk fullDisk;
@@ -229,6 +215,7 @@ private Q_SLOTS:
             preferences.setNumber(other, 1);
             QCOMPARE(standardError.takeText().count("cannot write the preferences"), 1);
         }
+        QTRY_COMPARE(failed.size(), 1);
         QCOMPARE(readFile(m_path), before);
         QVERIFY(names().filter(QStringLiteral(".tmp-")).isEmpty());
         QCOMPARE(preferences.string(key), QStringLiteral("after"));
@@ -236,6 +223,43 @@ private Q_SLOTS:
         const JsonPreferences again(m_path);
         QCOMPARE(again.string(key), QStringLiteral("after"));
         QCOMPARE(again.number(other), 1.0);
+    }
+
+    void triesAFailedWriteAgainByItself() {
+        JsonPreferences preferences(m_path);
+        const auto failToSet = [&](double number) {
+            const StandardError quiet;
+            const FullDisk fullDisk;
+            preferences.setNumber(key, number);
+        };
+        failToSet(1);
+        QTRY_COMPARE_WITH_TIMEOUT(JsonPreferences(m_path).number(key), 1.0, 10'000);
+        failToSet(2);
+        QMetaObject::invokeMethod(qApp, "aboutToQuit"); // at the latest
+        QCOMPARE(JsonPreferences(m_path).number(key), 2.0);
+    }
+
+    void keepsWhatSomebodyElseHasPutThere() {
+        const StandardError quiet;
+        JsonPreferences preferences(m_path);
+        writeFile(m_path, "{\"key\": 1}"); // as when a disk is mounted late
+        preferences.setNumber(key, 2);
+        QCOMPARE(readFile(m_path + QStringLiteral(".kept-1")), QByteArray("{\"key\": 1}"));
+        writeFile(m_path, "{\"key\": 3}");
+        {
+            const FullDisk fullDisk;
+            preferences.setNumber(key, 4);
+            QCOMPARE(names().filter(QStringLiteral(".kept-")).size(), 1);
+        }
+        preferences.setNumber(key, 5);
+        QCOMPARE(readFile(m_path + QStringLiteral(".kept-2")), QByteArray("{\"key\": 3}"));
+        // The same contents anew, or none, are nobody else's.
+        writeFile(m_path, readFile(m_path));
+        preferences.setNumber(key, 6);
+        QVERIFY(QFile::remove(m_path));
+        preferences.setNumber(key, 7);
+        QCOMPARE(names().filter(QStringLiteral(".kept-")).size(), 2);
+        QCOMPARE(JsonPreferences(m_path).number(key), 7.0);
     }
 
     void neverReplacesADamagedFileThatCannotBeMoved() {
