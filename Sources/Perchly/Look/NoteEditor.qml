@@ -14,6 +14,9 @@ Flickable {
     property string note: ""
     readonly property alias edit: edit
     readonly property real line: hint.implicitHeight
+    /// The text comes from `note`, not from the person; the editor may hold it a little changed,
+    /// as it knows one kind of blank and of line end only.
+    property bool filling: false
 
     signal edited(note: string)
     /// The person pressed into the text.
@@ -36,7 +39,9 @@ Flickable {
 
     onNoteChanged: {
         if (edit.text !== root.note) {
+            root.filling = true;
             edit.text = root.note;
+            root.filling = false;
         }
     }
 
@@ -73,7 +78,7 @@ Flickable {
         Keys.onTabPressed: edit.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
         onCursorRectangleChanged: root.follow(edit.cursorRectangle)
         onTextChanged: {
-            if (edit.text !== root.note) {
+            if (!root.filling) {
                 root.edited(edit.text);
             }
         }
