@@ -16,7 +16,7 @@ namespace perchly {
 
 namespace {
 
-constexpr int fileManagerMilliseconds = 15'000; // it may have to be started first
+constexpr int fileManagerMilliseconds = 15'000;      // it may have to be started first
 constexpr std::chrono::seconds longestMailStart{30}; // what ends later is the program itself
 constexpr QLatin1StringView mailTarget("mail");
 

@@ -144,24 +144,23 @@ QString JsonPreferences::write(const QString &target, const QByteArray &bytes) {
         }
     }
     QString error = wholefile::replace(target, bytes, wholefile::Durability::System);
-    if (!kept) {
-        return error;
-    }
     if (error.isEmpty()) {
         m_foreignFile = false;
+    }
+    if (kept && error.isEmpty()) {
         tell(QStringLiteral("kept what stood there as %1").arg(*kept));
-    } else {
+    } else if (kept) {
         wholefile::takeBack(*kept, target);
     }
     return error;
 }
 
 bool JsonPreferences::isForeign(const QString &target) const {
-    if (m_foreignFile) {
-        return true;
-    }
     const wholefile::Version version = wholefile::version(target);
-    return version.exists && version != m_version && wholefile::read(target).bytes != m_bytes;
+    if (!version.exists || m_foreignFile) {
+        return version.exists;
+    }
+    return version != m_version && wholefile::read(target).bytes != m_bytes;
 }
 
 void JsonPreferences::noteWritten(const QString &target, const QByteArray &bytes) {

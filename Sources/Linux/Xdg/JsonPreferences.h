@@ -48,7 +48,7 @@ private:
     QString m_path;
     QJsonObject m_document;
     PreferencesBackup m_backup;
-    bool m_foreignFile = false; ///< something that must not be replaced stands at the path
+    bool m_foreignFile = false;   ///< something that must not be replaced stands at the path
     wholefile::Version m_version; ///< of the file as it was read or written last
     QByteArray m_bytes;           ///< what it held then
     bool m_saved = true;          ///< the file holds the document

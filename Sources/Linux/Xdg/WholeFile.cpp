@@ -184,8 +184,10 @@ void takeBack(const QString &aside, const QString &path) {
     const QByteArray to = QFile::encodeName(path);
     if (version(aside) == version(path)) {
         ::unlink(from.constData());
-    } else {
-        ::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE);
+    } else if (::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(),
+                           RENAME_NOREPLACE) != 0 &&
+               errno == EINVAL && !QFileInfo::exists(path)) {
+        (void)std::rename(from.constData(), to.constData());
     }
 }
 

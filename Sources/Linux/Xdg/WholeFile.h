@@ -39,9 +39,9 @@ struct Version {
 /// Reads a regular file of at most 64 MiB. Anything else that stands there is an error.
 [[nodiscard]] Contents read(const QString &path);
 
-/// Replaces the file, or makes it, readable by its owner only. Missing folders are made, the last for
-/// its owner only. When it fails, what stood there is untouched; only a failing disk may show after
-/// the file was replaced. Empty, or why it failed.
+/// Replaces the file, or makes it, readable by its owner only. Missing folders are made, the last
+/// for its owner only. When it fails, what stood there is untouched; only a failing disk may show
+/// after the file was replaced. Empty, or why it failed.
 [[nodiscard]] QString replace(const QString &path, const QByteArray &bytes, Durability durability);
 
 /// Waits until the file, or the folder's list of them, is on the disk. Empty, or why it is not.

@@ -1,5 +1,5 @@
-#include "FullDisk.h"
 #include "JsonPreferences.h"
+#include "FullDisk.h"
 #include "TestFiles.h"
 
 #include <QJsonDocument>
@@ -277,6 +277,18 @@ private Q_SLOTS:
         QCOMPARE(readFile(m_path), QByteArray("precious but torn"));
         preferences.setBoolean(other, true);
         QCOMPARE(readFile(m_path + QStringLiteral(".kept-1")), QByteArray("precious but torn"));
+        QCOMPARE(JsonPreferences(m_path).boolean(key), true);
+    }
+
+    void savesAgainWhenADamagedFileWasRemoved() {
+        writeFile(m_path, "torn");
+        const StandardError quiet;
+        std::optional<FullDisk> fullDisk(std::in_place);
+        JsonPreferences preferences(m_path);
+        fullDisk.reset();
+        QCOMPARE(names(), QStringList(QStringLiteral("preferences.json")));
+        QVERIFY(QFile::remove(m_path));
+        preferences.setBoolean(key, true);
         QCOMPARE(JsonPreferences(m_path).boolean(key), true);
     }
 
