@@ -17,6 +17,8 @@ struct KeyPress {
     Modifiers modifiers;
     /// What the key writes without modifiers; empty for keys that write nothing.
     QString charactersIgnoringModifiers;
+    /// The key was down already and is still held.
+    bool isRepeat = false;
 };
 
 /// A key with exactly the modifiers that must be held.

@@ -21,6 +21,8 @@ private Q_SLOTS:
         QVERIFY(!shell.expanded());
         QVERIFY(shell.fake.keys.press(Qt::Key_Space, controlOption));
         QVERIFY(shell.delegate->keyboardOpen());
+        QVERIFY(shell.fake.keys.press(Qt::Key_Space, controlOption, {}, true));
+        QVERIFY2(shell.delegate->keyboardOpen(), "what is held toggles once");
     }
 
     void escapeClosesAnOpenChooserFirst() {
@@ -86,13 +88,14 @@ private Q_SLOTS:
                                             ShelfItem::forWidget(Widget::Clock),
                                             application(QStringLiteral("three"))});
         shell.pointerOntoPill();
-        const auto press = [&](char16_t character) {
+        const auto press = [&](char16_t character, bool isRepeat = false) {
             return shell.fake.keys.press(Qt::Key_unknown, Modifier::Command | Modifier::Control,
-                                         QString(QChar(character)));
+                                         QString(QChar(character)), isRepeat);
         };
         QVERIFY2(!press(u'1'), "another window has the keyboard");
         shell.delegate->toggleKeyboardOpen();
         QVERIFY(press(u'3') && press(u'1'));
+        QVERIFY2(press(u'1', true), "what is held launches once");
         QVERIFY2(press(u'2'), "a widget is used up and does nothing");
         QVERIFY2(!press(u'4') && !press(u'0') && !press(u'a'),
                  "what launches nothing is passed on");

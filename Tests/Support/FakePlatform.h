@@ -36,8 +36,9 @@ public:
     void start(Handler newHandler) override { handler = std::move(newHandler); }
 
     /// True when the press was consumed.
-    bool press(Qt::Key key, Modifiers modifiers = {}, const QString &characters = {}) {
-        return handler && handler({key, modifiers, characters});
+    bool press(Qt::Key key, Modifiers modifiers = {}, const QString &characters = {},
+               bool isRepeat = false) {
+        return handler && handler({key, modifiers, characters, isRepeat});
     }
 
     Handler handler;

@@ -198,6 +198,11 @@ bool ShelfFixture::setAccessible(QQuickItem *within, const QString &name, double
     return found != nullptr;
 }
 
+void ShelfFixture::repeatKey(QQuickItem *item, int key) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, {}, true);
+    QCoreApplication::sendEvent(item->window(), &press);
+}
+
 bool ShelfFixture::drop(QQuickItem *item, double x, double y, const QList<QUrl> &urls) {
     QMimeData data;
     data.setUrls(urls);

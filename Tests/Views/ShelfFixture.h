@@ -110,6 +110,8 @@ public:
     Q_INVOKABLE static bool pressAccessible(QQuickItem *within, const QString &name);
     /// Sets the value of the accessible thing of that name; false without one.
     Q_INVOKABLE static bool setAccessible(QQuickItem *within, const QString &name, double value);
+    /// What a key that is held sends after its press.
+    Q_INVOKABLE static void repeatKey(QQuickItem *item, int key);
     /// Drops URLs on the item's window at that point of the item; true if they were accepted.
     Q_INVOKABLE static bool drop(QQuickItem *item, double x, double y, const QList<QUrl> &urls);
     /// The texts of all tooltips on the screen.

@@ -76,6 +76,8 @@ ShelfTestCase {
         root.tab(6); // both menus, the session, the settings, the arrow, the first entry
         keyClick(Qt.Key_Return);
         verify(/launch .apps.[a-n]$/.test(root.fixture.takeCalls().join()));
+        root.fixture.repeatKey(root.view, Qt.Key_Return);
+        compare(root.fixture.takeCalls(), []);
         keyClick(Qt.Key_Right);
         compare(root.strip.offset, -480);
         keyClick(Qt.Key_Left);

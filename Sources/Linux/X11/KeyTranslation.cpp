@@ -36,7 +36,8 @@ KeyPress keyPressFromQt(const QKeyEvent &event) {
     modifiers.setFlag(Modifier::Command, held.testFlag(Qt::MetaModifier) || isControlAlone);
     return {.key = static_cast<Qt::Key>(event.key()),
             .modifiers = modifiers,
-            .charactersIgnoringModifiers = charactersWithoutModifiers(event)};
+            .charactersIgnoringModifiers = charactersWithoutModifiers(event),
+            .isRepeat = event.isAutoRepeat()};
 }
 
 } // namespace perchly

@@ -23,6 +23,12 @@ MouseArea {
             root.activated();
         }
     }
+    /// A key that is held presses once.
+    function pressByKey(event: KeyEvent) {
+        if (!event.isAutoRepeat) {
+            root.press();
+        }
+    }
 
     Accessible.description: root.toolTip !== root.label ? root.toolTip : ""
     Accessible.focusable: root.enabled
@@ -34,9 +40,9 @@ MouseArea {
     hoverEnabled: true
 
     Accessible.onPressAction: root.press()
-    Keys.onReturnPressed: root.press()
-    Keys.onEnterPressed: root.press()
-    Keys.onSpacePressed: root.press()
+    Keys.onReturnPressed: event => root.pressByKey(event)
+    Keys.onEnterPressed: event => root.pressByKey(event)
+    Keys.onSpacePressed: event => root.pressByKey(event)
     onClicked: root.activated()
 
     Item {

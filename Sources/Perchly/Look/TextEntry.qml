@@ -65,6 +65,9 @@ FocusScope {
             event.accepted = input.text !== "";
             root.empty();
         }
+        // What is held accepts once.
+        Keys.onReturnPressed: event => event.accepted = event.isAutoRepeat
+        Keys.onEnterPressed: event => event.accepted = event.isAutoRepeat
         onAccepted: root.accepted()
         onTextEdited: root.edited()
     }

@@ -125,7 +125,7 @@ private:
     [[nodiscard]] ScreenPoint handlePosition() const;
     // ShelfKeys.cpp
     [[nodiscard]] bool handleShelfKey(const KeyPress &press);
-    [[nodiscard]] bool launchShown(const QString &number);
+    [[nodiscard]] bool launchShown(const KeyPress &press);
     void launch(const ShelfItem &item);
     // AppDelegate.cpp
     void showStatusItem();

@@ -29,7 +29,9 @@ bool AppDelegate::handleKey(const KeyPress &press) {
 
 bool AppDelegate::handleShelfKey(const KeyPress &press) {
     if (press.key == Qt::Key_Space && press.modifiers == (Modifier::Control | Modifier::Option)) {
-        toggleKeyboardOpen();
+        if (!press.isRepeat) {
+            toggleKeyboardOpen();
+        }
         return true;
     }
     if (!m_hosts.panel->hasKeyboard()) {
@@ -47,17 +49,19 @@ bool AppDelegate::handleShelfKey(const KeyPress &press) {
         return true;
     }
     return press.modifiers.testFlag(Modifier::Command) && m_model.controlError().isEmpty() &&
-           launchShown(press.charactersIgnoringModifiers);
+           launchShown(press);
 }
 
-bool AppDelegate::launchShown(const QString &number) {
+bool AppDelegate::launchShown(const KeyPress &press) {
     bool valid = false;
-    const qsizetype position = number.toInt(&valid);
+    const qsizetype position = press.charactersIgnoringModifiers.toInt(&valid);
     const QList<ShelfItem> shown = m_library.shown();
     if (!valid || position < 1 || position > shown.size()) {
         return false;
     }
-    launch(shown.at(position - 1));
+    if (!press.isRepeat) { // or a key that is held starts dozens
+        launch(shown.at(position - 1));
+    }
     return true;
 }
 

@@ -39,7 +39,7 @@ DragPlate {
     }
     Keys.onSpacePressed: event => {
         event.accepted = root.activeFocus && root.isFile;
-        if (event.accepted) {
+        if (event.accepted && !event.isAutoRepeat) {
             root.preview();
         }
     }

@@ -12,6 +12,13 @@ MouseArea {
     property string toolTip: ""
     property int toolTipSide: Qt.BottomEdge
 
+    /// A key that is held presses once.
+    function pressByKey(event: KeyEvent) {
+        if (!event.isAutoRepeat) {
+            root.shell.toggleKeyboardOpen();
+        }
+    }
+
     Accessible.focusable: root.activeFocusOnTab
     Accessible.focused: root.activeFocus
     Accessible.name: root.label
@@ -21,9 +28,9 @@ MouseArea {
     preventStealing: true
 
     Accessible.onPressAction: root.shell.toggleKeyboardOpen()
-    Keys.onEnterPressed: root.shell.toggleKeyboardOpen()
-    Keys.onReturnPressed: root.shell.toggleKeyboardOpen()
-    Keys.onSpacePressed: root.shell.toggleKeyboardOpen()
+    Keys.onEnterPressed: event => root.pressByKey(event)
+    Keys.onReturnPressed: event => root.pressByKey(event)
+    Keys.onSpacePressed: event => root.pressByKey(event)
     onCanceled: root.shell.handleCanceled()
     onPositionChanged: root.shell.handleMoved()
     onPressed: {
