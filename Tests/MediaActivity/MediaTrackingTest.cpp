@@ -88,6 +88,12 @@ private Q_SLOTS:
         QCOMPARE(fixture.fake.scriptHost.underWay(), 0);
         fixture.fake.playerNotifications.setPresence(PlayerPresence::Some);
         QCOMPARE(fixture.fake.scriptHost.underWay(), 1);
+        fixture.fake.playerNotifications.setPresence(PlayerPresence::None);
+        fixture.fake.scriptHost.answer(json(track())); // of a player that has left since
+        QVERIFY(fixture.model.systemMedia());
+        fixture.fake.clock.advance(2s);
+        QVERIFY(!fixture.model.systemMedia());
+        QCOMPARE(fixture.fake.clock.scheduledTasks(), atRest);
     }
 
     void nothingHandsBackToTheAnnouncements() {

@@ -11,8 +11,6 @@ namespace perchly {
 
 namespace {
 
-constexpr std::uint64_t callLimit = 1'000'000;
-
 int onMessage(sd_bus_message *message, void *data, sd_bus_error *) {
     if (sd_bus_message_is_method_error(message, nullptr) <= 0) {
         (*static_cast<BusLoop::Handler *>(data))(message);
@@ -87,7 +85,8 @@ BusSlot BusLoop::match(const char *rule, const Handler &handler) {
 }
 
 BusSlot BusLoop::call(const char *destination, const char *path, const char *interface,
-                      const char *method, const char *argument, const Handler &handler) {
+                      const char *method, const char *argument, const Handler &handler,
+                      std::chrono::microseconds limit) {
     sd_bus_message *message = nullptr;
     sd_bus_slot *slot = nullptr;
     auto data = std::make_unique<Handler>(handler);
@@ -95,7 +94,8 @@ BusSlot BusLoop::call(const char *destination, const char *path, const char *int
                                                 method) >= 0) {
         sd_bus_message_set_auto_start(message, 0);
         if (argument == nullptr || sd_bus_message_append(message, "s", argument) >= 0) {
-            sd_bus_call_async(m_bus.get(), &slot, message, onMessage, data.get(), callLimit);
+            sd_bus_call_async(m_bus.get(), &slot, message, onMessage, data.get(),
+                              std::uint64_t(limit.count()));
         }
         sd_bus_message_unref(message);
         arm();

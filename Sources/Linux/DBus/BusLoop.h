@@ -4,6 +4,7 @@
 #include <QSocketNotifier>
 #include <QTimer>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -40,9 +41,10 @@ public:
     [[nodiscard]] BusSlot match(const char *rule, const Handler &handler);
 
     /// Calls a method with one string, or none when `argument` is null, and the handler once with
-    /// its answer; not on failure nor after a second.
+    /// its answer; not on failure nor after the limit.
     [[nodiscard]] BusSlot call(const char *destination, const char *path, const char *interface,
-                               const char *method, const char *argument, const Handler &handler);
+                               const char *method, const char *argument, const Handler &handler,
+                               std::chrono::microseconds limit = std::chrono::seconds(1));
 
 Q_SIGNALS:
     /// The bus has gone; nothing more comes from it.

@@ -20,6 +20,7 @@ constexpr const char *busPath = "/org/freedesktop/DBus";
 constexpr const char *playerPath = "/org/mpris/MediaPlayer2";
 constexpr const char *properties = "org.freedesktop.DBus.Properties";
 constexpr std::size_t mostPlayers = 64;
+constexpr auto patience = 30s; // with players that answer when they have started
 
 bool isPlayer(std::string_view name) {
     return name.starts_with("org.mpris.MediaPlayer2.") &&
@@ -95,12 +96,14 @@ void BusPlayerNotifications::onNames(sd_bus_message *message) {
     }
     m_retry.stop();
     m_unanswered = 0;
-    setPresence(m_players.empty() ? PlayerPresence::None : PlayerPresence::Some);
     const char *name = nullptr;
     while (sd_bus_message_read_basic(message, SD_BUS_TYPE_STRING, &name) > 0) {
         if (isPlayer(name) && !m_players.contains(name)) {
             appeared(name);
         }
+    }
+    if (m_players.empty()) {
+        setPresence(PlayerPresence::None);
     }
 }
 
@@ -131,17 +134,17 @@ void BusPlayerNotifications::appeared(const std::string &name) {
     if (m_players.size() >= mostPlayers) {
         return;
     }
-    WatchedPlayer &player = m_players[name];
-    player.question = m_bus->call(name.c_str(), playerPath, properties, "GetAll",
-                                  "org.mpris.MediaPlayer2", [this, name](sd_bus_message *reply) {
-                                      Player facts;
-                                      readRootProperties(reply, facts);
-                                      const char *connection = sd_bus_message_get_sender(reply);
-                                      m_players[name].connection =
-                                          connection != nullptr ? connection : "";
-                                      m_players[name].desktopEntry = facts.desktopEntry;
-                                      identify(name);
-                                  });
+    const auto onFacts = [this, name](sd_bus_message *reply) {
+        Player facts;
+        readRootProperties(reply, facts);
+        const char *connection = sd_bus_message_get_sender(reply);
+        WatchedPlayer &player = m_players[name];
+        player.connection = connection != nullptr ? connection : "";
+        player.desktopEntry = facts.desktopEntry;
+        identify(name);
+    };
+    m_players[name].question = m_bus->call(name.c_str(), playerPath, properties, "GetAll",
+                                           "org.mpris.MediaPlayer2", onFacts, patience);
 }
 
 void BusPlayerNotifications::identify(const std::string &name) {

@@ -57,7 +57,7 @@ std::string artistOf(const BusValue &value) {
         std::string joined;
         for (const std::string &artist : *artists) {
             if (!artist.empty()) {
-                joined.append(joined.empty() ? "" : ", ").append(artist.substr(0, longestText));
+                joined.append(joined.empty() ? "" : ", ").append(cleanText(artist));
             }
         }
         return cleanText(joined);

@@ -56,10 +56,12 @@ void MediaTracking::poll() {
     });
 }
 
-/// Without a player there is nothing to read until one comes.
+/// Without a player there is nothing to read until one comes. One that left while it was read is
+/// still shown.
 void MediaTracking::rest() {
     m_poll.reset();
-    if (m_players.presence() == PlayerPresence::Some || m_model.controlling()) {
+    const bool isLeft = m_players.presence() == PlayerPresence::None && m_model.systemMedia();
+    if (m_players.presence() == PlayerPresence::Some || isLeft || m_model.controlling()) {
         pollLater();
     }
 }

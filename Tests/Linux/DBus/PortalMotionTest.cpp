@@ -63,16 +63,16 @@ class PortalMotionTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void readsWhatTheDesktopSays() {
-        const auto isReduced = [](const Settings &settings) {
+        const auto isReduced = [](const Settings &settings, int milliseconds = 5000) {
             const Portal portal(settings);
             const PortalMotion motion(QDBusConnection::sessionBus());
-            return QTest::qWaitFor([&] { return motion.isReduced(); }, 100);
+            return QTest::qWaitFor([&] { return motion.isReduced(); }, milliseconds);
         };
         QVERIFY(isReduced({{gnome, false}}));
         QVERIFY(isReduced({{gnome, true}, {kde, QStringLiteral("0")}}));
         QVERIFY(isReduced({{common, 1U}}));
-        QVERIFY(!isReduced({{gnome, true}, {kde, QStringLiteral("0.25")}, {common, 0U}}));
-        QVERIFY2(!isReduced({{gnome, QStringLiteral("false")}, {kde, QStringLiteral("off")}}),
+        QVERIFY(!isReduced({{gnome, true}, {kde, QStringLiteral("0.25")}, {common, 0U}}, 100));
+        QVERIFY2(!isReduced({{gnome, QStringLiteral("false")}, {kde, QStringLiteral("off")}}, 100),
                  "values of other types");
     }
 
