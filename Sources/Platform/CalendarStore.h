@@ -56,6 +56,10 @@ public:
     [[nodiscard]] virtual Task events(Clock::TimePoint from, Clock::TimePoint to,
                                       EventsCompletion completion) = 0;
 
+    /// The next question is answered from the calendars themselves, even if nothing tells that they
+    /// have changed.
+    virtual void expectChange() = 0;
+
 Q_SIGNALS:
     /// Access was given or taken, or a calendar changed: what was answered may not hold any more.
     void changed();

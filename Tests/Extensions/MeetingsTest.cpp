@@ -94,6 +94,8 @@ private Q_SLOTS:
         QTest::newRow("no answer") << CalendarAccess::NotAsked << QString() << firstMessage;
         QTest::newRow("a failure")
             << CalendarAccess::NotAsked << QStringLiteral("Broken.") << QStringLiteral("Broken.");
+        QTest::newRow("a yes that is not kept")
+            << CalendarAccess::Granted << QStringLiteral("Broken.") << QStringLiteral("Broken.");
     }
 
     void connectingEndsWith() {
@@ -103,11 +105,24 @@ private Q_SLOTS:
         QCOMPARE(f.extras.calendarMessage(), firstMessage);
         f.extras.connectCalendar();
         f.extras.connectCalendar(); // while the person is being asked
+        f.fake.calendars.granted = access;
+        Q_EMIT f.fake.calendars.changed();
         QVERIFY(f.fake.calendars.answerAccess({access, error}));
         QCOMPARE(f.fake.calendars.answerEvents(), access == CalendarAccess::Granted);
         QTEST(f.extras.calendarMessage(), "message");
         f.extras.connectCalendar();
         QVERIFY(f.fake.calendars.answerAccess({access, error}));
+    }
+
+    void readingAnewPassesOverWhatIsRemembered() {
+        Fixture f;
+        f.load();
+        f.extras.refreshEvents();
+        QVERIFY(f.fake.calendars.answerEvents());
+        QCOMPARE(f.fake.calendars.expectedChanges, 0);
+        f.extras.readEventsAnew();
+        QCOMPARE(f.fake.calendars.expectedChanges, 1);
+        QVERIFY(f.fake.calendars.answerEvents());
     }
 
     void withdrawnAccessEmptiesTheList() {

@@ -23,6 +23,7 @@ public:
         window = {from, to};
         return m_searches.add([this, completion = std::move(completion)] { completion(stored); });
     }
+    void expectChange() override { ++expectedChanges; }
 
     /// Ends the question under way; false without one.
     bool answerAccess(const Answer &with) {
@@ -34,6 +35,7 @@ public:
 
     CalendarAccess granted = CalendarAccess::NotAsked;
     Answer answer;
+    int expectedChanges = 0;
     QList<CalendarEvent> stored;                          ///< what a search ends with
     std::pair<Clock::TimePoint, Clock::TimePoint> window; ///< of the last search
 

@@ -84,7 +84,7 @@ public:
     Question(const QList<FoundCalendar> &calendars, CalendarAccess current, CalendarAnswer answer)
         : m_answer(std::move(answer)) {
         build(calendars, textsFor(current));
-        QObject::connect(m_dialog.get(), &QDialog::rejected, m_dialog.get(),
+        QObject::connect(m_dialog.get(), &QDialog::rejected, &m_receiver,
                          [this] { finish(std::nullopt); });
         m_dialog->winId(); // it has a window from here on
         m_dialog->windowHandle()->setTransientParent(QGuiApplication::focusWindow());
@@ -128,7 +128,7 @@ private:
         for (const bool allowed : {false, true}) {
             auto *button = new QPushButton(allowed ? texts.yes : texts.no);
             button->setAutoDefault(false); // Return alone says nothing
-            QObject::connect(button, &QPushButton::clicked, m_dialog.get(),
+            QObject::connect(button, &QPushButton::clicked, &m_receiver,
                              [this, allowed] { finish(allowed); });
             row->addWidget(button);
         }
@@ -136,6 +136,9 @@ private:
     }
 
     void finish(std::optional<bool> allowed) {
+        if (!m_dialog) {
+            return; // a second click was on its way
+        }
         m_dialog->disconnect();
         m_dialog->hide();
         m_dialog.reset();
@@ -145,6 +148,7 @@ private:
 
     std::unique_ptr<QDialog, DeleteLater> m_dialog{new QDialog};
     CalendarAnswer m_answer;
+    QObject m_receiver; ///< the dialog lives a little longer than the question
 };
 
 } // namespace

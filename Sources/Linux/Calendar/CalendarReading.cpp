@@ -12,6 +12,8 @@ namespace perchly {
 
 namespace {
 
+constexpr int mostKept = 10;
+
 QString textIn(const QJsonObject &line, const char *name) {
     const QJsonValue value = line.value(QLatin1StringView(name));
     return value.isString() ? value.toString() : QString();
@@ -83,6 +85,7 @@ CalendarReading CalendarReading::parse(const QByteArray &lines) {
             reading.calendars.append({textIn(line, "calendar"), textIn(line, "place")});
         } else if (line.contains(QLatin1StringView("end"))) {
             reading.finished = true;
+            reading.cutShort = textIn(line, "end") == QLatin1StringView("some");
         }
     }
     return reading;
@@ -91,8 +94,13 @@ CalendarReading CalendarReading::parse(const QByteArray &lines) {
 void CalendarReading::keepFrom(const CalendarReading &earlier) {
     for (File &file : files) {
         const auto before = std::ranges::find(earlier.files, file.path, &File::path);
-        if (file.torn && before != earlier.files.cend()) {
+        if (!file.torn || before == earlier.files.cend()) {
+            continue;
+        }
+        const bool isGood = !before->torn || (before->kept > 0 && before->kept < mostKept);
+        if (isGood || isOfService(file)) {
             file.events = before->events;
+            file.kept = before->kept + 1;
         }
     }
     if (muteService) {

@@ -13,6 +13,7 @@ struct CalendarReading {
     struct File {
         QString path;
         bool torn = false; ///< something may be missing: it is being written, or damaged
+        int kept = 0;      ///< for how many torn readings in a row the events are an earlier one's
         QList<CalendarEvent> events = {};
     };
 
@@ -23,10 +24,12 @@ struct CalendarReading {
     QStringList serviceFolders;
     bool muteService = false; ///< it did not say which calendars it has
     bool finished = false;    ///< the companion came to its end
+    bool cutShort = false;    ///< but not everything could be read in the time and memory it has
 
     [[nodiscard]] static CalendarReading parse(const QByteArray &lines);
 
     /// Puts what an earlier reading found in their place where files are torn, or the service mute.
+    /// A file that stays torn is damaged rather than being written: then what it has is shown.
     void keepFrom(const CalendarReading &earlier);
 
     /// Whether the service has calendars, and whether it left out what some of them hold.

@@ -148,9 +148,13 @@ void CompanionCalendarStore::read(const Window &window) {
 void CompanionCalendarStore::takeApart(const ChildResult &result, const Window &window) {
     m_pool.start([this, result, window, earlier = m_last, generation = m_generation] {
         auto reading = CalendarReading::parse(result.output);
-        const bool failed = result.status != 0 || !reading.finished;
+        const bool ended = result.status == 0 && reading.finished;
+        // Once, what is whole is better than what is new: the machine may have been busy.
+        const bool lacks = ended && reading.cutShort && earlier.finished && !earlier.cutShort;
+        const bool failed = !ended || lacks;
         if (failed) {
             reading = earlier;
+            reading.cutShort = reading.cutShort || lacks;
         } else {
             reading.keepFrom(earlier);
             watchFolders(reading);
@@ -170,7 +174,8 @@ void CompanionCalendarStore::apply(const CalendarReading &reading, bool failed,
                                    const Window &window) {
     m_reading = false;
     // What takes long to start is there the next time; what fails again is left alone.
-    m_stale = failed || (reading.lacksOfService() && !m_last.lacksOfService());
+    m_stale = failed || (reading.cutShort && !m_last.cutShort) ||
+              (reading.lacksOfService() && !m_last.lacksOfService());
     m_last = reading;
     m_known = window;
     // A folder was not watched while it was read for the first time.

@@ -30,6 +30,7 @@ public:
     [[nodiscard]] Task requestAccess(AccessCompletion completion) override;
     [[nodiscard]] Task events(Clock::TimePoint from, Clock::TimePoint to,
                               EventsCompletion completion) override;
+    void expectChange() override { m_current = false; }
 
 private:
     class Request;

@@ -203,6 +203,7 @@ public:
     [[nodiscard]] Task requestAccess(AccessCompletion completion) override;
     [[nodiscard]] Task events(Clock::TimePoint, Clock::TimePoint,
                               EventsCompletion completion) override;
+    void expectChange() override {}
 };
 
 /// Nothing is known of what powers the machine.

@@ -1,5 +1,6 @@
 #include "Hosts.h"
 #include "ShelfExtras.h"
+#include "ShownText.h"
 
 #include <algorithm>
 
@@ -14,7 +15,7 @@ constexpr auto window = 7 * 24h;
 } // namespace
 
 QString ShelfExtras::firstEventTitle() const {
-    return m_events.isEmpty() ? QString() : m_events.constFirst().event.title;
+    return m_events.isEmpty() ? QString() : inOneLine(m_events.constFirst().event.title);
 }
 
 QString ShelfExtras::meetingStatus(const QDateTime &start) const {
@@ -32,6 +33,7 @@ void ShelfExtras::connectCalendar() {
     }
     m_connecting = m_hosts.calendars->requestAccess([this](const CalendarStore::Answer &answer) {
         m_connecting.reset();
+        m_connectError = answer.error;
         if (!answer.error.isEmpty()) {
             setCalendarMessage(answer.error);
             return;
@@ -58,6 +60,11 @@ void ShelfExtras::refreshEvents() {
         now, now + window, [this](const QList<CalendarEvent> &events) { showEvents(events); });
 }
 
+void ShelfExtras::readEventsAnew() {
+    m_hosts.calendars->expectChange();
+    refreshEvents();
+}
+
 void ShelfExtras::showEvents(const QList<CalendarEvent> &events) {
     const Clock::TimePoint now = m_hosts.clock->now();
     QList<Meeting> meetings;
@@ -69,8 +76,10 @@ void ShelfExtras::showEvents(const QList<CalendarEvent> &events) {
     std::ranges::stable_sort(meetings, {},
                              [](const Meeting &meeting) { return meeting.event.start; });
     setEvents(meetings);
-    setCalendarMessage(meetings.isEmpty() ? QStringLiteral("No meetings in the next seven days.")
-                                          : QString());
+    // An answer that holds for this run only shows meetings, but the reason stays.
+    setCalendarMessage(!m_connectError.isEmpty() ? m_connectError
+                       : meetings.isEmpty() ? QStringLiteral("No meetings in the next seven days.")
+                                            : QString());
 }
 
 void ShelfExtras::setEvents(const QList<Meeting> &events) {

@@ -79,7 +79,7 @@ public:
     [[nodiscard]] const QList<Meeting> &events() const { return m_events; }
     /// What to say above the list; empty when nothing needs saying.
     [[nodiscard]] QString calendarMessage() const { return m_calendarMessage; }
-    /// Title of the first of the events; empty without one.
+    /// Title of the first of the events, in one line; empty without one.
     [[nodiscard]] QString firstEventTitle() const;
     /// "In progress", or how many minutes are left. Ask again every 30 seconds.
     Q_INVOKABLE QString meetingStatus(const QDateTime &start) const;
@@ -87,6 +87,8 @@ public:
     Q_INVOKABLE void connectCalendar();
     /// Looks for meetings; the last call counts.
     Q_INVOKABLE void refreshEvents();
+    /// The same, from the calendars themselves, even if nothing tells that they have changed.
+    Q_INVOKABLE void readEventsAnew();
 
     // Battery (Battery.cpp)
 
@@ -147,6 +149,7 @@ private:
     QList<Meeting> m_events;
     QString m_calendarMessage = QStringLiteral("Connect Calendar to see upcoming meetings.");
     Task m_connecting;
+    QString m_connectError; ///< of the last question
     Task m_loadingEvents;
     QString m_battery = QStringLiteral("Checking battery…");
     bool m_capturing = false;

@@ -10,6 +10,7 @@ namespace perchly {
 namespace {
 
 constexpr std::int64_t margin = 2 * secondsPerDay; // for zones, and more
+constexpr std::size_t mostMemory = std::size_t(96) << 20;
 
 using Day = std::chrono::sys_days;
 
@@ -130,9 +131,14 @@ private:
 
     void end(std::string_view name) {
         if (m_depth == 2 && m_kind == Kind::Event && mayMatter()) {
-            m_result.events.push_back({component(), m_name, m_isException});
+            m_memory += memoryOf(component());
+            if (m_memory > mostMemory) {
+                m_result.all = false;
+            } else {
+                m_result.events.push_back({std::string(component()), m_name, m_isException});
+            }
         } else if (m_depth == 2 && m_kind == Kind::Zone) {
-            m_result.zones.emplace(m_name, component());
+            m_result.zones.emplace(m_name, std::string(component()));
         }
         m_ended = m_depth == 1 && startsWith(name, "VCALENDAR");
         m_depth = std::max(m_depth - 1, 0);
@@ -178,14 +184,15 @@ private:
         return text;
     }
 
-    [[nodiscard]] std::string component() const {
-        return std::string(m_file.substr(m_start, m_at - m_start));
+    [[nodiscard]] std::string_view component() const {
+        return m_file.substr(m_start, m_at - m_start);
     }
 
     const std::string_view m_file;
     const Day m_firstDay;
     const Day m_lastDay;
     CalendarText m_result;
+    std::size_t m_memory = 0; ///< of the events
     std::size_t m_at = 0;
     int m_depth = 0;      ///< components that are open
     bool m_ended = false; ///< the last calendar

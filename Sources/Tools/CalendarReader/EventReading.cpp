@@ -125,6 +125,7 @@ private:
                 lines += readeroutput::file(path, !text.whole);
                 ++m_files;
             }
+            m_all = m_all && text.all;
             zones.merge(text.zones);
             for (EventText &event : text.events) {
                 keep(std::move(event), groups);
@@ -139,7 +140,7 @@ private:
     }
 
     void keep(EventText event, std::unordered_map<std::string, std::size_t> &groups) {
-        const std::size_t size = event.text.size();
+        const std::size_t size = memoryOf(event.text);
         if (m_textOfCalendar + size > mostTextOfCalendar || m_text + size > mostText) {
             m_all = false;
             return;

@@ -122,6 +122,48 @@ private Q_SLOTS:
         QCOMPARE(titles(*store), QStringList({QStringLiteral("Changed"), QStringLiteral("Moved")}));
     }
 
+    void aDamagedFileIsNotTakenForOneThatIsBeingWritten() {
+        const auto reading = [](bool isTorn, const char *title) {
+            CalendarReading result;
+            result.files.append({QStringLiteral("a.ics"), isTorn});
+            result.files.first().events.append({.title = QString::fromLatin1(title)});
+            return result;
+        };
+        const auto shown = [](const CalendarReading &result) {
+            return result.files.constFirst().events.constFirst().title;
+        };
+        CalendarReading last = reading(true, "never whole");
+        CalendarReading next = reading(true, "changed");
+        next.keepFrom(last);
+        QCOMPARE(shown(next), QStringLiteral("changed"));
+        last = reading(false, "whole");
+        int count = 0;
+        for (; count < 100; ++count) {
+            next = reading(true, "torn");
+            next.keepFrom(last);
+            if (shown(next) != QStringLiteral("whole")) {
+                break;
+            }
+            last = next;
+        }
+        QVERIFY(count > 4 && count < 100);
+    }
+
+    void aChangeThatNothingTellsOfIsReadWhenItIsExpected() {
+        const QTemporaryDir elsewhere;
+        const QString target = elsewhere.filePath(QStringLiteral("calendar.ics"));
+        writeFile(target, text({"Before"}));
+        QVERIFY(QFile::remove(path("work")) && QFile::link(target, path("work")));
+        const auto store = granted();
+        QCOMPARE(titles(*store), QStringList(QStringLiteral("Before")));
+        QTest::qWait(100); // what setting up has told of
+        QCOMPARE(titles(*store), QStringList(QStringLiteral("Before")));
+        writeFile(target, text({"After"}));
+        QCOMPARE(titles(*store), QStringList(QStringLiteral("Before")));
+        store->expectChange();
+        QCOMPARE(titles(*store), QStringList(QStringLiteral("After")));
+    }
+
     void theServicesCalendarsAreNamedAndRead() {
         OnlineCalendars online;
         online.add("web", "[Calendar]\nBackendName=webcal\nSelected=true\n", text({"Team"}, -23h));

@@ -25,6 +25,7 @@ ColumnLayout {
     onShownChanged: {
         if (root.shown) {
             root.extras.refreshEvents();
+            rows.look(); // time has gone on unseen
         }
     }
 
@@ -53,7 +54,7 @@ ColumnLayout {
         PushButton {
             text: "Refresh"
 
-            onActivated: root.extras.refreshEvents()
+            onActivated: root.extras.readEventsAnew()
         }
     }
     SecondaryText {
