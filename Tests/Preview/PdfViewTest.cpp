@@ -7,6 +7,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <cstdlib>
+
 using namespace perchly;
 
 namespace {
@@ -73,6 +75,16 @@ private Q_SLOTS:
             view.viewport()->repaint();
         }
         QTRY_COMPARE(middle(), QColor(Qt::red));
+        // Another width leaves the place where it is: the middle of the same page.
+        const auto middleOfPage = [&view](int page) {
+            const int height = (view.viewport()->width() - 28) / 2;
+            return 14 + page * (height + 14) + height / 2;
+        };
+        bar.setValue(middleOfPage(50));
+        view.resize(800, 600);
+        QTRY_VERIFY(view.viewport()->width() > 700);
+        QVERIFY(std::abs(bar.value() - middleOfPage(50)) <= 2);
+        view.resize(400, 600);
         view.open(2, m_blue);
         QVERIFY(middle() != QColor(Qt::red));
         QTRY_COMPARE(middle(), QColor(Qt::blue));

@@ -135,7 +135,7 @@ class PreviewTest(SessionCase):
         wait_until(lambda: not self.screen.windows_of(self.preview.pid), "the preview closed")
         self.assertIsNone(self.preview.poll())
 
-    def test_a_minimised_preview_is_not_closed(self):
+    def test_a_preview_out_of_sight_is_not_closed(self):
         self.start_session()
         self.look_at({"a.mp4": moving_picture(self.session.folder / "video.mp4")})
         self.shows("a.mp4", GREEN)
@@ -151,6 +151,10 @@ class PreviewTest(SessionCase):
         application = Accessibility(self.session.bus_address, self.preview.pid).application()
         named = [node for node in application.walk() if node.name == "a.mp4" and node.showing]
         self.assertEqual(len(named), 2, "the window and its picture")
+        self.screen.show_desktop(1)
+        wait_until(lambda: not self.screen.windows_of(self.preview.pid), "another desktop")
+        self.ask(toggle=True)
+        self.shows("a.mp4", GREEN)
         self.ask(toggle=True)
         wait_until(lambda: not self.screen.windows_of(self.preview.pid), "the preview closed")
 

@@ -72,6 +72,10 @@ void PdfView::setSizes(const QList<QSizeF> &sizes) {
 }
 
 void PdfView::layOut() {
+    // What stands at the top stays there.
+    const int before = verticalScrollBar()->value();
+    const int first = m_places.isEmpty() ? 0 : std::max(0, pagesInView().first);
+    const QRect old = m_places.value(first);
     m_places.clear();
     const int pageWidth = std::max(50, viewport()->width() - 2 * gap);
     int top = gap;
@@ -82,6 +86,10 @@ void PdfView::layOut() {
     }
     verticalScrollBar()->setPageStep(viewport()->height());
     verticalScrollBar()->setRange(0, std::max(0, top - viewport()->height()));
+    if (const QRect place = m_places.value(first); old.isValid() && place.isValid()) {
+        const double share = double(before - old.top()) / old.height();
+        verticalScrollBar()->setValue(place.top() + qRound(share * place.height()));
+    }
     viewport()->update();
 }
 

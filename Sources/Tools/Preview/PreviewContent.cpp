@@ -37,7 +37,7 @@ QString withoutEndlessLines(const QString &text) {
     qsizetype length = 0;
     for (const QChar character : text) {
         length = character == u'\n' ? 0 : length + 1;
-        if (length > longestLine) {
+        if (length > longestLine && !character.isLowSurrogate()) {
             result += u'\n';
             length = 1;
         }

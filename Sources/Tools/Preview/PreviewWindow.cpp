@@ -10,6 +10,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace perchly {
 
 using namespace std::chrono_literals;
@@ -66,6 +68,9 @@ PreviewWindow::~PreviewWindow() = default;
 
 void PreviewWindow::handle(const PreviewRequest &request) {
     const QUrl shown = m_items.value(m_index);
+    if (isVisible() && !isOnShownDesktop()) {
+        hide(); // it is shown anew on this one
+    }
     const bool isSeen = isVisible() && !isMinimized();
     if (request.toggle && isSeen && request.items.at(request.index) == shown) {
         close();
@@ -227,10 +232,26 @@ void PreviewWindow::present(QWidget *view, const QSize &wanted) {
     }
     QRect frame(QPoint(), (size + QSize(0, captionHeight)).expandedTo(smallest));
     frame.moveCenter(isVisible() ? geometry().center() : room.center());
+    // A window in a corner grows inwards. Its title bar counts.
+    const QMargins border(0, geometry().y() - frameGeometry().y(), 0, 0);
+    const QRect inner = room - border;
+    frame.moveLeft(std::clamp(frame.left(), inner.left(),
+                              std::max(inner.left(), inner.right() + 1 - frame.width())));
+    frame.moveTop(std::clamp(frame.top(), inner.top(),
+                             std::max(inner.top(), inner.bottom() + 1 - frame.height())));
     setGeometry(frame);
     if (!isMinimized()) { // else the person put it away meanwhile
         comeToFront();
     }
+}
+
+bool PreviewWindow::isOnShownDesktop() {
+    const auto own =
+        m_connection.property(xcb_window_t(winId()), m_connection.atom("_NET_WM_DESKTOP"));
+    const auto shown =
+        m_connection.property(m_connection.root(), m_connection.atom("_NET_CURRENT_DESKTOP"));
+    constexpr quint32 all = 0xffffffff;
+    return own.isEmpty() || shown.isEmpty() || own.first() == all || own.first() == shown.first();
 }
 
 void PreviewWindow::comeToFront() {

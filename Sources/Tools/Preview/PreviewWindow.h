@@ -50,6 +50,7 @@ private:
     void mediaFailed();
     void dropMedia();
     void present(QWidget *view, const QSize &wanted);
+    [[nodiscard]] bool isOnShownDesktop();
     void comeToFront();
 
     XcbConnection m_connection;

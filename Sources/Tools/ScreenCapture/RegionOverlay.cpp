@@ -39,8 +39,8 @@ RegionOverlay::RegionOverlay(QImage picture, QList<QRect> displays, double scale
     m_font.setWeight(QFont::Medium);
     setTitle(QStringLiteral("Perchly capture"));
     setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
-             Qt::BypassWindowManagerHint | Qt::WindowTransparentForInput);
-    setCursor(Qt::CrossCursor);
+             Qt::BypassWindowManagerHint);
+    setCursor(Qt::CrossCursor); // shown while the pointer is grabbed, too
     setGeometry(m_picture.rect());
 }
 

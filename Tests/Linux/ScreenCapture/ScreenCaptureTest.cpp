@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include <memory>
+#include <xcb/xfixes.h>
 
 using namespace perchly;
 
@@ -112,13 +113,16 @@ private Q_SLOTS:
     }
 
     void escapeLeavesNothing() {
+        const QByteArray arrow = cursor();
         start();
         QVERIFY(overlayIsThere());
+        QTRY_VERIFY(cursor() != arrow); // a cross
         m_person.pressButton();
         m_person.movePointer({300, 300});
         m_person.typeKey(escapeKey);
         m_person.releaseButton();
         QTRY_COMPARE(m_status.value_or(0), 1);
+        QTRY_COMPARE(cursor(), arrow);
         QVERIFY(!QFile::exists(m_path));
     }
 
@@ -155,6 +159,18 @@ private Q_SLOTS:
 private:
     void start() {
         m_run = m_capture.captureRegion(m_path, [this](int status) { m_status = status; });
+    }
+
+    /// What the pointer looks like.
+    QByteArray cursor() const {
+        free(xcb_xfixes_query_version_reply(
+            m_person.get(), xcb_xfixes_query_version(m_person.get(), 2, 0), nullptr));
+        const XcbPointer<xcb_xfixes_get_cursor_image_reply_t> image(
+            xcb_xfixes_get_cursor_image_reply(
+                m_person.get(), xcb_xfixes_get_cursor_image(m_person.get()), nullptr));
+        return {
+            reinterpret_cast<const char *>(xcb_xfixes_get_cursor_image_cursor_image(image.get())),
+            xcb_xfixes_get_cursor_image_cursor_image_length(image.get()) * 4};
     }
 
     /// Whether something lies over the pattern.

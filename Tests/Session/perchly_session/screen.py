@@ -236,6 +236,9 @@ class Screen:
     def minimize(self, window):
         self._message(window.id, "WM_CHANGE_STATE", [3, 0, 0, 0, 0])
 
+    def show_desktop(self, number):
+        self._message(self.root.id, "_NET_CURRENT_DESKTOP", [number, X.CurrentTime, 0, 0, 0])
+
     def activate(self, window_id):
         """Asks the window manager to give a window the keyboard, as a task bar does."""
         self._message(window_id, "_NET_ACTIVE_WINDOW", [2, X.CurrentTime, 0, 0, 0])
