@@ -197,7 +197,7 @@ void SearchResults::setEntries(Section section, Entries entries) {
         known.insert(entry.key, &entry);
     }
     for (Entry &entry : entries) {
-        entry.key.prepend(titles.at(size_t(section))); // different in all sections
+        entry.key.prepend(titles.at(size_t(section)) + u'/'); // different in all sections
         const Entry *before = known.value(entry.key);
         if (before != nullptr && before->text == entry.text) {
             entry.folded = before->folded;

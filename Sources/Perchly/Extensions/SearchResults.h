@@ -31,7 +31,7 @@ class SearchResults : public QAbstractListModel {
 public:
     enum Role {
         KindRole = Qt::UserRole, ///< "kind": "title", "app", "note", "clip", "snippet" or "held"
-        LabelRole,               ///< "label": no more of it than can be shown
+        LabelRole,               ///< "label": the whole note, else no more than can be shown
         TargetRole ///< "target": an application's path, a clip's id, a snippet's text, a URL
     };
 

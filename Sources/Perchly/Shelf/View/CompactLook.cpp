@@ -1,10 +1,13 @@
 #include "CompactLook.h"
 
+#include "ShownText.h"
+
 namespace perchly {
 
 CompactLook compactLook(const CompactFacts &facts) {
     if (!facts.busyShortcut.isNull()) {
-        return {QStringLiteral("bolt.fill"), QStringLiteral("Running"), facts.busyShortcut};
+        return {QStringLiteral("bolt.fill"), QStringLiteral("Running"),
+                inOneLine(facts.busyShortcut)};
     }
     if (facts.timerRuns) {
         return {QStringLiteral("timer"), minutesAndSeconds(facts.seconds), QStringLiteral("Focus")};
