@@ -16,6 +16,12 @@ Item {
     signal chosen(int index)
     signal closed()
 
+    /// Chooses by a key, unless it is the one that opened the list and is still held.
+    function choose(event: KeyEvent) {
+        if (!event.isAutoRepeat && list.currentIndex >= 0) {
+            root.chosen(list.currentIndex);
+        }
+    }
     /// Goes to the next option that begins with what was typed.
     function find(typed: var) {
         const wanted = typed.toLocaleLowerCase();
@@ -117,7 +123,7 @@ Item {
 
             Keys.onBacktabPressed: root.closed()
             Keys.onDownPressed: list.incrementCurrentIndex()
-            Keys.onEnterPressed: root.chosen(list.currentIndex)
+            Keys.onEnterPressed: event => root.choose(event)
             Keys.onEscapePressed: root.closed()
             Keys.onPressed: event => {
                 if (event.key === Qt.Key_Home) {
@@ -131,8 +137,8 @@ Item {
                 }
                 event.accepted = true;
             }
-            Keys.onReturnPressed: root.chosen(list.currentIndex)
-            Keys.onSpacePressed: root.chosen(list.currentIndex)
+            Keys.onReturnPressed: event => root.choose(event)
+            Keys.onSpacePressed: event => root.choose(event)
             Keys.onTabPressed: root.closed()
             Keys.onUpPressed: list.decrementCurrentIndex()
 

@@ -46,6 +46,8 @@ Flickable {
     }
 
     WheelHandler {
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+
         onWheel: wheel => {
             const last = root.contentHeight - root.height;
             root.contentY = Math.max(0, Math.min(last, root.contentY - wheel.angleDelta.y / 4));

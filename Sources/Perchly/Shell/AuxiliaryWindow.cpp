@@ -91,7 +91,9 @@ void AuxiliaryWindow::keyPressEvent(QKeyEvent *event) {
                         (event->key() == Qt::Key_W && event->modifiers() == Qt::ControlModifier);
     if (closes && !event->isAccepted()) {
         event->accept();
-        close();
+        if (!event->isAutoRepeat()) { // what is held closed something inside
+            close();
+        }
     }
 }
 

@@ -37,6 +37,9 @@ bool AppDelegate::handleShelfKey(const KeyPress &press) {
     if (!m_hosts.panel->hasKeyboard()) {
         return false;
     }
+    if (press.key == Qt::Key_Escape && press.isRepeat) {
+        return true; // one press closes one thing
+    }
     if (!m_model.controlError().isEmpty() && press.key == Qt::Key_Escape) {
         m_model.clearControlError();
         return true;
