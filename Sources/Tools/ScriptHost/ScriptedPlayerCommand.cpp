@@ -4,6 +4,7 @@
 #include "PlayerBus.h"
 
 #include <algorithm>
+#include <chrono>
 #include <thread>
 
 namespace perchly {
@@ -13,6 +14,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr double seekSpan = 15;
+constexpr auto longestObeying = 1s; // the process has four
 
 std::vector<Player> ask(PlayerBus &bus, const std::vector<std::string> &names) {
     return bus.read(names, 0us, 1s, [](const std::vector<Player> &) { return false; });
@@ -54,7 +56,8 @@ bool perform(PlayerBus &bus, const Player &player, ScriptedCommand command) {
 /// Players answer a command first and then obey it: their state is given a moment to follow.
 Playback playbackAfter(PlayerBus &bus, const Player &player, ScriptedCommand command) {
     Playback now = player.playback;
-    for (int attempt = 0; attempt < 10; ++attempt) {
+    const auto end = std::chrono::steady_clock::now() + longestObeying;
+    do {
         const std::vector<Player> players = ask(bus, {player.busName});
         if (!players.front().answered) {
             break;
@@ -64,7 +67,7 @@ Playback playbackAfter(PlayerBus &bus, const Player &player, ScriptedCommand com
             break;
         }
         std::this_thread::sleep_for(30ms);
-    }
+    } while (std::chrono::steady_clock::now() < end);
     return now;
 }
 
