@@ -9,10 +9,6 @@ Item {
     property alias spacing: column.spacing
     default property alias content: column.data
 
-    function scrollToTop() {
-        view.contentY = 0;
-    }
-
     /// Brings what is inside into view, once it has its place.
     function reveal(item: Item) {
         revealing.item = item;

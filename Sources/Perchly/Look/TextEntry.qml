@@ -11,7 +11,6 @@ FocusScope {
     /// Shown before the text.
     property string symbol: ""
     property alias text: input.text
-    property alias maximumLength: input.maximumLength
     readonly property alias input: input
 
     /// Return was pressed.

@@ -11,7 +11,6 @@ Item {
     required property real notchWidth
 
     readonly property real leftWidth: root.notchWidth > 0 ? 140 : 200
-    readonly property real rightWidth: root.notchWidth > 0 ? 140 : 90
 
     Symbol {
         id: symbol

@@ -13,7 +13,6 @@ PressButton {
 
     readonly property color tint: WidgetLook.color(root.widget)
     readonly property bool pinned: root.model.left === root.widget || root.model.right === root.widget
-    readonly property real faceScale: lift.value
 
     Accessible.description: root.pinned ? "Pinned" : ""
     focusInset: 0
