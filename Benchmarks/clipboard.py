@@ -20,6 +20,7 @@ from Xlib.protocol import event
 ROOT = Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(ROOT / "Tests" / "Session"))
 
+from measuring import high  # noqa: E402
 from perchly_session.session import Session  # noqa: E402
 from processes import cost_of_a_minute, proportional_megabytes  # noqa: E402
 
@@ -105,10 +106,8 @@ def measure(name, command, options):
         watcher.wait()
     finally:
         session.stop()
-    high = samples[int(len(samples) * 0.99)]
-    print(
-        f"{name:<12}{statistics.median(samples):>8.2f}{high:>8.2f}{missed:>8}{costs}"
-    )
+    times = f"{statistics.median(samples):>8.2f}{high(samples):>8.2f}" if samples else f"{'none':>16}"
+    print(f"{name:<12}{times}{missed:>8}{costs}")
 
 
 def main():

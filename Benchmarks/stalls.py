@@ -16,7 +16,10 @@ PERIOD = 0.0005
 def main():
     os.sched_setaffinity(0, {int(sys.argv[1])})
     # Above the sound system's own threads.
-    os.sched_setscheduler(0, os.SCHED_FIFO, os.sched_param(95))
+    try:
+        os.sched_setscheduler(0, os.SCHED_FIFO, os.sched_param(95))
+    except PermissionError:
+        sys.exit("stalls.py: needs the right to real-time scheduling, for example root's")
     longest = 0.0
     due = time.monotonic() + PERIOD
     while True:

@@ -1,11 +1,13 @@
 #!/bin/sh
-# Builds Perchly as people run it and measures it beside the machine's noise and other programs.
-# Arguments go to Benchmarks/benchmark.py, for example --rounds 20 --seconds 10.
+# Builds Perchly as people run it, with all that the programs in Benchmarks need, and measures it
+# beside the machine's noise and other programs. Arguments go to Benchmarks/benchmark.py, for example
+# --rounds 20 --seconds 10.
 set -eu
 cd "$(dirname "$0")/.."
 
 scripts/setup.sh
 cmake --preset release
-cmake --build --preset release --target perchly --target RingBenchmark
+cmake --build --preset release --target perchly RingBenchmark ApplicationsBenchmark \
+    PasteboardWatcher RouteBenchmark RouteProbe drag_source SelectionOwner
 build/release/Benchmarks/RingBenchmark
 exec /usr/bin/python3 -B Benchmarks/benchmark.py build/release/Sources/Perchly/Shell/perchly "$@"

@@ -4,7 +4,11 @@
 set -eu
 cd "$(dirname "$0")/.."
 
-scripts/setup.sh
+if [ -n "${DISPLAY:-}" ]; then
+    scripts/setup.sh Building Running # and nothing that changes the desktop
+else
+    scripts/setup.sh Building Running Testing
+fi
 if [ -z "${CMAKE_CXX_COMPILER_LAUNCHER:-}" ] && command -v ccache >/dev/null; then
     export CMAKE_CXX_COMPILER_LAUNCHER=ccache
 fi

@@ -1,9 +1,12 @@
 #!/bin/sh
-# Installs the Debian packages of packages.txt that are missing. Quick when none is.
+# setup.sh [SECTION…]: installs the Debian packages of packages.txt that are missing, of these of its
+# sections only (Building, Running, Checking, Testing, Measuring), or of all. Quick when none is.
 set -eu
 cd "$(dirname "$0")/.."
 
-wanted=$(grep -v -e '^#' -e '^$' scripts/packages.txt)
+wanted=$(awk -v sections=" $* " '
+    /^# (Build|Runn|Check|Test|Measur)ing/ { name = $2; sub(/:/, "", name); on = index(sections, " " name " ") }
+    /^[^#]/ && (on || sections == "  ")' scripts/packages.txt)
 if ! command -v dpkg-query >/dev/null; then
     echo "setup: this is not a Debian system. Install what corresponds to these packages:" >&2
     echo "$wanted" >&2

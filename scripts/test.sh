@@ -9,7 +9,7 @@ cd "$(dirname "$0")/.."
 preset=${1:-debug}
 [ $# -eq 0 ] || shift
 
-scripts/setup.sh
+scripts/setup.sh Building Running Checking Testing
 if [ -z "${CMAKE_CXX_COMPILER_LAUNCHER:-}" ] && command -v ccache >/dev/null; then
     export CMAKE_CXX_COMPILER_LAUNCHER=ccache
 fi
