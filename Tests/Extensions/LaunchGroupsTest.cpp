@@ -102,8 +102,6 @@ private Q_SLOTS:
             << QByteArray(document).replace("\"file:///a%20b/c.desktop\"", "1");
         QTest::newRow("half an address")
             << QByteArray(document).replace("file:///a%20b/c.desktop", "c.desktop");
-        QTest::newRow("another form of identifier")
-            << QByteArray(document).replace("6f9619ff-", "");
         QTest::newRow("a number for a name") << QByteArray(document).replace("\"Work ✓\"", "1");
     }
 

@@ -86,9 +86,15 @@ class PreviewTest(SessionCase):
             stdin=subprocess.PIPE,
             stderr=subprocess.DEVNULL,
         )
-        self.addCleanup(self.preview.wait)
+        self.addCleanup(self._end_preview, self.preview)
         self.addCleanup(self.preview.stdin.close)
         self.ask()
+
+    def _end_preview(self, preview):
+        try:
+            preview.wait(10)
+        finally:
+            preview.kill()
 
     def ask(self, toggle=False):
         request = {"items": self.urls, "index": 0, "toggle": toggle}

@@ -5,7 +5,6 @@ import time
 from pathlib import Path
 
 from perchly_session.case import main
-from perchly_session.clipboard import pasted
 from perchly_session.waiting import wait_until
 from perchly_session.workspace import SECTIONS, WorkspaceCase
 
@@ -111,30 +110,6 @@ class ExtrasTest(WorkspaceCase):
         self.go_to(choice)
         self.screen.key("space")
         wait_until(lambda: self.screen.focus() == self.window.id, "the keyboard back")
-
-    def test_snippets_outlive_the_program_only_if_they_are_to(self):
-        self.open_workspace("Snippets")
-        self.type_into("New snippet", "hello")
-        self.screen.key("Return")
-        self.press("Copy", "hello")
-        self.assertEqual(pasted(self.session), "hello")
-        self.assertNotIn("pinnedSnippets", self.session.preferences())
-        self.restart()
-        self.assertEqual(self.rows(), [])
-        self.press("Keep pinned snippets after quitting")
-        self.type_into("New snippet", "again")
-        self.screen.key("Return")
-        self.tree.find("again", "list item")
-        self.restart()
-        self.tree.find("again", "list item")
-        self.press("Keep pinned snippets after quitting")
-        wait_until(lambda: "pinnedSnippets" not in self.session.preferences(), "nothing stored")
-
-    def restart(self):
-        self.program.stop()
-        self.run_program()
-        self.open_window()
-        self.choose_section("Snippets")
 
 
 if __name__ == "__main__":

@@ -40,7 +40,7 @@ class WindowTest(SessionCase):
             shortcuts, {"Settings…": [["Control", ","]], "Quit Perchly": [["Control", "Q"]]}
         )
 
-    def test_the_status_item_opens_each_window_with_its_title_and_size(self):
+    def test_the_status_item_opens_each_window_and_opens_it_again(self):
         self.start_with_status_item()
         for entry, window in (
             ("Workspace…", WORKSPACE),
@@ -50,13 +50,6 @@ class WindowTest(SessionCase):
         ):
             with self.subTest(entry=entry):
                 self.open_shelf()
-                self.item.choose(entry)
-                self.expect_window(*window)
-
-    def test_a_closed_or_minimized_window_is_shown_again(self):
-        self.start_with_status_item()
-        for entry, window in (("Workspace…", WORKSPACE), ("Volume Mixer…", MIXER)):
-            with self.subTest(entry=entry):
                 self.item.choose(entry)
                 first = self.expect_window(*window)
                 for put_away in (self.screen.close_window, self.screen.minimize):

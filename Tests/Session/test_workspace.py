@@ -17,24 +17,6 @@ class WorkspaceTest(WorkspaceCase):
         self.addCleanup(ClipboardOwner(self.session, *offers).close)
         time.sleep(1)  # within which the history has looked
 
-    def test_a_layout_is_saved_applied_after_a_restart_and_deleted(self):
-        self.open_workspace("Layouts")
-        self.type_into("Layout name, e.g. Work", "work")
-        self.press("Save current")
-        self.tree.find("work", "list item")
-        self.program.stop()
-        self.session.store(rightWidget="Calendar", favoritesOnly=True)
-        self.run_program()
-        self.open_window()
-        self.choose_section("Layouts")
-        self.press("Apply", "work")
-        wait_until(
-            lambda: self.session.preferences()["rightWidget"] == "Focus timer", "the pinned widget"
-        )
-        self.assertIs(self.session.preferences()["favoritesOnly"], False)
-        self.press("Delete", "work")
-        wait_until(lambda: not self.tree.look_for("work", "list item"), "the layout gone")
-
     def test_what_other_programs_copy_is_listed_and_copied_back(self):
         self.open_workspace("Clipboard")
         self.press("Enable clipboard history for this session")

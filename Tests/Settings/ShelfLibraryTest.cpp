@@ -75,9 +75,6 @@ private Q_SLOTS:
         QTest::addColumn<PreferenceValue>("stored");
         QTest::newRow("a string instead of data") << PreferenceValue(QStringLiteral("[]"));
         QTest::newRow("a torn document") << PreferenceValue(QByteArray("[{\"id\":"));
-        QTest::newRow("one element that lacks its favourite flag") << PreferenceValue(
-            QByteArray(R"([{"id":"a","name":"A","visible":true,"favorite":false},)"
-                       R"({"id":"b","name":"B","visible":true}])"));
     }
 
     void whatCannotBeReadIsReplacedByTheWidgets() {

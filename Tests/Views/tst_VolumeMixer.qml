@@ -98,16 +98,6 @@ ViewTestCase {
         mouseRelease(slider, slider.width * 0.25, middle);
     }
 
-    function test_messagesStay() {
-        root.open(["Music"]);
-        root.audio.refuse();
-        root.press("Enable");
-        const message = "AlertMessage: Cannot create private audio route (-50).";
-        verify(root.has(message));
-        root.audio.advance(10);
-        verify(root.has(message));
-    }
-
     name: "VolumeMixer"
     width: 700
     height: 600

@@ -30,8 +30,12 @@ class SessionCase(unittest.TestCase):
     PERCHLY_WINDOW_MANAGER names, and shows what went on when the test fails."""
 
     maxDiff = None
+    session = None
 
     def start_session(self, **options):
+        """Ends the session that the test had before."""
+        if self.session:
+            self._end_session(self.session)
         options.setdefault("window_manager", default_window_manager())
         self.session = Session(os.environ["PERCHLY_PROGRAM"], **options)
         self.addCleanup(self._end_session, self.session)
@@ -136,6 +140,8 @@ class SessionCase(unittest.TestCase):
     # Endings
 
     def _end_session(self, session):
+        if session.ended:
+            return
         failed = not self._outcome.success
         try:
             if failed:
@@ -147,6 +153,7 @@ class SessionCase(unittest.TestCase):
                 for report in SANITIZER_REPORTS:
                     self.assertNotIn(report, program.errors())
         finally:
+            session.ended = True
             session.stop()
 
     def _report(self, session):
