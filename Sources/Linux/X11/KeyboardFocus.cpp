@@ -43,6 +43,7 @@ xcb_window_t KeyboardFocus::current() {
 }
 
 void KeyboardFocus::take(xcb_window_t window) {
+    m_retry.stop();
     m_leave.stop();
     const xcb_window_t holder = current();
     if (holder == window) {

@@ -46,6 +46,18 @@ private Q_SLOTS:
         QCOMPARE(m_focus.current(), m_panel);
     }
 
+    void anActivationUnderWayEndsWhenThePanelTakesIt() {
+        const xcb_window_t late = m_client.makeWindow({100, 600, 100, 50}, XClient::Managed::No);
+        m_focus.activate(late);
+        QTest::qWait(250); // the window manager does not know the window
+        m_focus.take(m_panel);
+        QCOMPARE(m_focus.current(), m_panel);
+        show(late);
+        QTest::qWait(200);
+        QCOMPARE(m_focus.current(), m_panel);
+        xcb_destroy_window(m_client.get(), late);
+    }
+
 private:
     void show(xcb_window_t window) const {
         xcb_map_window(m_client.get(), window);
