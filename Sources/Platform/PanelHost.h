@@ -46,8 +46,8 @@ public:
     /// Shows one of the program's ordinary windows, above the others and with the keyboard.
     virtual void activate(QWindow *window) = 0;
 
-    /// Whether windows can be transparent here. Without it the panel has no shadow and square
-    /// paint.
+    /// Whether windows can be transparent here. Without it the panel has no shadow, and the edge of
+    /// its shape has whole pixels.
     [[nodiscard]] virtual bool isComposited() const = 0;
 
     /// Where a place on the screen is that the toolkit names (its points, y down): the place of a

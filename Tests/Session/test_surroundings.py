@@ -1,7 +1,9 @@
 """The program runs with what the desktop has and does without what it has not."""
 
+import shutil
 import socket
 import time
+from pathlib import Path
 
 from Xlib import X
 
@@ -9,6 +11,7 @@ from perchly_session.case import SessionCase, default_window_manager, main
 from perchly_session.picture import near
 from perchly_session.waiting import wait_until, wait_while
 
+SYMBOLIC_ICON = Path(__file__).parents[2] / "Packaging/org.perchly.Perchly-symbolic.svg"
 OTHER_BLUE = (0x30, 0x50, 0xA0)
 
 
@@ -104,6 +107,26 @@ class SurroundingsTest(SessionCase):
             self.assertEqual(len(self.session.status_item().menu()), 6)
             watcher.kill()
             watcher.wait()
+
+    def test_the_status_icon_shows_on_any_panel(self):
+        for installed in (False, True):
+            with self.subTest(installed=installed):
+                self.start_session(status_watcher=True)
+                if installed:
+                    data = Path(self.session.environment["XDG_DATA_HOME"])
+                    icons = data / "icons/hicolor/symbolic/apps"
+                    icons.mkdir(parents=True)
+                    shutil.copy(SYMBOLIC_ICON, icons)
+                self.run_program()
+                item = self.session.status_item()
+                name = SYMBOLIC_ICON.stem if installed else ""
+                self.assertEqual(item.property("IconName"), name)
+                # For panels that know no names: light on dark.
+                pictures = {width: bytes(data) for width, _, data in item.property("IconPixmap")}
+                pixels = pictures[22]
+                opaque = [pixels[i : i + 4] for i in range(0, len(pixels), 4) if pixels[i] > 200]
+                self.assertGreater(sum(max(pixel[1:]) < 64 for pixel in opaque), 100)
+                self.assertGreater(sum(min(pixel[1:]) > 200 for pixel in opaque), 10)
 
     def test_without_a_bus_the_icon_is_docked_in_a_tray(self):
         self.start(bus=False)

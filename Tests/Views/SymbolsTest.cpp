@@ -33,20 +33,23 @@ private Q_SLOTS:
             QVERIFY(run.glyphIndexes().constFirst() != 0);
             QCOMPARE(run.rawFont().familyName(), SymbolTable::family());
         }
-        const QIcon icon = symbolIcon(name, QColor(Qt::green));
+        const QIcon icon = platedSymbolIcon(name);
         for (const int side : {16, 22, 64}) {
             const QImage image = icon.pixmap(side, side).toImage();
             QCOMPARE(image.size(), QSize(side, side));
             int inked = 0;
+            int plate = 0;
             for (int y = 0; y < side; ++y) {
                 for (int x = 0; x < side; ++x) {
                     const QColor pixel = image.pixelColor(x, y);
-                    inked += pixel.alpha() > 127 ? 1 : 0;
+                    inked += pixel.alpha() > 127 && pixel.lightness() > 127 ? 1 : 0;
+                    plate += pixel.alpha() > 127 && pixel.lightness() < 64 ? 1 : 0;
                     const bool rim = x == 0 || y == 0 || x == side - 1 || y == side - 1;
                     QVERIFY2(!rim || pixel.alpha() == 0, "the symbol is cut off");
                 }
             }
-            QVERIFY2(inked > side * side / 50, "the symbol is hardly visible");
+            QVERIFY2(inked > side * side / 80, "the symbol is hardly visible");
+            QVERIFY2(plate > side * side / 4, "the symbol has no ground to show on");
         }
     }
 
@@ -54,7 +57,7 @@ private Q_SLOTS:
         QTest::ignoreMessage(QtWarningMsg, "There is no symbol named \"no.such.symbol\"");
         QVERIFY(SymbolTable::glyphText(QStringLiteral("no.such.symbol")).isEmpty());
         QTest::ignoreMessage(QtWarningMsg, "There is no symbol named \"no.such.symbol\"");
-        QVERIFY(symbolIcon(QStringLiteral("no.such.symbol")).isNull());
+        QVERIFY(platedSymbolIcon(QStringLiteral("no.such.symbol")).isNull());
     }
 };
 

@@ -57,6 +57,18 @@ ShelfTestCase {
         compare(root.fixture.model.right, "Focus timer");
     }
 
+    function test_aChooserEndsWithWhatItBelongsTo() {
+        root.open("top");
+        root.expand();
+        root.press("Pin Focus timer");
+        verify(root.fixture.choosingWidget());
+        root.fixture.fill(["Clock"], []);
+        tryVerify(() => !root.fixture.choosingWidget());
+        verify(!root.view.choosing);
+        verify(!root.has("PopupMenu: Pin Focus timer"));
+        compare(root.fixture.takeCalls(), ["takeKeyboard", "returnKeyboard"]);
+    }
+
     function test_aChooserIsUsedWithTheKeyboard() {
         root.open("top");
         root.expand();

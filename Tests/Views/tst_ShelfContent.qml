@@ -144,5 +144,16 @@ ShelfTestCase {
         mouseRelease(root.view, 100, 15);
     }
 
+    function test_aTooltipFollowsItsTextHoweverLong() {
+        root.open("top");
+        mouseMove(root.view, 100, 15);
+        tryVerify(() => root.fixture.toolTips().length > 0, 2000);
+        compare(root.fixture.toolTips(), ["Perchly · Ready"]);
+        const title = "A title of many words ".repeat(20) + "unbreakable".repeat(60);
+        root.fixture.setMedia({ active: true, playing: true, title: title });
+        compare(root.fixture.toolTips().length, 1);
+        verify(root.fixture.toolTips()[0].startsWith("A title of many words"), root.fixture.toolTips()[0]);
+    }
+
     name: "ShelfContent"
 }

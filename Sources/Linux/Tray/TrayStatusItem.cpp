@@ -1,11 +1,28 @@
 #include "TrayStatusItem.h"
 
+#include "NamedIcon.h"
 #include "TrayFinder.h"
 
 #include <QApplication>
 #include <QCursor>
+#include <QStandardPaths>
 
 namespace perchly {
+
+namespace {
+
+/// The name of the symbolic icon that belongs to the desktop entry; empty if it is not installed
+/// where every icon theme finds it.
+QString symbolicIconName() {
+    const QString name = QGuiApplication::desktopFileName() + QStringLiteral("-symbolic");
+    const QString file =
+        QStringLiteral("icons/hicolor/symbolic/apps/") + name + QStringLiteral(".svg");
+    const bool isInstalled =
+        !QStandardPaths::locate(QStandardPaths::GenericDataLocation, file).isEmpty();
+    return isInstalled ? name : QString();
+}
+
+} // namespace
 
 TrayStatusItem::TrayStatusItem(const QDBusConnection &bus)
     : m_bus(bus) {}
@@ -46,7 +63,9 @@ void TrayStatusItem::fillMenu(const QList<StatusMenuEntry> &entries) {
 }
 
 void TrayStatusItem::makeTrayIcon() {
-    m_trayIcon = std::make_unique<QSystemTrayIcon>(m_icon);
+    const QString name = symbolicIconName();
+    m_trayIcon =
+        std::make_unique<QSystemTrayIcon>(name.isEmpty() ? m_icon : namedIcon(name, m_icon));
     m_trayIcon->setToolTip(m_accessibleName);
     m_trayIcon->setContextMenu(m_menu.get());
     QObject::connect(m_trayIcon.get(), &QSystemTrayIcon::activated, m_menu.get(),

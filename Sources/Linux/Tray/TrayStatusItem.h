@@ -14,7 +14,8 @@ namespace perchly {
 class TrayFinder;
 
 /// The status item by the toolkit's tray icon, made when a panel that shows it is there; restarts
-/// of that panel are the toolkit's to follow. It needs a QApplication and does nothing without.
+/// of that panel are the toolkit's to follow. A panel may put the installed symbolic icon in the
+/// place of the picture. It needs a QApplication and does nothing without.
 class TrayStatusItem : public StatusItem {
 public:
     /// The session bus, connected or not.

@@ -31,7 +31,9 @@ void CompositorWatch::begin() {
     }
     const auto owner = m_connection.reply<xcb_get_selection_owner_reply_t>(
         xcb_get_selection_owner(m_connection.get(), m_selection));
-    setRunning(owner && owner->owner != XCB_WINDOW_NONE);
+    if (owner) {
+        setRunning(owner->owner != XCB_WINDOW_NONE);
+    }
 }
 
 void CompositorWatch::handleEvent(const xcb_generic_event_t *event) {

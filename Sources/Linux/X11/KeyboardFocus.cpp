@@ -43,6 +43,7 @@ xcb_window_t KeyboardFocus::current() {
 }
 
 void KeyboardFocus::take(xcb_window_t window) {
+    m_retry.stop();
     m_leave.stop();
     const xcb_window_t holder = current();
     if (holder == window) {
@@ -84,6 +85,8 @@ void KeyboardFocus::retakeFromNobody(xcb_window_t window) {
     }
 }
 
+// A window manager puts the focus aside on an unmanaged window of its own. Some toolkits hold
+// theirs out of sight as well, but on a window inside one that the person sees.
 bool KeyboardFocus::isNobody(xcb_window_t holder) {
     if (holder == XCB_WINDOW_NONE || holder == XCB_INPUT_FOCUS_POINTER_ROOT ||
         holder == m_connection.root()) {
@@ -92,9 +95,15 @@ bool KeyboardFocus::isNobody(xcb_window_t holder) {
     if (!m_connection.isAlive()) {
         return false;
     }
-    const auto place =
-        m_connection.reply<xcb_get_geometry_reply_t>(xcb_get_geometry(m_connection.get(), holder));
-    return place && (place->x + place->width <= 0 || place->y + place->height <= 0);
+    const auto treeCookie = xcb_query_tree(m_connection.get(), holder);
+    const auto attributesCookie = xcb_get_window_attributes(m_connection.get(), holder);
+    const auto placeCookie = xcb_get_geometry(m_connection.get(), holder);
+    const auto tree = m_connection.reply<xcb_query_tree_reply_t>(treeCookie);
+    const auto attributes = m_connection.reply<xcb_get_window_attributes_reply_t>(attributesCookie);
+    const auto place = m_connection.reply<xcb_get_geometry_reply_t>(placeCookie);
+    return tree && attributes && place && tree->parent == m_connection.root() &&
+           attributes->override_redirect &&
+           (place->x + place->width <= 0 || place->y + place->height <= 0);
 }
 
 void KeyboardFocus::activate(xcb_window_t window) {

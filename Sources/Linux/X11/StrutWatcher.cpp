@@ -67,7 +67,11 @@ void StrutWatcher::refresh() {
     }
     const auto geometry = xcb_get_geometry(m_connection.get(), m_connection.root());
     const QList<quint32> list = m_connection.property(m_connection.root(), m_clientList);
-    if (const auto answer = m_connection.reply<xcb_get_geometry_reply_t>(geometry)) {
+    const auto answer = m_connection.reply<xcb_get_geometry_reply_t>(geometry);
+    if (m_connection.isBehind()) {
+        return; // what is known stands until all is read anew
+    }
+    if (answer) {
         m_xScreenSize = QSize(answer->width, answer->height);
     }
 
@@ -97,10 +101,10 @@ void StrutWatcher::readStruts(const QList<xcb_window_t> &windows) {
         const QList<quint32> partial = m_connection.property(requests[i].first);
         const QList<quint32> whole = m_connection.property(requests[i].second);
         const Strut strut = Strut::fromProperties(partial, whole);
-        if (strut.isEmpty()) {
-            m_struts.remove(windows[i]);
-        } else {
+        if (!strut.isEmpty()) {
             m_struts.insert(windows[i], strut);
+        } else if (!m_connection.isBehind()) {
+            m_struts.remove(windows[i]);
         }
     }
 }

@@ -7,9 +7,6 @@ namespace {
 // A change of the layout arrives as a burst.
 constexpr std::chrono::milliseconds settleTime{50};
 
-// Between two questions to a busy server.
-constexpr std::chrono::milliseconds busyTime{1000};
-
 constexpr quint16 chordModifiers = XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1 |
                                    XCB_MOD_MASK_2 | XCB_MOD_MASK_3 | XCB_MOD_MASK_4 |
                                    XCB_MOD_MASK_5;
@@ -21,9 +18,6 @@ X11HotKeys::X11HotKeys(QObject *parent)
     m_keyboardChange.setSingleShot(true);
     m_keyboardChange.setInterval(settleTime);
     connect(&m_keyboardChange, &QTimer::timeout, this, &X11HotKeys::followKeyboardChange);
-    m_again.setSingleShot(true);
-    m_again.setInterval(busyTime);
-    connect(&m_again, &QTimer::timeout, this, &X11HotKeys::grabAnew);
     connect(&m_connection, &XcbConnection::eventArrived, this, &X11HotKeys::handleEvent);
     connect(&m_connection, &XcbConnection::restored, this, &X11HotKeys::grabAnew);
     m_keyboard = readKeyboard().value_or(KeyboardMap());
@@ -130,11 +124,7 @@ std::optional<KeyboardMap> X11HotKeys::readKeyboard() {
 }
 
 std::optional<bool> X11HotKeys::grab(Registration &registration) {
-    if (!m_connection.isAlive()) {
-        return std::nullopt;
-    }
-    if (m_keyboard.keysyms.isEmpty()) {
-        m_again.start();
+    if (!m_connection.isAlive() || m_keyboard.keysyms.isEmpty()) {
         return std::nullopt;
     }
     const auto keycode = m_keyboard.keycodeFor(registration.chord.key);
@@ -152,9 +142,7 @@ std::optional<bool> X11HotKeys::grab(Registration &registration) {
     }
     const std::optional<bool> granted = m_connection.succeeded(cookies);
     registration.isHeld = granted.value_or(true); // it is granted when the server comes to it
-    if (!granted) {
-        m_again.start();
-    } else if (!*granted) {
+    if (granted == false) {
         release(registration);
     }
     return granted;

@@ -46,7 +46,6 @@ private:
     KeyboardMap m_keyboard;
     QMap<int, Registration> m_registrations;
     QTimer m_keyboardChange;
-    QTimer m_again;
 };
 
 } // namespace perchly

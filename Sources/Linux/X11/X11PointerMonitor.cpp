@@ -37,10 +37,13 @@ void X11PointerMonitor::start() {
                              ? m_connection.reply<xcb_input_xi_query_version_reply_t>(
                                    xcb_input_xi_query_version(m_connection.get(), 2, 2))
                              : nullptr;
+    if (!version && m_connection.isBehind()) {
+        return; // this is called once more
+    }
+    m_seesMotion = version != nullptr;
+    updatePolling();
     if (!version) {
         qWarning("The X server has no XInput 2: the pointer is looked at from time to time.");
-        m_seesMotion = false;
-        m_poll.start();
         return;
     }
     m_inputOpcode = extension->major_opcode;
@@ -57,17 +60,17 @@ ScreenPoint X11PointerMonitor::position() const {
 }
 
 void X11PointerMonitor::setPolling(bool on) {
-    if (on == m_poll.isActive()) {
-        return;
-    }
-    if (!on) {
-        if (!m_seesMotion) {
-            return;
-        }
+    m_isPollingWanted = on;
+    updatePolling();
+}
+
+void X11PointerMonitor::updatePolling() {
+    const bool isNeeded = m_isPollingWanted || !m_seesMotion;
+    if (!isNeeded) {
         m_poll.stop();
-        return;
+    } else if (!m_poll.isActive()) {
+        m_poll.start();
     }
-    m_poll.start();
 }
 
 void X11PointerMonitor::handleEvent(const xcb_generic_event_t *event) {

@@ -25,6 +25,7 @@ private:
     void announce();
     void lookAgain();
     void poll();
+    void updatePolling();
     QPoint queryPosition() const;
 
     mutable XcbConnection m_connection;
@@ -32,6 +33,7 @@ private:
     quint8 m_inputOpcode = 0;
     bool m_hasMoved = false;  ///< since the last announcement
     bool m_seesMotion = true; ///< else only polling finds movement
+    bool m_isPollingWanted = false;
     QTimer m_rest;
     QTimer m_poll;
 };

@@ -17,6 +17,9 @@ namespace {
 
 constexpr std::chrono::milliseconds connectPatience{2000};
 constexpr std::chrono::milliseconds replyPatience{250};
+// What a server left lying comes first when it goes on; and one that is always slow is not asked
+// for everything again without a pause.
+constexpr std::chrono::milliseconds catchUpTime{500};
 constexpr quint32 longestProperty = 16384;
 
 } // namespace
@@ -26,6 +29,13 @@ XcbConnection::XcbConnection(const QByteArray &displayName, QObject *parent)
     , m_displayName(displayName) {
     m_retry.setSingleShot(true);
     connect(&m_retry, &QTimer::timeout, this, &XcbConnection::openAgain);
+    m_catchUp.setSingleShot(true);
+    m_catchUp.setInterval(catchUpTime);
+    connect(&m_catchUp, &QTimer::timeout, this, [this] {
+        if (isAlive() && !m_probe) {
+            Q_EMIT restored();
+        }
+    });
     if (!open(connectPatience)) {
         qWarning("The X server cannot be reached, or does not answer.");
         retryLater();
@@ -69,6 +79,8 @@ void XcbConnection::close() {
     }
     m_waiting.clear();
     m_atoms.clear();
+    m_probe.reset();
+    m_catchUp.stop();
 }
 
 void XcbConnection::openAgain() {
@@ -184,6 +196,10 @@ void XcbConnection::drain() {
     if (!self) {
         return;
     }
+    // The events may have been read together with the answer that ends a silence.
+    if (isAlive() && m_probe && !isMute()) {
+        keepQueuedEvents();
+    }
     // A closed socket is readable for ever.
     if (!isAlive()) {
         setListening(false);
@@ -199,13 +215,17 @@ void *XcbConnection::waitForReply(unsigned int sequence) {
         return nullptr;
     }
     xcb_flush(m_connection);
-    const QDeadlineTimer deadline(replyPatience);
+    const QDeadlineTimer deadline(isMute() ? std::chrono::milliseconds(0) : replyPatience);
     void *answer = nullptr;
     xcb_generic_error_t *error = nullptr;
     while (!xcb_poll_for_reply(m_connection, sequence, &answer, &error)) {
         const qint64 left = deadline.remainingTime();
         if (left <= 0) {
             xcb_discard_reply(m_connection, sequence);
+            if (!m_probe) {
+                m_probe = xcb_get_input_focus(m_connection).sequence;
+                xcb_flush(m_connection);
+            }
             break;
         }
         pollfd readable{xcb_get_file_descriptor(m_connection), POLLIN, 0};
@@ -214,6 +234,23 @@ void *XcbConnection::waitForReply(unsigned int sequence) {
     std::free(error);
     keepQueuedEvents();
     return answer;
+}
+
+// The answer to the probe makes the socket readable, so that nothing has to look for it in between.
+bool XcbConnection::isMute() {
+    if (!m_probe) {
+        return false;
+    }
+    void *answer = nullptr;
+    xcb_generic_error_t *error = nullptr;
+    if (!xcb_poll_for_reply(m_connection, *m_probe, &answer, &error)) {
+        return true;
+    }
+    std::free(answer);
+    std::free(error);
+    m_probe.reset();
+    m_catchUp.start();
+    return false;
 }
 
 // Events read while waiting for an answer no longer make the socket readable.

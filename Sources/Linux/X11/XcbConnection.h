@@ -19,18 +19,24 @@ class QSocketNotifier;
 namespace perchly {
 
 /// A host's own line to the X server, beside the toolkit's: events that the toolkit hides, and
-/// questions whose wait has an end. Nothing here waits longer than a quarter of a second; a server
-/// that does not answer, or is gone, gives empty answers. A connection that is lost while the
-/// server goes on, or is not there at first, is made anew. Main thread only.
+/// questions whose wait has an end. Once made, it waits no longer than a quarter of a second for a
+/// server that falls silent; until that speaks again, and when it is gone, answers are empty at
+/// once. A connection that is lost while the server goes on, or is not there at first, is made
+/// anew. Main thread only.
 class XcbConnection : public QObject {
     Q_OBJECT
 public:
-    /// Connects to the server named by DISPLAY, or to the given one.
+    /// Connects to the server named by DISPLAY, or to the given one. Waits up to two and a quarter
+    /// seconds for a server that accepts it and then says nothing.
     explicit XcbConnection(const QByteArray &displayName = {}, QObject *parent = nullptr);
     ~XcbConnection() override;
 
     /// False once the server refused the connection, and from when it closed it until `restored`.
     [[nodiscard]] bool isAlive() const;
+
+    /// From when the server left a question unanswered until `restored`: an empty answer means
+    /// nothing then.
+    [[nodiscard]] bool isBehind() const { return m_probe || m_catchUp.isActive(); }
 
     /// For sending requests. Null if the server could not be reached.
     [[nodiscard]] xcb_connection_t *get() const { return m_connection; }
@@ -72,8 +78,9 @@ Q_SIGNALS:
     /// All events that were there have been told.
     void drained();
 
-    /// The connection was lost, or could not be made at first, and is there again. The server has
-    /// forgotten everything that was selected or grabbed on the old one.
+    /// The server answers again: after a silence that left questions unanswered, or on a new
+    /// connection, where it has forgotten everything that was selected or grabbed on the old one.
+    /// All is to be set up as at first; what was set up before the silence still stands.
     void restored();
 
 private:
@@ -82,6 +89,7 @@ private:
     void openAgain();
     void retryLater();
     void *waitForReply(unsigned int sequence);
+    [[nodiscard]] bool isMute();
     void keepQueuedEvents();
 
     QByteArray m_displayName;
@@ -93,7 +101,9 @@ private:
     bool m_isDrainScheduled = false;
     QHash<QByteArray, xcb_atom_t> m_atoms;
     QTimer m_retry;
-    int m_retries = 0; ///< since the connection was lost
+    int m_retries = 0;                   ///< since the connection was lost
+    std::optional<unsigned int> m_probe; ///< the question whose answer ends a silence
+    QTimer m_catchUp;                    ///< from the end of a silence to `restored`
 };
 
 } // namespace perchly

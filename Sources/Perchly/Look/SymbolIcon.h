@@ -1,13 +1,12 @@
 #pragma once
 
-#include <QColor>
 #include <QIcon>
 #include <QString>
 
 namespace perchly {
 
-/// A symbol as an icon on a transparent ground, in the sizes that panels and menus ask for, 16 to
-/// 64 pixels. Null for an unknown name.
-[[nodiscard]] QIcon symbolIcon(const QString &name, const QColor &colour = QColor(Qt::white));
+/// A symbol in white on the dark plate of the program's own icon, so that it shows on any ground,
+/// in the sizes that panels ask for, 16 to 64 pixels. Null for an unknown name.
+[[nodiscard]] QIcon platedSymbolIcon(const QString &name);
 
 } // namespace perchly

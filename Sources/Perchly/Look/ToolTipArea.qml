@@ -3,6 +3,7 @@ import Perchly.Look
 
 /// Gives its parent a tooltip: after the pointer has rested on it for a moment, the text appears in a
 /// small window of its own, since the collapsed shelf has no room for one. Until then there is none.
+/// What it says follows the text.
 Item {
     id: root
 
@@ -26,6 +27,8 @@ Item {
     onTextChanged: {
         if (root.text === "") {
             root.dismiss();
+        } else if (root.shown && window.item) {
+            (window.item as ToolTipWindow).present(root, root.text, root.side);
         }
     }
     onVisibleChanged: root.dismiss()

@@ -7,9 +7,13 @@ Window {
 
     readonly property alias text: label.text
     readonly property int gap: 8
+    readonly property int padding: 10
+    /// How wide a line may be; a longer text has several.
+    property real widest: 0
 
     /// Shows the text beside the item, inside the item's display.
     function present(item: Item, text: string, side: int) {
+        root.widest = Math.min(460, item.Screen.width - 2 * root.padding);
         label.text = text;
         const topLeft = item.mapToGlobal(0, 0);
         const bottomRight = item.mapToGlobal(item.width, item.height);
@@ -34,9 +38,9 @@ Window {
 
     color: Theme.floating
     flags: Qt.ToolTip | Qt.FramelessWindowHint | Qt.WindowDoesNotAcceptFocus | Qt.WindowTransparentForInput
-    height: Math.ceil(label.implicitHeight) + 10
+    height: Math.ceil(label.implicitHeight) + root.padding
     visible: false
-    width: Math.ceil(label.implicitWidth) + 20
+    width: Math.ceil(label.width) + 2 * root.padding
 
     Rectangle {
         anchors.fill: parent
@@ -50,5 +54,8 @@ Window {
 
         anchors.centerIn: parent
         font.pixelSize: 11
+        maximumLineCount: 4
+        width: Math.min(implicitWidth, root.widest)
+        wrapMode: Text.Wrap
     }
 }

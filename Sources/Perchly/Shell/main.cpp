@@ -47,7 +47,7 @@ int main(int argc, char **argv) {
     Hosts hosts = makeHosts();
     AppDelegate delegate(
         hosts,
-        {.statusIcon = symbolIcon(QStringLiteral("square.stack.3d.up")),
+        {.statusIcon = platedSymbolIcon(QStringLiteral("square.stack.3d.up")),
          .shelfView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Shelf/ShelfView.qml")),
          .settingsView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Settings/ShelfSettings.qml")),
          .toolsView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Productivity/ProductivityView.qml")),

@@ -2,6 +2,7 @@
 #include "OwnServer.h"
 
 #include <QTest>
+#include <X11/keysym.h>
 
 #include <optional>
 
@@ -11,14 +12,16 @@ namespace {
 
 const Chord chord{.key = Qt::Key_Space, .modifiers = Modifier::Control | Modifier::Option};
 
+constexpr quint8 spaceKey = 65;
+constexpr quint8 pauseKey = 127;
+
 /// Whether another program may not have the chord.
-bool isTaken(XcbConnection &other) {
-    constexpr quint8 space = 65;
+bool isTaken(XcbConnection &other, quint8 keycode = spaceKey) {
     constexpr quint16 modifiers = XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1;
     const bool refused =
-        other.succeeded({xcb_grab_key_checked(other.get(), 1, other.root(), modifiers, space,
+        other.succeeded({xcb_grab_key_checked(other.get(), 1, other.root(), modifiers, keycode,
                                               XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC)}) == false;
-    xcb_ungrab_key(other.get(), space, other.root(), modifiers);
+    xcb_ungrab_key(other.get(), keycode, other.root(), modifiers);
     other.flush();
     return refused;
 }
@@ -53,6 +56,26 @@ private Q_SLOTS:
         QTest::qWait(1500); // also when it was asked once more
         QVERIFY(isTaken(other));
         QVERIFY(!keys->registerChord(2, {.key = Qt::Key_F35, .modifiers = {}}));
+    }
+
+    void aBusyServerTellsOfANewLayoutLater() {
+        const OwnServer server;
+        qputenv("DISPLAY", server.name());
+        XcbConnection other;
+        X11HotKeys keys;
+        QVERIFY(keys.registerChord(1, chord));
+        QVERIFY(isTaken(other));
+        const auto assign = [&](quint8 keycode, xcb_keysym_t keysym) {
+            xcb_change_keyboard_mapping(other.get(), 1, keycode, 1, &keysym);
+            QVERIFY(other.succeeded({}));
+        };
+        assign(spaceKey, XK_a);
+        assign(pauseKey, XK_space);
+        server.signal("-STOP");
+        QTest::qWait(500);
+        server.signal("-CONT");
+        QTRY_VERIFY(isTaken(other, pauseKey));
+        QVERIFY(!isTaken(other));
     }
 };
 

@@ -3,8 +3,8 @@ import Perchly.Look
 import Perchly.Stores
 
 /// Floats one chooser at a time above the open shelf, beside what it belongs to. While it does, the
-/// shelf does not close; Escape, a press elsewhere, another window's getting the keyboard, or the
-/// shelf's closing ends it.
+/// shelf does not close; Escape, a press elsewhere, another window's getting the keyboard, the
+/// shelf's closing, or the end of what it belongs to ends it.
 FocusScope {
     id: root
 
@@ -20,6 +20,7 @@ FocusScope {
 
     property rect anchorRect: Qt.rect(0, 0, 0, 0)
     property Item returnTo: null
+    property bool presented: false
     property bool borrowed: false
     property real cardWidth: 0
     readonly property real margin: 10
@@ -68,6 +69,7 @@ FocusScope {
     function present(anchor: Item, width: real) {
         root.returnTo = root.Window.activeFocusItem;
         const byKey = anchor.activeFocus && root.Window.active;
+        root.presented = true;
         root.anchorItem = anchor;
         root.cardWidth = width;
         const corner = root.mapFromItem(anchor, 0, 0);
@@ -84,9 +86,10 @@ FocusScope {
     }
 
     function close() {
-        if (!root.open) {
+        if (!root.presented) {
             return;
         }
+        root.presented = false;
         root.anchorItem = null;
         root.selectedWidget = "";
         root.focus = false;
@@ -103,6 +106,13 @@ FocusScope {
     }
 
     visible: root.open
+
+    onAnchorItemChanged: {
+        // What it belonged to is gone.
+        if (root.anchorItem === null) {
+            root.close();
+        }
+    }
 
     Component.onDestruction: root.close()
     Keys.onBacktabPressed: root.step(-1)
