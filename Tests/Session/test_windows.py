@@ -1,6 +1,6 @@
 """The status item, the toolbar and the program's three windows."""
 
-from perchly_session.case import SessionCase, main
+from perchly_session.case import TOGGLE, SessionCase, main
 from perchly_session.waiting import wait_until
 
 MENU = [
@@ -22,7 +22,7 @@ class WindowTest(SessionCase):
         self.item = self.session.status_item()
 
     def open_shelf(self):
-        self.screen.key("Control_L", "Alt_L", "space")
+        self.screen.key(*TOGGLE)
         self.expect_frame(self.expanded_frame(), "the shelf open")
 
     def expect_window(self, title, width, height):
@@ -52,6 +52,9 @@ class WindowTest(SessionCase):
                 self.open_shelf()
                 self.item.choose(entry)
                 first = self.expect_window(*window)
+                names, icon = self.screen.task_bar_facts(first)
+                self.assertIn("perchly", names)  # as the desktop entry says
+                self.assertGreater(icon, 16 * 16)
                 for put_away in (self.screen.close_window, self.screen.minimize):
                     put_away(first)
                     wait_until(lambda: not self.program.window(window[0]), "the window away")

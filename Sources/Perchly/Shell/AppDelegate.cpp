@@ -75,6 +75,7 @@ void AppDelegate::showStatusItem() {
 void AppDelegate::show(std::unique_ptr<AuxiliaryWindow> &window, const WindowContent &content) {
     if (!window) {
         window = std::make_unique<AuxiliaryWindow>(m_engine, content);
+        window->setIcon(m_resources.statusIcon);
     }
     // The window takes the keyboard from here, so it is not given back.
     m_keyboardOpen = false;

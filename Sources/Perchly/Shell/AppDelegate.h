@@ -32,7 +32,7 @@ struct KeyPress;
 
 /// What the shell shows but does not make itself. An empty view leaves its window without content.
 struct ShellResources {
-    QIcon statusIcon = {};
+    QIcon statusIcon = {}; ///< and the windows'
     QUrl shelfView = {};
     QUrl settingsView = {};
     QUrl toolsView = {};

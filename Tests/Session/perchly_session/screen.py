@@ -233,6 +233,12 @@ class Screen:
         """Asks the window manager to close a window, as the button in its title bar does."""
         self._message(window.id, "_NET_CLOSE_WINDOW", [X.CurrentTime, 2, 0, 0, 0])
 
+    def task_bar_facts(self, window):
+        """The class by which task bars find a window's entry, and how large its pictures are."""
+        resource = self.display.create_resource_object("window", window.id)
+        icon = resource.get_full_property(self.atom("_NET_WM_ICON"), X.AnyPropertyType)
+        return resource.get_wm_class(), len(icon.value) if icon else 0
+
     def minimize(self, window):
         self._message(window.id, "WM_CHANGE_STATE", [3, 0, 0, 0, 0])
 
