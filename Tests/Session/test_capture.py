@@ -4,12 +4,11 @@ import json
 import subprocess
 
 from perchly_session.accessibility import Accessibility
-from perchly_session.case import SessionCase, main
+from perchly_session.case import TOGGLE, SessionCase, main
 from perchly_session.picture import near
 from perchly_session.players import moving_picture
 from perchly_session.waiting import wait_until, wait_while
 
-TOGGLE = ("Control_L", "Alt_L", "space")
 TITLE = "Perchly Workspace"
 GREEN = (0, 128, 0)
 

@@ -3,7 +3,7 @@
 import json
 import time
 
-from perchly_session.case import SessionCase, main
+from perchly_session.case import TOGGLE, SessionCase, main
 from perchly_session.players import ScriptedPlayer
 from perchly_session.waiting import wait_until
 
@@ -140,7 +140,7 @@ class CardsTest(SessionCase):
         wait_until(traces[0].exists, "the application started")
         environment = wait_until(traces[0].read_text, "its environment")
         self.assertNotIn("QT_QPA", environment, "the program's own choices")
-        self.screen.key("Control_L", "Alt_L", "space")
+        self.screen.key(*TOGGLE)
         wait_until(lambda: self.screen.focus() == self.program.panel().id, "the keyboard")
         self.assertFalse(traces[1].exists())
         self.screen.key("Super_L", "2")

@@ -5,12 +5,11 @@ import time
 
 from Xlib import X
 
-from perchly_session.case import SessionCase, main
+from perchly_session.case import TOGGLE, SessionCase, main
 from perchly_session.other_programs import HotKeyHolder
 from perchly_session.screen import Screen
 from perchly_session.waiting import wait_until, wait_while
 
-TOGGLE = ("Control_L", "Alt_L", "space")
 SEARCH = ("Control_L", "Alt_L", "k")
 LOCK_KEYS = {"Caps_Lock": X.LockMask, "Num_Lock": X.Mod2Mask}
 

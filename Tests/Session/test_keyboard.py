@@ -2,10 +2,8 @@
 
 import time
 
-from perchly_session.case import SessionCase, main
+from perchly_session.case import TOGGLE, SessionCase, main
 from perchly_session.waiting import wait_until, wait_while
-
-TOGGLE = ("Control_L", "Alt_L", "space")
 
 
 class KeyboardTest(SessionCase):

@@ -2,10 +2,9 @@
 
 from pathlib import Path
 
-from perchly_session.case import SessionCase, main
+from perchly_session.case import TOGGLE, SessionCase, main
 from perchly_session.waiting import wait_until
 
-TOGGLE = ("Control_L", "Alt_L", "space")
 TITLE = "Perchly Settings"
 SECTIONS = ["My shelf", "Apps", "Preferences"]
 OCEAN = (5, 20, 36)

@@ -7,7 +7,7 @@ from pathlib import Path
 
 from Xlib import X
 
-from perchly_session.case import SessionCase, default_window_manager, main
+from perchly_session.case import TOGGLE, SessionCase, default_window_manager, main
 from perchly_session.picture import near
 from perchly_session.waiting import wait_until, wait_while
 
@@ -22,9 +22,9 @@ class SurroundingsTest(SessionCase):
         self.expect_frame(self.expanded_frame(), "the shelf open by hovering")
         self.screen.move_to(*self.away())
         self.expect_frame(self.compact_frame(), "the shelf closed")
-        self.screen.key("Control_L", "Alt_L", "space")
+        self.screen.key(*TOGGLE)
         self.expect_frame(self.expanded_frame(), "the shelf open by the chord")
-        self.screen.key("Control_L", "Alt_L", "space")
+        self.screen.key(*TOGGLE)
         self.expect_frame(self.compact_frame(), "the shelf closed by the chord")
 
     def test_without_a_bus_and_a_window_manager(self):

@@ -3,13 +3,11 @@
 import time
 from pathlib import Path
 
-from perchly_session.case import main
+from perchly_session.case import TOGGLE, main
 from perchly_session.clipboard import ClipboardOwner, pasted
 from perchly_session.dragging import DragSource, DropTarget
 from perchly_session.waiting import wait_until
 from perchly_session.workspace import TITLE, WorkspaceCase
-
-TOGGLE = ("Control_L", "Alt_L", "space")
 
 
 class WorkspaceTest(WorkspaceCase):

