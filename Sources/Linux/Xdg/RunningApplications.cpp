@@ -69,16 +69,16 @@ std::optional<RunningApplication> described(const Entry &entry) {
 
 } // namespace
 
-std::optional<RunningApplication> findRunningApplication(std::int32_t pid,
+std::optional<RunningApplication> findRunningApplication(std::optional<std::int32_t> pid,
                                                          const QStringList &names) {
-    if (const QString path = launchedEntry(pid); !path.isEmpty()) {
+    if (const QString path = pid ? launchedEntry(*pid) : QString(); !path.isEmpty()) {
         const Entry entry(
             g_desktop_app_info_new_from_filename(QFile::encodeName(path).constData()));
         if (const auto found = described(entry)) {
             return found;
         }
     }
-    for (const QString &name : QStringList{unitName(pid)} + names) {
+    for (const QString &name : QStringList{pid ? unitName(*pid) : QString()} + names) {
         if (const auto found = described(entryNamed(name))) {
             return found;
         }

@@ -57,6 +57,8 @@ private Q_SLOTS:
             findRunningApplication(std::int32_t(QCoreApplication::applicationPid()), names);
         QCOMPARE(application ? application->name : QString(), found);
         QVERIFY(!application || QFile::exists(application->path));
+        const auto byNames = findRunningApplication(std::nullopt, names);
+        QCOMPARE(byNames ? byNames->name : QString(), found);
     }
 
     void aLaunchedProcessIsKnownByItsEntry() {
