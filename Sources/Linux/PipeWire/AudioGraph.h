@@ -62,7 +62,8 @@ Q_SIGNALS:
     void changed();
 
     // From within a callback of the connection:
-    /// It belongs to a process now, or has begun to play.
+    /// It is new, belongs to a process now, or has begun or ceased to play. A new one may belong to
+    /// none yet.
     void streamChanged(std::uint32_t node);
     void streamRemoved(std::uint32_t node);
     void linked(std::uint32_t from, std::uint32_t to);

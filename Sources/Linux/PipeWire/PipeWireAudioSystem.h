@@ -28,6 +28,8 @@ public:
     /// person wants if the program is killed; empty when there is none.
     explicit PipeWireAudioSystem(ApplicationFinder find = {}, const QString &keeper = {},
                                  QObject *parent = nullptr);
+    /// Waits until the server has heard of routes that ended a moment ago, if there are any, for at
+    /// most a quarter of a second; and for the companion as RouteKeeper does.
     ~PipeWireAudioSystem() override;
 
     void start() override;
