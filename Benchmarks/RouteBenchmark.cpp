@@ -45,7 +45,7 @@ void list(const PipeWireAudioSystem &system, int rounds) {
         const auto processes = system.processes();
         for (const AudioProcess &process : processes.value_or(QList<AudioProcess>())) {
             if (process.isRunningOutput == true && process.pid) {
-                const auto application = system.application(*process.pid);
+                const auto application = system.application(process.object);
                 playing += application ? 1 : 0;
             }
         }

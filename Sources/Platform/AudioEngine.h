@@ -15,14 +15,15 @@ struct PlaybackFormat {
     std::uint32_t channels = 0;
 };
 
-/// What an engine plays. The render block lives as long as the node.
+/// What an engine plays. The render block lives at least as long as the node.
 class AudioSourceNode {
 public:
     virtual ~AudioSourceNode() = default;
 };
 
 /// Plays one source to the default output device, whichever that is. Main thread only, apart from
-/// the render block, which is not called before start() nor after stop() has returned.
+/// the render block, which is not called before start(). It may be called for some seconds after
+/// stop(), even when node and engine have gone, so it must own what it uses.
 class AudioEngine {
 public:
     virtual ~AudioEngine() = default;

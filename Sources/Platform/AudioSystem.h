@@ -17,6 +17,7 @@ struct AudioProcess {
     std::optional<std::int32_t> pid;
     std::optional<bool> isRunningOutput;
     std::optional<QString> bundleId;
+    bool isSandboxed = false; ///< its identifier may be its sandbox's own, not the system's
 
     friend bool operator==(const AudioProcess &, const AudioProcess &) = default;
 };
@@ -48,8 +49,9 @@ public:
     /// In the audio system's order; nothing when the list cannot be read.
     [[nodiscard]] virtual std::optional<QList<AudioProcess>> processes() const = 0;
 
-    /// The running application with that process identifier, if it is one.
-    [[nodiscard]] virtual std::optional<RunningApplication> application(std::int32_t pid) const = 0;
+    /// The running application that the process is, if it is one.
+    [[nodiscard]] virtual std::optional<RunningApplication>
+    application(AudioObject process) const = 0;
 
     /// A route that has made nothing yet. The system outlives it. Never null.
     [[nodiscard]] virtual std::unique_ptr<AudioRoute> makeRoute() = 0;

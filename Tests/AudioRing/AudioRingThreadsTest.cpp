@@ -13,9 +13,9 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// A frame whose sides belong together, both exact in 24 bits.
+/// A frame whose sides belong together, both exact in 24 bits. The left one is never silent.
 float leftOf(uint32_t number) {
-    return float(number % 8388608);
+    return float(number % 8388607 + 1);
 }
 float rightOf(uint32_t number) {
     return float((number * 2654435761U) >> 8);
@@ -64,7 +64,7 @@ void AudioRingThreadsTest::framesArriveWholeAndInOrder() {
         for (uint32_t frame = 0; frame < count; ++frame) {
             const float left = output.samples(0)[frame];
             const float right = output.samples(1)[frame];
-            if (left == 0 && right == 0 && leftOf(expected) != 0) {
+            if (left == 0 && right == 0) {
                 silent = true;
                 continue;
             }

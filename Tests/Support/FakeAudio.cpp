@@ -14,8 +14,8 @@ struct FakeSource : AudioSourceNode {
 
 } // namespace
 
-std::optional<RunningApplication> FakeAudioSystem::application(std::int32_t pid) const {
-    const auto found = applications.constFind(pid);
+std::optional<RunningApplication> FakeAudioSystem::application(AudioObject process) const {
+    const auto found = applications.constFind(process);
     return found == applications.cend() ? std::nullopt : std::optional(*found);
 }
 

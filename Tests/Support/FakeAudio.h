@@ -19,7 +19,7 @@ public:
     bool canRouteProcesses() const override { return routable; }
     AudioObject defaultOutput() const override { return output; }
     std::optional<QList<AudioProcess>> processes() const override { return list; }
-    std::optional<RunningApplication> application(std::int32_t pid) const override;
+    std::optional<RunningApplication> application(AudioObject process) const override;
     std::unique_ptr<AudioRoute> makeRoute() override;
 
     /// The route that taps the process; null when there is none.
@@ -29,7 +29,7 @@ public:
     bool routable = true;
     AudioObject output = 40;
     std::optional<QList<AudioProcess>> list{QList<AudioProcess>()};
-    QHash<std::int32_t, RunningApplication> applications;
+    QHash<AudioObject, RunningApplication> applications; ///< by their processes
 
     QStringList calls;     ///< of every route, by the names of the functions, in order
     QString failing;       ///< the function that fails, by its name

@@ -8,9 +8,9 @@ void MixerFixture::play(const QStringList &names) {
         if (!m_known.contains(name)) {
             m_known.append(name);
         }
-        const auto pid = std::int32_t(process(name));
-        m_audio.applications.insert(pid, {name, {}});
-        m_audio.list->append({process(name), pid, true, {}});
+        const AudioObject object = process(name);
+        m_audio.applications.insert(object, {name, {}});
+        m_audio.list->append({object, std::int32_t(object), true, {}});
     }
 }
 

@@ -6,6 +6,8 @@
 #include <QTest>
 
 #include <array>
+#include <memory>
+#include <optional>
 
 using namespace perchly;
 
@@ -182,22 +184,26 @@ void TapPlaybackTest::withoutMemoryNothingIsMade() {
 
 void TapPlaybackTest::blocksCarryAudioThroughTheRing() {
     FakeAudioSystem system;
-    TapPlayback route(system, process);
-    FakeAudioRoute &host = *system.route(process);
+    std::optional<TapPlayback> route(std::in_place, system, process);
+    const FakeAudioRoute &host = *system.route(process);
+    const CaptureBlock capture = host.capture;
+    const std::shared_ptr<RenderBlock> render = host.render.lock();
     std::array<float, 4> in{0.5F, -0.5F, 0.25F, -0.25F};
     std::array<float, 4> out{};
     const AudioBufferList input{1, {{2, sizeof(in), in.data()}}};
     AudioBufferList output{1, {{2, sizeof(out), out.data()}}};
-    host.capture({}, &input, {}, nullptr, {});
-    bool isSilence = false;
-    QCOMPARE((*host.render.lock())(isSilence, {}, 2, &output), noAudioError);
-    QVERIFY(!isSilence);
-    QVERIFY(in == out);
-
-    // A block that still runs keeps the ring.
-    const CaptureBlock late = host.capture;
-    route.stop();
-    late({}, &input, {}, nullptr, {});
+    for (const bool hasGone : {false, true}) {
+        if (hasGone) { // both may still be called, and keep the ring
+            route->stop();
+            route.reset();
+        }
+        out.fill(0);
+        capture({}, &input, {}, nullptr, {});
+        bool isSilence = false;
+        QCOMPARE((*render)(isSilence, {}, 2, &output), noAudioError);
+        QVERIFY(!isSilence);
+        QVERIFY(in == out);
+    }
 }
 
 static const RegisteredTest<TapPlaybackTest> registered;

@@ -81,11 +81,10 @@ void VolumeMixerTest::init() {
     m_mixer.reset();
     m_audio = std::make_unique<FakeAudioSystem>();
     m_audio->list = QList{playing(1, 101), playing(2, 102)};
-    m_audio->applications = {
-        {101, {QStringLiteral("Music"), QStringLiteral("/apps/music.desktop")}},
-        {102, {QStringLiteral("Radio"), {}}},
-        {11, {QStringLiteral(" Good\n\u202eexe.gnp\u2069\t"), {}}},
-        {12, {QStringLiteral("\u200b\u200d \u2066"), {}}}};
+    m_audio->applications = {{1, {QStringLiteral("Music"), QStringLiteral("/apps/music.desktop")}},
+                             {2, {QStringLiteral("Radio"), {}}},
+                             {11, {QStringLiteral(" Good\n\u202eexe.gnp\u2069\t"), {}}},
+                             {12, {QStringLiteral("\u200b\u200d \u2066"), {}}}};
     m_clock = std::make_unique<FakeClock>();
     m_mixer = std::make_unique<VolumeMixer>(*m_audio, *m_clock);
 }
@@ -112,19 +111,21 @@ void VolumeMixerTest::listsWhatPlays_data() {
         QTest::newRow(name) << process
                             << (expected.isEmpty() ? QStringList() : QStringList(expected));
     };
-    row("the application's own name", {7, 101, true, id}, QStringLiteral("Music"));
-    row("the identifier of a process that is no application", {7, 9, true, id}, id);
+    row("the application's own name", {1, 101, true, id}, QStringLiteral("Music"));
+    row("the identifier of a process that is no application", {7, 101, true, id}, id);
     row("the process identifier where nothing else is known", {7, 4312, true, {}},
         QStringLiteral("Audio process 4312"));
     row("an empty identifier is none", {7, 4312, true, QString()},
         QStringLiteral("Audio process 4312"));
-    row("a name that hides something", {7, 11, true, id}, QStringLiteral("Good exe.gnp"));
-    row("a name of which nothing is seen", {7, 12, true, id}, id);
-    row("a silent process is left out", {7, 101, false, id}, {});
-    row("so is one that cannot be read", {7, 101, {}, id}, {});
-    row("and one without a process identifier", {7, {}, true, id}, {});
-    row("and the program itself", {7, std::int32_t(QCoreApplication::applicationPid()), true, id},
-        {});
+    row("a name that hides something", {11, 101, true, id}, QStringLiteral("Good exe.gnp"));
+    row("a name of which nothing is seen", {12, 101, true, id}, id);
+    row("a silent process is left out", {1, 101, false, id}, {});
+    row("so is one that cannot be read", {1, 101, {}, id}, {});
+    row("and one without a process identifier", {1, {}, true, id}, {});
+    const auto own = std::int32_t(QCoreApplication::applicationPid());
+    row("and the program itself", {1, own, true, id}, {});
+    row("but not one that its sandbox has given the same number", {1, own, true, id, true},
+        QStringLiteral("Music"));
 }
 
 void VolumeMixerTest::listsWhatPlays() {
@@ -144,10 +145,12 @@ void VolumeMixerTest::sortsByCodePointsOfTheNormalisedNames() {
         QString::fromUtf8("\xEF\xBD\xA1")};
     m_audio->list->clear();
     for (int index = 0; index < listed.size(); ++index) {
-        m_audio->list->append(playing(AudioObject(index + 1), index + 1));
-        m_audio->applications.insert(index + 1, {listed[index], {}});
+        const auto process = AudioObject(index + 1);
+        m_audio->list->append(playing(process, index + 1));
+        m_audio->applications.insert(process, {listed[index], {}});
     }
     m_audio->list->append(playing(99, 3)); // the same name again
+    m_audio->applications.insert(99, {QStringLiteral("alpha"), {}});
     m_mixer->refresh();
     const QList<int> order{1, 2, 2, 0, 4, 3, 6, 5};
     QStringList expected;
@@ -368,7 +371,7 @@ void VolumeMixerTest::rowsKeepTheirIdentity() {
     m_mixer->set(1, 0.555F);
     QCOMPARE(announced.size(), 1);
 
-    m_audio->applications.insert(101, {QStringLiteral("Tunes"), {}});
+    m_audio->applications.insert(1, {QStringLiteral("Tunes"), {}});
     m_audio->list->prepend(playing(3, 103)); // "Audio process 103" comes first
     m_mixer->refresh();
     QCOMPARE(names(), (QStringList{QStringLiteral("Audio process 103"), QStringLiteral("Radio"),

@@ -43,7 +43,7 @@ public:
     [[nodiscard]] std::optional<QList<AudioProcess>> processes() const override {
         return std::nullopt;
     }
-    [[nodiscard]] std::optional<RunningApplication> application(std::int32_t) const override {
+    [[nodiscard]] std::optional<RunningApplication> application(AudioObject) const override {
         return std::nullopt;
     }
     [[nodiscard]] std::unique_ptr<AudioRoute> makeRoute() override {

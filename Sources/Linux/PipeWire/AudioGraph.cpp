@@ -260,11 +260,14 @@ void AudioGraph::read(GraphClient &client, const spa_dict &properties) {
     }
 }
 
+bool AudioGraph::isOfSystem(const ProcessKey &key) {
+    return key.first > 0 && key.second.isEmpty();
+}
+
 AudioGraph::Known &AudioGraph::know(const ProcessKey &key) {
     Known &known = m_known[key];
-    const auto startTime = key.first > 0 && key.second.isEmpty()
-                               ? processStartTime(std::int32_t(key.first))
-                               : std::nullopt;
+    const auto startTime =
+        isOfSystem(key) ? processStartTime(std::int32_t(key.first)) : std::nullopt;
     if (known.number != 0 && startTime && known.startTime && startTime != known.startTime) {
         known = {}; // another process has the number of one that has gone
     }
@@ -326,14 +329,23 @@ QList<const GraphStream *> AudioGraph::streamsOf(AudioObject process) const {
     return streams;
 }
 
-const GraphClient *AudioGraph::clientOf(std::int32_t pid) const {
+const GraphClient *AudioGraph::clientOf(AudioObject process) const {
     const GraphClient *best = nullptr;
     for (const auto &[id, client] : m_clients) {
-        if (client->pid == pid && (best == nullptr || best->name.isEmpty())) {
+        if (client->process == process && (best == nullptr || best->name.isEmpty())) {
             best = client.get();
         }
     }
     return best;
+}
+
+std::optional<std::int32_t> AudioGraph::systemPidOf(AudioObject process) const {
+    const auto found = std::find_if(m_known.cbegin(), m_known.cend(), [&](const auto &entry) {
+        return entry.second.number == process;
+    });
+    return found != m_known.cend() && isOfSystem(found->first)
+               ? std::optional(std::int32_t(found->first.first))
+               : std::nullopt;
 }
 
 QList<AudioProcess> AudioGraph::processes() const {
@@ -353,9 +365,11 @@ QList<AudioProcess> AudioGraph::processes() const {
         if (!found.contains(known.number) && hasProcess(known.number)) {
             found[known.number] = {.pid = std::int32_t(key.first), .isRunningOutput = false};
         }
-        if (const auto process = found.find(known.number);
-            process != found.end() && !known.bundleId.isEmpty()) {
-            process->second.bundleId = known.bundleId;
+        if (const auto process = found.find(known.number); process != found.end()) {
+            process->second.isSandboxed = key.first > 0 && !isOfSystem(key);
+            if (!known.bundleId.isEmpty()) {
+                process->second.bundleId = known.bundleId;
+            }
         }
     }
     QList<AudioProcess> list;

@@ -34,7 +34,10 @@ public:
     [[nodiscard]] QList<AudioProcess> processes() const;
     [[nodiscard]] bool hasProcess(AudioObject process) const;
     /// Null when there is none.
-    [[nodiscard]] const GraphClient *clientOf(std::int32_t pid) const;
+    [[nodiscard]] const GraphClient *clientOf(AudioObject process) const;
+    /// The identifier by which the system knows the process; nothing when it cannot be told, as of
+    /// one in a sandbox.
+    [[nodiscard]] std::optional<std::int32_t> systemPidOf(AudioObject process) const;
     [[nodiscard]] QList<const GraphStream *> streamsOf(AudioObject process) const;
     /// Null when there is no such stream.
     [[nodiscard]] const GraphStream *stream(std::uint32_t node) const;
@@ -59,7 +62,8 @@ Q_SIGNALS:
     void changed();
 
     // From within a callback of the connection:
-    /// It belongs to a process now, or has begun to play.
+    /// It is new, belongs to a process now, or has begun or ceased to play. A new one may belong to
+    /// none yet.
     void streamChanged(std::uint32_t node);
     void streamRemoved(std::uint32_t node);
     void linked(std::uint32_t from, std::uint32_t to);
@@ -68,6 +72,7 @@ Q_SIGNALS:
 
 private:
     struct Callbacks;
+    /// An identifier and the sandbox that it may be of, or −1 and what else it is known by.
     using ProcessKey = std::pair<std::int64_t, QString>;
 
     struct Known {
@@ -90,6 +95,7 @@ private:
     void forgetProcess(AudioObject process);
     void answered(int number);
     void findDefault();
+    [[nodiscard]] static bool isOfSystem(const ProcessKey &key);
     [[nodiscard]] Known &know(const ProcessKey &key);
     [[nodiscard]] bool isConnected(AudioObject process) const;
     [[nodiscard]] AudioObject processOf(const GraphStream &stream) const;

@@ -17,9 +17,9 @@ struct GraphClient {
     std::uint32_t id = 0;
     ProxyPointer proxy;
     spa_hook listener{};
-    AudioObject process = 0; ///< 0 until the client has been read
-    std::optional<std::int32_t> pid;
-    QString name; ///< these are empty when it does not say
+    AudioObject process = 0;         ///< 0 until the client has been read
+    std::optional<std::int32_t> pid; ///< may be its sandbox's own
+    QString name;                    ///< these are empty when it does not say
     QString applicationId;
     QString binary;
 };

@@ -44,19 +44,20 @@ std::optional<QList<AudioProcess>> PipeWireAudioSystem::processes() const {
     return m_graph.isComplete() ? std::optional(m_graph.processes()) : std::nullopt;
 }
 
-std::optional<RunningApplication> PipeWireAudioSystem::application(std::int32_t pid) const {
-    const auto known = m_applications.constFind(pid);
+std::optional<RunningApplication> PipeWireAudioSystem::application(AudioObject process) const {
+    const auto known = m_applications.constFind(process);
     if (known != m_applications.cend()) {
         return *known;
     }
-    const GraphClient *client = m_graph.clientOf(pid);
+    const GraphClient *client = m_graph.clientOf(process);
     const QStringList hints =
         client != nullptr ? QStringList{client->applicationId, client->binary} : QStringList();
-    std::optional<RunningApplication> found = m_find ? m_find(pid, hints) : std::nullopt;
+    std::optional<RunningApplication> found =
+        m_find ? m_find(m_graph.systemPidOf(process), hints) : std::nullopt;
     if (!found && client != nullptr && !client->name.isEmpty()) {
         found = RunningApplication{client->name, {}};
     }
-    m_applications.insert(pid, found);
+    m_applications.insert(process, found);
     return found;
 }
 

@@ -19,22 +19,24 @@ namespace perchly {
 class PipeWireAudioSystem : public AudioSystem {
     Q_OBJECT
 public:
-    /// Finds the running application with that process identifier, and with the name of its
-    /// desktop entry or program, where that is known.
+    /// Finds the running application with the process identifier that the system knows, and with
+    /// the name of its desktop entry or program, where these are known.
     using ApplicationFinder = std::function<std::optional<RunningApplication>(
-        std::int32_t pid, const QStringList &hints)>;
+        std::optional<std::int32_t> pid, const QStringList &hints)>;
 
     /// The keeper is the absolute path of the companion that lets applications play on as the
     /// person wants if the program is killed; empty when there is none.
     explicit PipeWireAudioSystem(ApplicationFinder find = {}, const QString &keeper = {},
                                  QObject *parent = nullptr);
+    /// Waits until the server has heard of routes that ended a moment ago, if there are any, for at
+    /// most a quarter of a second; and for the companion as RouteKeeper does.
     ~PipeWireAudioSystem() override;
 
     void start() override;
     [[nodiscard]] bool canRouteProcesses() const override { return m_hasBeenComplete; }
     [[nodiscard]] AudioObject defaultOutput() const override { return m_graph.defaultOutput(); }
     [[nodiscard]] std::optional<QList<AudioProcess>> processes() const override;
-    [[nodiscard]] std::optional<RunningApplication> application(std::int32_t pid) const override;
+    [[nodiscard]] std::optional<RunningApplication> application(AudioObject process) const override;
     [[nodiscard]] std::unique_ptr<AudioRoute> makeRoute() override;
 
 private:
@@ -45,7 +47,7 @@ private:
     AudioGraph m_graph;
     RouteKeeper m_keeper;
     RetiredStreams m_retired;
-    mutable QHash<std::int32_t, std::optional<RunningApplication>> m_applications;
+    mutable QHash<AudioObject, std::optional<RunningApplication>> m_applications;
     bool m_hasBeenComplete = false;
 };
 

@@ -1,9 +1,9 @@
 #include "PipeWireConnection.h"
 
 #include <QDeadlineTimer>
-#include <QFile>
 
 #include <cerrno>
+#include <utility>
 
 namespace perchly {
 
@@ -57,6 +57,7 @@ PipeWireConnection::PipeWireConnection(QObject *parent)
     : QObject(parent) {
     m_retry.setSingleShot(true);
     connect(&m_retry, &QTimer::timeout, this, &PipeWireConnection::tryToConnect);
+    connect(&m_making, &QFutureWatcherBase::finished, this, &PipeWireConnection::takeContext);
     connect(&m_folder, &QFileSystemWatcher::directoryChanged, this, &PipeWireConnection::lookAgain);
 }
 
@@ -82,33 +83,46 @@ void PipeWireConnection::lookAgain() {
     }
 }
 
+void PipeWireConnection::makeContext() {
+    if (!std::exchange(m_isMaking, true)) {
+        m_making.setFuture(makePipeWireContext());
+    }
+}
+
+void PipeWireConnection::takeContext() {
+    m_isMaking = false;
+    QFuture<PipeWireContext> future = m_making.future();
+    PipeWireContext made = future.resultCount() > 0 ? future.takeResult() : PipeWireContext();
+    if (!made.context) {
+        tryLater();
+        return;
+    }
+    m_loop = std::move(made.loop);
+    m_context = std::move(made.context);
+    pw_loop_enter(m_loop.get());
+    m_readable =
+        std::make_unique<QSocketNotifier>(pw_loop_get_fd(m_loop.get()), QSocketNotifier::Read);
+    connect(m_readable.get(), &QSocketNotifier::activated, this, &PipeWireConnection::serve);
+    tryToConnect();
+}
+
+void PipeWireConnection::tryLater() {
+    if (++m_attempts < attemptsInARow) {
+        m_retry.start(25ms * (1 << m_attempts));
+    }
+}
+
 void PipeWireConnection::tryToConnect() {
     if (m_core) {
         return;
     }
-    if (!m_loop) {
-        pw_init(nullptr, nullptr);
-        m_loop.reset(pw_loop_new(nullptr));
-        if (!m_loop) {
-            return;
-        }
-        pw_loop_enter(m_loop.get());
-        m_readable =
-            std::make_unique<QSocketNotifier>(pw_loop_get_fd(m_loop.get()), QSocketNotifier::Read);
-        connect(m_readable.get(), &QSocketNotifier::activated, this, &PipeWireConnection::serve);
-    }
     if (!m_context) {
-        // The configuration of clients whose audio threads are real-time ones.
-        m_context.reset(pw_context_new(
-            m_loop.get(), pw_properties_new(PW_KEY_CONFIG_NAME, "client-rt.conf", nullptr), 0));
+        makeContext();
+        return;
     }
-    if (m_context) {
-        m_core.reset(pw_context_connect(m_context.get(), nullptr, 0));
-    }
+    m_core.reset(pw_context_connect(m_context.get(), nullptr, 0));
     if (!m_core) {
-        if (++m_attempts < attemptsInARow) {
-            m_retry.start(25ms * (1 << m_attempts));
-        }
+        tryLater();
         return;
     }
     m_isLost = false;

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "PipeWireHandles.h"
+#include "PipeWireContext.h"
 
 #include <QFileSystemWatcher>
+#include <QFutureWatcher>
 #include <QSocketNotifier>
 #include <QTimer>
 
@@ -12,17 +13,19 @@
 namespace perchly {
 
 /// A connection to PipeWire that the event loop serves, and that comes back by itself: it watches
-/// the folder of the server's socket, so that a missing server costs nothing. Main thread only.
+/// the folder of the server's socket, so that a missing server costs nothing. Main thread only;
+/// neither start() nor the destructor waits for the desktop's buses, which the library asks first.
 class PipeWireConnection : public QObject {
     Q_OBJECT
 public:
     explicit PipeWireConnection(QObject *parent = nullptr);
     ~PipeWireConnection() override;
 
-    /// Tries to connect now, and whenever a server may have come. Call it once.
+    /// Tries to connect as soon as the library is ready, and whenever a server may have come. Call
+    /// it once.
     void start();
 
-    /// Null until the first attempt to connect.
+    /// Null until the library is ready.
     [[nodiscard]] pw_loop *loop() const { return m_loop.get(); }
     /// Null while there is no server.
     [[nodiscard]] pw_core *core() const { return m_core.get(); }
@@ -50,12 +53,16 @@ Q_SIGNALS:
 private:
     struct Callbacks;
 
+    void makeContext();
+    void takeContext();
     void tryToConnect();
+    void tryLater();
     void lookAgain();
     void serve();
     void iterate(std::chrono::milliseconds limit);
     void dropLostServer();
 
+    QFutureWatcher<PipeWireContext> m_making;
     LoopPointer m_loop;
     ContextPointer m_context;
     CorePointer m_core;
@@ -66,6 +73,7 @@ private:
     int m_attempts = 0;
     int m_answered = 0;
     double m_sampleRate = 48000;
+    bool m_isMaking = false;
     bool m_isLost = false;
     bool m_isServing = false;
 };

@@ -52,7 +52,9 @@ Q_SIGNALS:
     /// The streams are still needed until the session manager has sent the process' own back, and
     /// the server has said everything about them.
     void retired(std::shared_ptr<perchly::RouteStreams> streams, const QList<std::uint32_t> &sent);
-    /// isRunning() has turned false by itself. May come from within a callback of the connection.
+    /// isRunning() has turned false, as somebody else has moved the streams or nobody can move them
+    /// any more. An end that the server refuses or takes away is not told of: isRunning() alone
+    /// knows. May come from within a callback of the connection.
     void stopped();
 
 private:

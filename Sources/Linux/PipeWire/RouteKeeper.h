@@ -18,6 +18,8 @@ class RouteKeeper : public QObject {
 public:
     /// The companion's absolute path; nothing is kept without one.
     explicit RouteKeeper(QString program, QObject *parent = nullptr);
+    /// Waits for the companion to end, a tenth of a second at most, and kills it then; likewise for
+    /// an earlier one that is still ending.
     ~RouteKeeper() override;
 
     /// Replaces what was said about the stream; nothing lets it go by itself.

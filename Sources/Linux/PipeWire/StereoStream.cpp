@@ -31,8 +31,7 @@ struct StereoStream::Callbacks {
 
 StereoStream::StereoStream(PipeWireConnection &connection, pw_properties *properties,
                            Process process)
-    : m_connection(connection)
-    , m_process(process) {
+    : m_process(process) {
     if (connection.core() == nullptr) {
         pw_properties_free(properties);
         return;

@@ -44,7 +44,6 @@ private:
 
     void setStreaming(bool isStreaming);
 
-    PipeWireConnection &m_connection;
     Process m_process;
     StreamPointer m_stream;
     pw_stream *m_handle = nullptr; ///< for the real-time thread; set once

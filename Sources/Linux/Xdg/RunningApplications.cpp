@@ -1,8 +1,9 @@
 #include "RunningApplications.h"
 
+#include "DesktopUnit.h"
+
 #include <QFile>
 #include <QFileInfo>
-#include <QRegularExpression>
 
 #include <gio/gdesktopappinfo.h>
 
@@ -17,8 +18,9 @@ struct Release {
 };
 using Entry = std::unique_ptr<GDesktopAppInfo, Release>;
 
-QByteArray processFile(std::int32_t pid, const char *name) {
-    QFile file(QStringLiteral("/proc/%1/%2").arg(QString::number(pid), QLatin1String(name)));
+/// The number may be "self".
+QByteArray processFile(const QString &number, const char *name) {
+    QFile file(QStringLiteral("/proc/%1/%2").arg(number, QLatin1String(name)));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
@@ -26,7 +28,7 @@ QByteArray processFile(std::int32_t pid, const char *name) {
 QString launchedEntry(std::int32_t pid) {
     QString path;
     bool isItself = false;
-    for (const QByteArray &variable : processFile(pid, "environ").split('\0')) {
+    for (const QByteArray &variable : processFile(QString::number(pid), "environ").split('\0')) {
         if (variable.startsWith("GIO_LAUNCHED_DESKTOP_FILE=")) {
             path = QFile::decodeName(variable.mid(variable.indexOf('=') + 1));
         } else if (variable == "GIO_LAUNCHED_DESKTOP_FILE_PID=" + QByteArray::number(pid)) {
@@ -36,14 +38,9 @@ QString launchedEntry(std::int32_t pid) {
     return isItself ? path : QString();
 }
 
-/// The entry's name, from the unit in which the desktop runs the program: app-gnome-NAME-123.scope
-/// or app-NAME@456.service. Dashes of the name are written as \x2d.
 QString unitName(std::int32_t pid) {
-    static const QRegularExpression unit(
-        QStringLiteral("/app-(?:[^-/]+-)?([^-/@]+)(?:-\\d+\\.scope|(?:@[^/]*)?\\.service)$"));
-    const QString group = QString::fromUtf8(processFile(pid, "cgroup")).trimmed();
-    QString name = unit.match(group).captured(1);
-    return name.replace(QStringLiteral("\\x2d"), QStringLiteral("-"));
+    return desktopUnitName(processFile(QString::number(pid), "cgroup"),
+                           processFile(QStringLiteral("self"), "cgroup"));
 }
 
 Entry entryNamed(const QString &name) {
@@ -72,16 +69,16 @@ std::optional<RunningApplication> described(const Entry &entry) {
 
 } // namespace
 
-std::optional<RunningApplication> findRunningApplication(std::int32_t pid,
+std::optional<RunningApplication> findRunningApplication(std::optional<std::int32_t> pid,
                                                          const QStringList &names) {
-    if (const QString path = launchedEntry(pid); !path.isEmpty()) {
+    if (const QString path = pid ? launchedEntry(*pid) : QString(); !path.isEmpty()) {
         const Entry entry(
             g_desktop_app_info_new_from_filename(QFile::encodeName(path).constData()));
         if (const auto found = described(entry)) {
             return found;
         }
     }
-    for (const QString &name : QStringList{unitName(pid)} + names) {
+    for (const QString &name : QStringList{pid ? unitName(*pid) : QString()} + names) {
         if (const auto found = described(entryNamed(name))) {
             return found;
         }

@@ -127,14 +127,15 @@ void VolumeMixer::releaseStopped() {
 }
 
 std::optional<AudioApp> VolumeMixer::appOf(const AudioProcess &process) const {
-    if (!process.pid || *process.pid == QCoreApplication::applicationPid()) {
+    if (!process.pid ||
+        (!process.isSandboxed && *process.pid == QCoreApplication::applicationPid())) {
         return std::nullopt;
     }
     if (!process.isRunningOutput.value_or(false) && !m_routes.contains(process.object)) {
         return std::nullopt;
     }
     AudioApp app{process.object, {}, process.bundleId.value_or(QString()), *process.pid, {}};
-    if (const auto application = m_audio.application(app.pid)) {
+    if (const auto application = m_audio.application(app.id)) {
         app.name = shownName(application->name);
         app.path = application->path;
     }

@@ -251,7 +251,7 @@ void RouteTest::everyFormatIsRouted() {
     QVERIFY(meter.comesTo(direct / 2));
     route->stop();
     QVERIFY(meter.comesTo(direct));
-    const auto name = sound.system.application(player->pid());
+    const auto name = sound.system.application(sound.process(player->pid())->object);
     QVERIFY(arguments.first().isEmpty() || name->name == arguments.first());
 }
 

@@ -47,6 +47,7 @@ private Q_SLOTS:
     void theRoutesOwnSinkCountsAsAnotherOutput();
     void aRestartOfTheServerLosesTheRoutesAndBringsTheListBack();
     void aProcessThatExitsLeavesTheList();
+    void sandboxesNumberTheirProcessesAnew();
     void aStreamMayGoWhileItsRouteIsMade();
     void fiftyRoundsLeaveNothingBehind();
     void aFrozenServerHoldsNobodyUp();
@@ -183,6 +184,38 @@ void SoundServerTest::aProcessThatExitsLeavesTheList() {
     QVERIFY(route->isRunning());
     route->stop();
     QTRY_COMPARE(tracesOfRoutes(), QString());
+}
+
+void SoundServerTest::sandboxesNumberTheirProcessesAnew() {
+    const SoundSystem sound([](std::optional<std::int32_t> pid, const QStringList &hints) {
+        return std::optional(
+            RunningApplication{hints.value(0) + QString::number(pid.value_or(0)), {}});
+    });
+    // The system has a process of that number too.
+    const QString properties =
+        QStringLiteral("application.process.id=2 pipewire.access.portal.app_id=");
+    const auto one = pulsePlayer(properties + QStringLiteral("org.example.One"));
+    const auto other = pulsePlayer(properties + QStringLiteral("org.example.Other"));
+    const auto plain = pulsePlayer(QStringLiteral("application.id=plain"));
+    QVERIFY(sound.waitForProcess(plain->pid()) != 0);
+    const QString plainName = QStringLiteral("plain%1").arg(plain->pid());
+    QSet<QString> names;
+    const auto areNamed = [&] {
+        names.clear();
+        const auto processes = sound.system.processes().value();
+        for (const AudioProcess &process : processes) {
+            if (process.isRunningOutput == true) {
+                const QString name = sound.system.application(process.object)->name;
+                names.insert(name);
+                if (process.isSandboxed != (name != plainName)) {
+                    return false;
+                }
+            }
+        }
+        return names == QSet<QString>{QStringLiteral("org.example.One0"),
+                                      QStringLiteral("org.example.Other0"), plainName};
+    };
+    QTRY_VERIFY2(areNamed(), qPrintable(names.values().join(u' ')));
 }
 
 void SoundServerTest::aStreamMayGoWhileItsRouteIsMade() {

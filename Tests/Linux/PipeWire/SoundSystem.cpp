@@ -85,8 +85,10 @@ void Program::kill() {
     m_process.waitForFinished();
 }
 
-std::unique_ptr<Program> pulsePlayer() {
-    return std::make_unique<Program>(QStringLiteral("paplay"), QStringList{toneFile()});
+std::unique_ptr<Program> pulsePlayer(const QString &properties) {
+    return std::make_unique<Program>(QStringLiteral("env"),
+                                     QStringList{QStringLiteral("PULSE_PROP=") + properties,
+                                                 QStringLiteral("paplay"), toneFile()});
 }
 
 std::unique_ptr<Program> nativePlayer(const QStringList &arguments) {
@@ -119,8 +121,8 @@ QString tracesOfRoutes() {
         .join(u'\n');
 }
 
-SoundSystem::SoundSystem()
-    : system({}, QStringLiteral(ROUTE_KEEPER)) {
+SoundSystem::SoundSystem(PipeWireAudioSystem::ApplicationFinder find)
+    : system(std::move(find), QStringLiteral(ROUTE_KEEPER)) {
     system.start();
     if (!QTest::qWaitFor([this] { return system.processes().has_value(); }, 5000)) {
         qFatal("the sound system does not answer");

@@ -35,8 +35,8 @@ private:
     QProcess m_process;
 };
 
-/// A PulseAudio client that plays the tone.
-std::unique_ptr<Program> pulsePlayer();
+/// A PulseAudio client that plays the tone and says this of itself.
+std::unique_ptr<Program> pulsePlayer(const QString &properties = {});
 /// A native client that plays the tone through one stream; see TonePlayer.cpp.
 std::unique_ptr<Program> nativePlayer(const QStringList &arguments = {});
 /// A program that mutes another one; see RouteOwner.cpp.
@@ -51,7 +51,7 @@ QString tracesOfRoutes();
 /// The audio system under test, started and complete.
 class SoundSystem {
 public:
-    SoundSystem();
+    explicit SoundSystem(PipeWireAudioSystem::ApplicationFinder find = {});
 
     [[nodiscard]] std::optional<AudioProcess> process(std::int32_t pid) const;
     /// 0 if the process does not play within a while.

@@ -1,0 +1,43 @@
+#include "PipeWireContext.h"
+
+#include <QPromise>
+
+#include <system_error>
+#include <thread>
+
+namespace perchly {
+
+namespace {
+
+PipeWireContext make() {
+    pw_init(nullptr, nullptr);
+    PipeWireContext made;
+    made.loop.reset(pw_loop_new(nullptr));
+    if (made.loop) {
+        // The configuration of clients whose audio threads are real-time ones.
+        made.context.reset(pw_context_new(
+            made.loop.get(), pw_properties_new(PW_KEY_CONFIG_NAME, "client-rt.conf", nullptr), 0));
+    }
+    return made.context ? std::move(made) : PipeWireContext();
+}
+
+} // namespace
+
+QFuture<PipeWireContext> makePipeWireContext() {
+    QPromise<PipeWireContext> promise;
+    QFuture<PipeWireContext> future = promise.future();
+    promise.start();
+    const auto makeOnThread = [](QPromise<PipeWireContext> made) {
+        made.addResult(make());
+        made.finish();
+    };
+    try {
+        // Detached, since a bus that never answers must not keep the program from ending.
+        std::thread(makeOnThread, std::move(promise)).detach();
+    } catch (const std::system_error &) {
+        // The promise has gone with the attempt, which ends the future.
+    }
+    return future;
+}
+
+} // namespace perchly
