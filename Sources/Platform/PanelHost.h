@@ -30,8 +30,8 @@ public:
     /// Shows the panel above the other windows without taking the keyboard.
     virtual void orderFront() = 0;
 
-    /// Where the panel takes the pointer, in the window's own coordinates (points, y down).
-    /// Elsewhere clicks go to what lies below. Without transparency it is also all that is painted.
+    /// Where the panel takes the pointer, in the window's own device pixels (y down). Elsewhere
+    /// clicks go to what lies below. Without transparency it is also all that is painted.
     virtual void setShape(const QRegion &shape) = 0;
 
     /// Gives the panel the keyboard and remembers who had it.

@@ -8,8 +8,6 @@
 #include <QWindow>
 #include <xcb/shape.h>
 
-#include <cmath>
-
 namespace perchly {
 
 namespace {
@@ -20,15 +18,11 @@ void setCardinals(xcb_window_t window, xcb_atom_t name, xcb_atom_t type,
                         static_cast<quint32>(values.size()), values.constData());
 }
 
-QList<xcb_rectangle_t> pixelsOf(const QRegion &shape, double pixelRatio) {
+QList<xcb_rectangle_t> rectanglesOf(const QRegion &shape) {
     QList<xcb_rectangle_t> result;
     for (const QRect &rect : shape) {
-        const double left = std::floor(rect.x() * pixelRatio);
-        const double top = std::floor(rect.y() * pixelRatio);
-        const double right = std::ceil((rect.x() + rect.width()) * pixelRatio);
-        const double bottom = std::ceil((rect.y() + rect.height()) * pixelRatio);
-        result.append({static_cast<qint16>(left), static_cast<qint16>(top),
-                       static_cast<quint16>(right - left), static_cast<quint16>(bottom - top)});
+        result.append({static_cast<qint16>(rect.x()), static_cast<qint16>(rect.y()),
+                       static_cast<quint16>(rect.width()), static_cast<quint16>(rect.height())});
     }
     return result;
 }
@@ -86,12 +80,11 @@ void unshapePanel(xcb_window_t panel) {
     removeShape(panel, XCB_SHAPE_SK_BOUNDING);
 }
 
-void shapePanel(xcb_window_t panel, const QRegion &shape, double pixelRatio,
-                Transparency transparency) {
+void shapePanel(xcb_window_t panel, const QRegion &shape, Transparency transparency) {
     if (!toolkitConnection()) {
         return;
     }
-    const QList<xcb_rectangle_t> rectangles = pixelsOf(shape, pixelRatio);
+    const QList<xcb_rectangle_t> rectangles = rectanglesOf(shape);
     setShape(panel, XCB_SHAPE_SK_INPUT, rectangles);
     if (transparency == Transparency::Missing) {
         setShape(panel, XCB_SHAPE_SK_BOUNDING, rectangles);

@@ -18,9 +18,9 @@ void describePanel(XcbConnection &connection, xcb_window_t panel);
 
 enum class Transparency { Available, Missing };
 
-/// The pointer is taken inside the shape only, given in the window's points. Without transparency
+/// The pointer is taken inside the shape only, given in the window's pixels. Without transparency
 /// the rest is not shown either.
-void shapePanel(xcb_window_t panel, const QRegion &shape, double pixelRatio, Transparency);
+void shapePanel(xcb_window_t panel, const QRegion &shape, Transparency);
 
 /// The whole window takes the pointer and is shown, until it is shaped again. Sent with what
 /// follows.

@@ -167,7 +167,7 @@ void X11PanelHost::applyShape() {
     if (!m_panel || !m_panel->handle() || !m_shape) {
         return;
     }
-    shapePanel(panelId(), *m_shape, m_panel->devicePixelRatio(),
+    shapePanel(panelId(), *m_shape,
                isComposited() ? Transparency::Available : Transparency::Missing);
     flushToolkit();
 }

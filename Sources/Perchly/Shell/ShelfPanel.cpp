@@ -3,8 +3,10 @@
 #include "PanelHost.h"
 
 #include <QMouseEvent>
-#include <QPainterPath>
 #include <QQuickItem>
+
+#include <algorithm>
+#include <cmath>
 
 namespace perchly {
 
@@ -20,23 +22,26 @@ QMarginsF shadowMargins(ShelfEdge edge) {
     return {left, top, right, shadowMargin};
 }
 
-/// A rectangle whose corners are round except where it touches the display's edge.
+/// A rectangle whose corners are round except where it touches the display's edge, in pixels. Row
+/// by row, as polygons of whole pixels cut such corners off.
 QRegion roundedRegion(const QRectF &rectangle, double radius, ShelfEdge edge) {
-    QPainterPath path;
-    path.addRoundedRect(rectangle, radius, radius);
-    QRectF square = rectangle;
-    switch (edge) {
-    case ShelfEdge::Top:
-        square.setHeight(radius);
-        break;
-    case ShelfEdge::Left:
-        square.setWidth(radius);
-        break;
-    case ShelfEdge::Right:
-        square.setLeft(rectangle.right() - radius);
-        break;
+    QList<QRect> bands;
+    for (int row = qRound(rectangle.top()); row < qRound(rectangle.bottom()); ++row) {
+        const double intoTop = edge == ShelfEdge::Top ? 0 : radius - (row + 0.5 - rectangle.top());
+        const double intoBottom = radius - (rectangle.bottom() - row - 0.5);
+        const double into = std::clamp(std::max(intoTop, intoBottom), 0.0, radius);
+        const double inset = radius - std::sqrt(radius * radius - into * into);
+        const int left = qRound(rectangle.left() + (edge == ShelfEdge::Left ? 0 : inset));
+        const int right = qRound(rectangle.right() - (edge == ShelfEdge::Right ? 0 : inset));
+        if (!bands.isEmpty() && bands.last().left() == left && bands.last().right() == right - 1) {
+            bands.last().setBottom(row);
+        } else if (left < right) {
+            bands.append(QRect(left, row, right - left, 1));
+        }
     }
-    return QRegion(path.toFillPolygon().toPolygon()) + square.toAlignedRect();
+    QRegion region;
+    region.setRects(bands.constData(), int(bands.size()));
+    return region;
 }
 
 } // namespace
@@ -87,7 +92,8 @@ void ShelfPanel::setFrame(const ScreenRect &frame, const ScreenRect &compactFram
 }
 
 bool ShelfPanel::takesPointer(ScreenPoint point) const {
-    return m_shape.contains(inWindow({point.x, point.y, 1, 1}).topLeft().toPoint());
+    return m_shape.contains(
+        (inWindow({point.x, point.y, 1, 1}).topLeft() * devicePixelRatio()).toPoint());
 }
 
 bool ShelfPanel::event(QEvent *event) {
@@ -110,7 +116,8 @@ void ShelfPanel::applyShape() {
     const QQuickItem *root = rootObject();
     const QRectF shape = root ? root->property("shapeRect").toRectF() : inWindow(m_frame);
     const double radius = root ? root->property("shapeRadius").toDouble() : 0;
-    m_shape = roundedRegion(shape, radius, m_edge);
+    const QTransform toPixels = QTransform::fromScale(devicePixelRatio(), devicePixelRatio());
+    m_shape = roundedRegion(toPixels.mapRect(shape), radius * devicePixelRatio(), m_edge);
     m_host.setShape(m_shape);
 }
 

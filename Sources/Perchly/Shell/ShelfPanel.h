@@ -58,7 +58,7 @@ private:
     ScreenRect m_compactFrame;
     ShelfEdge m_edge = ShelfEdge::Top;
     QMarginsF m_margins;
-    QRegion m_shape;
+    QRegion m_shape; ///< in pixels
     std::optional<ScreenPoint> m_eventPosition;
 };
 
