@@ -215,6 +215,32 @@ ViewTestCase {
         verify(!root.has("EditableText: Quick note"));
     }
 
+    function test_theWheelLeavesTheKeyboardToItsRow() {
+        root.open("Files");
+        root.show("Search");
+        const names = Array.from({ length: 60 }, (_, number) => "App " + (100 + number));
+        verify(root.fixture.install(names));
+        root.settle();
+        root.enter("app");
+        for (let step = 0; step < 3; ++step) {
+            keyClick(Qt.Key_Down);
+        }
+        verify(root.focusedOn("App 102"));
+        for (let step = 0; step < 20; ++step) {
+            mouseWheel(root.view, 300, 300, 0, -120);
+        }
+        root.settle();
+        keyClick(Qt.Key_Return);
+        compare(root.fixture.takeOpened(), []);
+        keyClick(Qt.Key_Down);
+        verify(root.focusedOn("App 102"));
+        keyClick(Qt.Key_PageDown);
+        keyClick(Qt.Key_Escape);
+        root.enter(" 14"); // other rows, of which the first is entered
+        keyClick(Qt.Key_Tab);
+        verify(root.focusedOn("App 140"));
+    }
+
     function test_aSearchCopiesClipsAndSnippets() {
         root.fixture.extras.pin("pinned text");
         root.open("Launch");

@@ -135,6 +135,22 @@ Item {
         }
     }
 
+    /// For a row that is put away to be used for another one: the keyboard waits in the list, and
+    /// the next arrow takes it to the row that had it.
+    function release(row) {
+        const item = root.Window.activeFocusItem;
+        if (item && root.rowOf(item) === row) {
+            item.focus = false;
+        }
+    }
+
+    /// The rows are other ones now: who enters begins with the first.
+    function startOver() {
+        root.lastRow = 0;
+        root.lastControl = 0;
+        view.positionViewAtBeginning();
+    }
+
     /// Brings the row into view as soon as it has grown by what was just done to it.
     function follow(row) {
         root.growing = row;

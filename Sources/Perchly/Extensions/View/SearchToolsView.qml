@@ -21,6 +21,7 @@ ColumnLayout {
 
     /// The panel appeared, or was asked for again.
     function begin() {
+        list.startOver();
         root.library.refresh();
         results.editingNote = false;
         field.forceActiveFocus(Qt.ShortcutFocusReason);
@@ -116,10 +117,8 @@ ColumnLayout {
                 root.tools.openApplication(results.firstPath);
             }
         }
-        onEdited: {
-            root.drafts.query = field.text;
-            list.view.positionViewAtBeginning();
-        }
+        onEdited: root.drafts.query = field.text
+        onTextChanged: list.startOver()
     }
     ScrollList {
         id: list
@@ -135,6 +134,7 @@ ColumnLayout {
         delegate: SearchRow {
             id: row
 
+            ListView.onPooled: list.release(row)
             first: row.isApp && row.index === 1 && field.text !== "" && field.activeFocus
 
             onActivated: root.open(row.kind, row.target)

@@ -35,6 +35,8 @@ ColumnLayout {
             Layout.fillWidth: true
             placeholder: "Search installed apps"
             symbol: "magnifyingglass"
+
+            onEdited: list.startOver()
         }
         PushButton {
             Layout.preferredHeight: search.height
@@ -58,6 +60,9 @@ ColumnLayout {
             search: search.text
         }
         delegate: ApplicationRow {
+            id: row
+
+            ListView.onPooled: list.release(row)
             library: root.library
 
             onAddedByKey: index => {
