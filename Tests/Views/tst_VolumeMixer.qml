@@ -25,16 +25,16 @@ ViewTestCase {
         return all.slice(all.findIndex(thing => thing.startsWith("List:")));
     }
 
-    function sliders(item: Item): var {
-        let found = item instanceof ValueSlider ? [item] : [];
+    function controls(item: Item): var {
+        let found = item instanceof ValueSlider || item instanceof PressButton ? [item] : [];
         for (let index = 0; index < item.children.length; ++index) {
-            found = found.concat(root.sliders(item.children[index]));
+            found = found.concat(root.controls(item.children[index]));
         }
         return found;
     }
 
-    function slider(name: string): var {
-        return root.sliders(root.made).find(found => found.visible && found.label === name);
+    function control(name: string): var {
+        return root.controls(root.made).find(found => found.visible && found.label === name);
     }
 
     function test_whatIsThereWithoutApps() {
@@ -67,20 +67,20 @@ ViewTestCase {
         verify(root.fixture.setAccessible(root.made, "Radio volume", 0.555));
         fuzzyCompare(root.audio.level("Radio"), 0.555, 0.0001);
         verify(root.fixture.describedAs(root.made, "55%"));
-        const before = root.slider("Radio volume").share;
+        const before = root.control("Radio volume").share;
         root.press("Toggle mute");
         verify(root.audio.muted("Radio"));
-        compare(root.slider("Radio volume").share, before);
+        compare(root.control("Radio volume").share, before);
         verify(root.fixture.describedAs(root.made, "55%"));
         root.press("Release all");
         compare(root.audio.level("Radio"), -1);
-        compare(root.slider("Radio volume"), undefined);
+        compare(root.control("Radio volume"), undefined);
     }
 
     function test_aDragGoesOnWhileTheListChanges() {
         root.open(["Music", "Radio"]);
         root.press("Enable");
-        const slider = root.slider("Radio volume");
+        const slider = root.control("Radio volume");
         const middle = slider.height / 2;
         mousePress(slider, slider.width * 0.75, middle);
         const first = root.audio.level("Radio");
@@ -91,11 +91,23 @@ ViewTestCase {
         root.audio.play(["Radio"]);
         root.audio.advance(2);
         tryVerify(() => !root.has("ListItem: Music"));
-        compare(root.slider("Radio volume"), slider);
+        compare(root.control("Radio volume"), slider);
         mouseMove(slider, slider.width * 0.25, middle);
         const second = root.audio.level("Radio");
         verify(second > 0.2 && second < 0.3, second);
         mouseRelease(slider, slider.width * 0.25, middle);
+    }
+
+    function test_aDoubleClickEnables() {
+        root.open(["Music"]);
+        const button = root.control("Enable");
+        mouseClick(button);
+        compare(button.label, "Release");
+        mouseClick(button);
+        compare(button.label, "Release");
+        wait(550);
+        mouseClick(button);
+        compare(button.label, "Enable");
     }
 
     name: "VolumeMixer"

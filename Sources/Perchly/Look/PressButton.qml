@@ -14,6 +14,10 @@ MouseArea {
     property real focusRadius: 8
     property int focusInset: -3
     property int focusSideInset: root.focusInset
+    /// When it took the place of another button, in milliseconds as Date.now() tells: a second click
+    /// that was meant for that one does nothing.
+    property double cameAt: 0
+    readonly property int doubleClickTime: 500
     default property alias content: body.data
 
     signal activated()
@@ -43,7 +47,11 @@ MouseArea {
     Keys.onReturnPressed: event => root.pressByKey(event)
     Keys.onEnterPressed: event => root.pressByKey(event)
     Keys.onSpacePressed: event => root.pressByKey(event)
-    onClicked: root.activated()
+    onClicked: {
+        if (Date.now() - root.cameAt > root.doubleClickTime) {
+            root.activated();
+        }
+    }
 
     Item {
         id: body

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Perchly.Look
 
@@ -9,6 +11,9 @@ PressButton {
     /// The one that a person most likely wants: its plate has the accent.
     property bool prominent: false
     property int size: 13
+    /// Shown for a moment after a press, where nothing else tells that it has done something.
+    property string done: ""
+    property bool confirming: false
 
     focusRadius: 10
     implicitHeight: root.size + 17
@@ -16,6 +21,8 @@ PressButton {
     label: root.text
     opacity: root.enabled ? 1 : 0.4
     pressedScale: 0.97
+
+    onActivated: root.confirming = root.done !== ""
 
     RoundedRect {
         anchors.fill: parent
@@ -31,6 +38,26 @@ PressButton {
         font.pixelSize: root.size
         font.weight: Font.Medium
         text: root.text
+        visible: !root.confirming
         width: Math.min(implicitWidth, root.width - 8)
+    }
+    Loader {
+        active: root.confirming
+        anchors.centerIn: parent
+
+        sourceComponent: Label {
+            color: Theme.accent
+            font.pixelSize: root.size
+            font.weight: Font.Medium
+            text: root.done
+            width: Math.min(implicitWidth, root.width - 8)
+
+            Timer {
+                interval: 1500
+                running: true
+
+                onTriggered: root.confirming = false
+            }
+        }
     }
 }

@@ -46,6 +46,7 @@ RowCard {
         }
         PushButton {
             Accessible.description: words.text
+            done: "Pinned"
             size: 12
             text: "Pin"
             visible: !root.row.isImage

@@ -98,6 +98,7 @@ ColumnLayout {
                 }
                 PushButton {
                     Accessible.description: shortcut.row.label
+                    done: "Added"
                     size: 12
                     text: "Add to shelf"
 
@@ -135,6 +136,7 @@ ColumnLayout {
 
                     onActivated: root.tools.stopShortcut()
                     onVisibleChanged: {
+                        stop.cameAt = Date.now(); // where “Run” was
                         if (!stop.visible && stop.focus) {
                             run.forceActiveFocus(Qt.TabFocusReason);
                         }

@@ -28,6 +28,8 @@ RowCard {
     Accessible.role: Accessible.ListItem
     padding: 14
 
+    onRoutedChanged: route.cameAt = Date.now() // one word takes the other's place
+
     ColumnLayout {
         spacing: 10
         width: parent.width
@@ -59,6 +61,8 @@ RowCard {
                 wrapMode: Text.NoWrap
             }
             PushButton {
+                id: route
+
                 Accessible.description: root.subject
                 Layout.minimumWidth: 76
                 text: root.routed ? "Release" : "Enable"
