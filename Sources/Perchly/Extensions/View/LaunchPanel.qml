@@ -77,6 +77,7 @@ ColumnLayout {
         Layout.fillHeight: true
         Layout.fillWidth: true
         label: "Launch groups"
+        placeholder: "No launch groups yet."
         model: rows
 
         delegate: RowCard {

@@ -16,6 +16,7 @@ Item {
     readonly property bool isNote: root.kind === "note"
     /// It is the note, and has the keyboard.
     readonly property bool editing: (place.item as SearchNote)?.editing ?? false
+    readonly property bool isFile: root.kind === "held" && String(root.target).startsWith("file:")
     readonly property var symbols: ({ clip: "doc.on.clipboard", held: "link", snippet: "pin.fill" })
 
     /// What Return in the field opens.
@@ -76,7 +77,7 @@ Item {
             anchors.horizontalCenterOffset: 19
             anchors.verticalCenter: parent.verticalCenter
             color: Theme.grey
-            name: root.isApp ? "" : root.symbols[root.kind] ?? ""
+            name: root.isApp ? "" : root.isFile ? "doc" : root.symbols[root.kind] ?? ""
             size: 14
             visible: !root.isApp
         }

@@ -83,6 +83,7 @@ ColumnLayout {
         Layout.fillHeight: true
         Layout.fillWidth: true
         label: "Pinned snippets"
+        placeholder: "No snippets yet."
         model: rows
 
         delegate: RowCard {

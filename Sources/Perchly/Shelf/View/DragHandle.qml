@@ -11,6 +11,9 @@ MouseArea {
     required property string label
     property string toolTip: ""
     property int toolTipSide: Qt.BottomEdge
+    /// A hovering pointer that has just opened the shelf is here by chance: no tooltip until it has
+    /// left.
+    property bool byChance: false
 
     /// A key that is held presses once.
     function pressByKey(event: KeyEvent) {
@@ -25,6 +28,7 @@ MouseArea {
     Accessible.role: Accessible.Button
     acceptedButtons: Qt.LeftButton
     activeFocusOnTab: true
+    hoverEnabled: true
     preventStealing: true
 
     Accessible.onPressAction: root.shell.toggleKeyboardOpen()
@@ -32,7 +36,12 @@ MouseArea {
     Keys.onReturnPressed: event => root.pressByKey(event)
     Keys.onSpacePressed: event => root.pressByKey(event)
     onCanceled: root.shell.handleCanceled()
-    onPositionChanged: root.shell.handleMoved()
+    onExited: root.byChance = false
+    onPositionChanged: {
+        if (root.pressed) {
+            root.shell.handleMoved();
+        }
+    }
     onPressed: {
         tip.dismiss();
         root.shell.handlePressed();
@@ -48,6 +57,6 @@ MouseArea {
         id: tip
 
         side: root.toolTipSide
-        text: root.toolTip
+        text: root.byChance ? "" : root.toolTip
     }
 }

@@ -47,13 +47,13 @@ FocusScope {
 
     function chooseWidget(anchor: Item, side: string, current: string) {
         chooser.setSource("WidgetMenu.qml", { side: side, current: current });
-        root.present(anchor, 176);
+        root.present(anchor, 176, anchor.activeFocus);
     }
 
-    function choosePin(anchor: Item, widget: string) {
+    function choosePin(anchor: Item, widget: string, byKey: bool) {
         chooser.setSource("PinPopover.qml", { model: root.model, widget: widget });
         root.selectedWidget = widget;
-        root.present(anchor, 210);
+        root.present(anchor, 210, byKey);
     }
 
     function pin(side: string, widget: string) {
@@ -66,9 +66,9 @@ FocusScope {
         }
     }
 
-    function present(anchor: Item, width: real) {
+    function present(anchor: Item, width: real, byKey: bool) {
         root.returnTo = root.Window.activeFocusItem;
-        const byKey = anchor.activeFocus && root.Window.active;
+        const chosenByKey = byKey && root.Window.active;
         root.presented = true;
         root.anchorItem = anchor;
         root.cardWidth = width;
@@ -77,7 +77,7 @@ FocusScope {
         root.model.setChoosingWidget(true);
         root.borrowed = root.shell.takeKeyboard();
         root.forceActiveFocus();
-        if (byKey) {
+        if (chosenByKey) {
             (root.rows().find(row => row.chosen) ?? root.rows()[0])?.forceActiveFocus(Qt.TabFocusReason);
         }
         if (!Theme.reduceMotion) {

@@ -67,7 +67,9 @@ FocusScope {
         edgeFade.target = 1;
     }
     onExpandedChanged: {
-        headerHandle.opening = root.expanded && headerHandle.containsMouse;
+        // The collapsed shelf is all header.
+        headerHandle.byChance = root.expanded && headerHandle.containsMouse;
+        edgeHandle.byChance = headerHandle.byChance;
         root.reveal();
         if (!root.expanded) {
             root.forceActiveFocus(); // not on a button that nobody sees any more
@@ -133,7 +135,7 @@ FocusScope {
 
     ShelfOutline {
         color: Qt.rgba(root.backgroundColor.r, root.backgroundColor.g, root.backgroundColor.b,
-                       root.backgroundColor.a * root.preferences.opacity)
+                       root.backgroundColor.a * (root.composited ? root.preferences.opacity : 1))
         edge: root.edge
         height: layout.outline.height
         highlight: dropArea.containsDrag ? root.accentColor : "transparent"
@@ -271,18 +273,14 @@ FocusScope {
     DragHandle {
         id: headerHandle
 
-        hoverEnabled: true
-        onExited: headerHandle.opening = false
         enabled: !root.choosing || headerHandle.pressed
         readonly property rect openArea: layout.onStage(layout.bandLeft, 0, layout.rowsWidth, layout.headerHeight)
-        property bool opening: false
         readonly property rect area: root.expanded ? headerHandle.openArea : layout.restRect
 
         height: headerHandle.area.height
         label: status.sentence
         shell: root.shell
-        // A hovering pointer that has just opened the shelf is on the header by chance.
-        toolTip: !root.expanded ? status.sentence : headerHandle.opening ? "" : "Click to open · Drag to the top, left, or right edge"
+        toolTip: !root.expanded ? status.sentence : "Click to open · Drag to the top, left, or right edge"
         toolTipSide: !root.onSide || root.expanded ? Qt.BottomEdge : root.edge === "left" ? Qt.RightEdge : Qt.LeftEdge
         width: headerHandle.area.width
         x: headerHandle.area.x

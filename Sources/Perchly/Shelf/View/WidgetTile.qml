@@ -22,7 +22,7 @@ PressButton {
     toolTip: root.popovers.open ? "" : root.label
     width: StripPaging.entryWidth
 
-    onActivated: root.popovers.choosePin(face, root.widget)
+    onActivated: root.popovers.choosePin(face, root.widget, root.activeFocus)
 
     SpringValue {
         id: lift
