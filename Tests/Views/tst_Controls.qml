@@ -46,6 +46,15 @@ TestCase {
         }
     }
     Component {
+        id: note
+
+        NoteEditor {
+            height: 60
+            label: "Note"
+            width: 200
+        }
+    }
+    Component {
         id: entry
 
         FocusScope {
@@ -267,6 +276,16 @@ TestCase {
         bar.stored = 0.75;
         compare(bar.value, 0.75);
         compare(bar.current, 0.75);
+    }
+
+    function test_eachParagraphOfANoteRunsAsItsScriptDoes() {
+        const editor = root.make(note).edit;
+        for (const text of ["שלום\nHello (1)", "Hello (1)\nשלום"]) {
+            editor.text = text;
+            const hello = editor.positionToRectangle(text.indexOf("H"));
+            const shalom = editor.positionToRectangle(text.indexOf("ש"));
+            verify(hello.x < 20 && shalom.x > 180, text);
+        }
     }
 
     function test_escapeEmptiesAFieldBeforeItLeaves() {

@@ -80,11 +80,17 @@ Flickable {
         Keys.onTabPressed: edit.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
         onCursorRectangleChanged: root.follow(edit.cursorRectangle)
         onTextChanged: {
+            direction.apply();
             if (!root.filling) {
                 root.edited(edit.text);
             }
         }
 
+        ParagraphDirection {
+            id: direction
+
+            document: edit.textDocument
+        }
         TapHandler {
             onPressedChanged: {
                 if (pressed) {
