@@ -235,7 +235,7 @@ private Q_SLOTS:
         failToSet(1);
         QTRY_COMPARE_WITH_TIMEOUT(JsonPreferences(m_path).number(key), 1.0, 10'000);
         failToSet(2);
-        QMetaObject::invokeMethod(qApp, "aboutToQuit"); // at the latest
+        QMetaObject::invokeMethod(QCoreApplication::instance(), "aboutToQuit"); // at the latest
         QCOMPARE(JsonPreferences(m_path).number(key), 2.0);
     }
 
