@@ -2,6 +2,7 @@
 
 import json
 import subprocess
+import time
 
 from perchly_session.accessibility import Accessibility
 from perchly_session.case import TOGGLE, SessionCase, main
@@ -108,6 +109,8 @@ class PreviewTest(SessionCase):
             if not windows or windows[0].title != title or self.screen.focus() != windows[0].id:
                 return False
             x, y, width, height = windows[0].rect
+            if y + height > self.screen.height:
+                return False  # the window manager lets it fly in
             middle = self.screen.screenshot().pixel(x + width // 2, y + height // 2 - 40)
             return colour is None or near(middle, colour, 30)
 
@@ -151,6 +154,7 @@ class PreviewTest(SessionCase):
         self.shows("a.mp4", GREEN)
         self.screen.minimize(window)
         wait_until(lambda: not self.screen.windows_of(self.preview.pid), "it minimised")
+        time.sleep(0.3)  # until it has heard of it
         self.ask(toggle=True)  # who asks for what is out of sight wants to see it
         self.shows("a.mp4", GREEN)
         application = Accessibility(self.session.bus_address, self.preview.pid).application()
