@@ -157,13 +157,11 @@ void PipeWireConnectionTest::itConnectsWhenTheBusHasGone() {
 }
 
 void PipeWireConnectionTest::theAudioThreadHasRealTimePriority() {
-    if (!mayTakeRealTimePriority()) {
-        QSKIP("not allowed here");
-    }
+    const bool isAllowed = mayTakeRealTimePriority(); // no bus answers that could be asked for it
     PipeWireConnection connection;
     connection.start();
     QTRY_VERIFY(connection.core() != nullptr);
-    QTRY_VERIFY(hasRealTimeThread());
+    QTRY_COMPARE(hasRealTimeThread(), isAllowed);
 }
 
 QTEST_GUILESS_MAIN(PipeWireConnectionTest)
