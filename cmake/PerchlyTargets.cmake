@@ -1,18 +1,14 @@
 # One way to declare an area, so that the rules of who may include whom hold everywhere:
 # an area's headers are visible only to the targets that link it.
 
-set(CMAKE_AUTOMOC ON)
-set(CMAKE_AUTORCC ON)
-if(PERCHLY_CHECK_HEADERS)
-    set(CMAKE_VERIFY_INTERFACE_HEADER_SETS ON)
-endif()
-
 add_library(perchly_options INTERFACE)
 target_compile_options(perchly_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
     -Wold-style-cast
-    # An optimising build reports it for every guarded pointer of the toolkit.
+    # An optimizing build reports it for every QPointer.
     $<$<CONFIG:Debug>:-Wnull-dereference>
+    # A joined source looks like a header to it.
+    $<$<BOOL:${CMAKE_UNITY_BUILD}>:-Wno-subobject-linkage>
     $<$<BOOL:${PERCHLY_WERROR}>:-Werror>)
 target_compile_definitions(perchly_options INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS
@@ -24,12 +20,14 @@ if(PERCHLY_SANITIZE)
     add_link_options(-fsanitize=${sanitizers})
 endif()
 
-# perchly_area(<name> HEADERS … [SOURCES …] [PUBLIC …] [PRIVATE …])
-# A static library perchly_<name> whose headers are included by their plain file names.
+# perchly_area(<name> [MOC] HEADERS … [SOURCES …] [PUBLIC …] [PRIVATE …])
+# A static library perchly_<name> whose headers are included by their plain file names. MOC runs Qt's
+# meta-object compiler over it.
 function(perchly_area name)
-    cmake_parse_arguments(PARSE_ARGV 1 area "" "" "HEADERS;SOURCES;PUBLIC;PRIVATE")
+    cmake_parse_arguments(PARSE_ARGV 1 area "MOC" "" "HEADERS;SOURCES;PUBLIC;PRIVATE")
     if(area_SOURCES)
         add_library(perchly_${name} STATIC ${area_SOURCES} ${area_HEADERS})
+        set_target_properties(perchly_${name} PROPERTIES AUTOMOC ${area_MOC})
         set(scope PUBLIC)
     else()
         add_library(perchly_${name} INTERFACE)
@@ -61,6 +59,7 @@ endfunction()
 function(perchly_qml_module name)
     cmake_parse_arguments(PARSE_ARGV 1 module "" "URI"
         "SOURCES;HEADERS;QML_FILES;IMPORTS;PUBLIC;PRIVATE")
+    set(CMAKE_AUTOMOC ON)
     qt_add_qml_module(perchly_${name}
         URI ${module_URI}
         VERSION 1.0
@@ -73,11 +72,35 @@ function(perchly_qml_module name)
         BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES ${module_HEADERS})
     target_link_libraries(perchly_${name}
         PUBLIC ${module_PUBLIC} PRIVATE perchly_options ${module_PRIVATE})
-    # What Qt generates is held to Qt's rules.
-    get_target_property(sources perchly_${name} SOURCES)
-    list(FILTER sources INCLUDE REGEX "qmlcache|qmltyperegistrations")
-    set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS -w)
-    if(TARGET perchly_${name}_qmlcache)
-        target_compile_options(perchly_${name}_qmlcache PRIVATE -w)
-    endif()
+    perchly_join_generated(perchly_${name})
+endfunction()
+
+# perchly_join_generated(<target>)
+# Compiles the many small sources that Qt generates for a QML module in a few files, which takes a
+# tenth of the time. They are included as system headers, so our warnings are off in them.
+function(perchly_join_generated target)
+    get_target_property(generated ${target} SOURCES)
+    list(FILTER generated INCLUDE REGEX "qmlcache|qmltyperegistrations")
+    list(LENGTH generated left)
+    set(number 0)
+    while(left GREATER 0)
+        list(SUBLIST generated 0 16 batch)
+        list(REMOVE_ITEM generated ${batch})
+        list(LENGTH generated left)
+        set(text "")
+        foreach(source IN LISTS batch)
+            cmake_path(ABSOLUTE_PATH source BASE_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
+            cmake_path(GET source PARENT_PATH folder)
+            cmake_path(GET source FILENAME file)
+            target_include_directories(${target} SYSTEM PRIVATE ${folder})
+            string(APPEND text "#include <${file}>\n")
+        endforeach()
+        set(joined ${CMAKE_CURRENT_BINARY_DIR}/${target}_generated_${number}.cpp)
+        file(CONFIGURE OUTPUT ${joined} CONTENT "${text}" @ONLY)
+        set_source_files_properties(${batch} PROPERTIES HEADER_FILE_ONLY ON)
+        set_source_files_properties(${joined} PROPERTIES
+            OBJECT_DEPENDS "${batch}" SKIP_AUTOGEN ON SKIP_UNITY_BUILD_INCLUSION ON)
+        target_sources(${target} PRIVATE ${joined})
+        math(EXPR number "${number} + 1")
+    endwhile()
 endfunction()

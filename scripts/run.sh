@@ -4,21 +4,18 @@
 set -eu
 cd "$(dirname "$0")/.."
 
+echo "run: the first build takes about 3 minutes on 2 cores; later ones take seconds."
 if [ -n "${DISPLAY:-}" ]; then
     scripts/setup.sh Building Running # and nothing that changes the desktop
 else
     scripts/setup.sh Building Running Testing
 fi
-if [ -z "${CMAKE_CXX_COMPILER_LAUNCHER:-}" ] && command -v ccache >/dev/null; then
-    export CMAKE_CXX_COMPILER_LAUNCHER=ccache
-fi
-cmake --preset release
-cmake --build --preset release --target perchly
+scripts/build.sh default perchly
 
-program=build/release/Sources/Perchly/Shell/perchly
+program=build/Sources/Perchly/Shell/perchly
 if [ -n "${DISPLAY:-}" ]; then
-    echo "Perchly hangs at the top of the screen: point at it, or press Ctrl+Alt+Space."
+    echo "run: Perchly hangs at the top of the screen: point at it, or press Ctrl+Alt+Space."
     exec "$program"
 fi
-echo "There is no display: Perchly plays a short scene on a virtual one."
+echo "run: there is no display, so Perchly plays a short scene on a virtual one."
 exec /usr/bin/python3 -B scripts/scene.py "$program" out

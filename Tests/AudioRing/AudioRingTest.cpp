@@ -280,6 +280,6 @@ void AudioRingTest::playsOnAfterTheCountersWrap() {
     }
 }
 
-static const RegisteredTest<AudioRingTest> registered;
+static const RegisteredTest<AudioRingTest> registeredAudioRingTest;
 
 #include "AudioRingTest.moc"

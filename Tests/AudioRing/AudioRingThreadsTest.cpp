@@ -116,6 +116,6 @@ void AudioRingThreadsTest::theGainMayMoveAtAnyTime() {
     QVERIFY2(farthest <= 0.00401F, qPrintable(QString::number(double(farthest))));
 }
 
-static const RegisteredTest<AudioRingThreadsTest> registered;
+static const RegisteredTest<AudioRingThreadsTest> registeredAudioRingThreadsTest;
 
 #include "AudioRingThreadsTest.moc"

@@ -5,6 +5,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimeZone>
 
 using namespace perchly;
 
@@ -64,9 +65,9 @@ private:
 
     CalendarReading read(const QString &zone = {}) {
         const QString from =
-            QString::number(QDateTime(QDate(2026, 3, 20), QTime(), Qt::UTC).toSecsSinceEpoch());
+            QString::number(QDateTime(QDate(2026, 3, 20), QTime(), QTimeZone::utc()).toSecsSinceEpoch());
         const QString to =
-            QString::number(QDateTime(QDate(2026, 4, 3), QTime(), Qt::UTC).toSecsSinceEpoch());
+            QString::number(QDateTime(QDate(2026, 4, 3), QTime(), QTimeZone::utc()).toSecsSinceEpoch());
         int status = 0;
         const QByteArray said = run({QStringLiteral("events"), from, to}, zone, &status);
         m_said = said.size();
@@ -80,7 +81,7 @@ private:
         QStringList lines;
         for (const CalendarEvent &event : reading.eventsBetween({}, Clock::TimePoint::max())) {
             const auto start = QDateTime::fromSecsSinceEpoch(
-                std::chrono::system_clock::to_time_t(event.start), Qt::UTC);
+                std::chrono::system_clock::to_time_t(event.start), QTimeZone::utc());
             lines.append(QStringLiteral("%1+%2 %3%4")
                              .arg(start.toString(QStringLiteral("MMdd'T'hhmm")))
                              .arg((event.end - event.start) / std::chrono::minutes(1))

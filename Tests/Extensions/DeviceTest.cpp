@@ -121,7 +121,7 @@ private Q_SLOTS:
     }
 };
 
-const RegisteredTest<DeviceTest> registered;
+const RegisteredTest<DeviceTest> registeredDeviceTest;
 
 } // namespace
 

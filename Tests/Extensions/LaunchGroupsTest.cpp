@@ -116,7 +116,7 @@ private Q_SLOTS:
     void noDocumentBreaksTheDecoder() { fuzzDecoder(document, decodeGroups, encodeGroups); }
 };
 
-static const RegisteredTest<LaunchGroupsTest> registered;
+static const RegisteredTest<LaunchGroupsTest> registeredLaunchGroupsTest;
 
 } // namespace perchly
 

@@ -11,7 +11,8 @@ namespace perchly {
 
 namespace {
 
-const QByteArray document(R"([{"id":"6F9619FF-8B86-D011-B42D-00C04FC964FF","text":"a\nb ✓"}])");
+const QByteArray
+    snippetsDocument(R"([{"id":"6F9619FF-8B86-D011-B42D-00C04FC964FF","text":"a\nb ✓"}])");
 
 QStringList texts(const ShelfExtras &extras) {
     QStringList result;
@@ -57,9 +58,10 @@ private Q_SLOTS:
 
     void aDocumentThatIsNotOneIsReplaced_data() {
         QTest::addColumn<QByteArray>("content");
-        QTest::newRow("a torn one") << document.chopped(5);
+        QTest::newRow("a torn one") << snippetsDocument.chopped(5);
         QTest::newRow("a list of texts") << QByteArray("[\"a\"]");
-        QTest::newRow("a number for a text") << QByteArray(document).replace("\"a\\nb ✓\"", "1");
+        QTest::newRow("a number for a text")
+            << QByteArray(snippetsDocument).replace("\"a\\nb ✓\"", "1");
     }
 
     void aDocumentThatIsNotOneIsReplaced() {
@@ -69,15 +71,17 @@ private Q_SLOTS:
         fixture.fake.preferences.setData(keys::pinnedSnippets, content);
         QCOMPARE(texts(ShelfExtras(fixture.fake.hosts)), QStringList());
         QCOMPARE(fixture.stored(keys::pinnedSnippets), QByteArray("[]"));
-        fixture.fake.preferences.setData(keys::pinnedSnippets, document);
+        fixture.fake.preferences.setData(keys::pinnedSnippets, snippetsDocument);
         QCOMPARE(texts(ShelfExtras(fixture.fake.hosts)), QStringList{QStringLiteral("a\nb ✓")});
-        QCOMPARE(fixture.stored(keys::pinnedSnippets), document);
+        QCOMPARE(fixture.stored(keys::pinnedSnippets), snippetsDocument);
     }
 
-    void noDocumentBreaksTheDecoder() { fuzzDecoder(document, decodeSnippets, encodeSnippets); }
+    void noDocumentBreaksTheDecoder() {
+        fuzzDecoder(snippetsDocument, decodeSnippets, encodeSnippets);
+    }
 };
 
-static const RegisteredTest<PinnedSnippetsTest> registered;
+static const RegisteredTest<PinnedSnippetsTest> registeredPinnedSnippetsTest;
 
 } // namespace perchly
 

@@ -164,7 +164,7 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<SearchResultsTest> registered;
+static const RegisteredTest<SearchResultsTest> registeredSearchResultsTest;
 
 } // namespace perchly
 

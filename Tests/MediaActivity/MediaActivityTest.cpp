@@ -80,5 +80,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<MediaActivityTest> registered;
+static const RegisteredTest<MediaActivityTest> registeredMediaActivityTest;
 #include "MediaActivityTest.moc"

@@ -211,5 +211,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<MediaControlTest> registered;
+static const RegisteredTest<MediaControlTest> registeredMediaControlTest;
 #include "MediaControlTest.moc"

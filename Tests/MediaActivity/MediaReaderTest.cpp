@@ -93,5 +93,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<MediaReaderTest> registered;
+static const RegisteredTest<MediaReaderTest> registeredMediaReaderTest;
 #include "MediaReaderTest.moc"

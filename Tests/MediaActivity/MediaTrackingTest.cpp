@@ -159,5 +159,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<MediaTrackingTest> registered;
+static const RegisteredTest<MediaTrackingTest> registeredMediaTrackingTest;
 #include "MediaTrackingTest.moc"

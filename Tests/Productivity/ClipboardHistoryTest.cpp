@@ -235,7 +235,7 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<ClipboardHistoryTest> registered;
+static const RegisteredTest<ClipboardHistoryTest> registeredClipboardHistoryTest;
 
 } // namespace perchly
 

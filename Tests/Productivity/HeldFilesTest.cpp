@@ -234,7 +234,7 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<HeldFilesTest> registered;
+static const RegisteredTest<HeldFilesTest> registeredHeldFilesTest;
 
 } // namespace perchly
 

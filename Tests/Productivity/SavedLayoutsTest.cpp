@@ -153,7 +153,7 @@ private Q_SLOTS:
     void noDocumentBreaksTheDecoder() { fuzzDecoder(document, decodeLayouts, encodeLayouts); }
 };
 
-static const RegisteredTest<SavedLayoutsTest> registered;
+static const RegisteredTest<SavedLayoutsTest> registeredSavedLayoutsTest;
 
 } // namespace perchly
 

@@ -129,7 +129,7 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<ShortcutsRunnerTest> registered;
+static const RegisteredTest<ShortcutsRunnerTest> registeredShortcutsRunnerTest;
 
 } // namespace perchly
 

@@ -143,7 +143,7 @@ private:
     std::unique_ptr<QAbstractItemModelTester> m_tester;
 };
 
-static const RegisteredTest<InstalledApplicationsTest> registered;
+static const RegisteredTest<InstalledApplicationsTest> registeredInstalledApplicationsTest;
 
 } // namespace perchly
 

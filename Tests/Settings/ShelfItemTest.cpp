@@ -122,7 +122,7 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<ShelfItemTest> registered;
+static const RegisteredTest<ShelfItemTest> registeredShelfItemTest;
 
 } // namespace perchly
 

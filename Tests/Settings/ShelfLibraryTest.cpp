@@ -235,7 +235,7 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<ShelfLibraryTest> registered;
+static const RegisteredTest<ShelfLibraryTest> registeredShelfLibraryTest;
 
 } // namespace perchly
 

@@ -138,7 +138,7 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<FocusDayTest> registered;
+static const RegisteredTest<FocusDayTest> registeredFocusDayTest;
 
 } // namespace perchly
 

@@ -224,7 +224,7 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<FocusTimerTest> registered;
+static const RegisteredTest<FocusTimerTest> registeredFocusTimerTest;
 
 } // namespace perchly
 

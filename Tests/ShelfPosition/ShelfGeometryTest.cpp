@@ -240,7 +240,7 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<ShelfGeometryTest> registered;
+static const RegisteredTest<ShelfGeometryTest> registeredShelfGeometryTest;
 
 } // namespace perchly
 

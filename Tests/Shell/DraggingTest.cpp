@@ -165,6 +165,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<DraggingTest> registered;
+static const RegisteredTest<DraggingTest> registeredDraggingTest;
 
 #include "DraggingTest.moc"

@@ -153,6 +153,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<HoverTest> registered;
+static const RegisteredTest<HoverTest> registeredHoverTest;
 
 #include "HoverTest.moc"

@@ -133,6 +133,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<KeysTest> registered;
+static const RegisteredTest<KeysTest> registeredKeysTest;
 
 #include "KeysTest.moc"

@@ -68,6 +68,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<LaunchTest> registered;
+static const RegisteredTest<LaunchTest> registeredLaunchTest;
 
 #include "LaunchTest.moc"

@@ -38,7 +38,7 @@ private Q_SLOTS:
 
 namespace {
 
-const RegisteredTest<CardTextTest> registered;
+const RegisteredTest<CardTextTest> registeredCardTextTest;
 
 } // namespace
 

@@ -79,7 +79,7 @@ private Q_SLOTS:
 
 namespace {
 
-const RegisteredTest<CompactLookTest> registered;
+const RegisteredTest<CompactLookTest> registeredCompactLookTest;
 
 } // namespace
 

@@ -106,7 +106,7 @@ private:
 
 namespace {
 
-const RegisteredTest<SpringValueTest> registered;
+const RegisteredTest<SpringValueTest> registeredSpringValueTest;
 
 } // namespace
 

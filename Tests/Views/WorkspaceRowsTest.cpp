@@ -175,7 +175,7 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<WorkspaceRowsTest> registered;
+static const RegisteredTest<WorkspaceRowsTest> registeredWorkspaceRowsTest;
 
 } // namespace perchly
 

@@ -13,7 +13,7 @@ using namespace perchly;
 
 namespace {
 
-constexpr AudioObject process = 17;
+constexpr AudioObject tappedProcess = 17;
 
 const QStringList building{QStringLiteral("createTap"),      QStringLiteral("readTapFormat"),
                            QStringLiteral("createDevice"),   QStringLiteral("createIo"),
@@ -24,7 +24,7 @@ const QStringList building{QStringLiteral("createTap"),      QStringLiteral("rea
 /// Empty when the route could be built; it is stopped again then.
 QString buildError(FakeAudioSystem &system, RingHandle::Allocator allocate = perchly_ring_create) {
     try {
-        TapPlayback(system, process, allocate).stop();
+        TapPlayback(system, tappedProcess, allocate).stop();
     } catch (const MixerError &error) {
         return error.description();
     }
@@ -49,10 +49,10 @@ private Q_SLOTS:
 
 void TapPlaybackTest::aRouteIsBuiltAndTakenDownInOrder() {
     FakeAudioSystem system;
-    TapPlayback route(system, process);
+    TapPlayback route(system, tappedProcess);
     QCOMPARE(system.calls, building);
     QVERIFY(route.isRunning());
-    FakeAudioRoute &host = *system.route(process);
+    FakeAudioRoute &host = *system.route(tappedProcess);
     host.running = false;
     QVERIFY(!route.isRunning());
 
@@ -70,10 +70,10 @@ void TapPlaybackTest::aRouteIsBuiltAndTakenDownInOrder() {
 
 void TapPlaybackTest::descriptionsAreComplete() {
     FakeAudioSystem system;
-    TapPlayback first(system, process);
-    TapPlayback second(system, process + 1);
-    const FakeAudioRoute &host = *system.route(process);
-    QCOMPARE(host.tap->processes, QList<AudioObject>{process});
+    TapPlayback first(system, tappedProcess);
+    TapPlayback second(system, tappedProcess + 1);
+    const FakeAudioRoute &host = *system.route(tappedProcess);
+    QCOMPARE(host.tap->processes, QList<AudioObject>{tappedProcess});
     QCOMPARE(host.tap->name, QStringLiteral("Perchly app volume"));
     QVERIFY(host.tap->isPrivate);
     QCOMPARE(host.tap->mute, TapMute::MutedWhenTapped);
@@ -84,7 +84,7 @@ void TapPlaybackTest::descriptionsAreComplete() {
     QCOMPARE(host.device->taps[0].uid, host.tap->uuid.toString(QUuid::WithoutBraces));
     QVERIFY(host.device->taps[0].drift);
     QVERIFY(!QUuid(host.device->uid).isNull());
-    QVERIFY(host.device->uid != system.route(process + 1)->device->uid);
+    QVERIFY(host.device->uid != system.route(tappedProcess + 1)->device->uid);
     QCOMPARE(host.playback->sampleRate, 48000.0);
     QCOMPARE(host.playback->channels, 2U);
     first.stop();
@@ -136,7 +136,7 @@ void TapPlaybackTest::aFailingStepTakesBackWhatWasMade() {
     system.engineError = QStringLiteral("The engine’s own words");
     QCOMPARE(buildError(system), message);
     QCOMPARE(system.calls, building.mid(0, building.indexOf(step) + 1) + teardown);
-    QVERIFY(system.route(process) == nullptr);
+    QVERIFY(system.route(tappedProcess) == nullptr);
 }
 
 void TapPlaybackTest::onlyStereoFloatsAreAccepted_data() {
@@ -184,8 +184,8 @@ void TapPlaybackTest::withoutMemoryNothingIsMade() {
 
 void TapPlaybackTest::blocksCarryAudioThroughTheRing() {
     FakeAudioSystem system;
-    std::optional<TapPlayback> route(std::in_place, system, process);
-    const FakeAudioRoute &host = *system.route(process);
+    std::optional<TapPlayback> route(std::in_place, system, tappedProcess);
+    const FakeAudioRoute &host = *system.route(tappedProcess);
     const CaptureBlock capture = host.capture;
     const std::shared_ptr<RenderBlock> render = host.render.lock();
     std::array<float, 4> in{0.5F, -0.5F, 0.25F, -0.25F};
@@ -206,6 +206,6 @@ void TapPlaybackTest::blocksCarryAudioThroughTheRing() {
     }
 }
 
-static const RegisteredTest<TapPlaybackTest> registered;
+static const RegisteredTest<TapPlaybackTest> registeredTapPlaybackTest;
 
 #include "TapPlaybackTest.moc"

@@ -390,6 +390,6 @@ void VolumeMixerTest::rowsKeepTheirIdentity() {
     QVERIFY(!music.isValid());
 }
 
-static const RegisteredTest<VolumeMixerTest> registered;
+static const RegisteredTest<VolumeMixerTest> registeredVolumeMixerTest;
 
 #include "VolumeMixerTest.moc"

@@ -10,7 +10,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto patience = 10s;
+constexpr auto sendTimeout = 10s;
 constexpr qsizetype longestPart = 192 * 1024; // any server takes this much at once
 constexpr quint32 reading = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
 
@@ -28,7 +28,7 @@ void SelectionSending::send(xcb_window_t window, xcb_atom_t property, xcb_atom_t
     xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, window, property,
                         m_connection.atoms().increments, 32, 1, &size);
     m_outgoing.push_back(
-        {window, property, type, bytes, 0, std::chrono::steady_clock::now() + patience});
+        {window, property, type, bytes, 0, std::chrono::steady_clock::now() + sendTimeout});
 }
 
 void SelectionSending::handleEvent(const xcb_generic_event_t &event) {
@@ -70,7 +70,7 @@ bool SelectionSending::sendNext(Outgoing &outgoing) const {
                         outgoing.property, outgoing.type, 8, static_cast<quint32>(size),
                         outgoing.bytes.constData() + outgoing.sent);
     outgoing.sent += size;
-    outgoing.deadline = std::chrono::steady_clock::now() + patience;
+    outgoing.deadline = std::chrono::steady_clock::now() + sendTimeout;
     return size > 0;
 }
 

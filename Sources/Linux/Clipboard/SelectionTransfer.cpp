@@ -12,8 +12,8 @@ using Outcome = SelectionAnswer::Outcome;
 
 namespace {
 
-constexpr auto patience = 3s;
-constexpr auto longestTransfer = 60s;
+constexpr auto readTimeout = 3s;
+constexpr auto maxTransferTime = 60s;
 
 } // namespace
 
@@ -23,7 +23,7 @@ SelectionTransfer::SelectionTransfer(const SelectionConnection &connection,
     , m_question(question)
     , m_completion(std::move(completion))
     , m_window(connection.makeWindow())
-    , m_latest(std::chrono::steady_clock::now() + longestTransfer) {
+    , m_latest(std::chrono::steady_clock::now() + maxTransferTime) {
     postpone();
     xcb_convert_selection(connection.get(), m_window, question.selection, question.target,
                           connection.atoms().data, XCB_CURRENT_TIME);
@@ -99,7 +99,7 @@ void SelectionTransfer::giveUp() {
 }
 
 void SelectionTransfer::postpone() {
-    m_deadline = std::min(std::chrono::steady_clock::now() + patience, m_latest);
+    m_deadline = std::min(std::chrono::steady_clock::now() + readTimeout, m_latest);
 }
 
 void SelectionTransfer::stopHolding() {

@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr const char *service = "org.freedesktop.UPower";
+constexpr const char *powerService = "org.freedesktop.UPower";
 constexpr const char *daemonPath = "/org/freedesktop/UPower";
 constexpr const char *devicePath = "/org/freedesktop/UPower/devices/DisplayDevice";
 constexpr const char *deviceInterface = "org.freedesktop.UPower.Device";
@@ -154,9 +154,9 @@ void BusPowerSources::ask() {
     if (!m_bus) {
         return;
     }
-    m_device = m_bus->call(service, devicePath, properties, "GetAll", deviceInterface,
+    m_device = m_bus->call(powerService, devicePath, properties, "GetAll", deviceInterface,
                            [this](sd_bus_message *reply) { onDevice(reply); });
-    m_daemon = m_bus->call(service, daemonPath, properties, "GetAll", service,
+    m_daemon = m_bus->call(powerService, daemonPath, properties, "GetAll", powerService,
                            [this](sd_bus_message *reply) { onDaemon(reply); });
 }
 

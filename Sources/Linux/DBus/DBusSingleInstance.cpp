@@ -11,7 +11,7 @@ namespace perchly {
 
 namespace {
 
-const QString name = QStringLiteral("org.perchly.Perchly");
+const QString ourName = QStringLiteral("org.perchly.Perchly");
 const QString objectPath = QStringLiteral("/org/perchly/Perchly");
 const QString busName = QStringLiteral("org.freedesktop.DBus");
 
@@ -34,7 +34,7 @@ DBusSingleInstance::~DBusSingleInstance() {
         m_bus->unregisterObject(objectPath);
         m_bus->send(QDBusMessage::createMethodCall(busName, QStringLiteral("/org/freedesktop/DBus"),
                                                    busName, QStringLiteral("ReleaseName"))
-                    << name);
+                    << ourName);
     }
 }
 
@@ -69,7 +69,7 @@ DBusSingleInstance::Name DBusSingleInstance::requestName() {
     // Asked directly, since the library's own call would wait for up to 25 seconds.
     QDBusMessage call = QDBusMessage::createMethodCall(
         busName, QStringLiteral("/org/freedesktop/DBus"), busName, QStringLiteral("RequestName"));
-    call << name << doNotQueue;
+    call << ourName << doNotQueue;
     const QDBusMessage reply = m_bus->call(call, QDBus::Block, busTimeout);
     const uint result =
         reply.type() == QDBusMessage::ReplyMessage ? reply.arguments().value(0).toUInt() : 0;
@@ -81,7 +81,7 @@ DBusSingleInstance::Name DBusSingleInstance::requestName() {
 
 bool DBusSingleInstance::activateOther() {
     QDBusMessage call = QDBusMessage::createMethodCall(
-        name, objectPath, QStringLiteral("org.freedesktop.Application"),
+        ourName, objectPath, QStringLiteral("org.freedesktop.Application"),
         QStringLiteral("Activate"));
     call << QVariantMap();
     call.setAutoStartService(false);

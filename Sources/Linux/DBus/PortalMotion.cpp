@@ -12,7 +12,7 @@ namespace perchly {
 
 namespace {
 
-const QString service = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString portalService = QStringLiteral("org.freedesktop.portal.Desktop");
 const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString interface = QStringLiteral("org.freedesktop.portal.Settings");
 
@@ -54,10 +54,10 @@ PortalMotion::PortalMotion(const QDBusConnection &bus, QObject *parent)
     if (!m_bus.isConnected()) {
         return;
     }
-    m_bus.connect(service, path, interface, QStringLiteral("SettingChanged"), this,
+    m_bus.connect(portalService, path, interface, QStringLiteral("SettingChanged"), this,
                   SLOT(onSettingChanged(QString, QString, QDBusVariant)));
     m_watcher.setConnection(m_bus);
-    m_watcher.addWatchedService(service);
+    m_watcher.addWatchedService(portalService);
     connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, &PortalMotion::readAll);
     readAll();
 }
@@ -65,7 +65,7 @@ PortalMotion::PortalMotion(const QDBusConnection &bus, QObject *parent)
 void PortalMotion::readAll() {
     for (const Setting &setting : settings) {
         QDBusMessage call =
-            QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
+            QDBusMessage::createMethodCall(portalService, path, interface, QStringLiteral("Read"));
         call << QString(setting.group) << QString(setting.key);
         auto *pending = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
         connect(pending, &QDBusPendingCallWatcher::finished, this, [this, setting, pending] {

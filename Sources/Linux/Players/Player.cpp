@@ -12,7 +12,7 @@ namespace perchly {
 namespace {
 
 constexpr std::size_t longestText = 2048;
-constexpr double microseconds = 1e6;
+constexpr double microsecondsPerSecond = 1e6;
 
 bool isContinuation(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
@@ -67,7 +67,8 @@ std::string artistOf(const BusValue &value) {
 
 std::optional<double> secondsOf(const BusValue &value) {
     const auto number = numberOf(value);
-    return number && std::isfinite(*number) ? std::optional(*number / microseconds) : std::nullopt;
+    return number && std::isfinite(*number) ? std::optional(*number / microsecondsPerSecond)
+                                            : std::nullopt;
 }
 
 bool isTrack(const std::string &path) {

@@ -11,7 +11,7 @@ namespace perchly {
 
 namespace {
 
-constexpr std::chrono::milliseconds settleTime{40};
+constexpr std::chrono::milliseconds stackingSettleTime{40};
 constexpr std::chrono::milliseconds periodLength{5000};
 constexpr int mostRaises = 4;
 
@@ -39,7 +39,7 @@ StackingGuard::StackingGuard(XcbConnection &connection, QObject *parent)
     : QObject(parent)
     , m_connection(connection) {
     m_check.setSingleShot(true);
-    m_check.setInterval(settleTime);
+    m_check.setInterval(stackingSettleTime);
     connect(&m_check, &QTimer::timeout, this, &StackingGuard::check);
     connect(&connection, &XcbConnection::eventArrived, this, &StackingGuard::handleEvent);
     connect(&connection, &XcbConnection::restored, this, [this] {
@@ -103,7 +103,7 @@ void StackingGuard::select() {
 }
 
 void StackingGuard::check() {
-    m_check.setInterval(settleTime);
+    m_check.setInterval(stackingSettleTime);
     select();
     if (!isCovered()) {
         return;
@@ -113,7 +113,7 @@ void StackingGuard::check() {
         m_raises = 0;
     }
     if (m_raises == mostRaises) {
-        m_check.start(std::chrono::milliseconds(m_period.remainingTime()) + settleTime);
+        m_check.start(std::chrono::milliseconds(m_period.remainingTime()) + stackingSettleTime);
         return;
     }
     ++m_raises;

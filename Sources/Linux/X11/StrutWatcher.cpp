@@ -5,14 +5,14 @@ namespace perchly {
 namespace {
 
 // A desktop that starts or rearranges itself changes these many times in a row.
-constexpr std::chrono::milliseconds settleTime{30};
+constexpr std::chrono::milliseconds strutSettleTime{30};
 
 } // namespace
 
 StrutWatcher::StrutWatcher(QObject *parent)
     : QObject(parent) {
     m_refresh.setSingleShot(true);
-    m_refresh.setInterval(settleTime);
+    m_refresh.setInterval(strutSettleTime);
     connect(&m_refresh, &QTimer::timeout, this, &StrutWatcher::refresh);
     connect(&m_connection, &XcbConnection::eventArrived, this, &StrutWatcher::handleEvent);
     connect(&m_connection, &XcbConnection::restored, this, &StrutWatcher::begin);

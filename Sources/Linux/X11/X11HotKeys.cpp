@@ -5,7 +5,7 @@ namespace perchly {
 namespace {
 
 // A change of the layout arrives as a burst.
-constexpr std::chrono::milliseconds settleTime{50};
+constexpr std::chrono::milliseconds keyboardSettleTime{50};
 
 constexpr quint16 chordModifiers = XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1 |
                                    XCB_MOD_MASK_2 | XCB_MOD_MASK_3 | XCB_MOD_MASK_4 |
@@ -16,7 +16,7 @@ constexpr quint16 chordModifiers = XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL | X
 X11HotKeys::X11HotKeys(QObject *parent)
     : HotKeys(parent) {
     m_keyboardChange.setSingleShot(true);
-    m_keyboardChange.setInterval(settleTime);
+    m_keyboardChange.setInterval(keyboardSettleTime);
     connect(&m_keyboardChange, &QTimer::timeout, this, &X11HotKeys::followKeyboardChange);
     connect(&m_connection, &XcbConnection::eventArrived, this, &X11HotKeys::handleEvent);
     connect(&m_connection, &XcbConnection::restored, this, &X11HotKeys::grabAnew);

@@ -8,22 +8,22 @@ namespace perchly {
 
 namespace {
 
-constexpr QLatin1StringView idField("id");
+constexpr QLatin1StringView groupId("id");
 constexpr QLatin1StringView nameField("name");
 constexpr QLatin1StringView urlsField("urls");
 
-QJsonValue encoded(const LaunchGroup &group) {
+QJsonValue encodedGroup(const LaunchGroup &group) {
     QJsonArray urls;
     for (const QUrl &url : group.urls) {
         urls.append(url.toString(QUrl::FullyEncoded));
     }
     return QJsonObject{
-        {idField, identifierText(group.id)}, {nameField, group.name}, {urlsField, urls}};
+        {groupId, identifierText(group.id)}, {nameField, group.name}, {urlsField, urls}};
 }
 
-std::optional<LaunchGroup> decoded(const QJsonValue &value) {
+std::optional<LaunchGroup> decodedGroup(const QJsonValue &value) {
     const QJsonObject object = value.toObject();
-    const auto id = identifierFrom(object.value(idField));
+    const auto id = identifierFrom(object.value(groupId));
     const QJsonValue name = object.value(nameField);
     const QJsonValue urls = object.value(urlsField);
     if (!id || !name.isString() || !urls.isArray()) {
@@ -45,11 +45,11 @@ std::optional<LaunchGroup> decoded(const QJsonValue &value) {
 } // namespace
 
 QByteArray encodeGroups(const QList<LaunchGroup> &groups) {
-    return encodeRecords(groups, encoded);
+    return encodeRecords(groups, encodedGroup);
 }
 
 std::optional<QList<LaunchGroup>> decodeGroups(const QByteArray &document) {
-    return decodeRecords(document, decoded);
+    return decodeRecords(document, decodedGroup);
 }
 
 } // namespace perchly

@@ -42,7 +42,7 @@ bool isSo(const KeyFile &file, const char *group, const char *key) {
     return textOf(file, group, key).trimmed() != QLatin1StringView("false");
 }
 
-QByteArray contents(const QString &path) {
+QByteArray fileBytes(const QString &path) {
     QFile file(path);
     const bool readable = QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly);
     return readable ? file.read(longestSource) : QByteArray();
@@ -82,7 +82,7 @@ QList<CalendarSource> storedSources() {
     QList<CalendarSource> sources;
     const auto files = QDir(sourcesFolder()).entryInfoList({QStringLiteral("*.source")});
     for (const QFileInfo &file : files) {
-        if (const auto source = parseSource(file.completeBaseName(), contents(file.filePath()))) {
+        if (const auto source = parseSource(file.completeBaseName(), fileBytes(file.filePath()))) {
             sources.append(*source);
         }
     }
@@ -116,8 +116,8 @@ bool mayHaveServiceCalendars() {
         return source.isShown && (source.isOnlineAccount || isServiceKind(source.kind));
     });
     return stored ||
-           contents(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-                    QStringLiteral("/goa-1.0/accounts.conf"))
+           fileBytes(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+                     QStringLiteral("/goa-1.0/accounts.conf"))
                .contains("CalendarEnabled=true");
 }
 

@@ -23,7 +23,7 @@ constexpr auto toTakeItIn = 100ms;
 constexpr auto leastWait = 300ms; // for a child that a busy machine held up
 
 /// From the start, wherever whoever writes to the file is.
-QByteArray contents(int file) {
+QByteArray answerBytes(int file) {
     QByteArray bytes;
     std::array<char, 64UL * 1024> buffer{};
     ssize_t size = 0;
@@ -80,7 +80,7 @@ ServiceAnswer ServiceQuestion::take() {
     if (m_end >= 0) {
         poll(&ended, 1, int(std::max<std::chrono::milliseconds>(left, leastWait).count()));
     }
-    return ServiceAnswer::parse(contents(m_answer));
+    return ServiceAnswer::parse(answerBytes(m_answer));
 }
 
 } // namespace perchly

@@ -7,6 +7,7 @@
 
 #include <QDateTime>
 #include <QSet>
+#include <QTimeZone>
 
 #include <algorithm>
 #include <cstring>
@@ -70,7 +71,7 @@ std::optional<QByteArray> joinedStrings(sd_bus_message *message, qsizetype most)
 std::string query(const TimeWindow &window) {
     const auto time = [](std::int64_t seconds) {
         return "(make-time \"" +
-               QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC)
+               QDateTime::fromSecsSinceEpoch(seconds, QTimeZone::utc())
                    .toString(QStringLiteral("yyyyMMdd'T'hhmmss'Z'"))
                    .toStdString() +
                "\")";

@@ -17,7 +17,7 @@ public:
         : m_zone(zone) {}
 
     [[nodiscard]] int offsetAt(std::int64_t moment) const override {
-        return m_zone.offsetFromUtc(QDateTime::fromSecsSinceEpoch(moment, Qt::UTC));
+        return m_zone.offsetFromUtc(QDateTime::fromSecsSinceEpoch(moment, QTimeZone::utc()));
     }
 
 private:

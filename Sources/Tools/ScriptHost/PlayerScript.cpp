@@ -7,7 +7,7 @@ namespace perchly {
 
 namespace {
 
-constexpr std::array players{
+constexpr std::array knownPlayers{
     std::pair{std::string_view("com.spotify.client"), ScriptedPlayer::Spotify},
     std::pair{std::string_view("com.apple.Music"), ScriptedPlayer::MusicApplication}};
 
@@ -47,7 +47,7 @@ std::optional<PlayerScript> parsePlayerScript(std::string_view text) {
     if (!take(text, "tell application id \"")) {
         return std::nullopt;
     }
-    const auto player = lookUp(players, takeUntil(text, '"'));
+    const auto player = lookUp(knownPlayers, takeUntil(text, '"'));
     if (!player || !take(text, "\"\n")) {
         return std::nullopt;
     }

@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimeZone>
 
 using namespace perchly;
 using namespace std::chrono_literals;
@@ -335,7 +336,7 @@ private:
     [[nodiscard]] QByteArray text(std::initializer_list<const char *> titles,
                                   std::chrono::seconds ahead = 0s) const {
         const std::time_t start = std::chrono::system_clock::to_time_t(m_now + 1h + ahead);
-        const QByteArray when = QDateTime::fromSecsSinceEpoch(start, Qt::UTC)
+        const QByteArray when = QDateTime::fromSecsSinceEpoch(start, QTimeZone::utc())
                                     .toString(QStringLiteral("yyyyMMdd'T'hhmmss"))
                                     .toLatin1();
         QByteArray events;
