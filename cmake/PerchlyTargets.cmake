@@ -20,6 +20,20 @@ if(PERCHLY_SANITIZE)
     add_link_options(-fsanitize=${sanitizers})
 endif()
 
+# perchly_headers(<target> <scope> <headers> <sources>)
+# Makes the headers visible to those who link the target. A header without a source that includes it
+# first is compiled alone by the target all_verify_interface_header_sets.
+function(perchly_headers target scope headers sources)
+    set(bare ${headers})
+    list(TRANSFORM sources REPLACE "\\.cpp$" ".h")
+    list(REMOVE_ITEM bare ${sources} "")
+    target_sources(${target} ${scope}
+        FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES ${headers}
+        FILE_SET bare_headers TYPE HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES ${bare})
+    set_target_properties(${target} PROPERTIES
+        VERIFY_INTERFACE_HEADER_SETS ON INTERFACE_HEADER_SETS_TO_VERIFY bare_headers)
+endfunction()
+
 # perchly_area(<name> [MOC] HEADERS … [SOURCES …] [PUBLIC …] [PRIVATE …])
 # A static library perchly_<name> whose headers are included by their plain file names. MOC runs Qt's
 # meta-object compiler over it.
@@ -33,8 +47,7 @@ function(perchly_area name)
         add_library(perchly_${name} INTERFACE)
         set(scope INTERFACE)
     endif()
-    target_sources(perchly_${name} ${scope} FILE_SET HEADERS
-        BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES ${area_HEADERS})
+    perchly_headers(perchly_${name} ${scope} "${area_HEADERS}" "${area_SOURCES}")
     target_link_libraries(perchly_${name} ${scope} ${area_PUBLIC})
     if(area_SOURCES)
         target_link_libraries(perchly_${name} PRIVATE perchly_options ${area_PRIVATE})
@@ -68,8 +81,7 @@ function(perchly_qml_module name)
         SOURCES ${module_SOURCES} ${module_HEADERS}
         QML_FILES ${module_QML_FILES}
         IMPORTS ${module_IMPORTS})
-    target_sources(perchly_${name} PUBLIC FILE_SET HEADERS
-        BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES ${module_HEADERS})
+    perchly_headers(perchly_${name} PUBLIC "${module_HEADERS}" "${module_SOURCES}")
     target_link_libraries(perchly_${name}
         PUBLIC ${module_PUBLIC} PRIVATE perchly_options ${module_PRIVATE})
     perchly_join_generated(perchly_${name})

@@ -1,0 +1,69 @@
+"""tidy.py BUILD_FOLDER: runs clang-tidy on the sources of the program, in the batches in which they
+are compiled. A batch that passed is checked again when its command, a file that it includes or
+.clang-tidy changes."""
+
+import hashlib
+import json
+import os
+import re
+import subprocess
+import sys
+from concurrent.futures import ThreadPoolExecutor
+from pathlib import Path
+
+# Without these the analyzer skips sources that another one includes.
+ANALYZE_BATCHES = ["-extra-arg=-Xclang", "-extra-arg=-analyzer-opt-analyze-headers"]
+
+
+def batches(build):
+    """Each batch's file and a digest of all that its result depends on."""
+    root = str(Path.cwd())
+    dependencies, output = {}, None
+    for line in subprocess.check_output(["ninja", "-C", build, "-t", "deps"], text=True).splitlines():
+        if line.startswith(" "):
+            dependencies[output].append(line.strip())
+        elif line:
+            output = line.split(":")[0]
+            dependencies[output] = []
+    for entry in json.loads((build / "compile_commands.json").read_text()):
+        if not re.search(r"/Sources/.*/Unity/", entry["file"]):
+            continue
+        output = re.search(r" -o (\S+)", entry["command"]).group(1)
+        digest = hashlib.sha256((Path(".clang-tidy").read_text() + entry["command"]).encode())
+        for path in sorted(dependencies.get(output, [])):
+            path = build / path
+            if str(path).startswith(root):
+                digest.update(path.read_bytes())
+        yield entry["file"], digest.hexdigest()
+
+
+def main():
+    build = Path(sys.argv[1]).resolve()
+    passed = build / "tidy-passed"
+    passed.mkdir(exist_ok=True)
+
+    def check(batch):
+        file, digest = batch
+        stamp = passed / digest
+        if stamp.exists():
+            return True
+        result = subprocess.run(["clang-tidy", "--quiet", "-p", build, *ANALYZE_BATCHES, file],
+                                capture_output=True, text=True)
+        if result.returncode == 0:
+            stamp.touch()
+        else:
+            print(result.stdout, flush=True)
+        return result.returncode == 0
+
+    todo = list(batches(build))
+    done = []
+    with ThreadPoolExecutor(os.cpu_count()) as pool:
+        for ok in pool.map(check, todo):
+            done.append(ok)
+            print(f"\r  {len(done)} of {len(todo)} batches", end="", flush=True)
+    print()
+    sys.exit(0 if all(done) else 1)
+
+
+if __name__ == "__main__":
+    main()
