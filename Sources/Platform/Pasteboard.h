@@ -33,7 +33,11 @@ enum class PasteboardSource { Copied, Selected };
 /// What to fetch. A limit of 0 means that this kind is not wanted.
 struct PasteboardRequest {
     PasteboardSource source = PasteboardSource::Copied;
-    QStringList unwanted = {};  ///< a copy that offers one of these types is not fetched at all
+    /// For a history. Image and text are left out of a copy that offers one of these types, of any
+    /// copy of content that was concealed before, and of a copy that a clipboard manager took over
+    /// from another program. Needs both limits, and a read of each copy from the one that is there
+    /// when the history is switched on.
+    QStringList unwanted = {};
     qsizetype longestImage = 0; ///< in bytes as they are offered
     qsizetype longestText = 0;  ///< in bytes of UTF-8
 };
@@ -44,10 +48,10 @@ struct PasteboardContent {
     /// without any of them.
     QStringList types = {};
     /// The PNG or, where none is offered, the TIFF, as it was given. Empty when there is none, it
-    /// is longer than the limit, or `unwanted` kept it away.
+    /// is longer than the limit, or it stays out of the history.
     QByteArray image = {};
     /// Fetched only when there is no image to return. Empty when there is none, it is longer than
-    /// the limit, or `unwanted` kept it away.
+    /// the limit, or it stays out of the history.
     QString text = {};
 };
 

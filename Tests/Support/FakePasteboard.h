@@ -10,9 +10,7 @@ class FakePasteboard : public Pasteboard {
 public:
     /// What another program offers.
     struct Offer {
-        QStringList markers = {};
         QByteArray png = {};
-        QByteArray tiff = {};
         QString text = {};
         QList<QUrl> urls = {}; ///< which this program wrote
     };
@@ -26,7 +24,8 @@ public:
     /// Another program copies.
     void copy(const Offer &offer);
 
-    /// The first reading under way ends with what is offered now. There must be one.
+    /// The first reading under way ends with what is offered now, an image before a text, whatever
+    /// was asked for. There must be one.
     void answer();
     [[nodiscard]] qsizetype underWay() const { return qsizetype(m_readings.count()); }
 
@@ -35,12 +34,9 @@ public:
 
 private:
     struct Reading {
-        PasteboardRequest request;
         Completion completion;
         qint64 count;
     };
-
-    [[nodiscard]] PasteboardContent fetch(const PasteboardRequest &request) const;
 
     qint64 m_count = 7;
     PendingCalls<Reading> m_readings;

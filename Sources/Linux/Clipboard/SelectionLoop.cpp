@@ -14,7 +14,7 @@ PasteboardContent limited(const SelectionContents &contents, const PasteboardReq
     PasteboardContent result;
     if (const QString *text = textOf(contents)) {
         result.types.append(pasteboardtype::text);
-        if (!isUnwanted(request, result.types) && fitsInUtf8(*text, request.longestText)) {
+        if (fitsInUtf8(*text, request.longestText)) {
             result.text = *text;
         }
         return result;
@@ -22,7 +22,7 @@ PasteboardContent limited(const SelectionContents &contents, const PasteboardReq
     const auto &image = std::get<SelectionImage>(contents);
     result.types = {pasteboardtype::png, pasteboardtype::tiff};
     const QByteArray &bytes = image.png.isEmpty() ? image.tiff : image.png;
-    if (!isUnwanted(request, result.types) && bytes.size() <= request.longestImage) {
+    if (bytes.size() <= request.longestImage) {
         result.image = bytes;
     }
     return result;
@@ -150,6 +150,7 @@ void SelectionLoop::handleOwner(const xcb_generic_event_t &event) {
             reading->giveUp();
         }
     }
+    m_filter.handleOwner(change);
     if (change.owner == m_window) {
         m_write = m_claimedWrite;
         return;
@@ -172,9 +173,14 @@ void SelectionLoop::read(quint64 reading, const PasteboardRequest &request, quin
     } else if (const auto content = isCopied ? own(request) : std::nullopt) {
         m_listener.read(reading, *content);
     } else {
-        m_readings[reading] = std::make_unique<SelectionReading>(
-            *m_connection, m_transfers, request,
-            [this, reading](const PasteboardContent &result) { m_listener.read(reading, result); });
+        m_readings[reading] =
+            std::make_unique<SelectionReading>(*m_connection, m_transfers, request,
+                                               [this, reading, request](PasteboardContent result) {
+                                                   if (request.source == PasteboardSource::Copied) {
+                                                       m_filter.apply(request, result);
+                                                   }
+                                                   m_listener.read(reading, result);
+                                               });
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CopyFilter.h"
 #include "SelectionConnection.h"
 #include "SelectionOffer.h"
 #include "SelectionReading.h"
@@ -81,6 +82,7 @@ private:
     Listener m_listener;
     SelectionTransfers m_transfers{*m_connection};
     SelectionSending m_sending{*m_connection};
+    CopyFilter m_filter{*m_connection};
     std::map<quint64, std::unique_ptr<SelectionReading>> m_readings;
     xcb_window_t m_window = XCB_WINDOW_NONE;
     int m_ownerEvent = 0; ///< 0 when the server does not tell

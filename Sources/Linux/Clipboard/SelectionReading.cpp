@@ -74,11 +74,6 @@ QList<xcb_atom_t> among(const std::vector<xcb_atom_t> &offered, QList<xcb_atom_t
 
 } // namespace
 
-bool isUnwanted(const PasteboardRequest &request, const QStringList &types) {
-    return std::ranges::any_of(request.unwanted,
-                               [&types](const QString &type) { return types.contains(type); });
-}
-
 SelectionReading::SelectionReading(const SelectionConnection &connection,
                                    SelectionTransfers &transfers, PasteboardRequest request,
                                    Completion completion)
@@ -140,10 +135,6 @@ void SelectionReading::handleTargets(const SelectionAnswer &answer) {
     }
     const std::vector<xcb_atom_t> targets = offeredTargets(answer);
     m_content.types = typesOf(targets, atoms);
-    if (isUnwanted(m_request, m_content.types)) {
-        finish();
-        return;
-    }
     if (m_request.longestImage > 0) {
         m_images = among(targets, {atoms.png, atoms.tiff});
     }

@@ -10,7 +10,7 @@ namespace perchly {
 struct SelectionAtoms;
 
 /// Reads one copy as its reader wants it: its types, then an image, then a text, each only as far
-/// as it is needed. Not for the main thread.
+/// as it is needed, whatever types are unwanted. Not for the main thread.
 class SelectionReading {
 public:
     using Completion = std::function<void(const PasteboardContent &content)>;
@@ -51,8 +51,5 @@ private:
     QList<xcb_atom_t> m_texts;  ///< likewise
     PasteboardContent m_content;
 };
-
-/// Whether a copy with these types is not to be fetched.
-[[nodiscard]] bool isUnwanted(const PasteboardRequest &request, const QStringList &types);
 
 } // namespace perchly

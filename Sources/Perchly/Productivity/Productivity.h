@@ -14,6 +14,7 @@
 #include <QThreadPool>
 #include <QUrl>
 
+#include <functional>
 #include <map>
 
 namespace perchly {
@@ -93,7 +94,8 @@ public:
     /// Newest first, at most 30.
     [[nodiscard]] const QList<Clip> &clips() const { return m_clips; }
     void setClips(const QList<Clip> &clips);
-    /// Whether copies are recorded in this session.
+    /// Whether copies are recorded in this session. A copy that is there already never is, nor when
+    /// paused() ends.
     [[nodiscard]] bool clipboardEnabled() const { return m_clipboardEnabled; }
     void setClipboardEnabled(bool enabled);
     [[nodiscard]] bool paused() const { return m_paused; }
@@ -161,6 +163,8 @@ Q_SIGNALS:
 private:
     [[nodiscard]] FileServices::Completion reportFailure(const QString &doing, const QUrl &url);
     void watchPasteboard();
+    void skipPresentCopy();
+    void readCopy(std::function<void(const PasteboardContent &)> use);
     void record(const PasteboardContent &content);
     void finishCopy();
     void loadLayouts();

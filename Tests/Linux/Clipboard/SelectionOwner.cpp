@@ -1,5 +1,5 @@
 // Another program that has copied something, as well-behaved as it is told to be:
-//   selectionowner [OPTION …] TARGET=TEXT | TARGET:SIZE …
+//   selectionowner [OPTION …] TARGET=TEXT | TARGET@FILE | TARGET:SIZE …
 // It takes the clipboard, says "owns" and then "asked TARGET" and "gave TARGET" for each request.
 // Options: --increments BYTES  gives what is longer in parts of this size
 //          --mute TARGET       never answers a request for it
@@ -8,11 +8,13 @@
 //          --type TARGET       gives everything as this type
 //          --more-targets N    offers N targets besides
 //          --primary           takes the primary selection instead
+//          --manager           is the clipboard manager, too
 
 #include "XClient.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QFile>
 #include <QMap>
 
 #include <csignal>
@@ -31,6 +33,7 @@ struct Behaviour {
     QByteArray type;
     int moreTargets = 0;
     QByteArray selection = "CLIPBOARD";
+    bool isManager = false;
 };
 
 struct Outgoing {
@@ -60,6 +63,9 @@ public:
 
     int run() {
         const xcb_window_t window = m_client.makeWindow({0, 0, 1, 1});
+        if (m_behaviour.isManager)
+            xcb_set_selection_owner(m_client.get(), window, m_client.atom("CLIPBOARD_MANAGER"),
+                                    XCB_CURRENT_TIME);
         xcb_set_selection_owner(m_client.get(), window, m_selection, XCB_CURRENT_TIME);
         m_client.sync();
         say("owns");
@@ -161,7 +167,11 @@ QMap<QByteArray, QByteArray> formsFrom(const QStringList &arguments) {
         // A target may hold a "=" itself, as "text/plain;charset=utf-8" does.
         if (const qsizetype at = form.lastIndexOf('='); at >= 0)
             forms.insert(form.left(at), form.mid(at + 1));
-        else if (const qsizetype size = form.lastIndexOf(':'); size >= 0)
+        else if (const qsizetype name = form.indexOf('@'); name >= 0) {
+            QFile file(QString::fromUtf8(form.mid(name + 1)));
+            if (file.open(QIODevice::ReadOnly))
+                forms.insert(form.left(name), file.readAll());
+        } else if (const qsizetype size = form.lastIndexOf(':'); size >= 0)
             forms.insert(form.left(size), QByteArray(form.mid(size + 1).toLongLong(), 'a'));
     }
     return forms;
@@ -184,6 +194,7 @@ int main(int argc, char **argv) {
     const QString more = option("more-targets");
     parser.addOption({QStringLiteral("never-ends"), QStringLiteral("never-ends")});
     parser.addOption({QStringLiteral("primary"), QStringLiteral("primary")});
+    parser.addOption({QStringLiteral("manager"), QStringLiteral("manager")});
     parser.process(application);
     Behaviour behaviour;
     behaviour.part = parser.value(increments).toLongLong();
@@ -192,6 +203,7 @@ int main(int argc, char **argv) {
     behaviour.neverEnds = parser.isSet(QStringLiteral("never-ends"));
     behaviour.type = parser.value(type).toUtf8();
     behaviour.moreTargets = parser.value(more).toInt();
+    behaviour.isManager = parser.isSet(QStringLiteral("manager"));
     if (parser.isSet(QStringLiteral("primary")))
         behaviour.selection = "PRIMARY";
     return Owner(formsFrom(parser.positionalArguments()), behaviour).run();

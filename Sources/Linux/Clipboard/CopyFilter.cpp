@@ -1,0 +1,76 @@
+#include "CopyFilter.h"
+
+#include "SelectionConnection.h"
+
+#include <QCryptographicHash>
+#include <QImage>
+
+#include <algorithm>
+#include <utility>
+
+namespace perchly {
+
+namespace {
+
+constexpr xcb_timestamp_t takeOverMilliseconds = 2'000;
+
+QByteArray digestOf(const PasteboardContent &content) {
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    hash.addData(content.text.toUtf8());
+    const QImage image = QImage::fromData(content.image).convertToFormat(QImage::Format_RGBA8888);
+    if (image.isNull()) {
+        hash.addData(content.image);
+    } else {
+        hash.addData(QByteArray::number(image.width()));
+        hash.addData(QByteArrayView(image.constBits(), image.sizeInBytes()));
+    }
+    return hash.result();
+}
+
+} // namespace
+
+void CopyFilter::handleOwner(const xcb_xfixes_selection_notify_event_t &change) {
+    const bool isSet = change.subtype == XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER;
+    if (!isSet || change.owner == XCB_WINDOW_NONE) {
+        m_released = change.timestamp;
+        if (!isSet) {
+            m_owner = XCB_WINDOW_NONE; // the server may reuse its identifiers
+        }
+        return;
+    }
+    m_wasJustReleased = m_released && change.timestamp - *m_released < takeOverMilliseconds &&
+                        !isSameClient(change.owner, m_owner);
+    m_released.reset();
+    m_owner = change.owner;
+    m_previous = std::exchange(m_present, std::nullopt);
+}
+
+void CopyFilter::apply(const PasteboardRequest &request, PasteboardContent &content) {
+    if (request.unwanted.isEmpty() || content.types.isEmpty()) {
+        return;
+    }
+    m_present = digestOf(content);
+    if (content.types.contains(pasteboardtype::concealed)) {
+        m_concealed.insert(*m_present);
+    }
+    const bool isUnwanted = std::ranges::any_of(
+        request.unwanted, [&content](const QString &type) { return content.types.contains(type); });
+    if (isUnwanted || m_concealed.contains(*m_present) || isTakeOver()) {
+        content.image.clear();
+        content.text.clear();
+    }
+}
+
+bool CopyFilter::isTakeOver() const {
+    const bool isManager =
+        isSameClient(m_owner, m_connection.ownerOf(m_connection.atoms().clipboardManager));
+    const bool isSame = m_present == m_previous;
+    return m_previous && int(m_wasJustReleased) + int(isManager) + int(isSame) >= 2;
+}
+
+bool CopyFilter::isSameClient(xcb_window_t one, xcb_window_t other) const {
+    const quint32 ownBits = xcb_get_setup(m_connection.get())->resource_id_mask;
+    return (one & ~ownBits) == (other & ~ownBits);
+}
+
+} // namespace perchly
