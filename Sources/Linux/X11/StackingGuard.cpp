@@ -15,7 +15,8 @@ constexpr std::chrono::milliseconds stackingSettleTime{40};
 constexpr std::chrono::milliseconds periodLength{5000};
 constexpr int mostRaises = 4;
 
-QRect rectOf(const xcb_get_geometry_reply_t &geometry) {
+template <typename Geometry>
+QRect rectOf(const Geometry &geometry) {
     return {geometry.x, geometry.y, geometry.width, geometry.height};
 }
 
@@ -53,12 +54,12 @@ void StackingGuard::begin() {
     if (!m_connection.isAlive()) {
         return;
     }
-    // A translucent window is never told that it is obscured; there the managed windows tell. No
-    // one of their properties is enough: some managers leave the order alone when the first window
-    // comes.
+    // A translucent window gets no VisibilityNotify, so watch the managed windows instead: their
+    // order, and where they are. No single property is enough: some managers leave the order alone
+    // when the first window comes.
     m_signs = {m_connection.atom("_NET_CLIENT_LIST_STACKING"),
                m_connection.atom("_NET_CLIENT_LIST"), m_connection.atom("_NET_ACTIVE_WINDOW")};
-    const quint32 mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    const quint32 mask = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
     xcb_change_window_attributes(m_connection.get(), m_connection.root(), XCB_CW_EVENT_MASK, &mask);
     m_connection.flush();
 }
@@ -73,19 +74,43 @@ void StackingGuard::watch(xcb_window_t window) {
 void StackingGuard::handleEvent(const xcb_generic_event_t *event) {
     switch (event->response_type & 0x7f) {
     case XCB_VISIBILITY_NOTIFY:
-        if (reinterpret_cast<const xcb_visibility_notify_event_t *>(event)->state ==
+        if (reinterpret_cast<const xcb_visibility_notify_event_t *>(event)->state !=
             XCB_VISIBILITY_UNOBSCURED) {
-            return;
+            scheduleCheck();
         }
         break;
     case XCB_PROPERTY_NOTIFY:
-        if (!m_signs.contains(reinterpret_cast<const xcb_property_notify_event_t *>(event)->atom)) {
-            return;
+        if (m_signs.contains(reinterpret_cast<const xcb_property_notify_event_t *>(event)->atom)) {
+            scheduleCheck();
         }
         break;
+    case XCB_CONFIGURE_NOTIFY:
+        handleMove(*reinterpret_cast<const xcb_configure_notify_event_t *>(event));
+        break;
+    case XCB_UNMAP_NOTIFY: // perhaps a menu or a screen lock that kept us from raising
+        scheduleCheck();
+        break;
     default:
-        return;
+        break;
     }
+}
+
+// Arrives for each step of any window that is dragged: no questions to the server here.
+void StackingGuard::handleMove(const xcb_configure_notify_event_t &event) {
+    const QRect area = rectOf(event);
+    if (event.window != m_window) {
+        // An unmanaged window that raises itself must not make us raise ours in turn.
+        if (event.override_redirect == 0 && area.intersects(m_area)) {
+            scheduleCheck();
+        }
+    } else if (area != m_area) {
+        m_area = area;
+        m_raises = 0;
+        m_check.start(std::chrono::milliseconds(0));
+    }
+}
+
+void StackingGuard::scheduleCheck() {
     if (!m_check.isActive()) {
         m_check.start();
     }
@@ -105,7 +130,7 @@ void StackingGuard::select() {
 void StackingGuard::check() {
     m_check.setInterval(stackingSettleTime);
     select();
-    if (!isCovered()) {
+    if (cover() != Cover::Unwanted) {
         return;
     }
     if (m_period.hasExpired()) {
@@ -120,19 +145,21 @@ void StackingGuard::check() {
     Q_EMIT raiseWanted();
 }
 
-bool StackingGuard::isCovered() {
+StackingGuard::Cover StackingGuard::cover() {
     if (m_window == XCB_WINDOW_NONE || !m_connection.isAlive()) {
-        return false;
+        return Cover::None;
     }
     const auto geometry = m_connection.reply<xcb_get_geometry_reply_t>(
         xcb_get_geometry(m_connection.get(), m_window));
     if (!geometry) {
-        return false;
+        return Cover::None;
     }
-    const QRect area = rectOf(*geometry);
-    const QList<xcb_window_t> above = windowsAbove();
-    return std::any_of(above.begin(), above.end(),
-                       [&](xcb_window_t window) { return mayCover(window, area); });
+    m_area = rectOf(*geometry);
+    Cover result = Cover::None;
+    for (const xcb_window_t window : windowsAbove()) {
+        result = std::max(result, coverBy(window));
+    }
+    return result;
 }
 
 QList<xcb_window_t> StackingGuard::windowsAbove() {
@@ -147,21 +174,19 @@ QList<xcb_window_t> StackingGuard::windowsAbove() {
     return ours == end ? QList<xcb_window_t>{} : QList<xcb_window_t>(ours + 1, end);
 }
 
-// Whether the window lies over the area and does not belong there.
-bool StackingGuard::mayCover(xcb_window_t window, const QRect &area) {
+StackingGuard::Cover StackingGuard::coverBy(xcb_window_t window) {
     const auto attributesCookie = xcb_get_window_attributes(m_connection.get(), window);
     const auto geometryCookie = xcb_get_geometry(m_connection.get(), window);
     const auto attributes = m_connection.reply<xcb_get_window_attributes_reply_t>(attributesCookie);
     const auto geometry = m_connection.reply<xcb_get_geometry_reply_t>(geometryCookie);
     if (!attributes || !geometry || attributes->map_state != XCB_MAP_STATE_VIEWABLE ||
-        attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY || !rectOf(*geometry).intersects(area) ||
-        isOurs(window)) {
-        return false;
+        attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY ||
+        !rectOf(*geometry).intersects(m_area)) {
+        return Cover::None;
     }
-    if (!attributes->override_redirect) {
-        return true;
-    }
-    return !fillsDisplay(rectOf(*geometry)) && !isMenu(window);
+    const bool isAllowed = attributes->override_redirect != 0 &&
+                           (isOurs(window) || fillsDisplay(rectOf(*geometry)) || isMenu(window));
+    return isAllowed ? Cover::Allowed : Cover::Unwanted;
 }
 
 bool StackingGuard::isMenu(xcb_window_t window) {
