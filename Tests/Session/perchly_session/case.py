@@ -31,12 +31,10 @@ class SessionCase(unittest.TestCase):
     PERCHLY_WINDOW_MANAGER names, and shows what went on when the test fails."""
 
     maxDiff = None
-    session = None
 
     def start_session(self, **options):
-        """Ends the session that the test had before."""
-        if self.session:
-            self._end_session(self.session)
+        """Ends the session that the test had before, and what was in it."""
+        self.doCleanups()
         options.setdefault("window_manager", default_window_manager())
         self.session = Session(os.environ["PERCHLY_PROGRAM"], **options)
         self.addCleanup(self._end_session, self.session)
