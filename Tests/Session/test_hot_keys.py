@@ -18,18 +18,6 @@ class HotKeyTest(SessionCase):
     def workspace(self):
         return self.program.window("Perchly Workspace")
 
-    def expect_workspace_by(self, keys, *layout):
-        """Types the keys in another keyboard layout until they are heard."""
-        subprocess.run(["setxkbmap", *layout], env=self.session.environment, check=True)
-        hands = Screen(self.screen.name)
-        self.addCleanup(hands.close)
-
-        def opens():
-            hands.key(*keys)
-            return self.workspace()
-
-        wait_until(opens, "the workspace", interval=0.2)
-
     def test_locks_do_not_matter_and_other_modifiers_do(self):
         self.start()
         for key, bit in LOCK_KEYS.items():
@@ -75,7 +63,16 @@ class HotKeyTest(SessionCase):
 
     def test_the_chords_follow_the_keyboard_layout(self):
         self.start()
-        self.expect_workspace_by(SEARCH, "us", "-variant", "dvorak")
+        command = ["setxkbmap", "us", "-variant", "dvorak"]
+        subprocess.run(command, env=self.session.environment, check=True)
+        hands = Screen(self.screen.name)
+        self.addCleanup(hands.close)
+
+        def opens():  # until the program has heard of the layout
+            hands.key(*SEARCH)
+            return self.workspace()
+
+        wait_until(opens, "the workspace", interval=0.2)
 
 
 if __name__ == "__main__":

@@ -88,17 +88,36 @@ class SurroundingsTest(SessionCase):
                     wait_until(lambda: self.is_above(window), "the pill above each of them")
                 self.expect_hover_and_chord()
 
+    def test_above_windows_that_move_or_grow(self):
+        for compositor in {None, default_window_manager()} - {"openbox"}:
+            with self.subTest(compositor=compositor):
+                self.start(compositor=compositor)
+                dragged = self.other_window().take_focus()
+                self.screen.drag((300, 308), (300, 5))
+                wait_until(lambda: self.is_above(dragged), "the pill above a dragged window")
+                self.screen.key("Control_L", "Alt_L", "k")
+                own = wait_until(lambda: self.program.window("Perchly Workspace"), "the workspace")
+                self.screen.maximize(own.id)
+                wait_until(lambda: self.is_above(own), "the pill above its own window")
+                later = self.other_window(rect=(600, 0, 120, 300), managed=False).show()
+                time.sleep(0.3)  # so that only the opening raises the shelf
+                self.screen.move_to(*self.on_pill())
+                wait_until(lambda: self.is_above(later), "the open shelf above all of them")
+
     def test_below_screen_locks_and_menus(self):
         self.start()
+        other = self.other_window(rect=(300, 0, 400, 200))
         for rect, kind in (((0, 0, 1280, 800), "NORMAL"), ((600, 0, 120, 300), "POPUP_MENU")):
             with self.subTest(kind):
                 upper = self.other_window(rect=rect, managed=False)
                 upper.set_type(kind)
                 upper.show()
-                self.other_window().take_focus()  # the order of the windows changes
+                other.take_focus()  # and comes to lie over the pill
+                self.screen.move_to(*self.on_pill())
                 time.sleep(0.3)
                 self.assertFalse(self.is_above(upper))
                 upper.close()
+                wait_until(lambda: self.is_above(other), "the shelf above an ordinary window")
 
     def test_a_place_for_status_items_may_come_later_and_anew(self):
         self.start()

@@ -239,6 +239,10 @@ class Screen:
         icon = resource.get_full_property(self.atom("_NET_WM_ICON"), X.AnyPropertyType)
         return resource.get_wm_class(), len(icon.value) if icon else 0
 
+    def maximize(self, window_id):
+        states = [self.atom(f"_NET_WM_STATE_MAXIMIZED_{axis}") for axis in ("HORZ", "VERT")]
+        self._message(window_id, "_NET_WM_STATE", [1, *states, 2, 0])
+
     def minimize(self, window):
         self._message(window.id, "WM_CHANGE_STATE", [3, 0, 0, 0, 0])
 
