@@ -49,7 +49,8 @@ public:
     /// In the audio system's order; nothing when the list cannot be read.
     [[nodiscard]] virtual std::optional<QList<AudioProcess>> processes() const = 0;
 
-    /// The running application that the process is, if it is one.
+    /// The running application that the process is, if it is one. Looked up when the process begins
+    /// to play; until that is done, only the name that it gives itself is known.
     [[nodiscard]] virtual std::optional<RunningApplication>
     application(AudioObject process) const = 0;
 

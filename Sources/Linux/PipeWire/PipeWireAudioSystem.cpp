@@ -2,6 +2,8 @@
 
 #include "PipeWireRoute.h"
 
+#include <utility>
+
 namespace perchly {
 
 using namespace std::chrono_literals;
@@ -20,6 +22,8 @@ PipeWireAudioSystem::PipeWireAudioSystem(ApplicationFinder find, const QString &
     , m_graph(m_connection)
     , m_keeper(keeper)
     , m_retired(m_graph) {
+    m_pool.setMaxThreadCount(8); // a program on a slow disk must not hold up the next one
+    m_pool.setExpiryTimeout(1000);
     connect(&m_graph, &AudioGraph::changed, this, &PipeWireAudioSystem::note);
 }
 
@@ -35,9 +39,47 @@ void PipeWireAudioSystem::start() {
 }
 
 void PipeWireAudioSystem::note() {
-    m_applications.clear();
     m_hasBeenComplete = m_hasBeenComplete || m_graph.isComplete();
+    findApplications();
     Q_EMIT changed();
+}
+
+void PipeWireAudioSystem::findApplications() {
+    if (!m_find) {
+        return;
+    }
+    const QHash<AudioObject, Lookup> before = std::exchange(m_lookups, {});
+    const QList<AudioProcess> processes = m_graph.processes();
+    for (const AudioProcess &process : processes) {
+        const auto last = before.constFind(process.object);
+        const bool isNew = last == before.cend();
+        if (isNew && !process.isRunningOutput.value_or(false)) {
+            continue;
+        }
+        const GraphClient *client = m_graph.clientOf(process.object);
+        const Question question{.pid = m_graph.systemPidOf(process.object),
+                                .hints = client != nullptr
+                                             ? QStringList{client->applicationId, client->binary}
+                                             : QStringList()};
+        m_lookups.insert(process.object, {question, isNew ? std::nullopt : last->found});
+        if (isNew || last->question != question) {
+            find(process.object, question);
+        }
+    }
+}
+
+void PipeWireAudioSystem::find(AudioObject process, const Question &question) {
+    m_pool.start([this, process, question] {
+        const auto found = m_find(question.pid, question.hints);
+        const auto keep = [this, process, question, found] {
+            const auto lookup = m_lookups.find(process);
+            if (lookup != m_lookups.end() && lookup->question == question) {
+                lookup->found = found;
+                Q_EMIT changed();
+            }
+        };
+        QMetaObject::invokeMethod(this, keep, Qt::QueuedConnection);
+    });
 }
 
 std::optional<QList<AudioProcess>> PipeWireAudioSystem::processes() const {
@@ -45,20 +87,13 @@ std::optional<QList<AudioProcess>> PipeWireAudioSystem::processes() const {
 }
 
 std::optional<RunningApplication> PipeWireAudioSystem::application(AudioObject process) const {
-    const auto known = m_applications.constFind(process);
-    if (known != m_applications.cend()) {
-        return *known;
+    if (const auto known = m_lookups.value(process).found) {
+        return known;
     }
     const GraphClient *client = m_graph.clientOf(process);
-    const QStringList hints =
-        client != nullptr ? QStringList{client->applicationId, client->binary} : QStringList();
-    std::optional<RunningApplication> found =
-        m_find ? m_find(m_graph.systemPidOf(process), hints) : std::nullopt;
-    if (!found && client != nullptr && !client->name.isEmpty()) {
-        found = RunningApplication{client->name, {}};
-    }
-    m_applications.insert(process, found);
-    return found;
+    return client != nullptr && !client->name.isEmpty()
+               ? std::optional(RunningApplication{client->name, {}})
+               : std::nullopt;
 }
 
 std::unique_ptr<AudioRoute> PipeWireAudioSystem::makeRoute() {

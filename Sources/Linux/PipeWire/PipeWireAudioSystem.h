@@ -7,6 +7,7 @@
 #include "RouteKeeper.h"
 
 #include <QHash>
+#include <QThreadPool>
 
 #include <functional>
 #include <memory>
@@ -20,7 +21,8 @@ class PipeWireAudioSystem : public AudioSystem {
     Q_OBJECT
 public:
     /// Finds the running application with the process identifier that the system knows, and with
-    /// the name of its desktop entry or program, where these are known.
+    /// the name of its desktop entry or program, where these are known. May block. Called on
+    /// threads of a pool, also on several at once.
     using ApplicationFinder = std::function<std::optional<RunningApplication>(
         std::optional<std::int32_t> pid, const QStringList &hints)>;
 
@@ -29,7 +31,7 @@ public:
     explicit PipeWireAudioSystem(ApplicationFinder find = {}, const QString &keeper = {},
                                  QObject *parent = nullptr);
     /// Waits until the server has heard of routes that ended a moment ago, if there are any, for at
-    /// most a quarter of a second; and for the companion as RouteKeeper does.
+    /// most a quarter of a second; for the companion as RouteKeeper does; and for the finder.
     ~PipeWireAudioSystem() override;
 
     void start() override;
@@ -40,15 +42,30 @@ public:
     [[nodiscard]] std::unique_ptr<AudioRoute> makeRoute() override;
 
 private:
+    /// The arguments for the finder.
+    struct Question {
+        std::optional<std::int32_t> pid;
+        QStringList hints;
+
+        friend bool operator==(const Question &, const Question &) = default;
+    };
+    struct Lookup {
+        Question question;
+        std::optional<RunningApplication> found; ///< stays while a new question is answered
+    };
+
     void note();
+    void findApplications();
+    void find(AudioObject process, const Question &question);
 
     ApplicationFinder m_find;
     PipeWireConnection m_connection;
     AudioGraph m_graph;
     RouteKeeper m_keeper;
     RetiredStreams m_retired;
-    mutable QHash<AudioObject, std::optional<RunningApplication>> m_applications;
+    QHash<AudioObject, Lookup> m_lookups; ///< of every process that has played
     bool m_hasBeenComplete = false;
+    QThreadPool m_pool; ///< destroyed first: it waits for the threads
 };
 
 } // namespace perchly

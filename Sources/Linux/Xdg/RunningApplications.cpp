@@ -1,5 +1,6 @@
 #include "RunningApplications.h"
 
+#include "ApplicationFolders.h"
 #include "DesktopUnit.h"
 
 #include <QFile>
@@ -71,7 +72,9 @@ std::optional<RunningApplication> described(const Entry &entry) {
 
 std::optional<RunningApplication> findRunningApplication(std::optional<std::int32_t> pid,
                                                          const QStringList &names) {
-    if (const QString path = pid ? launchedEntry(*pid) : QString(); !path.isEmpty()) {
+    // Any program can set this path, so it may be a pipe or on a dead network disk.
+    const QString path = pid ? launchedEntry(*pid) : QString();
+    if (isInApplicationFolders(path) && QFileInfo(path).isFile()) {
         const Entry entry(
             g_desktop_app_info_new_from_filename(QFile::encodeName(path).constData()));
         if (const auto found = described(entry)) {

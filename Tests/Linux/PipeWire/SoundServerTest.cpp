@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTest>
+#include <QThread>
 
 #include <csignal>
 
@@ -47,7 +48,7 @@ private Q_SLOTS:
     void theRoutesOwnSinkCountsAsAnotherOutput();
     void aRestartOfTheServerLosesTheRoutesAndBringsTheListBack();
     void aProcessThatExitsLeavesTheList();
-    void sandboxesNumberTheirProcessesAnew();
+    void pidsArePerSandboxAndLookedUpOffTheMainThread();
     void aStreamMayGoWhileItsRouteIsMade();
     void fiftyRoundsLeaveNothingBehind();
     void aFrozenServerHoldsNobodyUp();
@@ -186,10 +187,11 @@ void SoundServerTest::aProcessThatExitsLeavesTheList() {
     QTRY_COMPARE(tracesOfRoutes(), QString());
 }
 
-void SoundServerTest::sandboxesNumberTheirProcessesAnew() {
+void SoundServerTest::pidsArePerSandboxAndLookedUpOffTheMainThread() {
     const SoundSystem sound([](std::optional<std::int32_t> pid, const QStringList &hints) {
-        return std::optional(
-            RunningApplication{hints.value(0) + QString::number(pid.value_or(0)), {}});
+        const bool mayBlock = QThread::currentThread() != QCoreApplication::instance()->thread();
+        const QString name = hints.value(0) + QString::number(pid.value_or(0));
+        return mayBlock ? std::optional(RunningApplication{name, {}}) : std::nullopt;
     });
     // The system has a process of that number too.
     const QString properties =

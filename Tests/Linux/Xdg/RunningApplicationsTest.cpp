@@ -5,6 +5,8 @@
 #include <QDir>
 #include <QProcess>
 
+#include <sys/stat.h>
+
 using namespace perchly;
 
 namespace {
@@ -61,8 +63,22 @@ private Q_SLOTS:
         QCOMPARE(byNames ? byNames->name : QString(), found);
     }
 
-    void aLaunchedProcessIsKnownByItsEntry() {
-        const QString path = desktopEntryPath(QStringLiteral("org.example.Tone"));
+    void launchedProcessIsKnownByInstalledEntry_data() {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<bool>("isFound");
+        const QString installed = desktopEntryPath(QStringLiteral("org.example.Tone"));
+        QTest::newRow("installed") << installed << true;
+        const QString copy = QDir::tempPath() + QStringLiteral("/copy.desktop");
+        QVERIFY(QFile::copy(installed, copy));
+        QTest::newRow("outside the data folders") << copy << false;
+        const QString pipe = desktopEntryPath(QStringLiteral("pipe"));
+        QCOMPARE(mkfifo(QFile::encodeName(pipe), 0600), 0);
+        QTest::newRow("a pipe, which would block") << pipe << false;
+    }
+
+    void launchedProcessIsKnownByInstalledEntry() {
+        QFETCH(QString, path);
+        QFETCH(bool, isFound);
         QProcess process;
         process.start(
             QStringLiteral("sh"),
@@ -71,8 +87,10 @@ private Q_SLOTS:
                                        .arg(path)});
         QVERIFY(process.waitForStarted());
         const auto pid = std::int32_t(process.processId());
-        QTRY_VERIFY(findRunningApplication(pid, {}));
-        QCOMPARE(findRunningApplication(pid, {})->path, path);
+        // Before the shell's exec, the variables are not there yet.
+        QTRY_VERIFY(readFile(QStringLiteral("/proc/%1/comm").arg(pid)).startsWith("sleep"));
+        const auto found = findRunningApplication(pid, {});
+        QCOMPARE(found ? found->path : QString(), isFound ? path : QString());
         process.kill();
         process.waitForFinished();
         QVERIFY(!findRunningApplication(pid, {}));
@@ -85,7 +103,6 @@ private Q_SLOTS:
         const QString tone = QStringLiteral("org.example.Tone");
         QTest::newRow("a scope with a launcher") << slice + "app-gnome-org.example.Tone-12.scope\n"
                                                  << tone;
-        QTest::newRow("a scope") << slice + "app-org.example.Tone-12.scope\n" << tone;
         QTest::newRow("a service") << slice + "app-org.example.Tone.service\n" << tone;
         QTest::newRow("one of several") << slice + "app-kde-org.example.Tone@a1b2.service\n"
                                         << tone;
