@@ -17,7 +17,8 @@ public:
 
     virtual ~Applications() = default;
 
-    /// Launches the application whose desktop entry has this absolute path.
+    /// Launches the application whose desktop entry has this absolute path. Only entries in the
+    /// data folders are applications; any other file or folder is opened like openUrl() does.
     virtual void open(const QString &path, Completion completion = {}) = 0;
 
     /// The application's own picture, to be shown `side` pixels wide and high; null if it has none.

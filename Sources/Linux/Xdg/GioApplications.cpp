@@ -1,5 +1,6 @@
 #include "GioApplications.h"
 
+#include "ApplicationFolders.h"
 #include "GioLaunch.h"
 
 #include <QDir>
@@ -22,7 +23,7 @@ GioApplications::~GioApplications() {
 }
 
 void GioApplications::open(const QString &path, Completion completion) {
-    if (QDir::isAbsolutePath(path) && !path.endsWith(QStringLiteral(".desktop"))) {
+    if (QDir::isAbsolutePath(path) && !isInApplicationFolders(path)) {
         openUrl(QUrl::fromLocalFile(path), std::move(completion));
         return;
     }

@@ -15,7 +15,6 @@ namespace perchly {
 
 /// Opens applications and links by GIO, each on a pool thread that ends when it is idle, since a
 /// desktop entry may lie on a sleeping disk and a started service may take its time to answer.
-/// A path that is no desktop entry but a file or folder is opened like a link to it.
 /// Destroying it cancels what is under way; no completion is called after that.
 class GioApplications : public Applications {
 public:

@@ -45,7 +45,8 @@ private Q_SLOTS:
         installApplication(QStringLiteral("plain"), "Exec=" + quoted + " launched");
         installApplication(QStringLiteral("handler"),
                            "Exec=" + quoted +
-                               " %u\nMimeType=x-scheme-handler/perchlytest;inode/directory;");
+                               " %u\nMimeType=x-scheme-handler/perchlytest;inode/directory;"
+                               "application/x-desktop;");
         installApplication(QStringLiteral("fields"),
                            "Icon=picture\nExec=" + quoted + " %c 100%% %i %U %k");
         installApplication(QStringLiteral("terminal"), "Terminal=true\nExec=" + quoted + " 'in a'");
@@ -59,7 +60,7 @@ private Q_SLOTS:
                   QByteArray("\0\x01\xff not a desktop entry", 22));
         writeFile(m_data.filePath(QStringLiteral("applications/mimeapps.list")),
                   "[Default Applications]\nx-scheme-handler/perchlytest=handler.desktop\n"
-                  "inode/directory=handler.desktop\n");
+                  "inode/directory=handler.desktop\napplication/x-desktop=handler.desktop\n");
     }
 
     void init() {
@@ -201,7 +202,7 @@ private Q_SLOTS:
         QVERIFY2(m_errors.first().contains(expected), qPrintable(m_errors.first()));
     }
 
-    void opensLinksAndFoldersWithTheirDefaultProgram() {
+    void opensAnythingButApplicationsWithItsDefaultProgram() {
         GioApplications applications;
         applications.openUrl(QUrl(QStringLiteral("perchlytest:a%20b?c=%2F")), recorder());
         QTRY_COMPARE(marker(), QByteArray("perchlytest:a%20b?c=%2F"));
@@ -211,7 +212,14 @@ private Q_SLOTS:
         QVERIFY(QDir().mkpath(folder));
         applications.open(folder, recorder());
         QTRY_VERIFY2(marker().endsWith("a folder"), marker().constData());
-        QTRY_COMPARE(m_errors, QStringList({QString(), QString()}));
+
+        QFile::remove(m_marker);
+        const QString download = m_data.filePath(QStringLiteral("download.desktop"));
+        QVERIFY(QFile::copy(desktopEntryPath(QStringLiteral("plain")), download));
+        applications.open(download, recorder());
+        QTRY_VERIFY(!marker().isEmpty());
+        QVERIFY2(marker().endsWith("download.desktop"), marker().constData());
+        QTRY_COMPARE(m_errors, QStringList({QString(), QString(), QString()}));
     }
 
     void callsNothingBackOnceItIsDestroyed() {
