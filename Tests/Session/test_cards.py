@@ -95,7 +95,7 @@ class CardsTest(SessionCase):
 
     def test_a_typed_note_survives_a_kill(self):
         self.open_note()
-        self.type_text("tea and\nmilk")
+        self.screen.type_text("tea and\nmilk")
         self.expect_stored("quickNote", "tea and\nmilk")
         note = self.stored("quickNote")
         self.program.kill()
@@ -106,7 +106,7 @@ class CardsTest(SessionCase):
 
     def test_the_keyboard_goes_back_when_the_shelf_closes(self):
         self.open_note(quickNote="old ")
-        self.type_text("a")
+        self.screen.type_text("a")
         self.screen.move_to(*self.away())
         self.expect_frame(self.compact_frame(), "the shelf closed")
         wait_until(self.other.has_focus, "the other window with the keyboard")
@@ -120,13 +120,13 @@ class CardsTest(SessionCase):
         self.find("Pause", "push button").press()
         player.expect("Pause")
         for _ in range(30):  # while the failure comes up
-            self.type_text(" a")
+            self.screen.type_text(" a")
             time.sleep(0.04)
         self.expect_stored("quickNote", " a" * 30)
         self.find("Media controls unavailable")
         self.click("OK")
         wait_until(lambda: not self.program.accessibility().look_for("OK"), "the alert gone")
-        self.type_text("b")
+        self.screen.type_text("b")
         self.expect_stored("quickNote", " a" * 30 + "b")
 
     # The strip

@@ -49,7 +49,7 @@ class ExtrasTest(WorkspaceCase):
         _, other = self.install("Zebra crossing")
         self.run_program()
         self.open_window()
-        self.type_text("zeb")
+        self.screen.type_text("zeb")
         self.tree.find("Zebra crossing", "list item")
         self.screen.key("Return")
         wait_until(marker.exists, "the first application")
@@ -57,7 +57,7 @@ class ExtrasTest(WorkspaceCase):
         self.screen.key("Down")
         self.screen.key("Return")
         wait_until(other.exists, "the second application")
-        self.type_text(" crossing?")
+        self.screen.type_text(" crossing?")
         wait_until(lambda: not self.tree.look_for("Zebra crossing", "list item"), "no match")
 
     def test_a_group_opens_what_is_left_of_it(self):

@@ -12,13 +12,6 @@ from .waiting import wait_until, wait_while
 
 TOGGLE = ("Control_L", "Alt_L", "space")
 LARGEST_COMPACT = 290 * 34 * 2
-KEYS = {
-    " ": ("space",),
-    "\n": ("Return",),
-    ".": ("period",),
-    "/": ("slash",),
-    ":": ("Shift_L", "colon"),
-}
 SANITIZER_REPORTS = ("AddressSanitizer", "ThreadSanitizer", "LeakSanitizer", "runtime error:")
 
 
@@ -60,11 +53,6 @@ class SessionCase(unittest.TestCase):
         return other
 
     # The keyboard
-
-    def type_text(self, text):
-        """Types letters, digits and what an address is made of."""
-        for character in text:
-            self.screen.key(*KEYS.get(character, (character,)))
 
     def go_to(self, *names, subject=None):
         """Presses Tab, and arrows inside a list, until a control of one of those names (for that

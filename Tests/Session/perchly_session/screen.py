@@ -110,7 +110,8 @@ class Screen:
     # Keys
 
     def code(self, name):
-        return self.display.keysym_to_keycode(XK.string_to_keysym(name))
+        """The key with this name or character."""
+        return self.display.keysym_to_keycode(XK.string_to_keysym(name) or ord(name))
 
     def hold(self, *keys):
         """Presses the keys, by their names, in order."""
@@ -130,6 +131,13 @@ class Screen:
         """Presses the keys in order and releases them, as in key("Control_L", "Alt_L", "space")."""
         self.hold(*keys)
         self.let_go(*keys)
+
+    def type_text(self, text):
+        """Types what is on a US keyboard; a newline is Return."""
+        for character in text:
+            name = "Return" if character == "\n" else character
+            shifted = self.display.keycode_to_keysym(self.code(name), 1) == ord(character)
+            self.key(*["Shift_L"] * shifted, name)
 
     def locks(self):
         """The modifier bits that are locked now: X.LockMask for Caps Lock, X.Mod2Mask for Num

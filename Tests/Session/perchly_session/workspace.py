@@ -40,7 +40,7 @@ class WorkspaceCase(SessionCase):
 
     def type_into(self, name, text):
         self.go_to(name)
-        self.type_text(text)
+        self.screen.type_text(text)
 
     def rows(self):
         """The names of the list's rows, as they are read to a person."""
