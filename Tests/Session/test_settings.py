@@ -8,11 +8,6 @@ from perchly_session.waiting import wait_until
 TITLE = "Perchly Settings"
 SECTIONS = ["My shelf", "Apps", "Preferences"]
 OCEAN = (5, 20, 36)
-ENTRY = """[Desktop Entry]
-Type=Application
-Name={name}
-Exec=true
-"""
 
 
 class SettingsTest(SessionCase):
@@ -95,28 +90,6 @@ class SettingsTest(SessionCase):
         self.screen.key(*TOGGLE)
         self.show()
         self.assertEqual(self.window.id, first)
-
-    def test_an_application_is_found_and_added(self):
-        self.start_session()
-        folder = Path(self.session.environment["XDG_DATA_HOME"]) / "applications"
-        folder.mkdir(parents=True)
-        for name in ("Zither Tuner", "Abacus"):
-            (folder / f"{name}.desktop").write_text(ENTRY.format(name=name))
-        self.run_program()
-        self.tree = self.program.accessibility()
-        self.show()
-        self.choose_section("Apps")
-        self.tree.find("Abacus", "list item")
-        self.go_to("Search installed apps")
-        self.press_keys("z", "i", "t")
-        self.tree.find("Zither Tuner", "list item")
-        wait_until(lambda: not self.tree.look_for("Abacus"), "the list narrowed")
-        self.press_keys("Down", "space")
-        self.tree.find("Added", "push button")
-        self.screen.key("Control_L", "w")
-        wait_until(lambda: not self.program.window(TITLE), "the window closed")
-        self.screen.key(*TOGGLE)
-        self.tree.find("Zither Tuner", "push button")
 
 
 if __name__ == "__main__":
