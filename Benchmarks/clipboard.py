@@ -4,7 +4,7 @@ two clipboard managers.
 
 Each watches an X session of its own while this program copies texts and answers what it is asked;
 compare figures of one run only.
-Usage: clipboard.py WATCHER [--rounds N] [--seconds N], WATCHER being build/release/Benchmarks/PasteboardWatcher.
+Usage: clipboard.py WATCHER [--rounds N] [--seconds N], WATCHER being build/Benchmarks/PasteboardWatcher.
 """
 
 import argparse

@@ -6,8 +6,7 @@ set -eu
 cd "$(dirname "$0")/.."
 
 scripts/setup.sh
-cmake --preset release
-cmake --build --preset release --target perchly RingBenchmark ApplicationsBenchmark \
-    PasteboardWatcher RouteBenchmark RouteProbe drag_source SelectionOwner
-build/release/Benchmarks/RingBenchmark
-exec /usr/bin/python3 -B Benchmarks/benchmark.py build/release/Sources/Perchly/Shell/perchly "$@"
+scripts/build.sh default perchly RingBenchmark ApplicationsBenchmark PasteboardWatcher \
+    RouteBenchmark RouteProbe drag_source SelectionOwner
+build/Benchmarks/RingBenchmark
+exec /usr/bin/python3 -B Benchmarks/benchmark.py build/Sources/Perchly/Shell/perchly "$@"
