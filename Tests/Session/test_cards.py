@@ -2,6 +2,7 @@
 
 import json
 import time
+from pathlib import Path
 
 from perchly_session.case import TOGGLE, SessionCase, main
 from perchly_session.players import ScriptedPlayer
@@ -33,11 +34,12 @@ class CardsTest(SessionCase):
 
     def applications(self, count):
         """That many entries of the strip, and the files that show which of them were launched."""
-        folder = self.session.folder
+        folder = Path(self.session.environment["XDG_DATA_HOME"]) / "applications"
+        folder.mkdir(parents=True, exist_ok=True)
         entries, traces = [], []
         for number in range(count):
             launcher = folder / f"application{number}.desktop"
-            traces.append(folder / f"launched{number}")
+            traces.append(self.session.folder / f"launched{number}")
             launcher.write_text(
                 "[Desktop Entry]\nType=Application\nName=A\n"
                 f'Exec=sh -c "env >{traces[-1]}"\nIcon=no-such-picture\n'
