@@ -64,10 +64,10 @@ private:
     }
 
     CalendarReading read(const QString &zone = {}) {
-        const QString from =
-            QString::number(QDateTime(QDate(2026, 3, 20), QTime(), QTimeZone::utc()).toSecsSinceEpoch());
-        const QString to =
-            QString::number(QDateTime(QDate(2026, 4, 3), QTime(), QTimeZone::utc()).toSecsSinceEpoch());
+        const QString from = QString::number(
+            QDateTime(QDate(2026, 3, 20), QTime(), QTimeZone::utc()).toSecsSinceEpoch());
+        const QString to = QString::number(
+            QDateTime(QDate(2026, 4, 3), QTime(), QTimeZone::utc()).toSecsSinceEpoch());
         int status = 0;
         const QByteArray said = run({QStringLiteral("events"), from, to}, zone, &status);
         m_said = said.size();
