@@ -288,6 +288,19 @@ TestCase {
         }
     }
 
+    function test_aNoteTakesBackWhatIsTooLong() {
+        const editor = root.make(note);
+        editor.edited.connect(text => editor.note = text);
+        editor.maxLength = 3;
+        editor.edit.text = "abc";
+        editor.edit.forceActiveFocus();
+        editor.edit.cursorPosition = 2;
+        keyClick("x");
+        verify(editor.isTooLong);
+        tryCompare(editor.edit, "text", "abc");
+        compare(editor.edit.cursorPosition, 2);
+    }
+
     function test_escapeEmptiesAFieldBeforeItLeaves() {
         const form = root.make(entry);
         for (const letter of "name") {

@@ -13,6 +13,10 @@ Flickable {
     /// What is edited: bind it; `edited` tells of changes.
     property string note: ""
     readonly property alias edit: edit
+    /// Edits that make the note longer than this are taken back, with a remark. A longer note may
+    /// only shrink.
+    property int maxLength: 100000
+    property bool isTooLong: false
     readonly property real line: hint.implicitHeight
     /// The text comes from `note`, not from the person; the editor may hold it a little changed,
     /// as it knows one kind of blank and of line end only.
@@ -22,6 +26,18 @@ Flickable {
     /// The person pressed into the text.
     signal pressed()
 
+    function fill() {
+        if (edit.text !== root.note) {
+            root.filling = true;
+            edit.text = root.note;
+            root.filling = false;
+        }
+    }
+    function takeBack() {
+        const fromEnd = edit.length - edit.cursorPosition;
+        root.fill();
+        edit.cursorPosition = Math.max(0, edit.length - fromEnd);
+    }
     function follow(cursor: rect) {
         if (cursor.y < root.contentY) {
             root.contentY = cursor.y;
@@ -37,13 +53,7 @@ Flickable {
     // A drag selects; the wheel scrolls.
     interactive: false
 
-    onNoteChanged: {
-        if (edit.text !== root.note) {
-            root.filling = true;
-            edit.text = root.note;
-            root.filling = false;
-        }
-    }
+    onNoteChanged: root.fill()
 
     WheelHandler {
         acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
@@ -81,7 +91,13 @@ Flickable {
         onCursorRectangleChanged: root.follow(edit.cursorRectangle)
         onTextChanged: {
             direction.apply();
-            if (!root.filling) {
+            if (root.filling) {
+                return;
+            }
+            root.isTooLong = edit.length > Math.max(root.maxLength, root.note.length);
+            if (root.isTooLong) {
+                Qt.callLater(root.takeBack); // not while the editor inserts
+            } else {
                 root.edited(edit.text);
             }
         }
@@ -110,5 +126,22 @@ Flickable {
         text: root.placeholder
         visible: edit.length === 0 && edit.preeditText === ""
         x: 3
+    }
+    Rectangle {
+        color: Theme.floating
+        height: remark.height
+        visible: root.isTooLong
+        width: root.width
+        y: root.contentY + root.height - remark.height
+
+        CaptionText {
+            id: remark
+
+            Accessible.role: Accessible.AlertMessage
+            color: Theme.orange
+            leftPadding: 3
+            text: "Too long: a note keeps at most %1 characters.".arg(root.maxLength)
+            width: root.width
+        }
     }
 }
