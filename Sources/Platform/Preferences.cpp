@@ -1,5 +1,6 @@
 #include "Preferences.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace perchly {
@@ -15,7 +16,36 @@ std::optional<T> valueOfType(const Preferences &preferences, const QString &key)
     return std::get<T>(*stored);
 }
 
+qsizetype byteCount(const std::optional<PreferenceValue> &value) {
+    if (!value) {
+        return 0;
+    }
+    if (const auto *text = std::get_if<QString>(&*value)) {
+        return text->toUtf8().size();
+    }
+    const auto *data = std::get_if<QByteArray>(&*value);
+    return data != nullptr ? data->size() : 0;
+}
+
 } // namespace
+
+bool Preferences::setValues(const PreferenceEntries &entries) {
+    const bool fits = std::ranges::all_of(
+        entries, [this](const auto &entry) { return checkSize(entry.first, entry.second); });
+    if (fits) {
+        store(entries);
+    }
+    return fits;
+}
+
+bool Preferences::checkSize(const QString &key, const PreferenceValue &newValue) {
+    const qsizetype bytes = byteCount(newValue);
+    const bool fits = bytes <= maxValueBytes || bytes <= byteCount(value(key));
+    if (!fits) {
+        Q_EMIT tooLarge();
+    }
+    return fits;
+}
 
 std::optional<bool> Preferences::boolean(const QString &key) const {
     return valueOfType<bool>(*this, key);

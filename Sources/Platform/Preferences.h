@@ -23,12 +23,22 @@ class Preferences : public QObject {
 public:
     using QObject::QObject;
 
+    /// Max size of a string (as UTF-8) or of data: small enough to be written on the main thread.
+    static constexpr qsizetype maxValueBytes = 512 * 1024;
+
     [[nodiscard]] virtual std::optional<PreferenceValue> value(const QString &key) const = 0;
 
     /// Stores the values, all of them or, when the program is killed meanwhile, none; then
-    /// announces them in order. A write that fails leaves what was stored on disk whole; the new
-    /// values hold for the run and are tried again with the next set, and from time to time.
-    virtual void setValues(const PreferenceEntries &entries) = 0;
+    /// announces them in order. (Those of keys::longValues are stored one by one.) A write that
+    /// fails leaves what was stored on disk whole; the new values hold for the run and are tried
+    /// again with the next set, and from time to time.
+    ///
+    /// Returns false and stores nothing if checkSize() fails for one of them.
+    bool setValues(const PreferenceEntries &entries);
+
+    /// Whether the value has at most maxValueBytes, or at least is not larger than the stored one;
+    /// emits tooLarge() if not.
+    [[nodiscard]] bool checkSize(const QString &key, const PreferenceValue &newValue);
 
     /// Forgets the key and announces it, if it was there.
     virtual void removeValue(const QString &key) = 0;
@@ -40,11 +50,13 @@ public:
     [[nodiscard]] std::optional<QString> string(const QString &key) const;
     [[nodiscard]] std::optional<QByteArray> data(const QString &key) const;
 
-    void setValue(const QString &key, const PreferenceValue &value) { setValues({{key, value}}); }
+    bool setValue(const QString &key, const PreferenceValue &value) {
+        return setValues({{key, value}});
+    }
     void setBoolean(const QString &key, bool value) { setValue(key, value); }
     void setNumber(const QString &key, double value) { setValue(key, value); }
-    void setString(const QString &key, const QString &value) { setValue(key, value); }
-    void setData(const QString &key, const QByteArray &value) { setValue(key, value); }
+    bool setString(const QString &key, const QString &value) { return setValue(key, value); }
+    bool setData(const QString &key, const QByteArray &value) { return setValue(key, value); }
 
 Q_SIGNALS:
     /// The key was set (possibly to the value that it had) or removed.
@@ -52,6 +64,13 @@ Q_SIGNALS:
 
     /// A write failed, for that reason, for the first time since one succeeded.
     void failed(const QString &reason);
+
+    /// A value is too large to be stored.
+    void tooLarge();
+
+protected:
+    /// Stores and announces values whose sizes have been checked.
+    virtual void store(const PreferenceEntries &entries) = 0;
 };
 
 } // namespace perchly

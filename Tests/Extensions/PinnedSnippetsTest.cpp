@@ -56,6 +56,15 @@ private Q_SLOTS:
         QCOMPARE(fixture.extras.snippets().size(), 2);
     }
 
+    void refusesATextWithoutRoomAndSaysSo() {
+        ExtrasFixture fixture;
+        const QString large(Preferences::maxValueBytes / 2, u'x');
+        QVERIFY(fixture.extras.pin(large));
+        QVERIFY(!fixture.extras.pin(large + u'y'));
+        QCOMPARE(fixture.extras.snippets().size(), 1);
+        QVERIFY(fixture.tools.message().startsWith(QStringLiteral("There is no room")));
+    }
+
     void aDocumentThatIsNotOneIsReplaced_data() {
         QTest::addColumn<QByteArray>("content");
         QTest::newRow("a torn one") << snippetsDocument.chopped(5);

@@ -7,7 +7,7 @@ std::optional<PreferenceValue> FakePreferences::value(const QString &key) const 
     return found == values.cend() ? std::nullopt : std::optional(found.value());
 }
 
-void FakePreferences::setValues(const PreferenceEntries &entries) {
+void FakePreferences::store(const PreferenceEntries &entries) {
     QStringList keys;
     for (const auto &[key, value] : entries) {
         values.insert(key, value);

@@ -13,11 +13,13 @@ public:
     using Preferences::Preferences;
 
     std::optional<PreferenceValue> value(const QString &key) const override;
-    void setValues(const PreferenceEntries &entries) override;
     void removeValue(const QString &key) override;
 
     QMap<QString, PreferenceValue> values;
     QStringList written; ///< every write in order: its key, or its keys joined by +
+
+private:
+    void store(const PreferenceEntries &entries) override;
 };
 
 } // namespace perchly

@@ -39,7 +39,7 @@ std::optional<PreferenceValue> NullPreferences::value(const QString &key) const 
     return found == m_values.cend() ? std::nullopt : std::optional(*found);
 }
 
-void NullPreferences::setValues(const PreferenceEntries &entries) {
+void NullPreferences::store(const PreferenceEntries &entries) {
     for (const auto &[key, value] : entries) {
         m_values.insert(key, value);
     }

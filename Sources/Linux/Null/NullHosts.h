@@ -16,10 +16,11 @@ public:
     using Preferences::Preferences;
 
     [[nodiscard]] std::optional<PreferenceValue> value(const QString &key) const override;
-    void setValues(const PreferenceEntries &entries) override;
     void removeValue(const QString &key) override;
 
 private:
+    void store(const PreferenceEntries &entries) override;
+
     QMap<QString, PreferenceValue> m_values;
 };
 

@@ -1,18 +1,17 @@
 #pragma once
 
 #include <QByteArray>
+#include <QElapsedTimer>
 #include <QString>
 #include <QThreadPool>
-
-#include <memory>
+#include <QTimer>
 
 namespace perchly {
 
-/// Brings the preferences to the disk in the background, one generation at a time, and keeps the
-/// last one that arrived there beside them. A file system that is busy with that holds up the next
-/// replacement of the file by some milliseconds, so it waits for a pause between two sets, and
-/// generations that are not the newest then are passed over. Main thread only; the destructor waits
-/// for the disk.
+/// Brings a file of preferences to the disk in the background, and keeps the last version that
+/// arrived there beside it. A file system that is busy with that delays the next replacement of the
+/// file by some milliseconds, so it waits for a pause between two sets, and skips all versions but
+/// the newest. Main thread only; the destructor waits for the disk.
 class PreferencesBackup {
 public:
     /// The backup stands beside the file under the name "file.bak".
@@ -22,14 +21,16 @@ public:
     [[nodiscard]] static QString pathFor(const QString &file);
 
     /// The file has been replaced and holds these bytes now. Failures are silent: the file itself
-    /// is whole, and the next generation tries again.
+    /// is whole, and the next version tries again.
     void keep(const QByteArray &bytes);
 
 private:
-    struct Queue;
+    void write();
 
     QString m_file;
-    std::shared_ptr<Queue> m_queue;
+    QByteArray m_newest;
+    QTimer m_timer;
+    QElapsedTimer m_waiting; ///< since the first version that is not on the disk
     QThreadPool m_pool;
 };
 

@@ -16,7 +16,6 @@ namespace perchly::wholefile {
 
 namespace {
 
-constexpr qint64 largestFile = qint64(64) << 20;
 constexpr QLatin1StringView temporarySuffix(".tmp-");
 
 QString errorText(int error = errno) {
@@ -52,21 +51,6 @@ bool writeAll(int descriptor, const QByteArray &bytes) {
     return true;
 }
 
-QString readAll(int descriptor, QByteArray &bytes) {
-    char block[65536];
-    while (bytes.size() <= largestFile) {
-        const ssize_t count = ::read(descriptor, block, sizeof block);
-        if (count == 0) {
-            return {};
-        }
-        if (count < 0 && errno != EINTR) {
-            return errorText();
-        }
-        bytes.append(block, count < 0 ? 0 : count);
-    }
-    return QStringLiteral("it is larger than 64 MiB");
-}
-
 QString folderOf(const QString &path) {
     return QFileInfo(path).absolutePath();
 }
@@ -76,18 +60,6 @@ int openTemporary(QByteArray &name) {
 }
 
 } // namespace
-
-Version version(const QString &path) {
-    struct stat status = {};
-    if (::stat(QFile::encodeName(path).constData(), &status) != 0) {
-        return {};
-    }
-    return {.exists = true,
-            .device = status.st_dev,
-            .number = status.st_ino,
-            .size = status.st_size,
-            .changed = qint64(status.st_mtim.tv_sec) * 1'000'000'000 + status.st_mtim.tv_nsec};
-}
 
 QString resolveLinks(const QString &path) {
     QString resolved = path;
@@ -102,23 +74,24 @@ QString resolveLinks(const QString &path) {
 }
 
 Contents read(const QString &path) {
+    const QFileInfo info(path);
+    QFile file(path);
     Contents contents;
-    // Without blocking: a pipe of that name would wait for a writer.
-    const Descriptor file(
-        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    if (!file.isOpen()) {
-        contents.exists = errno != ENOENT && errno != ENOTDIR;
-        contents.error = contents.exists ? errorText() : QString();
+    contents.exists = info.exists();
+    if (!contents.exists) {
         return contents;
     }
-    contents.exists = true;
-    struct stat status = {};
-    if (::fstat(file.get(), &status) != 0) {
-        contents.error = errorText();
-    } else if (!S_ISREG(status.st_mode)) {
+    if (!info.isFile()) { // a pipe would wait for a writer
         contents.error = QStringLiteral("it is not a file");
+    } else if (info.size() > maxBytes) {
+        contents.error = QStringLiteral("it is larger than 64 MiB");
     } else {
-        contents.error = readAll(file.get(), contents.bytes);
+        if (file.open(QIODevice::ReadOnly)) {
+            contents.bytes = file.readAll();
+        }
+        if (file.error() != QFileDevice::NoError) {
+            contents.error = file.errorString();
+        }
     }
     return contents;
 }
@@ -158,37 +131,16 @@ QString flush(const QString &path) {
 }
 
 std::optional<QString> setAside(const QString &path) {
-    const QByteArray from = QFile::encodeName(path);
-    for (int number = 1; number < 10000; ++number) {
-        const QString aside = QStringLiteral("%1.kept-%2").arg(path).arg(number);
-        const QByteArray to = QFile::encodeName(aside);
-        if (QFileInfo::exists(aside)) {
-            continue;
-        }
-        // A folder and some file systems know no second name; there it is moved.
-        if (::link(from.constData(), to.constData()) == 0 ||
-            ::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) ==
-                0 ||
-            (errno == EINVAL && std::rename(from.constData(), to.constData()) == 0)) {
-            return aside;
-        }
-        if (errno != EEXIST) {
-            return std::nullopt;
-        }
-    }
-    return std::nullopt;
-}
-
-void takeBack(const QString &aside, const QString &path) {
-    const QByteArray from = QFile::encodeName(aside);
-    const QByteArray to = QFile::encodeName(path);
-    if (version(aside) == version(path)) {
-        ::unlink(from.constData());
-    } else if (::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(),
-                           RENAME_NOREPLACE) != 0 &&
-               errno == EINVAL && !QFileInfo::exists(path)) {
-        (void)std::rename(from.constData(), to.constData());
-    }
+    QString aside;
+    int number = 0;
+    do {
+        aside = QStringLiteral("%1.kept-%2").arg(path).arg(++number);
+    } while (QFileInfo::exists(aside));
+    // A folder and some file systems allow no second name.
+    const bool done =
+        ::link(QFile::encodeName(path).constData(), QFile::encodeName(aside).constData()) == 0 ||
+        QFile::rename(path, aside);
+    return done ? std::optional(aside) : std::nullopt;
 }
 
 void removeLeftovers(const QString &path) {

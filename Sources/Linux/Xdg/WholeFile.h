@@ -9,6 +9,9 @@
 /// version and never a part. Errors are texts for people. Any thread.
 namespace perchly::wholefile {
 
+/// Max size that is read; do not write more.
+inline constexpr qsizetype maxBytes = qsizetype(64) << 20;
+
 struct Contents {
     bool exists = false;
     QByteArray bytes;
@@ -21,22 +24,10 @@ enum class Durability {
     Disk    ///< on the disk, the folder's entry too
 };
 
-/// Tells one state of a path from another without reading it. Equal for two names of one file.
-struct Version {
-    bool exists = false;
-    quint64 device = 0;
-    quint64 number = 0; ///< of the file on its device
-    qint64 size = 0;
-    qint64 changed = 0; ///< nanoseconds
-
-    bool operator==(const Version &) const = default;
-};
-[[nodiscard]] Version version(const QString &path);
-
 /// The file behind a chain of symbolic links, which need not exist; the path itself without one.
 [[nodiscard]] QString resolveLinks(const QString &path);
 
-/// Reads a regular file of at most 64 MiB. Anything else that stands there is an error.
+/// Reads a regular file of at most maxBytes. Anything else that stands there is an error.
 [[nodiscard]] Contents read(const QString &path);
 
 /// Replaces the file, or makes it, readable by its owner only. Missing folders are made, the last
@@ -47,13 +38,10 @@ struct Version {
 /// Waits until the file, or the folder's list of them, is on the disk. Empty, or why it is not.
 [[nodiscard]] QString flush(const QString &path);
 
-/// Gives whatever stands there a free name beside it ("path.kept-1", "path.kept-2", …) without ever
-/// replacing anything. It keeps the old name too where the file system can do that, so that
-/// replace() leaves no moment without a file. The new name, or nothing when there can be none.
+/// Gives whatever stands there a free name beside it ("path.kept-1", "path.kept-2", …). It keeps
+/// the old name too where the file system can do that, so that replace() leaves no moment without a
+/// file. The new name, or nothing when there can be none.
 [[nodiscard]] std::optional<QString> setAside(const QString &path);
-
-/// Undoes setAside(), unless somebody has put another file at the path since.
-void takeBack(const QString &aside, const QString &path);
 
 /// Removes what interrupted calls of replace() for this path left behind.
 void removeLeftovers(const QString &path);

@@ -36,4 +36,9 @@ inline constexpr QLatin1StringView launchGroups("launchGroups");
 inline constexpr QLatin1StringView persistSnippets("persistSnippets");
 inline constexpr QLatin1StringView pinnedSnippets("pinnedSnippets");
 
+/// The keys with long values. Each is stored in its own file, so that other changes do not write it
+/// again.
+inline constexpr QLatin1StringView longValues[] = {quickNote, shelfLibrary, savedLayouts,
+                                                   launchGroups, pinnedSnippets};
+
 } // namespace perchly::keys

@@ -45,13 +45,15 @@ QString lastPathComponent(const QUrl &url) {
 
 void ShelfExtras::loadGroups() {
     const auto stored = m_hosts.preferences->data(keys::launchGroups);
-    setGroups((stored ? decodeGroups(*stored) : std::nullopt).value_or(QList<LaunchGroup>()));
+    m_groups = (stored ? decodeGroups(*stored) : std::nullopt).value_or(QList<LaunchGroup>());
+    setGroups(m_groups);
 }
 
 void ShelfExtras::setGroups(const QList<LaunchGroup> &groups) {
-    m_groups = groups;
-    m_hosts.preferences->setData(keys::launchGroups, encodeGroups(m_groups));
-    Q_EMIT groupsChanged();
+    if (m_hosts.preferences->setData(keys::launchGroups, encodeGroups(groups))) {
+        m_groups = groups;
+        Q_EMIT groupsChanged();
+    }
 }
 
 void ShelfExtras::saveGroup(const QString &name, const ShelfLibrary *library,

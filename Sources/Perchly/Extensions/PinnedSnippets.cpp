@@ -28,11 +28,18 @@ void ShelfExtras::setSnippets(const QList<Snippet> &snippets) {
     Q_EMIT snippetsChanged();
 }
 
-void ShelfExtras::pin(const QString &text) {
+bool ShelfExtras::pin(const QString &text) {
     const bool known = std::ranges::find(m_snippets, text, &Snippet::text) != m_snippets.cend();
-    if (!text.isEmpty() && !known) {
-        setSnippets(m_snippets + QList{Snippet{QUuid::createUuid(), text}});
+    if (text.isEmpty() || known) {
+        return true;
     }
+    const QList<Snippet> snippets = m_snippets + QList{Snippet{QUuid::createUuid(), text}};
+    // Even if they are not to be stored now: they may be later.
+    if (!m_hosts.preferences->checkSize(keys::pinnedSnippets, encodeSnippets(snippets))) {
+        return false;
+    }
+    setSnippets(snippets);
+    return true;
 }
 
 void ShelfExtras::removeSnippet(const QUuid &id) {

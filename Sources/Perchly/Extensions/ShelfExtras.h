@@ -46,7 +46,7 @@ public:
 
     // Launch groups (LaunchGroups.cpp)
 
-    /// Oldest first. Every assignment is stored.
+    /// Oldest first. Every assignment is stored, or ignored if it is too large.
     [[nodiscard]] const QList<LaunchGroup> &groups() const { return m_groups; }
     void setGroups(const QList<LaunchGroup> &groups);
     /// Saves what the shelf shows and the tray holds under the name, trimmed; a blank name does
@@ -63,8 +63,9 @@ public:
     /// Pinned texts, oldest first. Every assignment goes through persistSnippets().
     [[nodiscard]] const QList<Snippet> &snippets() const { return m_snippets; }
     void setSnippets(const QList<Snippet> &snippets);
-    /// Adds a text as it is. An empty one, and one that is pinned already, changes nothing.
-    Q_INVOKABLE void pin(const QString &text);
+    /// Adds a text as it is. An empty one, and one that is pinned already, changes nothing. False
+    /// if there is no room for it.
+    Q_INVOKABLE bool pin(const QString &text);
     Q_INVOKABLE void removeSnippet(const QUuid &id);
     /// Whether pinned snippets outlive the run; false where nothing is stored.
     [[nodiscard]] bool persist() const;

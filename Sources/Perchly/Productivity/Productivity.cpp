@@ -14,6 +14,10 @@ Productivity::Productivity(Hosts &hosts, QObject *parent)
     connect(m_hosts.preferences.get(), &Preferences::failed, this, [this](const QString &reason) {
         setMessage(QStringLiteral("Could not save your changes yet. %1.").arg(reason));
     });
+    connect(m_hosts.preferences.get(), &Preferences::tooLarge, this, [this] {
+        setMessage(QStringLiteral("There is no room for that. Remove something here first, or "
+                                  "keep it in a file."));
+    });
     m_pool.setMaxThreadCount(1); // one large picture at a time
     m_pool.setExpiryTimeout(1000);
 }

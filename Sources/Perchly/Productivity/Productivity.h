@@ -135,7 +135,7 @@ public:
 
     // Saved layouts (SavedLayouts.cpp)
 
-    /// Oldest first. Every assignment is stored.
+    /// Oldest first. Every assignment is stored, or ignored if it is too large.
     [[nodiscard]] const QList<SavedLayout> &layouts() const { return m_layouts; }
     void setLayouts(const QList<SavedLayout> &layouts);
     /// Saves the present setup under the name, trimmed; a blank name does nothing.

@@ -12,14 +12,16 @@ void Productivity::loadLayouts() {
     const auto stored = m_hosts.preferences->data(keys::savedLayouts);
     // What cannot be read stays stored until a layout is saved or deleted.
     if (const auto decoded = stored ? decodeLayouts(*stored) : std::nullopt) {
-        setLayouts(*decoded);
+        m_layouts = *decoded;
+        setLayouts(m_layouts);
     }
 }
 
 void Productivity::setLayouts(const QList<SavedLayout> &layouts) {
-    m_layouts = layouts;
-    m_hosts.preferences->setData(keys::savedLayouts, encodeLayouts(m_layouts));
-    Q_EMIT layoutsChanged();
+    if (m_hosts.preferences->setData(keys::savedLayouts, encodeLayouts(layouts))) {
+        m_layouts = layouts;
+        Q_EMIT layoutsChanged();
+    }
 }
 
 void Productivity::saveLayout(const QString &name, ShelfLibrary *library, ShelfModel *model) {

@@ -42,15 +42,17 @@ ShelfLibrary::ShelfLibrary(Preferences &preferences, ApplicationCatalog &catalog
     connect(&catalog, &ApplicationCatalog::changed, this, &ShelfLibrary::refresh);
     const auto stored = preferences.data(keys::shelfLibrary);
     const auto decoded = stored ? decodeShelfItems(*stored) : std::nullopt;
-    setItems(decoded ? *decoded : defaultItems());
+    m_items = decoded ? *decoded : defaultItems();
+    setItems(m_items);
     setFavoritesOnly(preferences.boolean(keys::favoritesOnly).value_or(false));
 }
 
 void ShelfLibrary::setItems(const QList<ShelfItem> &items) {
-    m_items = items;
-    save();
-    Q_EMIT itemsChanged();
-    Q_EMIT shownChanged();
+    if (m_preferences.setData(keys::shelfLibrary, encodeShelfItems(items))) {
+        m_items = items;
+        Q_EMIT itemsChanged();
+        Q_EMIT shownChanged();
+    }
 }
 
 void ShelfLibrary::setFavoritesOnly(bool favoritesOnly) {
@@ -146,10 +148,6 @@ void ShelfLibrary::remove(const QString &id) {
     if (items.removeIf([&id](const ShelfItem &item) { return item.id == id; }) > 0) {
         setItems(items);
     }
-}
-
-void ShelfLibrary::save() {
-    m_preferences.setData(keys::shelfLibrary, encodeShelfItems(m_items));
 }
 
 } // namespace perchly

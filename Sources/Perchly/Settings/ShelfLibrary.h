@@ -31,6 +31,7 @@ public:
                  QObject *parent = nullptr);
 
     [[nodiscard]] const QList<ShelfItem> &items() const { return m_items; }
+    /// Nothing changes if they are too large to be stored.
     void setItems(const QList<ShelfItem> &items);
 
     /// When true, the shelf shows favourites only.
@@ -63,9 +64,6 @@ public:
 
     /// Removes every item with that identifier; nothing happens when there is none.
     Q_INVOKABLE void remove(const QString &id);
-
-    /// Stores the items.
-    void save();
 
 Q_SIGNALS:
     void itemsChanged();

@@ -1,5 +1,6 @@
 #include "JsonPreferences.h"
 #include "FullDisk.h"
+#include "PreferenceKeys.h"
 #include "TestFiles.h"
 
 #include <QJsonDocument>
@@ -203,6 +204,30 @@ private Q_SLOTS:
         QVERIFY(standardError.takeText().contains("preferences.json.bak.kept-1"));
     }
 
+    void neverWritesWhatItWouldNotRead() {
+        {
+            JsonPreferences preferences(m_path);
+            QSignalSpy tooLarge(&preferences, &Preferences::tooLarge);
+            preferences.setBoolean(key, true);
+            preferences.setString(other, QString(70 << 20, u'x'));
+            QCOMPARE(tooLarge.size(), 1);
+        } // its backup is written, too
+        QCOMPARE(JsonPreferences(m_path).boolean(key), true);
+    }
+
+    void writesLongValuesOnlyWhenTheyChange() {
+        const QString note(100'000, u'x');
+        writeFile(m_path, "{\"key\": 1, \"quickNote\": \"" + note.toUtf8() + "\"}");
+        JsonPreferences preferences(m_path);
+        preferences.setNumber(key, 2);
+        QVERIFY(QFileInfo(m_path).size() < 100);
+        QCOMPARE(JsonPreferences(m_path).string(keys::quickNote), note);
+        const QString ownFile = QFileInfo(m_path).dir().filePath(QStringLiteral("quickNote.json"));
+        QVERIFY(QFile::remove(ownFile));
+        preferences.setNumber(key, 3);
+        QVERIFY(!QFile::exists(ownFile));
+    }
+
     void triesAFailedWriteAgainWithAllValues() {
         JsonPreferences(m_path).setString(key, QStringLiteral("before"));
         const QByteArray before = readFile(m_path);
@@ -239,29 +264,6 @@ private Q_SLOTS:
         QCOMPARE(JsonPreferences(m_path).number(key), 2.0);
     }
 
-    void keepsWhatSomebodyElseHasPutThere() {
-        const StandardError quiet;
-        JsonPreferences preferences(m_path);
-        writeFile(m_path, "{\"key\": 1}"); // as when a disk is mounted late
-        preferences.setNumber(key, 2);
-        QCOMPARE(readFile(m_path + QStringLiteral(".kept-1")), QByteArray("{\"key\": 1}"));
-        writeFile(m_path, "{\"key\": 3}");
-        {
-            const FullDisk fullDisk;
-            preferences.setNumber(key, 4);
-            QCOMPARE(names().filter(QStringLiteral(".kept-")).size(), 1);
-        }
-        preferences.setNumber(key, 5);
-        QCOMPARE(readFile(m_path + QStringLiteral(".kept-2")), QByteArray("{\"key\": 3}"));
-        // The same contents anew, or none, are nobody else's.
-        writeFile(m_path, readFile(m_path));
-        preferences.setNumber(key, 6);
-        QVERIFY(QFile::remove(m_path));
-        preferences.setNumber(key, 7);
-        QCOMPARE(names().filter(QStringLiteral(".kept-")).size(), 2);
-        QCOMPARE(JsonPreferences(m_path).number(key), 7.0);
-    }
-
     void neverReplacesADamagedFileThatCannotBeMoved() {
         writeFile(m_path, "precious but torn");
         const QString folder = QFileInfo(m_path).path();
@@ -277,18 +279,6 @@ private Q_SLOTS:
         QCOMPARE(readFile(m_path), QByteArray("precious but torn"));
         preferences.setBoolean(other, true);
         QCOMPARE(readFile(m_path + QStringLiteral(".kept-1")), QByteArray("precious but torn"));
-        QCOMPARE(JsonPreferences(m_path).boolean(key), true);
-    }
-
-    void savesAgainWhenADamagedFileWasRemoved() {
-        writeFile(m_path, "torn");
-        const StandardError quiet;
-        std::optional<FullDisk> fullDisk(std::in_place);
-        JsonPreferences preferences(m_path);
-        fullDisk.reset();
-        QCOMPARE(names(), QStringList(QStringLiteral("preferences.json")));
-        QVERIFY(QFile::remove(m_path));
-        preferences.setBoolean(key, true);
         QCOMPARE(JsonPreferences(m_path).boolean(key), true);
     }
 

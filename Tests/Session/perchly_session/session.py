@@ -253,10 +253,10 @@ class Session:
 
     def preferences(self):
         """What is stored now; empty if nothing is."""
-        try:
-            return json.loads(self.preferences_file.read_text())
-        except FileNotFoundError:
-            return {}
+        stored = {}
+        for file in self.preferences_file.parent.glob("*.json"):
+            stored |= json.loads(file.read_text())
+        return stored
 
     def store(self, **values):
         """Stores preferences before the program starts, beside those that are there."""

@@ -15,8 +15,7 @@ ColumnLayout {
     required property ExtrasDrafts drafts
 
     function pin() {
-        if (pin.enabled) {
-            root.extras.pin(field.text);
+        if (pin.enabled && root.extras.pin(field.text)) {
             field.text = "";
             root.drafts.snippet = "";
         }
