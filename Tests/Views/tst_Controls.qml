@@ -80,6 +80,15 @@ TestCase {
     }
 
     Component {
+        id: adder
+
+        PushButton {
+            done: "Added"
+            text: "Add to shelf"
+        }
+    }
+
+    Component {
         id: area
 
         ScrollArea {
@@ -312,6 +321,15 @@ TestCase {
         compare(form.escapes, 0);
         keyClick(Qt.Key_Escape);
         compare(form.escapes, 1);
+    }
+
+    function test_aButtonShowsForAMomentThatItWasPressed() {
+        const button = root.make(adder);
+        const shown = () => Array.from(button.content).find(item => item.visible && item.text)?.text;
+        compare(shown(), "Add to shelf");
+        keyClick(Qt.Key_Space);
+        compare(shown(), "Added");
+        tryVerify(() => shown() === "Add to shelf");
     }
 
     function test_aListIsOneStopForTab() {

@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Perchly.Look
 
@@ -13,7 +11,6 @@ PressButton {
     property int size: 13
     /// Shown for a moment after a press, where nothing else tells that it has done something.
     property string done: ""
-    property bool confirming: false
 
     focusRadius: 10
     implicitHeight: root.size + 17
@@ -22,7 +19,11 @@ PressButton {
     opacity: root.enabled ? 1 : 0.4
     pressedScale: 0.97
 
-    onActivated: root.confirming = root.done !== ""
+    onActivated: {
+        if (root.done !== "") {
+            confirming.restart();
+        }
+    }
 
     RoundedRect {
         anchors.fill: parent
@@ -38,26 +39,21 @@ PressButton {
         font.pixelSize: root.size
         font.weight: Font.Medium
         text: root.text
-        visible: !root.confirming
+        visible: !confirming.running
         width: Math.min(implicitWidth, root.width - 8)
     }
-    Loader {
-        active: root.confirming
+    Label {
         anchors.centerIn: parent
+        color: Theme.accent
+        font.pixelSize: root.size
+        font.weight: Font.Medium
+        text: root.done
+        visible: confirming.running
+        width: Math.min(implicitWidth, root.width - 8)
+    }
+    Timer {
+        id: confirming
 
-        sourceComponent: Label {
-            color: Theme.accent
-            font.pixelSize: root.size
-            font.weight: Font.Medium
-            text: root.done
-            width: Math.min(implicitWidth, root.width - 8)
-
-            Timer {
-                interval: 1500
-                running: true
-
-                onTriggered: root.confirming = false
-            }
-        }
+        interval: 1500
     }
 }
