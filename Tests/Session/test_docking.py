@@ -1,7 +1,8 @@
 """The shelf is dragged by its header and docks at an edge of any display."""
 
-from perchly_session.case import SessionCase, main
+from perchly_session.case import main
 from perchly_session.waiting import wait_until
+from perchly_session.workspace import WorkspaceCase
 
 LEFT_HALF = (0, 0, 640, 800)
 RIGHT_HALF = (640, 0, 640, 800)
@@ -12,7 +13,7 @@ def along_side(row):
     return (799 - row) / 800
 
 
-class DockingTest(SessionCase):
+class DockingTest(WorkspaceCase):
     def expect_stored(self, **wanted):
         def matches():
             stored = self.session.preferences()
@@ -51,6 +52,14 @@ class DockingTest(SessionCase):
         self.expect_frame(
             self.compact_frame("right", along_side(320)), "the strip at the right edge"
         )
+
+    def test_a_drag_goes_on_while_another_window_closes(self):
+        self.start({"openOnHover": False})
+        self.open_window()
+        self.screen.move_to(*self.on_pill())
+        self.screen.key("Escape")
+        self.drag_pill((4, 500))
+        self.expect_stored(shelfEdge="left", shelfEdgePosition=along_side(500))
 
     def test_on_a_side_edge_it_opens_flush_with_the_edge(self):
         for edge in ("left", "right"):

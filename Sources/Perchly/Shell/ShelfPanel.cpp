@@ -2,6 +2,7 @@
 
 #include "PanelHost.h"
 
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QQuickItem>
 
@@ -53,6 +54,9 @@ ShelfPanel::ShelfPanel(QQmlEngine &engine, PanelHost &host)
     setColor(Qt::transparent);
     setTitle(QStringLiteral("Perchly"));
     m_host.attach(this);
+    // When another of the program's windows closes, Qt would end a drag of the shelf. The X server
+    // sends the release in any case.
+    disconnect(qGuiApp, &QGuiApplication::applicationStateChanged, this, nullptr);
     connect(&m_host, &PanelHost::compositedChanged, this,
             [this] { setFrame(m_frame, m_compactFrame, m_edge); });
 }
