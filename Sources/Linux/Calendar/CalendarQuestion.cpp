@@ -92,7 +92,7 @@ public:
     }
     ~Question() override {
         if (m_dialog) {
-            m_dialog->disconnect();
+            m_dialog->disconnect(&m_receiver);
             m_dialog->hide();
         }
     }
@@ -139,7 +139,7 @@ private:
         if (!m_dialog) {
             return; // a second click was on its way
         }
-        m_dialog->disconnect();
+        m_dialog->disconnect(&m_receiver);
         m_dialog->hide();
         m_dialog.reset();
         const auto answer = std::move(m_answer); // outlives the task that it may destroy

@@ -61,7 +61,7 @@ public:
     Question(const OpenPanel::Request &request, OpenPanel::Completion completion)
         : m_dialog(makeDialog(request))
         , m_completion(std::move(completion)) {
-        QObject::connect(m_dialog.get(), &QFileDialog::finished, m_dialog.get(),
+        QObject::connect(m_dialog.get(), &QFileDialog::finished, &m_receiver,
                          [this](int result) { finish(result); });
         m_dialog->winId(); // it has a window from here on
         m_dialog->windowHandle()->setTransientParent(QGuiApplication::focusWindow());
@@ -69,7 +69,7 @@ public:
     }
     ~Question() override {
         if (m_dialog) {
-            m_dialog->disconnect();
+            m_dialog->disconnect(&m_receiver);
             m_dialog->hide();
         }
     }
@@ -85,6 +85,7 @@ private:
 
     Dialog m_dialog;
     OpenPanel::Completion m_completion;
+    QObject m_receiver; ///< the dialog lives a little longer than the question
 };
 
 } // namespace

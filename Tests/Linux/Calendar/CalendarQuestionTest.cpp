@@ -1,5 +1,6 @@
 #include "CalendarQuestion.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDialog>
 #include <QListWidget>
@@ -32,6 +33,8 @@ private Q_SLOTS:
         const QDialog *asked = dialog();
         QVERIFY(asked != nullptr);
         const auto *list = asked->findChild<QListWidget *>();
+        const QAccessible::Id id =
+            QAccessible::uniqueId(QAccessible::queryAccessibleInterface(dialog()));
         QCOMPARE(list->count(), 1);
         QCOMPARE(list->item(0)->text(), QStringLiteral("Work — /srv/work"));
         for (QPushButton *each : asked->findChildren<QPushButton *>()) {
@@ -44,6 +47,8 @@ private Q_SLOTS:
         QFETCH(bool, allowed);
         QCOMPARE(m_answers.constFirst(), std::optional(allowed));
         QVERIFY(dialog(10) == nullptr);
+        // Or the next dialog, if it gets the same address, is not there for screen readers.
+        QTRY_VERIFY(QAccessible::accessibleInterface(id) == nullptr);
     }
 
     void escapeIsNoAnswerAndReturnSaysNothing() {
