@@ -107,17 +107,17 @@ bool KeyboardFocus::isNobody(xcb_window_t holder) {
 }
 
 void KeyboardFocus::activate(xcb_window_t window) {
+    // First of all, or a window that is minimised as soon as it is there would come back.
+    askWindowManager(window);
     m_leave.stop();
-    if (hasWindowManager()) {
-        m_retry.stop();
-        m_wanted = window;
-        m_leaving = current();
-        askWindowManager(window);
-        m_leave.start();
+    m_wanted = window;
+    if (!hasWindowManager()) {
+        startTrying();
         return;
     }
-    m_wanted = window;
-    startTrying();
+    m_retry.stop();
+    m_leaving = current();
+    m_leave.start();
 }
 
 // A manager that died leaves its property on the root, but not the window that it names.
