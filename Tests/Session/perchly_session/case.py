@@ -2,6 +2,7 @@
 
 import math
 import os
+import re
 import sys
 import unittest
 from pathlib import Path
@@ -11,8 +12,8 @@ from .session import Session
 from .waiting import wait_until, wait_while
 
 TOGGLE = ("Control_L", "Alt_L", "space")
+NO_BUS = "perchly: no session bus: .*"
 LARGEST_COMPACT = 290 * 34 * 2
-SANITIZER_REPORTS = ("AddressSanitizer", "ThreadSanitizer", "LeakSanitizer", "runtime error:")
 
 
 def default_window_manager():
@@ -21,9 +22,11 @@ def default_window_manager():
 
 class SessionCase(unittest.TestCase):
     """Gives each test a session of its own under the window manager that
-    PERCHLY_WINDOW_MANAGER names, and shows what went on when the test fails."""
+    PERCHLY_WINDOW_MANAGER names, and shows what went on when the test fails. A line on the
+    program's stderr fails the test, unless it matches one of `expected_errors` as a whole."""
 
     maxDiff = None
+    expected_errors = ()
 
     def start_session(self, **options):
         """Ends the session that the test had before, and what was in it."""
@@ -127,20 +130,22 @@ class SessionCase(unittest.TestCase):
     # Endings
 
     def _end_session(self, session):
-        if session.ended:
-            return
-        failed = not self._outcome.success
+        result = self._outcome.result
+        problems = result.failures + result.errors
         try:
-            if failed:
+            if any(getattr(test, "test_case", test) is self for test, _ in problems):
                 self._report(session)
             for program in session.programs:
                 if program.running():
                     self.assertIn(program.stop(), (0, -15), program.errors())
             for program in session.programs:
-                for report in SANITIZER_REPORTS:
-                    self.assertNotIn(report, program.errors())
+                unexpected = [
+                    line
+                    for line in program.errors().splitlines()
+                    if not any(re.fullmatch(known, line) for known in self.expected_errors)
+                ]
+                self.assertEqual(unexpected, [], "on the program's stderr")
         finally:
-            session.ended = True
             session.stop()
 
     def _report(self, session):

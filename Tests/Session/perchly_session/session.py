@@ -188,7 +188,6 @@ class Session:
         self.compositor = compositor
         self.programs = []
         self.screen = None
-        self.ended = False
         self._bus = bus
         self._status_watcher = status_watcher
         self._size = size
