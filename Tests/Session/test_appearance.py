@@ -21,18 +21,6 @@ class AppearanceTest(SessionCase):
         half = tuple((a + b) // 2 for a, b in zip(MIDNIGHT, (0x30, 0x50, 0xA0)))
         wait_until(lambda: near(self.background(), half, 6), f"half of both colours, {half}")
 
-    def test_the_open_shelf_follows_the_scale(self):
-        self.start({"shelfScale": 1.2})
-        self.expect_frame(self.compact_frame(), "the pill, which keeps its size")
-        self.screen.move_to(*self.on_pill())
-        wait_until(lambda: self.program.frame()[2:] in ((792, 623), (792, 622)), "792 x 622.8")
-        button = self.program.accessibility().find("Quit", "push button")
-        x, y, width, height = self.program.frame()
-        left, top = button.centre
-        self.assertTrue(x < left < x + width and y < top < y + height, button.centre)
-        self.screen.click(*button.centre)
-        wait_until(lambda: not self.program.running(), "the scaled button pressed")
-
     def test_the_cards_have_no_seams_at_any_scale(self):
         for scale in (0.85, 0.93, 1.2):
             with self.subTest(scale=scale):

@@ -71,19 +71,6 @@ class DockingTest(WorkspaceCase):
                 self.screen.move_to(640, 740)
                 self.expect_frame(self.compact_frame(edge), "the strip again")
 
-    def test_it_docks_on_a_second_display(self):
-        self.start({"openOnHover": False}, monitors=[LEFT_HALF, RIGHT_HALF])
-        self.expect_frame(self.compact_frame(area=LEFT_HALF), "the pill on the first display")
-        self.drag_pill((646, 600))
-        self.expect_stored(shelfEdge="left", shelfEdgePosition=along_side(600), displayIndex=1)
-        self.expect_frame(
-            self.compact_frame("left", along_side(600), RIGHT_HALF),
-            "the strip on the second display",
-        )
-        self.drag_pill((960, 0))
-        self.expect_stored(shelfEdge="top", shelfEdgePosition=0.5, displayIndex=1)
-        self.expect_frame(self.compact_frame(area=RIGHT_HALF), "the pill on the second display")
-
     def test_a_display_taken_away_sends_the_shelf_to_one_that_is_left(self):
         stored = {"shelfEdge": "right", "shelfEdgePosition": 0.5, "displayIndex": 1}
         self.start(stored, monitors=[LEFT_HALF, RIGHT_HALF])

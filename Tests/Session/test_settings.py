@@ -61,16 +61,6 @@ class SettingsTest(SessionCase):
         self.screen.key(*TOGGLE)
         wait_until(lambda: self.program.frame()[2] == 792, "the shelf 1.2 times as wide")
 
-    def test_the_login_item_is_the_desktops(self):
-        self.open_settings()
-        entry = Path(self.session.environment["XDG_CONFIG_HOME"]) / "autostart"
-        self.choose_section("Preferences")
-        self.go_to("Launch at login")
-        self.press_keys("space")
-        wait_until(lambda: list(entry.glob("*.desktop")), "an entry that starts the program")
-        self.press_keys("space")
-        wait_until(lambda: not list(entry.glob("*.desktop")), "the entry gone")
-
     def test_entries_are_hidden_and_rearranged(self):
         self.open_settings()
         window = self.screen.display.create_resource_object("window", self.window.id)

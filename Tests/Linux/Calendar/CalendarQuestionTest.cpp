@@ -21,8 +21,6 @@ private Q_SLOTS:
         using enum CalendarAccess;
         QTest::newRow("yes") << NotAsked << QStringLiteral("Allow") << true;
         QTest::newRow("no") << NotAsked << QStringLiteral("Don’t Allow") << false;
-        QTest::newRow("yes, after a no") << Denied << QStringLiteral("Allow") << true;
-        QTest::newRow("still yes") << Granted << QStringLiteral("Keep Reading") << true;
         QTest::newRow("no more") << Granted << QStringLiteral("Stop Reading") << false;
     }
 
