@@ -314,6 +314,7 @@ class Session:
             "XDG_STATE_HOME": "home/.local/state",
             "XDG_CACHE_HOME": "home/.cache",
             "XDG_RUNTIME_DIR": "runtime",
+            "TMPDIR": "tmp",
         }
         for name, folder in folders.items():
             (self.folder / folder).mkdir(parents=True, exist_ok=True, mode=0o700)
