@@ -9,14 +9,20 @@ namespace perchly {
 
 namespace {
 
+// The configuration that gives a client's audio threads real-time priority.
+#if PW_CHECK_VERSION(1, 4, 0)
+constexpr const char *realTimeConfig = "client.conf";
+#else
+constexpr const char *realTimeConfig = "client-rt.conf";
+#endif
+
 PipeWireContext make() {
     pw_init(nullptr, nullptr);
     PipeWireContext made;
     made.loop.reset(pw_loop_new(nullptr));
     if (made.loop) {
-        // The configuration of clients whose audio threads are real-time ones.
         made.context.reset(pw_context_new(
-            made.loop.get(), pw_properties_new(PW_KEY_CONFIG_NAME, "client-rt.conf", nullptr), 0));
+            made.loop.get(), pw_properties_new(PW_KEY_CONFIG_NAME, realTimeConfig, nullptr), 0));
     }
     return made.context ? std::move(made) : PipeWireContext();
 }
