@@ -20,7 +20,6 @@ private Q_SLOTS:
         QTest::addColumn<bool>("allowed");
         using enum CalendarAccess;
         QTest::newRow("yes") << NotAsked << QStringLiteral("Allow") << true;
-        QTest::newRow("no") << NotAsked << QStringLiteral("Don’t Allow") << false;
         QTest::newRow("no more") << Granted << QStringLiteral("Stop Reading") << false;
     }
 
@@ -28,11 +27,10 @@ private Q_SLOTS:
         QFETCH(CalendarAccess, current);
         QFETCH(QString, button);
         const Task task = ask(current);
-        const QDialog *asked = dialog();
+        QDialog *asked = dialog();
         QVERIFY(asked != nullptr);
+        const QAccessible::Id id = accessibleId(asked);
         const auto *list = asked->findChild<QListWidget *>();
-        const QAccessible::Id id =
-            QAccessible::uniqueId(QAccessible::queryAccessibleInterface(dialog()));
         QCOMPARE(list->count(), 1);
         QCOMPARE(list->item(0)->text(), QStringLiteral("Work — /srv/work"));
         for (QPushButton *each : asked->findChildren<QPushButton *>()) {
@@ -44,8 +42,6 @@ private Q_SLOTS:
         QTRY_COMPARE(m_answers.size(), 1);
         QFETCH(bool, allowed);
         QCOMPARE(m_answers.constFirst(), std::optional(allowed));
-        QVERIFY(dialog(10) == nullptr);
-        // Or the next dialog, if it gets the same address, is not there for screen readers.
         QTRY_VERIFY(QAccessible::accessibleInterface(id) == nullptr);
     }
 
@@ -61,9 +57,11 @@ private Q_SLOTS:
 
     void itClosesWithItsTask() {
         Task task = ask(CalendarAccess::NotAsked);
-        QVERIFY(dialog() != nullptr);
+        QDialog *asked = dialog();
+        QVERIFY(asked != nullptr);
+        const QAccessible::Id id = accessibleId(asked);
         task.reset();
-        QTRY_VERIFY(dialog(10) == nullptr);
+        QTRY_VERIFY(QAccessible::accessibleInterface(id) == nullptr);
         QVERIFY(m_answers.isEmpty());
     }
 
@@ -73,19 +71,21 @@ private:
         return askForCalendars({{QStringLiteral("Work"), QStringLiteral("/srv/work")}}, current,
                                [this](std::optional<bool> allowed) { m_answers.append(allowed); });
     }
-    static QDialog *dialog(int timeout = 5'000) {
+    static QDialog *dialog() {
         QDialog *found = nullptr;
-        static_cast<void>(QTest::qWaitFor(
-            [&found] {
-                for (QWidget *widget : QApplication::topLevelWidgets()) {
-                    if (widget->isVisible() && widget->windowHandle()->isExposed()) {
-                        found = qobject_cast<QDialog *>(widget);
-                    }
+        static_cast<void>(QTest::qWaitFor([&found] {
+            for (QWidget *widget : QApplication::topLevelWidgets()) {
+                if (widget->isVisible() && widget->windowHandle()->isExposed()) {
+                    found = qobject_cast<QDialog *>(widget);
                 }
-                return found != nullptr;
-            },
-            timeout));
+            }
+            return found != nullptr;
+        }));
         return found;
+    }
+    /// Qt forgets the ID with the dialog. A stale one crashes the next widget at the same address.
+    static QAccessible::Id accessibleId(QDialog *dialog) {
+        return QAccessible::uniqueId(QAccessible::queryAccessibleInterface(dialog));
     }
 
     QList<std::optional<bool>> m_answers;

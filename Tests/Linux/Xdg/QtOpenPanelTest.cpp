@@ -2,10 +2,10 @@
 #include "TestFiles.h"
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QApplication>
 #include <QFileDialog>
 #include <QPushButton>
-#include <QRasterWindow>
 #include <QTemporaryDir>
 
 using namespace perchly;
@@ -15,32 +15,14 @@ class QtOpenPanelTest : public QObject {
 
 private Q_SLOTS:
     void init() {
-        for (const char *name : {"a.desktop", "b.desktop", "notes.txt"}) {
-            writeFile(m_folder.filePath(QString::fromUtf8(name)), {});
-        }
+        writeFile(m_folder.filePath(QStringLiteral("notes.txt")), {});
         QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("a folder/inside")));
     }
 
     void cleanup() { QTRY_VERIFY(QApplication::topLevelWidgets().isEmpty()); }
 
-    void letsOneChooseApplications() {
-        const Task task = ask(OpenPanel::Choice::Applications, QStringLiteral("Add to shelf"));
-        const QFileDialog *shown = dialog();
-        QVERIFY(shown != nullptr);
-        QCOMPARE(shown->windowTitle(), QStringLiteral("A title"));
-        QCOMPARE(names(shown), QStringList({QStringLiteral("a folder"), QStringLiteral("a.desktop"),
-                                            QStringLiteral("b.desktop")}));
-        click(shown, QStringLiteral("b.desktop"));
-        click(shown, QStringLiteral("a.desktop"), Qt::ControlModifier);
-        QVERIFY(m_answers.isEmpty());
-        press(shown, QStringLiteral("Add to shelf"));
-        QTRY_COMPARE(m_answers.size(), 1);
-        QCOMPARE(QSet<QUrl>(m_answers.first().begin(), m_answers.first().end()),
-                 QSet<QUrl>({url("a.desktop"), url("b.desktop")}));
-    }
-
     void letsOneChooseAndEnterFolders() {
-        Task task = ask(OpenPanel::Choice::FilesAndFolders);
+        Task task = ask();
         const QFileDialog *shown = dialog();
         QVERIFY(shown != nullptr);
         click(shown, QStringLiteral("a folder"));
@@ -51,7 +33,7 @@ private Q_SLOTS:
                  QSet<QUrl>({url("a folder"), url("notes.txt")}));
         cleanup();
 
-        task = ask(OpenPanel::Choice::FilesAndFolders);
+        task = ask();
         shown = dialog();
         QVERIFY(shown != nullptr);
         click(shown, QStringLiteral("a folder"));
@@ -60,42 +42,31 @@ private Q_SLOTS:
         QVERIFY(m_answers.isEmpty());
     }
 
-    void holdsUpItsWindowUntilItIsCancelled() {
-        QRasterWindow window;
-        window.resize(300, 200);
-        window.show();
-        window.requestActivate();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-        const Task task = ask(OpenPanel::Choice::FilesAndFolders);
+    void escapeChoosesNothing() {
+        const Task task = ask();
         const QFileDialog *shown = dialog();
         QVERIFY(shown != nullptr);
-        QCOMPARE(shown->windowHandle()->transientParent(), &window);
-        QCOMPARE(shown->windowModality(), Qt::WindowModal);
         click(shown, QStringLiteral("notes.txt"));
         QTest::keyClick(shown->windowHandle(), Qt::Key_Escape);
         QTRY_COMPARE(m_answers, QList<QList<QUrl>>{{}});
     }
 
     void closesWithItsTask() {
-        Task task = ask(OpenPanel::Choice::Applications);
-        QVERIFY(dialog() != nullptr);
-        task = ask(OpenPanel::Choice::FilesAndFolders); // the first one closes
-        QVERIFY(dialog() != nullptr);
-        QTRY_COMPARE(QApplication::topLevelWidgets().size(), 1);
+        Task task = ask();
+        QFileDialog *shown = dialog();
+        QVERIFY(shown != nullptr);
+        const auto id = QAccessible::uniqueId(QAccessible::queryAccessibleInterface(shown));
         task.reset();
-        QTest::qWait(50);
+        // A stale one would crash the next widget at the same address.
+        QTRY_VERIFY(QAccessible::accessibleInterface(id) == nullptr);
         QVERIFY(m_answers.isEmpty());
     }
 
 private:
-    [[nodiscard]] Task ask(OpenPanel::Choice choice, const QString &label = {}) {
+    [[nodiscard]] Task ask() {
         m_answers.clear();
-        Task task = m_panel.ask({.title = QStringLiteral("A title"),
-                                 .confirmLabel = label,
-                                 .folder = m_folder.path(),
-                                 .choice = choice},
-                                [this](const QList<QUrl> &chosen) { m_answers.append(chosen); });
-        return task;
+        return m_panel.ask({.title = {}, .confirmLabel = {}, .folder = m_folder.path()},
+                           [this](const QList<QUrl> &chosen) { m_answers.append(chosen); });
     }
     /// The dialog, once it is on the display with its folder read.
     [[nodiscard]] static QFileDialog *dialog() {
