@@ -26,10 +26,7 @@ private Q_SLOTS:
 
     void mayBeDestroyedWhileItPlays() {
         int bells = 0;
-        for (int round = 0; round < 50; ++round) {
-            CanberraAlertSound sound([&] { ++bells; });
-            sound.play();
-        }
+        std::make_unique<CanberraAlertSound>([&] { ++bells; })->play();
         QTest::qWait(50);
         QCOMPARE(bells, 0);
     }
