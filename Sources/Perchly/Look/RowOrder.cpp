@@ -1,5 +1,8 @@
 #include "RowOrder.h"
 
+#include <QQmlContext>
+#include <QQmlProperty>
+
 #include <algorithm>
 
 namespace perchly {
@@ -26,6 +29,7 @@ void RowOrder::setRows(QQuickItem *rows) {
     m_rows = rows;
     if (rows != nullptr) {
         connect(rows, &QQuickItem::childrenChanged, this, &RowOrder::watch);
+        connect(rows, &QQuickItem::yChanged, this, &RowOrder::watch); // scrolled
         watch();
     }
     Q_EMIT rowsChanged();
@@ -56,6 +60,9 @@ void RowOrder::sort() {
         return one->y() < other->y();
     };
     QList<QQuickItem *> rows = m_rows->childItems();
+    for (QQuickItem *row : std::as_const(rows)) {
+        QQmlProperty::write(row, QStringLiteral("Accessible.ignored"), false, qmlContext(row));
+    }
     if (std::is_sorted(rows.cbegin(), rows.cend(), isAbove)) {
         return;
     }
