@@ -3,8 +3,7 @@
 
 add_library(perchly_options INTERFACE)
 target_compile_options(perchly_options INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
-    -Wold-style-cast
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
     # An optimizing build reports it for every QPointer.
     $<$<CONFIG:Debug>:-Wnull-dereference>
     # A joined source looks like a header to it.
