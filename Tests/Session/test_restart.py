@@ -16,10 +16,6 @@ NO_ANSWER = "perchly: another instance is running, but it does not answer: .*"
 
 
 class RestartTest(SessionCase):
-    def today(self):
-        """The start of today as the session's programs see it: their time zone is UTC."""
-        return time.time() // DAY * DAY
-
     def start_again(self):
         """A second start, which must end by itself."""
         second = self.session.run(wait=False)
@@ -31,7 +27,7 @@ class RestartTest(SessionCase):
             "shelfTheme": "Ocean",
             "shelfAccent": "Orange",
             "compactMode": True,
-            "focusDay": self.today(),
+            "focusDay": time.time() // DAY * DAY,  # the session's time zone is UTC
             "focusSessions": 3,
             "focusTotalMinutes": 75,
             "aKeyOfALaterVersion": "kept",

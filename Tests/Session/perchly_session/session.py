@@ -323,16 +323,8 @@ class Session:
 
     def _start_server(self):
         width, height = self._size
-        read, write = os.pipe()
-        screen = ("-screen", "0", f"{width}x{height}x24")
-        options = ("-displayfd", str(write), "-nolisten", "tcp", "-noreset")
-        self.spawn("Xvfb", *options, *screen, pass_fds=(write,))
-        os.close(write)
-        with os.fdopen(read) as pipe:
-            number = pipe.readline().strip()
-        if not number:
-            raise AssertionError(f"Xvfb did not start: {self._log()}")
-        return f":{number}"
+        options = f"-displayfd {{ready}} -nolisten tcp -noreset -screen 0 {width}x{height}x24"
+        return ":" + self._spawn_and_hear("Xvfb", *options.split())
 
     def _start_bus(self):
         services = self.folder / "services"
@@ -340,8 +332,8 @@ class Session:
         (services / "org.a11y.Bus.service").write_text(ACCESSIBILITY_SERVICE)
         configuration = self.folder / "bus.conf"
         configuration.write_text(BUS_CONFIGURATION.format(folder=self.folder))
-        self.spawn("dbus-daemon", "--nofork", f"--config-file={configuration}")
-        wait_until((self.folder / "bus").exists, "the session bus")
+        options = ("--nofork", f"--config-file={configuration}", "--print-address={ready}")
+        self._spawn_and_hear("dbus-daemon", *options)
 
     def _start_window_manager(self):
         if self.window_manager == "xfwm4":
@@ -368,6 +360,17 @@ class Session:
             )
         self._services.append(service)
         return service
+
+    def _spawn_and_hear(self, *command):
+        """Starts another program and returns the line that it writes to {ready} when it is ready."""
+        read, write = os.pipe()
+        self.spawn(*(part.format(ready=write) for part in command), pass_fds=(write,))
+        os.close(write)
+        with os.fdopen(read) as pipe:
+            line = pipe.readline().strip()
+        if not line:
+            raise AssertionError(f"{command[0]} did not start: {self._log()}")
+        return line
 
     def _call(self, *command):
         quiet = {"stdin": subprocess.DEVNULL, "capture_output": True}
