@@ -276,7 +276,7 @@ class Session:
 
     def start_compositor(self):
         if self.compositor == "picom":
-            self.spawn("picom", "--backend", "xrender", "--config", "/dev/null")
+            self.spawn("picom", "--backend", "xrender", "--no-use-damage", "--config", "/dev/null")
         wait_until(self.screen.has_compositor, "a compositor")
 
     def start_status_watcher(self):
