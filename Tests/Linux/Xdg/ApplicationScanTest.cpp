@@ -65,7 +65,6 @@ QList<Entry> personal() {
         {"empty.desktop", ""},
         {"not an entry.txt", application("Text")},
         {"one/two/deep.desktop", application("Deep")},
-        {"one-two-deep.desktop", application("Hidden")},
         {"a folder.desktop/inside.desktop", application("Inside")},
         {"masks.desktop", "broken"},
         {"sub/masks.desktop", application("Masks", "Exec=true\nHidden=true\n")},
