@@ -61,7 +61,8 @@ void RowOrder::sort() {
     };
     QList<QQuickItem *> rows = m_rows->childItems();
     for (QQuickItem *row : std::as_const(rows)) {
-        QQmlProperty::write(row, QStringLiteral("Accessible.ignored"), false, qmlContext(row));
+        QQmlProperty::write(row, QStringLiteral("Accessible.ignored"),
+                            row->property("hiddenFromReaders").toBool(), qmlContext(row));
     }
     if (std::is_sorted(rows.cbegin(), rows.cend(), isAbove)) {
         return;

@@ -23,11 +23,13 @@ Item {
     property bool first: false
     /// Kept for another row; nobody may find it meanwhile.
     property bool pooled: false
+    /// The note's editor stands for its row. RowOrder reads this.
+    readonly property bool hiddenFromReaders: root.isNote
 
     signal activated()
     signal edited(note: string)
 
-    Accessible.ignored: root.isNote
+    Accessible.ignored: root.hiddenFromReaders
     Accessible.name: root.label
     Accessible.role: root.isTitle ? Accessible.Heading : Accessible.ListItem
     height: root.isTitle ? (root.index > 0 ? 36 : 24) : root.isNote ? 70 : Math.max(34, words.implicitHeight + 16)
