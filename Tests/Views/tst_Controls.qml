@@ -85,6 +85,8 @@ TestCase {
         PushButton {
             done: "Added"
             text: "Add to shelf"
+
+            onActivated: confirm()
         }
     }
 

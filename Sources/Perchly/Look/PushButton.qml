@@ -9,7 +9,7 @@ PressButton {
     /// The one that a person most likely wants: its plate has the accent.
     property bool prominent: false
     property int size: 13
-    /// Shown for a moment after a press, where nothing else tells that it has done something.
+    /// What confirm() shows for a moment.
     property string done: ""
 
     focusRadius: 10
@@ -19,10 +19,9 @@ PressButton {
     opacity: root.enabled ? 1 : 0.4
     pressedScale: 0.97
 
-    onActivated: {
-        if (root.done !== "") {
-            confirming.restart();
-        }
+    /// Call where nothing else shows that a press did something.
+    function confirm() {
+        confirming.restart();
     }
 
     RoundedRect {

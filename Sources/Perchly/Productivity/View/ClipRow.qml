@@ -15,6 +15,11 @@ RowCard {
     signal copied()
     signal removed()
 
+    /// Shows that the clip is pinned.
+    function confirmPin() {
+        pin.confirm();
+    }
+
     Accessible.name: words.text
     Accessible.role: Accessible.ListItem
     padding: 10
@@ -45,6 +50,8 @@ RowCard {
             wrapMode: Text.Wrap
         }
         PushButton {
+            id: pin
+
             Accessible.description: words.text
             done: "Pinned"
             size: 12

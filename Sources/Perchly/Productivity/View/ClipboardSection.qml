@@ -91,7 +91,11 @@ ColumnLayout {
             width: ListView.view.width
 
             onCopied: root.tools.copyClip(clip.row.id)
-            onPinned: root.extras.pin(clip.row.text)
+            onPinned: {
+                if (root.extras.pin(clip.row.text)) {
+                    clip.confirmPin();
+                }
+            }
             onRemoved: root.remove(clip.row.id)
         }
     }

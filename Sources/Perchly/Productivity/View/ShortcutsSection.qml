@@ -97,12 +97,17 @@ ColumnLayout {
                     visible: shortcut.running
                 }
                 PushButton {
+                    id: add
+
                     Accessible.description: shortcut.row.label
                     done: "Added"
                     size: 12
                     text: "Add to shelf"
 
-                    onActivated: root.tools.addToShelf(shortcut.row.name, root.library)
+                    onActivated: {
+                        root.tools.addToShelf(shortcut.row.name, root.library);
+                        add.confirm();
+                    }
                 }
                 PushButton {
                     id: run
