@@ -50,12 +50,12 @@ void CopyFilter::apply(const PasteboardRequest &request, PasteboardContent &cont
         return;
     }
     m_present = digestOf(content);
-    if (content.types.contains(pasteboardtype::concealed)) {
-        m_concealed.insert(*m_present);
-    }
-    const bool isUnwanted = std::ranges::any_of(
+    const bool isMarked = std::ranges::any_of(
         request.unwanted, [&content](const QString &type) { return content.types.contains(type); });
-    if (isUnwanted || m_concealed.contains(*m_present) || isTakeOver()) {
+    if (isMarked) {
+        m_marked.insert(*m_present);
+    }
+    if (m_marked.contains(*m_present) || isTakeOver()) {
         content.image.clear();
         content.text.clear();
     }

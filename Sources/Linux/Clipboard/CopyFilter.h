@@ -18,9 +18,9 @@ class SelectionConnection;
 ///  - the new owner is the client that owns CLIPBOARD_MANAGER;
 ///  - the content is the same: equal text (the paths, for files) or an image with equal pixels.
 /// A user who copies the same content in another program takes the clipboard from its owner, or
-/// later, so that copy is recorded. A copy that was not read completely, as from a program that
-/// exits at once, cannot be taken over. Concealed content stays out for the rest of the run,
-/// whoever offers it. Keeps digests only, in memory. Not for the main thread.
+/// later, so that copy is recorded. The take-over of a copy that was not read completely, as
+/// from a program that exits at once, is recorded. Content that was marked once stays out for the
+/// rest of the run, with markers or without. Keeps digests only, in memory. Not for the main thread.
 class CopyFilter {
 public:
     explicit CopyFilter(const SelectionConnection &connection)
@@ -43,7 +43,7 @@ private:
     bool m_wasJustReleased = false;            ///< before the present copy
     std::optional<QByteArray> m_previous;      ///< digests, if the copies were read
     std::optional<QByteArray> m_present;
-    QSet<QByteArray> m_concealed;
+    QSet<QByteArray> m_marked;
 };
 
 } // namespace perchly

@@ -30,7 +30,7 @@ class ClipboardTakeOverTest : public QObject {
 
 private Q_SLOTS:
     /// One program copies, the history is cleared, the program exits or not, another one copies.
-    void theSecondCopyIsRecorded_data() {
+    void keepsTakeOversOut_data() {
         QTest::addColumn<bool>("isOn"); // when the first copy is made
         QTest::addColumn<QString>("first");
         QTest::addColumn<int>("exitTime"); // milliseconds before the second copy
@@ -40,6 +40,7 @@ private Q_SLOTS:
         const auto other = QStringLiteral("UTF8_STRING=b");
         const auto manager = QStringLiteral("--manager ");
         const auto concealed = QStringLiteral("x-kde-passwordManagerHint=secret ");
+        const auto transient = QStringLiteral("org.nspasteboard.TransientType=1 ");
         const QString png = QStringLiteral("image/png@") + m_folder.filePath(QStringLiteral("png"));
         const QString tiff =
             QStringLiteral("image/tiff@") + m_folder.filePath(QStringLiteral("tiff"));
@@ -58,6 +59,8 @@ private Q_SLOTS:
             << true << text << remains << manager + text << false;
         QTest::newRow("not concealed content without its marker")
             << true << concealed + text << remains << text << false;
+        QTest::newRow("not transient content without its marker")
+            << true << transient + text << remains << text << false;
         QTest::newRow("the same text from another program")
             << false << text << remains << text << true;
         QTest::newRow("the same text two seconds later") << true << text << 2'100 << text << true;
@@ -69,7 +72,7 @@ private Q_SLOTS:
             << manager + QStringLiteral("UTF8_STRING=aa") << true;
     }
 
-    void theSecondCopyIsRecorded() {
+    void keepsTakeOversOut() {
         QFETCH(const bool, isOn);
         QFETCH(const QString, first);
         QFETCH(const int, exitTime);
