@@ -85,14 +85,19 @@ void JsonPreferences::store(const PreferenceEntries &entries) {
 }
 
 void JsonPreferences::removeValue(const QString &key) {
-    PreferenceFile &file = fileOf(key);
-    QJsonObject document = file.document();
-    if (!document.contains(key)) {
-        return;
+    bool isRemoved = false;
+    // A long value may still be among the settings, if it could not be moved.
+    for (PreferenceFile *file : {&fileOf(key), &m_settings}) {
+        QJsonObject document = file->document();
+        if (document.contains(key)) {
+            document.remove(key);
+            file->set(document);
+            isRemoved = true;
+        }
     }
-    document.remove(key);
-    file.set(document);
-    Q_EMIT changed(key);
+    if (isRemoved) {
+        Q_EMIT changed(key);
+    }
 }
 
 } // namespace perchly

@@ -56,7 +56,7 @@ PreferenceFile::PreferenceFile(const QString &path)
 void PreferenceFile::load() {
     const auto contents = wholefile::read(m_path);
     if (!contents.exists) {
-        // Someone who deletes the file wants the defaults; whoever lost it wants the backup, which
+        // A user who deleted the file wants the defaults; one who lost it wants the backup, which
         // the first set would replace.
         const QString backup = PreferencesBackup::pathFor(m_path);
         if (QFileInfo::exists(backup)) {

@@ -18,7 +18,7 @@ namespace perchly {
 /// written through. Edits by other programs while this one runs are overwritten.
 ///
 /// A write that fails is tried again with the next set, after 5 seconds, then each minute, and at
-/// the end of the application. Problems are told on stderr: a damaged file once, failing writes
+/// the end of the application. Problems are reported on stderr: a damaged file once, failing writes
 /// once until one succeeds. Main thread only.
 class PreferenceFile : public QObject {
     Q_OBJECT
