@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.."
 
 [ $# -gt 0 ] || set -- format headers qml tidy
 echo "lint: $*; clang-tidy takes about 6 minutes on 2 cores the first time."
-scripts/setup.sh Building Checking
+scripts/setup.sh Building Running Checking
 scripts/build.sh default
 
 for check; do

@@ -1,51 +1,41 @@
 #!/bin/sh
-# setup.sh [SECTION…]: installs the Debian packages of packages.txt that are missing, of these of its
-# sections only (Building, Running, Checking, Testing, Measuring), or of all. Quick when none is.
+# setup.sh [SECTION…]: installs the missing packages of packages.txt, all of them or those of the
+# sections named (Building, Running, Checking, Testing, Measuring). Quick if none is missing.
 set -eu
 cd "$(dirname "$0")/.."
 
-wanted=$(awk -v sections=" $* " '
+release=99 # testing and unstable have no number
+if [ -r /etc/os-release ]; then
+    release=$(. /etc/os-release && echo "${VERSION_ID:-99}")
+fi
+wanted=$(awk -v sections=" $* " -v release="${release%%.*}" '
     /^# (Build|Runn|Check|Test|Measur)ing/ { name = $2; sub(/:/, "", name); on = index(sections, " " name " ") }
-    /^[^#]/ && (on || sections == "  ")' scripts/packages.txt)
+    /^[^#]/ && (on || sections == "  ") { split($0, names, "|"); print names[2] && release < 13 ? names[2] : names[1] }
+    ' scripts/packages.txt)
 if ! command -v dpkg-query >/dev/null; then
     echo "setup: this is not a Debian system. Install what corresponds to these packages:" >&2
     echo "$wanted" >&2
     exit 1
 fi
 
-# Prints the packages that are not installed.
-missing() {
-    names=$(for name in $wanted; do
-        case $name in
-        *"|"*) # new|old: the old name where apt does not know the new one
-            new=${name%|*}
-            apt-cache show "$new" >/dev/null 2>&1 && echo "$new" || echo "${name#*|}"
-            ;;
-        *) echo "$name" ;;
-        esac
-    done)
-    # shellcheck disable=SC2086 # one word a package
-    installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' $names 2>/dev/null |
-        sed -n 's/^installed //p' || true)
-    echo "$names" | grep -vxF "$installed" | tr '\n' ' ' || true
-}
+# shellcheck disable=SC2086 # one word a package
+installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' $wanted 2>/dev/null |
+    sed -n 's/^installed //p' || true)
+missing=$(echo "$wanted" | grep -vxF "$installed" | tr '\n' ' ' || true)
+[ -n "$missing" ] || exit 0
 
-packages=$(missing)
-[ -n "$packages" ] || exit 0
-
-install="apt-get install -y --no-install-recommends"
+install="apt-get install -y --no-install-recommends $missing"
 if [ "$(id -u)" -eq 0 ]; then
     as_root=
-elif command -v sudo >/dev/null && { [ -t 0 ] || sudo -n true 2>/dev/null; }; then
+elif command -v sudo >/dev/null && { sudo -n true 2>/dev/null || { [ -t 0 ] && sudo -v; }; }; then
     as_root=sudo
 else
     echo "setup: packages are missing, and installing them needs root rights. Run as root:" >&2
-    echo "apt-get update && $install $packages" >&2
+    echo "apt-get update && $install" >&2
     exit 1
 fi
 
-$as_root apt-get update -q
-packages=$(missing) # apt may know other names now
-echo "setup: installing $packages"
-# shellcheck disable=SC2086 # one word a package
-$as_root env DEBIAN_FRONTEND=noninteractive $install $packages </dev/null
+echo "setup: installing $missing"
+$as_root apt-get update -q || echo "setup: apt-get update failed; trying with the lists that are there" >&2
+# shellcheck disable=SC2086 # as above
+$as_root env DEBIAN_FRONTEND=noninteractive $install </dev/null

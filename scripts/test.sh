@@ -1,15 +1,20 @@
 #!/bin/sh
 # Builds everything and runs every test: the areas over fake hosts, the views, the Linux hosts
 # against real services, and the program in X sessions of its own. Ends with CTest's summary.
-# test.sh PRESET takes another preset than "default"; further arguments go to ctest.
+# test.sh asan|tsan builds with sanitizers; further arguments go to ctest.
 set -eu
 cd "$(dirname "$0")/.."
 
-preset=${1:-default}
-[ $# -eq 0 ] || shift
+preset=default
+case ${1:-} in
+asan | tsan)
+    preset=$1
+    shift
+    ;;
+esac
 
 echo "test: the first run takes about 8 minutes on 2 cores, later ones 3."
-scripts/setup.sh Building Running Testing
+scripts/setup.sh Building Running Checking Testing
 scripts/build.sh "$preset"
 build=build
 [ "$preset" = default ] || build=build-$preset

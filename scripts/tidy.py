@@ -37,7 +37,7 @@ def batches(build):
         digest = hashlib.sha256((Path(".clang-tidy").read_text() + entry["command"]).encode())
         for path in sorted(dependencies.get(output, [])):
             path = build / path
-            if str(path).startswith(root):
+            if str(path).startswith(root) and path.exists():
                 digest.update(path.read_bytes())
         yield entry["file"], digest.hexdigest()
 
@@ -57,7 +57,7 @@ def main():
         if result.returncode == 0:
             stamp.touch()
         else:
-            print(result.stdout, flush=True)
+            print(result.stdout, result.stderr, sep="\n", flush=True)
         return result.returncode == 0
 
     todo = list(batches(build))
