@@ -1,6 +1,6 @@
 // Another program from which files and links are dragged: a window at (100, 550) that offers to
-// copy or to move them, and says on standard output which of the two it was told. Its arguments are
-// what it offers; without any, it is a bit of everything.
+// copy or to move them. It says on stdout "accepted" when a target would copy, and what became of a
+// drop. Its arguments are what it offers; without any, it is a bit of everything.
 
 #include <QApplication>
 #include <QDrag>
@@ -27,6 +27,12 @@ protected:
         held->setUrls(given.isEmpty() ? someOfAll() : QUrl::fromStringList(given));
         auto *drag = new QDrag(this);
         drag->setMimeData(held);
+        QObject::connect(drag, &QDrag::actionChanged, [](Qt::DropAction action) {
+            if (action == Qt::CopyAction) {
+                std::puts("accepted");
+                std::fflush(stdout);
+            }
+        });
         const Qt::DropAction action = drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
         std::puts(action == Qt::CopyAction   ? "copy"
                   : action == Qt::MoveAction ? "move"

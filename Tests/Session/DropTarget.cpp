@@ -1,5 +1,5 @@
 // Another program into which files and links are dragged: a window at (700, 550). It says on
-// standard output, in one line of JSON for each drop, what it was offered and what it got.
+// stdout "accepted" when a drag enters, and in a line of JSON what was dropped.
 
 #include <QApplication>
 #include <QDragEnterEvent>
@@ -19,7 +19,11 @@ public:
     Target() { setAcceptDrops(true); }
 
 protected:
-    void dragEnterEvent(QDragEnterEvent *event) override { event->acceptProposedAction(); }
+    void dragEnterEvent(QDragEnterEvent *event) override {
+        event->acceptProposedAction();
+        std::puts("accepted");
+        std::fflush(stdout);
+    }
 
     void dropEvent(QDropEvent *event) override {
         QJsonArray urls;

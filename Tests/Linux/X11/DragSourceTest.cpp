@@ -85,8 +85,7 @@ private Q_SLOTS:
         QVERIFY(!source()->dragging());
         QCOMPARE(m_window->findChild<QQuickItem *>(QStringLiteral("list"))->property("contentY"),
                  QVariant(0.0));
-        QTRY_VERIFY(m_target.canReadLine());
-        const QJsonObject drop = QJsonDocument::fromJson(m_target.readLine()).object();
+        const QJsonObject drop = QJsonDocument::fromJson(dropped()).object();
         QCOMPARE(drop[QLatin1StringView("urls")].toArray(), QJsonArray::fromStringList(urls));
         QCOMPARE(drop[QLatin1StringView("text")].toString(), text);
         QVERIFY(drop[QLatin1StringView("may copy")].toBool());
@@ -99,8 +98,7 @@ private Q_SLOTS:
                 [this] { QTimer::singleShot(100, source(), [this] { delete source(); }); });
         dragOntoTarget();
         QVERIFY(!source());
-        QTRY_VERIFY(m_target.canReadLine());
-        QVERIFY(m_target.readLine().contains("https://example.org/gone"));
+        QVERIFY(dropped().contains("https://example.org/gone"));
     }
 
     void aDragThatIsOverBeforeItBeganIsNone() {
@@ -116,6 +114,18 @@ private Q_SLOTS:
     }
 
 private:
+    /// What the target says of the drop.
+    QByteArray dropped() {
+        QByteArray line;
+        const auto isDropped = [&] {
+            while (m_target.canReadLine() && !line.startsWith('{')) {
+                line = m_target.readLine();
+            }
+            return line.startsWith('{');
+        };
+        return QTest::qWaitFor(isDropped) ? line : QByteArray();
+    }
+
     void dragOntoTarget() {
         const QPoint start = m_window->position() + QPoint(100, 60);
         std::atomic<bool> isOver = false;

@@ -29,7 +29,7 @@ class SessionCase(unittest.TestCase):
     expected_errors = ()
 
     def start_session(self, **options):
-        """Ends the session that the test had before, and what was in it."""
+        """Ends the session that the test had before, with its programs."""
         self.doCleanups()
         options.setdefault("window_manager", default_window_manager())
         self.session = Session(os.environ["PERCHLY_PROGRAM"], **options)
@@ -72,7 +72,7 @@ class SessionCase(unittest.TestCase):
             return None
 
         try:
-            return wait_until(there, f"the keyboard on one of {names}", interval=0.05)
+            return wait_until(there, f"the keyboard on one of {names}", timeout=30, interval=0.05)
         except AssertionError as problem:
             raise AssertionError(f"{problem}; on the way it was on {seen}") from None
 

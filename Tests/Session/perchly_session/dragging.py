@@ -2,6 +2,7 @@
 
 import json
 import os
+import select
 import subprocess
 import time
 
@@ -18,7 +19,7 @@ class _Partner:
             env=session.environment,
             stdin=subprocess.DEVNULL,
             stdout=subprocess.PIPE,
-            text=True,
+            bufsize=0,
         )
         wait_until(lambda: self._screen.windows_of(self.process.pid), "the partner's window")
 
@@ -27,18 +28,23 @@ class _Partner:
         self.process.wait()
         self.process.stdout.close()
 
+    def _drag(self, start, *places):
+        """Drags from the start by way of the places, lets go when the partner says that the drag is
+        accepted, and returns what it says then."""
+        self._screen.move_to(*start)
+        self._screen.press()
+        for place in places:
+            self._screen.move_to(*place, pause=0.01)
+            time.sleep(0.3)
+        line = self._line()
+        self._screen.release()
+        while line == "accepted":
+            line = self._line()
+        return line
+
     def _line(self):
-        return self.process.stdout.readline().strip()
-
-
-def drag(screen, start, *places):
-    """Drags from the start by way of the places, resting at each; lets go at the last one."""
-    screen.move_to(*start)
-    screen.press()
-    for place in places:
-        screen.move_to(*place, pause=0.01)
-        time.sleep(0.3)
-    screen.release()
+        readable, _, _ = select.select([self.process.stdout], [], [], 10)
+        return self.process.stdout.readline().decode().strip() if readable else ""
 
 
 class DragSource(_Partner):
@@ -51,9 +57,8 @@ class DragSource(_Partner):
         super().__init__(session, "PERCHLY_DRAG_SOURCE", *addresses)
 
     def drag_to(self, *places):
-        """Drags by way of the places; "copy" or "move" when they were taken, else "nothing"."""
-        drag(self._screen, self.PLACE, *places)
-        return self._line()
+        """Drags by way of the places; returns "copy" or "move", or "nothing" if they were not taken."""
+        return self._drag(self.PLACE, *places)
 
 
 class DropTarget(_Partner):
@@ -68,5 +73,4 @@ class DropTarget(_Partner):
         """Drags from the start into the window; gives what came, with the keys "formats", "urls",
         "text", "may copy" and "may move"."""
         x, y = self.PLACE
-        drag(self._screen, start, (start[0] + 20, start[1] + 10), (x - 20, y), (x, y))
-        return json.loads(self._line())
+        return json.loads(self._drag(start, (start[0] + 20, start[1] + 10), (x - 20, y), (x, y)))
