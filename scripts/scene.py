@@ -118,11 +118,14 @@ class Scene:
         self._screen.move_to(*FREE_PLACE)
         self.window_picture("mixer", window)
 
+    def errors(self):
+        return self._program.errors()
+
     def mixer_rows(self):
         rows = self._tree.find("Apps playing audio", "list").children
         return [row.name for row in rows if row.role == "list item" and row.showing]
 
-    # Hands and eyes
+    # Helpers
 
     def find(self, name, role, subject=None):
         """The element on the screen; for that entry, if several have the name."""
@@ -207,7 +210,10 @@ def main():
         desk = Desk(session)
         desk.play_track()
         print("The pictures:")
-        Scene(session, desk, folder).play()
+        scene = Scene(session, desk, folder)
+        scene.play()
+        if errors := scene.errors():
+            sys.exit(f"Perchly wrote to stderr:\n{errors}")
     finally:
         session.stop()
 
