@@ -15,11 +15,24 @@ class QtOpenPanelTest : public QObject {
 
 private Q_SLOTS:
     void init() {
-        writeFile(m_folder.filePath(QStringLiteral("notes.txt")), {});
+        for (const char *name : {"a.desktop", "notes.txt"}) {
+            writeFile(m_folder.filePath(QString::fromUtf8(name)), {});
+        }
         QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("a folder/inside")));
     }
 
     void cleanup() { QTRY_VERIFY(QApplication::topLevelWidgets().isEmpty()); }
+
+    void letsOneChooseApplications() {
+        const Task task = ask(OpenPanel::Choice::Applications);
+        const QFileDialog *shown = dialog();
+        QVERIFY(shown != nullptr);
+        QCOMPARE(names(shown),
+                 QStringList({QStringLiteral("a folder"), QStringLiteral("a.desktop")}));
+        click(shown, QStringLiteral("a.desktop"));
+        press(shown, QStringLiteral("Add to shelf"));
+        QTRY_COMPARE(m_answers, QList<QList<QUrl>>{{url("a.desktop")}});
+    }
 
     void letsOneChooseAndEnterFolders() {
         Task task = ask();
@@ -63,9 +76,14 @@ private Q_SLOTS:
     }
 
 private:
-    [[nodiscard]] Task ask() {
+    [[nodiscard]] Task ask(OpenPanel::Choice choice = OpenPanel::Choice::FilesAndFolders) {
         m_answers.clear();
-        return m_panel.ask({.title = {}, .confirmLabel = {}, .folder = m_folder.path()},
+        return m_panel.ask({.title = {},
+                            .confirmLabel = choice == OpenPanel::Choice::Applications
+                                                ? QStringLiteral("Add to shelf")
+                                                : QString(),
+                            .folder = m_folder.path(),
+                            .choice = choice},
                            [this](const QList<QUrl> &chosen) { m_answers.append(chosen); });
     }
     /// The dialog, once it is on the display with its folder read.
