@@ -65,7 +65,7 @@ private:
     RetiredStreams m_retired;
     QHash<AudioObject, Lookup> m_lookups; ///< of every process that has played
     bool m_hasBeenComplete = false;
-    QThreadPool m_pool; ///< destroyed first: it waits for the threads
+    QThreadPool m_pool; ///< destroyed first: waits for the threads, however long a lookup takes
 };
 
 } // namespace perchly

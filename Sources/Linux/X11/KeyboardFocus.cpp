@@ -107,7 +107,7 @@ bool KeyboardFocus::isNobody(xcb_window_t holder) {
 }
 
 void KeyboardFocus::activate(xcb_window_t window) {
-    // First of all, or a window that is minimised as soon as it is there would come back.
+    // Ask first: a window minimised during the round trips below would come back.
     askWindowManager(window);
     m_leave.stop();
     m_wanted = window;

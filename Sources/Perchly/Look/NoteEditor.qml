@@ -13,7 +13,7 @@ Flickable {
     /// What is edited: bind it; `edited` tells of changes.
     property string note: ""
     readonly property alias edit: edit
-    /// Edits that make the note longer than this are taken back, with a remark. A longer note may
+    /// Edits that make the note longer than this are undone, with a warning. A longer note may
     /// only shrink.
     property int maxLength: 100000
     property bool isTooLong: false
