@@ -50,7 +50,7 @@ private Q_SLOTS:
             QElapsedTimer timer;
             timer.start();
             QCOMPARE(evaluated(script), QByteArray("failed"));
-            QVERIFY2(timer.elapsed() < 4700, script);
+            QVERIFY2(timer.elapsed() < 10'000, script);
         }
     }
 
@@ -78,7 +78,7 @@ private Q_SLOTS:
         QElapsedTimer timer;
         timer.start();
         QVERIFY(readSession().isUndefined());
-        QVERIFY(timer.elapsed() < 4700);
+        QVERIFY(timer.elapsed() < 10'000);
     }
 
     void noBusFailsTheReading() {

@@ -33,10 +33,8 @@ class CaptureTest(SessionCase):
 
     def captured(self):
         """The name of the capture in the list of files, or None."""
-        for node in self.tree.application().walk():
-            if node.role == "list item" and node.name.startswith("Perchly-") and node.showing:
-                return node.name
-        return None
+        names = self.tree.every(lambda node: node.role == "list item" and node.name)
+        return next((name for name in names if name.startswith("Perchly-")), None)
 
     def test_a_capture_is_held_and_previewed(self):
         self.begin()
@@ -157,8 +155,8 @@ class PreviewTest(SessionCase):
         time.sleep(0.3)  # until it has heard of it
         self.ask(toggle=True)  # who asks for what is out of sight wants to see it
         self.shows("a.mp4", GREEN)
-        application = Accessibility(self.session.bus_address, self.preview.pid).application()
-        named = [node for node in application.walk() if node.name == "a.mp4" and node.showing]
+        tree = Accessibility(self.session.bus_address, self.preview.pid)
+        named = tree.every(lambda node: node.name == "a.mp4")
         self.assertEqual(len(named), 2, "the window and its picture")
         self.screen.show_desktop(1)
         wait_until(lambda: not self.screen.windows_of(self.preview.pid), "another desktop")

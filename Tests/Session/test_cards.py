@@ -22,9 +22,10 @@ class CardsTest(SessionCase):
 
     def menu_buttons(self):
         """The buttons that change the left and the right card."""
-        nodes = self.program.accessibility().application().walk()
-        found = [node for node in nodes if node.name == "Change pinned widget" and node.showing]
-        return sorted((node for node in found if node.role == "push button"), key=lambda n: n.centre)
+        found = self.program.accessibility().every(
+            lambda node: node.name == "Change pinned widget" and node.role == "push button" and node
+        )
+        return sorted(found, key=lambda node: node.centre)
 
     def stored(self, key):
         return self.session.preferences().get(key)
@@ -157,9 +158,10 @@ class CardsTest(SessionCase):
                 self.open_shelf()
                 for card in (left, right, "Activity", "Your shelf"):
                     self.find(card, "panel")
-                for node in self.program.accessibility().application().walk():
-                    if node.showing and node.role in ("push button", "label", "text"):
-                        self.assertTrue(node.name, self.program.accessibility().outline())
+                tree = self.program.accessibility()
+                roles = ("push button", "label", "text")
+                nameless = tree.every(lambda node: node.role in roles and not node.name)
+                self.assertEqual(nameless, [], tree.outline())
                 self.program.stop()
 
 

@@ -1,5 +1,7 @@
 """Players of all kinds followed and commanded by the whole program."""
 
+import re
+
 from perchly_session.case import SessionCase, main
 from perchly_session.players import Mpv, ScriptedPlayer
 from perchly_session.waiting import wait_until
@@ -80,9 +82,8 @@ class MediaTest(SessionCase):
         title = 'x" & do shell script "touch gone\u202e\U0001f600\u0007' + "W" * 5000
         hostile = ScriptedPlayer(self.session, metadata={"xesam:title": ["s", title]})
         wait_until(
-            lambda: any(
-                node.name.startswith('x" & do shell script') and node.name.endswith(" · Playing")
-                for node in self.program.accessibility().application().walk()
+            lambda: self.program.accessibility().every(
+                lambda node: re.match('x" & do shell script.* · Playing$', node.name)
             ),
             "the hostile title in the pill",
         )

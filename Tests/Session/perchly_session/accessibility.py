@@ -121,6 +121,19 @@ class Accessibility:
         """The showing element with this name (and role)."""
         return wait_until(lambda: self.look_for(name, role), f"an element named {name!r}")
 
+    def every(self, wanted):
+        """What `wanted` returns of the showing elements, where that is true. Starts again when the
+        tree changes under its eyes."""
+
+        def walk():
+            try:
+                nodes = [node for node in self.application().walk() if node.showing]
+                return [[found for found in map(wanted, nodes) if found]]
+            except GLib.Error:
+                return None
+
+        return wait_until(walk, "a tree at rest")[0]
+
     def look_for(self, name, role=None):
         """As find, but only looks once; None if there is no such element now."""
         try:
