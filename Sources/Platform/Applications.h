@@ -17,8 +17,12 @@ public:
 
     virtual ~Applications() = default;
 
-    /// Launches the application whose desktop entry has this absolute path. Only entries in the
-    /// data folders are applications; any other file or folder is opened like openUrl() does.
+    /// Launches the application whose desktop entry has this absolute path, wherever it is: for
+    /// entries that the user has put on the shelf. Anything else is opened like openUrl() does.
+    virtual void launch(const QString &path, Completion completion = {}) = 0;
+
+    /// The same for entries in the data folders. Any other desktop entry may be a download and is
+    /// opened like openUrl() does.
     virtual void open(const QString &path, Completion completion = {}) = 0;
 
     /// The application's own picture, to be shown `side` pixels wide and high; null if it has none.

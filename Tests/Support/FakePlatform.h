@@ -93,6 +93,9 @@ public:
 
 class FakeApplications : public Applications {
 public:
+    void launch(const QString &path, Completion completion) override {
+        open(path, std::move(completion));
+    }
     void open(const QString &path, Completion completion) override {
         opened.append(path);
         asked.append({QUrl::fromLocalFile(path), std::move(completion)});

@@ -88,6 +88,9 @@ public:
 /// Opens nothing and says so.
 class NullApplications : public Applications {
 public:
+    void launch(const QString &path, Completion completion) override {
+        open(path, std::move(completion));
+    }
     void open(const QString &path, Completion completion) override;
     QImage icon(const QString &, int) override { return {}; }
     void openUrl(const QUrl &url, Completion completion) override;

@@ -25,8 +25,12 @@ GioApplications::~GioApplications() {
 void GioApplications::open(const QString &path, Completion completion) {
     if (QDir::isAbsolutePath(path) && !isInApplicationFolders(path)) {
         openUrl(QUrl::fromLocalFile(path), std::move(completion));
-        return;
+    } else {
+        launch(path, std::move(completion));
     }
+}
+
+void GioApplications::launch(const QString &path, Completion completion) {
     start(
         [this, path](GCancellable *cancellable) {
             return giolaunch::application(path, m_notices, cancellable);
@@ -45,15 +49,16 @@ void GioApplications::openUrl(const QUrl &url, Completion completion) {
           std::move(completion));
 }
 
-void GioApplications::start(Launch launch, Completion completion) {
-    m_pool.start([this, launch = std::move(launch), completion = std::move(completion)]() mutable {
-        const QString error = launch(m_cancellable.get());
-        if (completion) {
-            QMetaObject::invokeMethod(
-                &m_receiver, [completion = std::move(completion), error] { completion(error); },
-                Qt::QueuedConnection);
-        }
-    });
+void GioApplications::start(Launch function, Completion completion) {
+    m_pool.start(
+        [this, function = std::move(function), completion = std::move(completion)]() mutable {
+            const QString error = function(m_cancellable.get());
+            if (completion) {
+                QMetaObject::invokeMethod(
+                    &m_receiver, [completion = std::move(completion), error] { completion(error); },
+                    Qt::QueuedConnection);
+            }
+        });
 }
 
 } // namespace perchly

@@ -21,6 +21,7 @@ public:
     explicit GioApplications(StartNotices notices = {});
     ~GioApplications() override;
 
+    void launch(const QString &path, Completion completion = {}) override;
     void open(const QString &path, Completion completion = {}) override;
     /// Found by the rules for icon themes, in the theme that is set when this is made.
     QImage icon(const QString &path, int side) override;
@@ -29,7 +30,7 @@ public:
 private:
     using Launch = std::function<QString(_GCancellable *cancellable)>;
 
-    void start(Launch launch, Completion completion);
+    void start(Launch function, Completion completion);
 
     const StartNotices m_notices;
     IconTheme m_icons;

@@ -72,8 +72,8 @@ void AppDelegate::launch(const ShelfItem &item) {
     if (item.shortcutName) {
         m_productivity.runShortcut(*item.shortcutName);
     } else if (item.path) {
-        m_hosts.applications->open(*item.path, [store = QPointer(&m_productivity),
-                                                name = item.name](const QString &error) {
+        m_hosts.applications->launch(*item.path, [store = QPointer(&m_productivity),
+                                                  name = item.name](const QString &error) {
             if (store && !error.isEmpty()) {
                 store->setMessage(QStringLiteral("Could not open %1. %2").arg(name, error));
             }

@@ -219,7 +219,11 @@ private Q_SLOTS:
         applications.open(download, recorder());
         QTRY_VERIFY(!marker().isEmpty());
         QVERIFY2(marker().endsWith("download.desktop"), marker().constData());
-        QTRY_COMPARE(m_errors, QStringList({QString(), QString(), QString()}));
+
+        QFile::remove(m_marker);
+        applications.launch(download, recorder());
+        QTRY_COMPARE(marker(), QByteArray("launched"));
+        QTRY_COMPARE(m_errors, QStringList({QString(), QString(), QString(), QString()}));
     }
 
     void callsNothingBackOnceItIsDestroyed() {
