@@ -14,8 +14,8 @@ Flickable {
     property string note: ""
     readonly property alias edit: edit
     /// Edits that make the note longer than this are undone, with a warning. A longer note may
-    /// only shrink.
-    property int maxLength: 100000
+    /// only shrink. Qt lays out the whole text at each key, which takes 25 ms at this length.
+    property int maxLength: 20000
     property bool isTooLong: false
     readonly property real line: hint.implicitHeight
     /// The text comes from `note`, not from the person; the editor may hold it a little changed,
@@ -140,7 +140,7 @@ Flickable {
             Accessible.role: Accessible.AlertMessage
             color: Theme.orange
             leftPadding: 3
-            text: "Too long: a note keeps at most %1 characters.".arg(root.maxLength)
+            text: "Too long: a note holds at most %1 characters.".arg(root.maxLength.toLocaleString(Qt.locale("en_US"), "f", 0))
             width: root.width
         }
     }

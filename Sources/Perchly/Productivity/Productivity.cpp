@@ -15,8 +15,8 @@ Productivity::Productivity(Hosts &hosts, QObject *parent)
         setMessage(QStringLiteral("Could not save your changes yet. %1.").arg(reason));
     });
     connect(m_hosts.preferences.get(), &Preferences::tooLarge, this, [this] {
-        setMessage(QStringLiteral("There is no room for that. Remove something here first, or "
-                                  "keep it in a file."));
+        setMessage(QStringLiteral("There is no room to keep that. Snippets, layouts, launch groups "
+                                  "and apps may take 512 KiB each."));
     });
     m_pool.setMaxThreadCount(1); // one large picture at a time
     m_pool.setExpiryTimeout(1000);
