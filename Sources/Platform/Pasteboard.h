@@ -35,8 +35,8 @@ struct PasteboardRequest {
     PasteboardSource source = PasteboardSource::Copied;
     /// For a history. Image and text are left out of a copy that offers one of these types, of any
     /// copy of content that was offered with one before, and of a copy that a clipboard manager
-    /// took over from another program. Needs both limits, and a read of each copy from the one that is there
-    /// when the history is switched on.
+    /// took over from another program. Needs both limits, and a read of each copy from the one that
+    /// is there when the history is switched on.
     QStringList unwanted = {};
     qsizetype longestImage = 0; ///< in bytes as they are offered
     qsizetype longestText = 0;  ///< in bytes of UTF-8

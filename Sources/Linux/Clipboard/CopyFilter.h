@@ -20,7 +20,8 @@ class SelectionConnection;
 /// A user who copies the same content in another program takes the clipboard from its owner, or
 /// later, so that copy is recorded. The take-over of a copy that was not read completely, as
 /// from a program that exits at once, is recorded. Content that was marked once stays out for the
-/// rest of the run, with markers or without. Keeps digests only, in memory. Not for the main thread.
+/// rest of the run, with markers or without. Keeps digests only, in memory. Not for the main
+/// thread.
 class CopyFilter {
 public:
     explicit CopyFilter(const SelectionConnection &connection)
