@@ -55,6 +55,13 @@ Flickable {
 
     onNoteChanged: root.fill()
 
+    Timer {
+        id: undoing
+
+        interval: 0
+
+        onTriggered: root.takeBack()
+    }
     WheelHandler {
         acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
 
@@ -96,7 +103,7 @@ Flickable {
             }
             root.isTooLong = edit.length > Math.max(root.maxLength, root.note.length);
             if (root.isTooLong) {
-                Qt.callLater(root.takeBack); // not while the editor inserts
+                undoing.start(); // not while the editor inserts
             } else {
                 root.edited(edit.text);
             }
