@@ -13,7 +13,7 @@ asan | tsan)
     ;;
 esac
 
-echo "test: the first run takes about 8 minutes on 2 cores, later ones 3."
+echo "test: the first run takes about 8 minutes on 2 cores, later ones 4."
 scripts/setup.sh Building Running Checking Testing
 scripts/build.sh "$preset"
 build=build
