@@ -11,8 +11,8 @@ int main(int argc, char **argv) {
     Task reading;
     QObject::connect(&pasteboard, &Pasteboard::changed, &application, [&] {
         reading = pasteboard.read({.unwanted = {pasteboardtype::concealed},
-                                   .longestImage = 5'000'000,
-                                   .longestText = 100'000},
+                                   .maxImageBytes = 5'000'000,
+                                   .maxTextBytes = 100'000},
                                   [](const PasteboardContent &) {});
     });
     return QCoreApplication::exec();

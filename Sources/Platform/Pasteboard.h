@@ -38,8 +38,8 @@ struct PasteboardRequest {
     /// took over from another program. Needs both limits, and a read of each copy from the one that
     /// is there when the history is switched on.
     QStringList unwanted = {};
-    qsizetype longestImage = 0; ///< in bytes as they are offered
-    qsizetype longestText = 0;  ///< in bytes of UTF-8
+    qsizetype maxImageBytes = 0; ///< in bytes as they are offered
+    qsizetype maxTextBytes = 0;  ///< in bytes of UTF-8
 };
 
 /// What was fetched: an image or a text or neither, never both.

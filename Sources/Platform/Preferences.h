@@ -30,7 +30,7 @@ public:
 
     /// Stores the values, all of them or, when the program is killed meanwhile, none; then
     /// announces them in order. (Those of keys::longValues are stored one by one.) A write that
-    /// fails leaves what was stored on disk whole; the new values hold for the run and are tried
+    /// fails leaves the stored values intact on disk; the new ones hold for the run and are tried
     /// again with the next set, and from time to time.
     ///
     /// Returns false and stores nothing if checkSize() fails for one of them.

@@ -1,5 +1,5 @@
-// Another program into which files and links are dragged: a window at (700, 550). It says on
-// stdout "accepted" when a drag enters, and in a line of JSON what was dropped.
+// Another program into which files and links are dragged: a window at (700, 550). It prints
+// "accepted" when a drag enters, and one line of JSON for each drop.
 
 #include <QApplication>
 #include <QDragEnterEvent>

@@ -24,8 +24,8 @@ public:
     /// Another program copies.
     void copy(const Offer &offer);
 
-    /// The first reading under way ends with what is offered now, an image before a text, whatever
-    /// was asked for. There must be one.
+    /// Answers the first pending reading, which must exist, with the present content; an image goes
+    /// before a text.
     void answer();
     [[nodiscard]] qsizetype underWay() const { return qsizetype(m_readings.count()); }
 

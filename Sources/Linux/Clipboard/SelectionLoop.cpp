@@ -14,7 +14,7 @@ PasteboardContent limited(const SelectionContents &contents, const PasteboardReq
     PasteboardContent result;
     if (const QString *text = textOf(contents)) {
         result.types.append(pasteboardtype::text);
-        if (fitsInUtf8(*text, request.longestText)) {
+        if (fitsInUtf8(*text, request.maxTextBytes)) {
             result.text = *text;
         }
         return result;
@@ -22,7 +22,7 @@ PasteboardContent limited(const SelectionContents &contents, const PasteboardReq
     const auto &image = std::get<SelectionImage>(contents);
     result.types = {pasteboardtype::png, pasteboardtype::tiff};
     const QByteArray &bytes = image.png.isEmpty() ? image.tiff : image.png;
-    if (bytes.size() <= request.longestImage) {
+    if (bytes.size() <= request.maxImageBytes) {
         result.image = bytes;
     }
     return result;

@@ -135,10 +135,10 @@ void SelectionReading::handleTargets(const SelectionAnswer &answer) {
     }
     const std::vector<xcb_atom_t> targets = offeredTargets(answer);
     m_content.types = typesOf(targets, atoms);
-    if (m_request.longestImage > 0) {
+    if (m_request.maxImageBytes > 0) {
         m_images = among(targets, {atoms.png, atoms.tiff});
     }
-    if (m_request.longestText > 0) {
+    if (m_request.maxTextBytes > 0) {
         m_texts = among(targets, {atoms.utf8String, atoms.utf8Text, XCB_ATOM_STRING,
                                   atoms.plainText, atoms.anyText});
     }
@@ -170,7 +170,7 @@ void SelectionReading::handleText(const SelectionAnswer &answer) {
         return;
     }
     const QString text = selectionText(answer.bytes, *encoding);
-    if (fitsInUtf8(text, m_request.longestText)) {
+    if (fitsInUtf8(text, m_request.maxTextBytes)) {
         m_content.text = text;
     }
     finish();
@@ -180,7 +180,7 @@ void SelectionReading::askForImage() {
     if (m_images.isEmpty()) {
         askForText();
     } else {
-        ask(Kind::Image, m_images.constFirst(), m_request.longestImage);
+        ask(Kind::Image, m_images.constFirst(), m_request.maxImageBytes);
     }
 }
 
@@ -188,7 +188,7 @@ void SelectionReading::askForText() {
     if (m_texts.isEmpty()) {
         finish();
     } else {
-        ask(Kind::Text, m_texts.constFirst(), m_request.longestText);
+        ask(Kind::Text, m_texts.constFirst(), m_request.maxTextBytes);
     }
 }
 

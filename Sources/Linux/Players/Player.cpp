@@ -11,7 +11,7 @@ namespace perchly {
 
 namespace {
 
-constexpr std::size_t longestText = 2048;
+constexpr std::size_t maxTextBytes = 2048;
 constexpr double microsecondsPerSecond = 1e6;
 
 bool isContinuation(char byte) {
@@ -150,8 +150,8 @@ void readRootProperties(sd_bus_message *reply, Player &player) {
 
 std::string cleanText(std::string_view text) {
     std::string clean;
-    clean.reserve(std::min(text.size(), longestText));
-    while (!text.empty() && clean.size() <= longestText) {
+    clean.reserve(std::min(text.size(), maxTextBytes));
+    while (!text.empty() && clean.size() <= maxTextBytes) {
         const Oddity oddity = oddityAt(text);
         if (oddity.length == 0) {
             clean.push_back(text.front());
@@ -160,8 +160,8 @@ std::string cleanText(std::string_view text) {
         }
         text.remove_prefix(std::max(oddity.length, std::size_t(1)));
     }
-    if (clean.size() > longestText) {
-        std::size_t end = longestText;
+    if (clean.size() > maxTextBytes) {
+        std::size_t end = maxTextBytes;
         while (end > 0 && isContinuation(clean[end])) {
             --end;
         }

@@ -10,7 +10,7 @@ namespace perchly {
 
 namespace {
 
-constexpr qsizetype longestText = 1'000'000;
+constexpr qsizetype maxTextBytes = 1'000'000;
 
 /// The item as a text field that can be written in, else null.
 QQuickItem *editableField(QObject *object) {
@@ -78,7 +78,7 @@ void FieldPasting::paste(QQuickItem *field, PasteboardSource source) {
     }
     ++m_underWay;
     m_readings.push_back(
-        m_pasteboard.read({.source = source, .longestText = longestText},
+        m_pasteboard.read({.source = source, .maxTextBytes = maxTextBytes},
                           [this, target = QPointer(field)](const PasteboardContent &content) {
                               --m_underWay;
                               if (target && !content.text.isEmpty()) {

@@ -8,7 +8,7 @@ namespace perchly {
 namespace {
 
 constexpr qsizetype longestTitle = 1024;
-constexpr qsizetype longestText = 32 * 1024;
+constexpr qsizetype maxTextBytes = 32 * 1024;
 constexpr std::size_t mostTimes = 10'000;
 
 QString textOf(const char *text, qsizetype longest) {
@@ -112,8 +112,8 @@ void readTexts(Event &event) {
     };
     event.title = text(ICAL_SUMMARY_PROPERTY, icalproperty_get_summary, longestTitle);
     event.url = text(ICAL_URL_PROPERTY, icalproperty_get_url, longestTitle);
-    event.location = text(ICAL_LOCATION_PROPERTY, icalproperty_get_location, longestText);
-    event.notes = text(ICAL_DESCRIPTION_PROPERTY, icalproperty_get_description, longestText);
+    event.location = text(ICAL_LOCATION_PROPERTY, icalproperty_get_location, maxTextBytes);
+    event.notes = text(ICAL_DESCRIPTION_PROPERTY, icalproperty_get_description, maxTextBytes);
     const QString link = conferenceLink(event);
     if (!link.isNull() && !event.notes.contains(link)) {
         event.notes += (event.notes.isEmpty() ? QString() : QStringLiteral("\n")) + link;

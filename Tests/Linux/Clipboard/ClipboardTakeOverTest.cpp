@@ -18,7 +18,7 @@ constexpr int remains = -1;
 /// Waits until the readings before this one have ended, too.
 void settle(Pasteboard &pasteboard) {
     bool isOver = false;
-    const Task task = pasteboard.read({.longestImage = 1'000'000, .longestText = 1'000},
+    const Task task = pasteboard.read({.maxImageBytes = 1'000'000, .maxTextBytes = 1'000},
                                       [&isOver](const PasteboardContent &) { isOver = true; });
     QTRY_VERIFY(isOver);
 }

@@ -185,7 +185,7 @@ private Q_SLOTS:
         pasteboard.write(QStringLiteral("ours"));
         std::optional<PasteboardContent> content;
         const Task task = pasteboard.read(
-            {.longestText = 4}, [&content](const PasteboardContent &result) { content = result; });
+            {.maxTextBytes = 4}, [&content](const PasteboardContent &result) { content = result; });
         QTRY_VERIFY(content);
         QCOMPARE(content->types, QStringList(pasteboardtype::text));
         QCOMPARE(content->text, QStringLiteral("ours"));

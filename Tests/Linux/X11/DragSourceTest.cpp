@@ -114,7 +114,7 @@ private Q_SLOTS:
     }
 
 private:
-    /// What the target says of the drop.
+    /// The line that the target prints for the drop.
     QByteArray dropped() {
         QByteArray line;
         const auto isDropped = [&] {
