@@ -17,6 +17,9 @@ if(PERCHLY_SANITIZE)
     string(REPLACE ";" "," sanitizers "${PERCHLY_SANITIZE}")
     add_compile_options(-fsanitize=${sanitizers} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     add_link_options(-fsanitize=${sanitizers})
+    if(PERCHLY_SANITIZE STREQUAL "thread")
+        add_compile_options(-Wno-tsan) # Qt's headers use fences
+    endif()
 endif()
 
 # perchly_headers(<target> <scope> <headers> <sources>)

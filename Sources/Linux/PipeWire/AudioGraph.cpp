@@ -16,6 +16,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto announcementDelay = 20ms;
+constexpr auto recheckDelay = 1s;
 
 const char *const outputStream = "Stream/Output/Audio";
 
@@ -175,6 +176,13 @@ void AudioGraph::add(std::uint32_t id, const char *type, const spa_dict &propert
                SessionMetadata::isDescribedBy(properties)) {
         m_metadata.bind(asRegistry(m_registry), id);
         m_announcement.start();
+        // While one client binds the table, PipeWire drops its events for all others.
+        QTimer::singleShot(recheckDelay, &m_metadata, [this, id] {
+            if (m_metadata.isBound() && m_metadata.id() == id &&
+                m_metadata.defaultOutput().isEmpty()) {
+                m_metadata.bind(asRegistry(m_registry), id);
+            }
+        });
     }
 }
 
