@@ -2,8 +2,8 @@
 """Measures the search of the workspace window from outside: from a key to the painted rows.
 
 It looks through 2,000 applications, 30 copies, 200 snippets and 500 held links; rofi looks through
-the same applications in the same session. PERCHLY_DRAG_SOURCE and PERCHLY_SELECTION_OWNER name the
-tests' programs that drag and copy. Usage: search.py PROGRAM [--rounds N]
+the same applications in the same session. PERCHLY_DRAG_SOURCE names the tests' program that drags.
+Usage: search.py PROGRAM [--rounds N]
 """
 
 import argparse

@@ -1,7 +1,9 @@
 """Other programs that copy and paste."""
 
-import os
 import subprocess
+from pathlib import Path
+
+OWNER = Path(__file__).resolve().parents[2] / "Linux" / "Clipboard" / "selection_owner.py"
 
 
 class ClipboardOwner:
@@ -9,7 +11,7 @@ class ClipboardOwner:
 
     def __init__(self, session, *offers):
         self.process = subprocess.Popen(
-            [os.environ["PERCHLY_SELECTION_OWNER"], *offers],
+            [OWNER, *offers],
             env=session.environment,
             stdin=subprocess.DEVNULL,
             stdout=subprocess.PIPE,

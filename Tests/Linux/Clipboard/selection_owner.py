@@ -1,0 +1,115 @@
+#!/usr/bin/python3
+# Another program that has copied something:
+#   selection_owner.py [OPTION …] TARGET=TEXT | TARGET@FILE | TARGET:SIZE …
+# Takes the clipboard and says "owns", and "asked TARGET" at each request.
+# Options: --increments=BYTES  gives longer data in parts of this size, and says "gave" after the last
+#          --dies-after=PARTS  is killed after that many parts
+#          --mute=TARGET       never answers a request for it
+#          --kills=TARGET      cuts off the X connection of a program that asks for it
+#          --type=TARGET       gives everything as this type
+#          --primary=          takes the primary selection instead
+#          --manager=          is the clipboard manager, which keeps the first TARGET of other copies
+
+import os
+import signal
+import sys
+from pathlib import Path
+
+from Xlib import X, Xatom, display
+from Xlib.protocol import event
+
+
+def parsed(words):
+    for word in words:
+        # A target may contain a "=" itself, as "text/plain;charset=utf-8" does.
+        name, separator, text = word.rpartition("=")
+        if separator:
+            yield name, os.fsencode(text)
+        elif "@" in word:
+            name, _, path = word.partition("@")
+            yield name, Path(path).read_bytes()
+        else:
+            name, _, size = word.rpartition(":")
+            yield name, b"a" * int(size)
+
+
+class Owner:
+    def __init__(self, words):
+        self.options = {name: os.fsdecode(text) for name, text in words if name.startswith("--")}
+        self.forms = {name: data for name, data in words if not name.startswith("--")}
+        self.kept = next(iter(self.forms))
+        self.part = int(self.options.get("--increments", 0))
+        self.parts_to_live = int(self.options.get("--dies-after", -1))
+        self.display = display.Display()
+        self.atom = self.display.get_atom
+        self.window = self.display.screen().root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
+
+    def run(self):
+        self.own("PRIMARY" if "--primary" in self.options else "CLIPBOARD")
+        if "--manager" in self.options:
+            self.own("CLIPBOARD_MANAGER")
+        print("owns", flush=True)
+        while True:
+            received = self.display.next_event()
+            if received.type == X.SelectionRequest:
+                self.answer(received)
+            elif received.type == X.SelectionNotify:
+                self.keep()
+            elif received.type == X.PropertyNotify and received.state == X.PropertyDelete:
+                self.send_next()
+
+    def own(self, selection):
+        self.window.set_selection_owner(self.atom(selection), X.CurrentTime)
+        self.display.sync()
+
+    def answer(self, request):
+        target = self.display.get_atom_name(request.target)
+        print("asked", target, flush=True)
+        if target == self.options.get("--kills"):
+            request.requestor.kill_client()
+        if target == "SAVE_TARGETS":
+            self.saving = request
+            names = ("CLIPBOARD", self.kept, "KEPT")
+            self.window.convert_selection(*map(self.atom, names), X.CurrentTime)
+        elif target != self.options.get("--mute"):
+            self.notify(request, request.property if self.give(request, target) else X.NONE)
+
+    def keep(self):
+        kept = self.window.get_full_property(self.atom("KEPT"), X.AnyPropertyType)
+        self.forms[self.kept] = kept.value
+        self.own("CLIPBOARD")
+        self.notify(self.saving, self.saving.property)
+
+    def give(self, request, target):
+        data = self.forms.get(target)
+        put = request.requestor.change_property
+        if target == "TARGETS":
+            put(request.property, Xatom.ATOM, 32, [self.atom(name) for name in self.forms])
+        elif data is None:
+            return False
+        elif 0 < self.part < len(data):
+            request.requestor.change_attributes(event_mask=X.PropertyChangeMask)
+            self.sending, self.unsent = request, memoryview(data)
+            put(request.property, self.atom("INCR"), 32, [len(data)])
+        else:
+            put(request.property, self.atom(self.options.get("--type", target)), 8, data)
+        return True
+
+    def send_next(self):
+        if self.parts_to_live == 0:
+            os.kill(os.getpid(), signal.SIGKILL)
+        self.parts_to_live -= 1
+        part, self.unsent = bytes(self.unsent[: self.part]), self.unsent[self.part :]
+        put = self.sending.requestor.change_property
+        put(self.sending.property, self.sending.target, 8, part)
+        if not part:
+            self.sending.requestor.change_attributes(event_mask=0)
+            print("gave", flush=True)
+
+    def notify(self, request, place):
+        fields = ("time", "requestor", "selection", "target")
+        values = {field: getattr(request, field) for field in fields}
+        request.requestor.send_event(event.SelectionNotify(property=place, **values))
+
+
+Owner(list(parsed(sys.argv[1:]))).run()
