@@ -1,7 +1,5 @@
 #include "CopyFilter.h"
 
-#include "SelectionConnection.h"
-
 #include <QCryptographicHash>
 #include <QImage>
 
@@ -12,7 +10,7 @@ namespace perchly {
 
 namespace {
 
-constexpr xcb_timestamp_t takeOverMilliseconds = 2'000;
+constexpr xcb_timestamp_t maxTakeOverMilliseconds = 2'000;
 
 QByteArray digestOf(const PasteboardContent &content) {
     QCryptographicHash hash(QCryptographicHash::Sha256);
@@ -29,7 +27,7 @@ QByteArray digestOf(const PasteboardContent &content) {
 
 } // namespace
 
-void CopyFilter::handleOwner(const xcb_xfixes_selection_notify_event_t &change) {
+void CopyFilter::handleOwner(const SelectionClient::OwnerChange &change) {
     const bool isSet = change.subtype == XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER;
     if (!isSet || change.owner == XCB_WINDOW_NONE) {
         m_released = change.timestamp;
@@ -38,15 +36,15 @@ void CopyFilter::handleOwner(const xcb_xfixes_selection_notify_event_t &change) 
         }
         return;
     }
-    m_wasJustReleased = m_released && change.timestamp - *m_released < takeOverMilliseconds &&
-                        !isSameClient(change.owner, m_owner);
+    m_wasJustReleased = m_released && change.timestamp - *m_released < maxTakeOverMilliseconds &&
+                        !m_client.isSameClient(change.owner, m_owner);
     m_released.reset();
     m_owner = change.owner;
     m_previous = std::exchange(m_present, std::nullopt);
 }
 
 void CopyFilter::apply(const PasteboardRequest &request, PasteboardContent &content) {
-    if (request.unwanted.isEmpty() || content.types.isEmpty()) {
+    if (content.types.isEmpty()) {
         return;
     }
     m_present = digestOf(content);
@@ -55,7 +53,8 @@ void CopyFilter::apply(const PasteboardRequest &request, PasteboardContent &cont
     if (isMarked) {
         m_marked.insert(*m_present);
     }
-    if (m_marked.contains(*m_present) || isTakeOver()) {
+    if (m_marked.contains(*m_present) || isTakeOver() ||
+        content.types.contains(pasteboardtype::own)) {
         content.image.clear();
         content.text.clear();
     }
@@ -63,14 +62,9 @@ void CopyFilter::apply(const PasteboardRequest &request, PasteboardContent &cont
 
 bool CopyFilter::isTakeOver() const {
     const bool isManager =
-        isSameClient(m_owner, m_connection.ownerOf(m_connection.atoms().clipboardManager));
+        m_client.isSameClient(m_owner, m_client.ownerOf(m_client.atom("CLIPBOARD_MANAGER")));
     const bool isSame = m_present == m_previous;
     return m_previous && int(m_wasJustReleased) + int(isManager) + int(isSame) >= 2;
-}
-
-bool CopyFilter::isSameClient(xcb_window_t one, xcb_window_t other) const {
-    const quint32 ownBits = xcb_get_setup(m_connection.get())->resource_id_mask;
-    return (one & ~ownBits) == (other & ~ownBits);
 }
 
 } // namespace perchly

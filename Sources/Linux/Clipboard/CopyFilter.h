@@ -1,19 +1,18 @@
 #pragma once
 
 #include "Pasteboard.h"
+#include "SelectionClient.h"
 
 #include <QSet>
-#include <xcb/xfixes.h>
 
 #include <optional>
 
 namespace perchly {
 
-class SelectionConnection;
-
-/// Decides which copies stay out of the history. When a program exits or empties the clipboard, a
-/// clipboard manager may offer the same content again, perhaps encoded differently and without its
-/// markers. A change of owner counts as such a take-over if at least two of these hold:
+/// Decides which copies stay out of the history: marked ones, our own, and take-overs. When a
+/// program exits or empties the clipboard, a clipboard manager may offer the same content again,
+/// perhaps encoded differently and without its markers. A change of owner counts as such a
+/// take-over if at least two of these hold:
 ///  - the previous owner, another client, released the clipboard less than two seconds before;
 ///  - the new owner is the client that owns CLIPBOARD_MANAGER;
 ///  - the content is the same: equal text (the paths, for files) or an image with equal pixels.
@@ -24,21 +23,20 @@ class SelectionConnection;
 /// thread.
 class CopyFilter {
 public:
-    explicit CopyFilter(const SelectionConnection &connection)
-        : m_connection(connection) {}
+    explicit CopyFilter(SelectionClient &client)
+        : m_client(client) {}
 
     /// Follows each change of the clipboard's owner.
-    void handleOwner(const xcb_xfixes_selection_notify_event_t &change);
+    void handleOwner(const SelectionClient::OwnerChange &change);
 
-    /// Remembers the present copy and removes image and text if it stays out. Ignores requests
-    /// without unwanted types and readings that were given up.
+    /// Remembers the present copy and removes image and text if it stays out. Ignores content
+    /// without types, as of a reading that was given up.
     void apply(const PasteboardRequest &request, PasteboardContent &content);
 
 private:
     [[nodiscard]] bool isTakeOver() const;
-    [[nodiscard]] bool isSameClient(xcb_window_t one, xcb_window_t other) const;
 
-    const SelectionConnection &m_connection;
+    SelectionClient &m_client;
     xcb_window_t m_owner = XCB_WINDOW_NONE;    ///< or the one that emptied the clipboard
     std::optional<xcb_timestamp_t> m_released; ///< while there is no owner
     bool m_wasJustReleased = false;            ///< before the present copy

@@ -1,80 +1,92 @@
 #include "X11Pasteboard.h"
 
-#include "SelectionThread.h"
+#include "ClipboardReader.h"
+#include "OwnCopy.h"
+#include "ToolkitConnection.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
 
 namespace perchly {
 
-class X11Pasteboard::Reading : public ScheduledTask {
-public:
-    Reading(X11Pasteboard &pasteboard, quint64 number)
-        : m_pasteboard(pasteboard)
-        , m_number(number) {}
-    ~Reading() override { m_pasteboard.cancel(m_number); }
+namespace {
 
-private:
-    X11Pasteboard &m_pasteboard;
-    quint64 m_number;
-};
+/// Receives the content, unless it is destroyed before.
+struct PasteboardReading : QObject, ScheduledTask {};
+
+} // namespace
 
 X11Pasteboard::X11Pasteboard(QObject *parent)
-    : Pasteboard(parent) {
-    // What the thread tells waits in this object's queue, and goes when this object goes.
-    SelectionLoop::Listener listener;
-    listener.copied = [this](quint64 write) {
-        QMetaObject::invokeMethod(
-            this, [this, write] { handleCopy(write); }, Qt::QueuedConnection);
-    };
-    listener.read = [this](quint64 reading, const PasteboardContent &content) {
-        QMetaObject::invokeMethod(
-            this, [this, reading, content] { handleRead(reading, content); }, Qt::QueuedConnection);
-    };
-    m_thread = std::make_unique<SelectionThread>(std::move(listener));
+    : Pasteboard(parent)
+    , m_reader(new ClipboardReader) {
+    m_reader->moveToThread(&m_thread);
+    connect(&m_thread, &QThread::started, m_reader, &ClipboardReader::connectToServer);
+    connect(&m_thread, &QThread::finished, m_reader, &QObject::deleteLater);
+    connect(m_reader, &ClipboardReader::copied, this, &X11Pasteboard::handleCopy);
+    m_thread.start();
 }
 
-X11Pasteboard::~X11Pasteboard() = default;
+X11Pasteboard::~X11Pasteboard() {
+    m_reader->stop();
+    m_thread.quit();
+    m_thread.wait();
+}
 
 Task X11Pasteboard::read(const PasteboardRequest &request, Completion completion) {
+    auto reading = std::make_unique<PasteboardReading>();
     const quint64 number = ++m_lastReading;
-    m_completions.emplace(number, std::move(completion));
-    m_thread->read(number, request, m_copies);
-    return std::make_unique<Reading>(*this, number);
+    connect(m_reader, &ClipboardReader::readingEnded, reading.get(),
+            [number, completion = std::move(completion)](quint64 ended,
+                                                         const PasteboardContent &content) {
+                if (ended == number) {
+                    completion(content);
+                }
+            });
+    QMetaObject::invokeMethod(m_reader, [reader = m_reader, number, request, copies = m_copies] {
+        reader->read(number, request, copies);
+    });
+    return reading;
 }
 
 void X11Pasteboard::write(const QString &text) {
     ++m_count;
-    m_thread->write(text, ++m_writes);
-}
-
-void X11Pasteboard::writeImage(const QByteArray &encoded) {
-    ++m_count;
-    m_thread->writeImage(encoded, ++m_writes);
+    offer(new OwnCopy(text));
 }
 
 void X11Pasteboard::writeItems(const QList<QUrl> &urls) {
     ++m_count;
-    m_thread->writeItems(urls, ++m_writes);
+    offer(new OwnCopy(urls));
 }
 
-void X11Pasteboard::handleCopy(quint64 write) {
-    ++m_copies;
-    // A copy that was made before our last write is there no more.
-    if (write == m_writes) {
-        ++m_count;
-        Q_EMIT changed();
-    }
+void X11Pasteboard::writeImage(const QByteArray &encoded) {
+    ++m_count;
+    m_decoder.start([this, encoded, write = ++m_writes] {
+        const CopiedImage image = copiedImage(encoded);
+        QMetaObject::invokeMethod(this, [this, image, write] {
+            if (write == m_writes) {
+                offer(image.png.isEmpty() ? nullptr : new OwnCopy(image));
+            }
+        });
+    });
 }
 
-void X11Pasteboard::handleRead(quint64 reading, const PasteboardContent &content) {
-    const auto found = m_completions.extract(reading);
-    if (found) {
-        found.mapped()(content);
-    }
+/// Null empties the clipboard.
+void X11Pasteboard::offer(OwnCopy *copy) {
+    ++m_writes;
+    m_offered = copy;
+    QGuiApplication::clipboard()->setMimeData(copy);
 }
 
-void X11Pasteboard::cancel(quint64 reading) {
-    if (m_completions.erase(reading) > 0) {
-        m_thread->cancel(reading);
+void X11Pasteboard::handleCopy(quint64 copies, quint32 owner) {
+    m_copies = copies;
+    if (m_offered) {
+        const xcb_setup_t *setup = xcb_get_setup(toolkitConnection());
+        if ((owner & ~setup->resource_id_mask) == setup->resource_id_base) {
+            return; // counted by the write
+        }
     }
+    ++m_count;
+    Q_EMIT changed();
 }
 
 } // namespace perchly

@@ -2,17 +2,18 @@
 
 #include "Pasteboard.h"
 
-#include <map>
-#include <memory>
+#include <QPointer>
+#include <QThread>
+#include <QThreadPool>
 
 namespace perchly {
 
-class SelectionThread;
+class ClipboardReader;
+class OwnCopy;
 
-/// The clipboard of the X server. A thread of its own talks to the server and to the programs that
-/// own a copy, however slow, mute or hostile they are; it sleeps while nothing is copied. What was
-/// written last is handed to the desktop's clipboard manager, if there is one, on destruction,
-/// which waits for that a second at most.
+/// The clipboard of the X server. Reads in a thread with a connection of its own, however slow or
+/// hostile the owner of a copy is; that thread sleeps while nothing is copied. Writes through Qt,
+/// which hands our copy over to the clipboard manager when the application object is destroyed.
 class X11Pasteboard : public Pasteboard {
     Q_OBJECT
 public:
@@ -21,23 +22,23 @@ public:
 
     [[nodiscard]] qint64 changeCount() const override { return m_count; }
     [[nodiscard]] Task read(const PasteboardRequest &request, Completion completion) override;
+    /// Writing needs a QGuiApplication on X.
     void write(const QString &text) override;
     void writeImage(const QByteArray &encoded) override;
     void writeItems(const QList<QUrl> &urls) override;
 
 private:
-    class Reading;
-
-    void handleCopy(quint64 write);
-    void handleRead(quint64 reading, const PasteboardContent &content);
-    void cancel(quint64 reading);
+    void offer(OwnCopy *copy);
+    void handleCopy(quint64 copies, quint32 owner);
 
     qint64 m_count = 0;
-    quint64 m_copies = 0; ///< of other programs, also those that our own write has replaced since
+    quint64 m_copies = 0; ///< including our own
     quint64 m_writes = 0;
     quint64 m_lastReading = 0;
-    std::map<quint64, Completion> m_completions;
-    std::unique_ptr<SelectionThread> m_thread; ///< last, so that it ends first
+    QPointer<OwnCopy> m_offered; ///< until Qt drops it for another copy
+    ClipboardReader *m_reader;   ///< belongs to the thread
+    QThread m_thread;
+    QThreadPool m_decoder; ///< destroyed first: it waits for its thread
 };
 
 } // namespace perchly

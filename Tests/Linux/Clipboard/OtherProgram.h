@@ -5,14 +5,14 @@
 
 namespace perchly {
 
-/// A program that owns the clipboard, or asks for it. Ends with this object. For tests only.
+/// Another program that owns the clipboard. Ends with this object. For tests only.
 class OtherProgram {
 public:
-    /// Starts SelectionOwner and waits until it owns the clipboard.
-    explicit OtherProgram(const QStringList &arguments) {
-        m_process.start(QStringLiteral(SELECTION_OWNER), arguments);
+    /// Starts selection_owner.py with these words and waits until it owns the clipboard.
+    explicit OtherProgram(const QString &words) {
+        m_process.start(QStringLiteral(SELECTION_OWNER), words.split(u' '));
         if (!waitFor("owns"))
-            qFatal("The owner of the clipboard does not start.");
+            qFatal("selection_owner.py does not start.");
     }
     ~OtherProgram() { kill(); }
 
@@ -21,35 +21,21 @@ public:
         m_process.waitForFinished();
     }
 
-    /// Waits until it has said so.
-    [[nodiscard]] bool waitFor(const QByteArray &line, int milliseconds = 10'000) {
-        return QTest::qWaitFor([&] { return said().contains(line); }, milliseconds);
-    }
-
-    /// What it has said so far, line by line.
-    [[nodiscard]] QList<QByteArray> said() {
+    [[nodiscard]] bool hasSaid(const QByteArray &text) {
         m_output += m_process.readAllStandardOutput();
-        return m_output.split('\n');
+        return m_output.contains(text);
+    }
+    [[nodiscard]] bool waitFor(const QByteArray &text) {
+        return QTest::qWaitFor([&] { return hasSaid(text); }, 30'000);
     }
 
-    /// Which targets it was asked for, in order.
-    [[nodiscard]] QStringList asked() {
-        QStringList targets;
-        for (const QByteArray &line : said())
-            if (line.startsWith("asked "))
-                targets.append(QString::fromUtf8(line.mid(6)));
-        return targets;
-    }
-
-    /// What xclip gets for this target; null when there is nothing.
+    /// What xclip gets for this target; null for nothing.
     [[nodiscard]] static QByteArray paste(const QString &target) {
         QProcess process;
-        process.start(QStringLiteral("xclip"),
-                      {QStringLiteral("-selection"), QStringLiteral("clipboard"),
-                       QStringLiteral("-out"), QStringLiteral("-target"), target});
-        // Our own event loop may be what it waits for.
+        process.startCommand(QStringLiteral("xclip -selection clipboard -o -target ") + target);
+        // This program's event loop may have to answer it.
         const bool hasEnded =
-            QTest::qWaitFor([&process] { return process.state() == QProcess::NotRunning; }, 10'000);
+            QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; });
         return hasEnded && process.exitCode() == 0 ? process.readAllStandardOutput() : QByteArray();
     }
 

@@ -1,0 +1,79 @@
+#include "OwnCopy.h"
+
+#include "Pasteboard.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QImageReader>
+#include <QStringList>
+
+namespace perchly {
+
+namespace {
+
+constexpr int fastest = 90; // the lightest compression of a PNG; TIFF has no choice
+
+QByteArray encode(const QImage &image, const char *format) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    return image.save(&buffer, format, fastest) ? bytes : QByteArray();
+}
+
+} // namespace
+
+CopiedImage copiedImage(const QByteArray &encoded) {
+    QBuffer buffer;
+    buffer.setData(encoded);
+    QImageReader reader(&buffer);
+    const QByteArray format = reader.format();
+    const QImage image = reader.read();
+    if (image.isNull()) {
+        return {};
+    }
+    return {.png = format == "png" ? encoded : encode(image, "png"),
+            .tiff = format == "tiff" ? encoded : QByteArray()};
+}
+
+OwnCopy::OwnCopy(const QString &text) {
+    setTextForms(text);
+}
+
+OwnCopy::OwnCopy(const CopiedImage &image) {
+    setData(pasteboardtype::png, image.png);
+    setData(pasteboardtype::tiff, image.tiff);
+    setData(pasteboardtype::own, "1");
+}
+
+OwnCopy::OwnCopy(const QList<QUrl> &items) {
+    QByteArray copiedFiles = "copy";
+    QStringList lines;
+    bool areFiles = true;
+    for (const QUrl &item : items) {
+        areFiles = areFiles && item.isLocalFile();
+        copiedFiles += '\n' + item.toEncoded();
+        lines.append(item.isLocalFile() ? item.toLocalFile()
+                                        : QString::fromLatin1(item.toEncoded()));
+    }
+    setUrls(items);
+    if (areFiles) {
+        setData(QStringLiteral("x-special/gnome-copied-files"), copiedFiles);
+        setData(QStringLiteral("x-special/mate-copied-files"), copiedFiles);
+    }
+    setTextForms(lines.join(u'\n'));
+}
+
+QVariant OwnCopy::retrieveData(const QString &mimeType, QMetaType type) const {
+    const QVariant data = QMimeData::retrieveData(mimeType, type);
+    if (mimeType == pasteboardtype::tiff && data.toByteArray().isEmpty() && hasFormat(mimeType)) {
+        return encode(QImage::fromData(this->data(pasteboardtype::png)), "tiff");
+    }
+    return data;
+}
+
+void OwnCopy::setTextForms(const QString &text) {
+    setData(pasteboardtype::text, text.toUtf8());
+    setData(QStringLiteral("text/plain;charset=utf-8"), text.toUtf8());
+    setData(pasteboardtype::own, "1");
+}
+
+} // namespace perchly

@@ -1,0 +1,207 @@
+#include "SelectionClient.h"
+
+#include <poll.h>
+#include <sys/socket.h>
+
+namespace perchly {
+
+using namespace std::chrono_literals;
+using Outcome = SelectionAnswer::Outcome;
+
+namespace {
+
+constexpr auto silenceTimeout = 3s;
+constexpr qsizetype maxDiscarded = 16;
+
+int typeOf(const xcb_generic_event_t &event) {
+    return event.response_type & 0x7f;
+}
+
+/// The window in which data, or a refusal, has arrived.
+xcb_window_t receiverOf(const xcb_generic_event_t &event) {
+    if (typeOf(event) == XCB_SELECTION_NOTIFY) {
+        return reinterpret_cast<const xcb_selection_notify_event_t &>(event).requestor;
+    }
+    const auto &change = reinterpret_cast<const xcb_property_notify_event_t &>(event);
+    return typeOf(event) == XCB_PROPERTY_NOTIFY && change.state == XCB_PROPERTY_NEW_VALUE
+               ? change.window
+               : xcb_window_t{XCB_WINDOW_NONE};
+}
+
+} // namespace
+
+SelectionClient::SelectionClient(OwnerChanged ownerChanged)
+    : m_connection(xcb_connect(nullptr, nullptr), xcb_disconnect)
+    , m_ownerChanged(std::move(ownerChanged)) {
+    xcb_connection_t *x = m_connection.get();
+    const auto *extension = xcb_get_extension_data(x, &xcb_xfixes_id);
+    if (!extension || !extension->present) {
+        return;
+    }
+    m_ownerEvent = extension->first_event + XCB_XFIXES_SELECTION_NOTIFY;
+    m_root = xcb_setup_roots_iterator(xcb_get_setup(x)).data->root;
+    xcb_discard_reply(x, xcb_xfixes_query_version(x, 1, 0).sequence);
+    xcb_xfixes_select_selection_input(x, m_root, atom("CLIPBOARD"),
+                                      XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
+                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
+                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
+    xcb_flush(x);
+}
+
+bool SelectionClient::isAlive() const {
+    return m_ownerEvent != 0 && xcb_connection_has_error(m_connection.get()) == 0;
+}
+
+void SelectionClient::handleEvents() {
+    while (const auto event = nextEvent()) {
+        handle(*event);
+    }
+}
+
+void SelectionClient::shutDown() const {
+    ::shutdown(descriptor(), SHUT_RDWR);
+}
+
+xcb_atom_t SelectionClient::atom(const QByteArray &name) {
+    xcb_atom_t &atom = m_atoms[name];
+    if (atom == XCB_ATOM_NONE) {
+        const auto cookie = xcb_intern_atom(m_connection.get(), 0,
+                                            static_cast<quint16>(name.size()), name.constData());
+        const XcbPointer<xcb_intern_atom_reply_t> answer(
+            xcb_intern_atom_reply(m_connection.get(), cookie, nullptr));
+        atom = answer ? answer->atom : xcb_atom_t{XCB_ATOM_NONE};
+    }
+    return atom;
+}
+
+xcb_window_t SelectionClient::ownerOf(xcb_atom_t selection) const {
+    const XcbPointer<xcb_get_selection_owner_reply_t> answer(xcb_get_selection_owner_reply(
+        m_connection.get(), xcb_get_selection_owner(m_connection.get(), selection), nullptr));
+    return answer ? answer->owner : xcb_window_t{XCB_WINDOW_NONE};
+}
+
+bool SelectionClient::isSameClient(xcb_window_t one, xcb_window_t other) const {
+    const quint32 windowBits = xcb_get_setup(m_connection.get())->resource_id_mask;
+    return (one & ~windowBits) == (other & ~windowBits);
+}
+
+SelectionAnswer SelectionClient::fetch(xcb_atom_t selection, xcb_atom_t target, qsizetype maxBytes,
+                                       TimePoint latest) {
+    xcb_connection_t *x = m_connection.get();
+    // A window of its own, so that late data of another transfer is not mistaken for this one's.
+    const xcb_window_t window = xcb_generate_id(x);
+    const quint32 events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_create_window(x, XCB_COPY_FROM_PARENT, window, m_root, 0, 0, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
+                      &events);
+    xcb_convert_selection(x, window, selection, target, atom("PERCHLY_DATA"), XCB_CURRENT_TIME);
+    m_isInterrupted = false;
+    SelectionAnswer answer = receive(window, maxBytes, latest);
+    if (answer.outcome == Outcome::Delivered || answer.outcome == Outcome::Refused) {
+        xcb_destroy_window(x, window);
+    } else {
+        m_discarded.append(window);
+        if (m_discarded.size() > maxDiscarded) {
+            xcb_destroy_window(x, m_discarded.takeFirst());
+        }
+    }
+    return answer;
+}
+
+SelectionAnswer SelectionClient::receive(xcb_window_t window, qsizetype maxBytes,
+                                         TimePoint latest) {
+    if (!waitFor(window, XCB_SELECTION_NOTIFY, latest)) {
+        return {};
+    }
+    // A refusal comes without a property.
+    SelectionAnswer whole = take(window, maxBytes);
+    if (whole.type != atom("INCR")) {
+        return whole;
+    }
+    // Having taken the property asks for the first part.
+    whole = {.outcome = Outcome::Delivered};
+    while (waitFor(window, XCB_PROPERTY_NOTIFY, latest)) {
+        const SelectionAnswer part = take(window, maxBytes - whole.bytes.size());
+        if (part.outcome == Outcome::TooLong) {
+            return part;
+        }
+        if (part.outcome == Outcome::Refused) {
+            continue; // taken upon an earlier event
+        }
+        if (part.bytes.isEmpty()) {
+            return whole;
+        }
+        whole.type = part.type;
+        whole.format = part.format;
+        whole.bytes.append(part.bytes);
+    }
+    return {};
+}
+
+bool SelectionClient::waitFor(xcb_window_t window, int type, TimePoint latest) {
+    const auto deadline = std::min(TimePoint::clock::now() + silenceTimeout, latest);
+    while (isAlive() && !m_isInterrupted) {
+        const auto event = nextEvent();
+        if (event && typeOf(*event) == type && receiverOf(*event) == window) {
+            return true;
+        }
+        const auto left =
+            std::chrono::ceil<std::chrono::milliseconds>(deadline - TimePoint::clock::now());
+        if (left <= 0ms) {
+            break;
+        }
+        if (event) {
+            handle(*event);
+        } else {
+            pollfd watched{descriptor(), POLLIN, 0};
+            poll(&watched, 1, static_cast<int>(left.count()));
+        }
+    }
+    return false;
+}
+
+SelectionAnswer SelectionClient::take(xcb_window_t window, qsizetype maxBytes) {
+    xcb_connection_t *x = m_connection.get();
+    const xcb_atom_t name = atom("PERCHLY_DATA");
+    const auto cookie = xcb_get_property(x, 1, window, name, XCB_GET_PROPERTY_TYPE_ANY, 0,
+                                         static_cast<quint32>((maxBytes + 3) / 4));
+    const XcbPointer<xcb_get_property_reply_t> property(xcb_get_property_reply(x, cookie, nullptr));
+    if (!property || property->type == XCB_ATOM_NONE) {
+        return {.outcome = Outcome::Refused};
+    }
+    SelectionAnswer answer{Outcome::Delivered, property->type, property->format, {}};
+    const int length = xcb_get_property_value_length(property.get());
+    if (property->bytes_after > 0) {
+        xcb_delete_property(x, window, name); // the server deletes only what is read completely
+    }
+    if (property->bytes_after > 0 || length > maxBytes) {
+        answer.outcome = Outcome::TooLong;
+    } else {
+        answer.bytes =
+            QByteArray(static_cast<const char *>(xcb_get_property_value(property.get())), length);
+    }
+    return answer;
+}
+
+XcbPointer<xcb_generic_event_t> SelectionClient::nextEvent() const {
+    XcbPointer<xcb_generic_event_t> event(xcb_poll_for_event(m_connection.get()));
+    if (!event) {
+        xcb_flush(m_connection.get()); // which may read events while the server does not read
+        event.reset(xcb_poll_for_queued_event(m_connection.get()));
+    }
+    return event;
+}
+
+void SelectionClient::handle(const xcb_generic_event_t &event) {
+    const xcb_window_t receiver = receiverOf(event);
+    if (typeOf(event) == m_ownerEvent) {
+        m_isInterrupted = true;
+        m_ownerChanged(reinterpret_cast<const OwnerChange &>(event));
+    } else if (m_discarded.contains(receiver) && take(receiver, 0).outcome == Outcome::Delivered) {
+        // An empty part is the last one.
+        xcb_destroy_window(m_connection.get(), receiver);
+        m_discarded.removeOne(receiver);
+    }
+}
+
+} // namespace perchly
