@@ -97,9 +97,8 @@ void ClipboardReader::handleOwner(const SelectionClient::OwnerChange &change) {
 }
 
 PasteboardContent ClipboardReader::contentFor(const PasteboardRequest &request) {
-    const xcb_atom_t selection = request.source == PasteboardSource::Copied
-                                     ? m_client->atom("CLIPBOARD")
-                                     : xcb_atom_t{XCB_ATOM_PRIMARY};
+    const bool isCopied = request.source == PasteboardSource::Copied;
+    const xcb_atom_t selection = m_client->atom(isCopied ? "CLIPBOARD" : "PRIMARY");
     const auto latest = std::chrono::steady_clock::now() + maxReadingTime;
     const SelectionAnswer targets =
         m_client->fetch(selection, m_client->atom("TARGETS"), maxTargetsBytes, latest);

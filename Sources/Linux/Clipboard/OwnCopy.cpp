@@ -34,25 +34,30 @@ CopiedImage copiedImage(const QByteArray &encoded) {
             .tiff = format == "tiff" ? encoded : QByteArray()};
 }
 
-OwnCopy::OwnCopy(const QString &text) {
+OwnCopy::OwnCopy() {
+    setData(pasteboardtype::own, "1"); // first: a common clipboard manager loses the first format
+}
+
+OwnCopy::OwnCopy(const QString &text)
+    : OwnCopy() {
     setTextForms(text);
 }
 
-OwnCopy::OwnCopy(const CopiedImage &image) {
+OwnCopy::OwnCopy(const CopiedImage &image)
+    : OwnCopy() {
     setData(pasteboardtype::png, image.png);
     setData(pasteboardtype::tiff, image.tiff);
-    setData(pasteboardtype::own, "1");
 }
 
-OwnCopy::OwnCopy(const QList<QUrl> &items) {
+OwnCopy::OwnCopy(const QList<QUrl> &items)
+    : OwnCopy() {
     QByteArray copiedFiles = "copy";
     QStringList lines;
     bool areFiles = true;
     for (const QUrl &item : items) {
         areFiles = areFiles && item.isLocalFile();
         copiedFiles += '\n' + item.toEncoded();
-        lines.append(item.isLocalFile() ? item.toLocalFile()
-                                        : QString::fromLatin1(item.toEncoded()));
+        lines.append(item.toString(QUrl::PreferLocalFile | QUrl::FullyEncoded));
     }
     setUrls(items);
     if (areFiles) {
@@ -73,7 +78,6 @@ QVariant OwnCopy::retrieveData(const QString &mimeType, QMetaType type) const {
 void OwnCopy::setTextForms(const QString &text) {
     setData(pasteboardtype::text, text.toUtf8());
     setData(QStringLiteral("text/plain;charset=utf-8"), text.toUtf8());
-    setData(pasteboardtype::own, "1");
 }
 
 } // namespace perchly

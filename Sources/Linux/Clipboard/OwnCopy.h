@@ -29,6 +29,7 @@ protected:
     [[nodiscard]] QVariant retrieveData(const QString &mimeType, QMetaType type) const override;
 
 private:
+    OwnCopy();
     void setTextForms(const QString &text);
 };
 

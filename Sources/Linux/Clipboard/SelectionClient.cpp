@@ -1,7 +1,7 @@
 #include "SelectionClient.h"
 
+#include <algorithm>
 #include <poll.h>
-#include <sys/socket.h>
 
 namespace perchly {
 
@@ -56,10 +56,6 @@ void SelectionClient::handleEvents() {
     while (const auto event = nextEvent()) {
         handle(*event);
     }
-}
-
-void SelectionClient::shutDown() const {
-    ::shutdown(descriptor(), SHUT_RDWR);
 }
 
 xcb_atom_t SelectionClient::atom(const QByteArray &name) {

@@ -10,6 +10,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <sys/socket.h>
 
 namespace perchly {
 
@@ -46,7 +47,7 @@ public:
     [[nodiscard]] int descriptor() const { return xcb_get_file_descriptor(m_connection.get()); }
     void handleEvents();
     /// Ends the connection and every wait for it. Any thread.
-    void shutDown() const;
+    void shutDown() const { ::shutdown(descriptor(), SHUT_RDWR); }
 
     [[nodiscard]] xcb_atom_t atom(const QByteArray &name);
     [[nodiscard]] xcb_window_t ownerOf(xcb_atom_t selection) const;

@@ -36,8 +36,7 @@ Task X11Pasteboard::read(const PasteboardRequest &request, Completion completion
     auto reading = std::make_unique<PasteboardReading>();
     const quint64 number = ++m_lastReading;
     connect(m_reader, &ClipboardReader::readingEnded, reading.get(),
-            [number, completion = std::move(completion)](quint64 ended,
-                                                         const PasteboardContent &content) {
+            [number, completion = std::move(completion)](quint64 ended, const auto &content) {
                 if (ended == number) {
                     completion(content);
                 }
