@@ -15,18 +15,18 @@ namespace perchly {
 class ClipboardReader : public QObject {
     Q_OBJECT
 public:
-    /// Call first; once more if the connection is lost.
+    /// Connects, or connects again. Call first.
     void connectToServer();
 
-    /// Reads what there is, unless that is for a history and another copy was made after the first
-    /// `copies`. readingEnded() follows, with nothing if another copy is made meanwhile.
+    /// Ends with readingEnded(). Its content is empty if another copy is made meanwhile, and for a
+    /// history also if copied() has reported more than `copies` before.
     void read(quint64 reading, const PasteboardRequest &request, quint64 copies);
 
-    /// Ends a reading under way, and makes no further connection. Any thread.
+    /// Ends the current reading and disconnects for good. Any thread.
     void stop();
 
 Q_SIGNALS:
-    /// There have been so many copies; the last one belongs to this window.
+    /// `copies` counts all copies so far; `owner` is the window that owns the last one.
     void copied(quint64 copies, quint32 owner);
     void readingEnded(quint64 reading, const perchly::PasteboardContent &content);
 

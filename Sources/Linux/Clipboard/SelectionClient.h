@@ -29,8 +29,8 @@ struct SelectionAnswer {
     QByteArray bytes = {};
 };
 
-/// A connection of its own to the X server, for a thread that reads selections and may block. Not
-/// thread-safe, except shutDown().
+/// A connection to the X server for reading selections in a thread that may block. Not thread-safe,
+/// except shutDown().
 class SelectionClient {
 public:
     using TimePoint = std::chrono::steady_clock::time_point;
@@ -55,7 +55,7 @@ public:
 
     /// Asks the owner of a selection for one format and waits for all of it: until `latest`, for at
     /// most three seconds at a time, and until the clipboard's owner changes. Once an owner starts
-    /// sending, it is read to the end, if need be by later calls.
+    /// sending, it is read to the end, by later calls if this one gives up.
     [[nodiscard]] SelectionAnswer fetch(xcb_atom_t selection, xcb_atom_t target, qsizetype maxBytes,
                                         TimePoint latest);
 
@@ -73,7 +73,7 @@ private:
     xcb_window_t m_root = XCB_WINDOW_NONE;
     int m_ownerEvent = 0;            ///< 0 if the server cannot report owner changes
     bool m_isInterrupted = false;    ///< the owner changed since fetch() was called
-    QList<xcb_window_t> m_discarded; ///< windows to which a copy given up may still be sent
+    QList<xcb_window_t> m_discarded; ///< windows of transfers that were given up
 };
 
 } // namespace perchly

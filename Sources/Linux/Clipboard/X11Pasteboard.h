@@ -13,7 +13,8 @@ class OwnCopy;
 
 /// The clipboard of the X server. Reads in a thread with a connection of its own, however slow or
 /// hostile the owner of a copy is; that thread sleeps while nothing is copied. Writes through Qt,
-/// which hands our copy over to the clipboard manager when the application object is destroyed.
+/// which hands our copy over to the clipboard manager when the application object is destroyed and
+/// waits up to five seconds for a manager that does not confirm it.
 class X11Pasteboard : public Pasteboard {
     Q_OBJECT
 public:
@@ -32,7 +33,7 @@ private:
     void handleCopy(quint64 copies, quint32 owner);
 
     qint64 m_count = 0;
-    quint64 m_copies = 0; ///< including our own
+    quint64 m_copies = 0; ///< all that the reader reported, also our own
     quint64 m_writes = 0;
     quint64 m_lastReading = 0;
     QPointer<OwnCopy> m_offered; ///< until Qt drops it for another copy
