@@ -10,6 +10,7 @@
 #include "DBusSingleInstance.h"
 #include "DefaultMusicPlayer.h"
 #include "DesktopCatalog.h"
+#include "FolderShortcutsTool.h"
 #include "GioApplications.h"
 #include "GioFileServices.h"
 #include "JsonPreferences.h"
@@ -20,7 +21,6 @@
 #include "ProcessQuickLook.h"
 #include "ProcessScreenCapture.h"
 #include "ProcessScriptHost.h"
-#include "ProcessShortcutsTool.h"
 #include "QtClock.h"
 #include "QtKeyMonitor.h"
 #include "QtOpenPanel.h"
@@ -142,8 +142,7 @@ void addDesktop(Hosts &hosts) {
     hosts.alertSound = std::make_unique<CanberraAlertSound>();
     hosts.scriptHost = companion<ProcessScriptHost>(
         "perchly-scripthost", "perchly-scripthost is not installed: what players play is missing");
-    hosts.shortcuts = companion<ProcessShortcutsTool>(
-        "perchly-shortcuts", "perchly-shortcuts is not installed: shortcuts are missing");
+    hosts.shortcuts = std::make_unique<FolderShortcutsTool>();
     hosts.fileServices = std::make_unique<GioFileServices>(notices);
     hosts.calendars = calendarStore();
     hosts.power = std::make_unique<BusPowerSources>();

@@ -5,7 +5,7 @@
 namespace perchly {
 
 /// Whether this absolute path names a desktop entry in the `applications` folder of a data folder.
-/// Only such files are applications; any other may be a download and must not be executed.
+/// Any other entry may be a download and must not be executed.
 /// Compares paths only: reads no file and follows no link. Any thread.
 [[nodiscard]] bool isInApplicationFolders(const QString &path);
 

@@ -1,36 +1,31 @@
 #pragma once
 
 #include "ApplicationCatalog.h"
-#include "FolderWatch.h"
+#include "Workers.h"
 
-#include <QThreadPool>
+#include <QTimer>
 
-#include <stop_token>
-#include <vector>
+#include <memory>
+
+struct _GAppInfoMonitor;
 
 namespace perchly {
 
-/// The applications of the desktop's data folders. One thread looks at a time, and ends when it is
-/// idle; who asks while a search is waiting to begin shares it. Destroying the catalog stops the
-/// search under way.
+/// The applications that GIO finds. A change in a subfolder of an applications folder is noticed
+/// with the next one in the folder itself, where installers update a cache.
 class DesktopCatalog : public ApplicationCatalog {
     Q_OBJECT
 public:
     explicit DesktopCatalog(QObject *parent = nullptr);
-    ~DesktopCatalog() override;
 
     void find(Completion completion) override;
     void describe(const QStringList &paths, Completion completion) override;
     [[nodiscard]] QString startFolder() const override;
 
 private:
-    void startSearch();
-
-    FolderWatch m_watch;
-    std::vector<Completion> m_waiting; ///< for a search that has not begun
-    bool m_searching = false;
-    std::stop_source m_stop;
-    QThreadPool m_pool; ///< destroyed first: it waits for the thread
+    std::shared_ptr<_GAppInfoMonitor> m_monitor;
+    QTimer m_changeDelay; ///< an installer changes several files
+    Workers m_workers{1};
 };
 
 } // namespace perchly

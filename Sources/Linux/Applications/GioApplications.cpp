@@ -2,25 +2,24 @@
 
 #include "ApplicationFolders.h"
 #include "GioLaunch.h"
+#include "KeyFile.h"
 
 #include <QDir>
 #include <QIcon>
 
-#include <gio/gio.h>
-
 namespace perchly {
+
+namespace {
+
+Applications::Completion orNothing(Applications::Completion completion) {
+    return completion ? std::move(completion) : [](const QString &) {};
+}
+
+} // namespace
 
 GioApplications::GioApplications(StartNotices notices)
     : m_notices(std::move(notices))
-    , m_icons(QIcon::themeName(), IconTheme::standardFolders())
-    , m_cancellable(g_cancellable_new(), [](GCancellable *object) { g_object_unref(object); }) {
-    m_pool.setMaxThreadCount(8); // a few slow services must not hold up the next application
-    m_pool.setExpiryTimeout(1000);
-}
-
-GioApplications::~GioApplications() {
-    g_cancellable_cancel(m_cancellable.get());
-}
+    , m_icons(QIcon::themeName(), IconTheme::standardFolders()) {}
 
 void GioApplications::open(const QString &path, Completion completion) {
     if (QDir::isAbsolutePath(path) && !isInApplicationFolders(path)) {
@@ -31,34 +30,24 @@ void GioApplications::open(const QString &path, Completion completion) {
 }
 
 void GioApplications::launch(const QString &path, Completion completion) {
-    start(
-        [this, path](GCancellable *cancellable) {
+    m_workers.run(
+        [this, path](_GCancellable *cancellable) {
             return giolaunch::application(path, m_notices, cancellable);
         },
-        std::move(completion));
+        orNothing(std::move(completion)));
 }
 
 QImage GioApplications::icon(const QString &path, int side) {
-    const QString name = iconOfEntry(path);
+    const QString name = desktopEntryText(path, G_KEY_FILE_DESKTOP_KEY_ICON);
     return name.isEmpty() ? QImage() : m_icons.image(name, side);
 }
 
 void GioApplications::openUrl(const QUrl &url, Completion completion) {
-    start([this,
-           url](GCancellable *cancellable) { return giolaunch::url(url, m_notices, cancellable); },
-          std::move(completion));
-}
-
-void GioApplications::start(Launch function, Completion completion) {
-    m_pool.start(
-        [this, function = std::move(function), completion = std::move(completion)]() mutable {
-            const QString error = function(m_cancellable.get());
-            if (completion) {
-                QMetaObject::invokeMethod(
-                    &m_receiver, [completion = std::move(completion), error] { completion(error); },
-                    Qt::QueuedConnection);
-            }
-        });
+    m_workers.run(
+        [this, url](_GCancellable *cancellable) {
+            return giolaunch::url(url, m_notices, cancellable);
+        },
+        orNothing(std::move(completion)));
 }
 
 } // namespace perchly

@@ -1,6 +1,5 @@
 #include "GioFileServices.h"
 
-#include "ChildProcess.h"
 #include "GioLaunch.h"
 #include "GioOwned.h"
 
@@ -11,14 +10,20 @@
 #include <array>
 #include <chrono>
 #include <gio/gdesktopappinfo.h>
+#include <utility>
 
 namespace perchly {
 
 namespace {
 
-constexpr int fileManagerMilliseconds = 15'000;      // it may have to be started first
-constexpr std::chrono::seconds longestMailStart{30}; // what ends later is the program itself
+constexpr int fileManagerTimeout = 15'000;       // milliseconds; it may have to be started first
+constexpr std::chrono::seconds maxMailStart{30}; // xdg-email may stay until the mail is sent
+constexpr qsizetype maxMailOutput = 1 << 20;
 constexpr QLatin1StringView mailTarget("mail");
+
+QString mailProgram() {
+    return QStandardPaths::findExecutable(QStringLiteral("xdg-email"));
+}
 
 QString fileError(const QUrl &url) {
     const QString path = url.toLocalFile();
@@ -39,7 +44,7 @@ bool showItem(const QUrl &file, GCancellable *cancellable) {
     GVariant *reply = g_dbus_connection_call_sync(
         bus.get(), "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1",
         "org.freedesktop.FileManager1", "ShowItems", g_variant_new("(^ass)", uris.data(), ""),
-        nullptr, G_DBUS_CALL_FLAGS_NONE, fileManagerMilliseconds, cancellable, nullptr);
+        nullptr, G_DBUS_CALL_FLAGS_NONE, fileManagerTimeout, cancellable, nullptr);
     if (reply == nullptr) {
         return false;
     }
@@ -90,74 +95,65 @@ QList<FileServices::ShareTarget> shareTargets(const QUrl &url, GCancellable *can
         }
         g_list_free_full(others, g_object_unref);
     }
-    if (!QStandardPaths::findExecutable(QStringLiteral("xdg-email")).isEmpty()) {
+    if (!mailProgram().isEmpty()) {
         targets.append({mailTarget, QStringLiteral("E-mail")});
     }
     return targets;
 }
 
-QString mail(const QUrl &url, const StopRequest &stop) {
-    const QString program = QStandardPaths::findExecutable(QStringLiteral("xdg-email"));
-    const QStringList arguments =
-        url.isLocalFile() ? QStringList{QStringLiteral("--attach"), url.toLocalFile()}
-                          : QStringList{QStringLiteral("--body"), url.toString(QUrl::FullyEncoded)};
-    const QDeadlineTimer start(longestMailStart);
-    // It may stay until the letter is sent, and the letter outlives this program.
-    const ChildResult result =
-        runChild(program, arguments, {.mostOutput = 1 << 20}, stop, OnStop::LeaveChild);
-    return result.status == 0 || start.hasExpired()
-               ? QString()
-               : QStringLiteral("No e-mail program could be started.");
-}
-
 } // namespace
 
 GioFileServices::GioFileServices(StartNotices notices)
-    : m_notices(std::move(notices))
-    , m_cancellable(g_cancellable_new(), [](GCancellable *object) { g_object_unref(object); })
-    , m_stop(std::make_unique<StopRequest>()) {
-    m_pool.setMaxThreadCount(8); // a few slow services must not hold up the next one
-    m_pool.setExpiryTimeout(1000);
-}
-
-GioFileServices::~GioFileServices() {
-    g_cancellable_cancel(m_cancellable.get());
-    m_stop->send();
-}
+    : m_notices(std::move(notices)) {}
 
 void GioFileServices::reveal(const QUrl &file, Completion completion) {
-    const auto work = [this, file](GCancellable *cancellable) {
-        return revealFile(file, m_notices, cancellable);
-    };
-    start<QString>(work, std::move(completion));
-}
-
-void GioFileServices::findShareTargets(const QUrl &url, TargetsCompletion completion) {
-    start<QList<ShareTarget>>(
-        [url](GCancellable *cancellable) { return shareTargets(url, cancellable); },
+    m_workers.run(
+        [this, file](GCancellable *cancellable) {
+            return revealFile(file, m_notices, cancellable);
+        },
         std::move(completion));
 }
 
-void GioFileServices::share(const QUrl &url, const QString &targetId, Completion completion) {
-    const auto work = [this, url, targetId](GCancellable *cancellable) {
-        const QString error = fileError(url);
-        if (!error.isEmpty()) {
-            return error;
-        }
-        return targetId == mailTarget ? mail(url, *m_stop)
-                                      : giolaunch::openWith(targetId, url, m_notices, cancellable);
-    };
-    start<QString>(work, std::move(completion));
+void GioFileServices::findShareTargets(const QUrl &url, TargetsCompletion completion) {
+    m_workers.run([url](GCancellable *cancellable) { return shareTargets(url, cancellable); },
+                  std::move(completion));
 }
 
-template <class Result>
-void GioFileServices::start(std::function<Result(GCancellable *)> work,
-                            std::function<void(const Result &)> completion) {
-    m_pool.start([this, work = std::move(work), completion = std::move(completion)]() mutable {
-        const Result result = work(m_cancellable.get());
-        QMetaObject::invokeMethod(
-            &m_receiver, [completion = std::move(completion), result] { completion(result); },
-            Qt::QueuedConnection);
+void GioFileServices::share(const QUrl &url, const QString &targetId, Completion completion) {
+    if (targetId == mailTarget) {
+        mail(url, completion);
+        return;
+    }
+    m_workers.run(
+        [this, url, targetId](GCancellable *cancellable) {
+            const QString error = fileError(url);
+            return error.isEmpty() ? giolaunch::openWith(targetId, url, m_notices, cancellable)
+                                   : error;
+        },
+        std::move(completion));
+}
+
+void GioFileServices::mail(const QUrl &url, const Completion &completion) {
+    const auto look = [url](GCancellable *) { return std::pair(fileError(url), mailProgram()); };
+    m_workers.run(look, [this, url, completion](const std::pair<QString, QString> &found) {
+        const auto &[error, program] = found;
+        if (!error.isEmpty()) {
+            completion(error);
+            return;
+        }
+        const QStringList arguments =
+            url.isLocalFile()
+                ? QStringList{QStringLiteral("--attach"), url.toLocalFile()}
+                : QStringList{QStringLiteral("--body"), url.toString(QUrl::FullyEncoded)};
+        const auto finish = [completion,
+                             start = QDeadlineTimer(maxMailStart)](const ChildResult &result) {
+            completion(result.status == 0 || start.hasExpired()
+                           ? QString()
+                           : QStringLiteral("No e-mail program could be started."));
+        };
+        // The mail outlives this program.
+        m_mailTasks.push_back(m_mails.run(program, arguments, {.mostOutput = maxMailOutput},
+                                          OnStop::LeaveChild, finish));
     });
 }
 

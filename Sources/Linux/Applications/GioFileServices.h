@@ -1,40 +1,30 @@
 #pragma once
 
+#include "ChildRuns.h"
 #include "FileServices.h"
+#include "GioWorkers.h"
 #include "StartNotices.h"
 
-#include <QObject>
-#include <QThreadPool>
-
-#include <memory>
-
-struct _GCancellable;
+#include <vector>
 
 namespace perchly {
 
-class StopRequest;
-
-/// The desktop's file manager, the applications that GIO knows, and xdg-email. Each call runs in a
-/// thread of its own, since it takes as long as a started service needs to answer.
+/// The desktop's file manager, the applications that GIO knows, and xdg-email.
 class GioFileServices : public FileServices {
 public:
     explicit GioFileServices(StartNotices notices = {});
-    ~GioFileServices() override;
 
     void reveal(const QUrl &file, Completion completion) override;
     void findShareTargets(const QUrl &url, TargetsCompletion completion) override;
     void share(const QUrl &url, const QString &targetId, Completion completion) override;
 
 private:
-    template <class Result>
-    void start(std::function<Result(_GCancellable *)> work,
-               std::function<void(const Result &)> completion);
+    void mail(const QUrl &url, const Completion &completion);
 
     const StartNotices m_notices;
-    std::shared_ptr<_GCancellable> m_cancellable;
-    std::unique_ptr<StopRequest> m_stop;
-    QObject m_receiver; ///< completions run in its thread, as long as it lives
-    QThreadPool m_pool; ///< destroyed first: it waits for the threads
+    ChildRuns m_mails{8};
+    std::vector<Task> m_mailTasks; ///< kept, as completions go with them
+    GioWorkers m_workers;
 };
 
 } // namespace perchly

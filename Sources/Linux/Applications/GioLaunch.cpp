@@ -25,7 +25,6 @@ QString textOf(GError *error) {
     return text;
 }
 
-/// What an asynchronous call leaves behind when it is done.
 struct Outcome {
     bool done = false;
     QString error = {};
@@ -40,7 +39,7 @@ void onDone(GObject *source, GAsyncResult *result, gpointer data) {
     outcome->done = true;
 }
 
-/// The bus daemon starts the program, and says whether it could.
+/// Starts the program by the bus daemon, which reports whether it could.
 QString activate(GDesktopAppInfo *entry, GList *uris, GAppLaunchContext *context,
                  GCancellable *cancellable) {
     const Owned<GMainContext> loop(g_main_context_new());
@@ -54,7 +53,7 @@ QString activate(GDesktopAppInfo *entry, GList *uris, GAppLaunchContext *context
     return outcome.error;
 }
 
-/// What the program says goes to the journal, as from the desktop's own menu, or nowhere.
+/// The program's output goes to the journal, as from a desktop menu, or to /dev/null.
 int outputOf(GDesktopAppInfo *entry) {
     const char *name = g_app_info_get_executable(G_APP_INFO(entry));
     const int journal = sd_journal_stream_fd(name, LOG_INFO, 0);
@@ -88,15 +87,14 @@ QString launchWith(GDesktopAppInfo *entry, const QUrl &url, const StartNotices &
 
 /// The entry with its command line run by the system's terminal emulator; null if there is none.
 Owned<GDesktopAppInfo> inSystemTerminal(const QString &path) {
-    const std::unique_ptr<GKeyFile, decltype(&g_key_file_unref)> file(g_key_file_new(),
-                                                                      &g_key_file_unref);
+    const Owned<GKeyFile> file(g_key_file_new());
     constexpr const char *group = G_KEY_FILE_DESKTOP_GROUP;
     if (g_key_file_load_from_file(file.get(), QFile::encodeName(path).constData(),
                                   G_KEY_FILE_KEEP_TRANSLATIONS, nullptr) == FALSE) {
         return nullptr;
     }
-    const std::unique_ptr<char, decltype(&g_free)> command(
-        g_key_file_get_string(file.get(), group, G_KEY_FILE_DESKTOP_KEY_EXEC, nullptr), &g_free);
+    const Owned<char> command(
+        g_key_file_get_string(file.get(), group, G_KEY_FILE_DESKTOP_KEY_EXEC, nullptr));
     g_key_file_set_string(file.get(), group, G_KEY_FILE_DESKTOP_KEY_EXEC,
                           ("x-terminal-emulator -e " + QByteArray(command.get())).constData());
     g_key_file_set_boolean(file.get(), group, G_KEY_FILE_DESKTOP_KEY_TERMINAL, FALSE);

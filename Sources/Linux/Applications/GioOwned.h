@@ -7,11 +7,13 @@
 namespace perchly::gio {
 
 struct Release {
+    void operator()(char *text) const { g_free(text); }
     void operator()(void *object) const { g_object_unref(object); }
     void operator()(GMainContext *context) const { g_main_context_unref(context); }
+    void operator()(GKeyFile *file) const { g_key_file_unref(file); }
 };
 
-/// A reference to an object of GLib's that ends with its scope.
+/// A reference to a GLib object, or memory of GLib's, released at the end of its scope.
 template <class T>
 using Owned = std::unique_ptr<T, Release>;
 

@@ -1,67 +1,35 @@
 #include "IconTheme.h"
 
+#include "KeyFile.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QStandardPaths>
 
-#include <glib.h>
-
 #include <algorithm>
 #include <array>
 #include <limits>
-#include <memory>
 
 namespace perchly {
 
 namespace {
 
-using KeyFile = std::unique_ptr<GKeyFile, decltype(&g_key_file_unref)>;
-
-constexpr qint64 largestKeyFile = 4 * 1024 * 1024;
-constexpr qsizetype mostThemes = 16;
+constexpr qsizetype maxThemes = 16;
 constexpr std::array endings{QLatin1StringView(".svg"), QLatin1StringView(".png"),
                              QLatin1StringView(".xpm")};
 
-KeyFile readKeyFile(const QString &path) {
-    KeyFile file(g_key_file_new(), &g_key_file_unref);
-    const QFileInfo info(path);
-    if (!info.isFile() || info.size() > largestKeyFile ||
-        g_key_file_load_from_file(file.get(), QFile::encodeName(path).constData(), G_KEY_FILE_NONE,
-                                  nullptr) == FALSE) {
-        return {nullptr, &g_key_file_unref};
-    }
-    return file;
-}
-
-QString text(GKeyFile *file, const char *group, const char *key) {
-    const std::unique_ptr<char, decltype(&g_free)> value(
-        g_key_file_get_string(file, group, key, nullptr), &g_free);
-    return QString::fromUtf8(value.get());
-}
-
-int number(GKeyFile *file, const QByteArray &group, const char *key, int otherwise) {
-    const int value = g_key_file_get_integer(file, group.constData(), key, nullptr);
+int number(const KeyFile &file, const QByteArray &group, const char *key, int otherwise) {
+    const int value = g_key_file_get_integer(file.get(), group.constData(), key, nullptr);
     return value > 0 && value <= 4096 ? value : otherwise;
 }
 
-QStringList list(GKeyFile *file, const char *key) {
-    return text(file, "Icon Theme", key).split(QLatin1Char(','), Qt::SkipEmptyParts);
+QStringList list(const KeyFile &file, const char *key) {
+    return keyFileText(file, "Icon Theme", key).split(QLatin1Char(','), Qt::SkipEmptyParts);
 }
 
 } // namespace
-
-QString iconOfEntry(const QString &path) {
-    const KeyFile entry = readKeyFile(path);
-    if (!entry) {
-        return {};
-    }
-    const std::unique_ptr<char, decltype(&g_free)> name(
-        g_key_file_get_locale_string(entry.get(), "Desktop Entry", "Icon", nullptr, nullptr),
-        &g_free);
-    return QString::fromUtf8(name.get());
-}
 
 IconTheme::IconTheme(const QString &theme, const QStringList &folders)
     : m_name(theme)
@@ -81,7 +49,7 @@ QStringList IconTheme::standardFolders() {
 
 QImage IconTheme::image(const QString &name, int side) {
     const QString found = QDir::isAbsolutePath(name) ? name : file(name, side);
-    // What is no ordinary file might never end.
+    // Not a regular file: reading could block forever.
     if (found.isEmpty() || !QFileInfo(found).isFile()) {
         return {};
     }
@@ -133,7 +101,7 @@ const QList<IconTheme::Theme> &IconTheme::themes() {
 void IconTheme::load(const QString &name) {
     const bool known = std::ranges::find(m_themes, name, &Theme::name) != m_themes.cend();
     if (known || name.isEmpty() || name.contains(QLatin1Char('/')) ||
-        m_themes.size() >= mostThemes) {
+        m_themes.size() >= maxThemes) {
         return;
     }
     Theme theme{.name = name, .folders = {}};
@@ -144,18 +112,17 @@ void IconTheme::load(const QString &name) {
         if (!index) {
             continue;
         }
-        for (const QString &path :
-             list(index.get(), "Directories") + list(index.get(), "ScaledDirectories")) {
+        for (const QString &path : list(index, "Directories") + list(index, "ScaledDirectories")) {
             const QByteArray group = path.toUtf8();
-            const int size = number(index.get(), group, "Size", 48);
-            const int scale = number(index.get(), group, "Scale", 1);
+            const int size = number(index, group, "Size", 48);
+            const int scale = number(index, group, "Scale", 1);
             const bool scalable =
-                text(index.get(), group.constData(), "Type") == QLatin1StringView("Scalable");
+                keyFileText(index, group, "Type") == QLatin1StringView("Scalable");
             theme.folders.append(
-                {path, scale * (scalable ? number(index.get(), group, "MinSize", size) : size),
-                 scale * (scalable ? number(index.get(), group, "MaxSize", size) : size)});
+                {path, scale * (scalable ? number(index, group, "MinSize", size) : size),
+                 scale * (scalable ? number(index, group, "MaxSize", size) : size)});
         }
-        parents = list(index.get(), "Inherits");
+        parents = list(index, "Inherits");
         break;
     }
     m_themes.append(theme);
@@ -170,9 +137,9 @@ QString IconTheme::fileIn(const Theme &theme, const QString &name, int side) con
     QString best;
     int least = std::numeric_limits<int>::max();
     for (const Folder &folder : theme.folders) {
-        // What is too small looks worse than what is too large.
-        const int distance = folder.largest < side ? 4 * (side - folder.largest)
-                                                   : std::max(0, folder.smallest - side);
+        // Enlarged pictures look worse than reduced ones.
+        const int distance =
+            folder.max < side ? 4 * (side - folder.max) : std::max(0, folder.min - side);
         if (distance >= least) {
             continue;
         }

@@ -8,9 +8,8 @@
 
 namespace perchly {
 
-/// Finds pictures by the desktop's rules for icon themes and reads them. The toolkit's own
-/// icon loader is for the main thread only; this one works on any thread, since the files may lie
-/// on a slow disk. A theme is read once, when it is first needed.
+/// Finds and reads pictures by the rules for icon themes. Works on any thread, unlike QIcon, since
+/// the files may lie on a slow disk. A theme is read once, when it is first needed.
 class IconTheme {
 public:
     /// `folders` are searched in order for themes, and after them for pictures outside of themes.
@@ -31,8 +30,8 @@ public:
 private:
     struct Folder {
         QString path; ///< within the theme
-        int smallest = 0;
-        int largest = 0;
+        int min = 0;
+        int max = 0;
     };
     struct Theme {
         QString name;
@@ -48,8 +47,5 @@ private:
     QMutex m_mutex;        ///< guards the loading of the themes
     QList<Theme> m_themes; ///< the chosen one, those it inherits from, and the common one
 };
-
-/// The icon that a desktop entry names; empty if it names none or cannot be read. Any thread.
-[[nodiscard]] QString iconOfEntry(const QString &path);
 
 } // namespace perchly

@@ -13,9 +13,9 @@ struct ReleaseLaunchContext {
 };
 using LaunchContext = std::unique_ptr<_GAppLaunchContext, ReleaseLaunchContext>;
 
-/// The surroundings that GIO launches in: this program's own, without what was meant for its own
-/// start, and with a notice for every application that says it will answer one. The notices must
-/// outlive the context. For one thread at a time.
+/// The environment that GIO launches in: this program's own, without its startup identifiers, and
+/// with a startup notice for every application that supports them. The notices must outlive the
+/// context. For one thread at a time.
 [[nodiscard]] LaunchContext makeLaunchContext(const StartNotices &notices);
 
 } // namespace perchly

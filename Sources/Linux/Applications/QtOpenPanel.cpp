@@ -12,7 +12,7 @@ namespace perchly {
 
 namespace {
 
-/// Takes a folder for an answer, which the usual dialog would go into.
+/// Accepts a folder as a choice, where QFileDialog would open it.
 class AnyFileDialog : public QFileDialog {
 public:
     using QFileDialog::QFileDialog;
@@ -63,7 +63,7 @@ public:
         , m_completion(std::move(completion)) {
         QObject::connect(m_dialog.get(), &QFileDialog::finished, &m_receiver,
                          [this](int result) { finish(result); });
-        m_dialog->winId(); // it has a window from here on
+        m_dialog->winId(); // makes the window
         m_dialog->windowHandle()->setTransientParent(QGuiApplication::focusWindow());
         m_dialog->open();
     }

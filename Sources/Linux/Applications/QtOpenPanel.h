@@ -4,9 +4,9 @@
 
 namespace perchly {
 
-/// The toolkit's file dialog, which is the desktop's own where the desktop lends it to the toolkit
-/// (by its theme plugin or its portal). A choice among files and folders alike is one that no
-/// desktop's dialog knows; there the toolkit draws it. Needs a QApplication and a window system.
+/// QFileDialog, which shows the desktop's dialog where Qt has a theme plugin or portal for it. No
+/// desktop's dialog can choose files and folders alike, so Qt draws that one. Needs a QApplication
+/// and a window system.
 class QtOpenPanel : public OpenPanel {
 public:
     [[nodiscard]] Task ask(const Request &request, Completion completion) override;

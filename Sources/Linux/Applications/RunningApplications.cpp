@@ -1,23 +1,19 @@
 #include "RunningApplications.h"
 
 #include "ApplicationFolders.h"
-#include "DesktopUnit.h"
+#include "GioOwned.h"
 
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <gio/gdesktopappinfo.h>
-
-#include <memory>
 
 namespace perchly {
 
 namespace {
 
-struct Release {
-    void operator()(GDesktopAppInfo *entry) const { g_object_unref(entry); }
-};
-using Entry = std::unique_ptr<GDesktopAppInfo, Release>;
+using Entry = gio::Owned<GDesktopAppInfo>;
 
 /// The number may be "self".
 QByteArray processFile(const QString &number, const char *name) {
@@ -25,7 +21,7 @@ QByteArray processFile(const QString &number, const char *name) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// The entry's path, which a launched program and all its children carry.
+/// The entry's path, which a launched program and all its children have in their environment.
 QString launchedEntry(std::int32_t pid) {
     QString path;
     bool isItself = false;
@@ -69,6 +65,17 @@ std::optional<RunningApplication> described(const Entry &entry) {
 }
 
 } // namespace
+
+QString desktopUnitName(const QByteArray &groups, const QByteArray &ownGroups) {
+    if (groups == ownGroups) {
+        return {};
+    }
+    // app-gnome-NAME-123.scope or app-NAME@456.service. Dashes of the name are written as \x2d.
+    static const QRegularExpression unit(
+        QStringLiteral("/app-(?:[^-/]+-)?([^-/@]+)(?:-\\d+\\.scope|(?:@[^/]*)?\\.service)$"));
+    QString name = unit.match(QString::fromUtf8(groups).trimmed()).captured(1);
+    return name.replace(QStringLiteral("\\x2d"), QStringLiteral("-"));
+}
 
 std::optional<RunningApplication> findRunningApplication(std::optional<std::int32_t> pid,
                                                          const QStringList &names) {

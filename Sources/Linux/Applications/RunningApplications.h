@@ -2,6 +2,7 @@
 
 #include "AudioSystem.h"
 
+#include <QByteArray>
 #include <QStringList>
 
 #include <cstdint>
@@ -9,11 +10,16 @@
 
 namespace perchly {
 
-/// The installed application that the process is: by the desktop entry with which the desktop
-/// started it, or by the first of the names that is one's; by the names alone where the system's
-/// number of the process is not known. Nothing when it is none, or one that is not shown to people.
-/// An entry outside the data folders is ignored. Reads files, so it may block. Any thread.
+/// The installed application that a process belongs to: by the desktop entry that it was launched
+/// from, by its systemd unit, or by the first of the names that is one's; by the names alone
+/// without a PID. Nothing when it is none, or one that menus do not show. An entry outside the data
+/// folders is ignored. Reads files, so it may block. Any thread.
 [[nodiscard]] std::optional<RunningApplication>
 findRunningApplication(std::optional<std::int32_t> pid, const QStringList &names);
+
+/// The name of the desktop entry in the systemd unit of a process, by its and our own
+/// /proc/PID/cgroup. Empty when it is in no such unit, or in ours: programs that we start stay
+/// there. Any thread.
+[[nodiscard]] QString desktopUnitName(const QByteArray &groups, const QByteArray &ownGroups);
 
 } // namespace perchly

@@ -6,13 +6,13 @@
 
 namespace perchly {
 
-/// Tells the desktop that a program is on its way, so that it can show that something happens and
-/// let the program's window come to the front. Both are called on any thread; either may be empty.
+/// Tells the desktop that a program is starting, so that it can show that and raise the program's
+/// window. Both are called on any thread; either may be empty.
 struct StartNotices {
-    /// With the program's name for people, in UTF-8; returns what the program is given to say that
-    /// it is there, or nothing when there is nobody to tell.
+    /// Takes the program's name in UTF-8; returns the startup identifier for its environment, or
+    /// nothing when no desktop listens.
     std::function<QByteArray(const QByteArray &name)> begin = {};
-    /// The program will not come.
+    /// The program failed to start.
     std::function<void(const QByteArray &identifier)> withdraw = {};
 };
 

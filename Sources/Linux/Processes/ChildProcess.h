@@ -1,59 +1,82 @@
 #pragma once
 
 #include <QByteArray>
+#include <QObject>
+#include <QProcess>
 #include <QStringList>
+#include <QTimer>
 
-#include <atomic>
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <optional>
 
 namespace perchly {
 
-/// Asks a child process that another thread waits for to end. Any thread.
-class StopRequest {
-public:
-    StopRequest();
-    ~StopRequest();
-    StopRequest(const StopRequest &) = delete;
-    StopRequest &operator=(const StopRequest &) = delete;
-
-    void send() const;
-    /// The same, and the child is to end, whatever was agreed for a stop.
-    void sendEnd();
-    /// Readable once it was sent.
-    [[nodiscard]] int descriptor() const { return m_descriptor; }
-    [[nodiscard]] bool endsChild() const { return m_endsChild; }
-
-private:
-    int m_descriptor;
-    std::atomic<bool> m_endsChild = false;
-};
-
 struct ChildLimits {
     std::optional<std::chrono::milliseconds> time = std::nullopt;
-    qsizetype mostOutput = 0; ///< in bytes
-    /// From asking the child to end until it is killed.
-    std::chrono::milliseconds grace{500};
+    qsizetype mostOutput = 0;             ///< in bytes; with 0, the output goes nowhere
+    std::chrono::milliseconds grace{500}; ///< from SIGTERM to SIGKILL
 };
 
-/// What becomes of the child when the waiting is asked to stop. One that goes beyond a limit is
-/// ended in any case.
+/// What happens to a child whose task is destroyed. A child that exceeds a limit is always ended.
 enum class OnStop { EndChild, LeaveChild };
 
 struct ChildResult {
-    /// The exit status. Nothing if the child could not be started, was ended by a signal, went
-    /// beyond a limit, or was not waited for.
+    /// The exit status; nothing if the child did not start or was ended by a signal.
     std::optional<int> status;
     QByteArray output;
 };
 
-/// Runs a program and waits for it, its input and errors connected to nothing, and gives its exit
-/// status and standard output. A process that is ended is asked first, killed some time later, and
-/// gone afterwards; if it leads a group, all processes in that are. What its own children hold open
-/// is not waited for. Blocks: for any thread but the main one.
-[[nodiscard]] ChildResult runChild(const QString &program, const QStringList &arguments,
-                                   const ChildLimits &limits, const StopRequest &stop,
-                                   OnStop onStop = OnStop::EndChild);
+/// One child process in a session of its own, without input and stderr. It does not wait for
+/// whatever keeps the child's output open after its exit. Main thread only.
+class ChildProcess : public QObject {
+    Q_OBJECT
+public:
+    using Completion = std::function<void(const ChildResult &result)>;
+
+    struct Command {
+        QString program; ///< an absolute path
+        QStringList arguments;
+    };
+
+    ChildProcess(Command command, const ChildLimits &limits, OnStop onStop, Completion completion,
+                 QObject *parent);
+    /// Ends a child that is not to be left alone, and waits for its end.
+    ~ChildProcess() override;
+
+    [[nodiscard]] bool isWaiting() const { return m_state == State::Waiting; }
+    [[nodiscard]] bool isRunning() const {
+        return m_state == State::Running || m_state == State::Ending;
+    }
+
+    void start();
+
+    /// Sends SIGTERM to the session, and SIGKILL after the grace time. The completion is called
+    /// when the child has exited.
+    void end();
+
+    /// Drops the completion, and does with the child what was agreed.
+    void abandon();
+
+Q_SIGNALS:
+    /// The child has exited; this object deletes itself. The completion is called next.
+    void exited();
+
+private:
+    enum class State { Waiting, Running, Ending, Exited };
+
+    void readOutput();
+    void finish();
+
+    const Command m_command;
+    const ChildLimits m_limits;
+    const OnStop m_onStop;
+    Completion m_completion;
+    QByteArray m_output;
+    State m_state = State::Waiting;
+    QTimer m_limit;
+    std::unique_ptr<QProcess> m_process = std::make_unique<QProcess>();
+};
 
 } // namespace perchly

@@ -1,58 +1,50 @@
 #include "ChildRuns.h"
 
-#include <memory>
+#include <QPointer>
 
 namespace perchly {
 
 namespace {
 
-class ChildRun : public ScheduledTask {
+class ChildTask : public ScheduledTask {
 public:
-    ChildRun() = default;
-    ~ChildRun() override { m_stop->send(); }
-
-    [[nodiscard]] std::shared_ptr<StopRequest> stop() const { return m_stop; }
+    explicit ChildTask(ChildProcess *child)
+        : m_child(child) {}
+    ~ChildTask() override {
+        if (m_child) {
+            m_child->abandon();
+        }
+    }
 
 private:
-    std::shared_ptr<StopRequest> m_stop = std::make_shared<StopRequest>();
+    QPointer<ChildProcess> m_child;
 };
 
 } // namespace
 
-ChildRuns::ChildRuns(int mostAtOnce) {
-    m_pool.setMaxThreadCount(mostAtOnce);
-    m_pool.setExpiryTimeout(10'000);
-}
-
 Task ChildRuns::run(const QString &program, const QStringList &arguments, const ChildLimits &limits,
                     OnStop onStop, Completion completion) {
-    auto task = std::make_unique<ChildRun>();
-    // The thread knows the request for as long as it needs it; the answer knows whether the task,
-    // which holds the other reference, is still wanted.
-    const std::weak_ptr<StopRequest> wanted = task->stop();
-    std::erase_if(m_stops, [](const auto &stop) { return stop.expired(); });
-    m_stops.push_back(wanted);
-    m_pool.start([this, program, arguments, limits, onStop, stop = task->stop(), wanted,
-                  completion = std::move(completion)]() mutable {
-        auto result = runChild(program, arguments, limits, *stop, onStop);
-        stop.reset();
-        QMetaObject::invokeMethod(
-            &m_receiver,
-            [wanted, result = std::move(result), completion = std::move(completion)] {
-                if (!wanted.expired()) {
-                    completion(result);
-                }
-            },
-            Qt::QueuedConnection);
-    });
-    return task;
+    auto *child =
+        new ChildProcess({program, arguments}, limits, onStop, std::move(completion), &m_children);
+    QObject::connect(child, &ChildProcess::exited, &m_children, [this] { startWaiting(); });
+    QMetaObject::invokeMethod(
+        &m_children, [this] { startWaiting(); }, Qt::QueuedConnection);
+    return std::make_unique<ChildTask>(child);
 }
 
 void ChildRuns::endAll() {
-    for (const auto &weak : m_stops) {
-        if (const auto stop = weak.lock()) {
-            stop->sendEnd();
+    for (auto *child : m_children.findChildren<ChildProcess *>()) {
+        child->end();
+    }
+}
+
+void ChildRuns::startWaiting() {
+    int running = 0;
+    for (auto *child : m_children.findChildren<ChildProcess *>()) { // the oldest first
+        if (child->isWaiting() && running < m_maxAtOnce) {
+            child->start();
         }
+        running += child->isRunning() ? 1 : 0;
     }
 }
 

@@ -3,26 +3,20 @@
 #include "ChildProcess.h"
 #include "Clock.h"
 
-#include <QObject>
-#include <QThreadPool>
-
-#include <functional>
-#include <memory>
-#include <vector>
-
 namespace perchly {
 
-/// Child processes, each watched by a pool thread of its own. Main thread only.
+/// Child processes of one kind. Main thread only.
 class ChildRuns {
 public:
-    /// Called once in the thread that made this object, never before `run` has returned.
-    using Completion = std::function<void(const ChildResult &result)>;
+    /// Called once, never before `run` has returned.
+    using Completion = ChildProcess::Completion;
 
-    /// More runs than `mostAtOnce` wait for their turn.
-    explicit ChildRuns(int mostAtOnce);
+    /// More runs than `maxAtOnce` wait for their turn.
+    explicit ChildRuns(int maxAtOnce)
+        : m_maxAtOnce(maxAtOnce) {}
 
-    /// Destroying the task stops the run, and its completion is not called any more. This object
-    /// outlives the task.
+    /// The program is an absolute path. Destroying the task stops the run, and its completion is
+    /// not called any more. This object outlives the task.
     [[nodiscard]] Task run(const QString &program, const QStringList &arguments,
                            const ChildLimits &limits, OnStop onStop, Completion completion);
 
@@ -30,9 +24,10 @@ public:
     void endAll();
 
 private:
-    std::vector<std::weak_ptr<StopRequest>> m_stops;
-    QObject m_receiver; ///< completions run in its thread, as long as it lives
-    QThreadPool m_pool; ///< destroyed first: it waits for the threads
+    void startWaiting();
+
+    const int m_maxAtOnce;
+    QObject m_children;
 };
 
 } // namespace perchly

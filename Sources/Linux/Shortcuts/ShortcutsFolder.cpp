@@ -1,12 +1,16 @@
 #include "ShortcutsFolder.h"
 
-#include <cerrno>
-#include <cstdlib>
-#include <fstream>
+#include "WholeFile.h"
 
-namespace perchly::shortcuts {
+#include <QCollator>
+#include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QStandardPaths>
 
-namespace fs = std::filesystem;
+#include <algorithm>
+
+namespace perchly::shortcutsfolder {
 
 namespace {
 
@@ -28,64 +32,61 @@ constexpr const char *example =
     "# A first shortcut: shows a greeting where the desktop shows notifications.\n"
     "exec notify-send \"Hello\" \"This is your first shortcut.\"\n";
 
-fs::path environmentFolder(const char *name) {
-    const char *value = std::getenv(name);
-    const fs::path folder(value != nullptr ? value : "");
-    return folder.is_absolute() ? folder : fs::path(); // a relative one is to be ignored
-}
-
-/// Leaves no part of a file. Empty, or why it failed.
-std::string write(const fs::path &path, const char *text) {
-    std::error_code failure;
-    if (fs::exists(path, failure)) {
-        return {};
-    }
-    std::ofstream file(path);
-    file << text;
-    file.close();
-    if (file) {
-        return {};
-    }
-    failure.assign(errno, std::generic_category());
-    std::string reason = failure.message();
-    fs::remove(path, failure);
-    return reason;
+QString nameOf(QString fileName) {
+    // An extension has at least one letter, unlike the end of "Version 1.2".
+    static const QRegularExpression extension(
+        QStringLiteral("\\.(?=[0-9]*[A-Za-z])[0-9A-Za-z]{1,8}$"));
+    return fileName.remove(extension);
 }
 
 } // namespace
 
-fs::path folder() {
-    fs::path data = environmentFolder("XDG_DATA_HOME");
-    if (data.empty()) {
-        data = environmentFolder("HOME") / ".local/share";
-    }
-    return data / "perchly/shortcuts";
+QString path() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/perchly/shortcuts");
 }
 
-std::string prepareFolder() {
-    std::error_code failure;
-    const fs::path place = folder();
-    if (fs::is_directory(place, failure)) {
+std::optional<QList<Shortcut>> list() {
+    const QFileInfo place(path());
+    if (place.exists() && !(place.isDir() && place.isReadable())) {
+        return std::nullopt;
+    }
+    QList<Shortcut> shortcuts;
+    const auto files =
+        QDir(place.filePath()).entryInfoList(QDir::Files | QDir::Executable, QDir::Name);
+    for (const QFileInfo &file : files) {
+        const QString fileName = file.fileName();
+        if (!fileName.endsWith(u'~') && !fileName.contains(u'\n') && !fileName.contains(u'\r')) {
+            shortcuts.append({nameOf(fileName), file.filePath()});
+        }
+    }
+    const QCollator order;
+    std::ranges::stable_sort(shortcuts, [&order](const Shortcut &one, const Shortcut &other) {
+        return order.compare(one.name, other.name) < 0;
+    });
+    const auto repeated = std::ranges::unique(shortcuts, {}, &Shortcut::name);
+    shortcuts.erase(repeated.begin(), repeated.end());
+    return shortcuts;
+}
+
+QString prepare() {
+    const QDir folder(path());
+    if (folder.exists()) {
         return {};
     }
-    fs::create_directories(place, failure);
-    if (failure) {
-        return failure.message();
+    const QString help = folder.filePath(QStringLiteral("How to make a shortcut.txt"));
+    const QString first = folder.filePath(QStringLiteral("Say hello.sh"));
+    QString error = wholefile::replace(help, explanation, wholefile::Durability::System);
+    if (error.isEmpty()) {
+        error = wholefile::replace(first, example, wholefile::Durability::System);
     }
-    fs::permissions(place, fs::perms::owner_all, failure);
-    const fs::path help = place / "How to make a shortcut.txt";
-    const fs::path first = place / "Say hello.sh";
-    std::string reason = write(help, explanation);
-    if (reason.empty()) {
-        reason = write(first, example);
+    if (!error.isEmpty()) {
+        QFile::remove(help);
+        QDir().rmdir(folder.path()); // so that the next call makes all of it
+        return error;
     }
-    if (!reason.empty()) {
-        fs::remove(help, failure);
-        fs::remove(place, failure); // so that the next time makes all of it
-        return reason;
-    }
-    fs::permissions(first, fs::perms::owner_all, failure);
+    QFile::setPermissions(first, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     return {};
 }
 
-} // namespace perchly::shortcuts
+} // namespace perchly::shortcutsfolder

@@ -1,16 +1,28 @@
 #pragma once
 
-#include <filesystem>
-#include <string>
+#include <QList>
+#include <QString>
 
-/// Where the person's shortcuts are. Any thread; blocks on the file system.
-namespace perchly::shortcuts {
+#include <optional>
 
-/// The absolute path of the folder, whether it exists or not.
-[[nodiscard]] std::filesystem::path folder();
+/// The folder of the user's shortcuts. Any thread; all but path() read or write files.
+namespace perchly::shortcutsfolder {
 
-/// Makes the folder, if there is none, and then a first shortcut and an explanation in it. Gives
-/// the reason when it cannot be made.
-[[nodiscard]] std::string prepareFolder();
+struct Shortcut {
+    QString name; ///< in one line
+    QString file; ///< absolute path
+};
 
-} // namespace perchly::shortcuts
+/// The absolute path, whether the folder exists or not.
+[[nodiscard]] QString path();
+
+/// The executable files, sorted by name. A name is the file's name without its extension; of two
+/// files with the same name, only the first counts. Hidden files, backups ending in "~" and names
+/// of several lines are left out. Empty if there is no folder; nothing if it cannot be read.
+[[nodiscard]] std::optional<QList<Shortcut>> list();
+
+/// Makes the folder if there is none, with an explanation and a first shortcut in it. Returns the
+/// empty string, or the reason if it fails.
+[[nodiscard]] QString prepare();
+
+} // namespace perchly::shortcutsfolder

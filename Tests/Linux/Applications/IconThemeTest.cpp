@@ -3,11 +3,8 @@
 #include "TestFiles.h"
 
 #include <QTemporaryDir>
-#include <QThreadPool>
 
 #include <sys/stat.h>
-
-#include <atomic>
 
 namespace perchly {
 
@@ -26,44 +23,31 @@ private Q_SLOTS:
               "[Icon Theme]\nDirectories=64x64/apps\n[64x64/apps]\nSize=64\n");
     }
 
-    void theBestFileIsFound_data() {
-        QTest::addColumn<QStringList>("files");
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<int>("side");
-        QTest::addColumn<QString>("found");
-        const auto row = [](const char *sentence, const QStringList &files, const char *name,
-                            int side, const char *found) {
-            QTest::newRow(sentence)
-                << files << QString::fromLatin1(name) << side << QString::fromLatin1(found);
+    void bestFileIsFound() {
+        struct Row {
+            const char *files;
+            const char *name;
+            int side;
+            const char *found;
         };
-        const auto list = [](const char *files) {
-            return QString::fromLatin1(files).split(QLatin1Char(' '));
-        };
-        const QStringList sizes = list("Shine/16/apps/a.png Shine/48/apps/a.png");
-        row("rather too large than too small", sizes, "a", 30, "Shine/48/apps/a.png");
-        row("an ending in the name does not count", sizes, "a.png", 16, "Shine/16/apps/a.png");
-        row("a picture for every size", list("Shine/16/apps/a.png Shine/any/apps/a.svg"), "a", 100,
-            "Shine/any/apps/a.svg");
-        row("the theme's own before an inherited one",
-            list("Plain/32/apps/a.png Shine/16/apps/a.png"), "a", 32, "Shine/16/apps/a.png");
-        row("an inherited one before the common one",
-            list("Plain/32/apps/a.png hicolor/64x64/apps/a.png"), "a", 64, "Plain/32/apps/a.png");
-        row("the common one", list("hicolor/64x64/apps/org.x.App.png"), "org.x.App", 50,
-            "hicolor/64x64/apps/org.x.App.png");
-        row("one outside of all themes", list("a.xpm"), "a", 50, "a.xpm");
-        row("no way out of the folders", list("a.png"), "../a", 50, "");
-    }
-
-    void theBestFileIsFound() {
-        QFETCH(QStringList, files);
-        QFETCH(QString, name);
-        QFETCH(int, side);
-        QFETCH(QString, found);
-        for (const QString &file : files) {
-            write(file.toLatin1().constData(), "");
+        const char *sizes = "Shine/16/apps/a.png Shine/48/apps/a.png";
+        for (const Row &row : {
+                 Row{sizes, "a", 30, "Shine/48/apps/a.png"}, // rather too large than too small
+                 Row{sizes, "a.png", 16, "Shine/16/apps/a.png"},
+                 Row{"Shine/16/apps/b.png Shine/any/apps/b.svg", "b", 100, "Shine/any/apps/b.svg"},
+                 Row{"Plain/32/apps/c.png Shine/16/apps/c.png", "c", 32, "Shine/16/apps/c.png"},
+                 Row{"Plain/32/apps/d.png hicolor/64x64/apps/d.png", "d", 64,
+                     "Plain/32/apps/d.png"},
+                 Row{"e.xpm", "e", 50, "e.xpm"},
+                 Row{"f.png", "../f", 50, ""},
+             }) {
+            for (const QByteArray &file : QByteArray(row.files).split(' ')) {
+                write(file.constData(), "");
+            }
+            IconTheme theme(QStringLiteral("Shine"), {m_folder->path()});
+            const QString found = theme.file(QString::fromLatin1(row.name), row.side);
+            QCOMPARE(found.mid(m_folder->path().size() + 1), QString::fromLatin1(row.found));
         }
-        IconTheme theme(QStringLiteral("Shine"), {m_folder->path()});
-        QCOMPARE(theme.file(name, side), found.isEmpty() ? found : m_folder->filePath(found));
     }
 
     void picturesFitTheSize() {
@@ -79,45 +63,22 @@ private Q_SLOTS:
         QCOMPARE(drawn.pixelColor(99, 99), QColor(Qt::red));
     }
 
-    void whatCannotBeReadHasNoPicture() {
-        write("broken.png", "no picture");
-        write("app.desktop", "[Desktop Entry]\nType=Application\nName=A\nIcon=broken\n");
-        write("torn.desktop", "\0\1\2");
-        const QString pipe = m_folder->filePath(QStringLiteral("pipe.png"));
-        QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
-        IconTheme theme({}, {m_folder->path()});
-        QVERIFY(theme.image(QStringLiteral("broken"), 50).isNull());
-        QVERIFY(theme.image(QStringLiteral("pipe"), 50).isNull());
-        GioApplications applications;
-        for (const char *entry : {"app", "torn", "missing"}) {
-            const QString path =
-                m_folder->filePath(QString::fromLatin1(entry)) + QStringLiteral(".desktop");
-            QVERIFY2(applications.icon(path, 50).isNull(), entry);
-        }
-    }
-
-    void picturesAreReadOnManyThreadsAtOnce() {
-        write("hicolor/64x64/apps/themed.png", ""); // makes the folder
-        save("hicolor/64x64/apps/themed.png", {64, 64});
-        IconTheme theme(QStringLiteral("Shine"), {m_folder->path()});
-        std::atomic<int> read = 0;
-        QThreadPool pool;
-        for (int round = 0; round < 40; ++round) {
-            pool.start([&] {
-                read += theme.image(QStringLiteral("themed"), 64).size() == QSize(64, 64) ? 1 : 0;
-            });
-        }
-        pool.waitForDone();
-        QCOMPARE(read, 40);
-    }
-
-    void anEntrysPictureIsRead() {
+    void pictureOfAnEntryIsRead() {
         save("mine.png", {64, 64});
-        write("mine.desktop",
-              "[Desktop Entry]\nType=Application\nName=A\nExec=not-installed\nIcon=" +
-                  m_folder->filePath(QStringLiteral("mine.png")).toUtf8() + '\n');
-        const QString entry = m_folder->filePath(QStringLiteral("mine.desktop"));
-        QCOMPARE(GioApplications().icon(entry, 32).size(), QSize(32, 32));
+        write("broken.png", "no picture");
+        QCOMPARE(mkfifo(QFile::encodeName(m_folder->filePath(QStringLiteral("pipe.png"))), 0600),
+                 0);
+        GioApplications applications;
+        for (const char *name : {"mine", "broken", "pipe", "missing"}) {
+            const QByteArray picture =
+                m_folder->filePath(QString::fromLatin1(name)).toUtf8() + ".png";
+            write("a.desktop", "[Desktop Entry]\nName=A\nExec=not-installed\nIcon=" + picture);
+            const QSize size =
+                applications.icon(m_folder->filePath(QStringLiteral("a.desktop")), 32).size();
+            QCOMPARE(size, qstrcmp(name, "mine") == 0 ? QSize(32, 32) : QSize(0, 0));
+        }
+        write("a.desktop", "torn");
+        QVERIFY(applications.icon(m_folder->filePath(QStringLiteral("a.desktop")), 32).isNull());
     }
 
 private:

@@ -1,0 +1,104 @@
+#include "FolderShortcutsTool.h"
+#include "FullDisk.h"
+#include "TestFiles.h"
+
+#include <algorithm>
+
+using namespace perchly;
+
+class ShortcutsTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() {
+        QFile::remove(m_folder.path()); // one test makes a file of it
+        m_folder.removeRecursively();
+        QFile::remove(m_mark);
+        qputenv("MARK", QFile::encodeName(m_mark));
+        QCOMPARE(m_tool.folder(), m_folder.path());
+    }
+
+    void executableFilesAreListed() {
+        QCOMPARE(result({QStringLiteral("list")}), "0 ");
+        for (const char *file : {"b.sh", "Ä ö.py", "a", "a.py", "Version 1.2", "a.b.sh", "100%.sh",
+                                 ".hidden", "backup~", "two\nlines", "שלום.sh"}) {
+            writeProgram(m_folder.filePath(QString::fromUtf8(file)), {});
+        }
+        writeFile(m_folder.filePath(QStringLiteral("not executable")), {});
+        m_folder.mkdir(QStringLiteral("a folder"));
+        QFile::link(QStringLiteral("nowhere"), m_folder.filePath(QStringLiteral("broken link")));
+        QByteArrayList names = result({QStringLiteral("list")}).mid(2).trimmed().split('\n');
+        QVERIFY(names.indexOf("a") < names.indexOf("b"));
+        std::ranges::sort(names);
+        QCOMPARE(names, QByteArrayList({"100%", "Version 1.2", "a", "a.b", "b", "Ä ö", "שלום"}));
+    }
+
+    void runGivesTheStatusOfTheShortcut() {
+        const QString file = m_folder.filePath(QStringLiteral("x.sh"));
+        writeProgram(file, {});
+        for (const auto &[script, expected] : {
+                 std::pair("#!/bin/sh\n[ \"$PWD\" = \"$HOME\" ] && echo home > $MARK\n", "0 home"),
+                 std::pair("echo no interpreter > $MARK; exit 4\n", "4 no interpreter"),
+                 std::pair("#!/bin/sh\nhead -c 1M /dev/zero; cat > $MARK; exit 5\n", "5 "),
+                 std::pair("#!/bin/sh\nkill -9 $$\n", "-1 "),
+             }) {
+            writeFile(file, script);
+            QCOMPARE(result({QStringLiteral("run"), QStringLiteral("x")}), expected);
+        }
+        QCOMPARE(result({QStringLiteral("run"), QStringLiteral("../shortcuts/x")}), "1 ");
+    }
+
+    void stopEndsTheShortcut() {
+        writeProgram(m_folder.filePath(QStringLiteral("x")), "echo $$ > $MARK; sleep 60 & wait\n");
+        int status = 0;
+        const Task task =
+            m_tool.execute({QStringLiteral("run"), QStringLiteral("x")},
+                           [&](const ShortcutsTool::Result &result) { status = result.status; });
+        QTRY_VERIFY(!readFile(m_mark).isEmpty());
+        m_tool.stopRuns();
+        QTRY_COMPARE(status, -1);
+    }
+
+    void folderIsMadeOnceWithAFirstShortcut() {
+        {
+            const FullDisk fullDisk;
+            QVERIFY(prepare().startsWith(QStringLiteral("The shortcuts folder cannot be made: ")));
+        }
+        QCOMPARE(prepare(), QString());
+        QCOMPARE(result({QStringLiteral("list")}), "0 Say hello");
+        QVERIFY(m_folder.remove(QStringLiteral("Say hello.sh")));
+        QCOMPARE(prepare(), QString());
+        QCOMPARE(result({QStringLiteral("list")}), "0 ");
+        init();
+        QVERIFY(QFile(m_folder.path()).open(QIODevice::WriteOnly));
+        QVERIFY(!prepare().isEmpty());
+        QCOMPARE(result({QStringLiteral("list")}), "1 ");
+    }
+
+private:
+    /// The status, and the output or what the shortcut wrote.
+    QByteArray result(const QStringList &arguments) {
+        std::optional<ShortcutsTool::Result> got;
+        const Task task =
+            m_tool.execute(arguments, [&](const ShortcutsTool::Result &result) { got = result; });
+        if (!QTest::qWaitFor([&] { return got.has_value(); })) {
+            return "nothing";
+        }
+        return QByteArray::number(got->status) + ' ' +
+               (got->output.toUtf8() + readFile(m_mark)).trimmed();
+    }
+    QString prepare() {
+        std::optional<QString> error;
+        m_tool.prepareFolder([&](const QString &why) { error = why; });
+        return QTest::qWaitFor([&] { return error.has_value(); }) ? *error
+                                                                  : QStringLiteral("nothing");
+    }
+
+    const QDir m_data{qEnvironmentVariable("XDG_DATA_HOME")};
+    QDir m_folder{m_data.filePath(QStringLiteral("perchly/shortcuts"))};
+    const QString m_mark = m_data.filePath(QStringLiteral("mark"));
+    FolderShortcutsTool m_tool;
+};
+
+QTEST_GUILESS_MAIN(ShortcutsTest)
+#include "ShortcutsTest.moc"
