@@ -4,54 +4,43 @@
 #include <QTimer>
 
 #include <functional>
-#include <map>
-#include <memory>
 #include <mutex>
 #include <set>
 #include <string>
 
 namespace perchly {
 
-/// Tells when files of one kind come, change or go in a set of folders, by the kernel's own events:
-/// silent while nothing happens. A folder that is not there is waited for. Where the kernel allows
-/// no more watches, changes go unnoticed.
+/// Tells when files of one kind, or folders, come, change or go in a set of folders, by inotify.
+/// For a folder that does not exist yet, the closest parent folder is watched. Where the kernel
+/// allows no more watches, changes go unnoticed.
 ///
-/// The set is laid down in rounds: what a round does not name is not watched any more after it. One
-/// round at a time, on any thread; everything else on the thread that made the watch.
+/// The set is laid down in rounds: folders that a round does not add are no longer watched after
+/// it. One round at a time, on any thread; everything else on the thread that made the watch.
 class FolderWatch {
 public:
-    /// Called when it was quiet for a moment after a change, or has not been for a while.
-    /// What other files than those with this ending hold does not matter.
-    explicit FolderWatch(std::function<void()> changed, std::string ending = ".desktop");
+    /// Called some moments after a change. Files without this ending do not matter.
+    explicit FolderWatch(std::function<void()> changed, std::string ending);
     ~FolderWatch();
     FolderWatch(const FolderWatch &) = delete;
     FolderWatch &operator=(const FolderWatch &) = delete;
 
     void beginRound();
-    /// Watches the folder, but not those inside it. Name it before looking into it, so that nothing
-    /// is missed.
+    /// Watches the folder, but not those inside it. Add it before reading it, so that no change is
+    /// missed.
     void add(const std::string &folder);
     void endRound();
 
 private:
-    struct Watched {
-        bool folder = false;                ///< of such files, not only on the way to one
-        std::set<std::string> awaited = {}; ///< names of folders that are not there yet
-    };
-
     void readEvents();
-    [[nodiscard]] bool matters(int watch, unsigned mask, const std::string &name);
-    void noteChange();
+    [[nodiscard]] bool matters(int watch, unsigned mask, const std::string &name) const;
 
     const int m_descriptor;
-    std::function<void()> m_changed;
     const std::string m_ending;
     QSocketNotifier m_notifier;
-    QTimer m_quiet;
-    QTimer m_limit;
-    std::mutex m_mutex;               ///< guards the maps
-    std::map<int, Watched> m_watched; ///< by the kernel's number
-    std::map<int, Watched> m_round;   ///< those of the round under way
+    QTimer m_delay;
+    std::mutex m_mutex;      ///< guards the sets
+    std::set<int> m_watches; ///< the kernel's numbers
+    std::set<int> m_round;   ///< those of the round under way
 };
 
 } // namespace perchly

@@ -8,7 +8,6 @@
 #include <QStandardPaths>
 
 #include <cmath>
-#include <utility>
 
 namespace perchly {
 
@@ -31,7 +30,6 @@ JsonPreferences::JsonPreferences(const QString &path, QObject *parent)
         const auto added = m_longValues.try_emplace(key, file).first;
         connect(&added->second, &PreferenceFile::failed, this, &Preferences::failed);
     }
-    moveLongValues();
 }
 
 QString JsonPreferences::defaultPath() {
@@ -39,38 +37,18 @@ QString JsonPreferences::defaultPath() {
         .absoluteFilePath(QStringLiteral("perchly/preferences.json"));
 }
 
-void JsonPreferences::moveLongValues() {
-    QJsonObject settings = m_settings.document();
-    for (auto &[key, file] : m_longValues) {
-        if (settings.contains(key) && !file.document().contains(key)) {
-            file.set(QJsonObject{{key, settings.value(key)}});
-        }
-        if (file.isSaved()) {
-            settings.remove(key);
-        }
-    }
-    if (settings != m_settings.document()) {
-        m_settings.set(settings);
-    }
-}
-
-const PreferenceFile &JsonPreferences::fileOf(const QString &key) const {
-    const auto found = m_longValues.find(key);
-    return found == m_longValues.end() ? m_settings : found->second;
-}
-
-PreferenceFile &JsonPreferences::fileOf(const QString &key) {
-    return const_cast<PreferenceFile &>(std::as_const(*this).fileOf(key));
-}
-
 std::optional<PreferenceValue> JsonPreferences::value(const QString &key) const {
-    return preferenceFromJson(fileOf(key).document().value(key));
+    const auto own = m_longValues.find(key);
+    const bool isOwn = own != m_longValues.end() && own->second.document().contains(key);
+    const PreferenceFile &file = isOwn ? own->second : m_settings;
+    return preferenceFromJson(file.document().value(key));
 }
 
 void JsonPreferences::store(const PreferenceEntries &entries) {
     std::map<PreferenceFile *, QJsonObject> documents;
     for (const auto &[key, value] : entries) {
-        PreferenceFile &file = fileOf(key);
+        const auto own = m_longValues.find(key);
+        PreferenceFile &file = own == m_longValues.end() ? m_settings : own->second;
         QJsonObject &document = documents.try_emplace(&file, file.document()).first->second;
         if (!isNotFinite(value)) {
             document.insert(key, preferenceToJson(value));
@@ -85,19 +63,19 @@ void JsonPreferences::store(const PreferenceEntries &entries) {
 }
 
 void JsonPreferences::removeValue(const QString &key) {
-    bool isRemoved = false;
-    // A long value may still be among the settings, if it could not be moved.
-    for (PreferenceFile *file : {&fileOf(key), &m_settings}) {
-        QJsonObject document = file->document();
-        if (document.contains(key)) {
-            document.remove(key);
-            file->set(document);
-            isRemoved = true;
-        }
+    if (!value(key)) {
+        return;
     }
-    if (isRemoved) {
-        Q_EMIT changed(key);
+    const auto removeFrom = [&key](PreferenceFile &file) {
+        QJsonObject document = file.document();
+        document.remove(key);
+        file.set(document);
+    };
+    removeFrom(m_settings);
+    if (const auto own = m_longValues.find(key); own != m_longValues.end()) {
+        removeFrom(own->second);
     }
+    Q_EMIT changed(key);
 }
 
 } // namespace perchly

@@ -12,15 +12,15 @@ namespace perchly {
 /// beside it "<key>.json" for each of keys::longValues. PreferenceFile.h says how they are written.
 ///
 /// JSON values of other kinds read as absent and stay in the file. A number that is not finite is
-/// not stored: the key keeps what it had, and is announced.
+/// not stored: the key keeps its value, and is announced.
 class JsonPreferences : public Preferences {
     Q_OBJECT
 public:
-    /// The absolute path of the settings. Long values found in there, where earlier versions kept
-    /// them, are moved to their own files.
+    /// The absolute path of the settings. Long values that earlier versions kept in there count as
+    /// long as they have no file of their own.
     explicit JsonPreferences(const QString &path, QObject *parent = nullptr);
 
-    /// "perchly/preferences.json" in the person's configuration folder.
+    /// "perchly/preferences.json" in the user's configuration folder.
     [[nodiscard]] static QString defaultPath();
 
     [[nodiscard]] std::optional<PreferenceValue> value(const QString &key) const override;
@@ -28,9 +28,6 @@ public:
 
 private:
     void store(const PreferenceEntries &entries) override;
-    void moveLongValues();
-    [[nodiscard]] const PreferenceFile &fileOf(const QString &key) const;
-    [[nodiscard]] PreferenceFile &fileOf(const QString &key);
 
     PreferenceFile m_settings;
     std::map<QString, PreferenceFile> m_longValues; ///< by key

@@ -2,11 +2,11 @@
 
 #include "WholeFile.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
 
+#include <chrono>
 #include <cstdio>
 #include <optional>
 #include <utility>
@@ -19,6 +19,7 @@ namespace {
 
 constexpr auto firstRetry = 5s;
 constexpr auto nextRetries = 1min;
+constexpr auto backupPause = 400ms;
 
 void tell(const QString &line) {
     std::fputs(qPrintable(QStringLiteral("perchly: %1\n").arg(line)), stderr);
@@ -38,19 +39,24 @@ std::optional<QJsonObject> parse(const QByteArray &bytes, QString &error) {
 
 PreferenceFile::PreferenceFile(const QString &path)
     : m_path(path)
-    , m_backup(path) {
+    , m_backup(path + QStringLiteral(".bak")) {
     m_retry.setSingleShot(true);
     connect(&m_retry, &QTimer::timeout, this, &PreferenceFile::save);
-    if (const auto *application = QCoreApplication::instance()) {
-        connect(application, &QCoreApplication::aboutToQuit, this, [this] {
-            if (!m_saved) {
-                save();
-            }
-        });
-    }
-    wholefile::removeLeftovers(PreferencesBackup::pathFor(m_path));
-    wholefile::removeLeftovers(wholefile::resolveLinks(m_path));
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(backupPause);
+    connect(&m_pause, &QTimer::timeout, this, &PreferenceFile::backUp);
+    m_pool.setMaxThreadCount(1);
+    m_pool.setExpiryTimeout(5000);
     load();
+}
+
+PreferenceFile::~PreferenceFile() {
+    if (!m_saved) {
+        save();
+    }
+    if (m_pause.isActive()) {
+        backUp();
+    }
 }
 
 void PreferenceFile::load() {
@@ -58,14 +64,11 @@ void PreferenceFile::load() {
     if (!contents.exists) {
         // A user who deleted the file wants the defaults; one who lost it wants the backup, which
         // the first set would replace.
-        const QString backup = PreferencesBackup::pathFor(m_path);
-        if (QFileInfo::exists(backup)) {
-            if (const auto kept = wholefile::setAside(backup)) {
-                QFile::remove(backup);
-                tell(QStringLiteral("no preferences at %1: starting with the defaults, the last "
-                                    "copy is kept as %2")
-                         .arg(m_path, *kept));
-            }
+        if (const auto kept = wholefile::setAside(m_backup)) {
+            QFile::remove(m_backup);
+            tell(QStringLiteral("no preferences at %1: starting with the defaults, the last copy "
+                                "is kept as %2")
+                     .arg(m_path, *kept));
         }
         return;
     }
@@ -82,17 +85,11 @@ void PreferenceFile::load() {
 void PreferenceFile::recover(const QString &reason) {
     m_damaged = true;
     QString ignored;
-    const QString backupPath = PreferencesBackup::pathFor(m_path);
-    const auto backup = wholefile::read(backupPath);
-    const auto document = parse(backup.bytes, ignored);
-    if (document) {
-        m_document = *document;
-    } else if (backup.exists) {
-        (void)wholefile::setAside(backupPath); // it is about to be replaced
-    }
+    const auto copy = parse(wholefile::read(m_backup).bytes, ignored);
+    m_document = copy.value_or(QJsonObject());
     tell(QStringLiteral("cannot read the preferences %1: %2; starting with %3")
              .arg(m_path, reason,
-                  document ? QStringLiteral("the last copy") : QStringLiteral("the defaults")));
+                  copy ? QStringLiteral("the last copy") : QStringLiteral("the defaults")));
     save();
 }
 
@@ -111,7 +108,8 @@ void PreferenceFile::save() {
     if (m_saved) {
         m_failureTold = false;
         m_retry.stop();
-        m_backup.keep(bytes);
+        m_written = bytes;
+        m_pause.start();
         return;
     }
     m_retry.start(m_failureTold ? nextRetries : firstRetry);
@@ -124,19 +122,25 @@ void PreferenceFile::save() {
 }
 
 QString PreferenceFile::write(const QByteArray &bytes) {
-    if (bytes.size() > wholefile::maxBytes) {
-        return QStringLiteral("they are larger than 64 MiB");
-    }
-    const QString target = wholefile::resolveLinks(m_path);
-    if (m_damaged && QFileInfo::exists(target)) {
-        const auto kept = wholefile::setAside(target);
+    if (m_damaged && QFileInfo::exists(m_path)) {
+        const auto kept = wholefile::setAside(m_path);
         if (!kept) {
-            return QStringLiteral("what stands there cannot be moved aside");
+            return QStringLiteral("the damaged file cannot be renamed");
         }
-        tell(QStringLiteral("kept what stood there as %1").arg(*kept));
+        tell(QStringLiteral("kept the damaged file as %1").arg(*kept));
     }
     m_damaged = false;
-    return wholefile::replace(target, bytes, wholefile::Durability::System);
+    return wholefile::replace(m_path, bytes, wholefile::Durability::System);
+}
+
+void PreferenceFile::backUp() {
+    m_pool.clear(); // jobs that wait for a slow disk are outdated
+    m_pool.start([file = m_path, backup = m_backup, bytes = std::exchange(m_written, {})] {
+        // Only once the file itself is safe, so that one of the two always is.
+        if (wholefile::flush(file).isEmpty()) {
+            (void)wholefile::replace(backup, bytes, wholefile::Durability::Disk);
+        }
+    });
 }
 
 } // namespace perchly

@@ -1,37 +1,35 @@
 #pragma once
 
-#include "PreferencesBackup.h"
-
+#include <QByteArray>
 #include <QJsonObject>
 #include <QObject>
 #include <QString>
+#include <QThreadPool>
 #include <QTimer>
 
 namespace perchly {
 
 /// One JSON object in one file.
 ///
-/// The file is read once, at construction, and replaced by each set() before that returns; a
-/// background job then brings it to the disk and keeps a backup in case a power cut tears the
-/// newest version. A file that is torn, unreadable or not a JSON object is moved aside under
-/// another name, and the backup, or else an empty object, takes its place. A symbolic link is
-/// written through. Edits by other programs while this one runs are overwritten.
+/// The file is read once, at construction, and replaced by each set() before that returns. After a
+/// pause, a background job flushes it to the disk and then keeps a copy as "file.bak", so that one
+/// of the two survives a power cut. A file that is torn or unreadable is renamed, and the copy, or
+/// else an empty object, takes its place. Edits by other programs while this one runs are
+/// overwritten.
 ///
-/// A write that fails is tried again with the next set, after 5 seconds, then each minute, and at
-/// the end of the application. Problems are reported on stderr: a damaged file once, failing writes
-/// once until one succeeds. Main thread only.
+/// A write that fails is tried again with the next set, after 5 seconds, then each minute, and by
+/// the destructor. Problems are reported on stderr: a damaged file once, failing writes
+/// once until one succeeds. Main thread only; the destructor waits for the disk.
 class PreferenceFile : public QObject {
     Q_OBJECT
 public:
     /// The file's absolute path.
     explicit PreferenceFile(const QString &path);
+    ~PreferenceFile() override;
 
     [[nodiscard]] const QJsonObject &document() const { return m_document; }
-    /// Nothing is written if the file holds that already. What would be too large to be read back
-    /// counts as a failed write.
+    /// Nothing is written if the file holds that already.
     void set(const QJsonObject &document);
-    /// Whether the file holds the document.
-    [[nodiscard]] bool isSaved() const { return m_saved; }
 
 Q_SIGNALS:
     /// A write failed, for that reason, for the first time since one succeeded. Emitted later, from
@@ -43,14 +41,18 @@ private:
     void recover(const QString &reason);
     void save();
     [[nodiscard]] QString write(const QByteArray &bytes);
+    void backUp();
 
-    QString m_path;
+    const QString m_path;
+    const QString m_backup;
     QJsonObject m_document;
-    PreferencesBackup m_backup;
-    bool m_damaged = false; ///< what stands at the path must be moved aside before a write
+    QByteArray m_written;   ///< not backed up yet
+    bool m_damaged = false; ///< the file at the path must be set aside before a write
     bool m_saved = true;
-    QTimer m_retry;
     bool m_failureTold = false;
+    QTimer m_retry;
+    QTimer m_pause; ///< until the backup, as flushing delays the next write
+    QThreadPool m_pool;
 };
 
 } // namespace perchly

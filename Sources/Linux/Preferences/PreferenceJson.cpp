@@ -11,15 +11,8 @@ constexpr QLatin1StringView encodingKey("encoding");
 constexpr QLatin1StringView utf8("utf-8");
 constexpr QLatin1StringView base64("base64");
 
-QJsonValue toJson(bool value) {
-    return value;
-}
-
-QJsonValue toJson(double value) {
-    return value;
-}
-
-QJsonValue toJson(const QString &value) {
+template <class Plain>
+QJsonValue toJson(const Plain &value) {
     return value;
 }
 

@@ -19,8 +19,7 @@ namespace {
 constexpr QLatin1StringView entryName("/autostart/perchly.desktop");
 constexpr const char *enabledKey = "X-GNOME-Autostart-enabled";
 
-/// As one word of a command line in a desktop entry: quoted for the command line, doubled where a
-/// percent sign would begin a field, and escaped for the file.
+/// The path as one word of a desktop entry's Exec key.
 QByteArray commandWord(const QString &program) {
     QByteArray word = QFile::encodeName(program);
     for (const char special : {'\\', '"', '`', '$'}) {
@@ -31,7 +30,7 @@ QByteArray commandWord(const QString &program) {
     word.replace('\n', "\\n");
     word.replace('\r', "\\r");
     word.replace('\t', "\\t");
-    // Some desktops look for the first word as it stands, with the doubled signs.
+    // Some desktops look up the first word without undoing the doubling.
     return (word.contains('%') ? "env \"" : "\"") + word + '"';
 }
 
@@ -50,8 +49,12 @@ AutostartLoginItem::AutostartLoginItem(const QString &program)
     : m_program(program) {}
 
 QString AutostartLoginItem::runningProgram() {
+    const QString program = QCoreApplication::applicationFilePath();
     const QString image = qEnvironmentVariable("APPIMAGE");
-    return QDir::isAbsolutePath(image) ? image : QCoreApplication::applicationFilePath();
+    // A terminal in another AppImage passes on its own variables.
+    const QString folder = QFileInfo(qEnvironmentVariable("APPDIR")).canonicalFilePath();
+    const bool isInImage = !folder.isEmpty() && program.startsWith(folder + u'/');
+    return isInImage && QDir::isAbsolutePath(image) ? image : program;
 }
 
 QString AutostartLoginItem::ownEntry() const {
@@ -72,8 +75,7 @@ bool AutostartLoginItem::isEnabled() const {
 
 LoginItem::Result AutostartLoginItem::write(const QByteArray &entry, Outcome outcome) const {
     const QString path = ownEntry();
-    const QString error =
-        wholefile::replace(wholefile::resolveLinks(path), entry, wholefile::Durability::Disk);
+    const QString error = wholefile::replace(path, entry, wholefile::Durability::Disk);
     if (!error.isEmpty()) {
         return {.message = QStringLiteral("“%1” could not be written: %2.").arg(path, error)};
     }

@@ -4,17 +4,17 @@
 
 namespace perchly {
 
-/// The login item as an entry in the desktop's autostart folders. The person's own folder hides an
-/// entry of the same name in the system's.
+/// The login item as an entry in the autostart folders. The user's own folder hides an entry of the
+/// same name in the system's.
 class AutostartLoginItem : public LoginItem {
 public:
-    /// The program is what an entry made here starts, by its absolute path.
+    /// The absolute path of the program that an entry made here starts.
     explicit AutostartLoginItem(const QString &program);
 
-    /// This program, as the person started it: the image file where it runs from one.
+    /// This program, or the AppImage that it runs from.
     [[nodiscard]] static QString runningProgram();
 
-    /// An entry is there, its program too, and neither the person nor the desktop turned it off.
+    /// An entry and its program exist, and neither the user nor the desktop turned it off.
     [[nodiscard]] bool isEnabled() const override;
     [[nodiscard]] Result registerProgram() override;
     [[nodiscard]] Result unregisterProgram() override;

@@ -4,40 +4,20 @@
 
 #include <canberra.h>
 
-#include <algorithm>
 #include <chrono>
-#include <condition_variable>
-#include <mutex>
-#include <system_error>
+#include <future>
 #include <thread>
 
 namespace perchly {
 
+using namespace std::chrono_literals;
+
 namespace {
 
-/// Waits for the end of one sound.
-class Ending {
-public:
-    void set(int result) {
-        const std::scoped_lock lock(m_mutex);
-        m_result = result;
-        m_changed.notify_all();
-    }
-
-    [[nodiscard]] int wait() {
-        std::unique_lock lock(m_mutex);
-        m_changed.wait_for(lock, std::chrono::seconds(10), [this] { return m_result <= 0; });
-        return std::min(m_result, int(CA_SUCCESS));
-    }
-
-private:
-    std::mutex m_mutex;
-    std::condition_variable m_changed;
-    int m_result = 1;
-};
+constexpr auto maxSoundTime = 10s;
 
 void onFinished(ca_context *, uint32_t, int result, void *data) {
-    static_cast<Ending *>(data)->set(result);
+    static_cast<std::promise<int> *>(data)->set_value(result);
 }
 
 /// Blocks until the sound has been heard; CA_SUCCESS, or why it was not.
@@ -49,70 +29,37 @@ int playAndWait() {
     }
     ca_context_change_props(context, CA_PROP_APPLICATION_NAME, "Perchly", CA_PROP_APPLICATION_ID,
                             "org.perchly.Perchly", nullptr);
-    Ending ending;
+    std::promise<int> promise;
+    std::future<int> finished = promise.get_future();
     ca_proplist *sound = nullptr;
     result = ca_proplist_create(&sound);
     if (result == CA_SUCCESS) {
         ca_proplist_sets(sound, CA_PROP_EVENT_ID, "bell");
         ca_proplist_sets(sound, CA_PROP_CANBERRA_CACHE_CONTROL, "never");
-        result = ca_context_play_full(context, 0, sound, onFinished, &ending);
+        result = ca_context_play_full(context, 0, sound, onFinished, &promise);
         ca_proplist_destroy(sound);
     }
-    if (result == CA_SUCCESS) {
-        result = ending.wait();
+    if (result == CA_SUCCESS && finished.wait_for(maxSoundTime) == std::future_status::ready) {
+        result = finished.get();
     }
-    ca_context_destroy(context); // ends the sound's callbacks before `ending` goes
+    ca_context_destroy(context); // no callback uses `promise` after this
     return result;
 }
 
 } // namespace
 
-struct CanberraAlertSound::State {
-    std::mutex mutex;
-    std::unique_ptr<QObject> receiver = std::make_unique<QObject>();
-    Fallback fallback;
-    bool playing = false;
-};
-
-CanberraAlertSound::CanberraAlertSound()
-    : CanberraAlertSound([] {
-        if (qobject_cast<QGuiApplication *>(QCoreApplication::instance()) != nullptr) {
-            QApplication::beep();
-        }
-    }) {}
-
-CanberraAlertSound::CanberraAlertSound(Fallback fallback)
-    : m_state(std::make_shared<State>()) {
-    m_state->fallback = std::move(fallback);
-}
-
-CanberraAlertSound::~CanberraAlertSound() {
-    const std::scoped_lock lock(m_state->mutex);
-    m_state->receiver.reset();
-}
-
 void CanberraAlertSound::play() {
-    {
-        const std::scoped_lock lock(m_state->mutex);
-        if (std::exchange(m_state->playing, true)) {
-            return;
-        }
+    if (m_playing->exchange(true)) {
+        return;
     }
-    const auto playOnThread = [state = m_state] {
+    // Detached, since a server that never answers must not keep the program from ending.
+    std::thread([playing = m_playing, weak = std::weak_ptr(m_receiver)] {
         const int result = playAndWait();
-        const std::scoped_lock lock(state->mutex);
-        state->playing = false;
-        if (result != CA_SUCCESS && state->receiver) {
-            QMetaObject::invokeMethod(state->receiver.get(), state->fallback, Qt::QueuedConnection);
+        *playing = false;
+        if (const auto receiver = weak.lock(); receiver && result != CA_SUCCESS) {
+            QMetaObject::invokeMethod(receiver.get(), &QApplication::beep, Qt::QueuedConnection);
         }
-    };
-    try {
-        // Detached, since a server that never answers must not keep the program from ending.
-        std::thread(playOnThread).detach();
-    } catch (const std::system_error &) {
-        m_state->playing = false; // no thread to be had, and none that shares the state
-        m_state->fallback();
-    }
+    }).detach();
 }
 
 } // namespace perchly

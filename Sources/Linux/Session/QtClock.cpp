@@ -1,16 +1,19 @@
 #include "QtClock.h"
 
-#include "WallClockTask.h"
-
 #include <QDateTime>
+#include <QSocketNotifier>
 #include <QTimer>
 
 #include <algorithm>
+#include <sys/timerfd.h>
+#include <unistd.h>
 
 namespace perchly {
 
 using namespace std::chrono_literals;
 using std::chrono::milliseconds;
+using std::chrono::nanoseconds;
+using std::chrono::seconds;
 
 namespace {
 
@@ -19,7 +22,7 @@ public:
     TimerTask(milliseconds interval, bool singleShot, Clock::Action action) {
         m_timer.setInterval(std::clamp(interval, singleShot ? 0ms : 1ms, milliseconds(24h * 24)));
         m_timer.setSingleShot(singleShot);
-        // A coarse timer may be early, and people see a delay that is.
+        // A coarse timer may fire early, which users see in short delays.
         m_timer.setTimerType(interval <= 10s ? Qt::PreciseTimer : Qt::CoarseTimer);
         QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [action = std::move(action)] {
             // The action may destroy the task and with it this closure.
@@ -31,6 +34,38 @@ public:
 
 private:
     QTimer m_timer;
+};
+
+/// Runs an action once, from the event loop, when the wall clock reaches a moment, or earlier when
+/// the clock is set or the machine wakes up. It costs one file descriptor and no wake-ups.
+class WallClockTask : public ScheduledTask {
+public:
+    WallClockTask(Clock::TimePoint moment, Clock::Action action)
+        : m_action(std::move(action)) {
+        // Zero would switch the timer off; any moment in the past is due at once.
+        const nanoseconds due =
+            std::max(std::chrono::ceil<nanoseconds>(moment.time_since_epoch()), nanoseconds(1));
+        const seconds whole = std::chrono::floor<seconds>(due);
+        itimerspec when = {};
+        when.it_value.tv_sec = whole.count();
+        when.it_value.tv_nsec = (due - whole).count();
+        ::timerfd_settime(m_timer, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &when, nullptr);
+        // Readable when due or when the clock was set; run the action in both cases.
+        QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier, [this] {
+            m_notifier.setEnabled(false);
+            const auto running = std::move(m_action); // which may destroy the task
+            running();
+        });
+    }
+    ~WallClockTask() override {
+        m_notifier.setEnabled(false);
+        ::close(m_timer);
+    }
+
+private:
+    Clock::Action m_action;
+    const int m_timer = ::timerfd_create(CLOCK_REALTIME, TFD_NONBLOCK | TFD_CLOEXEC);
+    QSocketNotifier m_notifier{m_timer, QSocketNotifier::Read};
 };
 
 Clock::TimePoint startOfDay(Clock::TimePoint moment, qint64 daysLater) {
@@ -62,13 +97,7 @@ Task QtClock::every(milliseconds period, Action action) {
 }
 
 Task QtClock::at(TimePoint moment, Action action) {
-    auto task = std::make_unique<WallClockTask>(moment, action);
-    if (task->isScheduled()) {
-        return task;
-    }
-    // Early is allowed and late is not: without a timer of the system's own, look every minute.
-    const auto left = std::chrono::ceil<milliseconds>(moment - now());
-    return after(std::min<milliseconds>(left, 1min), std::move(action));
+    return std::make_unique<WallClockTask>(moment, std::move(action));
 }
 
 } // namespace perchly

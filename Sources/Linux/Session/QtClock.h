@@ -4,10 +4,9 @@
 
 namespace perchly {
 
-/// The system's time, with timers in the thread's event loop. Nothing wakes up while nothing is
-/// scheduled. Delays of up to ten seconds are exact to about a millisecond, longer ones to a
-/// twentieth of their length, so that the system can wake up once for several. A delay is cut to 24
-/// days.
+/// The system's time, with timers in the thread's event loop. Delays of up to ten seconds are exact
+/// to about a millisecond, longer ones to a twentieth of their length, which saves wake-ups. A
+/// delay is cut to 24 days.
 class QtClock : public Clock {
 public:
     [[nodiscard]] TimePoint now() const override;

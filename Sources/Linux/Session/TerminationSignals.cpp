@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::array handled{SIGTERM, SIGINT, SIGHUP};
 
-// What a handler can reach.
+// A signal handler reaches only globals.
 volatile std::sig_atomic_t eventFile = -1;
 
 void handle(int) {
@@ -27,13 +27,13 @@ void handle(int) {
 void setHandler(int number, void (*handler)(int)) {
     struct sigaction action = {};
     action.sa_handler = handler;
-    // The next one finds what the system does by itself: it ends a program that hangs.
+    // The next signal gets its default action, which ends a program that hangs.
     action.sa_flags = SA_RESTART | int(SA_RESETHAND);
     sigemptyset(&action.sa_mask);
     struct sigaction before = {};
     sigaction(number, nullptr, &before);
-    // What the starter ignores stays ignored, as a hang-up under nohup.
-    if (before.sa_handler != SIG_IGN) { // NOLINT: a macro of the system's
+    // A signal that the parent ignores stays ignored, as SIGHUP under nohup.
+    if (before.sa_handler != SIG_IGN) { // NOLINT: a system macro
         sigaction(number, &action, nullptr);
     }
 }

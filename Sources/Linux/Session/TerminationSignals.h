@@ -4,9 +4,9 @@
 
 namespace perchly {
 
-/// Tells that the process was asked to end by SIGTERM, SIGINT or SIGHUP, so that it can leave
-/// things as they were. The second such signal ends it at once. One object for the process; main
-/// thread only. Other programs that this one starts are not affected.
+/// Tells when SIGTERM, SIGINT or SIGHUP asks the process to end, so that it can clean up. The
+/// second such signal ends it at once. One object for the process; main thread only. Programs that
+/// this one starts are not affected.
 class TerminationSignals : public QObject {
     Q_OBJECT
 public:

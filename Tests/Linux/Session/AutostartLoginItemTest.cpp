@@ -17,18 +17,10 @@ private Q_SLOTS:
         m_program = makeProgram(QStringLiteral("perchly"));
     }
 
-    void startsTheProgramWhateverItsPath_data() {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("a plain one") << QStringLiteral("perchly");
-        QTest::newRow("blanks and quotes") << QStringLiteral("my \"own\" 'perchly'");
-        QTest::newRow("what a shell and a desktop entry would replace")
-            << QStringLiteral("$HOME `x` %U 100% \\s\\");
-    }
-
-    /// The desktop's own library launches what was registered.
+    /// GIO launches the entry.
     void startsTheProgramWhateverItsPath() {
-        QFETCH(const QString, name);
-        AutostartLoginItem item(makeProgram(name));
+        AutostartLoginItem item(
+            makeProgram(QStringLiteral("$HOME `x` %U 100% \\s\\ my \"own\" 'perchly'")));
         QVERIFY(!item.isEnabled());
         const auto result = item.registerProgram();
         QVERIFY2(result.outcome == Outcome::Registered, qPrintable(result.message));
@@ -44,26 +36,14 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(m_entry));
     }
 
-    void respectsWhatTheDesktopSays_data() {
-        QTest::addColumn<QByteArray>("lines");
-        QTest::addColumn<bool>("enabled");
-        QTest::newRow("nothing") << QByteArray() << true;
-        QTest::newRow("hidden") << QByteArray("Hidden=true\n") << false;
-        QTest::newRow("turned off") << QByteArray("X-GNOME-Autostart-enabled=false\n") << false;
-        QTest::newRow("for another desktop") << QByteArray("OnlyShowIn=Elsewhere;\n") << false;
-        QTest::newRow("its program is gone") << QByteArray("TryExec=/nowhere\n") << false;
-        QTest::newRow("broken") << QByteArray("nonsense\n") << false;
-    }
-
-    void respectsWhatTheDesktopSays() {
-        QFETCH(const QByteArray, lines);
-        QFETCH(const bool, enabled);
-        writeFile(m_entry, "[Desktop Entry]\nType=Application\nName=Perchly\nExec=" +
-                               QFile::encodeName(m_program) + "\n" + lines);
+    void entryMayBeTurnedOff() {
         AutostartLoginItem item(m_program);
-        QCOMPARE(item.isEnabled(), enabled);
-        QVERIFY(item.registerProgram().outcome == Outcome::Registered);
-        QVERIFY(item.isEnabled());
+        for (const char *line : {"X-GNOME-Autostart-enabled=false", "TryExec=/nowhere"}) {
+            QVERIFY(item.registerProgram().outcome == Outcome::Registered);
+            QVERIFY(item.isEnabled());
+            writeFile(m_entry, readFile(m_entry).replace("X-GNOME-Autostart-enabled=true", line));
+            QVERIFY(!item.isEnabled());
+        }
     }
 
     void hidesTheEntryOfTheSystem() {
@@ -79,12 +59,20 @@ private Q_SLOTS:
         QVERIFY(item.isEnabled());
     }
 
-    void saysWhyItFailed() {
-        AutostartLoginItem gone(m_config.filePath(QStringLiteral("gone")));
-        QVERIFY(gone.registerProgram().outcome == Outcome::Failed);
-        QVERIFY(gone.registerProgram().message.contains(QStringLiteral("gone")));
+    void onlyAnAppImageAroundThisProgramIsRegistered() {
+        const QString own = QCoreApplication::applicationFilePath();
+        qputenv("APPIMAGE", "/opt/Perchly.AppImage");
+        qputenv("APPDIR", QFile::encodeName(m_config.path()));
+        QCOMPARE(AutostartLoginItem::runningProgram(), own);
+        qputenv("APPDIR", QFile::encodeName(QCoreApplication::applicationDirPath()));
+        QCOMPARE(AutostartLoginItem::runningProgram(), QStringLiteral("/opt/Perchly.AppImage"));
+        qunsetenv("APPIMAGE");
+        QCOMPARE(AutostartLoginItem::runningProgram(), own);
+    }
 
-        // A file in the folder's place.
+    void failuresAreExplained() {
+        AutostartLoginItem gone(m_config.filePath(QStringLiteral("gone")));
+        QVERIFY(gone.registerProgram().message.contains(QStringLiteral("gone")));
         AutostartLoginItem item(m_program);
         writeFile(m_config.filePath(QStringLiteral("autostart")), "a file");
         const auto result = item.registerProgram();
