@@ -22,8 +22,8 @@ class StatusItem {
 public:
     virtual ~StatusItem() = default;
 
-    /// The icon is to show on light and dark panels alike; a desktop that has a symbolic icon for
-    /// the program shows that one instead.
+    /// Call it once. The icon is to show on light and dark panels alike; a desktop that has a
+    /// symbolic icon for the program shows that one instead.
     virtual void show(const QIcon &icon, const QString &accessibleName,
                       const QList<StatusMenuEntry> &menu) = 0;
 };

@@ -4,9 +4,8 @@
 
 namespace perchly {
 
-/// A picture that also bears a name by which panels find their own one: a symbolic icon of the icon
-/// theme, which takes the panel's colour. What panels that do not look for names get is the
-/// picture, unchanged.
+/// A picture with the name of a symbolic icon of the icon theme, which panels may show instead in
+/// their own colour.
 [[nodiscard]] QIcon namedIcon(const QString &name, const QIcon &picture);
 
 } // namespace perchly

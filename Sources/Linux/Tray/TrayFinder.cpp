@@ -81,8 +81,7 @@ void TrayFinder::watchService() {
 }
 
 void TrayFinder::askService() {
-    // The toolkit looks once for each process and takes a service without a panel behind it for
-    // none, so this asks for the panel.
+    // Qt looks for a panel only once, so it must not look before there is one behind the service.
     QDBusMessage call = QDBusMessage::createMethodCall(
         service, path, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
     call << service << QStringLiteral("IsStatusNotifierHostRegistered");

@@ -6,13 +6,11 @@
 #include <QObject>
 #include <QTimer>
 
-class QDBusVariant;
-
 namespace perchly {
 
-/// Waits for a place to put a status icon. Newer panels offer a service on the session bus, older
-/// ones hold a selection of the X display; many have both and start the selection first, so that
-/// the service is given a moment. It waits without waking up. Main thread only.
+/// Waits for a panel that shows status icons. Newer panels offer a service on the session bus,
+/// older ones own an X selection; many do both, selection first, so the service gets a second to
+/// appear. Main thread only.
 class TrayFinder : public QObject, private QAbstractNativeEventFilter {
     Q_OBJECT
 public:
@@ -21,7 +19,7 @@ public:
     ~TrayFinder() override;
 
 Q_SIGNALS:
-    /// There is a place now. Announced once, from the event loop.
+    /// There is a panel now. Emitted once, from the event loop.
     void found();
 
 private Q_SLOTS:

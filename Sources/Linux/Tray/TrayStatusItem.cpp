@@ -11,8 +11,7 @@ namespace perchly {
 
 namespace {
 
-/// The name of the symbolic icon that belongs to the desktop entry; empty if it is not installed
-/// where every icon theme finds it.
+/// The name of the desktop entry's symbolic icon; empty if it is not installed.
 QString symbolicIconName() {
     const QString name = QGuiApplication::desktopFileName() + QStringLiteral("-symbolic");
     const QString file =
@@ -31,47 +30,34 @@ TrayStatusItem::~TrayStatusItem() = default;
 
 void TrayStatusItem::show(const QIcon &icon, const QString &accessibleName,
                           const QList<StatusMenuEntry> &menu) {
-    if (qobject_cast<QApplication *>(QCoreApplication::instance()) == nullptr) {
-        return;
-    }
-    m_icon = icon;
-    m_accessibleName = accessibleName;
-    const bool isShown = m_trayIcon != nullptr;
-    m_trayIcon.reset(); // it shows the old menu
     fillMenu(menu);
-    if (isShown) {
-        makeTrayIcon();
-    } else if (!m_finder) {
-        m_finder = std::make_unique<TrayFinder>(m_bus);
-        QObject::connect(m_finder.get(), &TrayFinder::found, m_finder.get(), [this] {
-            makeTrayIcon();
-            m_finder.release()->deleteLater(); // this is its own signal
-        });
-    }
+    m_finder = std::make_unique<TrayFinder>(m_bus);
+    QObject::connect(m_finder.get(), &TrayFinder::found, &m_menu, [this, icon, accessibleName] {
+        makeTrayIcon(icon, accessibleName);
+        m_finder.release()->deleteLater(); // this is its own signal
+    });
 }
 
 void TrayStatusItem::fillMenu(const QList<StatusMenuEntry> &entries) {
-    m_menu = std::make_unique<QMenu>();
     for (const StatusMenuEntry &entry : entries) {
         QString title = entry.title;
         title.replace(QLatin1Char('&'), QStringLiteral("&&")); // no underlined letters
-        QAction *action = m_menu->addAction(title);
+        QAction *action = m_menu.addAction(title);
         action->setShortcut(entry.shortcut);
         action->setShortcutVisibleInContextMenu(true);
         QObject::connect(action, &QAction::triggered, action, entry.action);
     }
 }
 
-void TrayStatusItem::makeTrayIcon() {
+void TrayStatusItem::makeTrayIcon(const QIcon &icon, const QString &accessibleName) {
     const QString name = symbolicIconName();
-    m_trayIcon =
-        std::make_unique<QSystemTrayIcon>(name.isEmpty() ? m_icon : namedIcon(name, m_icon));
-    m_trayIcon->setToolTip(m_accessibleName);
-    m_trayIcon->setContextMenu(m_menu.get());
-    QObject::connect(m_trayIcon.get(), &QSystemTrayIcon::activated, m_menu.get(),
-                     [menu = m_menu.get()](QSystemTrayIcon::ActivationReason reason) {
+    m_trayIcon = std::make_unique<QSystemTrayIcon>(name.isEmpty() ? icon : namedIcon(name, icon));
+    m_trayIcon->setToolTip(accessibleName);
+    m_trayIcon->setContextMenu(&m_menu);
+    QObject::connect(m_trayIcon.get(), &QSystemTrayIcon::activated, &m_menu,
+                     [this](QSystemTrayIcon::ActivationReason reason) {
                          if (reason == QSystemTrayIcon::Trigger) {
-                             menu->popup(QCursor::pos());
+                             m_menu.popup(QCursor::pos());
                          }
                      });
     m_trayIcon->show();

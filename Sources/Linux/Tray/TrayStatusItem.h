@@ -13,9 +13,8 @@ namespace perchly {
 
 class TrayFinder;
 
-/// The status item by the toolkit's tray icon, made when a panel that shows it is there; restarts
-/// of that panel are the toolkit's to follow. A panel may put the installed symbolic icon in the
-/// place of the picture. It needs a QApplication and does nothing without.
+/// A QSystemTrayIcon, made once there is a panel to show it; Qt follows restarts of that panel. A
+/// panel may show the installed symbolic icon instead of the picture. Needs a QApplication.
 class TrayStatusItem : public StatusItem {
 public:
     /// The session bus, connected or not.
@@ -27,12 +26,10 @@ public:
 
 private:
     void fillMenu(const QList<StatusMenuEntry> &entries);
-    void makeTrayIcon();
+    void makeTrayIcon(const QIcon &icon, const QString &accessibleName);
 
     QDBusConnection m_bus;
-    QIcon m_icon;
-    QString m_accessibleName;
-    std::unique_ptr<QMenu> m_menu;
+    QMenu m_menu;
     std::unique_ptr<TrayFinder> m_finder;
     std::unique_ptr<QSystemTrayIcon> m_trayIcon;
 };
