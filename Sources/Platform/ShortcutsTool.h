@@ -10,13 +10,12 @@
 
 namespace perchly {
 
-/// The tool that lists and runs the person's shortcuts, one process for each call. Nothing blocks.
-/// Main thread only.
+/// Lists and runs the user's shortcuts. Nothing blocks. Main thread only.
 class ShortcutsTool {
 public:
     struct Result {
-        std::int32_t status = -1; ///< the tool's exit status; -1 if it did not start or was ended
-        QString output;           ///< empty if it is not UTF-8, or more than any list has to say
+        std::int32_t status = -1; ///< an exit status; -1 if a shortcut was ended by a signal
+        QString output = {};      ///< the list
     };
     /// Called once on the main thread, never before the call has returned.
     using Completion = std::function<void(const Result &result)>;
@@ -25,15 +24,13 @@ public:
 
     virtual ~ShortcutsTool() = default;
 
-    /// Runs the tool with the arguments "list", or "run" and a name. The names come one to a line.
-    /// A run takes as long as the shortcut does. Destroying the task ends the waiting: a list that
-    /// is being made is ended too, while a shortcut goes on by itself, since it may hold the
-    /// person's unsaved work. The completion is not called any more. The host outlives the task.
+    /// Takes the arguments "list", or "run" and a name. The names come one to a line. A run takes as
+    /// long as the shortcut does. Once the task is destroyed, the completion is not called any more;
+    /// the shortcut goes on, since it may hold the user's unsaved work. The host outlives the task.
     [[nodiscard]] virtual Task execute(const QStringList &arguments, Completion completion) = 0;
 
-    /// Ends the shortcuts that are running, and what they have started unless it has cut itself
-    /// loose. They are asked first, and killed some seconds later; their completions are called
-    /// when they have ended.
+    /// Ends the running shortcuts and their child processes: SIGTERM, and SIGKILL some seconds later.
+    /// Their completions are called when they have ended.
     virtual void stopRuns() = 0;
 
     /// The absolute path of the folder that the shortcuts are in, whether it exists or not.

@@ -25,7 +25,7 @@ inline void writeProgram(const QString &path, const QByteArray &script) {
     QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
-/// The file of an entry of the test's own person.
+/// The file of a desktop entry of the test's user.
 inline QString desktopEntryPath(const QString &name) {
     return qEnvironmentVariable("XDG_DATA_HOME") + QStringLiteral("/applications/") + name +
            QStringLiteral(".desktop");

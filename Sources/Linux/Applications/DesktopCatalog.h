@@ -12,7 +12,8 @@ struct _GAppInfoMonitor;
 namespace perchly {
 
 /// The applications that GIO finds. A change in a subfolder of an applications folder is noticed
-/// with the next one in the folder itself, where installers update a cache.
+/// with the next change in the folder itself, where installers update a cache. Changes need Qt's
+/// GLib event loop.
 class DesktopCatalog : public ApplicationCatalog {
     Q_OBJECT
 public:

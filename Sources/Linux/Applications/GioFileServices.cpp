@@ -61,7 +61,7 @@ QString revealFile(const QUrl &file, const StartNotices &notices, GCancellable *
     return giolaunch::url(QUrl::fromLocalFile(folder), notices, cancellable);
 }
 
-/// The kind of what is there; null if nothing is.
+/// The content type of the file, or of the scheme; null without a file.
 QByteArray contentType(const QUrl &url, GCancellable *cancellable) {
     if (!url.isLocalFile()) {
         return "x-scheme-handler/" + url.scheme().toUtf8();

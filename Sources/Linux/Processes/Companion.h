@@ -4,8 +4,8 @@
 
 namespace perchly {
 
-/// The absolute path of a program that belongs to this one: beside it, or where packages put such
-/// programs. Empty when it is not installed.
+/// The absolute path of a companion program, in this program's folder or in libexec. Empty when it
+/// is not installed.
 [[nodiscard]] QString findCompanion(const QString &name);
 
 } // namespace perchly

@@ -28,7 +28,7 @@ ProcessQuickLook::ProcessQuickLook(QString program)
 }
 
 ProcessQuickLook::~ProcessQuickLook() {
-    // It has nothing to lose, and waiting for it would hold up the end of this program.
+    // It has nothing to save.
     m_process.closeWriteChannel();
     m_process.kill();
     m_process.waitForFinished(200);

@@ -7,9 +7,9 @@
 
 namespace perchly {
 
-/// Talks to the companion that has the preview's window. It is started when there is something to
-/// show, tells what to show in lines of JSON on its input, and ends by itself some time after its
-/// window was closed, when it fails, or with this program.
+/// Talks to the companion that has the preview's window, in lines of JSON on its input. The
+/// companion is started when there is something to show, and ends with this program, or some time
+/// after its window was closed.
 class ProcessQuickLook : public QuickLook {
 public:
     /// The companion's absolute path; empty when there is none.

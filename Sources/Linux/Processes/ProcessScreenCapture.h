@@ -5,7 +5,7 @@
 
 namespace perchly {
 
-/// Runs the companion in which the person chooses a part of the screen.
+/// Runs the companion in which the user chooses a part of the screen.
 class ProcessScreenCapture : public ScreenCapture {
 public:
     /// The companion's absolute path; empty when there is none.

@@ -107,7 +107,7 @@ LoginItem::Result AutostartLoginItem::unregisterProgram() {
         return {.message = QStringLiteral("“%1” could not be removed: %2.")
                                .arg(entry.fileName(), entry.errorString())};
     }
-    if (isEnabled()) { // the system's own
+    if (isEnabled()) { // by an entry of the system
         return write("[Desktop Entry]\nType=Application\nName=Perchly\nHidden=true\n",
                      Outcome::Unregistered);
     }

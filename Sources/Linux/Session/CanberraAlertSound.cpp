@@ -20,7 +20,7 @@ void onFinished(ca_context *, uint32_t, int result, void *data) {
     static_cast<std::promise<int> *>(data)->set_value(result);
 }
 
-/// Blocks until the sound has been heard; CA_SUCCESS, or why it was not.
+/// Blocks until the sound has been played. Returns CA_SUCCESS or an error.
 int playAndWait() {
     ca_context *context = nullptr;
     int result = ca_context_create(&context);

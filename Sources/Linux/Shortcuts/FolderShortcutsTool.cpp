@@ -32,7 +32,7 @@ Task FolderShortcutsTool::execute(const QStringList &arguments, Completion compl
                           return;
                       }
                       if (!shortcuts) {
-                          waiting->completion({.status = 1, .output = {}});
+                          waiting->completion({.status = 1});
                       } else if (arguments.value(0) == QLatin1StringView("run")) {
                           const auto found = std::ranges::find(*shortcuts, arguments.value(1),
                                                                &shortcutsfolder::Shortcut::name);
@@ -50,7 +50,7 @@ Task FolderShortcutsTool::execute(const QStringList &arguments, Completion compl
 
 void FolderShortcutsTool::run(const QString &file, const std::shared_ptr<Call> &call) {
     if (file.isEmpty()) {
-        call->completion({.status = 1, .output = {}});
+        call->completion({.status = 1});
         return;
     }
     // The shell also runs a script that names no interpreter.
@@ -59,7 +59,7 @@ void FolderShortcutsTool::run(const QString &file, const std::shared_ptr<Call> &
                    {QStringLiteral("-c"), QStringLiteral("cd || cd /; exec \"$0\""), file},
                    {.grace = runGrace}, OnStop::LeaveChild,
                    [completion = call->completion](const ChildResult &result) {
-                       completion({.status = result.status.value_or(-1), .output = {}});
+                       completion({.status = result.status.value_or(-1)});
                    });
 }
 

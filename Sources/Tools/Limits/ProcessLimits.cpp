@@ -22,7 +22,7 @@ void limit(__rlimit_resource resource, rlim_t value) {
 } // namespace
 
 void limitProcess(unsigned megabytes) {
-    // Sooner than whoever started this would end it: that is for what even a signal cannot end.
+    // Shorter than the parent's timeout, which is the last resort.
     alarm(4);
     limit(RLIMIT_CORE, 0);
     if (limitsMemory) {
