@@ -31,7 +31,7 @@ public:
     /// Stores the values, all of them or, when the program is killed meanwhile, none; then
     /// announces them in order. (Those of keys::longValues are stored one by one.) A write that
     /// fails leaves the stored values intact on disk; the new ones hold for the run and are tried
-    /// again with the next set, and from time to time.
+    /// again with the next set and at the end.
     ///
     /// Returns false and stores nothing if checkSize() fails for one of them.
     bool setValues(const PreferenceEntries &entries);

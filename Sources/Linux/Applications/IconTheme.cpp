@@ -16,7 +16,6 @@ namespace perchly {
 
 namespace {
 
-constexpr qsizetype maxThemes = 16;
 constexpr std::array endings{QLatin1StringView(".svg"), QLatin1StringView(".png"),
                              QLatin1StringView(".xpm")};
 
@@ -100,8 +99,7 @@ const QList<IconTheme::Theme> &IconTheme::themes() {
 
 void IconTheme::load(const QString &name) {
     const bool known = std::ranges::find(m_themes, name, &Theme::name) != m_themes.cend();
-    if (known || name.isEmpty() || name.contains(QLatin1Char('/')) ||
-        m_themes.size() >= maxThemes) {
+    if (known || name.isEmpty() || name.contains(QLatin1Char('/'))) {
         return;
     }
     Theme theme{.name = name, .folders = {}};

@@ -5,16 +5,9 @@
 
 namespace perchly {
 
-namespace {
-
-constexpr qint64 maxKeyFileBytes = 4 * 1024 * 1024;
-
-} // namespace
-
 KeyFile readKeyFile(const QString &path) {
     KeyFile file(g_key_file_new());
-    const QFileInfo info(path);
-    if (!info.isFile() || info.size() > maxKeyFileBytes ||
+    if (!QFileInfo(path).isFile() ||
         g_key_file_load_from_file(file.get(), QFile::encodeName(path).constData(), G_KEY_FILE_NONE,
                                   nullptr) == FALSE) {
         return nullptr;

@@ -9,7 +9,7 @@ namespace perchly {
 /// A file of groups of keys, as desktop entries and icon themes are.
 using KeyFile = gio::Owned<GKeyFile>;
 
-/// Null unless the path is a regular file of at most 4 MiB that can be read. Blocks. Any thread.
+/// Null unless the path is a regular file that can be read. Blocks. Any thread.
 [[nodiscard]] KeyFile readKeyFile(const QString &path);
 
 /// A value in the user's language; empty if there is none.

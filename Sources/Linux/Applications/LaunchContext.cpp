@@ -13,7 +13,7 @@ struct NoticingContext {
 
 char *begin(GAppLaunchContext *context, GAppInfo *application, GList *) {
     const StartNotices *notices = reinterpret_cast<NoticingContext *>(context)->notices;
-    if (notices == nullptr || !notices->begin || !G_IS_DESKTOP_APP_INFO(application) ||
+    if (!notices->begin || !G_IS_DESKTOP_APP_INFO(application) ||
         g_desktop_app_info_get_boolean(G_DESKTOP_APP_INFO(application), "StartupNotify") == FALSE) {
         return nullptr;
     }
@@ -23,7 +23,7 @@ char *begin(GAppLaunchContext *context, GAppInfo *application, GList *) {
 
 void withdraw(GAppLaunchContext *context, const char *identifier) {
     const StartNotices *notices = reinterpret_cast<NoticingContext *>(context)->notices;
-    if (notices != nullptr && notices->withdraw && identifier != nullptr) {
+    if (notices->withdraw && identifier != nullptr) {
         notices->withdraw(identifier);
     }
 }

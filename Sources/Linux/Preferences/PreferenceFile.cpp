@@ -17,8 +17,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto firstRetry = 5s;
-constexpr auto nextRetries = 1min;
 constexpr auto backupPause = 400ms;
 
 void tell(const QString &line) {
@@ -40,8 +38,6 @@ std::optional<QJsonObject> parse(const QByteArray &bytes, QString &error) {
 PreferenceFile::PreferenceFile(const QString &path)
     : m_path(path)
     , m_backup(path + QStringLiteral(".bak")) {
-    m_retry.setSingleShot(true);
-    connect(&m_retry, &QTimer::timeout, this, &PreferenceFile::save);
     m_pause.setSingleShot(true);
     m_pause.setInterval(backupPause);
     connect(&m_pause, &QTimer::timeout, this, &PreferenceFile::backUp);
@@ -107,13 +103,9 @@ void PreferenceFile::save() {
     m_saved = error.isEmpty();
     if (m_saved) {
         m_failureTold = false;
-        m_retry.stop();
         m_written = bytes;
         m_pause.start();
-        return;
-    }
-    m_retry.start(m_failureTold ? nextRetries : firstRetry);
-    if (!std::exchange(m_failureTold, true)) {
+    } else if (!std::exchange(m_failureTold, true)) {
         tell(QStringLiteral("cannot write the preferences %1: %2; trying again later")
                  .arg(m_path, error));
         QMetaObject::invokeMethod(

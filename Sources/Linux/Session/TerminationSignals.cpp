@@ -43,9 +43,6 @@ void setHandler(int number, void (*handler)(int)) {
 TerminationSignals::TerminationSignals(QObject *parent)
     : QObject(parent) {
     const int file = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
-    if (file < 0) {
-        return; // signals end the process at once, as without this object
-    }
     eventFile = file;
     auto *notifier = new QSocketNotifier(file, QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, [this, file] {
@@ -60,9 +57,6 @@ TerminationSignals::TerminationSignals(QObject *parent)
 }
 
 TerminationSignals::~TerminationSignals() {
-    if (eventFile < 0) {
-        return;
-    }
     for (const int number : handled) {
         setHandler(number, SIG_DFL);
     }
