@@ -42,7 +42,6 @@ class GioOpeningTest : public QObject {
 private Q_SLOTS:
     void initTestCase() {
         qputenv("XDG_DATA_DIRS", "/nowhere/at/all");
-        qputenv("DESKTOP_STARTUP_ID", "of-our-own-start");
         for (const char *program : {"a program", "xdg-email"}) {
             writeProgram(m_data.filePath(QStringLiteral("bin/") + QString::fromLatin1(program)),
                          "echo \"$(basename \"$0\") $DESKTOP_STARTUP_ID $*\" > '" +
@@ -76,6 +75,8 @@ private Q_SLOTS:
     }
 
     void entriesAndLinksAreOpened() {
+        qputenv("DESKTOP_STARTUP_ID", "of-our-own-start");
+        const auto reset = qScopeGuard([] { qunsetenv("DESKTOP_STARTUP_ID"); });
         GioApplications applications;
         applications.open(desktopEntryPath(QStringLiteral("plain")), recorder());
         QCOMPARE(m_errors, QStringList());
