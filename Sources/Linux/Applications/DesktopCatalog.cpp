@@ -10,8 +10,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <functional>
-#include <vector>
 
 namespace perchly {
 
@@ -20,16 +18,6 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto changeDelay = 300ms;
-
-struct Found {
-    QCollatorSortKey key;
-    FoundApplication application;
-
-    bool operator<(const Found &other) const {
-        const int order = key.compare(other.key);
-        return order != 0 ? order < 0 : application.path < other.application.path;
-    }
-};
 
 QCollator fileBrowserOrder() {
     QLocale locale = QLocale().collation();
@@ -49,21 +37,19 @@ FoundApplication described(GAppInfo *application) {
 }
 
 QList<FoundApplication> findApplications() {
-    const QCollator order = fileBrowserOrder();
-    std::vector<Found> found;
+    QList<FoundApplication> applications;
     GList *all = g_app_info_get_all();
     for (const GList *each = all; each != nullptr; each = each->next) {
         if (g_app_info_should_show(G_APP_INFO(each->data)) != FALSE) {
-            FoundApplication application = described(G_APP_INFO(each->data));
-            found.push_back({order.sortKey(application.name), std::move(application)});
+            applications.append(described(G_APP_INFO(each->data)));
         }
     }
     g_list_free_full(all, g_object_unref);
-    std::ranges::sort(found, std::less<>());
-    QList<FoundApplication> applications;
-    for (Found &each : found) {
-        applications.append(std::move(each.application));
-    }
+    const QCollator collator = fileBrowserOrder();
+    std::ranges::sort(applications, [&collator](const auto &one, const auto &other) {
+        const int order = collator.compare(one.name, other.name);
+        return order != 0 ? order < 0 : one.path < other.path;
+    });
     return applications;
 }
 

@@ -21,8 +21,6 @@ public:
     /// Called some moments after a change. Files without this ending do not matter.
     explicit FolderWatch(std::function<void()> changed, std::string ending);
     ~FolderWatch();
-    FolderWatch(const FolderWatch &) = delete;
-    FolderWatch &operator=(const FolderWatch &) = delete;
 
     void beginRound();
     /// Watches the folder, but not those inside it. Add it before reading it, so that no change is

@@ -7,18 +7,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
-#include <cmath>
-
 namespace perchly {
-
-namespace {
-
-bool isNotFinite(const PreferenceValue &value) {
-    const auto *number = std::get_if<double>(&value);
-    return number != nullptr && !std::isfinite(*number);
-}
-
-} // namespace
 
 JsonPreferences::JsonPreferences(const QString &path, QObject *parent)
     : Preferences(parent)
@@ -50,9 +39,7 @@ void JsonPreferences::store(const PreferenceEntries &entries) {
         const auto own = m_longValues.find(key);
         PreferenceFile &file = own == m_longValues.end() ? m_settings : own->second;
         QJsonObject &document = documents.try_emplace(&file, file.document()).first->second;
-        if (!isNotFinite(value)) {
-            document.insert(key, preferenceToJson(value));
-        }
+        document.insert(key, preferenceToJson(value));
     }
     for (const auto &[file, document] : documents) {
         file->set(document);

@@ -11,8 +11,7 @@ namespace perchly {
 /// The preferences as JSON (see PreferenceJson.h for the values): one file for the settings, and
 /// beside it "<key>.json" for each of keys::longValues. PreferenceFile.h says how they are written.
 ///
-/// JSON values of other kinds read as absent and stay in the file. A number that is not finite is
-/// not stored: the key keeps its value, and is announced.
+/// JSON values of other kinds read as absent and stay in the file.
 class JsonPreferences : public Preferences {
     Q_OBJECT
 public:

@@ -16,13 +16,15 @@ void signalSession(qint64 leader, int number) {
 
 } // namespace
 
-ChildProcess::ChildProcess(Command command, const ChildLimits &limits, OnStop onStop,
-                           Completion completion, QObject *parent)
+ChildProcess::ChildProcess(const QString &program, const QStringList &arguments,
+                           const ChildLimits &limits, OnStop onStop, Completion completion,
+                           QObject *parent)
     : QObject(parent)
-    , m_command(std::move(command))
     , m_limits(limits)
     , m_onStop(onStop)
     , m_completion(std::move(completion)) {
+    m_process->setProgram(program);
+    m_process->setArguments(arguments);
     m_process->setStandardInputFile(QProcess::nullDevice());
     m_process->setStandardErrorFile(QProcess::nullDevice());
     if (limits.mostOutput == 0) {
@@ -63,7 +65,7 @@ void ChildProcess::start() {
     if (m_limits.time) {
         m_limit.start(*m_limits.time);
     }
-    m_process->start(m_command.program, m_command.arguments, QProcess::ReadOnly);
+    m_process->start(QProcess::ReadOnly);
 }
 
 void ChildProcess::end() {

@@ -35,13 +35,9 @@ class ChildProcess : public QObject {
 public:
     using Completion = std::function<void(const ChildResult &result)>;
 
-    struct Command {
-        QString program; ///< an absolute path
-        QStringList arguments;
-    };
-
-    ChildProcess(Command command, const ChildLimits &limits, OnStop onStop, Completion completion,
-                 QObject *parent);
+    /// The program is an absolute path.
+    ChildProcess(const QString &program, const QStringList &arguments, const ChildLimits &limits,
+                 OnStop onStop, Completion completion, QObject *parent);
     /// Ends a child that is not to be left alone, and waits for its end.
     ~ChildProcess() override;
 
@@ -69,7 +65,6 @@ private:
     void readOutput();
     void finish();
 
-    const Command m_command;
     const ChildLimits m_limits;
     const OnStop m_onStop;
     Completion m_completion;

@@ -25,7 +25,7 @@ private:
 Task ChildRuns::run(const QString &program, const QStringList &arguments, const ChildLimits &limits,
                     OnStop onStop, Completion completion) {
     auto *child =
-        new ChildProcess({program, arguments}, limits, onStop, std::move(completion), &m_children);
+        new ChildProcess(program, arguments, limits, onStop, std::move(completion), &m_children);
     QObject::connect(child, &ChildProcess::exited, &m_children, [this] { startWaiting(); });
     QMetaObject::invokeMethod(
         &m_children, [this] { startWaiting(); }, Qt::QueuedConnection);

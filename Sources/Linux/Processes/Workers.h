@@ -17,8 +17,6 @@ public:
         m_pool.setExpiryTimeout(1000);
     }
     ~Workers() { m_pool.clear(); }
-    Workers(const Workers &) = delete;
-    Workers &operator=(const Workers &) = delete;
 
     /// Calls `completion(work())`, never before this has returned.
     template <class Work, class Completion>

@@ -12,7 +12,6 @@ class TerminationSignals : public QObject {
 public:
     explicit TerminationSignals(QObject *parent = nullptr);
     ~TerminationSignals() override;
-    Q_DISABLE_COPY_MOVE(TerminationSignals)
 
 Q_SIGNALS:
     void requested();

@@ -33,23 +33,20 @@ private Q_SLOTS:
         QCOMPARE(count, 0);
     }
 
-    /// And it is not run again.
     void actionMayDestroyItsOwnTask() {
         for (int kind = 0; kind < 3; ++kind) {
             Task task;
             QString text;
-            // Used after its closure is gone, the captured string is seen by a sanitizer.
+            // A sanitizer sees a use of the captured string after its closure is gone.
             const auto action = [&task, &text, own = QString(64, u'x')] {
                 task.reset();
-                text = own;
+                text += own;
             };
             task = kind == 0   ? m_clock.after(1ms, action)
                    : kind == 1 ? m_clock.every(1ms, action)
                                : m_clock.at(m_clock.now() + 1ms, action);
-            QTRY_COMPARE(text, QString(64, u'x'));
-            text.clear();
-            QTest::qWait(10);
-            QCOMPARE(text, QString());
+            QTest::qWait(20);
+            QCOMPARE(text, QString(64, u'x'));
         }
     }
 

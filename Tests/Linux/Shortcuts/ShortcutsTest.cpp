@@ -48,17 +48,6 @@ private Q_SLOTS:
         QCOMPARE(result({QStringLiteral("run"), QStringLiteral("../shortcuts/x")}), "1 ");
     }
 
-    void stopEndsTheShortcut() {
-        writeProgram(m_folder.filePath(QStringLiteral("x")), "echo $$ > $MARK; sleep 60 & wait\n");
-        int status = 0;
-        const Task task =
-            m_tool.execute({QStringLiteral("run"), QStringLiteral("x")},
-                           [&](const ShortcutsTool::Result &result) { status = result.status; });
-        QTRY_VERIFY(!readFile(m_mark).isEmpty());
-        m_tool.stopRuns();
-        QTRY_COMPARE(status, -1);
-    }
-
     void folderIsMadeOnceWithAFirstShortcut() {
         {
             const FullDisk fullDisk;
