@@ -117,9 +117,9 @@ QString PreferenceFile::write(const QByteArray &bytes) {
     if (m_damaged && QFileInfo::exists(m_path)) {
         const auto kept = wholefile::setAside(m_path);
         if (!kept) {
-            return QStringLiteral("the damaged file cannot be renamed");
+            return QStringLiteral("what stands there cannot be moved aside");
         }
-        tell(QStringLiteral("kept the damaged file as %1").arg(*kept));
+        tell(QStringLiteral("kept what stood there as %1").arg(*kept));
     }
     m_damaged = false;
     return wholefile::replace(m_path, bytes, wholefile::Durability::System);

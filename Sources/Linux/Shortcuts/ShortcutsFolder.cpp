@@ -64,8 +64,10 @@ std::optional<QList<Shortcut>> list() {
     std::ranges::stable_sort(shortcuts, [&order](const Shortcut &one, const Shortcut &other) {
         return order.compare(one.name, other.name) < 0;
     });
-    const auto repeated = std::ranges::unique(shortcuts, {}, &Shortcut::name);
-    shortcuts.erase(repeated.begin(), repeated.end());
+    const auto hasSameName = [](const Shortcut &one, const Shortcut &other) {
+        return one.name == other.name;
+    };
+    shortcuts.erase(std::unique(shortcuts.begin(), shortcuts.end(), hasSameName), shortcuts.end());
     return shortcuts;
 }
 
