@@ -8,10 +8,12 @@
 
 namespace perchly {
 
-/// The preferences as JSON (see PreferenceJson.h for the values): one file for the settings, and
-/// beside it "<key>.json" for each of keys::longValues. PreferenceFile.h says how they are written.
+/// The preferences as JSON: one file for the settings, and beside it "<key>.json" for each of
+/// keys::longValues. PreferenceFile.h says how they are written.
 ///
-/// JSON values of other kinds read as absent and stay in the file.
+/// A boolean, a number and a string stand as themselves, data as {"data": "…", "encoding":
+/// "utf-8"}. JSON values of other kinds read as absent and stay in the file. Numbers must be
+/// finite, since JSON has no others.
 class JsonPreferences : public Preferences {
     Q_OBJECT
 public:
