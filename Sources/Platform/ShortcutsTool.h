@@ -24,13 +24,14 @@ public:
 
     virtual ~ShortcutsTool() = default;
 
-    /// Takes the arguments "list", or "run" and a name. The names come one to a line. A run takes as
-    /// long as the shortcut does. Once the task is destroyed, the completion is not called any more;
-    /// the shortcut goes on, since it may hold the user's unsaved work. The host outlives the task.
+    /// Takes the arguments "list", or "run" and a name. The names come one to a line. A run takes
+    /// as long as the shortcut does. Once the task is destroyed, the completion is not called any
+    /// more; the shortcut goes on, since it may hold the user's unsaved work. The host outlives the
+    /// task.
     [[nodiscard]] virtual Task execute(const QStringList &arguments, Completion completion) = 0;
 
-    /// Ends the running shortcuts and their child processes: SIGTERM, and SIGKILL some seconds later.
-    /// Their completions are called when they have ended.
+    /// Ends the running shortcuts and their child processes: SIGTERM, and SIGKILL some seconds
+    /// later. Their completions are called when they have ended.
     virtual void stopRuns() = 0;
 
     /// The absolute path of the folder that the shortcuts are in, whether it exists or not.
