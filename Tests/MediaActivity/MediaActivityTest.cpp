@@ -1,18 +1,10 @@
 #include "MediaFixture.h"
+#include "MediaScripts.h"
 #include "TestRegistry.h"
 
 #include <QTest>
 
-#include <limits>
-
 using namespace perchly;
-
-namespace {
-
-using Time = std::optional<double>;
-using Command = MediaPlaybackCommand;
-
-} // namespace
 
 class MediaActivityTest : public QObject {
     Q_OBJECT
@@ -21,62 +13,61 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("output");
         QTest::addColumn<QString>("found");
         const QString failed;
-        const QString nothing = QStringLiteral("nothing");
-        const QString title = QStringLiteral("T");
-        const QByteArray whole = R"({"title":"T","artist":"","source":"Safari","playing":false)";
-        QTest::newRow("null and a line feed") << QByteArray("null\n") << nothing;
-        QTest::newRow("null times") << whole + R"(,"elapsedTime":null,"duration":null})" << title;
-        QTest::newRow("a key that nobody knows") << whole + R"(,"album":{}})" << title;
-        QTest::newRow("a time of another type") << whole + R"(,"duration":"200"})" << failed;
-        QTest::newRow("no source") << QByteArray(whole).replace("source", "Source") + '}' << failed;
-        QTest::newRow("a flag of another type")
-            << QByteArray(whole).replace("false", "1") + '}' << failed;
-        QTest::newRow("half an object") << whole << failed;
-        QTest::newRow("bytes that are no text")
-            << QByteArray(whole).replace("T", "\xC3\x28") + '}' << failed;
+        QTest::newRow("null and a line feed") << QByteArray("null\n") << QStringLiteral("nothing");
+        QTest::newRow("times") << item() << QStringLiteral("Song by Singer at 100 of 200");
+        QTest::newRow("a time of another type") << item("T", "", "true", R"("100")") << failed;
+        QTest::newRow("no source") << item().replace("source", "Source") << failed;
+        QTest::newRow("half an object") << item().chopped(2) << failed;
     }
 
     void decodes() {
         QFETCH(const QByteArray, output);
-        const MediaReading reading = decodeMediaReading(output);
-        const QString title =
-            reading.activity ? reading.activity->title : QStringLiteral("nothing");
-        QTEST(reading.succeeded ? title : QString(), "found");
-        QVERIFY(!reading.activity ||
-                (!reading.activity->elapsedTime && !reading.activity->duration));
+        const auto [succeeded, found] = decodeMediaReading(output);
+        QString text = succeeded ? QStringLiteral("nothing") : QString();
+        if (found) {
+            text = QStringLiteral("%1 by %2 at %3 of %4")
+                       .arg(found->title, found->artist)
+                       .arg(found->elapsedTime.value_or(-1))
+                       .arg(found->duration.value_or(-1));
+        }
+        QTEST(text, "found");
     }
 
-    void decodesEveryField() {
-        MediaActivity activity = track();
-        activity.title = QStringLiteral("x\" & do shell script \"😀 \u202Eשלום\u0007");
-        QCOMPARE(*decodeMediaReading(json(activity)).activity, activity);
+    void textsAreFitToShow() {
+        QCOMPARE(textToShow(QStringLiteral("a\u0007b\u2028\u202Ec\u200B\n")),
+                 QStringLiteral("a b c"));
+        const QString emoji =
+            QStringLiteral("שלום 👩‍👩‍👧") + QStringLiteral("🎵").repeated(600);
+        QCOMPARE(textToShow(emoji), emoji.left(1023)); // cut between characters
     }
 
     void knowsBrowsersByName() {
-        MediaActivity activity = track();
-        for (const char *name : {"Mozilla Firefox", "CHROMIUM", "Zen Browser", "Arc"}) {
-            activity.source = QString::fromUtf8(name);
-            QVERIFY2(activity.isBrowser(), name);
-        }
-        for (const char *name : {"Zen", "mpv", ""}) {
-            activity.source = QString::fromUtf8(name);
-            QVERIFY2(!activity.isBrowser(), name);
+        for (const char *name : {"Mozilla Firefox", "CHROMIUM", "Zen Browser", "Zen", "mpv"}) {
+            const bool isBrowser = decodeMediaReading(item("T", name)).activity->isBrowser();
+            QCOMPARE(isBrowser, QByteArray(name).size() > 3);
         }
     }
 
     void seeksWithinTheTrack() {
-        const auto target = [](Command command, Time elapsed, Time duration) {
-            MediaActivity activity = track();
+        const auto target = [](MediaPlaybackCommand command, double elapsed, double duration) {
+            MediaActivity activity;
             activity.elapsedTime = elapsed;
             activity.duration = duration;
-            return seekTarget(command, activity);
+            return seekTarget(command, activity).value_or(-1);
         };
-        QCOMPARE(target(Command::Rewind, 10, 200), Time(0));
-        QCOMPARE(target(Command::Forward, 100.5, 200), Time(115.5));
-        QCOMPARE(target(Command::Forward, 195, 200), Time(200));
-        QCOMPARE(target(Command::Forward, {}, 200), Time());
-        QCOMPARE(target(Command::Forward, 1, 0), Time());
-        QCOMPARE(target(Command::Forward, 1, std::numeric_limits<double>::quiet_NaN()), Time());
+        QCOMPARE(target(MediaPlaybackCommand::Rewind, 10, 200), 0);
+        QCOMPARE(target(MediaPlaybackCommand::Forward, 100.5, 200), 115.5);
+        QCOMPARE(target(MediaPlaybackCommand::Forward, 195, 200), 200);
+        QCOMPARE(target(MediaPlaybackCommand::Forward, 1, 0), -1);
+    }
+
+    void positionsInScriptsReadBackTheSame() {
+        const auto script = [](double position) {
+            return *sendScript(MediaPlaybackCommand::Forward, position);
+        };
+        QVERIFY(script(42).contains(QStringLiteral("(42.0)")));
+        QVERIFY(script(187.25).contains(QStringLiteral("(187.25)")));
+        QVERIFY(script(1e-5).contains(QStringLiteral("(1e-05)")));
     }
 };
 

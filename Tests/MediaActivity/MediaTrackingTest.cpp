@@ -1,7 +1,7 @@
-#include "Announcements.h"
 #include "MediaFixture.h"
 #include "TestRegistry.h"
 
+#include <QSignalSpy>
 #include <QTest>
 
 using namespace perchly;
@@ -9,18 +9,18 @@ using namespace std::chrono_literals;
 
 namespace {
 
-const QString spotify = QStringLiteral("com.spotify.client.PlaybackStateChanged");
-const QString music = QStringLiteral("com.apple.Music.playerInfo");
+struct PollFixture : MediaFixture {
+    PollFixture() {
+        tracking.startMediaMonitoring();
+        scripts.answer(item());
+    }
+    void pollAgain(const QByteArray &output) {
+        fake.clock.advance(2s);
+        scripts.answer(output);
+    }
 
-QVariantMap information(const QVariant &name, const QVariant &artist, const char *state) {
-    return {{QStringLiteral("Name"), name},
-            {QStringLiteral("Artist"), artist},
-            {QStringLiteral("Player State"), QString::fromUtf8(state)}};
-}
-
-QVariantMap song(const char *state) {
-    return information(QStringLiteral("Song"), QStringLiteral("Singer"), state);
-}
+    FakeScriptHost &scripts = fake.scriptHost;
+};
 
 } // namespace
 
@@ -28,134 +28,85 @@ class MediaTrackingTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void pollsTwoSecondsAfterEachReading() {
-        MediaFixture fixture;
-        fixture.tracking.startMediaMonitoring();
-        QCOMPARE(fixture.fake.scriptHost.underWay(), 1);
-        fixture.fake.clock.advance(10s);
-        QCOMPARE(fixture.fake.scriptHost.started.size(), std::size_t(1)); // never two at a time
-        fixture.fake.scriptHost.answer(json(track()));
-        QCOMPARE(fixture.model.musicTitle(), track().title);
+        PollFixture fixture;
+        const QSignalSpy changed(&fixture.model, &ShelfModel::mediaChanged);
         fixture.fake.clock.advance(1999ms);
-        QCOMPARE(fixture.fake.scriptHost.underWay(), 0);
+        QCOMPARE(fixture.scripts.underWay(), 0);
         fixture.fake.clock.advance(1ms);
-        QCOMPARE(fixture.fake.scriptHost.underWay(), 1);
-        fixture.fake.scriptHost.answer("null\n");
-        QVERIFY(!fixture.model.systemMedia());
+        QCOMPARE(fixture.scripts.underWay(), 1);
+        fixture.fake.clock.advance(10s);
+        QCOMPARE(fixture.scripts.started.size(), std::size_t(2)); // never two at a time
+        fixture.scripts.fail();
+        fixture.pollAgain("[]");
+        fixture.pollAgain(item());
+        QCOMPARE(fixture.model.musicTitle(), QStringLiteral("Song"));
+        QCOMPARE(changed.count(), 0);
+        fixture.pollAgain("null\n");
+        QVERIFY(!fixture.model.musicActive());
         fixture.tracking.stopMediaMonitoring();
         fixture.fake.clock.advance(10s);
-        QCOMPARE(fixture.fake.scriptHost.underWay(), 0);
-    }
-
-    void aFailedReadingChangesNothing() {
-        MediaFixture fixture;
-        fixture.tracking.startMediaMonitoring();
-        fixture.fake.scriptHost.answer(json(track()));
-        Announcements announcements(fixture.model);
-        for (const QByteArray &junk : {QByteArray("[]"), QByteArray("true"), QByteArray()}) {
-            fixture.fake.clock.advance(2s);
-            fixture.fake.scriptHost.answer(junk);
-        }
-        fixture.fake.clock.advance(2s);
-        fixture.fake.scriptHost.fail();
-        fixture.fake.playerNotifications.setPresence(PlayerPresence::Unknown);
-        fixture.fake.clock.advance(4s);
-        QCOMPARE(announcements.take(), QStringList());
-        QCOMPARE(fixture.fake.scriptHost.started.size(), std::size_t(5));
+        QCOMPARE(fixture.scripts.underWay(), 0);
     }
 
     void restsWhileThereIsNoPlayer() {
-        MediaFixture fixture;
-        fixture.tracking.startMediaMonitoring();
-        fixture.fake.scriptHost.answer(json(track()));
-        fixture.fake.playerNotifications.setPresence(PlayerPresence::None);
-        fixture.fake.clock.advance(2s);
-        QVERIFY(!fixture.model.systemMedia());
-        const qsizetype atRest = fixture.fake.clock.scheduledTasks();
-        fixture.model.music(); // shows for a moment that it was asked for
-        QVERIFY(fixture.model.musicActive());
-        QCOMPARE(fixture.fake.musicPlayer.opened, 1);
-        QCOMPARE(fixture.model.mediaSource(), QStringLiteral("Apple Music"));
-        QCOMPARE(fixture.model.activity(), QStringLiteral("Music is open"));
-        fixture.fake.clock.advance(2s);
-        QVERIFY(!fixture.model.musicActive());
-        fixture.model.control(QStringLiteral("playpause"));
-        fixture.fake.clock.advance(2s);
-        fixture.fake.scriptHost.fail(); // when a look has been made and dropped
-        QVERIFY(fixture.model.musicActive());
-        fixture.fake.clock.advance(2s);
-        QVERIFY(!fixture.model.musicActive());
-        QCOMPARE(fixture.fake.clock.scheduledTasks(), atRest);
-        QCOMPARE(fixture.fake.scriptHost.underWay(), 0);
-        fixture.fake.playerNotifications.setPresence(PlayerPresence::Some);
-        QCOMPARE(fixture.fake.scriptHost.underWay(), 1);
-        fixture.fake.playerNotifications.setPresence(PlayerPresence::None);
-        fixture.fake.scriptHost.answer(json(track())); // of a player that has left since
-        QVERIFY(fixture.model.systemMedia());
-        fixture.fake.clock.advance(2s);
-        QVERIFY(!fixture.model.systemMedia());
-        QCOMPARE(fixture.fake.clock.scheduledTasks(), atRest);
-    }
-
-    void nothingHandsBackToTheAnnouncements() {
-        MediaFixture fixture;
-        fixture.tracking.applyMedia(track());
-        QVERIFY(fixture.model.mediaIsBrowser() && fixture.model.mediaCanSeek());
-        QVERIFY(fixture.model.systemMedia() && fixture.model.musicActive() &&
-                fixture.model.playing());
-        QCOMPARE(fixture.model.musicArtist(), track().artist);
-        QCOMPARE(fixture.model.mediaSource(), track().source);
-        QCOMPARE(fixture.model.artist(), QString());
-
-        fixture.tracking.applyMedia(std::nullopt);
-        QVERIFY(!fixture.model.musicActive());
-        QCOMPARE(fixture.model.musicTitle(), QStringLiteral("Music"));
-        QCOMPARE(fixture.model.musicArtist(), QString());
-        QCOMPARE(fixture.model.mediaSource(), QStringLiteral("Media"));
-        Q_EMIT fixture.fake.playerNotifications.received(music, song("Playing"));
-        QCOMPARE(fixture.model.mediaSource(), QStringLiteral("Apple Music"));
-        QVERIFY(fixture.model.musicActive());
-    }
-
-    void followsAnnouncements() {
-        MediaFixture fixture;
+        PollFixture fixture;
         const ShelfModel &model = fixture.model;
-        const auto shown = [&] {
-            return QStringList{model.mediaSource(), model.playerID(), model.musicTitle(),
-                               model.musicArtist(), model.activity(), model.artist()}
+        fixture.fake.playerNotifications.setPresence(PlayerPresence::None);
+        fixture.fake.clock.advance(2s);
+        QVERIFY(!model.musicActive());
+        const qsizetype atRest = fixture.fake.clock.scheduledTasks();
+        fixture.model.music(); // shown for a moment
+        QCOMPARE(fixture.fake.musicPlayer.opened, 1);
+        QCOMPARE(model.mediaSource(), QStringLiteral("Apple Music"));
+        QCOMPARE(model.activity(), QStringLiteral("Music is open"));
+        QVERIFY(model.musicActive());
+        fixture.fake.clock.advance(2s);
+        QVERIFY(!model.musicActive());
+        QCOMPARE(fixture.fake.clock.scheduledTasks(), atRest);
+        fixture.fake.playerNotifications.setPresence(PlayerPresence::Some);
+        fixture.fake.playerNotifications.setPresence(PlayerPresence::None);
+        fixture.scripts.answer(item()); // of a player that has left since
+        QVERIFY(model.musicActive());
+        fixture.fake.clock.advance(2s);
+        QVERIFY(!model.musicActive());
+        QCOMPARE(fixture.fake.clock.scheduledTasks(), atRest);
+    }
+
+    void readingDuringACommandIsNotShown() {
+        PollFixture fixture;
+        fixture.fake.clock.advance(2s); // a reading is under way
+        fixture.model.control(QStringLiteral("playpause"));
+        fixture.scripts.answer(item("Late"));
+        QCOMPARE(fixture.model.musicTitle(), QStringLiteral("Song"));
+        fixture.scripts.answer("null"); // the command's own reading
+        fixture.pollAgain("null");
+        QVERIFY(!fixture.model.musicActive());
+    }
+
+    void announcementsCountWhileTheSessionHasNothing() {
+        PollFixture fixture;
+        const ShelfModel &model = fixture.model;
+        const auto announce = [&](const QString &player, const QVariant &title) {
+            Q_EMIT fixture.fake.playerNotifications.received(
+                player, {{QStringLiteral("Name"), title},
+                         {QStringLiteral("Player State"), QStringLiteral("Playing")}});
+            return QStringList{model.mediaSource(), model.media().playerID, model.musicTitle(),
+                               model.activity()}
                 .join(u'|');
         };
-        Q_EMIT fixture.fake.playerNotifications.received(spotify, song("Paused"));
-        QCOMPARE(shown(), QStringLiteral("Spotify|com.spotify.client|Song|Singer|Song|Singer"));
-        QVERIFY(model.musicActive() && !model.playing());
-        Q_EMIT fixture.fake.playerNotifications.received(music, song("Playing"));
-        QCOMPARE(shown(), QStringLiteral("Apple Music|com.apple.Music|Song|Singer|Song|Singer"));
-        QVERIFY(model.playing());
-        const QStringList list{QStringLiteral("Singer")};
-        for (const QVariantMap &facts : {QVariantMap(), information(7, list, "playing")}) {
-            Q_EMIT fixture.fake.playerNotifications.received(music, facts);
-            QCOMPARE(shown(), QStringLiteral("Apple Music|com.apple.Music|Music||Music|"));
-            QVERIFY(!model.playing());
-        }
-    }
-
-    void theSessionComesBeforeAnnouncements() {
-        MediaFixture fixture;
-        fixture.tracking.applyMedia(track());
-        Announcements announcements(fixture.model);
-        Q_EMIT fixture.fake.playerNotifications.received(spotify, song("Playing"));
-        QCOMPARE(announcements.take(), QStringList());
-        QCOMPARE(fixture.model.playerID(), QStringLiteral("com.apple.Music"));
-    }
-
-    void aRunningTimerKeepsItsLine() {
-        MediaFixture fixture;
-        fixture.model.focus();
-        const QString line = fixture.model.activity();
-        Q_EMIT fixture.fake.playerNotifications.received(music, song("Playing"));
-        QCOMPARE(fixture.model.musicTitle(), QStringLiteral("Song"));
-        QVERIFY(fixture.model.playing());
-        QCOMPARE(fixture.model.activity(), line);
-        QCOMPARE(fixture.model.artist(), QString());
+        const auto spotify = QStringLiteral("com.spotify.client.PlaybackStateChanged");
+        const auto music = QStringLiteral("com.apple.Music.playerInfo");
+        QCOMPARE(announce(spotify, QStringLiteral("A")),
+                 QStringLiteral("Chromium|com.apple.Music|Song|Ready when you are"));
+        fixture.pollAgain("null");
+        QCOMPARE(model.musicTitle() + model.mediaSource(), QStringLiteral("MusicMedia"));
+        QCOMPARE(announce(spotify, QStringLiteral("A")),
+                 QStringLiteral("Spotify|com.spotify.client|A|A"));
+        QCOMPARE(announce(music, 7), QStringLiteral("Apple Music|com.apple.Music|Music|Music"));
+        QVERIFY(model.musicActive() && model.playing());
+        fixture.model.focus(); // whose line stays
+        QCOMPARE(announce(music, QStringLiteral("B")),
+                 QStringLiteral("Apple Music|com.apple.Music|B|Focus session"));
     }
 };
 

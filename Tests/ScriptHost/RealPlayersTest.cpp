@@ -61,8 +61,8 @@ struct RealMedia {
     }
     bool succeeds(const char *word) { return press(word) && model.controlError().isNull(); }
     bool waitForSession(const QString &title) {
-        return QTest::qWaitFor([&] { return model.systemMedia() && model.musicTitle() == title; },
-                               15'000);
+        return QTest::qWaitFor(
+            [&] { return model.media().isSystem && model.musicTitle() == title; }, 15'000);
     }
 
     FakeHosts fake;

@@ -84,13 +84,15 @@ void ShelfFixture::setMedia(const QVariantMap &fields) {
             setter(*field);
         }
     };
-    set("active", [this](const QVariant &value) { m_model.setMusicActive(value.toBool()); });
-    set("playing", [this](const QVariant &value) { m_model.setPlaying(value.toBool()); });
-    set("title", [this](const QVariant &value) { m_model.setMusicTitle(value.toString()); });
-    set("artist", [this](const QVariant &value) { m_model.setMusicArtist(value.toString()); });
-    set("source", [this](const QVariant &value) { m_model.setMediaSource(value.toString()); });
-    set("browser", [this](const QVariant &value) { m_model.setMediaIsBrowser(value.toBool()); });
-    set("canSeek", [this](const QVariant &value) { m_model.setMediaCanSeek(value.toBool()); });
+    Media media = m_model.media();
+    set("active", [&media](const QVariant &value) { media.active = value.toBool(); });
+    set("playing", [&media](const QVariant &value) { media.playing = value.toBool(); });
+    set("title", [&media](const QVariant &value) { media.title = value.toString(); });
+    set("artist", [&media](const QVariant &value) { media.artist = value.toString(); });
+    set("source", [&media](const QVariant &value) { media.source = value.toString(); });
+    set("browser", [&media](const QVariant &value) { media.isBrowser = value.toBool(); });
+    set("canSeek", [&media](const QVariant &value) { media.canSeek = value.toBool(); });
+    m_model.setMedia(media);
     set("controlling", [this](const QVariant &value) { m_model.setControlling(value.toBool()); });
 }
 

@@ -1,7 +1,11 @@
 #include "MediaActivity.h"
 
+#include "MediaPlaybackCommand.h"
+#include "ShelfModel.h"
+
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -16,30 +20,29 @@ constexpr std::array browserNames{
     QLatin1StringView("opera"),  QLatin1StringView("vivaldi"),    QLatin1StringView("arc"),
     QLatin1StringView("orion"),  QLatin1StringView("zen browser")};
 
-/// False when the value is neither a number nor left out.
-bool readSeconds(const QJsonValue &value, std::optional<double> &seconds) {
-    if (value.isDouble()) {
-        seconds = value.toDouble();
-    }
-    return value.isDouble() || value.isNull() || value.isUndefined();
-}
-
 std::optional<MediaActivity> decodeActivity(const QJsonObject &object) {
     const QJsonValue title = object.value(QLatin1StringView("title"));
     const QJsonValue artist = object.value(QLatin1StringView("artist"));
     const QJsonValue source = object.value(QLatin1StringView("source"));
     const QJsonValue playing = object.value(QLatin1StringView("playing"));
-    MediaActivity activity{.title = title.toString(),
-                           .artist = artist.toString(),
-                           .source = source.toString(),
-                           .playing = playing.toBool(),
-                           .elapsedTime = {},
-                           .duration = {}};
-    const bool complete =
-        title.isString() && artist.isString() && source.isString() && playing.isBool() &&
-        readSeconds(object.value(QLatin1StringView("elapsedTime")), activity.elapsedTime) &&
-        readSeconds(object.value(QLatin1StringView("duration")), activity.duration);
-    return complete ? std::optional(std::move(activity)) : std::nullopt;
+    const QJsonValue elapsed = object.value(QLatin1StringView("elapsedTime"));
+    const QJsonValue duration = object.value(QLatin1StringView("duration"));
+    const auto isTime = [](const QJsonValue &value) {
+        return value.isDouble() || value.isNull() || value.isUndefined();
+    };
+    const auto seconds = [](const QJsonValue &value) {
+        return value.isDouble() ? std::optional(value.toDouble()) : std::nullopt;
+    };
+    if (!title.isString() || !artist.isString() || !source.isString() || !playing.isBool() ||
+        !isTime(elapsed) || !isTime(duration)) {
+        return std::nullopt;
+    }
+    return MediaActivity{.title = textToShow(title.toString()),
+                         .artist = textToShow(artist.toString()),
+                         .source = textToShow(source.toString()),
+                         .playing = playing.toBool(),
+                         .elapsedTime = seconds(elapsed),
+                         .duration = seconds(duration)};
 }
 
 } // namespace
@@ -57,6 +60,36 @@ MediaReading decodeMediaReading(const QByteArray &json) {
     const QJsonDocument document = QJsonDocument::fromJson(json);
     const auto activity = document.isObject() ? decodeActivity(document.object()) : std::nullopt;
     return {.succeeded = activity.has_value(), .activity = activity};
+}
+
+QString textToShow(const QString &text) {
+    constexpr qsizetype maxLength = 1024;
+    // Zero-width spaces and joiners of words, direction marks and overrides, byte order marks. The
+    // joiners inside emoji and words stay.
+    static const QRegularExpression hidden(
+        QStringLiteral("[\\x{200B}\\x{200E}\\x{200F}\\x{202A}-\\x{202E}\\x{2060}"
+                       "\\x{2066}-\\x{2069}\\x{FEFF}]"));
+    static const QRegularExpression control(QStringLiteral("\\p{Cc}"));
+    QString shown = text.left(maxLength);
+    if (!shown.isEmpty() && shown.back().isHighSurrogate()) {
+        shown.chop(1);
+    }
+    return shown.remove(hidden).replace(control, QStringLiteral(" ")).simplified();
+}
+
+void applyMedia(ShelfModel &model, const std::optional<MediaActivity> &activity) {
+    Media media{.source = QStringLiteral("Media"), .playerID = model.media().playerID};
+    if (activity) {
+        media.active = true;
+        media.playing = activity->playing;
+        media.title = activity->title;
+        media.artist = activity->artist;
+        media.source = activity->source;
+        media.isSystem = true;
+        media.isBrowser = activity->isBrowser();
+        media.canSeek = seekTarget(MediaPlaybackCommand::Rewind, *activity).has_value();
+    }
+    model.setMedia(media);
 }
 
 } // namespace perchly

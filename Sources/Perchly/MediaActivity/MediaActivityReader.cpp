@@ -8,28 +8,6 @@ namespace perchly {
 
 using namespace std::chrono_literals;
 
-namespace {
-
-constexpr std::chrono::milliseconds watchdog = 5s;
-/// The companion ends itself long before; one that does not must not hold the controls for good.
-constexpr std::chrono::milliseconds patience = 15s;
-
-std::optional<bool> decodeFlag(const std::optional<QByteArray> &output) {
-    const QByteArray text = output.value_or(QByteArray()).trimmed();
-    if (text == "true") {
-        return true;
-    }
-    return text == "false" ? std::optional(false) : std::nullopt;
-}
-
-} // namespace
-
-Task MediaActivityReader::execute(const QString &script, Output completion) {
-    return m_host.run(
-        {QStringLiteral("-l"), QStringLiteral("JavaScript"), QStringLiteral("-e"), script},
-        watchdog, std::move(completion));
-}
-
 Task MediaActivityReader::read(ReadCompletion completion) {
     const PlayerPresence presence = m_players.presence();
     if (presence != PlayerPresence::Some || !m_host.isRunnable()) {
@@ -49,13 +27,21 @@ Task MediaActivityReader::send(MediaPlaybackCommand command, std::optional<doubl
         return m_clock.after(0ms, [completion = std::move(completion)] { completion(false); });
     }
     return execute(*script, [completion = std::move(completion)](const auto &output) {
-        completion(decodeFlag(output));
+        completion(output && output->trimmed() == "true");
     });
 }
 
-Task MediaActivityReader::tell(const QString &playerID, const QString &word, Output completion) {
-    return m_host.run({QStringLiteral("-e"), playerScript(playerID, word)}, patience,
+Task MediaActivityReader::tell(const QString &playerID, const QString &word,
+                               TellCompletion completion) {
+    // The companion ends by itself long before.
+    return m_host.run({QStringLiteral("-e"), playerScript(playerID, word)}, 15s,
                       std::move(completion));
+}
+
+Task MediaActivityReader::execute(const QString &script, Output completion) {
+    return m_host.run(
+        {QStringLiteral("-l"), QStringLiteral("JavaScript"), QStringLiteral("-e"), script}, 5s,
+        std::move(completion));
 }
 
 } // namespace perchly

@@ -20,10 +20,9 @@ class ScriptHost;
 /// task is destroyed. Several calls may be under way at once. Main thread only.
 class MediaActivityReader {
 public:
-    using Output = std::function<void(const std::optional<QByteArray> &output)>;
     using ReadCompletion = std::function<void(const MediaReading &reading)>;
-    /// Whether the player accepted the command; nothing when the script failed.
-    using SendCompletion = std::function<void(std::optional<bool> accepted)>;
+    using SendCompletion = std::function<void(bool accepted)>;
+    using TellCompletion = std::function<void(const std::optional<QByteArray> &state)>;
 
     /// The hosts must outlive the reader.
     MediaActivityReader(ScriptHost &host, const PlayerNotifications &players, Clock &clock)
@@ -31,21 +30,24 @@ public:
         , m_players(players)
         , m_clock(clock) {}
 
-    /// Runs one script and gives what it printed; nothing when it failed or took over 5 seconds.
-    [[nodiscard]] Task execute(const QString &script, Output completion);
-
     /// While no player runs there is nothing to read, and no process is started to find that out.
     [[nodiscard]] Task read(ReadCompletion completion);
 
-    /// A seek needs its target in seconds; without one it is not accepted and nothing is run.
+    /// Whether the player accepted the command. A seek needs its target in seconds; without one it
+    /// is not accepted and nothing is run.
     [[nodiscard]] Task send(MediaPlaybackCommand command, std::optional<double> position,
                             SendCompletion completion);
 
-    /// Runs a command word in one player and gives the state that the player then says it is in;
-    /// nothing when it failed.
-    [[nodiscard]] Task tell(const QString &playerID, const QString &word, Output completion);
+    /// Runs a command word in one player and gives the player's state after it; nothing when that
+    /// failed.
+    [[nodiscard]] Task tell(const QString &playerID, const QString &word,
+                            TellCompletion completion);
 
 private:
+    using Output = std::function<void(const std::optional<QByteArray> &output)>;
+
+    [[nodiscard]] Task execute(const QString &script, Output completion);
+
     ScriptHost &m_host;
     const PlayerNotifications &m_players;
     Clock &m_clock;

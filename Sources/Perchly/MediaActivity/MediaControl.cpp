@@ -11,34 +11,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr int mostAttempts = 4;
+constexpr int maxAttempts = 4;
 constexpr double seekTolerance = 4;
-
-QString sessionChanged() {
-    return QStringLiteral("The media session changed. Wait for the current player to appear, then "
-                          "try again.");
-}
-
-QString notSeekable() {
-    return QStringLiteral("This player does not expose a seekable timeline.");
-}
-
-QString refused(const QString &source) {
-    return source + QStringLiteral(" could not receive this playback command.");
-}
-
-QString ignored(const QString &source) {
-    return source +
-           QStringLiteral(" did not apply this media command. The tab may be closed, "
-                          "buffering, or unable to accept remote controls. Open the player "
-                          "and try again.");
-}
-
-QString notAllowed() {
-    return QStringLiteral(
-        "Allow Perchly in System Settings → Privacy & Security → Automation, then "
-        "try again.");
-}
 
 bool cannotBeChecked(MediaPlaybackCommand command) {
     return command == MediaPlaybackCommand::Next || command == MediaPlaybackCommand::Previous;
@@ -46,71 +20,64 @@ bool cannotBeChecked(MediaPlaybackCommand command) {
 
 } // namespace
 
-MediaControl::MediaControl(ShelfModel &model, MediaActivityReader &reader, Clock &clock,
-                           Apply apply)
-    : m_model(model)
-    , m_reader(reader)
-    , m_clock(clock)
-    , m_apply(std::move(apply)) {}
-
 void MediaControl::start(const QString &word) {
     if (m_model.controlling()) {
         return;
     }
     m_model.setControlling(true);
     m_model.setControlError({});
-    m_model.setMusicActive(true);
-    if (!m_model.systemMedia()) {
+    Media media = m_model.media();
+    media.active = true;
+    m_model.setMedia(media);
+    if (!media.isSystem) {
         tellPlayer(word);
         return;
     }
-    const auto kind = resolvePlaybackCommand(word, m_model.playing());
+    const auto kind = resolvePlaybackCommand(word, media.playing);
     if (!kind) {
-        m_model.setControlling(false);
+        end();
         return;
     }
-    m_command = {.word = word,
-                 .kind = *kind,
-                 .source = m_model.mediaSource(),
-                 .title = m_model.musicTitle(),
-                 .target = {}};
+    m_command = {
+        .word = word, .kind = *kind, .source = media.source, .title = media.title, .target = {}};
     m_step = m_reader.read([this](const MediaReading &reading) { onFreshReading(reading); });
 }
 
 void MediaControl::tellPlayer(const QString &word) {
-    m_step = m_reader.tell(m_model.playerID(), word, [this](const auto &output) {
-        end(output ? QString() : notAllowed());
-        if (output) {
-            m_model.setPlaying(QString::fromUtf8(*output).trimmed().toLower() ==
-                               QLatin1StringView("playing"));
+    m_step = m_reader.tell(m_model.media().playerID, word, [this](const auto &state) {
+        if (!state) {
+            end(QStringLiteral("Allow Perchly in System Settings → Privacy & Security → "
+                               "Automation, then try again."));
+            return;
         }
+        end();
+        Media media = m_model.media();
+        media.playing = state->trimmed().toLower() == "playing";
+        m_model.setMedia(media);
     });
 }
 
 void MediaControl::onFreshReading(const MediaReading &reading) {
     const auto &activity = reading.activity;
-    if (!reading.succeeded || !activity || activity->source != m_command.source ||
-        activity->title != m_command.title) {
-        end(sessionChanged());
+    if (!activity || !isSameItem(*activity)) {
+        end(QStringLiteral("The media session changed. Wait for the current player to appear, then "
+                           "try again."));
         return;
     }
     m_command.kind =
         resolvePlaybackCommand(m_command.word, activity->playing).value_or(m_command.kind);
     m_command.target = seekTarget(m_command.kind, *activity);
     if (isSeek(m_command.kind) && !m_command.target) {
-        end(notSeekable());
+        end(QStringLiteral("This player does not expose a seekable timeline."));
         return;
     }
-    m_step = m_reader.send(m_command.kind, m_command.target,
-                           [this](std::optional<bool> accepted) { onSent(accepted); });
-}
-
-void MediaControl::onSent(std::optional<bool> accepted) {
-    if (accepted.value_or(false)) {
-        waitAndVerify();
-    } else {
-        end(refused(m_command.source));
-    }
+    m_step = m_reader.send(m_command.kind, m_command.target, [this](bool accepted) {
+        if (accepted) {
+            waitAndVerify();
+        } else {
+            end(m_command.source + QStringLiteral(" could not receive this playback command."));
+        }
+    });
 }
 
 void MediaControl::waitAndVerify() {
@@ -121,7 +88,7 @@ void MediaControl::waitAndVerify() {
 
 void MediaControl::onVerification(const MediaReading &reading) {
     if (reading.succeeded) {
-        m_apply(reading.activity);
+        applyMedia(m_model, reading.activity);
         if (reading.activity && isDone(*reading.activity)) {
             end();
             return;
@@ -132,25 +99,26 @@ void MediaControl::onVerification(const MediaReading &reading) {
         }
     }
     ++m_command.attempts;
-    if (m_command.attempts == mostAttempts) {
+    if (m_command.attempts == maxAttempts) {
         endUnverified();
     } else {
         waitAndVerify();
     }
 }
 
+bool MediaControl::isSameItem(const MediaActivity &activity) const {
+    return activity.source == m_command.source && activity.title == m_command.title;
+}
+
 bool MediaControl::isDone(const MediaActivity &activity) const {
-    if (activity.source != m_command.source || activity.title != m_command.title) {
-        return false;
-    }
     switch (m_command.kind) {
     case MediaPlaybackCommand::Play:
-        return activity.playing;
+        return isSameItem(activity) && activity.playing;
     case MediaPlaybackCommand::Pause:
-        return !activity.playing;
+        return isSameItem(activity) && !activity.playing;
     case MediaPlaybackCommand::Rewind:
     case MediaPlaybackCommand::Forward:
-        return activity.elapsedTime && m_command.target &&
+        return isSameItem(activity) && activity.elapsedTime && m_command.target &&
                std::abs(*activity.elapsedTime - *m_command.target) < seekTolerance;
     case MediaPlaybackCommand::Next:
     case MediaPlaybackCommand::Previous:
@@ -160,7 +128,12 @@ bool MediaControl::isDone(const MediaActivity &activity) const {
 }
 
 void MediaControl::endUnverified() {
-    end(cannotBeChecked(m_command.kind) ? QString() : ignored(m_command.source));
+    end(cannotBeChecked(m_command.kind)
+            ? QString()
+            : m_command.source +
+                  QStringLiteral(" did not apply this media command. The tab may be closed, "
+                                 "buffering, or unable to accept remote controls. Open the player "
+                                 "and try again."));
 }
 
 void MediaControl::end(const QString &error) {

@@ -2,32 +2,23 @@
 
 #include "MediaActivity.h"
 
+#include <QHash>
+
 #include <algorithm>
 #include <cmath>
 
 namespace perchly {
 
-namespace {
-
-constexpr double seekSpan = 15;
-
-} // namespace
-
 std::optional<MediaPlaybackCommand> resolvePlaybackCommand(const QString &word, bool playing) {
     using Command = MediaPlaybackCommand;
-    if (word == QLatin1StringView("playpause")) {
-        return playing ? Command::Pause : Command::Play;
-    }
-    if (word == QLatin1StringView("next track")) {
-        return Command::Next;
-    }
-    if (word == QLatin1StringView("previous track")) {
-        return Command::Previous;
-    }
-    if (word == QLatin1StringView("rewind")) {
-        return Command::Rewind;
-    }
-    return word == QLatin1StringView("forward") ? std::optional(Command::Forward) : std::nullopt;
+    const QHash<QString, Command> commands{
+        {QStringLiteral("playpause"), playing ? Command::Pause : Command::Play},
+        {QStringLiteral("next track"), Command::Next},
+        {QStringLiteral("previous track"), Command::Previous},
+        {QStringLiteral("rewind"), Command::Rewind},
+        {QStringLiteral("forward"), Command::Forward}};
+    const auto found = commands.constFind(word);
+    return found != commands.cend() ? std::optional(*found) : std::nullopt;
 }
 
 bool isSeek(MediaPlaybackCommand command) {
@@ -35,15 +26,14 @@ bool isSeek(MediaPlaybackCommand command) {
 }
 
 std::optional<double> seekTarget(MediaPlaybackCommand command, const MediaActivity &activity) {
-    const auto isFinite = [](const std::optional<double> &time) {
-        return time && std::isfinite(*time);
-    };
-    if (!isSeek(command) || !isFinite(activity.elapsedTime) || !isFinite(activity.duration) ||
-        *activity.duration <= 0) {
+    constexpr double span = 15;
+    const double elapsed = activity.elapsedTime.value_or(NAN);
+    const double duration = activity.duration.value_or(NAN);
+    if (!isSeek(command) || !std::isfinite(elapsed) || !std::isfinite(duration) || duration <= 0) {
         return std::nullopt;
     }
-    const double span = command == MediaPlaybackCommand::Rewind ? -seekSpan : seekSpan;
-    return std::max(std::min(*activity.elapsedTime + span, *activity.duration), 0.0);
+    const double target = elapsed + (command == MediaPlaybackCommand::Rewind ? -span : span);
+    return std::max(std::min(target, duration), 0.0);
 }
 
 } // namespace perchly

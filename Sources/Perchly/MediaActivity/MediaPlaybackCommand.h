@@ -8,10 +8,11 @@ namespace perchly {
 
 struct MediaActivity;
 
-enum class MediaPlaybackCommand { Play, Pause, Next, Previous, Rewind, Forward };
+/// The first four have the numbers by which scripts send them.
+enum class MediaPlaybackCommand { Play = 0, Pause = 1, Next = 4, Previous = 5, Rewind, Forward };
 
-/// What a command word of the shelf's buttons means while something plays or nothing does. The
-/// words are "playpause", "next track", "previous track", "rewind" and "forward".
+/// Resolves a command word of the shelf's buttons: "playpause", "next track", "previous track",
+/// "rewind" or "forward".
 [[nodiscard]] std::optional<MediaPlaybackCommand> resolvePlaybackCommand(const QString &word,
                                                                          bool playing);
 

@@ -1,7 +1,7 @@
 #include "MediaScripts.h"
 
-#include <array>
-#include <charconv>
+#include <QLocale>
+
 #include <cmath>
 
 namespace perchly {
@@ -47,33 +47,11 @@ constexpr auto playerText = R"(tell application id "%1"
 return player state as string
 end tell)";
 
-int commandNumber(MediaPlaybackCommand command) {
-    switch (command) {
-    case MediaPlaybackCommand::Play:
-        return 0;
-    case MediaPlaybackCommand::Pause:
-        return 1;
-    case MediaPlaybackCommand::Next:
-        return 4;
-    case MediaPlaybackCommand::Previous:
-        return 5;
-    case MediaPlaybackCommand::Rewind:
-    case MediaPlaybackCommand::Forward:
-        break;
-    }
-    return -1;
-}
-
 /// The shortest decimal text that reads back the same, with a fraction or an exponent.
 QString decimal(double number) {
-    const double size = std::abs(number);
-    const bool plain = size == 0 || (size >= 1e-4 && size < 1e16);
-    std::array<char, 64> buffer{};
-    const auto end =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), number,
-                      plain ? std::chars_format::fixed : std::chars_format::scientific);
-    const auto text = QString::fromLatin1(buffer.data(), end.ptr - buffer.data());
-    return plain && !text.contains(u'.') ? text + QStringLiteral(".0") : text;
+    const bool isTiny = number != 0 && std::abs(number) < 1e-4;
+    const auto text = QString::number(number, isTiny ? 'g' : 'f', QLocale::FloatingPointShortest);
+    return isTiny || text.contains(u'.') ? text : text + QStringLiteral(".0");
 }
 
 QString sendBody(const char *body, const QString &argument) {
@@ -89,7 +67,7 @@ QString readScript() {
 
 std::optional<QString> sendScript(MediaPlaybackCommand command, std::optional<double> position) {
     if (!isSeek(command)) {
-        return sendBody(sendCommand, QString::number(commandNumber(command)));
+        return sendBody(sendCommand, QString::number(int(command)));
     }
     if (!position || !std::isfinite(*position)) {
         return std::nullopt;

@@ -60,24 +60,10 @@ void ShelfModel::setActivity(const QString &activity) {
     publish(m_activity, activity, &ShelfModel::activityChanged);
 }
 
-void ShelfModel::setPlaying(bool playing) {
-    publish(m_playing, playing, &ShelfModel::playingChanged);
-}
-
-void ShelfModel::setArtist(const QString &artist) {
-    publish(m_artist, artist, &ShelfModel::artistChanged);
-}
-
-void ShelfModel::setMusicActive(bool active) {
-    publish(m_musicActive, active, &ShelfModel::musicActiveChanged);
-}
-
-void ShelfModel::setMusicTitle(const QString &title) {
-    publish(m_musicTitle, title, &ShelfModel::musicTitleChanged);
-}
-
-void ShelfModel::setMusicArtist(const QString &artist) {
-    publish(m_musicArtist, artist, &ShelfModel::musicArtistChanged);
+void ShelfModel::setMedia(const Media &media) {
+    if (media != m_media) {
+        publish(m_media, media, &ShelfModel::mediaChanged);
+    }
 }
 
 void ShelfModel::setControlError(const QString &error) {
@@ -86,22 +72,6 @@ void ShelfModel::setControlError(const QString &error) {
 
 void ShelfModel::setControlling(bool controlling) {
     publish(m_controlling, controlling, &ShelfModel::controllingChanged);
-}
-
-void ShelfModel::setMediaSource(const QString &source) {
-    publish(m_mediaSource, source, &ShelfModel::mediaSourceChanged);
-}
-
-void ShelfModel::setSystemMedia(bool system) {
-    publish(m_systemMedia, system, &ShelfModel::systemMediaChanged);
-}
-
-void ShelfModel::setMediaIsBrowser(bool browser) {
-    publish(m_mediaIsBrowser, browser, &ShelfModel::mediaIsBrowserChanged);
-}
-
-void ShelfModel::setMediaCanSeek(bool canSeek) {
-    publish(m_mediaCanSeek, canSeek, &ShelfModel::mediaCanSeekChanged);
 }
 
 } // namespace perchly

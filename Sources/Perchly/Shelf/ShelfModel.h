@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Clock.h"
+#include "Media.h"
 #include "ShelfEdge.h"
 #include "Widget.h"
 
@@ -32,18 +33,16 @@ class ShelfModel : public QObject {
     Q_PROPERTY(QString left READ leftTitle NOTIFY leftChanged FINAL)
     Q_PROPERTY(QString right READ rightTitle NOTIFY rightChanged FINAL)
     Q_PROPERTY(QString activity READ activity WRITE setActivity NOTIFY activityChanged FINAL)
-    Q_PROPERTY(bool playing READ playing NOTIFY playingChanged FINAL)
-    Q_PROPERTY(QString artist READ artist NOTIFY artistChanged FINAL)
-    Q_PROPERTY(bool musicActive READ musicActive NOTIFY musicActiveChanged FINAL)
-    Q_PROPERTY(QString musicTitle READ musicTitle NOTIFY musicTitleChanged FINAL)
-    Q_PROPERTY(QString musicArtist READ musicArtist NOTIFY musicArtistChanged FINAL)
+    Q_PROPERTY(bool playing READ playing NOTIFY mediaChanged FINAL)
+    Q_PROPERTY(bool musicActive READ musicActive NOTIFY mediaChanged FINAL)
+    Q_PROPERTY(QString musicTitle READ musicTitle NOTIFY mediaChanged FINAL)
+    Q_PROPERTY(QString musicArtist READ musicArtist NOTIFY mediaChanged FINAL)
     Q_PROPERTY(QString controlError READ controlError WRITE setControlError NOTIFY
                    controlErrorChanged FINAL)
     Q_PROPERTY(bool controlling READ controlling NOTIFY controllingChanged FINAL)
-    Q_PROPERTY(QString mediaSource READ mediaSource NOTIFY mediaSourceChanged FINAL)
-    Q_PROPERTY(bool systemMedia READ systemMedia NOTIFY systemMediaChanged FINAL)
-    Q_PROPERTY(bool mediaIsBrowser READ mediaIsBrowser NOTIFY mediaIsBrowserChanged FINAL)
-    Q_PROPERTY(bool mediaCanSeek READ mediaCanSeek NOTIFY mediaCanSeekChanged FINAL)
+    Q_PROPERTY(QString mediaSource READ mediaSource NOTIFY mediaChanged FINAL)
+    Q_PROPERTY(bool mediaIsBrowser READ mediaIsBrowser NOTIFY mediaChanged FINAL)
+    Q_PROPERTY(bool mediaCanSeek READ mediaCanSeek NOTIFY mediaChanged FINAL)
     Q_PROPERTY(int seconds READ seconds NOTIFY secondsChanged FINAL)
     Q_PROPERTY(bool running READ running NOTIFY runningChanged FINAL)
     Q_PROPERTY(bool isBreak READ isBreak NOTIFY isBreakChanged FINAL)
@@ -95,35 +94,23 @@ public:
     [[nodiscard]] QString activity() const { return m_activity; }
     void setActivity(const QString &activity);
 
-    /// What is playing, and where.
-    [[nodiscard]] bool playing() const { return m_playing; }
-    void setPlaying(bool playing);
-    [[nodiscard]] QString artist() const { return m_artist; }
-    void setArtist(const QString &artist);
-    [[nodiscard]] bool musicActive() const { return m_musicActive; }
-    void setMusicActive(bool active);
-    [[nodiscard]] QString musicTitle() const { return m_musicTitle; }
-    void setMusicTitle(const QString &title);
-    [[nodiscard]] QString musicArtist() const { return m_musicArtist; }
-    void setMusicArtist(const QString &artist);
+    /// What is playing. Announced only when it differs.
+    [[nodiscard]] const Media &media() const { return m_media; }
+    void setMedia(const Media &media);
+    [[nodiscard]] bool playing() const { return m_media.playing; }
+    [[nodiscard]] bool musicActive() const { return m_media.active; }
+    [[nodiscard]] QString musicTitle() const { return m_media.title; }
+    [[nodiscard]] QString musicArtist() const { return m_media.artist; }
+    [[nodiscard]] QString mediaSource() const { return m_media.source; }
+    [[nodiscard]] bool mediaIsBrowser() const { return m_media.isBrowser; }
+    [[nodiscard]] bool mediaCanSeek() const { return m_media.canSeek; }
     /// Why the last playback command failed; absent until one does and after it was dismissed.
     [[nodiscard]] QString controlError() const { return m_controlError; }
     void setControlError(const QString &error);
     Q_INVOKABLE void clearControlError() { setControlError({}); }
-    /// A playback command is on its way.
+    /// A playback command is under way.
     [[nodiscard]] bool controlling() const { return m_controlling; }
     void setControlling(bool controlling);
-    [[nodiscard]] QString mediaSource() const { return m_mediaSource; }
-    void setMediaSource(const QString &source);
-    [[nodiscard]] bool systemMedia() const { return m_systemMedia; }
-    void setSystemMedia(bool system);
-    [[nodiscard]] bool mediaIsBrowser() const { return m_mediaIsBrowser; }
-    void setMediaIsBrowser(bool browser);
-    [[nodiscard]] bool mediaCanSeek() const { return m_mediaCanSeek; }
-    void setMediaCanSeek(bool canSeek);
-    /// Identifier of the player that commands go to. Not announced.
-    [[nodiscard]] QString playerID() const { return m_playerID; }
-    void setPlayerID(const QString &identifier) { m_playerID = identifier; }
 
     /// The focus timer: seconds left, frozen while it is paused.
     [[nodiscard]] int seconds() const { return m_seconds; }
@@ -166,17 +153,9 @@ Q_SIGNALS:
     void leftChanged();
     void rightChanged();
     void activityChanged();
-    void playingChanged();
-    void artistChanged();
-    void musicActiveChanged();
-    void musicTitleChanged();
-    void musicArtistChanged();
+    void mediaChanged();
     void controlErrorChanged();
     void controllingChanged();
-    void mediaSourceChanged();
-    void systemMediaChanged();
-    void mediaIsBrowserChanged();
-    void mediaCanSeekChanged();
     void secondsChanged();
     void runningChanged();
     void isBreakChanged();
@@ -212,18 +191,9 @@ private:
     Widget m_left = Widget::Clock;
     Widget m_right = Widget::Timer;
     QString m_activity = QStringLiteral("Ready when you are");
-    bool m_playing = false;
-    QString m_artist = QStringLiteral("");
-    bool m_musicActive = false;
-    QString m_musicTitle = QStringLiteral("Music");
-    QString m_musicArtist = QStringLiteral("");
+    Media m_media;
     QString m_controlError;
     bool m_controlling = false;
-    QString m_mediaSource = QStringLiteral("Apple Music");
-    bool m_systemMedia = false;
-    bool m_mediaIsBrowser = false;
-    bool m_mediaCanSeek = false;
-    QString m_playerID = QStringLiteral("com.apple.Music");
     int m_seconds = 0;
     bool m_running = false;
     bool m_isBreak = false;

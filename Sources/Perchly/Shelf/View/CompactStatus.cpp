@@ -3,66 +3,47 @@
 namespace perchly {
 
 void CompactStatus::setModel(ShelfModel *model) {
-    if (m_model == model) {
-        return;
-    }
-    if (m_model) {
-        m_model->disconnect(this);
-    }
     m_model = model;
     if (m_model) {
         for (const auto signal : {&ShelfModel::secondsChanged, &ShelfModel::runningChanged,
-                                  &ShelfModel::musicActiveChanged, &ShelfModel::playingChanged,
-                                  &ShelfModel::musicTitleChanged, &ShelfModel::activityChanged}) {
+                                  &ShelfModel::mediaChanged, &ShelfModel::activityChanged}) {
             connect(m_model, signal, this, &CompactStatus::refresh);
         }
     }
-    Q_EMIT modelChanged();
     refresh();
 }
 
 void CompactStatus::setProductivity(Productivity *productivity) {
-    if (m_productivity == productivity) {
-        return;
-    }
-    if (m_productivity) {
-        m_productivity->disconnect(this);
-    }
     m_productivity = productivity;
     if (m_productivity) {
         connect(m_productivity, &Productivity::busyShortcutChanged, this, &CompactStatus::refresh);
         connect(m_productivity, &Productivity::heldChanged, this, &CompactStatus::refresh);
     }
-    Q_EMIT productivityChanged();
     refresh();
 }
 
-void CompactStatus::refresh() {
-    const ShelfModel *const shelf = m_model;
-    const Productivity *const workspace = m_productivity;
-    if (shelf == nullptr || workspace == nullptr) {
-        return;
-    }
-    assign(m_time, minutesAndSeconds(shelf->seconds()), &CompactStatus::timeChanged);
-    const CompactLook look = compactLook({.busyShortcut = workspace->busyShortcut(),
-                                          .timerRuns = shelf->running(),
-                                          .seconds = shelf->seconds(),
-                                          .musicActive = shelf->musicActive(),
-                                          .playing = shelf->playing(),
-                                          .musicTitle = shelf->musicTitle(),
-                                          .held = workspace->held().size(),
-                                          .activity = shelf->activity()});
-    assign(m_look.symbol, look.symbol, &CompactStatus::symbolChanged);
-    assign(m_look.status, look.status, &CompactStatus::statusChanged);
-    assign(m_look.title, look.title, &CompactStatus::titleChanged);
-    assign(m_sentence, look.title + QStringLiteral(" · ") + look.status,
-           &CompactStatus::sentenceChanged);
+QString CompactStatus::sentence() const {
+    return m_look.title + QStringLiteral(" · ") + m_look.status;
 }
 
-void CompactStatus::assign(QString &field, const QString &value, void (CompactStatus::*changed)()) {
-    if (field != value) {
-        field = value;
-        Q_EMIT(this->*changed)();
+void CompactStatus::refresh() {
+    if (!m_model || !m_productivity) {
+        return;
+    }
+    const Media &media = m_model->media();
+    const QString time = minutesAndSeconds(m_model->seconds());
+    const CompactLook look = compactLook({.busyShortcut = m_productivity->busyShortcut(),
+                                          .timerRuns = m_model->running(),
+                                          .seconds = m_model->seconds(),
+                                          .musicActive = media.active,
+                                          .playing = media.playing,
+                                          .musicTitle = media.title,
+                                          .held = m_productivity->held().size(),
+                                          .activity = m_model->activity()});
+    if (time != m_time || look != m_look) {
+        m_time = time;
+        m_look = look;
+        Q_EMIT changed();
     }
 }
 
