@@ -2,18 +2,18 @@
 
 #include "AutostartLoginItem.h"
 #include "BusPlayerNotifications.h"
-#include "BusPowerSources.h"
 #include "CalendarQuestion.h"
 #include "CanberraAlertSound.h"
 #include "Companion.h"
 #include "CompanionCalendarStore.h"
-#include "DBusSingleInstance.h"
 #include "DefaultMusicPlayer.h"
 #include "DesktopCatalog.h"
 #include "FolderShortcutsTool.h"
 #include "GioApplications.h"
 #include "GioFileServices.h"
 #include "JsonPreferences.h"
+#include "KernelPower.h"
+#include "LockedInstance.h"
 #include "NullAudio.h"
 #include "NullHosts.h"
 #include "PipeWireAudioSystem.h"
@@ -59,14 +59,6 @@ void tellOnce(const char *text) {
         told.append(text);
         std::fprintf(stderr, "perchly: %s\n", text);
     }
-}
-
-std::optional<QDBusConnection> sessionBus() {
-    const auto bus = sessionbus::within(1s);
-    if (!bus) {
-        tellOnce("no session bus: status icon, portals and control by other programs are missing");
-    }
-    return bus;
 }
 
 template <class Host>
@@ -128,25 +120,27 @@ std::unique_ptr<AudioSystem> audioSystem() {
 }
 
 void addDesktop(Hosts &hosts) {
-    const auto bus = sessionBus();
-    // A connection that never was answers like a bus on which nobody is.
-    const QDBusConnection reachable = bus.value_or(QDBusConnection(QString()));
+    const auto bus = std::make_shared<SessionBus>(QStringLiteral("perchly"));
+    if (!bus->isConnected()) {
+        tellOnce("no session bus: status icon, portals and control by other programs are missing");
+    }
     hosts.preferences = std::make_unique<JsonPreferences>(JsonPreferences::defaultPath());
-    hosts.statusItem = std::make_unique<TrayStatusItem>(reachable);
+    hosts.statusItem = std::make_unique<TrayStatusItem>(
+        bus->isConnected() ? QDBusConnection::sessionBus() : QDBusConnection(QString()));
     const StartNotices notices{.begin = startupsequence::begin,
                                .withdraw = startupsequence::withdraw};
     hosts.applications = std::make_unique<GioApplications>(notices);
     hosts.catalog = std::make_unique<DesktopCatalog>();
     hosts.loginItem = std::make_unique<AutostartLoginItem>(AutostartLoginItem::runningProgram());
-    hosts.motion = std::make_unique<PortalMotion>(reachable);
+    hosts.motion = std::make_unique<PortalMotion>(bus);
     hosts.alertSound = std::make_unique<CanberraAlertSound>();
     hosts.scriptHost = companion<ProcessScriptHost>(
         "perchly-scripthost", "perchly-scripthost is not installed: what players play is missing");
     hosts.shortcuts = std::make_unique<FolderShortcutsTool>();
     hosts.fileServices = std::make_unique<GioFileServices>(notices);
     hosts.calendars = calendarStore();
-    hosts.power = std::make_unique<BusPowerSources>();
-    hosts.playerNotifications = std::make_unique<BusPlayerNotifications>();
+    hosts.power = std::make_unique<KernelPower>();
+    hosts.playerNotifications = std::make_unique<BusPlayerNotifications>(bus);
     hosts.musicPlayer = std::make_unique<DefaultMusicPlayer>(*hosts.applications);
     hosts.audio = audioSystem();
 }
@@ -171,14 +165,14 @@ void addWindowSystem(Hosts &hosts) {
 
 } // namespace
 
-SilentBusScreen::SilentBusScreen() {
-    if (!sessionbus::answers(1s)) {
+UnansweringBusHider::UnansweringBusHider() {
+    if (!SessionBus::answers(1s)) {
         m_address = qgetenv(busVariable);
         qputenv(busVariable, "disabled:");
     }
 }
 
-SilentBusScreen::~SilentBusScreen() {
+UnansweringBusHider::~UnansweringBusHider() {
     if (m_address) {
         static_cast<void>(QDBusConnection::sessionBus()); // looked for now, and never again
         if (m_address->isNull()) {
@@ -225,7 +219,7 @@ std::unique_ptr<SingleInstance> makeSingleInstance() {
     if (wantsNullHosts()) {
         return std::make_unique<NullSingleInstance>();
     }
-    return std::make_unique<DBusSingleInstance>(sessionBus());
+    return std::make_unique<LockedInstance>();
 }
 
 } // namespace perchly

@@ -15,16 +15,15 @@ namespace perchly {
 /// the environment it chooses the null implementations everywhere, apart from time. What is missing
 /// is told on standard error, once each; a desktop without a place for status icons misses nothing.
 
-/// A session bus that takes connections and never answers would hold up the toolkit for good. While
-/// this exists, such a bus, and one that is not there, is out of the toolkit's sight, which looks
-/// once. The rest of the program, and what it starts, find the bus again when it answers. Make it
-/// first of all, and keep it until the application object is made.
-class SilentBusScreen {
+/// Hides a session bus that does not answer from Qt, which would wait for it without a timeout. Qt
+/// looks for the bus once; the rest of the program, and what it starts, find it again when it
+/// answers. Make it first of all, and keep it until the application object is made.
+class UnansweringBusHider {
 public:
-    SilentBusScreen();
-    ~SilentBusScreen();
-    SilentBusScreen(const SilentBusScreen &) = delete;
-    SilentBusScreen &operator=(const SilentBusScreen &) = delete;
+    UnansweringBusHider();
+    ~UnansweringBusHider();
+    UnansweringBusHider(const UnansweringBusHider &) = delete;
+    UnansweringBusHider &operator=(const UnansweringBusHider &) = delete;
 
 private:
     std::optional<QByteArray> m_address; ///< what is hidden; null when nothing is set

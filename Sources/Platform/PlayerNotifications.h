@@ -8,8 +8,7 @@ namespace perchly {
 /// Whether any media player runs. Unknown where nobody can be asked, or before there is an answer.
 enum class PlayerPresence { Unknown, None, Some };
 
-/// What the person's music application and Spotify tell everybody about themselves.
-/// Main thread only.
+/// What the user's music application and Spotify announce about themselves. Main thread only.
 class PlayerNotifications : public QObject {
     Q_OBJECT
 public:

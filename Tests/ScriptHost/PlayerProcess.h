@@ -1,11 +1,7 @@
 #pragma once
 
-#include <QByteArray>
-#include <QJsonObject>
 #include <QProcess>
-#include <QStringList>
-
-#include <optional>
+#include <QTest>
 
 namespace perchly {
 
@@ -13,25 +9,30 @@ namespace perchly {
 /// the constructor returns, and gone after the destructor.
 class PlayerProcess {
 public:
-    explicit PlayerProcess(const char *name, const QByteArray &script = "{}");
-    ~PlayerProcess();
-    PlayerProcess(const PlayerProcess &) = delete;
-    PlayerProcess &operator=(const PlayerProcess &) = delete;
+    explicit PlayerProcess(const char *name, const QByteArray &script = "{}") {
+        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_process.start(
+            QStringLiteral("/usr/bin/python3"),
+            {QStringLiteral(SCRIPTED_PLAYER), QString::fromUtf8(name), QString::fromUtf8(script)});
+        while (!m_process.canReadLine() && m_process.waitForReadyRead(10'000)) {
+        }
+        m_process.readLine(); // "ready"
+    }
+    ~PlayerProcess() {
+        m_process.kill();
+        m_process.waitForFinished();
+        QTest::qSleep(20); // the bus takes a moment to notice
+    }
 
-    /// The commands that reached it since the last call.
-    [[nodiscard]] QStringList commands();
-
-    [[nodiscard]] bool isReady() const { return m_ready; }
+    /// The commands that reached it since the last call, with spaces between them.
+    [[nodiscard]] QString commands() {
+        QTest::qSleep(50);
+        m_process.waitForReadyRead(50);
+        return QString::fromUtf8(m_process.readAllStandardOutput()).simplified();
+    }
 
 private:
     QProcess m_process;
-    bool m_ready = false;
 };
-
-/// Runs the real companion; nothing when it failed.
-[[nodiscard]] std::optional<QByteArray> runCompanion(const QStringList &arguments);
-[[nodiscard]] std::optional<QByteArray> runJavaScript(const QString &script);
-/// What the companion's reading says: an object, null for no player, undefined for a failure.
-[[nodiscard]] QJsonValue readSession();
 
 } // namespace perchly

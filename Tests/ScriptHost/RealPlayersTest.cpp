@@ -1,26 +1,35 @@
 #include "BusPlayerNotifications.h"
 #include "FakeHosts.h"
 #include "MediaTracking.h"
-#include "PlayerProcess.h"
 #include "ProcessScriptHost.h"
 #include "QtClock.h"
 #include "ShelfModel.h"
 
 #include <QDir>
+#include <QProcess>
 #include <QTest>
 
 using namespace perchly;
 
 namespace {
 
-/// A program that ends with the test.
-class Running {
+/// A browser without a window that shows the page of the tests, and ends with them.
+class Browser {
 public:
-    Running(const QString &program, const QStringList &arguments) {
+    Browser() {
         m_process.setStandardErrorFile(QProcess::nullDevice());
-        m_process.start(program, arguments);
+        QStringList arguments{QStringLiteral("file://" TAB_PAGE),
+                              QStringLiteral("--user-data-dir=") + QDir::tempPath() +
+                                  QStringLiteral("/browser")};
+        for (const char *option :
+             {"headless", "no-sandbox", "disable-gpu", "disable-quic", "no-first-run",
+              "disable-background-networking", "disable-component-update", "disable-sync",
+              "autoplay-policy=no-user-gesture-required"}) {
+            arguments.append(QStringLiteral("--") + QLatin1String(option));
+        }
+        m_process.start(QStringLiteral("chromium"), arguments);
     }
-    ~Running() {
+    ~Browser() {
         m_process.terminate();
         if (!m_process.waitForFinished(5000)) {
             m_process.kill();
@@ -31,21 +40,6 @@ public:
 private:
     QProcess m_process;
 };
-
-/// A browser without a window that shows the page of the tests.
-QStringList browserArguments() {
-    return {QStringLiteral("--headless"),
-            QStringLiteral("--no-sandbox"),
-            QStringLiteral("--disable-gpu"),
-            QStringLiteral("--disable-quic"),
-            QStringLiteral("--no-first-run"),
-            QStringLiteral("--disable-background-networking"),
-            QStringLiteral("--disable-component-update"),
-            QStringLiteral("--disable-sync"),
-            QStringLiteral("--autoplay-policy=no-user-gesture-required"),
-            QStringLiteral("--user-data-dir=") + QDir::tempPath() + QStringLiteral("/browser"),
-            QStringLiteral("file://" TAB_PAGE)};
-}
 
 /// What follows players in the program, over the real clock, companion and bus.
 struct RealMedia {
@@ -69,7 +63,7 @@ struct RealMedia {
     QtClock clock;
     ShelfModel model{clock, fake.preferences, fake.alertSound};
     ProcessScriptHost scripts{QStringLiteral(COMPANION)};
-    BusPlayerNotifications notifications;
+    BusPlayerNotifications notifications{std::make_shared<SessionBus>(QStringLiteral("players"))};
     MediaTracking tracking{model, clock, scripts, notifications, fake.musicPlayer};
 };
 
@@ -78,8 +72,8 @@ struct RealMedia {
 class RealPlayersTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void aTabIsFollowedAndObeys() {
-        const Running browser(QStringLiteral("chromium"), browserArguments());
+    void tabIsFollowedAndObeys() {
+        const Browser browser;
         RealMedia media;
         const ShelfModel &model = media.model;
         QVERIFY(media.waitForSession(QStringLiteral("Tab song 🎵")));

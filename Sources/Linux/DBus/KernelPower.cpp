@@ -4,83 +4,77 @@
 #include <QFile>
 
 #include <algorithm>
-#include <limits>
 
 namespace perchly {
 
 namespace {
 
-constexpr qint64 mostBytes = 64;
+constexpr qint64 maxBytes = 64;
 
 QByteArray readFact(const QDir &supply, const char *name) {
     QFile file(supply.filePath(QString::fromLatin1(name)));
-    return file.open(QIODevice::ReadOnly) ? file.read(mostBytes).trimmed() : QByteArray();
+    return file.open(QIODevice::ReadOnly) ? file.read(maxBytes).trimmed() : QByteArray();
 }
 
-std::optional<std::int32_t> readAmount(const QDir &supply, const char *name) {
-    bool isNumber = false;
-    const qlonglong value = readFact(supply, name).toLongLong(&isNumber);
-    const bool canBe = isNumber && value >= 0 && value <= std::numeric_limits<std::int32_t>::max();
-    return canBe ? std::optional(std::int32_t(value)) : std::nullopt;
+/// What the battery can hold, in a unit that all batteries of a machine share.
+double capacityOf(const QDir &supply) {
+    const double energy = readFact(supply, "energy_full").toDouble();
+    return std::max(energy > 0 ? energy : readFact(supply, "charge_full").toDouble(), 1.0);
 }
 
-bool isOnline(const QDir &supply) {
-    return readAmount(supply, "online").value_or(0) > 0;
-}
-
-PowerSource readBattery(const QDir &supply) {
-    PowerSource battery{.kind = PowerSource::Kind::InternalBattery};
-    const auto percent = readAmount(supply, "capacity");
-    if (percent && *percent <= 100) {
-        battery.currentCapacity = percent;
-        battery.maxCapacity = 100;
-    } else {
-        // Watt hours or ampere hours, whichever the firmware counts in.
-        const char *now = "energy_now";
-        const char *full = "energy_full";
-        if (!readAmount(supply, now)) {
-            now = "charge_now";
-            full = "charge_full";
-        }
-        battery.currentCapacity = readAmount(supply, now);
-        battery.maxCapacity = readAmount(supply, full);
-        if (battery.currentCapacity && battery.maxCapacity) {
-            battery.currentCapacity = std::min(*battery.currentCapacity, *battery.maxCapacity);
-        }
-    }
-    const QByteArray status = readFact(supply, "status");
-    battery.isCharging = status == "Charging";
-    battery.isOnMains = battery.isCharging || status == "Full" || status == "Not charging";
-    return battery;
-}
-
-} // namespace
-
-PowerSources::Reading readKernelPower(const QString &folder) {
+PowerSources::Reading readFolder(const QString &folder) {
     const QDir supplies(folder);
     if (!supplies.exists()) {
         return std::nullopt;
     }
-    QList<PowerSource> sources;
-    bool isOnMains = false;
-    const QStringList names = supplies.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
-    for (const QString &name : names) {
+    bool isOnline = false;
+    double percents = 0; // weighted by capacity
+    double capacities = 0;
+    QByteArrayList statuses;
+    for (const QString &name : supplies.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
         const QDir supply(supplies.filePath(name));
-        const QByteArray type = readFact(supply, "type");
-        if (type == "Battery") {
-            const bool isHere = readFact(supply, "present") != "0";
-            if (isHere && readFact(supply, "scope") != "Device") {
-                sources.append(readBattery(supply));
-            }
-        } else {
-            isOnMains = isOnMains || isOnline(supply);
-            sources.append(PowerSource());
+        if (readFact(supply, "type") != "Battery") {
+            isOnline = isOnline || readFact(supply, "online").toInt() > 0;
+            continue;
+        }
+        bool isNumber = false;
+        const int percent = readFact(supply, "capacity").toInt(&isNumber);
+        if (isNumber && readFact(supply, "scope") != "Device" &&
+            readFact(supply, "present") != "0") {
+            const double capacity = capacityOf(supply);
+            percents += std::clamp(percent, 0, 100) * capacity;
+            capacities += capacity;
+            statuses.append(readFact(supply, "status"));
         }
     }
-    for (PowerSource &source : sources) {
-        source.isOnMains = source.isOnMains || isOnMains;
+    if (statuses.isEmpty()) {
+        return QList<PowerSource>();
     }
-    return sources;
+    return QList{PowerSource{.kind = PowerSource::Kind::InternalBattery,
+                             .currentCapacity = std::int32_t(percents / capacities),
+                             .maxCapacity = 100,
+                             .isCharging = statuses.contains("Charging"),
+                             .isOnMains = isOnline || (!statuses.contains("Discharging") &&
+                                                       !statuses.contains("Unknown"))}};
+}
+
+} // namespace
+
+KernelPower::KernelPower(QString folder)
+    : m_folder(std::move(folder)) {
+    m_pool.setMaxThreadCount(1);
+    m_pool.setExpiryTimeout(1000);
+}
+
+void KernelPower::read(Completion completion) {
+    m_pool.start([this, completion = std::move(completion)]() mutable {
+        QMetaObject::invokeMethod(
+            this,
+            [reading = readFolder(m_folder), completion = std::move(completion)] {
+                completion(reading);
+            },
+            Qt::QueuedConnection);
+    });
 }
 
 } // namespace perchly

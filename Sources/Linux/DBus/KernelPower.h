@@ -3,12 +3,21 @@
 #include "PowerSources.h"
 
 #include <QString>
+#include <QThreadPool>
 
 namespace perchly {
 
-/// Reads the kernel's folder of power supplies, one folder for each, in the order of their names.
-/// Batteries of devices such as mice are left out. Nothing when there is no such folder. Blocks for
-/// as long as the firmware takes to answer; any thread.
-[[nodiscard]] PowerSources::Reading readKernelPower(const QString &folder);
+/// The machine's batteries, as one, from the kernel's folder of power supplies. It is read in the
+/// background, since the firmware takes its time. Batteries of devices such as mice do not count.
+class KernelPower : public PowerSources {
+public:
+    explicit KernelPower(QString folder = QStringLiteral("/sys/class/power_supply"));
+
+    void read(Completion completion) override;
+
+private:
+    QString m_folder;
+    QThreadPool m_pool; ///< destroyed first: it waits for the thread
+};
 
 } // namespace perchly

@@ -1,43 +1,36 @@
 #pragma once
 
-#include <QLockFile>
-#include <QObject>
-#include <QSocketNotifier>
+#include "ApplicationObject.h"
+#include "SingleInstance.h"
 
-#include <chrono>
-#include <optional>
+#include <QDeadlineTimer>
+#include <QLocalServer>
+#include <QLockFile>
+
+#include <memory>
 
 namespace perchly {
 
-/// One instance for each person, by a lock file, which works without a session bus too. A second
-/// instance sends SIGUSR1 to the first, so while an object of this class holds the claim, it owns
-/// that signal of the process. At most one object claims at a time. Main thread only.
-class LockedInstance : public QObject {
+/// One instance for each user, by a lock in the runtime folder. A second one knocks at a socket
+/// beside it, which works without a session bus too. The instance with the lock is also reachable
+/// over the session bus.
+class LockedInstance : public SingleInstance {
     Q_OBJECT
 public:
-    /// The lock "perchly.lock" is made in that folder.
-    explicit LockedInstance(const QString &folder, QObject *parent = nullptr);
-    ~LockedInstance() override;
+    LockedInstance();
 
-    /// The runtime folder, or else a folder of the person's own among the temporary files; empty
-    /// when neither can be trusted.
-    [[nodiscard]] static QString defaultFolder();
-
-    /// True when this is the only instance. False when another runs, which has been told. Where no
-    /// lock can be made it says so on standard error and is true: better two than none.
-    /// @param patience how long to wait for another one that may be ending.
-    [[nodiscard]] bool claim(std::chrono::milliseconds patience = {});
-
-Q_SIGNALS:
-    /// Another start asked for the shelf.
-    void requested();
+    /// With an instance that does not answer it takes a second and says so on stderr. Where no lock
+    /// can be made it says so too and is true: better two instances than none.
+    [[nodiscard]] bool claim() override;
 
 private:
-    [[nodiscard]] bool listen();
-    void stopListening();
+    void listen();
+    [[nodiscard]] bool knock(const QDeadlineTimer &deadline);
 
-    std::optional<QLockFile> m_lock;
-    std::optional<QSocketNotifier> m_notifier;
+    QString m_folder;
+    QLockFile m_lock;
+    QLocalServer m_server;
+    std::unique_ptr<ApplicationObject> m_object;
 };
 
 } // namespace perchly

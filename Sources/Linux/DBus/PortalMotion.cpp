@@ -19,47 +19,35 @@ const QString interface = QStringLiteral("org.freedesktop.portal.Settings");
 struct Setting {
     QLatin1StringView group;
     QLatin1StringView key;
-    /// Nothing when the value is of a kind that the setting does not have.
-    std::optional<bool> (*reduces)(const QVariant &value);
+    double reduced; ///< the value that asks for less motion
 };
 
-std::optional<bool> whenOne(const QVariant &value) {
-    bool isNumber = false;
-    const uint number = value.toUInt(&isNumber);
-    return isNumber ? std::optional(number == 1) : std::nullopt;
-}
-
-std::optional<bool> whenFalse(const QVariant &value) {
-    return value.typeId() == QMetaType::Bool ? std::optional(!value.toBool()) : std::nullopt;
-}
-
-std::optional<bool> whenZero(const QVariant &value) {
-    bool isNumber = false;
-    const double number = value.toDouble(&isNumber); // KDE sends its settings as strings
-    return isNumber ? std::optional(number == 0) : std::nullopt;
-}
-
 constexpr std::array settings{Setting{QLatin1StringView("org.freedesktop.appearance"),
-                                      QLatin1StringView("reduced-motion"), whenOne},
+                                      QLatin1StringView("reduced-motion"), 1},
                               Setting{QLatin1StringView("org.gnome.desktop.interface"),
-                                      QLatin1StringView("enable-animations"), whenFalse},
+                                      QLatin1StringView("enable-animations"), 0},
                               Setting{QLatin1StringView("org.kde.kdeglobals.KDE"),
-                                      QLatin1StringView("AnimationDurationFactor"), whenZero}};
+                                      QLatin1StringView("AnimationDurationFactor"), 0}};
 
 } // namespace
 
-PortalMotion::PortalMotion(const QDBusConnection &bus, QObject *parent)
-    : Motion(parent)
-    , m_bus(bus) {
-    if (!m_bus.isConnected()) {
-        return;
-    }
-    m_bus.connect(portalService, path, interface, QStringLiteral("SettingChanged"), this,
-                  SLOT(onSettingChanged(QString, QString, QDBusVariant)));
-    m_watcher.setConnection(m_bus);
+PortalMotion::PortalMotion(std::shared_ptr<SessionBus> bus)
+    : m_bus(std::move(bus)) {
     m_watcher.addWatchedService(portalService);
     connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, &PortalMotion::readAll);
-    readAll();
+    connect(m_bus.get(), &SessionBus::connected, this, &PortalMotion::follow);
+    follow();
+}
+
+void PortalMotion::follow() {
+    QDBusConnection bus = m_bus->connection();
+    if (bus.isConnected()) {
+        qRegisterMetaType<QDBusVariant>(); // before that QtDBus does not find the slot
+        bus.connect(portalService, path, interface, QStringLiteral("SettingChanged"), this,
+                    SLOT(onSettingChanged(QString, QString, QDBusVariant)));
+        m_watcher.setConnection(bus);
+        readAll();
+    }
 }
 
 void PortalMotion::readAll() {
@@ -67,7 +55,7 @@ void PortalMotion::readAll() {
         QDBusMessage call =
             QDBusMessage::createMethodCall(portalService, path, interface, QStringLiteral("Read"));
         call << QString(setting.group) << QString(setting.key);
-        auto *pending = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
+        auto *pending = new QDBusPendingCallWatcher(m_bus->connection().asyncCall(call), this);
         connect(pending, &QDBusPendingCallWatcher::finished, this, [this, setting, pending] {
             pending->deleteLater();
             const QDBusPendingReply<QDBusVariant> reply = *pending;
@@ -90,11 +78,12 @@ void PortalMotion::onSettingChanged(const QString &group, const QString &key,
     while (content.metaType() == QMetaType::fromType<QDBusVariant>()) {
         content = content.value<QDBusVariant>().variant(); // Read wraps it twice
     }
-    const auto reduces = setting->reduces(content);
-    if (!reduces) {
+    bool isNumber = false;
+    const double number = content.toDouble(&isNumber); // also of a flag, or of KDE's strings
+    if (!isNumber) {
         return;
     }
-    m_reducedBy.insert(group, *reduces);
+    m_reducedBy.insert(group, number == setting->reduced);
     const bool reduced = std::ranges::any_of(m_reducedBy, std::identity());
     if (std::exchange(m_reduced, reduced) != reduced) {
         Q_EMIT changed();

@@ -1,23 +1,24 @@
 #pragma once
 
 #include "Motion.h"
+#include "SessionBus.h"
 
-#include <QDBusConnection>
 #include <QDBusServiceWatcher>
 #include <QMap>
+
+#include <memory>
 
 class QDBusVariant;
 
 namespace perchly {
 
-/// The desktop's wish for less motion, from the settings portal: its own key where it has it, what
-/// the person switched off in GNOME, or set to nothing in KDE's animation speed. It follows changes
-/// and a restart of the portal; while nothing answers, what was last known holds.
+/// Whether the desktop asks for less motion, from the settings portal: its common key, GNOME's
+/// switch for animations, or no duration in KDE's animation speed. Follows changes and restarts of
+/// the portal and the bus; while nothing answers, the last known answer holds.
 class PortalMotion : public Motion {
     Q_OBJECT
 public:
-    /// Asks without waiting. A bus that is not connected never says anything.
-    explicit PortalMotion(const QDBusConnection &bus, QObject *parent = nullptr);
+    explicit PortalMotion(std::shared_ptr<SessionBus> bus);
 
     [[nodiscard]] bool isReduced() const override { return m_reduced; }
 
@@ -25,11 +26,12 @@ private Q_SLOTS:
     void onSettingChanged(const QString &group, const QString &key, const QDBusVariant &value);
 
 private:
+    void follow();
     void readAll();
 
-    QDBusConnection m_bus;
+    std::shared_ptr<SessionBus> m_bus;
     QDBusServiceWatcher m_watcher;
-    QMap<QString, bool> m_reducedBy; ///< what each setting says, by its group
+    QMap<QString, bool> m_reducedBy; ///< of each setting, by its group
     bool m_reduced = false;
 };
 

@@ -2,51 +2,80 @@
 
 #include <systemd/sd-bus.h>
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QPointer>
+#include <QThreadPool>
+
 #include <memory>
 
-namespace perchly::sessionbus {
+namespace perchly {
 
-bool answers(std::chrono::milliseconds limit) {
-    const auto end = std::chrono::steady_clock::now() + limit;
+using namespace std::chrono_literals;
+
+bool SessionBus::answers(std::chrono::milliseconds timeout) {
     sd_bus *opened = nullptr;
-    if (sd_bus_new(&opened) < 0) {
+    if (sd_bus_open_user(&opened) < 0) {
         return false;
     }
     const std::unique_ptr<sd_bus, decltype(&sd_bus_close_unref)> bus(opened, sd_bus_close_unref);
-    const QByteArray address = qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")
-                                   ? qgetenv("DBUS_SESSION_BUS_ADDRESS")
-                                   : "unix:path=" + qgetenv("XDG_RUNTIME_DIR") + "/bus";
-    if (sd_bus_set_address(bus.get(), address.constData()) < 0 ||
-        sd_bus_set_bus_client(bus.get(), 1) < 0 || sd_bus_start(bus.get()) < 0) {
-        return false;
-    }
-    while (true) {
-        const int ready = sd_bus_is_ready(bus.get());
-        if (ready != 0) {
-            return ready > 0;
-        }
-        const auto left = std::chrono::duration_cast<std::chrono::microseconds>(
-            end - std::chrono::steady_clock::now());
-        if (left.count() <= 0) {
-            return false;
-        }
+    const QDeadlineTimer deadline(timeout);
+    while (sd_bus_is_ready(bus.get()) == 0 && !deadline.hasExpired()) {
         const int handled = sd_bus_process(bus.get(), nullptr);
         if (handled < 0) {
             return false;
         }
         if (handled == 0) {
-            sd_bus_wait(bus.get(), quint64(left.count()));
+            sd_bus_wait(bus.get(), quint64(deadline.remainingTime()) * 1000);
         }
     }
+    return sd_bus_is_ready(bus.get()) > 0;
 }
 
-std::optional<QDBusConnection> within(std::chrono::milliseconds limit) {
-    // The library's own connecting waits without a limit, so only a bus that answers is left to it.
-    if (!answers(limit)) {
-        return std::nullopt;
+SessionBus::SessionBus(QString name)
+    : m_name(std::move(name)) {
+    m_retry.setSingleShot(true);
+    connect(&m_retry, &QTimer::timeout, this, &SessionBus::retry);
+    onAnswer(answers(1s));
+}
+
+SessionBus::~SessionBus() {
+    QDBusConnection::disconnectFromBus(m_name);
+}
+
+void SessionBus::onAnswer(bool answered) {
+    if (answered) {
+        // QtDBus waits for the bus without a timeout: connect only to one that has just answered.
+        auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, m_name);
+        if (bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+                        QStringLiteral("org.freedesktop.DBus.Local"),
+                        QStringLiteral("Disconnected"), this, SLOT(onDisconnected()))) {
+            Q_EMIT connected();
+            return;
+        }
+        QDBusConnection::disconnectFromBus(m_name);
     }
-    const QDBusConnection bus = QDBusConnection::sessionBus();
-    return bus.isConnected() ? std::optional(bus) : std::nullopt;
+    // At a busy login the answer may just have come too late.
+    m_retry.start(m_failures++ < 3 ? 3s : 30s);
 }
 
-} // namespace perchly::sessionbus
+void SessionBus::onDisconnected() {
+    QDBusConnection::disconnectFromBus(m_name);
+    m_failures = 0;
+    m_retry.start(3s);
+    Q_EMIT lost();
+}
+
+void SessionBus::retry() {
+    QThreadPool::globalInstance()->start([guard = QPointer(this)] {
+        const bool answered = answers(1s);
+        const auto tell = [guard, answered] {
+            if (guard) {
+                guard->onAnswer(answered);
+            }
+        };
+        QMetaObject::invokeMethod(QCoreApplication::instance(), tell, Qt::QueuedConnection);
+    });
+}
+
+} // namespace perchly

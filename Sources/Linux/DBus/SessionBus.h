@@ -1,19 +1,45 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QObject>
+#include <QTimer>
 
 #include <chrono>
-#include <optional>
 
-namespace perchly::sessionbus {
+namespace perchly {
 
-/// Whether there is a session bus that lets us in and answers within the limit. Asks over a
-/// connection of its own, before anybody waits for the bus without a limit. May be called before
-/// there is an application object; about a millisecond with a bus that answers.
-[[nodiscard]] bool answers(std::chrono::milliseconds limit);
+/// A connection to the session bus that is made again when the bus has gone and is back. It never
+/// waits for a bus that does not answer, apart from one second at the start. Main thread only.
+class SessionBus : public QObject {
+    Q_OBJECT
+public:
+    /// Whether there is a session bus that lets us in and answers within the timeout. Any thread,
+    /// also without an application object; takes about a millisecond with a bus that answers.
+    [[nodiscard]] static bool answers(std::chrono::milliseconds timeout);
 
-/// The person's session bus, or nothing when there is none or it does not answer in time. The first
-/// call connects, which takes about a millisecond with a bus that answers. Main thread only.
-[[nodiscard]] std::optional<QDBusConnection> within(std::chrono::milliseconds limit);
+    /// Connects. The name is the connection's own in this process.
+    explicit SessionBus(QString name);
+    ~SessionBus() override;
 
-} // namespace perchly::sessionbus
+    [[nodiscard]] bool isConnected() const { return connection().isConnected(); }
+    /// While not connected it behaves like an empty bus.
+    [[nodiscard]] QDBusConnection connection() const { return QDBusConnection(m_name); }
+
+Q_SIGNALS:
+    /// Not for the connection made by the constructor.
+    void connected();
+    void lost();
+
+private Q_SLOTS:
+    void onDisconnected();
+
+private:
+    void onAnswer(bool answered);
+    void retry();
+
+    QString m_name;
+    QTimer m_retry;
+    int m_failures = 0;
+};
+
+} // namespace perchly

@@ -1,10 +1,12 @@
 #pragma once
 
-#include "BusLoop.h"
 #include "PlayerNotifications.h"
+#include "SessionBus.h"
+#include "WatchedPlayer.h"
 
+#include <QDBusServiceWatcher>
+#include <QPointer>
 #include <QThreadPool>
-#include <QTimer>
 
 #include <map>
 #include <memory>
@@ -12,52 +14,33 @@
 
 namespace perchly {
 
-/// Players as the bus knows them. Every name in their family is counted, apart from the one that
-/// only repeats others; the two whose changes are passed on are watched from when they appear.
-/// Their change signals are often partial, so that each flurry of them is followed by one question
-/// for everything.
+/// Players as the bus knows them. Every name of the kind counts, apart from the one that only
+/// repeats others; Spotify and the music application are listened to.
 class BusPlayerNotifications : public PlayerNotifications {
     Q_OBJECT
 public:
-    explicit BusPlayerNotifications(QObject *parent = nullptr);
-    ~BusPlayerNotifications() override;
+    explicit BusPlayerNotifications(std::shared_ptr<SessionBus> bus);
 
-    /// Connects, and tries again every half minute while there is no bus.
     void start() override;
 
     [[nodiscard]] PlayerPresence presence() const override { return m_presence; }
 
 private:
-    enum class Role { None, Spotify, Music };
-
-    struct WatchedPlayer {
-        std::string connection; ///< the name by which the bus marks what it sends
-        std::string desktopEntry;
-        Role role = Role::None;
-        BusSlot question;
-        BusSlot changes;
-        std::unique_ptr<QTimer> flurry;
-    };
-
-    void connectToBus();
-    void setPresence(PlayerPresence presence);
+    void follow();
     void onBusLost();
-    void onNames(sd_bus_message *message);
-    void onOwnerChanged(sd_bus_message *message);
-    void appeared(const std::string &name);
-    void identify(const std::string &name);
-    void watch(const std::string &name, Role role);
-    void readState(const std::string &name);
-    void deliver(Role role, sd_bus_message *reply);
+    void onNames(const QStringList &names);
+    void onOwnerChanged(const QString &name, const QString &before, const QString &after);
+    void setPresence(PlayerPresence presence);
+    void appeared(const QString &name);
+    void identify(const QPointer<WatchedPlayer> &player, const std::string &name,
+                  const std::string &desktopEntry);
+    void announce(const QPointer<WatchedPlayer> &player, const QString &announcement);
 
-    std::unique_ptr<BusLoop> m_bus;
-    BusSlot m_names;
-    BusSlot m_owners;
-    std::map<std::string, WatchedPlayer> m_players;
+    std::shared_ptr<SessionBus> m_bus;
+    QDBusServiceWatcher m_watcher;
+    std::map<QString, std::unique_ptr<WatchedPlayer>> m_players;
     PlayerPresence m_presence = PlayerPresence::Unknown;
-    QTimer m_retry;
-    int m_unanswered = 0; ///< times that the bus was asked who is there, without an answer
-    QThreadPool m_pool;   ///< looks up the music application; destroyed first
+    QThreadPool m_pool; ///< looks up the music application; destroyed first
 };
 
 } // namespace perchly

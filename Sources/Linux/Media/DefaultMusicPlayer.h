@@ -9,7 +9,7 @@ namespace perchly {
 
 class Applications;
 
-/// Opens what the desktop's file types say is for music.
+/// Opens the user's application for music; see findMusicApplication.
 class DefaultMusicPlayer : public MusicPlayer {
 public:
     /// The applications must outlive it.

@@ -4,19 +4,19 @@ namespace perchly {
 
 namespace {
 
-/// A reading is some kilobytes at the most.
-constexpr qsizetype mostOutput = 256 * 1024;
+/// A reading is a few kilobytes.
+constexpr qsizetype maxOutput = 256 * 1024;
 
 } // namespace
 
 ProcessScriptHost::ProcessScriptHost(QString program)
     : m_program(std::move(program))
-    , m_runs(4) {} // a reading, a command and its verification, and one to spare
+    , m_runs(4) {} // a reading, a command, its verification, and one to spare
 
 Task ProcessScriptHost::run(const QStringList &arguments,
                             std::optional<std::chrono::milliseconds> limit, Completion completion) {
     return m_runs.run(
-        m_program, arguments, {.time = limit, .mostOutput = mostOutput}, OnStop::EndChild,
+        m_program, arguments, {.time = limit, .mostOutput = maxOutput}, OnStop::EndChild,
         [completion = std::move(completion)](const ChildResult &child) {
             completion(child.status == 0 ? std::optional(child.output) : std::nullopt);
         });

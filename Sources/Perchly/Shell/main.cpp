@@ -24,7 +24,7 @@ int main(int argc, char **argv) {
     // Copies and pictures are megabytes each: such memory goes back to the system when it is freed.
     mallopt(M_MMAP_THRESHOLD, 1 << 20);
     qSetMessagePattern(QStringLiteral("perchly: %{message}"));
-    std::optional<SilentBusScreen> busScreen(std::in_place);
+    std::optional<UnansweringBusHider> busHider(std::in_place);
     std::optional<WindowSystemChoice> windowSystem(std::in_place);
     // The software renderer shows the first picture in half the time and a third of the memory.
     if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND")) {
@@ -33,7 +33,7 @@ int main(int argc, char **argv) {
 
     QApplication application(argc, argv);
     windowSystem.reset();
-    busScreen.reset();
+    busHider.reset();
     QApplication::setApplicationName(QStringLiteral("perchly"));
     QApplication::setDesktopFileName(QStringLiteral("org.perchly.Perchly"));
     QApplication::setQuitOnLastWindowClosed(false);

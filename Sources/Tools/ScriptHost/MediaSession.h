@@ -4,35 +4,34 @@
 #include "SessionOwner.h"
 
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace perchly {
 
-/// The one player that the desktop's media keys would reach, found anew by each object.
+/// The one player that the desktop's media keys would reach, looked for once by each object.
 class MediaSession {
 public:
-    /// Connects to the bus; false when there is none. Needed before the others.
+    /// Connects to the bus and lists its players; false when it does not answer. The first call
+    /// counts.
     [[nodiscard]] bool load();
 
-    enum class Lookup { Found, NoPlayer, Failed };
-
-    /// Finds the player that owns the session, once.
-    [[nodiscard]] Lookup find();
-    /// What was found; empty texts unless `find` said so.
-    [[nodiscard]] const Player &player() const { return m_player; }
+    /// The player that owns the session; null when there is none.
+    [[nodiscard]] const Player *find();
 
     /// Sends one of the numbers 0 (play), 1 (pause), 4 (next) and 5 (previous). True when the
     /// player offers that and has answered in time; false also for any other number.
     [[nodiscard]] bool send(int command);
 
-    /// Moves to a position in seconds, if the player can; whether it does must be looked at later.
+    /// Moves to a position in seconds, if the player can; it takes another look to see whether.
     void setElapsedTime(double position);
 
 private:
-    bool pause();
+    [[nodiscard]] bool pause(const Player &player);
 
     std::optional<PlayerBus> m_bus;
-    std::optional<Lookup> m_lookup;
-    Player m_player;
+    std::optional<std::vector<std::string>> m_names;
+    std::optional<std::vector<Player>> m_players;
     PlayerMemory m_memory;
 };
 

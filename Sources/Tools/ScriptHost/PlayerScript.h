@@ -5,23 +5,16 @@
 
 namespace perchly {
 
-enum class ScriptedPlayer { Spotify, MusicApplication };
-enum class ScriptedCommand { PlayPause, NextTrack, PreviousTrack, Rewind, Forward };
-
-/// What a player script asks of whom.
-struct PlayerScript {
-    ScriptedPlayer player = ScriptedPlayer::MusicApplication;
-    ScriptedCommand command = ScriptedCommand::PlayPause;
-};
-
-/// Reads a script of exactly these four lines, with one of the known players and commands:
+/// Carries out a script of exactly these four lines, with one of the known players and commands:
 ///
 ///     tell application id "com.apple.Music"
 ///     playpause
 ///     return player state as string
 ///     end tell
 ///
-/// Anything else is nothing, so that whatever was put into the two places stays in its place.
-[[nodiscard]] std::optional<PlayerScript> parsePlayerScript(std::string_view text);
+/// Returns the player's state after the command: "playing", "paused" or "stopped". Nothing for any
+/// other text, and when the player does not run, does not offer the command, or has not answered in
+/// time.
+[[nodiscard]] std::optional<std::string_view> runPlayerScript(std::string_view script);
 
 } // namespace perchly

@@ -2,9 +2,8 @@
 
 namespace perchly {
 
-/// The names that scripts may call, in the script's own language, over the few native functions
-/// that it is given and that scripts cannot reach. What is a call when it is only named, such as
-/// `.load`, is a getter here.
+/// What scripts may call, in their own language, over a few native functions that they cannot
+/// reach. Calls without parentheses, such as `.load`, are getters.
 inline constexpr char prelude[] = R"js((function (global, native) {
     'use strict';
     function getters(table) {

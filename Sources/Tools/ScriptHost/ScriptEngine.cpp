@@ -1,16 +1,13 @@
 #include "ScriptEngine.h"
 
-#include "EngineMemory.h"
 #include "MediaSession.h"
 #include "Prelude.h"
-#include "ScriptText.h"
 
 #include <duktape.h>
 
 #include <time.h>
 
 #include <array>
-#include <cmath>
 #include <memory>
 
 namespace perchly {
@@ -19,13 +16,13 @@ namespace {
 
 using Engine = std::unique_ptr<duk_context, decltype(&duk_destroy_heap)>;
 
-// An error unwinds past these functions without running destructors, so they hold nothing that has
-// one while they call the engine.
+// An error unwinds past these functions without running destructors, so they hold no object that
+// has one while they call the engine.
 
 MediaSession &sessionOf(duk_context *context) {
     duk_memory_functions memory;
     duk_get_memory_functions(context, &memory);
-    return *static_cast<MediaSession *>(static_cast<EngineMemory *>(memory.udata)->owner());
+    return *static_cast<MediaSession *>(memory.udata);
 }
 
 duk_ret_t load(duk_context *context) {
@@ -33,15 +30,11 @@ duk_ret_t load(duk_context *context) {
     return 1;
 }
 
-void putText(duk_context *context, const char *name, const std::string &utf8) {
-    if (utf8.empty()) {
-        return;
-    }
-    {
-        const std::string text = toEngine(utf8);
+void putText(duk_context *context, const char *name, const std::string &text) {
+    if (!text.empty()) {
         duk_push_lstring(context, text.data(), text.size());
+        duk_put_prop_string(context, -2, name);
     }
-    duk_put_prop_string(context, -2, name);
 }
 
 void putNumber(duk_context *context, const char *name, std::optional<double> number) {
@@ -53,24 +46,22 @@ void putNumber(duk_context *context, const char *name, std::optional<double> num
 
 duk_ret_t session(duk_context *context) {
     MediaSession &session = sessionOf(context);
-    switch (session.find()) {
-    case MediaSession::Lookup::Failed:
+    if (!session.load()) {
         return DUK_RET_ERROR;
-    case MediaSession::Lookup::NoPlayer:
+    }
+    const Player *player = session.find();
+    if (player == nullptr) {
         duk_push_null(context);
         return 1;
-    case MediaSession::Lookup::Found:
-        break;
     }
-    const Player &player = session.player();
     duk_push_object(context);
-    putText(context, "title", player.title);
-    putText(context, "artist", player.artist);
-    putText(context, "source", player.identity);
-    putNumber(context, "elapsedTime", player.position);
+    putText(context, "title", player->title);
+    putText(context, "artist", player->artist);
+    putText(context, "source", player->identity);
+    putNumber(context, "elapsedTime", player->position);
     // A timeline that cannot be moved along is none.
-    putNumber(context, "duration", player.canSeek ? player.length : std::nullopt);
-    putNumber(context, "rate", player.playback == Playback::Playing ? 1 : 0);
+    putNumber(context, "duration", player->canSeek ? player->length : std::nullopt);
+    putNumber(context, "rate", player->playback == Playback::Playing ? 1 : 0);
     return 1;
 }
 
@@ -118,6 +109,15 @@ bool installBridge(duk_context *context) {
     return installed;
 }
 
+/// The script with `var` for each `let`, which the engine does not know.
+std::string withoutLet(std::string_view script) {
+    std::string text(script);
+    for (auto at = text.find(" let "); at != text.npos; at = text.find(" let ", at)) {
+        text.replace(at + 1, 3, "var");
+    }
+    return text;
+}
+
 bool evaluate(duk_context *context, const std::string &script) {
     if (duk_peval_lstring(context, script.data(), script.size()) != DUK_EXEC_SUCCESS) {
         return false;
@@ -134,17 +134,14 @@ bool evaluate(duk_context *context, const std::string &script) {
 } // namespace
 
 std::optional<std::string> runScript(std::string_view script, MediaSession &session) {
-    EngineMemory memory(&session);
-    const Engine engine(duk_create_heap(EngineMemory::allocate, EngineMemory::reallocate,
-                                        EngineMemory::release, &memory, nullptr),
+    const Engine engine(duk_create_heap(nullptr, nullptr, nullptr, &session, nullptr),
                         duk_destroy_heap);
-    const std::string text = toEngine(withoutLet(script));
-    if (!engine || !installBridge(engine.get()) || !evaluate(engine.get(), text)) {
+    if (!engine || !installBridge(engine.get()) || !evaluate(engine.get(), withoutLet(script))) {
         return std::nullopt;
     }
     duk_size_t size = 0;
     const char *result = duk_safe_to_lstring(engine.get(), -1, &size);
-    return fromEngine({result, size});
+    return std::string(result, size);
 }
 
 } // namespace perchly

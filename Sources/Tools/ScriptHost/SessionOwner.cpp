@@ -6,17 +6,13 @@ namespace perchly {
 
 namespace {
 
-bool plays(const Player &player) {
-    return player.hasTrack() && player.playback == Playback::Playing;
-}
-
 const Player *find(const std::vector<Player> &players, const std::string &busName) {
     const auto found = std::ranges::find(players, busName, &Player::busName);
     return found == players.end() ? nullptr : &*found;
 }
 
-const Player *first(const PlayerMemory &memory, const std::vector<Player> &players,
-                    Playback playback) {
+const Player *findFirst(const PlayerMemory &memory, const std::vector<Player> &players,
+                        Playback playback) {
     for (const RememberedPlayer &remembered : memory) {
         const Player *player = find(players, remembered.busName);
         if (player != nullptr && player->hasTrack() && player->playback == playback) {
@@ -44,16 +40,16 @@ PlayerMemory remember(const PlayerMemory &before, const std::vector<Player> &pla
         }
         if (!player->answered) {
             kept.push_back(remembered);
-        } else if (plays(*player) && !remembered.playing) {
+        } else if (player->isPlaying() && !remembered.playing) {
             started.push_back({player->busName, true});
         } else {
             kept.push_back(
-                {player->busName, plays(*player), remembered.held && player->hasTrack()});
+                {player->busName, player->isPlaying(), remembered.held && player->hasTrack()});
         }
     }
     for (const Player &player : players) {
         if (std::ranges::find(before, player.busName, &RememberedPlayer::busName) == before.end()) {
-            (plays(player) ? started : kept).push_back({player.busName, plays(player)});
+            (player.isPlaying() ? started : kept).push_back({player.busName, player.isPlaying()});
         }
     }
     if (!started.empty()) {
@@ -78,8 +74,8 @@ const Player *sessionOwner(const PlayerMemory &memory, const std::vector<Player>
     if (owner != nullptr && owner->hasTrack()) {
         return owner;
     }
-    const Player *playing = first(memory, players, Playback::Playing);
-    return playing != nullptr ? playing : first(memory, players, Playback::Paused);
+    const Player *playing = findFirst(memory, players, Playback::Playing);
+    return playing != nullptr ? playing : findFirst(memory, players, Playback::Paused);
 }
 
 } // namespace perchly

@@ -2,8 +2,8 @@
 #include "ProcessLimits.h"
 #include "ScriptEngine.h"
 
-#include <climits>
 #include <cstdio>
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <unistd.h>
@@ -26,16 +26,12 @@ int runJavaScript(std::string_view script) {
     return written && std::fflush(stdout) == 0 ? 0 : failure;
 }
 
-/// The player script has a host of its own beside this one: it needs more of the desktop, and what
-/// that costs to load would be paid by every reading.
+/// Player scripts have a program of their own beside this one: they need GIO, which would more than
+/// double the time of every reading.
 int runPlayerScript(char **arguments) {
-    std::string path(PATH_MAX, '\0');
-    const ssize_t size = readlink("/proc/self/exe", path.data(), path.size());
-    if (size <= 0) {
-        return failure;
-    }
-    path.resize(static_cast<std::size_t>(size));
-    path.replace(path.rfind('/') + 1, std::string::npos, "perchly-playerscript");
+    std::error_code error;
+    auto path = std::filesystem::read_symlink("/proc/self/exe", error);
+    path.replace_filename("perchly-playerscript");
     execv(path.c_str(), arguments);
     return failure;
 }

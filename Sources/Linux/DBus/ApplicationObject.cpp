@@ -1,0 +1,41 @@
+#include "ApplicationObject.h"
+
+#include <QDBusMessage>
+
+namespace perchly {
+
+ApplicationObject::ApplicationObject()
+    : m_bus(QStringLiteral("perchly-application")) {
+    connect(&m_bus, &SessionBus::connected, this, &ApplicationObject::offer);
+    offer();
+}
+
+void ApplicationObject::offer() {
+    QDBusConnection bus = m_bus.connection();
+    // The object first: a call may follow the name at once.
+    bus.registerObject(QStringLiteral("/org/perchly/Perchly"), this,
+                       QDBusConnection::ExportAllSlots);
+    // QtDBus's own call waits for an answer.
+    const QString busName = QStringLiteral("org.freedesktop.DBus");
+    bus.send(QDBusMessage::createMethodCall(busName, QStringLiteral("/org/freedesktop/DBus"),
+                                            busName, QStringLiteral("RequestName"))
+             << QStringLiteral("org.perchly.Perchly") << 0U);
+}
+
+void ApplicationObject::Activate(const QVariantMap &) {
+    Q_EMIT requested(QStringLiteral("show"));
+}
+
+void ApplicationObject::ActivateAction(const QString &action, const QVariantList &,
+                                       const QVariantMap &) {
+    static const QStringList actions{QStringLiteral("show"), QStringLiteral("search"),
+                                     QStringLiteral("workspace"), QStringLiteral("mixer"),
+                                     QStringLiteral("settings")};
+    if (actions.contains(action)) {
+        Q_EMIT requested(action);
+    }
+}
+
+void ApplicationObject::Open(const QStringList &, const QVariantMap &) {}
+
+} // namespace perchly

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "SessionBus.h"
+
+#include <QObject>
+#include <QStringList>
+#include <QVariantMap>
+
+namespace perchly {
+
+/// The object "/org/perchly/Perchly" on the session bus, under the name "org.perchly.Perchly": the
+/// desktop entry, its actions and shortcuts of the user's own reach the program through it. Only
+/// the slots are on the bus.
+class ApplicationObject : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+public:
+    ApplicationObject();
+
+public Q_SLOTS:
+    void Activate(const QVariantMap &platformData);
+    void ActivateAction(const QString &action, const QVariantList &parameter,
+                        const QVariantMap &platformData);
+    /// Ignored.
+    void Open(const QStringList &uris, const QVariantMap &platformData);
+
+Q_SIGNALS:
+    /// One of the actions that SingleInstance names.
+    void requested(const QString &action);
+
+private:
+    void offer();
+
+    SessionBus m_bus;
+};
+
+} // namespace perchly

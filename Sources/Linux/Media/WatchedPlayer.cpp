@@ -1,0 +1,80 @@
+#include "WatchedPlayer.h"
+
+#include <QDBusArgument>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+
+namespace perchly {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+const QString playerPath = QStringLiteral("/org/mpris/MediaPlayer2");
+const QString rootInterface = QStringLiteral("org.mpris.MediaPlayer2");
+const QString playerInterface = QStringLiteral("org.mpris.MediaPlayer2.Player");
+const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
+
+} // namespace
+
+WatchedPlayer::WatchedPlayer(const QDBusConnection &bus, QString name)
+    : m_bus(bus)
+    , m_name(std::move(name)) {
+    m_burst.setSingleShot(true);
+    m_burst.setInterval(50ms);
+    connect(&m_burst, &QTimer::timeout, this, &WatchedPlayer::readState);
+    // Some answer only once they have started.
+    ask(rootInterface, 30s, [this](const QString &owner, const QVariantMap &properties) {
+        m_owner = owner;
+        Q_EMIT identified(properties.value(QStringLiteral("DesktopEntry")).toString());
+    });
+}
+
+void WatchedPlayer::follow() {
+    // By the unique name: QtDBus would wait for the bus to learn who owns the other.
+    m_bus.connect(m_owner, playerPath, propertiesInterface, QStringLiteral("PropertiesChanged"),
+                  {playerInterface}, QString(), this, SLOT(onPropertiesChanged()));
+}
+
+void WatchedPlayer::onPropertiesChanged() {
+    if (!m_burst.isActive()) {
+        m_burst.start();
+    }
+}
+
+void WatchedPlayer::readState() {
+    ask(playerInterface, 1s, [this](const QString &, const QVariantMap &properties) {
+        const auto metadata = qdbus_cast<QVariantMap>(properties.value(QStringLiteral("Metadata")));
+        const QString state = properties.value(QStringLiteral("PlaybackStatus")).toString();
+        QVariantMap information{{QStringLiteral("Player State"), state}};
+        const QString title = metadata.value(QStringLiteral("xesam:title")).toString();
+        if (!title.isEmpty()) {
+            information.insert(QStringLiteral("Name"), title);
+        }
+        QStringList artists = metadata.value(QStringLiteral("xesam:artist")).toStringList();
+        artists.removeAll(QString());
+        if (!artists.isEmpty()) {
+            information.insert(QStringLiteral("Artist"), artists.join(QStringLiteral(", ")));
+        }
+        Q_EMIT changed(information);
+    });
+}
+
+void WatchedPlayer::ask(const QString &interface, std::chrono::milliseconds timeout,
+                        const Answer &answer) {
+    QDBusMessage call = QDBusMessage::createMethodCall(m_name, playerPath, propertiesInterface,
+                                                       QStringLiteral("GetAll"));
+    call << interface;
+    call.setAutoStartService(false);
+    auto *pending = new QDBusPendingCallWatcher(m_bus.asyncCall(call, int(timeout.count())), this);
+    connect(pending, &QDBusPendingCallWatcher::finished, this, [pending, answer] {
+        pending->deleteLater();
+        const QDBusPendingReply<QVariantMap> reply = *pending;
+        if (!reply.isError()) {
+            answer(reply.reply().service(), reply.value());
+        }
+    });
+}
+
+} // namespace perchly
