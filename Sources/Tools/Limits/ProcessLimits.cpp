@@ -24,6 +24,7 @@ void limit(__rlimit_resource resource, rlim_t value) {
 void limitProcess(unsigned megabytes) {
     // Shorter than the parent's timeout, which is the last resort.
     alarm(4);
+    limit(RLIMIT_CPU, 3);
     limit(RLIMIT_CORE, 0);
     if (limitsMemory) {
         limit(RLIMIT_AS, rlim_t(megabytes) << 20);
