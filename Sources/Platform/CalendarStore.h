@@ -20,23 +20,23 @@ struct CalendarEvent {
     bool allDay = false;
     QString url = {};
     QString location = {};
-    QString notes = {}; ///< plain text or HTML, as whoever wrote the event left it
+    QString notes = {}; ///< plain text or HTML, as in the calendar
 
     bool operator==(const CalendarEvent &) const = default;
 };
 
-/// What the person said to our reading their calendars; remembered between runs.
+/// The user's consent to reading their calendars; kept between runs.
 enum class CalendarAccess { NotAsked, Denied, Granted };
 
-/// The person's calendars. Nothing blocks; every completion is called once, never before its call
-/// has returned. Destroying a call's task gives the call up: its completion is not called any more.
-/// The store outlives the tasks. Main thread only.
+/// The user's calendars. Nothing blocks; every completion is called once, after its call has
+/// returned, unless the call's task was destroyed before. The store outlives the tasks. Main thread
+/// only.
 class CalendarStore : public QObject {
     Q_OBJECT
 public:
     struct Answer {
         CalendarAccess access = CalendarAccess::NotAsked;
-        QString error; ///< why the person could not be asked; empty if they were
+        QString error; ///< why the user could not be asked; empty if they were
     };
     using AccessCompletion = std::function<void(const Answer &answer)>;
     using EventsCompletion = std::function<void(const QList<CalendarEvent> &events)>;
@@ -45,23 +45,21 @@ public:
 
     [[nodiscard]] virtual CalendarAccess access() const = 0;
 
-    /// Asks the person, naming what would be read. Who allowed it before is asked whether that
-    /// still holds, so this is also the way to take it back. A question that is closed without an
-    /// answer leaves things as they are.
+    /// Asks the user for consent, naming what would be read. A user who has given it is asked again
+    /// and can withdraw it. A question that is closed without an answer changes nothing.
     [[nodiscard]] virtual Task requestAccess(AccessCompletion completion) = 0;
 
-    /// The events of all calendars that take place, in part at least, after `from` and before `to`,
-    /// in no order that means anything. What cannot be read any more is answered as it was read
-    /// last; without access there is nothing.
+    /// The events of all calendars that take place, at least in part, after `from` and before `to`,
+    /// not sorted. A calendar that can no longer be read has the events that were read last;
+    /// without consent there are none.
     [[nodiscard]] virtual Task events(Clock::TimePoint from, Clock::TimePoint to,
                                       EventsCompletion completion) = 0;
 
-    /// The next question is answered from the calendars themselves, even if nothing tells that they
-    /// have changed.
+    /// The next call reads the calendars, even if no change to them was noticed.
     virtual void expectChange() = 0;
 
 Q_SIGNALS:
-    /// Access was given or taken, or a calendar changed: what was answered may not hold any more.
+    /// The consent or a calendar changed: earlier answers may be outdated.
     void changed();
 };
 
