@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Measures the companion that reads calendars, in a home of its own.
+"""Measures the companion that finds and reads calendars, in a home of its own.
 
 Usage: calendars.py COMPANION [--rounds N]
 """
@@ -30,30 +30,37 @@ def main():
     events = make_events(10_000)
     past = make_events(2)[1]
     homes = {
+        "20 events in a file": {"all.ics": calendar(events[:20])},
         "10,000 events in a file, 1,000 of which recur": {"all.ics": calendar(events)},
         "the same, a file each": {
             f"{number}.ics": calendar([event]) for number, event in enumerate(events)
         },
-        "100 MB of past events": {"all.ics": calendar([past] * (100_000_000 // len(past)))},
+        "20 MB of past events": {"all.ics": calendar([past] * (20_000_000 // len(past)))},
     }
     print(f"{'milliseconds':<50}{'median':>9}{'p99':>9}{'CPU':>9}")
-    show("a process that does nothing (noise)", ["/bin/true"], {}, options.rounds)
+    show("a process that does nothing (noise)", [["/bin/true"]], {}, options.rounds)
     for name, files in homes.items():
         with tempfile.TemporaryDirectory() as home:
             folder = Path(home, ".calendars", "all")
             folder.mkdir(parents=True)
             for file, text in files.items():
                 (folder / file).write_text(text, newline="")
-            command = [str(companion), "events", str(NOW), str(NOW + WEEK)]
-            show(name, command, {"HOME": home, "TZ": "Europe/Berlin"}, options.rounds)
+            commands = reading(str(companion), str(folder))
+            show(name, commands, {"HOME": home, "TZ": "Europe/Berlin"}, options.rounds)
 
 
-def show(name, command, environment, rounds):
+def reading(companion, source):
+    """What Perchly runs to show the events of one calendar."""
+    return [companion, "list"], [companion, "events", str(NOW), str(NOW + WEEK), source]
+
+
+def show(name, commands, environment, rounds):
     times, costs = [], []
     for _ in range(rounds):
         before = resource.getrusage(resource.RUSAGE_CHILDREN)
         start = time.perf_counter()
-        subprocess.run(command, env=environment, stdout=subprocess.PIPE, check=True)
+        for command in commands:
+            subprocess.run(command, env=environment, stdout=subprocess.PIPE, check=True)
         times.append((time.perf_counter() - start) * 1000)
         after = resource.getrusage(resource.RUSAGE_CHILDREN)
         costs.append(

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Measures the companion that reads calendars on those that only the desktop's service knows: the
+"""Measures the companion that finds and reads calendars on those that only the desktop's service knows: the
 real one (package evolution-data-server), with a web calendar that somebody else has open, as on a
 desktop that shows it.
 
@@ -16,7 +16,7 @@ from pathlib import Path
 
 from gi.repository import Gio, GLib
 
-from calendars import NOW, WEEK, calendar, make_events, show
+from calendars import calendar, make_events, reading, show
 
 PREFIX = "org.gnome.evolution.dataserver"
 SOURCE = """[Data Source]
@@ -60,10 +60,10 @@ def main():
             await_true(lambda name=name: has_owner(bus, f"{PREFIX}.{name}"))
         open_calendar(bus, "web", count)
         print(f"{'milliseconds':<50}{'median':>9}{'p99':>9}{'CPU':>9}")
-        show("a process that does nothing (noise)", ["/bin/true"], {}, options.rounds)
-        command = [companion, "events", str(NOW), str(NOW + WEEK)]
+        show("a process that does nothing (noise)", [["/bin/true"]], {}, options.rounds)
+        commands = reading(companion, "service:web")
         environment["TZ"] = "Europe/Berlin"
-        show("10,000 events online, 1,000 of which recur", command, environment, options.rounds)
+        show("10,000 events online, 1,000 of which recur", commands, environment, options.rounds)
     finally:
         for service in services:
             service.kill()

@@ -12,11 +12,7 @@
 
 namespace perchly {
 
-namespace {
-
-const QString key = QStringLiteral("readCalendars");
-
-} // namespace
+using namespace Qt::StringLiterals;
 
 CalendarConsent::CalendarConsent(QString path, std::function<void()> changed)
     : m_path(std::move(path))
@@ -27,42 +23,33 @@ CalendarConsent::CalendarConsent(QString path, std::function<void()> changed)
 
 QString CalendarConsent::defaultPath() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           QStringLiteral("/perchly/permissions/calendars.json");
+           u"/perchly/permissions/calendars.json"_s;
 }
 
 QString CalendarConsent::remember(CalendarAccess access) {
-    const QJsonObject object{{key, access == CalendarAccess::Granted}};
+    const QJsonObject object{{u"readCalendars"_s, access == CalendarAccess::Granted}};
     QString error =
         wholefile::replace(m_path, QJsonDocument(object).toJson(), wholefile::Durability::System);
-    if (error.isEmpty()) {
-        m_stored = access;
+    // An answer that could not be stored holds until the file changes.
+    m_stored = error.isEmpty() ? access : m_stored;
+    if (std::exchange(m_access, access) != access) {
+        m_changed();
     }
-    set(access);
     return error;
 }
 
-void CalendarConsent::set(CalendarAccess access) {
-    if (access != m_access) {
-        m_access = access;
-        if (m_changed) {
-            m_changed();
-        }
-    }
-}
-
 void CalendarConsent::read() {
-    // Anew each time: until the folder is there, what is watched is the way to it.
+    // Each time: while the folder does not exist, the watch is on its parent.
     m_watch.beginRound();
     m_watch.add(QFile::encodeName(QFileInfo(m_path).path()).toStdString());
     m_watch.endRound();
     const QJsonValue answer =
-        QJsonDocument::fromJson(wholefile::read(m_path).bytes).object().value(key);
+        QJsonDocument::fromJson(wholefile::read(m_path).bytes).object().value(u"readCalendars"_s);
     const CalendarAccess stored = !answer.isBool()  ? CalendarAccess::NotAsked
                                   : answer.toBool() ? CalendarAccess::Granted
                                                     : CalendarAccess::Denied;
-    // An answer that could not be stored holds all the same, until the file says something new.
-    if (std::exchange(m_stored, stored) != stored) {
-        set(stored);
+    if (std::exchange(m_stored, stored) != stored && std::exchange(m_access, stored) != stored) {
+        m_changed();
     }
 }
 

@@ -10,27 +10,15 @@
 #include <QWindow>
 
 #include <memory>
+#include <utility>
 
 namespace perchly {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-struct Texts {
-    QString heading;
-    QString yes;
-    QString no;
-};
-
-Texts textsFor(CalendarAccess current) {
-    if (current == CalendarAccess::Granted) {
-        return {QStringLiteral("Perchly reads your calendars"), QStringLiteral("Keep Reading"),
-                QStringLiteral("Stop Reading")};
-    }
-    return {QStringLiteral("Let Perchly read your calendars?"), QStringLiteral("Allow"),
-            QStringLiteral("Don’t Allow")};
-}
-
-/// As the program's other windows look, whatever the desktop's own style.
+/// The look of the program's other windows.
 QString styleSheet() {
     return QStringLiteral(
         "QDialog { background: #0b0d0f; }"
@@ -51,19 +39,16 @@ QString styleSheet() {
         "QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }");
 }
 
-QString shortPath(const QString &path) {
-    const QString home = QDir::homePath() + u'/';
-    return path.startsWith(home) ? QStringLiteral("~/") + path.mid(home.size()) : path;
-}
-
 QListWidget *makeList(const QList<FoundCalendar> &calendars) {
+    const QString home = QDir::homePath() + u'/';
     auto *list = new QListWidget;
-    list->setAccessibleName(QStringLiteral("Calendars that were found"));
+    list->setAccessibleName(u"Calendars that were found"_s);
     list->setSelectionMode(QAbstractItemView::NoSelection);
     for (const FoundCalendar &calendar : calendars) {
-        list->addItem(calendar.place.isEmpty()
-                          ? calendar.name
-                          : calendar.name + QStringLiteral(" — ") + shortPath(calendar.place));
+        const QString place = calendar.place.startsWith(home)
+                                  ? u"~/"_s + calendar.place.mid(home.size())
+                                  : calendar.place;
+        list->addItem(place.isEmpty() ? calendar.name : calendar.name + u" — "_s + place);
     }
     return list;
 }
@@ -75,87 +60,67 @@ QLabel *makeLabel(const QString &text) {
     return label;
 }
 
-struct DeleteLater {
-    void operator()(QObject *object) const { object->deleteLater(); }
-};
-
 class Question : public ScheduledTask {
 public:
-    Question(const QList<FoundCalendar> &calendars, CalendarAccess current, CalendarAnswer answer)
-        : m_answer(std::move(answer)) {
-        build(calendars, textsFor(current));
-        QObject::connect(m_dialog.get(), &QDialog::rejected, &m_receiver,
-                         [this] { finish(std::nullopt); });
-        m_dialog->winId(); // it has a window from here on
-        m_dialog->windowHandle()->setTransientParent(QGuiApplication::focusWindow());
-        m_dialog->open();
-    }
-    ~Question() override {
-        if (m_dialog) {
-            m_dialog->disconnect(&m_receiver);
-            m_dialog->hide();
-        }
-    }
-
-private:
-    void build(const QList<FoundCalendar> &calendars, const Texts &texts) {
-        m_dialog->setWindowTitle(QStringLiteral("Calendars"));
+    Question(const QList<FoundCalendar> &calendars, bool isGranted, const CalendarAnswer &answer) {
+        m_dialog->setWindowTitle(u"Calendars"_s);
         m_dialog->resize(460, 320);
         m_dialog->setStyleSheet(styleSheet());
-        auto *layout = new QVBoxLayout(m_dialog.get());
+        auto *layout = new QVBoxLayout(m_dialog);
         layout->setContentsMargins(20, 18, 20, 18);
         layout->setSpacing(12);
-        QLabel *heading = makeLabel(texts.heading);
-        heading->setObjectName(QStringLiteral("heading"));
+        QLabel *heading = makeLabel(isGranted ? u"Perchly reads your calendars"_s
+                                              : u"Let Perchly read your calendars?"_s);
+        heading->setObjectName(u"heading"_s);
         layout->addWidget(heading);
         layout->addWidget(makeLabel(QStringLiteral(
             "The meetings of the next seven days are shown in the workspace and on the calendar "
             "card. Nothing is changed, kept or sent anywhere. You can take this back with the "
             "same button.")));
         if (calendars.isEmpty()) {
-            layout->addWidget(makeLabel(QStringLiteral(
-                "No calendar was found yet. Those that appear later would be read, too.")));
+            layout->addWidget(makeLabel(
+                u"No calendar was found yet. Those that appear later would be read, too."_s));
             layout->addStretch();
         } else {
             layout->addWidget(makeList(calendars), 1);
         }
-        addButtons(*layout, texts);
-    }
-
-    void addButtons(QVBoxLayout &layout, const Texts &texts) {
         auto *row = new QHBoxLayout;
         row->addStretch();
-        for (const bool allowed : {false, true}) {
-            auto *button = new QPushButton(allowed ? texts.yes : texts.no);
-            button->setAutoDefault(false); // Return alone says nothing
-            QObject::connect(button, &QPushButton::clicked, &m_receiver,
-                             [this, allowed] { finish(allowed); });
+        for (const auto &[text, result] :
+             {std::pair(isGranted ? u"Stop Reading"_s : u"Don’t Allow"_s, No),
+              std::pair(isGranted ? u"Keep Reading"_s : u"Allow"_s, Yes)}) {
+            auto *button = new QPushButton(text);
+            button->setAutoDefault(false); // Return alone does nothing
+            QObject::connect(button, &QPushButton::clicked, m_dialog,
+                             [this, code = result] { m_dialog->done(code); });
             row->addWidget(button);
         }
-        layout.addLayout(row);
+        layout->addLayout(row);
+        QObject::connect(m_dialog, &QDialog::finished, m_dialog, [this, answer](int result) {
+            m_dialog->disconnect(); // a second click may be queued
+            answer(result == QDialog::Rejected ? std::nullopt : std::optional(result == Yes));
+        });
+        m_dialog->winId(); // creates the window
+        m_dialog->windowHandle()->setTransientParent(QGuiApplication::focusWindow());
+        m_dialog->open();
     }
-
-    void finish(std::optional<bool> allowed) {
-        if (!m_dialog) {
-            return; // a second click was on its way
-        }
-        m_dialog->disconnect(&m_receiver);
+    ~Question() override {
+        m_dialog->disconnect();
         m_dialog->hide();
-        m_dialog.reset();
-        const auto answer = std::move(m_answer); // outlives the task that it may destroy
-        answer(allowed);
+        m_dialog->deleteLater();
     }
 
-    std::unique_ptr<QDialog, DeleteLater> m_dialog{new QDialog};
-    CalendarAnswer m_answer;
-    QObject m_receiver; ///< the dialog lives a little longer than the question
+private:
+    enum Result { Yes = QDialog::Accepted, No };
+
+    QDialog *const m_dialog = new QDialog;
 };
 
 } // namespace
 
 Task askForCalendars(const QList<FoundCalendar> &calendars, CalendarAccess current,
-                     CalendarAnswer answer) {
-    return std::make_unique<Question>(calendars, current, std::move(answer));
+                     const CalendarAnswer &answer) {
+    return std::make_unique<Question>(calendars, current == CalendarAccess::Granted, answer);
 }
 
 } // namespace perchly

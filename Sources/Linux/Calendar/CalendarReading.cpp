@@ -1,133 +1,81 @@
 #include "CalendarReading.h"
 
-#include <QHash>
-#include <QJsonDocument>
-#include <QJsonObject>
+#include <QSet>
 
 #include <algorithm>
 #include <iterator>
-#include <unordered_set>
 
 namespace perchly {
 
 namespace {
 
-constexpr int mostKept = 10;
+constexpr int maxKept = 5;
 
-QString textIn(const QJsonObject &line, const char *name) {
-    const QJsonValue value = line.value(QLatin1StringView(name));
-    return value.isString() ? value.toString() : QString();
-}
-
-/// The nearest moment of which the distance to now can be counted: an event may last for longer.
-Clock::TimePoint timeIn(const QJsonObject &line, const char *name) {
+/// Clamped, so that durations between moments do not overflow.
+QDataStream &operator>>(QDataStream &stream, Clock::TimePoint &moment) {
     using std::chrono::seconds;
     constexpr auto furthest = std::chrono::floor<seconds>(Clock::TimePoint::duration::max() / 2);
-    const seconds said(line.value(QLatin1StringView(name)).toInteger());
-    return Clock::TimePoint(std::clamp(said, -furthest, furthest));
+    qint64 time = 0;
+    stream >> time;
+    moment = Clock::TimePoint(std::clamp(seconds(time), -furthest, furthest));
+    return stream;
 }
-
-CalendarEvent eventIn(const QJsonObject &line) {
-    return {.identifier = textIn(line, "event"),
-            .title = textIn(line, "title"),
-            .start = timeIn(line, "start"),
-            .end = timeIn(line, "end"),
-            .allDay = line.value(QLatin1StringView("allDay")).toBool(),
-            .url = textIn(line, "url"),
-            .location = textIn(line, "location"),
-            .notes = textIn(line, "notes")};
-}
-
-bool isOfService(const CalendarReading::File &file) {
-    return file.path.startsWith(QLatin1StringView("service:"));
-}
-
-bool isInside(const CalendarEvent &event, Clock::TimePoint from, Clock::TimePoint to) {
-    return event.start < to &&
-           (event.end > from || (event.start == event.end && event.end == from));
-}
-
-/// Of all that events have, as hostile ones may differ in anything and number thousands.
-struct EventHash {
-    std::size_t operator()(const CalendarEvent &event) const {
-        return qHashMulti(std::size_t(QHashSeed::globalSeed()), event.identifier, event.title,
-                          event.start.time_since_epoch().count(),
-                          event.end.time_since_epoch().count(), event.allDay, event.url,
-                          event.location, event.notes);
-    }
-};
 
 } // namespace
 
-CalendarReading CalendarReading::parse(const QByteArray &lines) {
-    CalendarReading reading;
-    for (qsizetype at = 0; at < lines.size();) {
-        const qsizetype end = lines.indexOf('\n', at) < 0 ? lines.size() : lines.indexOf('\n', at);
-        const QJsonObject line =
-            QJsonDocument::fromJson(QByteArray::fromRawData(lines.constData() + at, end - at))
-                .object();
-        at = end + 1;
-        if (line.contains(QLatin1StringView("event"))) {
-            const qint64 file = line.value(QLatin1StringView("in")).toInteger(-1);
-            if (file >= 0 && file < reading.files.size()) {
-                reading.files[file].events.append(eventIn(line));
-            }
-        } else if (line.contains(QLatin1StringView("file"))) {
-            reading.files.append(
-                {textIn(line, "file"), line.value(QLatin1StringView("torn")).toBool()});
-        } else if (line.contains(QLatin1StringView("folder"))) {
-            reading.folders.append(textIn(line, "folder"));
-        } else if (line.contains(QLatin1StringView("serviceFolder"))) {
-            reading.serviceFolders.append(textIn(line, "serviceFolder"));
-        } else if (line.contains(QLatin1StringView("service"))) {
-            reading.muteService = true;
-        } else if (line.contains(QLatin1StringView("calendar"))) {
-            reading.calendars.append({textIn(line, "calendar"), textIn(line, "place")});
-        } else if (line.contains(QLatin1StringView("end"))) {
-            reading.finished = true;
-            reading.cutShort = textIn(line, "end") == QLatin1StringView("some");
-        }
-    }
-    return reading;
+static std::size_t qHash(const CalendarEvent &event, std::size_t seed) {
+    return qHashMulti(seed, event.identifier, event.title, event.location,
+                      event.start.time_since_epoch().count());
 }
 
-void CalendarReading::keepFrom(const CalendarReading &earlier) {
-    for (File &file : files) {
-        const auto before = std::ranges::find(earlier.files, file.path, &File::path);
-        if (!file.torn || before == earlier.files.cend()) {
-            continue;
-        }
-        const bool isGood = !before->torn || (before->kept > 0 && before->kept < mostKept);
-        if (isGood || isOfService(file)) {
-            file.events = before->events;
-            file.kept = before->kept + 1;
-        }
-    }
-    if (muteService) {
-        std::ranges::copy_if(earlier.files, std::back_inserter(files), isOfService);
-    }
+CalendarReading::CalendarReading(CalendarList found, const CalendarReading &earlier)
+    : list(std::move(found))
+    , contents(earlier.contents)
+    , isComplete(!list.isServiceMute) {
+    std::ranges::copy_if(earlier.list.calendars, std::back_inserter(list.calendars),
+                         [this](const FoundCalendar &calendar) {
+                             return list.isServiceMute && calendar.source.startsWith(u"service:");
+                         });
 }
 
-bool CalendarReading::lacksOfService() const {
-    return muteService || std::ranges::any_of(files, [](const File &file) {
-               return file.torn && isOfService(file);
-           });
+void CalendarReading::take(const QString &source, const QByteArray &answer, bool isRead) {
+    Contents now;
+    QDataStream stream(answer);
+    bool hasMore = false;
+    while ((stream >> hasMore).status() == QDataStream::Ok && hasMore) {
+        CalendarEvent event;
+        stream >> event.identifier >> event.title >> event.start >> event.end >> event.allDay >>
+            event.url >> event.location >> event.notes;
+        now.events.append(event);
+    }
+    stream >> now.isWhole;
+    isRead = isRead && stream.status() == QDataStream::Ok;
+    isComplete = isComplete && isRead;
+    Contents &last = contents[source];
+    // A file that stays damaged is not just being written: then show what is left of it.
+    if (!isRead || (!now.isWhole && last.isWhole && last.kept < maxKept)) {
+        ++last.kept;
+    } else {
+        last = now;
+    }
 }
 
 QList<CalendarEvent> CalendarReading::eventsBetween(Clock::TimePoint from,
                                                     Clock::TimePoint to) const {
     QList<CalendarEvent> events;
-    std::unordered_set<CalendarEvent, EventHash> known;
-    QHash<QString, qsizetype> counts; ///< of different events with the identifier
-    for (const File &file : files) {
-        for (const CalendarEvent &event : file.events) {
-            if (!isInside(event, from, to) || !known.insert(event).second) {
+    QSet<CalendarEvent> known;
+    QHash<QString, int> counts; // of different events with the identifier
+    for (const FoundCalendar &calendar : list.calendars) {
+        const QList<CalendarEvent> found = contents.value(calendar.source).events;
+        for (const CalendarEvent &event : found) {
+            const bool isInside = event.start < to && (event.end > from || event.start == from);
+            if (!isInside || known.contains(event)) {
                 continue;
             }
+            known.insert(event);
             events.append(event);
-            if (const qsizetype others = counts[event.identifier]++; others > 0) {
-                events.last().identifier =
-                    QStringLiteral("%1#%2").arg(event.identifier).arg(others);
+            if (const int others = counts[event.identifier]++; others > 0) {
+                events.last().identifier += u'#' + QString::number(others);
             }
         }
     }

@@ -3,224 +3,222 @@
 #include <QFile>
 #include <QTimeZone>
 
+#include <optional>
+#include <utility>
+
 namespace perchly {
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto timeLimit = 6s; // more than the companion takes before it ends itself
-constexpr qsizetype mostOutput = qsizetype(64) << 20;
-constexpr auto longestAge = 5min;
-constexpr auto longestServiceAge = 15min; // where nobody else asks, asking makes it download
-constexpr auto longestStaleAge = 1min;
-constexpr auto ownDoing = 15s; // what follows a reading so soon
-constexpr auto further = 24h;  // read ahead, so that time may go on for a while
+constexpr int maxRuns = 3;     // at a time
+constexpr auto timeLimit = 6s; // the companion ends itself before
+constexpr qsizetype maxOutput = qsizetype(16) << 20;
+constexpr std::chrono::milliseconds maxAge = 5min;
+constexpr std::chrono::milliseconds maxServiceAge = 15min; // reading it may make it download
+constexpr std::chrono::milliseconds maxStaleAge = 1min;
+constexpr std::chrono::milliseconds ownDoing = 15s; // after a reading, the service writes, too
+constexpr auto readAhead = 24h;
 
-QString secondsOf(Clock::TimePoint moment, std::chrono::seconds more = 0s) {
-    const auto seconds = std::chrono::floor<std::chrono::seconds>(moment) + more;
-    return QString::number(seconds.time_since_epoch().count());
+QString secondsOf(Clock::TimePoint moment) {
+    return QString::number(
+        std::chrono::floor<std::chrono::seconds>(moment).time_since_epoch().count());
+}
+
+std::optional<CalendarList> listIn(const ChildResult &result) {
+    CalendarList list;
+    QDataStream stream(result.output);
+    stream >> list;
+    const bool isWhole = result.status == 0 && stream.status() == QDataStream::Ok;
+    return isWhole ? std::optional(list) : std::nullopt;
 }
 
 } // namespace
 
-/// A question to the person, from looking for calendars to the answer. Each step replaces the one
-/// before it; without the request, none goes on.
-class CompanionCalendarStore::Request : public ScheduledTask {
-public:
-    Request(CompanionCalendarStore &store, AccessCompletion completion)
-        : m_store(store)
-        , m_completion(std::move(completion)) {
-        if (!store.m_ask || store.m_program.isEmpty()) {
-            const QString why = store.m_ask
-                                    ? QStringLiteral("The calendar reader is not installed.")
-                                    : QStringLiteral("There is no display to ask you on.");
-            QMetaObject::invokeMethod(
-                &m_later, [this, why] { finish(why); }, Qt::QueuedConnection);
-        } else {
-            m_step =
-                store.m_runs.run(store.m_program, {QStringLiteral("list")},
-                                 {.time = timeLimit, .mostOutput = mostOutput}, OnStop::EndChild,
-                                 [this](const ChildResult &result) { ask(result); });
-        }
-    }
-
-private:
-    void ask(const ChildResult &result) {
-        const auto found = CalendarReading::parse(result.output);
-        if (result.status != 0 || !found.finished) {
-            finish(QStringLiteral("The calendars could not be looked for."));
-            return;
-        }
-        m_step = m_store.m_ask(found.calendars, m_store.access(),
-                               [this](std::optional<bool> allowed) { remember(allowed); });
-    }
-
-    void remember(std::optional<bool> allowed) {
-        QString error;
-        if (allowed) {
-            error = m_store.m_consent.remember(*allowed ? CalendarAccess::Granted
-                                                        : CalendarAccess::Denied);
-        }
-        finish(error.isEmpty() ? QString()
-                               : QStringLiteral("Your answer could not be kept: %1.").arg(error));
-    }
-
-    void finish(const QString &error) {
-        const auto completion = std::move(m_completion); // outlives the task that it may destroy
-        completion({m_store.access(), error});
-    }
-
-    CompanionCalendarStore &m_store;
-    AccessCompletion m_completion;
-    QObject m_later;
-    Task m_step;
+struct CompanionCalendarStore::Call {
+    Clock::TimePoint from;
+    Clock::TimePoint to;
+    EventsCompletion completion;
 };
 
-struct CompanionCalendarStore::CallTask : ScheduledTask {
-    explicit CallTask(std::shared_ptr<Call> held)
-        : call(std::move(held)) {}
-    std::shared_ptr<Call> call;
+/// One run that finds the calendars, and one for each of them.
+struct CompanionCalendarStore::Round {
+    Clock::TimePoint from;
+    Clock::TimePoint to;
+    QByteArray zone = QTimeZone::systemTimeZoneId();
+    CalendarReading reading;
+    std::vector<Task> runs;
+    qsizetype open = 0; ///< calendars
 };
 
 CompanionCalendarStore::CompanionCalendarStore(QString program, const QString &consentFile, Ask ask)
     : m_program(std::move(program))
     , m_ask(std::move(ask))
-    , m_runs(2) // a reading, and a look for what there is
+    , m_runs(maxRuns)
     , m_consent(consentFile, [this] { consentChanged(); })
-    , m_watch([this] { filesChanged(); }, ".ics")
-    , m_serviceWatch([this] { serviceChanged(); }, "") {
+    , m_watch(
+          [this] {
+              m_isCurrent = false;
+              if (access() == CalendarAccess::Granted) {
+                  Q_EMIT changed();
+              }
+          },
+          ".ics")
+    , m_serviceWatch(
+          [this] { m_isStale = m_isStale || (!m_round && m_age.hasExpired(ownDoing.count())); }, "")
+    , m_last(std::make_shared<Round>()) {
     m_pool.setMaxThreadCount(1);
     m_pool.setExpiryTimeout(1000);
 }
 
+Task CompanionCalendarStore::run(const QStringList &arguments, ChildRuns::Completion completion) {
+    return m_runs.run(m_program, arguments, {timeLimit, maxOutput}, OnStop::EndChild,
+                      std::move(completion));
+}
+
+/// Looks for calendars, then asks the user, then stores the answer.
 Task CompanionCalendarStore::requestAccess(AccessCompletion completion) {
-    return std::make_unique<Request>(*this, std::move(completion));
+    struct Request : ScheduledTask {
+        Task step;
+    };
+    auto request = std::make_unique<Request>();
+    const auto finish = [this, completion = std::move(completion)](const QString &error) {
+        completion({access(), error});
+    };
+    const auto remember = [this, finish](std::optional<bool> isAllowed) {
+        const QString error = isAllowed ? m_consent.remember(*isAllowed ? CalendarAccess::Granted
+                                                                        : CalendarAccess::Denied)
+                                        : QString();
+        finish(error.isEmpty() ? error : u"Your answer could not be kept: %1."_s.arg(error));
+    };
+    const auto ask = [this, finish, remember, &step = request->step](const ChildResult &result) {
+        const auto list = listIn(result);
+        if (list && m_ask) {
+            step = m_ask(list->calendars, access(), remember);
+        } else {
+            finish(!m_ask                ? u"There is no display to ask you on."_s
+                   : m_program.isEmpty() ? u"The calendar reader is not installed."_s
+                                         : u"The calendars could not be looked for."_s);
+        }
+    };
+    request->step = run({u"list"_s}, ask);
+    return request;
 }
 
 Task CompanionCalendarStore::events(Clock::TimePoint from, Clock::TimePoint to,
                                     EventsCompletion completion) {
-    auto call = std::make_shared<Call>(Call{{from, to}, std::move(completion)});
-    m_waiting.push_back(call);
+    struct CallTask : ScheduledTask {
+        std::shared_ptr<Call> call;
+    };
+    auto task = std::make_unique<CallTask>();
+    task->call = std::make_shared<Call>(Call{from, to, std::move(completion)});
+    m_waiting.push_back(task->call);
     QMetaObject::invokeMethod(this, &CompanionCalendarStore::answerWaiting, Qt::QueuedConnection);
-    return std::make_unique<CallTask>(std::move(call));
+    return task;
 }
 
-bool CompanionCalendarStore::isKnown(const Window &window) const {
-    const bool isComplete = m_last.hasService() && !m_last.lacksOfService();
-    const std::chrono::milliseconds age = m_stale      ? longestStaleAge
-                                          : isComplete ? longestServiceAge
-                                                       : longestAge;
+bool CompanionCalendarStore::isKnown(const Call &call) const {
+    const bool hasService = !m_last->reading.list.serviceFolders.isEmpty();
+    const auto age = m_isStale ? maxStaleAge : hasService ? maxServiceAge : maxAge;
     return access() != CalendarAccess::Granted || m_program.isEmpty() ||
-           (m_current && m_known.holds(window) && !m_age.hasExpired(age.count()) &&
-            m_zone == QTimeZone::systemTimeZoneId());
+           (m_isCurrent && m_last->from <= call.from && call.to <= m_last->to &&
+            !m_age.hasExpired(age.count()) && m_last->zone == QTimeZone::systemTimeZoneId());
 }
 
 void CompanionCalendarStore::answerWaiting() {
     std::vector<std::weak_ptr<Call>> later;
     for (const auto &waiting : std::exchange(m_waiting, {})) {
         const std::shared_ptr<Call> call = waiting.lock();
-        if (call && isKnown(call->window)) {
-            const bool granted = access() == CalendarAccess::Granted;
-            call->completion(granted ? m_last.eventsBetween(call->window.from, call->window.to)
-                                     : QList<CalendarEvent>());
+        if (call && isKnown(*call)) {
+            call->completion(access() == CalendarAccess::Granted
+                                 ? m_last->reading.eventsBetween(call->from, call->to)
+                                 : QList<CalendarEvent>());
         } else if (call) {
             later.push_back(waiting);
-            if (!m_reading) {
-                read({call->window.from, call->window.to + further});
+            if (!m_round) {
+                startRound(*call);
             }
         }
     }
     m_waiting.insert(m_waiting.begin(), later.begin(), later.end());
 }
 
-void CompanionCalendarStore::read(const Window &window) {
-    m_reading = true;
-    m_current = true; // until something changes
-    m_zone = QTimeZone::systemTimeZoneId();
+void CompanionCalendarStore::startRound(const Call &call) {
+    m_isCurrent = true; // until something changes
     m_age.start();
-    m_run = m_runs.run(m_program,
-                       {QStringLiteral("events"), secondsOf(window.from), secondsOf(window.to, 1s)},
-                       {.time = timeLimit, .mostOutput = mostOutput}, OnStop::EndChild,
-                       [this, window](const ChildResult &result) { takeApart(result, window); });
+    m_round = std::make_shared<Round>();
+    m_round->from = call.from;
+    m_round->to = call.to + readAhead;
+    m_round->runs.push_back(run({u"list"_s}, [this](const ChildResult &result) {
+        if (const auto list = listIn(result)) {
+            m_round->reading = CalendarReading(*list, m_last->reading);
+            watchFolders(*list);
+        } else {
+            m_round->reading = m_last->reading;
+            m_round->reading.isComplete = false;
+            finishRound();
+        }
+    }));
 }
 
-void CompanionCalendarStore::takeApart(const ChildResult &result, const Window &window) {
-    m_pool.start([this, result, window, earlier = m_last, generation = m_generation] {
-        auto reading = CalendarReading::parse(result.output);
-        const bool ended = result.status == 0 && reading.finished;
-        // Once, what is whole is better than what is new: the machine may have been busy.
-        const bool lacks = ended && reading.cutShort && earlier.finished && !earlier.cutShort;
-        const bool failed = !ended || lacks;
-        if (failed) {
-            reading = earlier;
-            reading.cutShort = reading.cutShort || lacks;
-        } else {
-            reading.keepFrom(earlier);
-            watchFolders(reading);
+/// Before they are read, so that no change in between is missed.
+void CompanionCalendarStore::watchFolders(const CalendarList &list) {
+    m_pool.start([this, list, round = std::weak_ptr(m_round)] {
+        for (auto [watch, folders] : {std::pair(&m_watch, &list.folders),
+                                      std::pair(&m_serviceWatch, &list.serviceFolders)}) {
+            watch->beginRound();
+            for (const QString &folder : *folders) {
+                watch->add(QFile::encodeName(folder).toStdString());
+            }
+            watch->endRound();
         }
-        QMetaObject::invokeMethod(
-            this,
-            [this, reading = std::move(reading), failed, window, generation] {
-                if (generation == m_generation) {
-                    apply(reading, failed, window);
-                }
-            },
-            Qt::QueuedConnection);
+        const auto go = [this, round, calendars = list.calendars] {
+            if (!round.expired()) {
+                readCalendars(calendars);
+            }
+        };
+        QMetaObject::invokeMethod(this, go, Qt::QueuedConnection);
     });
 }
 
-void CompanionCalendarStore::apply(const CalendarReading &reading, bool failed,
-                                   const Window &window) {
-    m_reading = false;
-    // What takes long to start is there the next time; what fails again is left alone.
-    m_stale = failed || (reading.cutShort && !m_last.cutShort) ||
-              (reading.lacksOfService() && !m_last.lacksOfService());
-    m_last = reading;
-    m_known = window;
-    // A folder was not watched while it was read for the first time.
-    const bool watched = m_watched == reading.folders;
-    const bool current = m_current && watched;
-    m_watched = reading.folders;
-    m_current = true; // enough for those who waited for it
+void CompanionCalendarStore::readCalendars(const QList<FoundCalendar> &calendars) {
+    m_round->open = calendars.size();
+    for (const FoundCalendar &calendar : calendars) {
+        const auto take = [this, source = calendar.source](const ChildResult &result) {
+            m_round->reading.take(source, result.output, result.status == 0);
+            if (--m_round->open == 0) {
+                finishRound();
+            }
+        };
+        m_round->runs.push_back(run(
+            {u"events"_s, secondsOf(m_round->from), secondsOf(m_round->to + 1s), calendar.source},
+            take));
+    }
+    if (calendars.isEmpty()) {
+        finishRound();
+    }
+}
+
+void CompanionCalendarStore::finishRound() {
+    // What takes long to start answers the next time; what fails again is left alone.
+    m_isStale = !m_round->reading.isComplete && m_last->reading.isComplete;
+    m_last = std::exchange(m_round, nullptr);
+    const bool isCurrent = std::exchange(m_isCurrent, true); // enough for those who waited
     answerWaiting();
-    if (!m_reading) {
-        m_current = current;
+    if (!m_round) {
+        m_isCurrent = isCurrent;
     }
-    if (!current) {
+    if (!isCurrent) {
         Q_EMIT changed();
     }
-}
-
-void CompanionCalendarStore::watchFolders(const CalendarReading &reading) {
-    const auto watch = [](FolderWatch &folderWatch, const QStringList &folders) {
-        folderWatch.beginRound();
-        for (const QString &folder : folders) {
-            folderWatch.add(QFile::encodeName(folder).toStdString());
-        }
-        folderWatch.endRound();
-    };
-    watch(m_watch, reading.folders);
-    watch(m_serviceWatch, reading.serviceFolders);
-}
-
-void CompanionCalendarStore::filesChanged() {
-    m_current = false;
-    if (access() == CalendarAccess::Granted) {
-        Q_EMIT changed();
-    }
-}
-
-void CompanionCalendarStore::serviceChanged() {
-    m_stale = m_stale || (!m_reading && m_age.hasExpired(ownDoing / 1ms));
 }
 
 void CompanionCalendarStore::consentChanged() {
-    ++m_generation;
-    m_run.reset();
-    m_reading = false;
-    m_current = false;
-    m_last = {};
+    m_round.reset();
+    m_last = std::make_shared<Round>();
+    m_isCurrent = false;
     answerWaiting();
     Q_EMIT changed();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CalendarConsent.h"
+#include "CalendarQuestion.h"
 #include "CalendarReading.h"
 #include "ChildRuns.h"
 
@@ -12,49 +13,38 @@
 
 namespace perchly {
 
-/// The calendars that a companion finds and reads. It runs when they changed, and every few minutes
-/// in case that went unnoticed; meanwhile questions are answered from what it said last. What the
-/// desktop's calendar service noticed is read within a minute, while somebody asks: asking it may
-/// be why it writes. No file is opened before the person has allowed it.
+/// The calendars that a companion finds and reads, one run per calendar, so that a hostile or huge
+/// one costs only itself. It runs when calendars changed, and every few minutes in case that went
+/// unnoticed; in between, calls are answered from the last reading. What Evolution Data Server
+/// writes is read within a minute, not at once: asking it may be why it writes. No calendar is
+/// opened without the user's consent.
 class CompanionCalendarStore : public CalendarStore {
     Q_OBJECT
 public:
     using Ask =
         std::function<Task(const QList<FoundCalendar> &, CalendarAccess, CalendarAnswer answer)>;
 
-    /// The companion's absolute path, empty when there is none; the file that remembers the answer;
-    /// and who asks the person, if anybody can.
+    /// The companion's absolute path, empty if it is not installed; the file that stores the
+    /// consent; and how to ask for it, null if there is no way.
     CompanionCalendarStore(QString program, const QString &consentFile, Ask ask);
 
     [[nodiscard]] CalendarAccess access() const override { return m_consent.access(); }
     [[nodiscard]] Task requestAccess(AccessCompletion completion) override;
     [[nodiscard]] Task events(Clock::TimePoint from, Clock::TimePoint to,
                               EventsCompletion completion) override;
-    void expectChange() override { m_current = false; }
+    void expectChange() override { m_isCurrent = false; }
 
 private:
-    class Request;
-    struct Window {
-        Clock::TimePoint from;
-        Clock::TimePoint to;
-        [[nodiscard]] bool holds(const Window &other) const {
-            return from <= other.from && other.to <= to;
-        }
-    };
-    struct Call {
-        Window window;
-        EventsCompletion completion;
-    };
-    struct CallTask;
+    struct Call;
+    struct Round;
 
-    [[nodiscard]] bool isKnown(const Window &window) const;
+    [[nodiscard]] Task run(const QStringList &arguments, ChildRuns::Completion completion);
+    [[nodiscard]] bool isKnown(const Call &call) const;
     void answerWaiting();
-    void read(const Window &window);
-    void takeApart(const ChildResult &result, const Window &window);
-    void apply(const CalendarReading &reading, bool failed, const Window &window);
-    void watchFolders(const CalendarReading &reading);
-    void filesChanged();
-    void serviceChanged();
+    void startRound(const Call &call);
+    void watchFolders(const CalendarList &list);
+    void readCalendars(const QList<FoundCalendar> &calendars);
+    void finishRound();
     void consentChanged();
 
     const QString m_program;
@@ -63,17 +53,12 @@ private:
     CalendarConsent m_consent;
     FolderWatch m_watch;
     FolderWatch m_serviceWatch;
-    QStringList m_watched;
     std::vector<std::weak_ptr<Call>> m_waiting;
-    CalendarReading m_last; ///< the newest reading that came to its end
-    Window m_known;         ///< what that is about
-    QByteArray m_zone;      ///< where the machine was then
-    bool m_current = false; ///< nothing changed since
-    bool m_stale = false;   ///< the service may have more to say by now
+    std::shared_ptr<Round> m_round; ///< in progress
+    std::shared_ptr<Round> m_last;  ///< never null
+    bool m_isCurrent = false;       ///< nothing changed since then
+    bool m_isStale = false;         ///< the service or a calendar may have more to say by now
     QElapsedTimer m_age;
-    bool m_reading = false;
-    int m_generation = 0; ///< readings of an earlier one do not count
-    Task m_run;
     QThreadPool m_pool; ///< destroyed first: it waits for its thread
 };
 

@@ -2,22 +2,19 @@
 
 #include "Event.h"
 
-#include <vector>
-
 namespace perchly {
 
 /// One time at which an event takes place.
 struct Occurrence {
     const Event *event = nullptr; ///< whose texts it has
-    std::int64_t start = 0;       ///< in seconds since 1970, universal time
+    std::int64_t start = 0;       ///< in seconds since 1970, UTC
     std::int64_t end = 0;
-    std::string identifier; ///< stays the same when the occurrence is moved
+    std::int64_t original = 0; ///< the start by the rule, which stays the same when it is moved
+    bool isOneOfMany = false;
 };
 
-/// When events of one uid take place within the window, in part at least: the repeated ones by
-/// their rules, with what is added, left out, moved and cancelled. A rule may be made to never
-/// find its next time, so this may not return (see GuardedLoop.h). The occurrences point into the
-/// events.
+/// When the events, which share a UID, take place in the window, at least in part: recurring ones
+/// by their rules, with exceptions applied. The occurrences point into the events.
 [[nodiscard]] std::vector<Occurrence> occurrencesOf(const std::vector<Event> &events,
                                                     const TimeWindow &window);
 
