@@ -1,6 +1,9 @@
 #include "RegionOverlay.h"
 
+#include <QCursor>
 #include <QFontMetrics>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPaintEvent>
 
@@ -8,7 +11,13 @@
 
 namespace perchly {
 
+using namespace std::chrono_literals;
+
 namespace {
+
+constexpr auto grabTimeout = 1s;
+constexpr auto betweenGrabs = 20ms;
+constexpr auto idleTimeout = 60s;
 
 constexpr QColor plateColor(11, 13, 15, 235);
 constexpr QColor textColor(255, 255, 255, 235);
@@ -16,15 +25,15 @@ constexpr QColor dimming(0, 0, 0, 115);
 constexpr QColor hairline(0, 0, 0, 140);
 constexpr int gap = 10;
 
+QString hintText() {
+    return QStringLiteral("Drag to select  ·  Esc cancels");
+}
+
 QImage dimmedCopy(const QImage &picture) {
     QImage dimmed = picture;
     QPainter painter(&dimmed);
     painter.fillRect(dimmed.rect(), dimming);
     return dimmed;
-}
-
-QString hintText() {
-    return QStringLiteral("Drag to select  ·  Esc cancels");
 }
 
 } // namespace
@@ -34,27 +43,82 @@ RegionOverlay::RegionOverlay(QImage picture, QList<QRect> displays, double scale
     , m_dimmed(dimmedCopy(m_picture))
     , m_displays(std::move(displays))
     , m_scale(scale)
-    , m_font(QStringLiteral("Inter")) {
+    , m_font(QStringLiteral("Inter"))
+    , m_grabDeadline(grabTimeout)
+    , m_pointer(QCursor::pos()) {
     m_font.setPixelSize(scaled(12));
     m_font.setWeight(QFont::Medium);
     setTitle(QStringLiteral("Perchly capture"));
     setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
              Qt::BypassWindowManagerHint);
-    setCursor(Qt::CrossCursor); // shown while the pointer is grabbed, too
+    setCursor(Qt::CrossCursor);
     setGeometry(m_picture.rect());
+    m_grab.setSingleShot(true);
+    connect(&m_grab, &QTimer::timeout, this, &RegionOverlay::grabInput);
+    m_grab.start(0ms);
+    m_idle.setSingleShot(true);
+    connect(&m_idle, &QTimer::timeout, this, &RegionOverlay::cancelled);
+    m_idle.start(idleTimeout);
 }
 
-void RegionOverlay::setPointer(const QPoint &pixel) {
-    const QRect before = hintPlate();
-    m_pointer = pixel;
-    if (!m_region && hintPlate() != before) {
-        update(QRegion(before) + hintPlate());
+// Fails while another program, such as one with an open menu, holds one of them, and until the
+// window is mapped.
+void RegionOverlay::grabInput() {
+    if (setMouseGrabEnabled(true) && setKeyboardGrabEnabled(true)) {
+        return;
+    }
+    if (m_grabDeadline.hasExpired()) {
+        Q_EMIT failed();
+    } else {
+        m_grab.start(betweenGrabs);
     }
 }
 
-void RegionOverlay::setRegion(const std::optional<QRect> &region) {
+bool RegionOverlay::event(QEvent *event) {
+    if (event->isInputEvent()) {
+        m_idle.start(idleTimeout);
+    }
+    return QRasterWindow::event(event);
+}
+
+void RegionOverlay::mousePressEvent(QMouseEvent *event) {
+    if (event->button() != Qt::LeftButton) {
+        Q_EMIT cancelled();
+        return;
+    }
+    m_start = event->position().toPoint();
+    follow(*m_start);
+}
+
+void RegionOverlay::mouseMoveEvent(QMouseEvent *event) {
+    follow(event->position().toPoint());
+}
+
+void RegionOverlay::mouseReleaseEvent(QMouseEvent *event) {
+    if (event->button() == Qt::LeftButton && m_start) {
+        follow(event->position().toPoint());
+        m_start.reset();
+        if (m_region) {
+            Q_EMIT selected(*m_region);
+        }
+    }
+}
+
+void RegionOverlay::keyPressEvent(QKeyEvent *event) {
+    if (event->key() == Qt::Key_Escape) {
+        Q_EMIT cancelled();
+    }
+}
+
+void RegionOverlay::follow(const QPoint &pointer) {
     const QRegion before = drawnArea();
-    m_region = region;
+    m_pointer = pointer;
+    m_region.reset();
+    if (m_start && *m_start != pointer) {
+        const auto [left, right] = std::minmax({m_start->x(), pointer.x()});
+        const auto [top, bottom] = std::minmax({m_start->y(), pointer.y()});
+        m_region = QRect(QPoint(left, top), QPoint(right, bottom)).intersected(m_picture.rect());
+    }
     update(before + drawnArea());
 }
 
@@ -119,7 +183,7 @@ void RegionOverlay::drawPlate(QPainter &painter, const QRect &plate, const QStri
 
 void RegionOverlay::drawRegion(QPainter &painter) const {
     painter.drawImage(m_region->topLeft(), m_picture, *m_region);
-    // Outside the rectangle, so that nothing of what is captured is hidden.
+    // Outside the rectangle: the border hides nothing of the capture.
     const int line = std::max(1, scaled(1.5));
     const int hair = std::max(1, scaled(1));
     const QRegion inner(*m_region);

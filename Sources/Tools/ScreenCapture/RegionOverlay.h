@@ -1,33 +1,45 @@
 #pragma once
 
+#include <QDeadlineTimer>
 #include <QFont>
 #include <QImage>
 #include <QList>
 #include <QRasterWindow>
 #include <QRect>
+#include <QTimer>
 
 #include <optional>
 
 namespace perchly {
 
-/// One window over all displays. It shows the given picture of them, dimmed, with the chosen
-/// rectangle in full light and its size beside it. Everything is in pixels.
+/// One window over all displays in which the user selects a rectangle. It shows the given picture
+/// of the displays, dimmed, with the selected rectangle at full brightness and its size beside it.
+/// It holds pointer and keyboard, and gives up after a minute without input: the screen cannot lock
+/// meanwhile. Everything is in pixels.
 class RegionOverlay : public QRasterWindow {
     Q_OBJECT
 public:
-    /// The displays lie within the picture. Lines and type are `scale` times as large as on an
-    /// ordinary display.
+    /// The displays lie within the picture. Lines and text are `scale` times their normal size.
     RegionOverlay(QImage picture, QList<QRect> displays, double scale);
 
-    /// Before the person begins, a hint stands on the display where the pointer is.
-    void setPointer(const QPoint &pixel);
-    /// The rectangle chosen so far, or none.
-    void setRegion(const std::optional<QRect> &region);
+Q_SIGNALS:
+    void selected(const QRect &region);
+    /// Escape, another button than the first, or no input for a minute.
+    void cancelled();
+    /// Another program holds the pointer or the keyboard and does not release it in time.
+    void failed();
 
 protected:
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void grabInput();
+    void follow(const QPoint &pointer);
     [[nodiscard]] QRect displayAt(const QPoint &pixel) const;
     [[nodiscard]] QSize plateSize(const QString &text) const;
     [[nodiscard]] QRect hintPlate() const;
@@ -43,8 +55,12 @@ private:
     QList<QRect> m_displays;
     double m_scale;
     QFont m_font;
+    QDeadlineTimer m_grabDeadline;
+    QTimer m_grab;
+    QTimer m_idle;
     QPoint m_pointer;
-    std::optional<QRect> m_region;
+    std::optional<QPoint> m_start;
+    std::optional<QRect> m_region; ///< none before the drag, which a click does not start
 };
 
 } // namespace perchly

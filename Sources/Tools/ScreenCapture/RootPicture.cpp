@@ -1,8 +1,9 @@
 #include "RootPicture.h"
 
-#include <xcb/xcb.h>
+#include "XcbPointer.h"
 
 #include <cstdlib>
+#include <xcb/xcb.h>
 
 namespace perchly {
 
@@ -26,25 +27,19 @@ QImage::Format formatOf(int depth) {
 
 QImage takeRootPicture(xcb_connection_t *connection) {
     const xcb_screen_t *screen = xcb_setup_roots_iterator(xcb_get_setup(connection)).data;
-    const QSize size(screen->width_in_pixels, screen->height_in_pixels);
-    xcb_get_image_reply_t *reply =
-        xcb_get_image_reply(connection,
-                            xcb_get_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, screen->root, 0, 0,
-                                          screen->width_in_pixels, screen->height_in_pixels, ~0U),
-                            nullptr);
-    if (reply == nullptr) {
+    const int width = screen->width_in_pixels;
+    const int height = screen->height_in_pixels;
+    const auto cookie = xcb_get_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, screen->root, 0, 0,
+                                      screen->width_in_pixels, screen->height_in_pixels, ~0U);
+    XcbPointer<xcb_get_image_reply_t> reply(xcb_get_image_reply(connection, cookie, nullptr));
+    const QImage::Format format = reply ? formatOf(reply->depth) : QImage::Format_Invalid;
+    if (format == QImage::Format_Invalid) {
         return {};
     }
-    const QImage::Format format = formatOf(reply->depth);
-    const int lineBytes = xcb_get_image_data_length(reply) / size.height();
-    if (format == QImage::Format_Invalid ||
-        lineBytes < size.width() * (reply->depth > 16 ? 4 : 2)) {
-        std::free(reply);
-        return {};
-    }
-    // The picture owns the reply.
-    return QImage(xcb_get_image_data(reply), size.width(), size.height(), lineBytes, format,
-                  std::free, reply)
+    const uchar *pixels = xcb_get_image_data(reply.get());
+    const int lineBytes = xcb_get_image_data_length(reply.get()) / height;
+    // The image owns the reply.
+    return QImage(pixels, width, height, lineBytes, format, std::free, reply.release())
         .convertToFormat(QImage::Format_RGB32);
 }
 

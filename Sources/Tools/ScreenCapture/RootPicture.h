@@ -6,8 +6,7 @@ struct xcb_connection_t;
 
 namespace perchly {
 
-/// What all the displays show now, pixel by pixel, without the pointer; null if the server does not
-/// give it or has pixels of an unusual kind.
+/// What the whole X screen shows, in pixels; null if its format is unknown. Blocks.
 [[nodiscard]] QImage takeRootPicture(xcb_connection_t *connection);
 
 } // namespace perchly
