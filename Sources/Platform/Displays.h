@@ -12,9 +12,9 @@ namespace perchly {
 
 /// One attached display.
 struct Display {
-    QString name;            ///< as the person knows it
+    QString name = {};       ///< as the user knows it
     ScreenRect frame;        ///< the whole display
-    ScreenRect visibleFrame; ///< without what panels and docks reserve on this display
+    ScreenRect visibleFrame; ///< without the area that docks and panels reserve on it
     /// Height of a camera housing at the top, 0 without one, and the usable areas beside it.
     double safeAreaTop = 0;
     std::optional<ScreenRect> auxiliaryTopLeftArea = std::nullopt;
@@ -33,7 +33,7 @@ public:
     [[nodiscard]] virtual QList<Display> list() const = 0;
 
 Q_SIGNALS:
-    /// Displays, their arrangement, resolution or reserved areas changed; list() is new already.
+    /// Displays, their arrangement, resolution or reserved areas changed. list() is up to date.
     void changed();
 };
 

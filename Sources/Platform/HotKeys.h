@@ -13,8 +13,8 @@ class HotKeys : public QObject {
 public:
     using QObject::QObject;
 
-    /// Takes the chord for the program under that identifier, whatever the lock keys say. False
-    /// when it cannot be had, for example because another program holds it.
+    /// Grabs the chord, in any state of the lock keys. Call it once for each identifier. False if
+    /// the chord is not available, for example because another program has grabbed it.
     [[nodiscard]] virtual bool registerChord(int identifier, Chord chord) = 0;
 
 Q_SIGNALS:

@@ -6,7 +6,7 @@
 
 namespace perchly {
 
-/// Sees each key press that is delivered to the program's own windows, before they see it.
+/// Sees each key press in the program's own windows before they do. Main thread only.
 class KeyMonitor {
 public:
     /// Returns true to consume the press.
@@ -14,8 +14,7 @@ public:
 
     virtual ~KeyMonitor() = default;
 
-    /// Installs the one handler, replacing an earlier one. Called on the main thread, as it calls
-    /// back.
+    /// Installs the handler, replacing an earlier one.
     virtual void start(Handler handler) = 0;
 };
 

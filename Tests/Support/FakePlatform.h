@@ -24,7 +24,7 @@ public:
 
     void moveTo(double x, double y) {
         at = {x, y};
-        Q_EMIT moved();
+        Q_EMIT moved(at);
     }
 
     ScreenPoint at{700, 100};

@@ -2,7 +2,7 @@
 
 #include "ClipboardReader.h"
 #include "OwnCopy.h"
-#include "ToolkitConnection.h"
+#include "QtConnection.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -79,7 +79,7 @@ void X11Pasteboard::offer(OwnCopy *copy) {
 void X11Pasteboard::handleCopy(quint64 copies, quint32 owner) {
     m_copies = copies;
     if (m_offered) {
-        const xcb_setup_t *setup = xcb_get_setup(toolkitConnection());
+        const xcb_setup_t *setup = xcb_get_setup(qtConnection());
         if ((owner & ~setup->resource_id_mask) == setup->resource_id_base) {
             return; // counted by the write
         }

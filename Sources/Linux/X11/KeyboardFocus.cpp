@@ -1,25 +1,24 @@
 #include "KeyboardFocus.h"
 
-#include "ToolkitConnection.h"
+#include "QtConnection.h"
 
 namespace perchly {
 
 namespace {
 
 constexpr std::chrono::milliseconds retryInterval{10};
-constexpr int mostTries = 50;
-// How long a window manager may take before the focus is moved without it.
-constexpr std::chrono::milliseconds managerPatience{150};
+constexpr int maxTries = 50;
+// How long a window manager may take before the focus is moved without it. There may be none.
+constexpr std::chrono::milliseconds managerTimeout{150};
 constexpr quint32 fromPager = 2;
 
 } // namespace
 
-KeyboardFocus::KeyboardFocus(XcbConnection &connection, QObject *parent)
-    : QObject(parent)
-    , m_connection(connection) {
+KeyboardFocus::KeyboardFocus(XcbConnection &connection)
+    : m_connection(connection) {
     m_retry.setInterval(retryInterval);
     m_leave.setSingleShot(true);
-    m_leave.setInterval(managerPatience);
+    m_leave.setInterval(managerTimeout);
     connect(&m_retry, &QTimer::timeout, this, &KeyboardFocus::tryAgain);
     connect(&m_leave, &QTimer::timeout, this, [this] {
         if (current() != m_leaving) {
@@ -34,9 +33,6 @@ KeyboardFocus::KeyboardFocus(XcbConnection &connection, QObject *parent)
 }
 
 xcb_window_t KeyboardFocus::current() {
-    if (!m_connection.isAlive()) {
-        return XCB_WINDOW_NONE;
-    }
     const auto answer =
         m_connection.reply<xcb_get_input_focus_reply_t>(xcb_get_input_focus(m_connection.get()));
     return answer ? answer->focus : xcb_window_t{XCB_WINDOW_NONE};
@@ -46,15 +42,11 @@ void KeyboardFocus::take(xcb_window_t window) {
     m_retry.stop();
     m_leave.stop();
     const xcb_window_t holder = current();
-    if (holder == window) {
-        return;
+    if (holder != window) {
+        m_before = {activeWindow(), holder};
+        m_wanted = window;
+        startTrying();
     }
-    m_before = {activeWindow(), holder};
-    if (setFocus(window)) {
-        return;
-    }
-    m_wanted = window;
-    startTrying();
 }
 
 void KeyboardFocus::giveBack(xcb_window_t from) {
@@ -62,20 +54,16 @@ void KeyboardFocus::giveBack(xcb_window_t from) {
     if (current() != from) {
         return;
     }
-    if (!hasWindowManager() || !isViewable(m_before.active)) {
+    if (isViewable(m_before.active)) {
+        askWindowManager(m_before.active);
+        expectLeaving(from, XCB_WINDOW_NONE);
+    } else {
         restoreDirectly();
-        return;
     }
-    askWindowManager(m_before.active);
-    m_wanted = XCB_WINDOW_NONE;
-    m_leaving = from;
-    m_leave.start();
 }
 
 void KeyboardFocus::pressedOutside(xcb_window_t holder) {
-    m_wanted = XCB_WINDOW_NONE;
-    m_leaving = holder;
-    m_leave.start();
+    expectLeaving(holder, XCB_WINDOW_NONE);
 }
 
 void KeyboardFocus::retakeFromNobody(xcb_window_t window) {
@@ -85,15 +73,12 @@ void KeyboardFocus::retakeFromNobody(xcb_window_t window) {
     }
 }
 
-// A window manager puts the focus aside on an unmanaged window of its own. Some toolkits hold
-// theirs out of sight as well, but on a window inside one that the person sees.
+// A window manager parks the focus on an unmanaged window of its own outside the screen. Some
+// toolkits hide theirs as well, but inside a visible window.
 bool KeyboardFocus::isNobody(xcb_window_t holder) {
     if (holder == XCB_WINDOW_NONE || holder == XCB_INPUT_FOCUS_POINTER_ROOT ||
         holder == m_connection.root()) {
         return true;
-    }
-    if (!m_connection.isAlive()) {
-        return false;
     }
     const auto treeCookie = xcb_query_tree(m_connection.get(), holder);
     const auto attributesCookie = xcb_get_window_attributes(m_connection.get(), holder);
@@ -107,55 +92,31 @@ bool KeyboardFocus::isNobody(xcb_window_t holder) {
 }
 
 void KeyboardFocus::activate(xcb_window_t window) {
-    // Ask first: a window minimised during the round trips below would come back.
-    askWindowManager(window);
-    m_leave.stop();
-    m_wanted = window;
-    if (!hasWindowManager()) {
-        startTrying();
-        return;
-    }
     m_retry.stop();
-    m_leaving = current();
-    m_leave.start();
-}
-
-// A manager that died leaves its property on the root, but not the window that it names.
-bool KeyboardFocus::hasWindowManager() {
-    const xcb_atom_t check = m_connection.atom("_NET_SUPPORTING_WM_CHECK");
-    const QList<quint32> named = m_connection.property(m_connection.root(), check);
-    return !named.isEmpty() && m_connection.property(named.first(), check) == named;
+    askWindowManager(window);
+    expectLeaving(current(), window);
 }
 
 xcb_window_t KeyboardFocus::activeWindow() {
-    if (!hasWindowManager()) {
-        return XCB_WINDOW_NONE;
-    }
     const QList<quint32> active =
         m_connection.property(m_connection.root(), m_connection.atom("_NET_ACTIVE_WINDOW"));
     return active.isEmpty() ? xcb_window_t{XCB_WINDOW_NONE} : active.first();
 }
 
 bool KeyboardFocus::isViewable(xcb_window_t window) {
-    if (window == XCB_WINDOW_NONE || !m_connection.isAlive()) {
-        return false;
-    }
     const auto answer = m_connection.reply<xcb_get_window_attributes_reply_t>(
         xcb_get_window_attributes(m_connection.get(), window));
     return answer && answer->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
-// The toolkit's time of the last event does not know of hot keys, and a focus set with an old time
-// is ignored.
+// Qt's time of the last event does not include hot keys, and a focus set with an old time is
+// ignored.
 bool KeyboardFocus::setFocus(xcb_window_t window) {
-    return m_connection.isAlive() &&
-           m_connection
-               .succeeded({xcb_set_input_focus_checked(m_connection.get(), XCB_INPUT_FOCUS_PARENT,
-                                                       window, XCB_CURRENT_TIME)})
-               .value_or(false);
+    return m_connection.succeeded({xcb_set_input_focus_checked(
+        m_connection.get(), XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME)});
 }
 
-// Sent on the toolkit's connection, so that it arrives after the window was shown there.
+// Sent on Qt's connection, so that it arrives after the window was shown there.
 void KeyboardFocus::askWindowManager(xcb_window_t window) {
     xcb_client_message_event_t message{};
     message.response_type = XCB_CLIENT_MESSAGE;
@@ -164,11 +125,11 @@ void KeyboardFocus::askWindowManager(xcb_window_t window) {
     message.type = m_connection.atom("_NET_ACTIVE_WINDOW");
     message.data.data32[0] = fromPager;
     message.data.data32[1] = XCB_CURRENT_TIME;
-    if (xcb_connection_t *toolkit = toolkitConnection()) {
-        xcb_send_event(toolkit, 0, m_connection.root(),
+    if (xcb_connection_t *qt = qtConnection()) {
+        xcb_send_event(qt, 0, m_connection.root(),
                        XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                        reinterpret_cast<const char *>(&message));
-        xcb_flush(toolkit);
+        xcb_flush(qt);
     }
 }
 
@@ -179,8 +140,14 @@ void KeyboardFocus::restoreDirectly() {
     }
 }
 
+void KeyboardFocus::expectLeaving(xcb_window_t holder, xcb_window_t wanted) {
+    m_leaving = holder;
+    m_wanted = wanted;
+    m_leave.start();
+}
+
 void KeyboardFocus::startTrying() {
-    m_triesLeft = mostTries;
+    m_triesLeft = maxTries;
     m_retry.start();
     tryAgain();
 }

@@ -1,33 +1,29 @@
 #pragma once
 
-#include "XcbConnection.h"
-
-#include <QObject>
+#include "RawInput.h"
 
 namespace perchly {
 
-/// Sees pointer buttons going down anywhere outside one window, whoever receives them; scrolling is
-/// none. Costs nothing while it does not watch. Main thread only.
+/// Sees pointer buttons being pressed outside one window, whichever program receives the press.
+/// Scrolling does not count. Main thread only.
 class OutsidePress : public QObject {
     Q_OBJECT
 public:
-    explicit OutsidePress(XcbConnection &connection, QObject *parent = nullptr);
+    explicit OutsidePress(XcbConnection &connection);
 
-    /// Starts or, with XCB_WINDOW_NONE, stops watching.
+    /// Starts watching; stops with XCB_WINDOW_NONE.
     void watch(xcb_window_t window);
 
 Q_SIGNALS:
     void pressed();
 
 private:
-    void begin();
     void handleEvent(const xcb_generic_event_t *event);
-    void select(quint32 events);
     [[nodiscard]] bool isPointerInside();
 
     XcbConnection &m_connection;
+    RawInput m_input;
     xcb_window_t m_window = XCB_WINDOW_NONE;
-    quint8 m_inputOpcode = 0;
 };
 
 } // namespace perchly

@@ -1,8 +1,7 @@
 #include "PanelWindow.h"
 
-#include "ToolkitConnection.h"
+#include "QtConnection.h"
 
-#include <QColor>
 #include <QRegion>
 #include <QVariant>
 #include <QWindow>
@@ -14,7 +13,7 @@ namespace {
 
 void setCardinals(xcb_window_t window, xcb_atom_t name, xcb_atom_t type,
                   const QList<quint32> &values) {
-    xcb_change_property(toolkitConnection(), XCB_PROP_MODE_REPLACE, window, name, type, 32,
+    xcb_change_property(qtConnection(), XCB_PROP_MODE_REPLACE, window, name, type, 32,
                         static_cast<quint32>(values.size()), values.constData());
 }
 
@@ -28,13 +27,12 @@ QList<xcb_rectangle_t> rectanglesOf(const QRegion &shape) {
 }
 
 void setShape(xcb_window_t window, xcb_shape_sk_t kind, const QList<xcb_rectangle_t> &rectangles) {
-    xcb_shape_rectangles(toolkitConnection(), XCB_SHAPE_SO_SET, kind, XCB_CLIP_ORDERING_UNSORTED,
-                         window, 0, 0, static_cast<quint32>(rectangles.size()),
-                         rectangles.constData());
+    xcb_shape_rectangles(qtConnection(), XCB_SHAPE_SO_SET, kind, XCB_CLIP_ORDERING_UNSORTED, window,
+                         0, 0, static_cast<quint32>(rectangles.size()), rectangles.constData());
 }
 
-void removeShape(xcb_window_t panel, xcb_shape_sk_t kind) {
-    xcb_shape_mask(toolkitConnection(), XCB_SHAPE_SO_SET, kind, panel, 0, 0, XCB_PIXMAP_NONE);
+void removeShape(xcb_window_t window, xcb_shape_sk_t kind) {
+    xcb_shape_mask(qtConnection(), XCB_SHAPE_SO_SET, kind, window, 0, 0, XCB_PIXMAP_NONE);
 }
 
 } // namespace
@@ -43,21 +41,13 @@ void preparePanel(QWindow &panel) {
     panel.setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                    Qt::BypassWindowManagerHint);
     panel.setProperty("_q_showWithoutActivating", true);
-    // A scene's window asks for transparency by its colour; the format would lose its depth and
-    // stencil if it were set from nothing.
-    if (panel.metaObject()->indexOfProperty("color") >= 0) {
-        panel.setProperty("color", QColor(Qt::transparent));
-    }
     QSurfaceFormat format = panel.requestedFormat();
     format.setAlphaBufferSize(8);
     panel.setFormat(format);
 }
 
 void describePanel(XcbConnection &connection, xcb_window_t panel) {
-    if (!toolkitConnection()) {
-        return;
-    }
-    // As a utility with an alpha channel no compositor draws a shadow of its own around it.
+    // Compositors draw no shadow around a utility window with an alpha channel.
     setCardinals(panel, connection.atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM,
                  {connection.atom("_NET_WM_WINDOW_TYPE_UTILITY")});
     setCardinals(panel, connection.atom("_NET_WM_STATE"), XCB_ATOM_ATOM,
@@ -66,24 +56,18 @@ void describePanel(XcbConnection &connection, xcb_window_t panel) {
                   connection.atom("_NET_WM_STATE_SKIP_PAGER")});
     setCardinals(panel, connection.atom("_NET_WM_DESKTOP"), XCB_ATOM_CARDINAL, {0xffffffff});
     setCardinals(panel, connection.atom("_COMPTON_SHADOW"), XCB_ATOM_CARDINAL, {0});
-    // What is painted stays at the top centre while the window grows, until it is painted again.
+    // While the window grows, its old content stays at the top centre until it is repainted.
     const quint32 gravity = XCB_GRAVITY_NORTH;
-    xcb_change_window_attributes(toolkitConnection(), panel, XCB_CW_BIT_GRAVITY, &gravity);
-    xcb_flush(toolkitConnection());
+    xcb_change_window_attributes(qtConnection(), panel, XCB_CW_BIT_GRAVITY, &gravity);
+    xcb_flush(qtConnection());
 }
 
 void unshapePanel(xcb_window_t panel) {
-    if (!toolkitConnection()) {
-        return;
-    }
     removeShape(panel, XCB_SHAPE_SK_INPUT);
     removeShape(panel, XCB_SHAPE_SK_BOUNDING);
 }
 
 void shapePanel(xcb_window_t panel, const QRegion &shape, Transparency transparency) {
-    if (!toolkitConnection()) {
-        return;
-    }
     const QList<xcb_rectangle_t> rectangles = rectanglesOf(shape);
     setShape(panel, XCB_SHAPE_SK_INPUT, rectangles);
     if (transparency == Transparency::Missing) {

@@ -7,23 +7,21 @@ class QWindow;
 
 namespace perchly {
 
-/// What the panel's window tells the X server about itself, beyond what the toolkit tells. All of
-/// it is sent in order with the toolkit's own requests.
+/// What the panel's window tells the X server beyond what Qt does, in order with Qt's own requests.
 
-/// Flags and format; before the window is created.
+/// Sets flags and format; call it before the window is created.
 void preparePanel(QWindow &panel);
 
-/// Properties and gravity; once the window is created.
+/// Sets properties and gravity; call it once the window is created.
 void describePanel(XcbConnection &connection, xcb_window_t panel);
 
 enum class Transparency { Available, Missing };
 
-/// The pointer is taken inside the shape only, given in the window's pixels. Without transparency
-/// the rest is not shown either.
-void shapePanel(xcb_window_t panel, const QRegion &shape, Transparency);
+/// Limits where the panel takes the pointer to the shape, in the window's pixels. Without
+/// transparency the rest is not shown either.
+void shapePanel(xcb_window_t panel, const QRegion &shape, Transparency transparency);
 
-/// The whole window takes the pointer and is shown, until it is shaped again. Sent with what
-/// follows.
+/// Removes the shape. Not flushed.
 void unshapePanel(xcb_window_t panel);
 
 } // namespace perchly

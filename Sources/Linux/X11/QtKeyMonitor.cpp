@@ -1,51 +1,75 @@
 #include "QtKeyMonitor.h"
 
-#include "KeyTranslation.h"
-
 #include <QCoreApplication>
 #include <QKeyEvent>
 
+#include <utility>
+
 namespace perchly {
 
-QtKeyMonitor::QtKeyMonitor(QObject *parent)
-    : QObject(parent) {}
+namespace {
 
-void QtKeyMonitor::start(Handler handler) {
-    if (!m_handler) {
-        qApp->installEventFilter(this);
+// X keycodes of the digit row, from 1 to 9 and then 0.
+constexpr quint32 firstDigitKey = 10;
+constexpr quint32 lastDigitKey = 19;
+
+QString charactersWithoutModifiers(const QKeyEvent &event) {
+    const quint32 physical = event.nativeScanCode();
+    if (physical >= firstDigitKey && physical <= lastDigitKey) {
+        return QString::number((physical - firstDigitKey + 1) % 10);
     }
-    m_handler = std::move(handler);
+    // Qt names printing keys by their character with Shift; other keys lie far above.
+    if (event.key() < Qt::Key_Space || event.key() >= Qt::Key_Escape) {
+        return {};
+    }
+    const auto character = static_cast<char32_t>(event.key());
+    return QString::fromUcs4(&character, 1).toLower();
 }
 
-bool QtKeyMonitor::Verdict::isAbout(const QKeyEvent &event) const {
-    return timestamp == event.timestamp() && key == event.key() &&
-           scanCode == event.nativeScanCode();
+} // namespace
+
+KeyPress keyPressFromQt(const QKeyEvent &event) {
+    const Qt::KeyboardModifiers held = event.modifiers();
+    Modifiers modifiers;
+    modifiers.setFlag(Modifier::Shift, held.testFlag(Qt::ShiftModifier));
+    modifiers.setFlag(Modifier::Control, held.testFlag(Qt::ControlModifier));
+    modifiers.setFlag(Modifier::Option, held.testFlag(Qt::AltModifier));
+    const bool isControlAlone =
+        held.testFlag(Qt::ControlModifier) && !held.testFlag(Qt::AltModifier);
+    modifiers.setFlag(Modifier::Command, held.testFlag(Qt::MetaModifier) || isControlAlone);
+    return {.key = static_cast<Qt::Key>(event.key()),
+            .modifiers = modifiers,
+            .charactersIgnoringModifiers = charactersWithoutModifiers(event),
+            .isRepeat = event.isAutoRepeat()};
+}
+
+void QtKeyMonitor::start(Handler handler) {
+    m_handler = std::move(handler);
+    qApp->installEventFilter(this);
 }
 
 bool QtKeyMonitor::eventFilter(QObject *watched, QEvent *event) {
-    const bool isOverride = event->type() == QEvent::ShortcutOverride;
-    if ((!isOverride && event->type() != QEvent::KeyPress) || !watched->isWindowType()) {
-        return QObject::eventFilter(watched, event);
+    if (!watched->isWindowType()) {
+        return false;
     }
-
-    const auto &press = *static_cast<QKeyEvent *>(event);
-    if (isOverride) {
-        m_verdict = Verdict{press.timestamp(), press.key(), press.nativeScanCode(), handle(press)};
-        // An accepted override keeps shortcuts from taking the press that follows.
-        event->setAccepted(m_verdict->isConsumed);
-        return m_verdict->isConsumed;
+    if (event->type() == QEvent::ShortcutOverride) {
+        m_verdict = handle(*event);
+        event->setAccepted(*m_verdict); // keeps shortcuts from taking the press that follows
+        return *m_verdict;
     }
-    const bool isKnown = m_verdict && m_verdict->isAbout(press);
-    const bool isConsumed = isKnown ? m_verdict->isConsumed : handle(press);
-    m_verdict.reset();
+    if (event->type() != QEvent::KeyPress) {
+        return false;
+    }
+    const auto verdict = std::exchange(m_verdict, std::nullopt);
+    const bool isConsumed = verdict ? *verdict : handle(*event);
     if (isConsumed) {
         event->accept();
     }
     return isConsumed;
 }
 
-bool QtKeyMonitor::handle(const QKeyEvent &event) {
-    return m_handler && m_handler(keyPressFromQt(event));
+bool QtKeyMonitor::handle(const QEvent &event) const {
+    return m_handler(keyPressFromQt(static_cast<const QKeyEvent &>(event)));
 }
 
 } // namespace perchly

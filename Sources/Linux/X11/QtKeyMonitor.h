@@ -10,34 +10,26 @@ class QKeyEvent;
 
 namespace perchly {
 
-/// Watches the key presses that the toolkit delivers to windows, before the windows, their
-/// shortcuts and their items see them. Key repeat is told as presses, as windows get it.
+/// Translates a key event: Control is Ctrl, Option is Alt, Shift is Shift, and Command is Super, or
+/// Ctrl without Alt: Ctrl+2 is both Control+2 and Command+2. The digit row gives its digits in
+/// every layout, also where they need Shift.
+[[nodiscard]] KeyPress keyPressFromQt(const QKeyEvent &event);
+
+/// Watches key presses before windows, their shortcuts and their items see them. Key repeat counts
+/// as presses, as it does for windows.
 class QtKeyMonitor : public QObject, public KeyMonitor {
     Q_OBJECT
 public:
-    explicit QtKeyMonitor(QObject *parent = nullptr);
-
     void start(Handler handler) override;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    /// What the handler said when the toolkit asked whether somebody overrides a shortcut; the
-    /// press itself follows.
-    struct Verdict {
-        quint64 timestamp = 0;
-        int key = 0;
-        quint32 scanCode = 0;
-        bool isConsumed = false;
-
-        [[nodiscard]] bool isAbout(const QKeyEvent &event) const;
-    };
-
-    bool handle(const QKeyEvent &event);
+    [[nodiscard]] bool handle(const QEvent &event) const;
 
     Handler m_handler;
-    std::optional<Verdict> m_verdict;
+    std::optional<bool> m_verdict; ///< of the ShortcutOverride that Qt sends before the press
 };
 
 } // namespace perchly

@@ -52,7 +52,7 @@ ScreenPoint ScreenSpace::fromPixels(QPoint pixels) const {
             return distanceTo(pixelGeometry(a), pixels) < distanceTo(pixelGeometry(b), pixels);
         });
     const QPointF corner(pixels.x(), pixels.y() + 1);
-    return fromToolkit(nearest == m_screens.end() ? corner : pointsFromPixels(corner, *nearest));
+    return fromQt(nearest == m_screens.end() ? corner : pointsFromPixels(corner, *nearest));
 }
 
 QRect ScreenSpace::pixelGeometry(const Screen &screen) {
@@ -63,20 +63,20 @@ QRect ScreenSpace::pixelGeometry(const Screen &screen) {
 
 ScreenRect ScreenSpace::fromPixels(const QRect &pixels, const Screen &screen) const {
     const QPointF end(pixels.x() + pixels.width(), pixels.y() + pixels.height());
-    return fromToolkit(
+    return fromQt(
         QRectF(pointsFromPixels(pixels.topLeft(), screen), pointsFromPixels(end, screen)));
 }
 
-ScreenPoint ScreenSpace::fromToolkit(QPointF point) const {
+ScreenPoint ScreenSpace::fromQt(QPointF point) const {
     return {point.x() - m_origin.x(), m_origin.y() - point.y()};
 }
 
-ScreenRect ScreenSpace::fromToolkit(const QRectF &rect) const {
-    const ScreenPoint corner = fromToolkit(rect.bottomLeft());
+ScreenRect ScreenSpace::fromQt(const QRectF &rect) const {
+    const ScreenPoint corner = fromQt(rect.bottomLeft());
     return {corner.x, corner.y, rect.width(), rect.height()};
 }
 
-QRect ScreenSpace::toToolkit(const ScreenRect &rect) const {
+QRect ScreenSpace::toQt(const ScreenRect &rect) const {
     const int left = rounded(m_origin.x() + rect.minX());
     const int top = rounded(m_origin.y() - rect.maxY());
     const int right = rounded(m_origin.x() + rect.maxX());

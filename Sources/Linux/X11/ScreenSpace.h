@@ -8,44 +8,43 @@
 
 namespace perchly {
 
-/// Converts between the three ways of naming a place: the X server's pixels, the toolkit's points
-/// (y down) and the program's points (y up from the bottom left of the primary display).
+/// Converts between the X server's pixels, Qt's points (y down) and the program's points (y up from
+/// the bottom left of the primary display).
 ///
-/// The toolkit leaves the top left corner of a display where the X server has it and divides only
-/// the display's size by its pixel ratio.
+/// Qt leaves the top left corner of a display where the X server has it and divides only the
+/// display's size by its pixel ratio.
 class ScreenSpace {
 public:
     struct Screen {
-        QRect geometry; ///< in the toolkit's points
+        QRect geometry; ///< in Qt's points
         double pixelRatio = 1;
     };
 
     /// The primary display comes first. Without any, pixels are taken for points.
     explicit ScreenSpace(QList<Screen> screens);
 
-    /// The displays as they are now. Main thread only.
+    /// The current displays. Main thread only.
     [[nodiscard]] static ScreenSpace current();
 
     /// The lower left corner of a pixel, so that the topmost row lies inside the display and the
-    /// row below a rectangle outside it. It belongs to the display that contains it, else to the
-    /// nearest one.
+    /// row below a rectangle outside it. Uses the scale of the nearest display.
     [[nodiscard]] ScreenPoint fromPixels(QPoint pixels) const;
 
     /// The display's area in pixels, and an area of that display in the program's points.
     [[nodiscard]] static QRect pixelGeometry(const Screen &screen);
     [[nodiscard]] ScreenRect fromPixels(const QRect &pixels, const Screen &screen) const;
 
-    [[nodiscard]] ScreenPoint fromToolkit(QPointF point) const;
-    [[nodiscard]] ScreenRect fromToolkit(const QRectF &rect) const;
+    [[nodiscard]] ScreenPoint fromQt(QPointF point) const;
+    [[nodiscard]] ScreenRect fromQt(const QRectF &rect) const;
 
-    /// Each edge goes to the nearest whole point, so that what touches a display's edge still does.
-    [[nodiscard]] QRect toToolkit(const ScreenRect &rect) const;
+    /// Rounds each edge to a whole point, so that what touches a display's edge still does.
+    [[nodiscard]] QRect toQt(const ScreenRect &rect) const;
 
     [[nodiscard]] const QList<Screen> &screens() const { return m_screens; }
 
 private:
     QList<Screen> m_screens;
-    QPointF m_origin; ///< the primary display's bottom left corner in the toolkit's points
+    QPointF m_origin; ///< the primary display's bottom left corner in Qt's points
 };
 
 } // namespace perchly

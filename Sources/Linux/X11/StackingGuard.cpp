@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::chrono::milliseconds stackingSettleTime{40};
 constexpr std::chrono::milliseconds periodLength{5000};
-constexpr int mostRaises = 4;
+constexpr int maxRaises = 4;
 
 template <typename Geometry>
 QRect rectOf(const Geometry &geometry) {
@@ -21,54 +21,36 @@ QRect rectOf(const Geometry &geometry) {
 }
 
 bool isOurs(xcb_window_t window) {
-    const QWindowList all = QGuiApplication::allWindows();
-    return std::any_of(all.begin(), all.end(), [window](const QWindow *candidate) {
+    return std::ranges::any_of(QGuiApplication::allWindows(), [window](const QWindow *candidate) {
         return candidate->handle() && candidate->winId() == window;
     });
 }
 
 bool fillsDisplay(const QRect &area) {
-    const QList<ScreenSpace::Screen> screens = ScreenSpace::current().screens();
-    return std::any_of(screens.begin(), screens.end(), [&](const ScreenSpace::Screen &screen) {
+    return std::ranges::any_of(ScreenSpace::current().screens(), [&](const auto &screen) {
         return area.contains(ScreenSpace::pixelGeometry(screen));
     });
 }
 
 } // namespace
 
-StackingGuard::StackingGuard(XcbConnection &connection, QObject *parent)
-    : QObject(parent)
-    , m_connection(connection) {
+StackingGuard::StackingGuard(XcbConnection &connection)
+    : m_connection(connection) {
     m_check.setSingleShot(true);
-    m_check.setInterval(stackingSettleTime);
     connect(&m_check, &QTimer::timeout, this, &StackingGuard::check);
     connect(&connection, &XcbConnection::eventArrived, this, &StackingGuard::handleEvent);
-    connect(&connection, &XcbConnection::restored, this, [this] {
-        begin();
-        watch(m_window);
-    });
-    begin();
-}
-
-void StackingGuard::begin() {
-    if (!m_connection.isAlive()) {
-        return;
-    }
-    // A translucent window gets no VisibilityNotify, so watch the managed windows instead: their
-    // order, and where they are. No single property is enough: some managers leave the order alone
+    // A translucent window gets no VisibilityNotify, so watch the managed windows too: their order
+    // and where they are. No single property is enough: some window managers leave the order alone
     // when the first window comes.
-    m_signs = {m_connection.atom("_NET_CLIENT_LIST_STACKING"),
-               m_connection.atom("_NET_CLIENT_LIST"), m_connection.atom("_NET_ACTIVE_WINDOW")};
-    const quint32 mask = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
-    xcb_change_window_attributes(m_connection.get(), m_connection.root(), XCB_CW_EVENT_MASK, &mask);
-    m_connection.flush();
+    m_signs = {connection.atom("_NET_CLIENT_LIST_STACKING"), connection.atom("_NET_CLIENT_LIST"),
+               connection.atom("_NET_ACTIVE_WINDOW")};
+    connection.selectEvents(connection.root(),
+                            XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
 }
 
 void StackingGuard::watch(xcb_window_t window) {
     m_window = window;
-    m_isSelected = false;
-    select();
-    m_check.start();
+    scheduleCheck();
 }
 
 void StackingGuard::handleEvent(const xcb_generic_event_t *event) {
@@ -95,7 +77,7 @@ void StackingGuard::handleEvent(const xcb_generic_event_t *event) {
     }
 }
 
-// Arrives for each step of any window that is dragged: no questions to the server here.
+// Arrives for each step of any window that is dragged: ask the server nothing here.
 void StackingGuard::handleMove(const xcb_configure_notify_event_t &event) {
     const QRect area = rectOf(event);
     if (event.window != m_window) {
@@ -112,24 +94,13 @@ void StackingGuard::handleMove(const xcb_configure_notify_event_t &event) {
 
 void StackingGuard::scheduleCheck() {
     if (!m_check.isActive()) {
-        m_check.start();
+        m_check.start(stackingSettleTime);
     }
-}
-
-void StackingGuard::select() {
-    if (m_isSelected || m_window == XCB_WINDOW_NONE || !m_connection.isAlive()) {
-        return;
-    }
-    const quint32 mask = XCB_EVENT_MASK_VISIBILITY_CHANGE;
-    m_isSelected = m_connection
-                       .succeeded({xcb_change_window_attributes_checked(
-                           m_connection.get(), m_window, XCB_CW_EVENT_MASK, &mask)})
-                       .value_or(false);
 }
 
 void StackingGuard::check() {
-    m_check.setInterval(stackingSettleTime);
-    select();
+    // Each time: at first the server may not know the window yet.
+    m_connection.selectEvents(m_window, XCB_EVENT_MASK_VISIBILITY_CHANGE);
     if (cover() != Cover::Unwanted) {
         return;
     }
@@ -137,7 +108,7 @@ void StackingGuard::check() {
         m_period.setRemainingTime(periodLength);
         m_raises = 0;
     }
-    if (m_raises == mostRaises) {
+    if (m_raises == maxRaises) {
         m_check.start(std::chrono::milliseconds(m_period.remainingTime()) + stackingSettleTime);
         return;
     }
@@ -145,33 +116,23 @@ void StackingGuard::check() {
     Q_EMIT raiseWanted();
 }
 
+/// What the windows above do to ours; one that is allowed there protects the others from a raise.
 StackingGuard::Cover StackingGuard::cover() {
-    if (m_window == XCB_WINDOW_NONE || !m_connection.isAlive()) {
-        return Cover::None;
-    }
-    const auto geometry = m_connection.reply<xcb_get_geometry_reply_t>(
-        xcb_get_geometry(m_connection.get(), m_window));
-    if (!geometry) {
+    const auto geometryCookie = xcb_get_geometry(m_connection.get(), m_window);
+    const auto treeCookie = xcb_query_tree(m_connection.get(), m_connection.root());
+    const auto geometry = m_connection.reply<xcb_get_geometry_reply_t>(geometryCookie);
+    const auto tree = m_connection.reply<xcb_query_tree_reply_t>(treeCookie);
+    if (!geometry || !tree) {
         return Cover::None;
     }
     m_area = rectOf(*geometry);
-    Cover result = Cover::None;
-    for (const xcb_window_t window : windowsAbove()) {
-        result = std::max(result, coverBy(window));
-    }
-    return result;
-}
-
-QList<xcb_window_t> StackingGuard::windowsAbove() {
-    const auto tree = m_connection.reply<xcb_query_tree_reply_t>(
-        xcb_query_tree(m_connection.get(), m_connection.root()));
-    if (!tree) {
-        return {};
-    }
     const xcb_window_t *windows = xcb_query_tree_children(tree.get());
     const xcb_window_t *end = windows + xcb_query_tree_children_length(tree.get());
-    const xcb_window_t *ours = std::find(windows, end, m_window);
-    return ours == end ? QList<xcb_window_t>{} : QList<xcb_window_t>(ours + 1, end);
+    Cover result = Cover::None;
+    for (const auto *window = std::find(windows, end, m_window); window != end; ++window) {
+        result = *window == m_window ? result : std::max(result, coverBy(*window));
+    }
+    return result;
 }
 
 StackingGuard::Cover StackingGuard::coverBy(xcb_window_t window) {
@@ -185,19 +146,17 @@ StackingGuard::Cover StackingGuard::coverBy(xcb_window_t window) {
         return Cover::None;
     }
     const bool isAllowed = attributes->override_redirect != 0 &&
-                           (isOurs(window) || fillsDisplay(rectOf(*geometry)) || isMenu(window));
+                           (isOurs(window) || fillsDisplay(rectOf(*geometry)) || mayCover(window));
     return isAllowed ? Cover::Allowed : Cover::Unwanted;
 }
 
-bool StackingGuard::isMenu(xcb_window_t window) {
-    static const QList<QByteArray> kinds{
-        "_NET_WM_WINDOW_TYPE_MENU",    "_NET_WM_WINDOW_TYPE_POPUP_MENU",
-        "_NET_WM_WINDOW_TYPE_COMBO",   "_NET_WM_WINDOW_TYPE_DROPDOWN_MENU",
-        "_NET_WM_WINDOW_TYPE_TOOLTIP", "_NET_WM_WINDOW_TYPE_DND"};
+bool StackingGuard::mayCover(xcb_window_t window) {
+    static constexpr const char *kinds[] = {"MENU",    "POPUP_MENU", "COMBO",       "DROPDOWN_MENU",
+                                            "TOOLTIP", "DND",        "NOTIFICATION"};
     const QList<quint32> types =
         m_connection.property(window, m_connection.atom("_NET_WM_WINDOW_TYPE"));
-    return std::any_of(kinds.begin(), kinds.end(), [&](const QByteArray &kind) {
-        return types.contains(m_connection.atom(kind));
+    return std::ranges::any_of(kinds, [&](const char *kind) {
+        return types.contains(m_connection.atom(QByteArray("_NET_WM_WINDOW_TYPE_") + kind));
     });
 }
 

@@ -2,13 +2,12 @@
 
 #include <QByteArray>
 
-/// The messages by which window managers and panels of X11 learn that a program is being started.
-/// Each call makes a connection of its own and waits for the server a short while at most. Any
-/// thread.
+/// Startup notification: tells window managers and panels that a program is being started. Each
+/// call makes its own connection to the X server and waits for it. Any thread but the main one.
 namespace perchly::startupsequence {
 
-/// Announces a program by its name for people, in UTF-8. Returns the identifier that it is started
-/// with, which carries the time of the request; empty without an X server.
+/// Announces a program by its display name, in UTF-8. Returns the identifier to start it with,
+/// which carries the time of the request; empty without an X server.
 [[nodiscard]] QByteArray begin(const QByteArray &name);
 
 /// The program did not start.

@@ -14,23 +14,9 @@ QString nameOf(const QScreen &screen) {
     return screen.model().isEmpty() ? screen.name() : made;
 }
 
-// Two displays of the same make are told apart by where they are plugged in.
-void makeNamesDistinct(QList<Display> &displays, const QList<QScreen *> &screens) {
-    QHash<QString, int> count;
-    for (const Display &display : displays) {
-        ++count[display.name];
-    }
-    for (qsizetype i = 0; i < displays.size(); ++i) {
-        if (count.value(displays[i].name) > 1 && displays[i].name != screens[i]->name()) {
-            displays[i].name += QStringLiteral(" (%1)").arg(screens[i]->name());
-        }
-    }
-}
-
 } // namespace
 
-X11Displays::X11Displays(QObject *parent)
-    : Displays(parent) {
+X11Displays::X11Displays() {
     m_announcement.setSingleShot(true);
     m_announcement.setInterval(0);
     connect(&m_announcement, &QTimer::timeout, this, &X11Displays::announceIfChanged);
@@ -52,18 +38,23 @@ X11Displays::X11Displays(QObject *parent)
 QList<Display> X11Displays::list() const {
     const QList<QScreen *> screens = QGuiApplication::screens();
     const ScreenSpace space = ScreenSpace::current();
-    const QList<Strut> struts = m_struts.struts();
+    QStringList names;
+    for (const QScreen *screen : screens) {
+        names.append(nameOf(*screen));
+    }
     QList<Display> displays;
-    displays.reserve(screens.size());
     for (qsizetype i = 0; i < screens.size(); ++i) {
         const ScreenSpace::Screen &screen = space.screens()[i];
-        const QRect pixels = ScreenSpace::pixelGeometry(screen);
-        displays.append(Display{.name = nameOf(*screens[i]),
-                                .frame = space.fromToolkit(QRectF(screen.geometry)),
-                                .visibleFrame = space.fromPixels(
-                                    visibleArea(pixels, m_struts.xScreenSize(), struts), screen)});
+        const QRect visible = visibleArea(ScreenSpace::pixelGeometry(screen),
+                                          m_struts.xScreenSize(), m_struts.struts());
+        // Two displays of the same model are told apart by their connectors.
+        const QString connector = screens[i]->name();
+        const bool isTwin = names.count(names[i]) > 1 && names[i] != connector;
+        displays.append(
+            Display{.name = isTwin ? QStringLiteral("%1 (%2)").arg(names[i], connector) : names[i],
+                    .frame = space.fromQt(QRectF(screen.geometry)),
+                    .visibleFrame = space.fromPixels(visible, screen)});
     }
-    makeNamesDistinct(displays, screens);
     return displays;
 }
 

@@ -9,13 +9,13 @@ class QScreen;
 
 namespace perchly {
 
-/// The displays as the toolkit sees them, each with the area that docks and desktop panels leave of
-/// it. The toolkit itself knows one such area for the whole desktop, which is wrong for all but one
-/// display. There is no camera housing here.
+/// Qt's screens, each with the area that docks and panels leave of it: Qt itself knows one such
+/// area for the whole desktop, which is wrong with several displays. No display has a camera
+/// housing.
 class X11Displays : public Displays {
     Q_OBJECT
 public:
-    explicit X11Displays(QObject *parent = nullptr);
+    X11Displays();
 
     [[nodiscard]] QList<Display> list() const override;
 

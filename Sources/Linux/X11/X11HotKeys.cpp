@@ -1,5 +1,7 @@
 #include "X11HotKeys.h"
 
+#include <xcb/xcb_keysyms.h>
+
 namespace perchly {
 
 namespace {
@@ -7,33 +9,51 @@ namespace {
 // A change of the layout arrives as a burst.
 constexpr std::chrono::milliseconds keyboardSettleTime{50};
 
-constexpr quint16 chordModifiers = XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1 |
-                                   XCB_MOD_MASK_2 | XCB_MOD_MASK_3 | XCB_MOD_MASK_4 |
-                                   XCB_MOD_MASK_5;
+constexpr quint16 lockModifiers = XCB_MOD_MASK_LOCK | XCB_MOD_MASK_2; // Caps Lock, Num Lock
+constexpr quint16 lockVariants[] = {0, XCB_MOD_MASK_LOCK, XCB_MOD_MASK_2, lockModifiers};
+
+quint16 maskOf(Modifiers modifiers) {
+    const auto mask = [modifiers](Modifier modifier, int bit) {
+        return modifiers.testFlag(modifier) ? bit : 0;
+    };
+    return static_cast<quint16>(
+        mask(Modifier::Shift, XCB_MOD_MASK_SHIFT) | mask(Modifier::Control, XCB_MOD_MASK_CONTROL) |
+        mask(Modifier::Option, XCB_MOD_MASK_1) | mask(Modifier::Command, XCB_MOD_MASK_4));
+}
+
+// Latin-1 keysyms are the characters themselves.
+xcb_keysym_t keysymOf(Qt::Key key) {
+    const auto code = static_cast<xcb_keysym_t>(key);
+    return key >= Qt::Key_A && key <= Qt::Key_Z ? code + ('a' - 'A') : code;
+}
+
+// The letter's place on a keyboard with Latin letters; keycodes are the same on all of Linux.
+std::optional<xcb_keycode_t> physicalKeyOf(Qt::Key key) {
+    constexpr QLatin1StringView rows("QWERTYUIOP    ASDFGHJKL     ZXCVBNM");
+    constexpr int firstKeycode = 24;
+    const qsizetype place =
+        key >= Qt::Key_A && key <= Qt::Key_Z ? rows.indexOf(QLatin1Char(char(key))) : -1;
+    return place < 0 ? std::nullopt : std::optional(xcb_keycode_t(firstKeycode + place));
+}
 
 } // namespace
 
-X11HotKeys::X11HotKeys(QObject *parent)
-    : HotKeys(parent) {
+X11HotKeys::X11HotKeys() {
     m_keyboardChange.setSingleShot(true);
     m_keyboardChange.setInterval(keyboardSettleTime);
     connect(&m_keyboardChange, &QTimer::timeout, this, &X11HotKeys::followKeyboardChange);
     connect(&m_connection, &XcbConnection::eventArrived, this, &X11HotKeys::handleEvent);
-    connect(&m_connection, &XcbConnection::restored, this, &X11HotKeys::grabAnew);
-    m_keyboard = readKeyboard().value_or(KeyboardMap());
 }
 
 bool X11HotKeys::registerChord(int identifier, Chord chord) {
-    if (const auto old = m_registrations.find(identifier); old != m_registrations.end()) {
-        release(*old);
-        m_registrations.erase(old);
+    const auto keycode = keycodeFor(chord.key);
+    const Registration registration{
+        .chord = chord, .keycode = keycode.value_or(0), .modifiers = maskOf(chord.modifiers)};
+    if (!keycode || !grab(registration)) {
+        return false;
     }
-    Registration registration{.chord = chord};
-    const bool isRefused = grab(registration) == false;
-    if (!isRefused) {
-        m_registrations.insert(identifier, registration);
-    }
-    return !isRefused;
+    m_registrations.insert(identifier, registration);
+    return true;
 }
 
 void X11HotKeys::handleEvent(const xcb_generic_event_t *event) {
@@ -41,14 +61,17 @@ void X11HotKeys::handleEvent(const xcb_generic_event_t *event) {
     case XCB_KEY_PRESS:
         handlePress(*reinterpret_cast<const xcb_key_press_event_t *>(event));
         break;
-    case XCB_KEY_RELEASE:
-        handleRelease(*reinterpret_cast<const xcb_key_release_event_t *>(event));
-        break;
-    case XCB_MAPPING_NOTIFY:
-        if (reinterpret_cast<const xcb_mapping_notify_event_t *>(event)->request !=
-            XCB_MAPPING_POINTER) {
-            m_keyboardChange.start();
+    case XCB_KEY_RELEASE: {
+        const auto *release = reinterpret_cast<const xcb_key_release_event_t *>(event);
+        for (Registration &registration : m_registrations) {
+            if (registration.keycode == release->detail) {
+                registration.releasedAt = release->time;
+            }
         }
+        break;
+    }
+    case XCB_MAPPING_NOTIFY:
+        m_keyboardChange.start();
         break;
     default:
         break;
@@ -56,117 +79,76 @@ void X11HotKeys::handleEvent(const xcb_generic_event_t *event) {
 }
 
 void X11HotKeys::handlePress(const xcb_key_press_event_t &press) {
-    const int held = press.state & chordModifiers & ~m_keyboard.numLockMask();
-    for (auto it = m_registrations.begin(); it != m_registrations.end(); ++it) {
-        if (!it->isHeld || it->keycode != press.detail || it->modifiers != held) {
-            continue;
-        }
+    const int held = press.state & 0xff & ~lockModifiers;
+    for (auto [identifier, registration] : m_registrations.asKeyValueRange()) {
         // Key repeat releases and presses at the same moment.
-        if (it->releasedAt == 0 || it->releasedAt != press.time) {
-            Q_EMIT pressed(it.key());
-        }
-        return;
-    }
-}
-
-void X11HotKeys::handleRelease(const xcb_key_release_event_t &release) {
-    for (Registration &registration : m_registrations) {
-        if (registration.keycode == release.detail) {
-            registration.releasedAt = release.time;
+        if (registration.keycode == press.detail && registration.modifiers == held &&
+            registration.releasedAt != press.time) {
+            Q_EMIT pressed(identifier);
         }
     }
 }
 
-// Most of what is announced changes nothing: another keyboard of the same layout was typed on. A
-// chord that is let go and grabbed again then would miss the press that caused it.
+// Most announcements change nothing: another keyboard of the same layout was typed on. Releasing
+// the chord and grabbing it again would miss the press that caused them.
 void X11HotKeys::followKeyboardChange() {
-    const std::optional<KeyboardMap> keyboard = readKeyboard();
-    if (keyboard && *keyboard != m_keyboard) {
-        grabAnew();
-    }
-}
-
-void X11HotKeys::grabAnew() {
     for (Registration &registration : m_registrations) {
-        release(registration);
-    }
-    m_keyboard = readKeyboard().value_or(m_keyboard);
-    for (Registration &registration : m_registrations) {
-        if (grab(registration) == false) {
-            qWarning("A hot key was lost with a change of the keyboard.");
+        const auto keycode = keycodeFor(registration.chord.key);
+        if (keycode && *keycode != registration.keycode) {
+            release(registration);
+            registration.keycode = *keycode;
+            if (!grab(registration)) {
+                qWarning("A hot key was lost with a change of the keyboard layout.");
+            }
         }
     }
 }
 
-std::optional<KeyboardMap> X11HotKeys::readKeyboard() {
+/// The key that writes this without modifiers, in the first layout if possible. When no layout has
+/// it, the key in that place on a Latin keyboard. Nothing as well if the server does not answer.
+std::optional<xcb_keycode_t> X11HotKeys::keycodeFor(Qt::Key key) {
     if (!m_connection.isAlive()) {
         return std::nullopt;
     }
-    xcb_connection_t *connection = m_connection.get();
-    const xcb_setup_t *setup = xcb_get_setup(connection);
-    const auto count = static_cast<quint8>(setup->max_keycode - setup->min_keycode + 1);
-    const auto mapCookie = xcb_get_keyboard_mapping(connection, setup->min_keycode, count);
-    const auto modifierCookie = xcb_get_modifier_mapping(connection);
-    const auto map = m_connection.reply<xcb_get_keyboard_mapping_reply_t>(mapCookie);
-    const auto modifiers = m_connection.reply<xcb_get_modifier_mapping_reply_t>(modifierCookie);
-    if (!map || !modifiers || map->keysyms_per_keycode == 0) {
+    const xcb_keysym_t keysym = keysymOf(key);
+    const std::unique_ptr<xcb_key_symbols_t, decltype(&xcb_key_symbols_free)> symbols(
+        xcb_key_symbols_alloc(m_connection.get()), xcb_key_symbols_free);
+    if (!m_connection.sync()) { // or the next call would wait without a timeout
         return std::nullopt;
     }
-    const xcb_keysym_t *keysyms = xcb_get_keyboard_mapping_keysyms(map.get());
-    const xcb_keycode_t *keycodes = xcb_get_modifier_mapping_keycodes(modifiers.get());
-    return KeyboardMap{
-        .firstKeycode = setup->min_keycode,
-        .keysymsPerKeycode = map->keysyms_per_keycode,
-        .keysyms = {keysyms, keysyms + xcb_get_keyboard_mapping_keysyms_length(map.get())},
-        .keycodesPerModifier = modifiers->keycodes_per_modifier,
-        .modifierKeycodes = {keycodes,
-                             keycodes + xcb_get_modifier_mapping_keycodes_length(modifiers.get())}};
+    const XcbPointer<xcb_keycode_t[]> keycodes(xcb_key_symbols_get_keycode(symbols.get(), keysym));
+    if (!keycodes || keycodes[0] == XCB_NO_SYMBOL) {
+        return physicalKeyOf(key);
+    }
+    for (int i = 0; keycodes[i] != XCB_NO_SYMBOL; ++i) {
+        if (xcb_key_symbols_get_keysym(symbols.get(), keycodes[i], 0) == keysym) {
+            return keycodes[i];
+        }
+    }
+    return keycodes[0];
 }
 
-std::optional<bool> X11HotKeys::grab(Registration &registration) {
-    if (!m_connection.isAlive() || m_keyboard.keysyms.isEmpty()) {
-        return std::nullopt;
-    }
-    const auto keycode = m_keyboard.keycodeFor(registration.chord.key);
-    if (!keycode) {
-        return false;
-    }
-    registration.keycode = *keycode;
-    registration.modifiers = m_keyboard.maskFor(registration.chord.modifiers);
+bool X11HotKeys::grab(const Registration &registration) {
     QList<xcb_void_cookie_t> cookies;
-    for (const quint16 locks : lockVariants()) {
+    for (const quint16 locks : lockVariants) {
         cookies.append(xcb_grab_key_checked(m_connection.get(), 1, m_connection.root(),
                                             static_cast<quint16>(registration.modifiers | locks),
                                             registration.keycode, XCB_GRAB_MODE_ASYNC,
                                             XCB_GRAB_MODE_ASYNC));
     }
-    const std::optional<bool> granted = m_connection.succeeded(cookies);
-    registration.isHeld = granted.value_or(true); // it is granted when the server comes to it
-    if (granted == false) {
+    const bool isGranted = m_connection.succeeded(cookies);
+    if (!isGranted) {
         release(registration);
     }
-    return granted;
+    return isGranted;
 }
 
-void X11HotKeys::release(Registration &registration) {
-    registration.isHeld = false;
-    if (!m_connection.isAlive()) {
-        return;
-    }
-    for (const quint16 locks : lockVariants()) {
+void X11HotKeys::release(const Registration &registration) {
+    for (const quint16 locks : lockVariants) {
         xcb_ungrab_key(m_connection.get(), registration.keycode, m_connection.root(),
                        static_cast<quint16>(registration.modifiers | locks));
     }
-    m_connection.flush();
-}
-
-QList<quint16> X11HotKeys::lockVariants() const {
-    const quint16 numLock = m_keyboard.numLockMask();
-    QList<quint16> variants{0, XCB_MOD_MASK_LOCK};
-    if (numLock != 0) {
-        variants << numLock << static_cast<quint16>(numLock | XCB_MOD_MASK_LOCK);
-    }
-    return variants;
+    xcb_flush(m_connection.get());
 }
 
 } // namespace perchly

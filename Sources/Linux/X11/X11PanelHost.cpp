@@ -1,14 +1,12 @@
 #include "X11PanelHost.h"
 
 #include "PanelWindow.h"
+#include "QtConnection.h"
 #include "ScreenSpace.h"
-#include "ToolkitConnection.h"
 
 #include <QGuiApplication>
 #include <QPlatformSurfaceEvent>
 #include <QTimer>
-
-#include <cmath>
 
 namespace perchly {
 
@@ -17,27 +15,13 @@ namespace {
 // A window manager that loses the active window settles on another one within this time.
 constexpr std::chrono::milliseconds retakeDelay{60};
 
-QMargins rounded(const QMarginsF &margins) {
-    return {static_cast<int>(std::lround(margins.left())),
-            static_cast<int>(std::lround(margins.top())),
-            static_cast<int>(std::lround(margins.right())),
-            static_cast<int>(std::lround(margins.bottom()))};
-}
-
-void flushToolkit() {
-    if (xcb_connection_t *connection = toolkitConnection()) {
-        xcb_flush(connection);
-    }
+void flushQt() {
+    xcb_flush(qtConnection());
 }
 
 } // namespace
 
-X11PanelHost::X11PanelHost(QObject *parent)
-    : PanelHost(parent)
-    , m_compositor(m_connection)
-    , m_focus(m_connection)
-    , m_outsidePress(m_connection)
-    , m_stacking(m_connection) {
+X11PanelHost::X11PanelHost() {
     connect(&m_compositor, &CompositorWatch::changed, this, [this] {
         applyShape();
         Q_EMIT compositedChanged();
@@ -71,46 +55,35 @@ void X11PanelHost::attach(QWindow *panel) {
 }
 
 void X11PanelHost::place(const ScreenRect &frame, const QMarginsF &margins) {
-    QWindow *panel = m_panel;
-    if (!panel) {
+    QRect geometry = ScreenSpace::current().toQt(frame);
+    geometry.setSize(geometry.size().expandedTo(QSize(1, 1))); // X has no empty windows
+    geometry = geometry.marginsAdded(margins.toMargins());
+    if (geometry == m_panel->geometry()) {
         return;
     }
-    QRect geometry = ScreenSpace::current().toToolkit(frame);
-    geometry.setSize(geometry.size().expandedTo(QSize(1, 1))); // the X server knows no empty window
-    geometry = geometry.marginsAdded(rounded(margins));
-    if (geometry == panel->geometry()) {
-        return;
-    }
-    // The toolkit sends the new place at once. Until its shape follows, the whole window takes the
-    // pointer: a press that fell through the old shape in the new place would be lost.
-    if (geometry.size() != panel->size()) {
+    // Qt sends the new geometry at once. Until the shape follows, let the whole window take the
+    // pointer: a press that falls through the old shape in the new place would be lost.
+    if (geometry.size() != m_panel->size()) {
         m_shape.reset();
         unshapePanel(panelId());
     }
-    panel->setGeometry(geometry);
+    m_panel->setGeometry(geometry);
 }
 
 void X11PanelHost::orderFront() {
-    if (!m_panel) {
-        return;
-    }
     m_panel->show();
     raise();
 }
 
 void X11PanelHost::setShape(const QRegion &shape) {
-    if (m_shape == shape) {
-        return;
+    if (m_shape != shape) {
+        m_shape = shape;
+        applyShape();
     }
-    m_shape = shape;
-    applyShape();
 }
 
 void X11PanelHost::takeKeyboard() {
-    if (!m_panel) {
-        return;
-    }
-    flushToolkit();
+    flushQt();
     m_holdsKeyboard = true;
     m_focus.take(panelId());
     m_outsidePress.watch(panelId());
@@ -119,13 +92,11 @@ void X11PanelHost::takeKeyboard() {
 void X11PanelHost::giveKeyboardBack() {
     m_holdsKeyboard = false;
     m_outsidePress.watch(XCB_WINDOW_NONE);
-    if (m_panel) {
-        m_focus.giveBack(panelId());
-    }
+    m_focus.giveBack(panelId());
 }
 
 bool X11PanelHost::hasKeyboard() const {
-    return m_panel && panelId() != XCB_WINDOW_NONE && m_focus.current() == panelId();
+    return panelId() != XCB_WINDOW_NONE && m_focus.current() == panelId();
 }
 
 void X11PanelHost::activate(QWindow *window) {
@@ -136,7 +107,7 @@ void X11PanelHost::activate(QWindow *window) {
     }
     window->show();
     window->raise();
-    flushToolkit();
+    flushQt();
     m_focus.activate(static_cast<xcb_window_t>(window->winId()));
 }
 
@@ -145,7 +116,7 @@ bool X11PanelHost::isComposited() const {
 }
 
 ScreenPoint X11PanelHost::toScreen(QPointF point) const {
-    return ScreenSpace::current().fromToolkit(point + QPointF(0, 1));
+    return ScreenSpace::current().fromQt(point + QPointF(0, 1));
 }
 
 bool X11PanelHost::eventFilter(QObject *watched, QEvent *event) {
@@ -164,20 +135,19 @@ void X11PanelHost::prepareNativeWindow() {
 }
 
 void X11PanelHost::applyShape() {
-    if (!m_panel || !m_panel->handle() || !m_shape) {
+    if (panelId() == XCB_WINDOW_NONE || !m_shape) {
         return;
     }
     shapePanel(panelId(), *m_shape,
                isComposited() ? Transparency::Available : Transparency::Missing);
-    flushToolkit();
+    flushQt();
 }
 
 void X11PanelHost::raise() {
-    if (!m_panel || !m_panel->isVisible()) {
-        return;
+    if (m_panel && m_panel->isVisible()) {
+        m_panel->raise();
+        flushQt();
     }
-    m_panel->raise();
-    flushToolkit();
 }
 
 quint32 X11PanelHost::panelId() const {

@@ -15,13 +15,13 @@
 
 namespace perchly {
 
-/// The panel as an override-redirect window: it is above docks and full-screen windows, on every
-/// desktop, and no window manager activates it. Clicks fall through its margin by an input shape;
-/// without a compositor the same shape also cuts off the margin.
+/// The panel as an override-redirect window: above docks and full-screen windows, on every desktop,
+/// and never activated by a window manager. An input shape lets clicks fall through its margin;
+/// without a compositor the same shape cuts the margin off.
 class X11PanelHost : public PanelHost {
     Q_OBJECT
 public:
-    explicit X11PanelHost(QObject *parent = nullptr);
+    X11PanelHost();
 
     void attach(QWindow *panel) override;
     void place(const ScreenRect &frame, const QMarginsF &margins) override;
@@ -44,12 +44,12 @@ private:
     [[nodiscard]] quint32 panelId() const;
 
     mutable XcbConnection m_connection;
-    CompositorWatch m_compositor;
-    mutable KeyboardFocus m_focus;
-    OutsidePress m_outsidePress;
-    StackingGuard m_stacking;
+    CompositorWatch m_compositor{m_connection};
+    mutable KeyboardFocus m_focus{m_connection};
+    OutsidePress m_outsidePress{m_connection};
+    StackingGuard m_stacking{m_connection};
     QPointer<QWindow> m_panel;
-    bool m_holdsKeyboard = false; ///< taken and not given back; a press elsewhere ends it too
+    bool m_holdsKeyboard = false; ///< until it is given back or a button is pressed elsewhere
     std::optional<QRegion> m_shape;
 };
 

@@ -15,17 +15,15 @@ struct CloseXConnection {
 };
 using XConnectionPointer = std::unique_ptr<xcb_connection_t, CloseXConnection>;
 
-/// A new connection to the X server named by DISPLAY (or by the given name); null when there is no
-/// such server, when it refuses us or does not answer in time. May be called from any thread and
-/// before there is an application object, to find out whether to use X at all: then keep the result
-/// until the toolkit has connected, for a server that its last client leaves starts anew. A server
-/// that never answers leaves one sleeping thread behind.
+/// A new connection to the X server named by DISPLAY, or by the given name; null if there is no
+/// such server, if it refuses the connection or does not answer in time. Any thread, also before
+/// there is an application object. A server that never answers leaves one sleeping thread behind.
 [[nodiscard]] XConnectionPointer
 connectToXServer(const QByteArray &displayName = {}, int *screenNumber = nullptr,
-                 std::chrono::milliseconds patience = std::chrono::milliseconds(2000));
+                 std::chrono::milliseconds timeout = std::chrono::milliseconds(2000));
 
-/// How long to wait before connecting again after so many attempts in a row that failed; nothing
-/// when it is time to give up.
+/// How long to wait before connecting again after that many failures in a row; nothing when it is
+/// time to give up.
 [[nodiscard]] std::optional<std::chrono::milliseconds> delayOfAttempt(int failures);
 
 } // namespace perchly

@@ -2,108 +2,80 @@
 
 #include "XcbPointer.h"
 
-#include <QByteArray>
 #include <QHash>
 #include <QList>
 #include <QObject>
-#include <QTimer>
 #include <xcb/xcb.h>
 
-#include <chrono>
-#include <deque>
 #include <memory>
-#include <optional>
 
 class QSocketNotifier;
 
 namespace perchly {
 
-/// A host's own line to the X server, beside the toolkit's: events that the toolkit hides, and
-/// questions whose wait has an end. Once made, it waits no longer than a quarter of a second for a
-/// server that falls silent; until that speaks again, and when it is gone, answers are empty at
-/// once. A connection that is lost while the server goes on, or is not there at first, is made
-/// anew. Main thread only.
+/// A connection to the X server beside Qt's: for events that Qt hides, and for replies with a
+/// timeout. A server that stalls delays the caller by half a second at most; after that, requests
+/// fail at once until the server sends something again. Once the server has closed the connection,
+/// or if there is none, requests are ignored and replies are null. Main thread only.
 class XcbConnection : public QObject {
     Q_OBJECT
 public:
-    /// Connects to the server named by DISPLAY, or to the given one. Waits up to two and a quarter
-    /// seconds for a server that accepts it and then says nothing.
-    explicit XcbConnection(const QByteArray &displayName = {}, QObject *parent = nullptr);
+    /// Connects to the server named by DISPLAY.
+    explicit XcbConnection(QObject *parent = nullptr);
     ~XcbConnection() override;
 
-    /// False once the server refused the connection, and from when it closed it until `restored`.
-    [[nodiscard]] bool isAlive() const;
+    [[nodiscard]] bool isAlive() const { return xcb_connection_has_error(m_connection) == 0; }
 
-    /// From when the server left a question unanswered until `restored`: an empty answer means
-    /// nothing then.
-    [[nodiscard]] bool isBehind() const { return m_probe || m_catchUp.isActive(); }
-
-    /// For sending requests. Null if the server could not be reached.
+    /// For sending requests; never null.
     [[nodiscard]] xcb_connection_t *get() const { return m_connection; }
     [[nodiscard]] xcb_window_t root() const { return m_root; }
-    [[nodiscard]] int screenNumber() const { return m_screenNumber; }
 
-    /// Waits for the answer to a request; null after an error or without an answer.
+    /// Waits for the reply to a request; null on error or timeout.
     template <typename Reply, typename Cookie>
     [[nodiscard]] XcbPointer<Reply> reply(Cookie cookie) {
         return XcbPointer<Reply>(static_cast<Reply *>(waitForReply(cookie.sequence)));
     }
 
-    /// Whether requests sent by their _checked variants all succeeded; nothing if the server does
-    /// not say so in time.
-    [[nodiscard]] std::optional<bool> succeeded(const QList<xcb_void_cookie_t> &cookies);
+    /// Waits until the server has handled all requests sent so far; false on timeout.
+    [[nodiscard]] bool sync();
 
-    /// The atom of that name, made if needed; XCB_ATOM_NONE if the server does not answer.
+    /// Whether requests sent by their _checked variants all succeeded; false on timeout.
+    [[nodiscard]] bool succeeded(const QList<xcb_void_cookie_t> &cookies);
+
+    /// The atom of that name, created if needed; XCB_ATOM_NONE on timeout.
     [[nodiscard]] xcb_atom_t atom(const QByteArray &name);
 
     /// The 32-bit values of a window's property; empty when absent or of another format.
     [[nodiscard]] QList<quint32> property(xcb_window_t window, xcb_atom_t name);
 
-    /// Values of a requested property, for asking about many windows at once.
-    [[nodiscard]] QList<quint32> property(xcb_get_property_cookie_t cookie);
+    /// The same in two steps, for asking about many windows at once.
     [[nodiscard]] xcb_get_property_cookie_t requestProperty(xcb_window_t window, xcb_atom_t name);
+    [[nodiscard]] QList<quint32> property(xcb_get_property_cookie_t cookie);
 
-    void flush();
+    /// Sets the mask of events that are received from a window.
+    void selectEvents(xcb_window_t window, quint32 mask);
 
-    /// While off, events wait in the socket and wake nobody.
+    /// While off, events stay in the socket.
     void setListening(bool on);
 
-    /// Tells the events that are there now.
+    /// Emits the events that have arrived.
     void drain();
 
 Q_SIGNALS:
-    /// One event, which lives as long as the call.
+    /// The event is valid during the call only.
     void eventArrived(const xcb_generic_event_t *event);
 
-    /// All events that were there have been told.
+    /// All events that had arrived were emitted, or the server closed the connection.
     void drained();
 
-    /// The server answers again: after a silence that left questions unanswered, or on a new
-    /// connection, where it has forgotten everything that was selected or grabbed on the old one.
-    /// All is to be set up as at first; what was set up before the silence still stands.
-    void restored();
-
 private:
-    bool open(std::chrono::milliseconds patience);
-    void close();
-    void openAgain();
-    void retryLater();
     void *waitForReply(unsigned int sequence);
-    [[nodiscard]] bool isMute();
-    void keepQueuedEvents();
 
-    QByteArray m_displayName;
-    xcb_connection_t *m_connection = nullptr;
+    xcb_connection_t *m_connection;
     xcb_window_t m_root = XCB_WINDOW_NONE;
-    int m_screenNumber = 0;
     std::unique_ptr<QSocketNotifier> m_notifier;
-    std::deque<XcbPointer<xcb_generic_event_t>> m_waiting;
-    bool m_isDrainScheduled = false;
     QHash<QByteArray, xcb_atom_t> m_atoms;
-    QTimer m_retry;
-    int m_retries = 0;                   ///< since the connection was lost
-    std::optional<unsigned int> m_probe; ///< the question whose answer ends a silence
-    QTimer m_catchUp;                    ///< from the end of a silence to `restored`
+    bool m_isStalled = false; ///< a reply timed out and nothing has arrived since
 };
 
 } // namespace perchly

@@ -9,7 +9,7 @@ struct FreeDeleter {
     void operator()(void *memory) const { std::free(memory); }
 };
 
-/// A reply, event or error of the X server, freed as libxcb wants it.
+/// A reply, event or error that libxcb allocated with malloc.
 template <typename T>
 using XcbPointer = std::unique_ptr<T, FreeDeleter>;
 

@@ -1,88 +1,146 @@
 #include "CompositorWatch.h"
 #include "OwnServer.h"
 #include "StrutWatcher.h"
+#include "X11HotKeys.h"
 #include "X11PointerMonitor.h"
 #include "XClient.h"
+#include "XServerReach.h"
 
+#include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTest>
 
+#include <netinet/in.h>
 #include <optional>
+#include <sys/socket.h>
+#include <unistd.h>
 
 using namespace perchly;
+using namespace std::chrono_literals;
 
-/// The server stops for longer than anybody waits and then goes on.
+/// The server stalls, never answers, or goes away.
 class BusyServerTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void init() {
         m_server.emplace();
-        qputenv("DISPLAY", m_server->name());
         m_client.emplace();
     }
 
     void cleanup() {
-        m_server->signal("-CONT");
+        m_server->goOn();
         m_client.reset();
         m_server.reset();
     }
 
-    void thePointerIsFollowedByItsMotion() {
+    void hostsWaitForAStalledServer() {
+        XcbConnection connection;
+        X11HotKeys keys;
         X11PointerMonitor monitor;
         const QSignalSpy moved(&monitor, &PointerMonitor::moved);
-        m_server->signal("-STOP");
+        m_server->stall(150ms);
+        QVERIFY(keys.registerChord(1, {.key = Qt::Key_K, .modifiers = Modifier::Option}));
+        m_server->stall(150ms);
         monitor.start();
-        QTest::qWait(300);
-        m_server->signal("-CONT");
-        QTest::qWait(1000);
+        m_server->stall(150ms);
+        const CompositorWatch watch(connection);
+
         m_client->movePointer({300, 200});
         QTRY_COMPARE(moved.count(), 1);
-        // Only a look from time to time would see this.
-        xcb_warp_pointer(m_client->get(), XCB_NONE, m_client->root(), 0, 0, 0, 0, 10, 10);
-        m_client->sync();
-        QTest::qWait(600);
-        QCOMPARE(moved.count(), 1);
-    }
-
-    void aCompositorIsNoticedLater() {
-        XcbConnection connection;
-        m_server->signal("-STOP");
-        const CompositorWatch watch(connection);
-        m_server->signal("-CONT");
-        QTest::qWait(1000);
-        QVERIFY(!watch.isRunning());
         const xcb_window_t owner = m_client->makeWindow({0, 0, 1, 1});
         xcb_set_selection_owner(m_client->get(), owner, m_client->atom("_NET_WM_CM_S0"),
                                 XCB_CURRENT_TIME);
         m_client->sync();
         QTRY_VERIFY(watch.isRunning());
+        const QSignalSpy pressed(&keys, &HotKeys::pressed);
+        constexpr quint8 altKey = 64;
+        constexpr quint8 kKey = 45;
+        m_client->sendKey(XCB_KEY_PRESS, altKey);
+        m_client->typeKey(kKey);
+        m_client->sendKey(XCB_KEY_RELEASE, altKey);
+        QTRY_COMPARE(pressed.count(), 1);
     }
 
-    void strutsAreKeptAndReadAgain() {
+    void stoppedServerDelaysOnlyOnce() {
+        XcbConnection connection;
+        m_server->stop();
+        QElapsedTimer elapsed;
+        elapsed.start();
+        for (int times = 0; times < 20; ++times) {
+            QCOMPARE(connection.atom("PERCHLY_TEST"), xcb_atom_t{XCB_ATOM_NONE});
+        }
+        QVERIFY(elapsed.elapsed() < 2000);
+        m_server->goOn();
+        QTRY_VERIFY(connection.atom("PERCHLY_TEST") != XCB_ATOM_NONE);
+    }
+
+    void strutsAreKeptWhileTheServerIsStopped() {
         const xcb_window_t panel = m_client->makeWindow({0, 0, 1280, 30});
         const auto reserve = [&](quint32 height) {
             m_client->setProperty(panel, "_NET_WM_STRUT", XCB_ATOM_CARDINAL, {0, 0, height, 0});
         };
-        const auto list = [&](const QList<quint32> &windows) {
-            m_client->setProperty(m_client->root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW, windows);
-        };
         reserve(30);
-        list({panel});
+        m_client->setProperty(m_client->root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW, {panel});
         const StrutWatcher watcher;
         const QSignalSpy changed(&watcher, &StrutWatcher::changed);
         const QList<Strut> before = watcher.struts();
         QCOMPARE(before.size(), 1);
 
-        list({panel, panel}); // to be read when the server no longer answers
         reserve(40);
-        m_server->signal("-STOP");
+        m_server->stop();
         QTest::qWait(600);
         QCOMPARE(watcher.struts(), before);
-        QCOMPARE(changed.count(), 0);
-        m_server->signal("-CONT");
+        m_server->goOn();
         QTRY_COMPARE(changed.count(), 1);
         QCOMPARE(watcher.struts().size(), 1);
         QVERIFY(watcher.struts() != before);
+    }
+
+    void eventsReadWithAReplyAreEmitted() {
+        XcbConnection connection;
+        int told = 0;
+        connect(&connection, &XcbConnection::eventArrived, this, [&] { ++told; });
+        connection.selectEvents(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
+        const xcb_atom_t atom = connection.atom("PERCHLY_TEST");
+        m_client->setProperty(m_client->root(), "PERCHLY_TEST", XCB_ATOM_CARDINAL, {1});
+        // The reply comes after the event.
+        QCOMPARE(connection.property(connection.root(), atom), QList<quint32>{1});
+        QCOMPARE(told, 0);
+        QTRY_COMPARE(told, 1);
+    }
+
+    void lostServerIsSurvived() {
+        XcbConnection connection;
+        const QSignalSpy drained(&connection, &XcbConnection::drained);
+        m_client.reset();
+        m_server->kill();
+        QTRY_VERIFY(!connection.isAlive());
+        const auto after = drained.count();
+        QTest::qWait(100);
+        QVERIFY(drained.count() - after < 3);
+        QVERIFY(!connection.succeeded({}));
+        QVERIFY(connection.property(connection.root(), XCB_ATOM_WM_NAME).isEmpty());
+        X11HotKeys keys; // with no server at all
+        QVERIFY(!keys.registerChord(1, {.key = Qt::Key_K, .modifiers = {}}));
+    }
+
+    void connectingHasATimeout() {
+        const int silent = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t length = sizeof address;
+        QCOMPARE(::bind(silent, reinterpret_cast<sockaddr *>(&address), length), 0);
+        QCOMPARE(::listen(silent, 1), 0);
+        QCOMPARE(::getsockname(silent, reinterpret_cast<sockaddr *>(&address), &length), 0);
+        const QByteArray name = "localhost:" + QByteArray::number(ntohs(address.sin_port) - 6000);
+        QElapsedTimer elapsed;
+        elapsed.start();
+        QVERIFY(!connectToXServer(name, nullptr, 200ms));
+        QVERIFY(elapsed.elapsed() >= 200 && elapsed.elapsed() < 2000);
+        ::close(silent);
+        QVERIFY(!connectToXServer(":4090"));
+        QVERIFY(connectToXServer());
     }
 
 private:

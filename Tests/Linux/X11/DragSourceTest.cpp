@@ -61,23 +61,10 @@ private Q_SLOTS:
 
     void cleanup() { m_window.reset(); }
 
-    void anotherProgramGetsWhatIsDragged_data() {
-        QTest::addColumn<QStringList>("urls");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("a file whose name has everything in it")
-            << QStringList(QStringLiteral("file:///tmp/a%20%25%0A%23%C3%A4%D7%90.txt"))
-            << QStringLiteral("/tmp/a %\n#äא.txt");
-        QTest::newRow("a link") << QStringList(QStringLiteral("https://example.org/%C3%A4?b=1#c"))
-                                << QStringLiteral("https://example.org/%C3%A4?b=1#c");
-        QTest::newRow("all at once")
-            << QStringList{QStringLiteral("file:///tmp/a"), QStringLiteral("file:///tmp/"),
-                           QStringLiteral("http://example.org/")}
-            << QStringLiteral("/tmp/a\n/tmp/\nhttp://example.org/");
-    }
-
-    void anotherProgramGetsWhatIsDragged() {
-        QFETCH(QStringList, urls);
-        QFETCH(QString, text);
+    void anotherProgramGetsTheDrop() {
+        const QStringList urls{QStringLiteral("file:///tmp/a%20%25%0A%23%C3%A4%D7%90.txt"),
+                               QStringLiteral("https://example.org/%C3%A4?b=1#c")};
+        const QString text = QStringLiteral("/tmp/a %\n#äא.txt\nhttps://example.org/%C3%A4?b=1#c");
         source()->setUrls(QUrl::fromStringList(urls));
         const QSignalSpy dragged(source(), &DragSource::draggingChanged);
         dragOntoTarget();
@@ -92,7 +79,7 @@ private Q_SLOTS:
         QVERIFY(!drop[QLatin1StringView("may move")].toBool());
     }
 
-    void theRowMayGoMeanwhile() {
+    void sourceMayBeDestroyedMeanwhile() {
         source()->setUrls({QUrl(QStringLiteral("https://example.org/gone"))});
         connect(source(), &DragSource::draggingChanged, m_window.get(),
                 [this] { QTimer::singleShot(100, source(), [this] { delete source(); }); });
@@ -101,15 +88,15 @@ private Q_SLOTS:
         QVERIFY(dropped().contains("https://example.org/gone"));
     }
 
-    void aDragThatIsOverBeforeItBeganIsNone() {
+    void releaseBeforeTheDragStartsEndsIt() {
         source()->setUrls({QUrl(QStringLiteral("https://example.org/slip"))});
         const QSignalSpy dragged(source(), &DragSource::draggingChanged);
         const QPoint start = m_window->position() + QPoint(100, 60);
-        const XClient person; // quicker than this program looks
-        person.movePointer(start);
-        person.pressButton();
-        person.movePointer(start + QPoint(0, 40));
-        person.releaseButton();
+        const XClient user; // quicker than this program looks
+        user.movePointer(start);
+        user.pressButton();
+        user.movePointer(start + QPoint(0, 40));
+        user.releaseButton();
         QTRY_COMPARE(dragged.count(), 2); // a drag without a pressed button would not end
     }
 
@@ -126,10 +113,11 @@ private:
         return QTest::qWaitFor(isDropped) ? line : QByteArray();
     }
 
+    /// The user is another thread: a drag runs its own event loop.
     void dragOntoTarget() {
         const QPoint start = m_window->position() + QPoint(100, 60);
         std::atomic<bool> isOver = false;
-        std::thread person([start, &isOver] {
+        std::thread user([start, &isOver] {
             const XClient client;
             client.movePointer(start);
             client.pressButton();
@@ -146,7 +134,7 @@ private:
         });
         while (!isOver)
             QTest::qWait(10);
-        person.join();
+        user.join();
     }
 
     DragSource *source() const { return m_window->findChild<DragSource *>(); }
@@ -155,8 +143,6 @@ private:
     QQmlEngine m_engine;
     std::unique_ptr<QQuickWindow> m_window;
 };
-
-// While something is dragged, the drag's own event loop runs: the person is another thread.
 
 QTEST_MAIN(DragSourceTest)
 #include "DragSourceTest.moc"

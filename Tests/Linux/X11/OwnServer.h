@@ -3,18 +3,21 @@
 #include <QByteArray>
 #include <QProcess>
 
+#include <chrono>
+
 namespace perchly {
 
-/// An X server for one test, which may be stopped or killed.
+/// An X server for one test, named by DISPLAY, which may be stopped or killed.
 class OwnServer {
 public:
     OwnServer() {
         m_process.start(QStringLiteral("Xvfb"),
                         {QStringLiteral("-displayfd"), QStringLiteral("1"),
                          QStringLiteral("-nolisten"), QStringLiteral("tcp")});
-        while (!m_name.endsWith('\n') && m_process.waitForReadyRead(10000))
-            m_name += m_process.readAllStandardOutput();
-        m_name = ':' + m_name.trimmed();
+        QByteArray number;
+        while (!number.endsWith('\n') && m_process.waitForReadyRead(10000))
+            number += m_process.readAllStandardOutput();
+        qputenv("DISPLAY", ':' + number.trimmed());
     }
     ~OwnServer() { kill(); }
     OwnServer(const OwnServer &) = delete;
@@ -24,16 +27,25 @@ public:
         m_process.kill();
         m_process.waitForFinished();
     }
+    void stop() const { signal("STOP"); }
+    void goOn() const { signal("CONT"); }
 
-    void signal(const char *name) const {
-        QProcess::execute(QStringLiteral("kill"),
-                          {QString::fromLatin1(name), QString::number(m_process.processId())});
+    /// Stops the server for that long, also while the test waits for it.
+    void stall(std::chrono::milliseconds time) const {
+        stop();
+        QProcess::startDetached(QStringLiteral("sh"),
+                                {QStringLiteral("-c"), QStringLiteral("sleep %1; kill -CONT %2")
+                                                           .arg(double(time.count()) / 1000)
+                                                           .arg(m_process.processId())});
     }
-    QByteArray name() const { return m_name; }
 
 private:
+    void signal(const char *name) const {
+        QProcess::execute(QStringLiteral("kill"), {QStringLiteral("-s"), QString::fromLatin1(name),
+                                                   QString::number(m_process.processId())});
+    }
+
     QProcess m_process;
-    QByteArray m_name;
 };
 
 } // namespace perchly

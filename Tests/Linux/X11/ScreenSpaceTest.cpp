@@ -34,15 +34,15 @@ private Q_SLOTS:
     void rectanglesComeBack() {
         const ScreenSpace space(mixedDisplays);
         for (const QRect rect : {QRect(0, 10, 34, 120), QRect(3900, 100, 10, 10)}) {
-            QCOMPARE(space.toToolkit(space.fromToolkit(QRectF(rect))), rect);
+            QCOMPARE(space.toQt(space.fromQt(QRectF(rect))), rect);
         }
     }
 
     void fractionsKeepTheEdgesTogether() {
         const ScreenSpace space(oneDisplay);
-        const QRect right = space.toToolkit({1280 - 763.4, 100.2, 763.4, 570.9});
+        const QRect right = space.toQt({1280 - 763.4, 100.2, 763.4, 570.9});
         QCOMPARE(right.x() + right.width(), 1280);
-        const QRect top = space.toToolkit({244, 800 - 622.8, 792, 622.8});
+        const QRect top = space.toQt({244, 800 - 622.8, 792, 622.8});
         QCOMPARE(top, QRect(244, 0, 792, 623));
     }
 

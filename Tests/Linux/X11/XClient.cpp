@@ -4,15 +4,6 @@
 
 namespace perchly {
 
-namespace {
-
-template <typename Reply>
-XcbPointer<Reply> owned(Reply *reply) {
-    return XcbPointer<Reply>(reply);
-}
-
-} // namespace
-
 XClient::XClient()
     : m_connection(xcb_connect(nullptr, nullptr)) {
     if (xcb_connection_has_error(m_connection))
@@ -27,11 +18,12 @@ XClient::~XClient() {
 xcb_atom_t XClient::atom(const QByteArray &name) const {
     const auto cookie =
         xcb_intern_atom(m_connection, 0, static_cast<quint16>(name.size()), name.constData());
-    return owned(xcb_intern_atom_reply(m_connection, cookie, nullptr))->atom;
+    return XcbPointer<xcb_intern_atom_reply_t>(xcb_intern_atom_reply(m_connection, cookie, nullptr))
+        ->atom;
 }
 
 void XClient::sync() const {
-    owned(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+    free(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
 }
 
 void XClient::movePointer(QPoint to) const {
@@ -47,20 +39,21 @@ void XClient::click(QPoint at) const {
 }
 
 void XClient::pressButton() const {
-    xcb_test_fake_input(m_connection, XCB_BUTTON_PRESS, 1, 0, m_root, 0, 0, 0);
-    sync();
+    sendKey(XCB_BUTTON_PRESS, 1);
 }
 
 void XClient::releaseButton() const {
-    xcb_test_fake_input(m_connection, XCB_BUTTON_RELEASE, 1, 0, m_root, 0, 0, 0);
-    sync();
+    sendKey(XCB_BUTTON_RELEASE, 1);
 }
 
 void XClient::typeKey(quint8 keycode) const {
-    for (const int event : {XCB_KEY_PRESS, XCB_KEY_RELEASE}) {
-        xcb_test_fake_input(m_connection, quint8(event), keycode, 0, m_root, 0, 0, 0);
-        sync();
-    }
+    sendKey(XCB_KEY_PRESS, keycode);
+    sendKey(XCB_KEY_RELEASE, keycode);
+}
+
+void XClient::sendKey(quint8 event, quint8 code) const {
+    xcb_test_fake_input(m_connection, event, code, 0, m_root, 0, 0, 0);
+    sync();
 }
 
 xcb_window_t XClient::makeWindow(const QRect &area, Managed managed) const {

@@ -10,9 +10,8 @@
 
 namespace perchly {
 
-/// Another program on the X server, which can also play the person: it moves the pointer and
-/// presses keys as devices do. Everything has reached the server when a call returns. For tests
-/// only.
+/// Another program on the X server, which can also play the user: it moves the pointer and presses
+/// keys as devices do. Everything has reached the server when a call returns.
 class XClient {
 public:
     XClient();
@@ -26,12 +25,14 @@ public:
     /// Waits until the server has handled everything sent.
     void sync() const;
 
-    // The person
+    // The user
     void movePointer(QPoint to) const;
     void click(QPoint at) const;
     void pressButton() const;
     void releaseButton() const;
     void typeKey(quint8 keycode) const;
+    /// Presses or releases a key or a button, by the type of its event.
+    void sendKey(quint8 event, quint8 code) const;
 
     // The program
     enum class Managed { Yes, No };

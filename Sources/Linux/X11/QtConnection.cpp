@@ -1,10 +1,10 @@
-#include "ToolkitConnection.h"
+#include "QtConnection.h"
 
 #include <QGuiApplication>
 
 namespace perchly {
 
-xcb_connection_t *toolkitConnection() {
+xcb_connection_t *qtConnection() {
     const auto *native =
         qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
     return native ? native->connection() : nullptr;
