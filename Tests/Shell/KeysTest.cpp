@@ -20,9 +20,9 @@ private Q_SLOTS:
         QVERIFY(!shell.fake.keys.press(Qt::Key_Space, controlOption | Modifier::Shift));
         QVERIFY(!shell.expanded());
         QVERIFY(shell.fake.keys.press(Qt::Key_Space, controlOption));
-        QVERIFY(shell.delegate->keyboardOpen());
+        QVERIFY(shell.delegate->opener().isKeyboardOpen());
         QVERIFY(shell.fake.keys.press(Qt::Key_Space, controlOption, {}, true));
-        QVERIFY2(shell.delegate->keyboardOpen(), "what is held toggles once");
+        QVERIFY2(shell.delegate->opener().isKeyboardOpen(), "a held key toggles once");
     }
 
     void escapeClosesAnOpenChooserFirst() {
@@ -36,45 +36,33 @@ private Q_SLOTS:
         QVERIFY(!shell.expanded());
     }
 
-    void aBorrowedKeyboardGoesBackWithTheShelf_data() {
-        using End = std::function<void(ShellFixture &)>;
-        QTest::addColumn<End>("end");
-        QTest::addColumn<bool>("keyboardAfter");
-        QTest::newRow("when it is returned")
-            << End([](ShellFixture &shell) { shell.delegate->returnKeyboard(); }) << false;
-        QTest::newRow("when the pointer leaves") << End([](ShellFixture &shell) {
-            shell.pointerAway();
-            shell.fake.clock.advance(std::chrono::milliseconds(350));
-        }) << false;
-        QTest::newRow("when the shelf is dragged away") << End([](ShellFixture &shell) {
-            shell.delegate->beginShelfDrag({720, 890});
-        }) << false;
-        QTest::newRow("not when a window takes it from the shelf")
-            << End([](ShellFixture &shell) { shell.delegate->showTools(); }) << true;
-    }
-
-    void aBorrowedKeyboardGoesBackWithTheShelf() {
-        QFETCH(std::function<void(ShellFixture &)>, end);
+    void borrowedKeyboardGoesBackWithTheShelf() {
         ShellFixture shell;
-        QVERIFY2(!shell.delegate->takeKeyboard(), "the collapsed shelf has no use for it");
-        shell.pointerOntoPill();
-        QVERIFY(shell.delegate->takeKeyboard());
+        const auto borrows = [&shell] {
+            shell.pointerOntoPill();
+            return shell.delegate->takeKeyboard() && shell.fake.panel.keyboard &&
+                   !shell.delegate->opener().isKeyboardOpen();
+        };
+        QVERIFY2(!shell.delegate->takeKeyboard(), "the collapsed shelf does not need it");
+        QVERIFY(borrows());
         QVERIFY2(!shell.delegate->takeKeyboard(), "it has it already");
-        QVERIFY(shell.fake.panel.keyboard);
-        QVERIFY(!shell.delegate->keyboardOpen());
-        end(shell);
-        QTEST(shell.fake.panel.keyboard, "keyboardAfter");
-    }
+        shell.delegate->returnKeyboard();
+        QVERIFY(!shell.fake.panel.keyboard);
 
-    void keyboardModeKeepsABorrowedKeyboard() {
-        ShellFixture shell;
-        shell.pointerOntoPill();
-        QVERIFY(shell.delegate->takeKeyboard());
+        QVERIFY(borrows());
+        shell.pointerAway();
+        shell.fake.clock.advance(std::chrono::milliseconds(350));
+        QVERIFY(!shell.fake.panel.keyboard);
+
+        QVERIFY(borrows());
         shell.delegate->toggleKeyboardOpen();
         shell.delegate->returnKeyboard();
-        QVERIFY(shell.fake.panel.keyboard);
+        QVERIFY2(shell.fake.panel.keyboard, "keyboard mode keeps it");
         shell.delegate->toggleKeyboardOpen();
-        QVERIFY(!shell.fake.panel.keyboard);
+
+        QVERIFY(borrows());
+        shell.delegate->showTools();
+        QVERIFY2(shell.fake.panel.keyboard, "the window takes it from the shelf");
     }
 
     void launchesTheShownEntryOfADigit() {
@@ -95,10 +83,9 @@ private Q_SLOTS:
         QVERIFY2(!press(u'1'), "another window has the keyboard");
         shell.delegate->toggleKeyboardOpen();
         QVERIFY(press(u'3') && press(u'1'));
-        QVERIFY2(press(u'1', true), "what is held launches once");
-        QVERIFY2(press(u'2'), "a widget is used up and does nothing");
-        QVERIFY2(!press(u'4') && !press(u'0') && !press(u'a'),
-                 "what launches nothing is passed on");
+        QVERIFY2(press(u'1', true), "a held key launches once");
+        QVERIFY2(press(u'2'), "a widget's key does nothing");
+        QVERIFY2(!press(u'4') && !press(u'0') && !press(u'a'), "other keys are passed on");
         QCOMPARE(shell.fake.applications.opened,
                  (QStringList{QStringLiteral("/apps/three"), QStringLiteral("/apps/one")}));
         QVERIFY2(shell.expanded(), "launching must leave the shelf open");
@@ -118,12 +105,12 @@ private Q_SLOTS:
         Q_EMIT shell.fake.hotKeys.pressed(1);
         QVERIFY(!shell.expanded());
         QCoreApplication::processEvents();
-        QVERIFY(shell.delegate->keyboardOpen());
+        QVERIFY(shell.delegate->opener().isKeyboardOpen());
 
         Q_EMIT shell.fake.hotKeys.pressed(2);
         QCoreApplication::processEvents();
         QVERIFY(!shell.expanded());
-        QVERIFY(!shell.delegate->keyboardOpen());
+        QVERIFY(!shell.delegate->opener().isKeyboardOpen());
         QCOMPARE(shell.fake.panel.activated, {shell.delegate->toolsWindow()});
         QCOMPARE(shell.delegate->extras().section(), QStringLiteral("Search"));
 

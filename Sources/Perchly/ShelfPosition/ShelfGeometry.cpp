@@ -11,7 +11,7 @@ constexpr double sideCompactWidth = 34;
 constexpr double sideCompactHeight = 120;
 constexpr double topCompactWidth = 290;
 constexpr double widthAroundNotch = 280;
-constexpr double minimumTopCompactHeight = 34;
+constexpr double minTopCompactHeight = 34;
 constexpr double topExpandedWidth = 660;
 constexpr double sideExpandedWidth = 694;
 constexpr double topExpandedContentHeight = 485;
@@ -27,50 +27,46 @@ double clampedOrigin(double origin, double extent, double low, double high) {
     return std::min(std::max(low, origin), high - extent);
 }
 
+/// The width of the camera housing; 0 without one.
+double notchWidth(const Display &display) {
+    const bool hasNotch =
+        display.safeAreaTop > 0 && display.auxiliaryTopLeftArea && display.auxiliaryTopRightArea;
+    return hasNotch ? std::max(0.0, display.auxiliaryTopRightArea->minX() -
+                                        display.auxiliaryTopLeftArea->maxX())
+                    : 0;
+}
+
 } // namespace
 
-std::optional<double> notchGap(const DisplayGeometry &display) {
-    if (!(display.safeAreaTop > 0) || !display.auxiliaryTopLeftArea ||
-        !display.auxiliaryTopRightArea) {
-        return std::nullopt;
-    }
-    return display.auxiliaryTopRightArea->minX() - display.auxiliaryTopLeftArea->maxX();
-}
-
-double notchSnapDistance(double gap) {
-    return (gap + topCompactWidth) / 2;
-}
-
-CompactSize compactSize(const ShelfPosition &place, const DisplayGeometry &display) {
+CompactSize compactSize(const ShelfPosition &place, const Display &display) {
     if (place.edge != ShelfEdge::Top) {
         return {.width = sideCompactWidth, .height = sideCompactHeight, .notchWidth = 0};
     }
-    const auto gap = notchGap(display);
-    const bool centred = std::abs(place.position - 0.5) < centringTolerance;
-    const double notch = gap && centred ? std::max(0.0, *gap) : 0;
+    const bool isCentred = std::abs(place.position - 0.5) < centringTolerance;
+    const double notch = isCentred ? notchWidth(display) : 0;
     return {.width = notch > 0 ? notch + widthAroundNotch : topCompactWidth,
-            .height = std::max(display.safeAreaTop, minimumTopCompactHeight),
+            .height = std::max(display.safeAreaTop, minTopCompactHeight),
             .notchWidth = notch};
 }
 
-ScreenRect shelfFrame(ShelfSize size, ShelfEdge layoutEdge, const ShelfPosition &place,
-                      const CompactSize &compact, double scale, const DisplayGeometry &display) {
+ScreenRect shelfFrame(ShelfSize size, const ShelfPosition &place, double scale,
+                      const Display &display) {
+    const bool isTop = place.edge == ShelfEdge::Top;
+    const CompactSize compact = compactSize(place, display);
     double width = compact.width;
     double height = compact.height;
     if (size == ShelfSize::Expanded) {
-        const bool top = layoutEdge == ShelfEdge::Top;
-        width = scale * (top ? topExpandedWidth : sideExpandedWidth);
-        height = scale * (top ? compact.height + topExpandedContentHeight : sideExpandedHeight);
+        width = scale * (isTop ? topExpandedWidth : sideExpandedWidth);
+        height = scale * (isTop ? compact.height + topExpandedContentHeight : sideExpandedHeight);
     }
-
     const ScreenRect &frame = display.frame;
     const ScreenRect &visible = display.visibleFrame;
-    const ScreenRect &area = place.edge == ShelfEdge::Top ? frame : visible;
+    const ScreenRect &area = isTop ? frame : visible;
     width = std::min(width, area.width);
     height = std::min(height, area.height);
 
     const double t = clampedFraction(place.position);
-    if (place.edge == ShelfEdge::Top) {
+    if (isTop) {
         const double x = clampedOrigin(frame.minX() + t * frame.width - width / 2, width,
                                        frame.minX(), frame.maxX());
         return {x, frame.maxY() - height, width, height};
@@ -79,6 +75,24 @@ ScreenRect shelfFrame(ShelfSize size, ShelfEdge layoutEdge, const ShelfPosition 
     const double y = clampedOrigin(visible.minY() + t * visible.height - height / 2, height,
                                    visible.minY(), visible.maxY());
     return {x, y, width, height};
+}
+
+ShelfPosition dropPlace(ScreenPoint at, const Display &display) {
+    const ScreenRect &frame = display.frame;
+    const ScreenRect &visible = display.visibleFrame;
+    const double top = std::abs(frame.maxY() - at.y);
+    const double left = std::abs(at.x - frame.minX());
+    const double right = std::abs(frame.maxX() - at.x);
+    if (std::min(left, right) < top) {
+        const double position = (at.y - visible.minY()) / std::max(visible.height, 1.0);
+        return {left <= right ? ShelfEdge::Left : ShelfEdge::Right, std::clamp(position, 0.0, 1.0)};
+    }
+    const double notch = notchWidth(display);
+    if (notch > 0 && std::abs(at.x - frame.midX()) < (notch + topCompactWidth) / 2) {
+        return {ShelfEdge::Top, 0.5};
+    }
+    const double position = (at.x - frame.minX()) / std::max(frame.width, 1.0);
+    return {ShelfEdge::Top, std::clamp(position, 0.0, 1.0)};
 }
 
 } // namespace perchly

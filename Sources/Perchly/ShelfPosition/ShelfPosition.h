@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Geometry.h"
 #include "ShelfEdge.h"
 
 namespace perchly {
@@ -10,11 +9,6 @@ namespace perchly {
 struct ShelfPosition {
     ShelfEdge edge = ShelfEdge::Top;
     double position = 0.5;
-
-    /// The place nearest to a point at which the shelf was let go on a display with that frame
-    /// (`screen`) and visible frame (`usable`). On a tie the top wins, then the left.
-    [[nodiscard]] static ShelfPosition drop(ScreenPoint at, const ScreenRect &screen,
-                                            const ScreenRect &usable);
 
     bool operator==(const ShelfPosition &) const = default;
 };

@@ -4,6 +4,9 @@
 #include "Hosts.h"
 
 #include <QCoreApplication>
+#include <QPointer>
+
+#include <algorithm>
 
 namespace perchly {
 
@@ -18,8 +21,12 @@ AppDelegate::AppDelegate(Hosts &hosts, ShellResources resources)
     , m_library(*hosts.preferences, *hosts.catalog, *hosts.openPanel)
     , m_productivity(hosts)
     , m_mixer(*hosts.audio, *hosts.clock)
-    , m_hotKey(*hosts.hotKeys, *this, m_productivity)
-    , m_headerView(*this) {}
+    , m_panel(m_engine, *hosts.panel)
+    , m_placement(*hosts.displays, *hosts.preferences, m_shelfPreferences, m_model, m_panel)
+    , m_opener(hosts, m_model, m_placement, m_panel)
+    , m_drag(m_model, m_placement, m_opener, m_panel)
+    , m_keys(*hosts.panel, m_model, m_library, m_opener, *this)
+    , m_hotKey(*hosts.hotKeys, *this, m_productivity) {}
 
 AppDelegate::~AppDelegate() = default;
 
@@ -34,30 +41,52 @@ void AppDelegate::launch() {
     m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
     m_engine.addImageProvider(QStringLiteral("applications"),
                               new ApplicationPictures(*m_hosts.applications));
-    m_panel = std::make_unique<ShelfPanel>(m_engine, *m_hosts.panel);
-    m_panel->load(m_resources.shelfView,
-                  {{QStringLiteral("model"), QVariant::fromValue(&m_model)},
-                   {QStringLiteral("preferences"), QVariant::fromValue(&m_shelfPreferences)},
-                   {QStringLiteral("library"), QVariant::fromValue(&m_library)},
-                   {QStringLiteral("productivity"), QVariant::fromValue(&m_productivity)},
-                   {QStringLiteral("extras"), QVariant::fromValue(&extras())},
-                   {QStringLiteral("shell"), QVariant::fromValue<ShellActions *>(this)},
-                   {QStringLiteral("motion"), QVariant::fromValue(m_hosts.motion.get())}});
-    resize();
+    m_panel.load(m_resources.shelfView,
+                 {{QStringLiteral("model"), QVariant::fromValue(&m_model)},
+                  {QStringLiteral("preferences"), QVariant::fromValue(&m_shelfPreferences)},
+                  {QStringLiteral("library"), QVariant::fromValue(&m_library)},
+                  {QStringLiteral("productivity"), QVariant::fromValue(&m_productivity)},
+                  {QStringLiteral("extras"), QVariant::fromValue(&extras())},
+                  {QStringLiteral("shell"), QVariant::fromValue<ShellActions *>(this)},
+                  {QStringLiteral("motion"), QVariant::fromValue(m_hosts.motion.get())}});
+    m_placement.update();
     m_hosts.panel->orderFront();
     m_media.startMediaMonitoring();
     m_hotKey.registerChords();
-    m_hosts.keys->start([this](const KeyPress &press) { return handleKey(press); });
-    connect(m_hosts.pointer.get(), &PointerMonitor::moved, this, &AppDelegate::checkHover);
-    // Queued: checking must not move the panel inside its own handling of the event.
-    connect(m_panel.get(), &ShelfPanel::crossed, this, &AppDelegate::onPointerCrossing,
-            Qt::QueuedConnection);
-    m_hosts.pointer->start();
+    m_hosts.keys->start([this](const KeyPress &press) { return m_keys.handle(press); });
+    followPointer();
     showStatusItem();
     m_hosts.playerNotifications->start();
     m_hosts.audio->start();
     connect(m_hosts.displays.get(), &Displays::changed, this, &AppDelegate::resize);
     connect(&m_shelfPreferences, &ShelfPreferences::shelfScaleChanged, this, &AppDelegate::resize);
+}
+
+void AppDelegate::followPointer() {
+    connect(m_hosts.pointer.get(), &PointerMonitor::moved, this, &AppDelegate::pointerAt);
+    // Queued: the panel must not be moved while it handles the event. The closed shelf opens by
+    // movement only, not when it comes to lie under a pointer at rest.
+    connect(
+        &m_panel, &ShelfPanel::crossed, this,
+        [this] {
+            if (m_model.expanded()) {
+                pointerAt(m_hosts.pointer->position());
+            }
+        },
+        Qt::QueuedConnection);
+    m_hosts.pointer->start();
+}
+
+void AppDelegate::pointerAt(ScreenPoint pointer) {
+    if (!m_extras || !m_extras->capturing()) {
+        m_opener.pointerAt(pointer);
+    }
+}
+
+/// While a pointer event is handled, where that happened: the pointer itself may have gone on.
+ScreenPoint AppDelegate::handlePosition() const {
+    const auto event = m_panel.eventPosition();
+    return event ? *event : m_hosts.pointer->position();
 }
 
 void AppDelegate::showStatusItem() {
@@ -77,15 +106,8 @@ void AppDelegate::show(std::unique_ptr<AuxiliaryWindow> &window, const WindowCon
         window = std::make_unique<AuxiliaryWindow>(m_engine, content);
         window->setIcon(m_resources.statusIcon);
     }
-    // The window takes the keyboard from here, so it is not given back.
-    m_keyboardOpen = false;
-    m_keyboardBorrowed = false;
-    setExpanded(false);
+    m_opener.closeForWindow();
     m_hosts.panel->activate(window.get());
-}
-
-void AppDelegate::showShelf() {
-    setExpanded(true);
 }
 
 void AppDelegate::showTools() {
@@ -131,9 +153,26 @@ void AppDelegate::clearScreen() {
     if (m_toolsWindow) {
         m_toolsWindow->hide();
     }
-    m_keyboardOpen = false; // its window takes the keyboard when the capture is over
-    m_keyboardBorrowed = false;
-    setExpanded(false);
+    m_opener.closeForWindow(); // the workspace window takes the keyboard after the capture
+}
+
+void AppDelegate::launch(const QString &id) {
+    const QList<ShelfItem> &items = m_library.items();
+    const auto item = std::ranges::find(items, id, &ShelfItem::id);
+    if (item == items.cend()) {
+        return;
+    }
+    if (item->shortcutName) {
+        m_productivity.runShortcut(*item->shortcutName);
+    } else if (item->path) {
+        const auto report = [store = QPointer(&m_productivity),
+                             name = item->name](const QString &error) {
+            if (store && !error.isEmpty()) {
+                store->setMessage(QStringLiteral("Could not open %1. %2").arg(name, error));
+            }
+        };
+        m_hosts.applications->launch(*item->path, report);
+    }
 }
 
 void AppDelegate::terminate() {
@@ -143,16 +182,14 @@ void AppDelegate::terminate() {
 }
 
 void AppDelegate::perform(const QString &action) {
-    if (action == QLatin1StringView("show")) {
-        showShelf();
-    } else if (action == QLatin1StringView("search")) {
-        showSearch();
-    } else if (action == QLatin1StringView("workspace")) {
-        showTools();
-    } else if (action == QLatin1StringView("mixer")) {
-        showMixer();
-    } else if (action == QLatin1StringView("settings")) {
-        showSettings();
+    static const QHash<QString, void (AppDelegate::*)()> actions{
+        {QStringLiteral("show"), &AppDelegate::showShelf},
+        {QStringLiteral("search"), &AppDelegate::showSearch},
+        {QStringLiteral("workspace"), &AppDelegate::showTools},
+        {QStringLiteral("mixer"), &AppDelegate::showMixer},
+        {QStringLiteral("settings"), &AppDelegate::showSettings}};
+    if (const auto found = actions.constFind(action); found != actions.cend()) {
+        (this->**found)();
     }
 }
 

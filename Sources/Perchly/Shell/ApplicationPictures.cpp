@@ -11,7 +11,7 @@ namespace perchly {
 namespace {
 
 constexpr int defaultSide = 64;
-constexpr int largestSide = 1024;
+constexpr int maxSide = 1024;
 
 } // namespace
 
@@ -22,7 +22,7 @@ ApplicationPictures::ApplicationPictures(Applications &applications)
 QImage ApplicationPictures::requestImage(const QString &id, QSize *size,
                                          const QSize &requestedSize) {
     const int asked = std::max(requestedSize.width(), requestedSize.height());
-    const int side = asked > 0 ? std::min(asked, largestSide) : defaultSide;
+    const int side = asked > 0 ? std::min(asked, maxSide) : defaultSide;
     QImage picture = m_applications.icon(QUrl::fromPercentEncoding(id.toUtf8()), side);
     if (picture.isNull()) {
         picture = QImage(1, 1, QImage::Format_ARGB32_Premultiplied);

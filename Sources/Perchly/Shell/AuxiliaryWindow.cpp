@@ -16,7 +16,7 @@ namespace perchly {
 
 namespace {
 
-constexpr QRgb background = 0xff0b0d0f; // the views' own, until they are painted
+constexpr QRgb background = 0xff0b0d0f; // the views' own color, until they are painted
 constexpr std::chrono::milliseconds rest{3000};
 constexpr int titleBarHeight = 32; // about what window managers take
 
@@ -91,7 +91,7 @@ void AuxiliaryWindow::keyPressEvent(QKeyEvent *event) {
                         (event->key() == Qt::Key_W && event->modifiers() == Qt::ControlModifier);
     if (closes && !event->isAccepted()) {
         event->accept();
-        if (!event->isAutoRepeat()) { // what is held closed something inside
+        if (!event->isAutoRepeat()) { // a held key has closed something inside
             close();
         }
     }

@@ -5,22 +5,21 @@
 
 namespace perchly {
 
-/// What an auxiliary window is made of.
+/// What makes one auxiliary window different from another.
 struct WindowContent {
     enum class Buttons { CloseMinimizeMaximize, CloseMaximize };
 
     QString title;
     QSize size; ///< of the content, in points
     Buttons buttons = Buttons::CloseMinimizeMaximize;
-    /// The view's address, a local one; empty leaves the window without content. If its root has
-    /// `minimumWidth` and `minimumHeight`, the window keeps to them.
+    /// A local view; empty leaves the window empty. If its root has `minimumWidth` and
+    /// `minimumHeight`, the window gets no smaller.
     QUrl view = {};
     QVariantMap properties = {}; ///< that the view is made with
 };
 
-/// One of the program's ordinary windows. It loads its view when it is made; make it when it is
-/// first asked for. Closing it, by its button, Ctrl+W, or Escape where nothing in the view wants
-/// that, only hides it: it comes back as it was. Main thread only.
+/// One of the program's ordinary windows. Closing it (by its button, Ctrl+W, or Escape if nothing
+/// in the view uses that) only hides it: it comes back as it was. Main thread only.
 class AuxiliaryWindow : public QQuickView {
     Q_OBJECT
 public:

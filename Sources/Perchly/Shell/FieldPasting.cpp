@@ -12,7 +12,7 @@ namespace {
 
 constexpr qsizetype maxTextBytes = 1'000'000;
 
-/// The item as a text field that can be written in, else null.
+/// The object as an editable text field, or null.
 QQuickItem *editableField(QObject *object) {
     const bool isField = object->inherits("QQuickTextEdit") || object->inherits("QQuickTextInput");
     return isField && !object->property("readOnly").toBool() ? static_cast<QQuickItem *>(object)
@@ -30,8 +30,8 @@ void placeCursor(QQuickItem *field, QPointF at) {
     field->setProperty("cursorPosition", position);
 }
 
-/// As typed by an input method: in place of what is selected, within the field's own limits, and
-/// taken back in one step.
+/// As an input method does: replaces the selection, keeps the field's limits and is undone in one
+/// step.
 void insert(QQuickItem *field, const QString &text) {
     QInputMethodEvent event;
     event.setCommitString(text);
@@ -42,7 +42,7 @@ void insert(QQuickItem *field, const QString &text) {
 
 FieldPasting::FieldPasting(Pasteboard &pasteboard)
     : m_pasteboard(pasteboard) {
-    // Fields ask the owner of each new copy what it offers when the clipboard tells of it.
+    // On each change of the clipboard, fields ask its owner what it offers.
     QGuiApplication::clipboard()->blockSignals(true);
     QCoreApplication::instance()->installEventFilter(this);
 }
@@ -73,14 +73,14 @@ bool FieldPasting::eventFilter(QObject *object, QEvent *event) {
 }
 
 void FieldPasting::paste(QQuickItem *field, PasteboardSource source) {
-    if (m_underWay == 0) {
+    if (m_pending == 0) {
         m_readings.clear();
     }
-    ++m_underWay;
+    ++m_pending;
     m_readings.push_back(
         m_pasteboard.read({.source = source, .maxTextBytes = maxTextBytes},
                           [this, target = QPointer(field)](const PasteboardContent &content) {
-                              --m_underWay;
+                              --m_pending;
                               if (target && !content.text.isEmpty()) {
                                   insert(target, content.text);
                               }

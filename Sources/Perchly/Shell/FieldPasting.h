@@ -8,12 +8,11 @@ class QQuickItem;
 
 namespace perchly {
 
-/// Keeps the text fields of all windows from asking the program that owns a copy, on the main
-/// thread, which would hang while that program does. Pasting with the keys, and with the middle
-/// button what is selected elsewhere, go through the pasteboard instead and arrive a moment later;
-/// that the clipboard has changed is not told to fields at all, whose `canPaste` is therefore not
-/// to be relied on. Copying and cutting are left to the toolkit. Needs a graphical application, and
-/// watches all of it for as long as it lives. Main thread only.
+/// Pastes into the text fields of all windows through the pasteboard, a moment later. Qt's own
+/// pasting asks the program that owns a copy on the main thread and hangs while that program does.
+/// Covers the paste keys and the middle button. Fields hear nothing of clipboard changes, so their
+/// `canPaste` is not reliable. Copying and cutting are left to Qt. Needs a QGuiApplication. Main
+/// thread only.
 class FieldPasting : public QObject {
     Q_OBJECT
 public:
@@ -28,8 +27,8 @@ private:
     void paste(QQuickItem *field, PasteboardSource source);
 
     Pasteboard &m_pasteboard;
-    qsizetype m_underWay = 0;
-    std::vector<Task> m_readings; ///< those that have ended stay until all have
+    qsizetype m_pending = 0;
+    std::vector<Task> m_readings; ///< kept until all of them have ended
 };
 
 } // namespace perchly

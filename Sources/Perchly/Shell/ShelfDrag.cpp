@@ -1,97 +1,83 @@
-// Dragging the shelf to another place.
+#include "ShelfDrag.h"
 
-#include "AppDelegate.h"
-#include "Hosts.h"
-#include "PreferenceKeys.h"
+#include "ShelfModel.h"
+#include "ShelfOpener.h"
+#include "ShelfPanel.h"
+#include "ShelfPlacement.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace perchly {
 
-void AppDelegate::beginShelfDrag(ScreenPoint start) {
-    // The panel's own frame: for a moment after a collapse it is still the large one.
-    const ScreenRect frame = m_panel ? m_panel->frame() : shelfFrame(ShelfSize::Compact);
-    m_closeTask.reset();
-    m_settleTask.reset();
-    if (m_keyboardOpen) {
-        m_keyboardOpen = false;
-        m_hosts.panel->giveKeyboardBack();
-    }
-    returnKeyboard();
-    m_model.setDragging(true);
+namespace {
 
-    const double width = m_model.compactWidth();
-    const double height = m_model.compactHeight();
-    m_dragOffset = m_model.dockEdge() == ShelfEdge::Top
-                       ? ScreenPoint{std::min(std::max(start.x - frame.minX(), 0.0), width),
-                                     std::min(std::max(frame.maxY() - start.y, 0.0), height)}
-                       : ScreenPoint{width / 2, height / 2};
-    m_model.setExpanded(false);
-    m_hosts.pointer->setPolling(false);
-    moveShelfDrag(start);
+constexpr double dragThreshold = 8;
+
+} // namespace
+
+ShelfDrag::ShelfDrag(ShelfModel &model, ShelfPlacement &placement, ShelfOpener &opener,
+                     ShelfPanel &panel)
+    : m_model(model)
+    , m_placement(placement)
+    , m_opener(opener)
+    , m_panel(panel) {}
+
+void ShelfDrag::press(ScreenPoint at) {
+    m_start = at;
 }
 
-void AppDelegate::moveShelfDrag(ScreenPoint pointer) {
-    if (!m_model.dragging()) {
+void ShelfDrag::move(ScreenPoint to) {
+    if (!m_start) {
         return;
     }
-    const double width = m_model.compactWidth();
-    const double height = m_model.compactHeight();
-    const ScreenRect frame{pointer.x - m_dragOffset.x, pointer.y + m_dragOffset.y - height, width,
-                           height};
-    setPanelFrame(frame, frame);
-}
-
-void AppDelegate::endShelfDrag(ScreenPoint point) {
     if (!m_model.dragging()) {
-        return;
-    }
-    m_model.setDragging(false);
-
-    const QList<Display> displays = m_hosts.displays->list();
-    auto display = std::ranges::find_if(
-        displays, [point](const Display &candidate) { return candidate.frame.contains(point); });
-    if (display == displays.cend()) {
-        const auto current = shelfScreen();
-        if (!current) {
+        if (std::hypot(to.x - m_start->x, to.y - m_start->y) < dragThreshold) {
             return;
         }
-        display = std::ranges::find(displays, *current);
+        begin(*m_start);
     }
+    const double height = m_model.compactHeight();
+    const ScreenRect frame{to.x - m_grab.x, to.y + m_grab.y - height, m_model.compactWidth(),
+                           height};
+    m_panel.setFrame(frame, frame, m_model.dockEdge());
+}
 
-    ShelfPosition place = ShelfPosition::drop(point, display->frame, display->visibleFrame);
-    const auto gap = notchGap(geometryOf(*display));
-    if (place.edge == ShelfEdge::Top && gap &&
-        std::abs(point.x - display->frame.midX()) < notchSnapDistance(*gap)) {
-        place.position = 0.5;
+void ShelfDrag::release(ScreenPoint at) {
+    move(at); // it may be the first event of the movement
+    if (!std::exchange(m_start, std::nullopt)) {
+        return;
     }
-    m_hosts.preferences->setValues(
-        {{keys::shelfEdge, shelfEdgeName(place.edge)},
-         {keys::shelfEdgePosition, place.position},
-         {keys::displayIndex, double(std::distance(displays.cbegin(), display))}});
-    resize();
+    if (m_model.dragging()) {
+        end(at);
+    } else {
+        m_opener.toggleKeyboardOpen();
+    }
 }
 
-ScreenPoint AppDelegate::handlePosition() const {
-    const auto event = m_panel ? m_panel->eventPosition() : std::nullopt;
-    return event ? *event : m_hosts.pointer->position();
+void ShelfDrag::cancel(ScreenPoint at) {
+    m_start.reset();
+    if (m_model.dragging()) {
+        end(at);
+    }
 }
 
-void AppDelegate::handlePressed() {
-    m_headerView.press(handlePosition());
+void ShelfDrag::begin(ScreenPoint start) {
+    // The panel's own frame: for a moment after a collapse it is still the large one.
+    const ScreenRect frame = m_panel.frame();
+    const double width = m_model.compactWidth();
+    const double height = m_model.compactHeight();
+    m_grab = m_model.dockEdge() == ShelfEdge::Top
+                 ? ScreenPoint{std::clamp(start.x - frame.minX(), 0.0, width),
+                               std::clamp(frame.maxY() - start.y, 0.0, height)}
+                 : ScreenPoint{width / 2, height / 2};
+    m_model.setDragging(true);
+    m_opener.closeForDrag();
 }
 
-void AppDelegate::handleMoved() {
-    m_headerView.move(handlePosition());
-}
-
-void AppDelegate::handleReleased() {
-    m_headerView.release(handlePosition());
-}
-
-void AppDelegate::handleCanceled() {
-    m_headerView.cancel(handlePosition());
+void ShelfDrag::end(ScreenPoint at) {
+    m_model.setDragging(false);
+    m_placement.dock(at);
 }
 
 } // namespace perchly

@@ -1,92 +1,78 @@
-// Which keys the shelf takes.
+#include "ShelfKeys.h"
 
-#include "AppDelegate.h"
-#include "Hosts.h"
-
-#include <QPointer>
-
-#include <algorithm>
+#include "KeyPress.h"
+#include "PanelHost.h"
+#include "ShelfLibrary.h"
+#include "ShelfModel.h"
+#include "ShelfOpener.h"
+#include "ShellActions.h"
 
 namespace perchly {
 
-bool AppDelegate::handleKey(const KeyPress &press) {
-    if (handleShelfKey(press)) {
-        return true;
-    }
-    // The status menu's own keys, in any of the program's windows.
-    const bool command = press.modifiers.testFlag(Modifier::Command) &&
-                         !(press.modifiers & (Modifier::Shift | Modifier::Option));
-    if (command && press.key == Qt::Key_Comma) {
-        showSettings();
-        return true;
-    }
-    if (command && press.key == Qt::Key_Q) {
-        terminate();
-        return true;
-    }
-    return false;
-}
+ShelfKeys::ShelfKeys(PanelHost &panel, ShelfModel &model, const ShelfLibrary &library,
+                     ShelfOpener &opener, ShellActions &shell)
+    : m_panel(panel)
+    , m_model(model)
+    , m_library(library)
+    , m_opener(opener)
+    , m_shell(shell) {}
 
-bool AppDelegate::handleShelfKey(const KeyPress &press) {
+bool ShelfKeys::handle(const KeyPress &press) {
     if (press.key == Qt::Key_Space && press.modifiers == (Modifier::Control | Modifier::Option)) {
         if (!press.isRepeat) {
-            toggleKeyboardOpen();
+            m_opener.toggleKeyboardOpen();
         }
         return true;
     }
-    if (!m_hosts.panel->hasKeyboard()) {
-        return false;
-    }
-    if (press.key == Qt::Key_Escape && press.isRepeat) {
-        return true; // one press closes one thing
-    }
-    if (!m_model.controlError().isEmpty() && press.key == Qt::Key_Escape) {
-        m_model.clearControlError();
-        return true;
-    }
-    if (press.key == Qt::Key_Escape) {
-        if (m_model.choosingWidget()) {
-            return false; // closes the chooser alone
+    if (m_panel.hasKeyboard()) {
+        if (press.key == Qt::Key_Escape) {
+            return handleEscape(press);
         }
-        setKeyboardOpen(false);
-        return true;
+        if (press.modifiers.testFlag(Modifier::Command) && m_model.controlError().isEmpty() &&
+            launchShown(press)) {
+            return true;
+        }
     }
-    return press.modifiers.testFlag(Modifier::Command) && m_model.controlError().isEmpty() &&
-           launchShown(press);
+    return handleMenuKey(press);
 }
 
-bool AppDelegate::launchShown(const KeyPress &press) {
-    bool valid = false;
-    const qsizetype position = press.charactersIgnoringModifiers.toInt(&valid);
-    const QList<ShelfItem> shown = m_library.shown();
-    if (!valid || position < 1 || position > shown.size()) {
+bool ShelfKeys::handleMenuKey(const KeyPress &press) {
+    if (!press.modifiers.testFlag(Modifier::Command) ||
+        (press.modifiers & (Modifier::Shift | Modifier::Option))) {
         return false;
     }
-    if (!press.isRepeat) { // or a key that is held starts dozens
-        launch(shown.at(position - 1));
+    if (press.key == Qt::Key_Comma) {
+        m_shell.showSettings();
+    } else if (press.key == Qt::Key_Q) {
+        m_shell.terminate();
+    }
+    return press.key == Qt::Key_Comma || press.key == Qt::Key_Q;
+}
+
+bool ShelfKeys::handleEscape(const KeyPress &press) {
+    if (press.isRepeat) {
+        return true; // one press closes one thing
+    }
+    if (!m_model.controlError().isEmpty()) {
+        m_model.clearControlError();
+    } else if (m_model.choosingWidget()) {
+        return false; // the chooser closes itself
+    } else {
+        m_opener.setKeyboardOpen(false);
     }
     return true;
 }
 
-void AppDelegate::launch(const ShelfItem &item) {
-    if (item.shortcutName) {
-        m_productivity.runShortcut(*item.shortcutName);
-    } else if (item.path) {
-        m_hosts.applications->launch(*item.path, [store = QPointer(&m_productivity),
-                                                  name = item.name](const QString &error) {
-            if (store && !error.isEmpty()) {
-                store->setMessage(QStringLiteral("Could not open %1. %2").arg(name, error));
-            }
-        });
+bool ShelfKeys::launchShown(const KeyPress &press) {
+    const int position = press.charactersIgnoringModifiers.toInt();
+    const QList<ShelfItem> shown = m_library.shown();
+    if (position < 1 || position > shown.size()) {
+        return false;
     }
-}
-
-void AppDelegate::launch(const QString &id) {
-    const QList<ShelfItem> &items = m_library.items();
-    const auto item = std::ranges::find(items, id, &ShelfItem::id);
-    if (item != items.cend()) {
-        launch(*item);
+    if (!press.isRepeat) { // a held key would launch dozens
+        m_shell.launch(shown.at(position - 1).id);
     }
+    return true;
 }
 
 } // namespace perchly

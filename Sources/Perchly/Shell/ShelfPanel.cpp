@@ -23,8 +23,8 @@ QMarginsF shadowMargins(ShelfEdge edge) {
     return {left, top, right, shadowMargin};
 }
 
-/// A rectangle whose corners are round except where it touches the display's edge, in pixels. Row
-/// by row, as polygons of whole pixels cut such corners off.
+/// A rectangle with round corners except at the display's edge, in pixels. Built row by row:
+/// QRegion cuts the corners of a polygon off.
 QRegion roundedRegion(const QRectF &rectangle, double radius, ShelfEdge edge) {
     QList<QRect> bands;
     for (int row = qRound(rectangle.top()); row < qRound(rectangle.bottom()); ++row) {
@@ -54,8 +54,8 @@ ShelfPanel::ShelfPanel(QQmlEngine &engine, PanelHost &host)
     setColor(Qt::transparent);
     setTitle(QStringLiteral("Perchly"));
     m_host.attach(this);
-    // When another of the program's windows closes, Qt would end a drag of the shelf. The X server
-    // sends the release in any case.
+    // Qt would end a drag of the shelf when another of our windows closes. The X server sends the
+    // release anyway.
     disconnect(qGuiApp, &QGuiApplication::applicationStateChanged, this, nullptr);
     connect(&m_host, &PanelHost::compositedChanged, this,
             [this] { setFrame(m_frame, m_compactFrame, m_edge); });
@@ -85,7 +85,7 @@ void ShelfPanel::setFrame(const ScreenRect &frame, const ScreenRect &compactFram
     m_margins = m_host.isComposited() ? shadowMargins(edge) : QMarginsF();
     m_host.place(frame, m_margins);
     if (QQuickItem *root = rootObject()) {
-        // The window's own resize event comes later, and what depends on the size is needed now.
+        // The window's own resize event comes too late for the shape.
         root->setSize({frame.width + m_margins.left() + m_margins.right(),
                        frame.height + m_margins.top() + m_margins.bottom()});
         root->setProperty("composited", m_host.isComposited());

@@ -1,70 +1,82 @@
-// Where the shelf is: its display, its edge, its frames.
+#include "ShelfPlacement.h"
 
-#include "AppDelegate.h"
-#include "Hosts.h"
 #include "PreferenceKeys.h"
+#include "Preferences.h"
+#include "ShelfModel.h"
+#include "ShelfPanel.h"
+#include "ShelfPreferences.h"
 
 #include <algorithm>
 
 namespace perchly {
 
-DisplayGeometry AppDelegate::geometryOf(const Display &display) {
-    return {.frame = display.frame,
-            .visibleFrame = display.visibleFrame,
-            .safeAreaTop = display.safeAreaTop,
-            .auxiliaryTopLeftArea = display.auxiliaryTopLeftArea,
-            .auxiliaryTopRightArea = display.auxiliaryTopRightArea};
-}
+ShelfPlacement::ShelfPlacement(Displays &displays, Preferences &preferences,
+                               const ShelfPreferences &shelfPreferences, ShelfModel &model,
+                               ShelfPanel &panel)
+    : m_displays(displays)
+    , m_preferences(preferences)
+    , m_shelfPreferences(shelfPreferences)
+    , m_model(model)
+    , m_panel(panel) {}
 
-std::optional<Display> AppDelegate::shelfScreen() const {
-    const QList<Display> displays = m_hosts.displays->list();
+std::optional<qsizetype> ShelfPlacement::displayIndex(const QList<Display> &displays) const {
     if (displays.isEmpty()) {
         return std::nullopt;
     }
-    const qint64 stored = m_hosts.preferences->wholeNumber(keys::displayIndex).value_or(0);
-    return displays.at(std::clamp<qint64>(stored, 0, displays.size() - 1));
+    const qint64 stored = m_preferences.wholeNumber(keys::displayIndex).value_or(0);
+    return std::clamp<qint64>(stored, 0, displays.size() - 1);
 }
 
-ShelfPosition AppDelegate::dockPosition() const {
-    const QString stored = m_hosts.preferences->string(keys::shelfEdge).value_or(QString());
-    return {shelfEdgeFromName(stored).value_or(ShelfEdge::Top),
-            m_hosts.preferences->number(keys::shelfEdgePosition).value_or(0.5)};
-}
-
-void AppDelegate::resize() {
-    const auto display = shelfScreen();
-    if (!display || m_model.dragging()) {
+void ShelfPlacement::update() {
+    if (m_model.dragging()) {
         return;
     }
-    const ShelfPosition place = dockPosition();
-    const CompactSize compact = compactSize(place, geometryOf(*display));
-    m_model.setDockEdge(place.edge);
+    const QList<Display> displays = m_displays.list();
+    const auto index = displayIndex(displays);
+    if (!index) {
+        m_frames.reset();
+        return;
+    }
+    const Display &display = displays.at(*index);
+    const QString edge = m_preferences.string(keys::shelfEdge).value_or(QString());
+    const ShelfPosition position{shelfEdgeFromName(edge).value_or(ShelfEdge::Top),
+                                 m_preferences.number(keys::shelfEdgePosition).value_or(0.5)};
+    const double scale = m_shelfPreferences.shelfScale();
+    m_frames = {shelfFrame(ShelfSize::Compact, position, scale, display),
+                shelfFrame(ShelfSize::Expanded, position, scale, display)};
+    const CompactSize compact = compactSize(position, display);
+    m_model.setDockEdge(position.edge);
     m_model.setHardwareNotchWidth(compact.notchWidth);
     m_model.setCompactWidth(compact.width);
     m_model.setCompactHeight(compact.height);
-    placePanel(m_model.expanded() ? ShelfSize::Expanded : ShelfSize::Compact);
+    place(m_model.expanded() ? ShelfSize::Expanded : ShelfSize::Compact);
 }
 
-ScreenRect AppDelegate::shelfFrame(ShelfSize size) const {
-    const auto display = shelfScreen();
-    if (!display) {
+ScreenRect ShelfPlacement::frame(ShelfSize size) const {
+    if (!m_frames) {
         return {};
     }
-    const CompactSize compact{m_model.compactWidth(), m_model.compactHeight(),
-                              m_model.hardwareNotchWidth()};
-    return perchly::shelfFrame(size, m_model.dockEdge(), dockPosition(), compact,
-                               m_shelfPreferences.shelfScale(), geometryOf(*display));
+    return size == ShelfSize::Compact ? m_frames->compact : m_frames->expanded;
 }
 
-void AppDelegate::placePanel(ShelfSize size) {
-    if (shelfScreen()) {
-        setPanelFrame(shelfFrame(size), shelfFrame(ShelfSize::Compact));
+void ShelfPlacement::place(ShelfSize size) {
+    if (m_frames) {
+        m_panel.setFrame(frame(size), m_frames->compact, m_model.dockEdge());
     }
 }
 
-void AppDelegate::setPanelFrame(const ScreenRect &frame, const ScreenRect &compactFrame) {
-    if (m_panel) {
-        m_panel->setFrame(frame, compactFrame, m_model.dockEdge());
+void ShelfPlacement::dock(ScreenPoint at) {
+    const QList<Display> displays = m_displays.list();
+    const auto hit = std::ranges::find_if(
+        displays, [at](const Display &display) { return display.frame.contains(at); });
+    const auto index = hit != displays.cend() ? std::optional(std::distance(displays.cbegin(), hit))
+                                              : displayIndex(displays);
+    if (index) {
+        const ShelfPosition position = dropPlace(at, displays.at(*index));
+        m_preferences.setValues({{keys::shelfEdge, shelfEdgeName(position.edge)},
+                                 {keys::shelfEdgePosition, position.position},
+                                 {keys::displayIndex, double(*index)}});
+        update();
     }
 }
 

@@ -17,16 +17,16 @@
 using namespace perchly;
 
 namespace {
-constexpr unsigned longestFarewellSeconds = 5;
+constexpr unsigned maxQuitSeconds = 5;
 }
 
 int main(int argc, char **argv) {
-    // Copies and pictures are megabytes each: such memory goes back to the system when it is freed.
+    // Return freed memory of copies and pictures, megabytes each, to the system.
     mallopt(M_MMAP_THRESHOLD, 1 << 20);
     qSetMessagePattern(QStringLiteral("perchly: %{message}"));
     std::optional<UnansweringBusHider> busHider(std::in_place);
     std::optional<WindowSystemChoice> windowSystem(std::in_place);
-    // The software renderer shows the first picture in half the time and a third of the memory.
+    // The software renderer takes half the time to the first frame and a third of the memory.
     if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND")) {
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     }
@@ -57,9 +57,9 @@ int main(int argc, char **argv) {
     QObject::connect(&signals, &TerminationSignals::requested, &delegate, &AppDelegate::terminate);
     delegate.launch();
     const int status = QApplication::exec();
-    // Everything is stored when it changes. Threads that wait for a disk which does not answer must
-    // not keep the process, and with it the name that lets the next one start.
+    // Everything is stored when it changes. Threads that wait for a dead disk must not keep the
+    // process and with it the name that the next one needs.
     std::signal(SIGALRM, [](int) { _exit(EXIT_SUCCESS); });
-    alarm(longestFarewellSeconds);
+    alarm(maxQuitSeconds);
     return status;
 }

@@ -1,0 +1,34 @@
+#pragma once
+
+namespace perchly {
+
+class PanelHost;
+class ShelfLibrary;
+class ShelfModel;
+class ShelfOpener;
+class ShellActions;
+struct KeyPress;
+
+/// The keys that the shelf takes while it has the keyboard, and those of the status menu in any of
+/// the program's windows. All arguments must outlive it. Main thread only.
+class ShelfKeys {
+public:
+    ShelfKeys(PanelHost &panel, ShelfModel &model, const ShelfLibrary &library, ShelfOpener &opener,
+              ShellActions &shell);
+
+    /// True if the press was used.
+    [[nodiscard]] bool handle(const KeyPress &press);
+
+private:
+    [[nodiscard]] bool handleMenuKey(const KeyPress &press);
+    [[nodiscard]] bool handleEscape(const KeyPress &press);
+    [[nodiscard]] bool launchShown(const KeyPress &press);
+
+    PanelHost &m_panel;
+    ShelfModel &m_model;
+    const ShelfLibrary &m_library;
+    ShelfOpener &m_opener;
+    ShellActions &m_shell;
+};
+
+} // namespace perchly

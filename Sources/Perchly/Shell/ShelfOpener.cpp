@@ -1,0 +1,143 @@
+#include "ShelfOpener.h"
+
+#include "Hosts.h"
+#include "PreferenceKeys.h"
+#include "ShelfModel.h"
+#include "ShelfPanel.h"
+#include "ShelfPlacement.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace perchly {
+
+using std::chrono::milliseconds;
+
+namespace {
+
+constexpr double defaultHoverDelay = 0.35;
+constexpr milliseconds settleDelay{500};
+constexpr milliseconds reducedSettleDelay{150};
+
+/// From stored seconds, which may be any number.
+milliseconds delayOf(double seconds) {
+    constexpr double maxSeconds = 24 * 60 * 60;
+    return milliseconds(qint64(std::clamp(seconds, 0.0, maxSeconds) * 1000));
+}
+
+} // namespace
+
+ShelfOpener::ShelfOpener(Hosts &hosts, ShelfModel &model, ShelfPlacement &placement,
+                         const ShelfPanel &panel)
+    : m_hosts(hosts)
+    , m_model(model)
+    , m_placement(placement)
+    , m_panel(panel) {}
+
+void ShelfOpener::pointerAt(ScreenPoint pointer) {
+    if (m_keyboardOpen || m_model.dragging()) {
+        return;
+    }
+    if (m_model.choosingWidget()) {
+        m_closeTask.reset();
+        return;
+    }
+    const ShelfSize size = m_model.expanded() ? ShelfSize::Expanded : ShelfSize::Compact;
+    if (m_placement.frame(size).contains(pointer)) {
+        m_closeTask.reset();
+        if (m_hosts.preferences->boolean(keys::openOnHover).value_or(true)) {
+            setExpanded(true);
+        }
+    } else if (m_model.expanded() && !m_closeTask) {
+        startCloseTask();
+    }
+    watchForJumps(pointer);
+}
+
+/// When the pointer jumps off the open shelf, the panel's leave event tells. Only polling does
+/// where the frame is larger than what the panel shows.
+void ShelfOpener::watchForJumps(ScreenPoint pointer) {
+    m_hosts.pointer->setPolling(m_model.expanded() && !m_panel.takesPointer(pointer) &&
+                                m_placement.frame(ShelfSize::Expanded).contains(pointer));
+}
+
+void ShelfOpener::startCloseTask() {
+    const double seconds =
+        m_hosts.preferences->number(keys::hoverDelay).value_or(defaultHoverDelay);
+    m_closeTask = m_hosts.clock->after(delayOf(seconds), [this] { setExpanded(false); });
+}
+
+void ShelfOpener::setExpanded(bool expanded) {
+    m_closeTask.reset();
+    if (m_model.dragging() || m_model.expanded() == expanded) {
+        return;
+    }
+    m_settleTask.reset();
+    if (expanded) {
+        m_placement.place(ShelfSize::Expanded); // before the view starts to open
+        m_model.setExpanded(true);
+    } else {
+        m_model.setExpanded(false);
+        returnKeyboard();
+        startSettleTask();
+        m_hosts.pointer->setPolling(false);
+    }
+}
+
+void ShelfOpener::startSettleTask() {
+    const milliseconds delay = m_hosts.motion->isReduced() ? reducedSettleDelay : settleDelay;
+    m_settleTask = m_hosts.clock->after(delay, [this] { m_placement.place(ShelfSize::Compact); });
+}
+
+void ShelfOpener::setKeyboardOpen(bool open) {
+    m_keyboardOpen = open;
+    m_keyboardBorrowed = false;
+    setExpanded(open);
+    m_hosts.pointer->setPolling(false);
+    if (open) {
+        m_hosts.panel->orderFront();
+        m_hosts.panel->takeKeyboard();
+    } else {
+        m_hosts.panel->giveKeyboardBack();
+    }
+}
+
+void ShelfOpener::toggleKeyboardOpen() {
+    if (!m_model.dragging()) {
+        setKeyboardOpen(!m_keyboardOpen);
+    }
+}
+
+bool ShelfOpener::takeKeyboard() {
+    if (!m_model.expanded() || m_hosts.panel->hasKeyboard()) {
+        return false;
+    }
+    m_keyboardBorrowed = !m_keyboardOpen;
+    m_hosts.panel->takeKeyboard();
+    return m_keyboardBorrowed;
+}
+
+void ShelfOpener::returnKeyboard() {
+    if (std::exchange(m_keyboardBorrowed, false)) {
+        m_hosts.panel->giveKeyboardBack();
+    }
+}
+
+void ShelfOpener::closeForWindow() {
+    m_keyboardOpen = false;
+    m_keyboardBorrowed = false;
+    setExpanded(false);
+}
+
+void ShelfOpener::closeForDrag() {
+    if (std::exchange(m_keyboardOpen, false)) {
+        m_hosts.panel->giveKeyboardBack();
+    }
+    returnKeyboard();
+    m_closeTask.reset();
+    m_settleTask.reset();
+    m_model.setExpanded(false);
+    m_hosts.pointer->setPolling(false);
+}
+
+} // namespace perchly

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "ShelfGeometry.h"
+
+#include <optional>
+
+namespace perchly {
+
+class Preferences;
+class ShelfModel;
+class ShelfPanel;
+class ShelfPreferences;
+
+/// Where the shelf is: its display, its place on that, and the panel's frames, as displays and
+/// preferences say. All arguments must outlive it. Main thread only.
+class ShelfPlacement {
+public:
+    ShelfPlacement(Displays &displays, Preferences &preferences,
+                   const ShelfPreferences &shelfPreferences, ShelfModel &model, ShelfPanel &panel);
+
+    /// Computes all of it again and moves the panel there, unless it is being dragged. Call it when
+    /// displays or preferences have changed.
+    void update();
+
+    /// The panel's frame in either size; empty without a display.
+    [[nodiscard]] ScreenRect frame(ShelfSize size) const;
+
+    /// Moves the panel to the frame of that size.
+    void place(ShelfSize size);
+
+    /// Docks the shelf at the place nearest to the point and stores that.
+    void dock(ScreenPoint at);
+
+private:
+    struct Frames {
+        ScreenRect compact;
+        ScreenRect expanded;
+    };
+
+    /// The one that the preferences name, or the nearest; nothing without displays.
+    [[nodiscard]] std::optional<qsizetype> displayIndex(const QList<Display> &displays) const;
+
+    Displays &m_displays;
+    Preferences &m_preferences;
+    const ShelfPreferences &m_shelfPreferences;
+    ShelfModel &m_model;
+    ShelfPanel &m_panel;
+    std::optional<Frames> m_frames;
+};
+
+} // namespace perchly
