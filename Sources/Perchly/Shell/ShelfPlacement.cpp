@@ -33,19 +33,15 @@ void ShelfPlacement::update() {
     }
     const QList<Display> displays = m_displays.list();
     const auto index = displayIndex(displays);
-    if (!index) {
-        m_frames.reset();
+    m_display = index ? std::optional(displays.at(*index)) : std::nullopt;
+    if (!m_display) {
         return;
     }
-    const Display &display = displays.at(*index);
     const QString edge = m_preferences.string(keys::shelfEdge).value_or(QString());
-    const ShelfPosition position{shelfEdgeFromName(edge).value_or(ShelfEdge::Top),
-                                 m_preferences.number(keys::shelfEdgePosition).value_or(0.5)};
-    const double scale = m_shelfPreferences.shelfScale();
-    m_frames = {shelfFrame(ShelfSize::Compact, position, scale, display),
-                shelfFrame(ShelfSize::Expanded, position, scale, display)};
-    const CompactSize compact = compactSize(position, display);
-    m_model.setDockEdge(position.edge);
+    m_position = {shelfEdgeFromName(edge).value_or(ShelfEdge::Top),
+                  m_preferences.number(keys::shelfEdgePosition).value_or(0.5)};
+    const CompactSize compact = compactSize(m_position, *m_display);
+    m_model.setDockEdge(m_position.edge);
     m_model.setHardwareNotchWidth(compact.notchWidth);
     m_model.setCompactWidth(compact.width);
     m_model.setCompactHeight(compact.height);
@@ -53,15 +49,13 @@ void ShelfPlacement::update() {
 }
 
 ScreenRect ShelfPlacement::frame(ShelfSize size) const {
-    if (!m_frames) {
-        return {};
-    }
-    return size == ShelfSize::Compact ? m_frames->compact : m_frames->expanded;
+    return m_display ? shelfFrame(size, m_position, m_shelfPreferences.shelfScale(), *m_display)
+                     : ScreenRect{};
 }
 
 void ShelfPlacement::place(ShelfSize size) {
-    if (m_frames) {
-        m_panel.setFrame(frame(size), m_frames->compact, m_model.dockEdge());
+    if (m_display) {
+        m_panel.setFrame(frame(size), frame(ShelfSize::Compact), m_position.edge);
     }
 }
 

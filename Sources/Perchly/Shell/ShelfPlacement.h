@@ -11,15 +11,14 @@ class ShelfModel;
 class ShelfPanel;
 class ShelfPreferences;
 
-/// Where the shelf is: its display, its place on that, and the panel's frames, as displays and
-/// preferences say. All arguments must outlive it. Main thread only.
+/// Where the shelf is: its display, its place on that, and the panel's frames. All arguments must
+/// outlive it. Main thread only.
 class ShelfPlacement {
 public:
     ShelfPlacement(Displays &displays, Preferences &preferences,
                    const ShelfPreferences &shelfPreferences, ShelfModel &model, ShelfPanel &panel);
 
-    /// Computes all of it again and moves the panel there, unless it is being dragged. Call it when
-    /// displays or preferences have changed.
+    /// Follows a change of displays or preferences, unless the panel is being dragged.
     void update();
 
     /// The panel's frame in either size; empty without a display.
@@ -32,11 +31,6 @@ public:
     void dock(ScreenPoint at);
 
 private:
-    struct Frames {
-        ScreenRect compact;
-        ScreenRect expanded;
-    };
-
     /// The one that the preferences name, or the nearest; nothing without displays.
     [[nodiscard]] std::optional<qsizetype> displayIndex(const QList<Display> &displays) const;
 
@@ -45,7 +39,8 @@ private:
     const ShelfPreferences &m_shelfPreferences;
     ShelfModel &m_model;
     ShelfPanel &m_panel;
-    std::optional<Frames> m_frames;
+    std::optional<Display> m_display;
+    ShelfPosition m_position;
 };
 
 } // namespace perchly
