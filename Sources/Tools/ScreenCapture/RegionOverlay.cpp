@@ -61,10 +61,11 @@ RegionOverlay::RegionOverlay(QImage picture, QList<QRect> displays, double scale
     m_idle.start(idleTimeout);
 }
 
-// Fails while another program, such as one with an open menu, holds one of them, and until the
-// window is mapped.
+// Fails until the window is mapped, and while another program, such as one with an open menu, holds
+// the keyboard. Qt does not say whether it grabbed the pointer, but the window is above all others.
 void RegionOverlay::grabInput() {
-    if (setMouseGrabEnabled(true) && setKeyboardGrabEnabled(true)) {
+    setMouseGrabEnabled(true);
+    if (setKeyboardGrabEnabled(true)) {
         return;
     }
     if (m_grabDeadline.hasExpired()) {

@@ -26,7 +26,7 @@ Q_SIGNALS:
     void selected(const QRect &region);
     /// Escape, another button than the first, or no input for a minute.
     void cancelled();
-    /// Another program holds the pointer or the keyboard and does not release it in time.
+    /// Another program holds the keyboard and does not release it in time.
     void failed();
 
 protected:

@@ -76,7 +76,7 @@ int choose(const QImage &picture, double scale, const QString &path) {
     });
     QObject::connect(&overlay, &RegionOverlay::cancelled, [&] { finish(failure); });
     QObject::connect(&overlay, &RegionOverlay::failed,
-                     [&] { finish(fail("another program holds the pointer or the keyboard")); });
+                     [&] { finish(fail("another program holds the keyboard")); });
     overlay.show();
     return QGuiApplication::exec();
 }

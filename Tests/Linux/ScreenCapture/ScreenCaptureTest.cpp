@@ -73,7 +73,7 @@ private Q_SLOTS:
         QFETCH(QPoint, to);
         qputenv("QT_SCALE_FACTOR", scale);
         start();
-        QTRY_VERIFY(isPointerGrabbed());
+        QTRY_VERIFY(overlayHoldsKeyboard());
         m_user.click({20, 20}); // selects nothing
         drag(from, to);
         m_user.movePointer({640, 400}); // too late to count
@@ -92,23 +92,23 @@ private Q_SLOTS:
     void unwritableFileIsAFailure() {
         m_path = QStringLiteral("/nowhere/capture.png");
         start();
-        QTRY_VERIFY(isPointerGrabbed());
+        QTRY_VERIFY(overlayHoldsKeyboard());
         drag({100, 100}, {200, 200});
         QTRY_COMPARE(m_status.value_or(0), 1);
     }
 
-    void waitsBrieflyForAHeldPointer() {
-        QVERIFY(grabPointer());
+    void waitsBrieflyForAHeldKeyboard() {
+        QVERIFY(grabKeyboard());
         start();
         QTRY_COMPARE_WITH_TIMEOUT(m_status.value_or(0), 1, 4000);
         m_status.reset();
         start();
         QTest::qWait(500);
-        xcb_ungrab_pointer(m_user.get(), XCB_CURRENT_TIME);
+        xcb_ungrab_keyboard(m_user.get(), XCB_CURRENT_TIME);
         m_user.sync();
-        QTRY_VERIFY(isPointerGrabbed());
+        QTRY_VERIFY(overlayHoldsKeyboard());
         m_run.reset(); // the companion ends with its task
-        QTRY_VERIFY(!isPointerGrabbed());
+        QTRY_VERIFY(!overlayHoldsKeyboard());
         QVERIFY(!m_status);
     }
 
@@ -125,19 +125,17 @@ private:
         m_user.releaseButton();
     }
 
-    bool grabPointer() const {
-        const auto cookie =
-            xcb_grab_pointer(m_user.get(), 0, m_user.root(), 0, XCB_GRAB_MODE_ASYNC,
-                             XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
-        const XcbPointer<xcb_grab_pointer_reply_t> reply(
-            xcb_grab_pointer_reply(m_user.get(), cookie, nullptr));
+    bool grabKeyboard() const {
+        const auto cookie = xcb_grab_keyboard(m_user.get(), 0, m_user.root(), XCB_CURRENT_TIME,
+                                              XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+        const XcbPointer<xcb_grab_keyboard_reply_t> reply(
+            xcb_grab_keyboard_reply(m_user.get(), cookie, nullptr));
         return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
     }
 
-    /// By the overlay.
-    bool isPointerGrabbed() const {
-        const bool isFree = grabPointer();
-        xcb_ungrab_pointer(m_user.get(), XCB_CURRENT_TIME);
+    bool overlayHoldsKeyboard() const {
+        const bool isFree = grabKeyboard();
+        xcb_ungrab_keyboard(m_user.get(), XCB_CURRENT_TIME);
         m_user.sync();
         return !isFree;
     }
