@@ -5,8 +5,6 @@ import socket
 import time
 from pathlib import Path
 
-from Xlib import X
-
 from perchly_session.case import NO_BUS, TOGGLE, SessionCase, default_window_manager, main
 from perchly_session.picture import near
 from perchly_session.waiting import wait_until, wait_while
@@ -180,26 +178,6 @@ class SurroundingsTest(SessionCase):
         self.assertRegex(self.program.errors(), NO_BUS)
         self.session.run(wait=False)  # finds the first without the bus
         self.expect_frame(self.expanded_frame(), "the first one's shelf")
-
-    def test_lost_connections_to_the_x_server_are_made_again(self):
-        self.start()
-        self.assertGreater(self.program.cut_connections(), 3)
-        wait_until(
-            lambda: not self.screen.is_held("space", X.ControlMask | X.Mod1Mask), "the chord lost"
-        )
-        self.screen.move_to(*self.on_pill())
-
-        def opens():
-            self.screen.move_by(1, 0)
-            self.screen.move_by(-1, 0)
-            return self.program.frame() == self.expanded_frame()
-
-        wait_until(opens, "the shelf open by hovering again")
-        self.screen.move_to(*self.away())
-        self.expect_hover_and_chord()
-        later = self.other_window(state="_NET_WM_STATE_FULLSCREEN").show()
-        wait_until(lambda: self.is_above(later), "the pill above a full-screen window")
-        wait_until(self.program.rests, "the program at rest")
 
     def test_windows_stay_in_reach_on_a_small_display(self):
         self.start(size=(800, 480))

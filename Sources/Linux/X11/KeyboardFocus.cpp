@@ -6,9 +6,7 @@ namespace perchly {
 
 namespace {
 
-constexpr std::chrono::milliseconds retryInterval{10};
-constexpr int maxTries = 50;
-// How long a window manager may take before the focus is moved without it. There may be none.
+// How long to wait for the window manager, if there is one, before moving the focus without it.
 constexpr std::chrono::milliseconds managerTimeout{150};
 constexpr quint32 fromPager = 2;
 
@@ -16,10 +14,8 @@ constexpr quint32 fromPager = 2;
 
 KeyboardFocus::KeyboardFocus(XcbConnection &connection)
     : m_connection(connection) {
-    m_retry.setInterval(retryInterval);
     m_leave.setSingleShot(true);
     m_leave.setInterval(managerTimeout);
-    connect(&m_retry, &QTimer::timeout, this, &KeyboardFocus::tryAgain);
     connect(&m_leave, &QTimer::timeout, this, [this] {
         if (current() != m_leaving) {
             return;
@@ -27,7 +23,7 @@ KeyboardFocus::KeyboardFocus(XcbConnection &connection)
         if (m_wanted == XCB_WINDOW_NONE) {
             restoreDirectly();
         } else {
-            startTrying();
+            setFocus(m_wanted);
         }
     });
 }
@@ -39,18 +35,15 @@ xcb_window_t KeyboardFocus::current() {
 }
 
 void KeyboardFocus::take(xcb_window_t window) {
-    m_retry.stop();
     m_leave.stop();
     const xcb_window_t holder = current();
     if (holder != window) {
         m_before = {activeWindow(), holder};
-        m_wanted = window;
-        startTrying();
+        setFocus(window);
     }
 }
 
 void KeyboardFocus::giveBack(xcb_window_t from) {
-    m_retry.stop();
     if (current() != from) {
         return;
     }
@@ -92,7 +85,6 @@ bool KeyboardFocus::isNobody(xcb_window_t holder) {
 }
 
 void KeyboardFocus::activate(xcb_window_t window) {
-    m_retry.stop();
     askWindowManager(window);
     expectLeaving(current(), window);
 }
@@ -144,18 +136,6 @@ void KeyboardFocus::expectLeaving(xcb_window_t holder, xcb_window_t wanted) {
     m_leaving = holder;
     m_wanted = wanted;
     m_leave.start();
-}
-
-void KeyboardFocus::startTrying() {
-    m_triesLeft = maxTries;
-    m_retry.start();
-    tryAgain();
-}
-
-void KeyboardFocus::tryAgain() {
-    if (--m_triesLeft < 0 || (isViewable(m_wanted) && setFocus(m_wanted))) {
-        m_retry.stop();
-    }
 }
 
 } // namespace perchly

@@ -16,8 +16,7 @@ public:
     /// The window with the focus; XCB_WINDOW_NONE if there is none or the server does not answer.
     [[nodiscard]] xcb_window_t current();
 
-    /// Gives the focus to an unmanaged window and remembers who had it. A window that is not mapped
-    /// yet gets it as soon as it is.
+    /// Gives the focus to an unmanaged window that is shown, and remembers who had it.
     void take(xcb_window_t window);
 
     /// Gives the focus back to the remembered window, unless it has gone elsewhere meanwhile.
@@ -28,7 +27,7 @@ public:
     /// here.
     void pressedOutside(xcb_window_t holder);
 
-    /// Takes the focus again if nobody has it any more: the window that had it was closed, and the
+    /// Takes the focus again if it was lost: the window that had it was closed, and the
     /// window manager parked it on the root or on a window of its own outside the screen. Who gets
     /// it back afterwards does not change.
     void retakeFromNobody(xcb_window_t window);
@@ -52,15 +51,10 @@ private:
     /// Waits for the window manager to move the focus away from `holder`; if it does not, gives it
     /// to `wanted`, or back.
     void expectLeaving(xcb_window_t holder, xcb_window_t wanted);
-    void startTrying();
-    void tryAgain();
 
     XcbConnection &m_connection;
     Holder m_before;
-    /// Gets the focus once it is viewable; none when the focus is to be given back.
-    xcb_window_t m_wanted = XCB_WINDOW_NONE;
-    int m_triesLeft = 0;
-    QTimer m_retry;
+    xcb_window_t m_wanted = XCB_WINDOW_NONE;  ///< none when the focus is to be given back
     xcb_window_t m_leaving = XCB_WINDOW_NONE; ///< the window manager should take the focus from it
     QTimer m_leave;
 };

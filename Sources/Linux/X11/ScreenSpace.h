@@ -20,7 +20,7 @@ public:
         double pixelRatio = 1;
     };
 
-    /// The primary display comes first. Without any, pixels are taken for points.
+    /// The primary display comes first. Without any, pixels count as points.
     explicit ScreenSpace(QList<Screen> screens);
 
     /// The current displays. Main thread only.

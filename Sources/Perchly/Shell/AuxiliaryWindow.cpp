@@ -33,7 +33,7 @@ AuxiliaryWindow::AuxiliaryWindow(QQmlEngine &engine, const WindowContent &conten
     setTitle(content.title);
     setColor(background);
     setResizeMode(SizeRootObjectToView);
-    setPersistentSceneGraph(false); // a hidden window keeps no picture of itself
+    setPersistentSceneGraph(false); // a hidden window keeps no textures
     m_rest.setSingleShot(true);
     connect(&m_rest, &QTimer::timeout, this, &AuxiliaryWindow::giveMemoryBack);
     setGeometry(centred(content.size));

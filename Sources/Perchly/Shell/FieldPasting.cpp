@@ -25,7 +25,7 @@ void placeCursor(QQuickItem *field, QPointF at) {
         QMetaObject::invokeMethod(field, "positionAt", Q_RETURN_ARG(int, position),
                                   Q_ARG(qreal, at.x()), Q_ARG(qreal, at.y()));
     } else {
-        position = field->property("cursorPosition").toInt(); // the press has put it there
+        position = field->property("cursorPosition").toInt(); // set by the press already
     }
     field->setProperty("cursorPosition", position);
 }

@@ -92,7 +92,7 @@ private Q_SLOTS:
         source()->setUrls({QUrl(QStringLiteral("https://example.org/slip"))});
         const QSignalSpy dragged(source(), &DragSource::draggingChanged);
         const QPoint start = m_window->position() + QPoint(100, 60);
-        const XClient user; // quicker than this program looks
+        const XClient user; // faster than this program reads events
         user.movePointer(start);
         user.pressButton();
         user.movePointer(start + QPoint(0, 40));

@@ -23,7 +23,7 @@ private Q_SLOTS:
             return QPointF(point.x, point.y);
         };
         QCOMPARE(points(oneDisplay, {100, 799}), QPointF(100, 0));
-        // The origin is the primary display's, wherever it stands.
+        // The origin is the primary display's, wherever that is.
         QCOMPARE(points(mixedDisplays, {3840, 200}), QPointF(0, 1079));
         QCOMPARE(points(mixedDisplays, {1000, 500}), QPointF(-3340, 1029.5));
         // A place beside all displays belongs to the nearest.

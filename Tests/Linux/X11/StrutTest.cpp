@@ -17,7 +17,7 @@ Strut partial(const Values &values) {
     return Strut::fromProperties(values, {});
 }
 
-// Along the whole width, as old programs say it.
+// _NET_WM_STRUT, along the whole edge.
 Strut whole(const Values &values) {
     return Strut::fromProperties({}, values);
 }
