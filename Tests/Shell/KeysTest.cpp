@@ -94,7 +94,7 @@ private Q_SLOTS:
     void answersTheMenusKeysInEveryWindow() {
         ShellFixture shell;
         QVERIFY(shell.fake.keys.press(Qt::Key_Comma, Modifier::Command, QStringLiteral(",")));
-        QVERIFY(shell.delegate->settingsWindow() != nullptr);
+        QCOMPARE(shell.fake.panel.activated.size(), 1);
         QVERIFY(!shell.fake.keys.press(Qt::Key_Comma, {}, QStringLiteral(",")));
         QVERIFY2(!shell.fake.keys.press(Qt::Key_Q, Modifier::Command | Modifier::Shift),
                  "another program's chord must not quit this one");

@@ -52,15 +52,9 @@ public:
     [[nodiscard]] ShelfModel &model() { return m_model; }
     [[nodiscard]] ShelfLibrary &library() { return m_library; }
     [[nodiscard]] Productivity &productivity() { return m_productivity; }
-    [[nodiscard]] VolumeMixer &mixer() { return m_mixer; }
     /// Made on first use.
     [[nodiscard]] ShelfExtras &extras();
     [[nodiscard]] ShelfOpener &opener() { return m_opener; }
-
-    /// A window once it was made.
-    [[nodiscard]] QWindow *toolsWindow() const { return m_toolsWindow.get(); }
-    [[nodiscard]] QWindow *settingsWindow() const { return m_settingsWindow.get(); }
-    [[nodiscard]] QWindow *mixerWindow() const { return m_mixerWindow.get(); }
 
     // ShellActions
     void showShelf() override { m_opener.setExpanded(true); }

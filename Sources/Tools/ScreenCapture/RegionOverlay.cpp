@@ -29,18 +29,10 @@ QString hintText() {
     return QStringLiteral("Drag to select  ·  Esc cancels");
 }
 
-QImage dimmedCopy(const QImage &picture) {
-    QImage dimmed = picture;
-    QPainter painter(&dimmed);
-    painter.fillRect(dimmed.rect(), dimming);
-    return dimmed;
-}
-
 } // namespace
 
 RegionOverlay::RegionOverlay(QImage picture, QList<QRect> displays, double scale)
     : m_picture(std::move(picture))
-    , m_dimmed(dimmedCopy(m_picture))
     , m_displays(std::move(displays))
     , m_scale(scale)
     , m_font(QStringLiteral("Inter"))
@@ -201,7 +193,8 @@ void RegionOverlay::drawRegion(QPainter &painter) const {
 void RegionOverlay::paintEvent(QPaintEvent *event) {
     QPainter painter(this);
     for (const QRect &part : event->region()) {
-        painter.drawImage(part.topLeft(), m_dimmed, part);
+        painter.drawImage(part.topLeft(), m_picture, part);
+        painter.fillRect(part, dimming);
     }
     if (m_region) {
         drawRegion(painter);

@@ -51,7 +51,6 @@ private:
     void drawRegion(QPainter &painter) const;
 
     QImage m_picture;
-    QImage m_dimmed;
     QList<QRect> m_displays;
     double m_scale;
     QFont m_font;
