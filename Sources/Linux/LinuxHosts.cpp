@@ -189,7 +189,7 @@ WindowSystemChoice::WindowSystemChoice() {
         m_setsDelay = qputenv(drawingDelay, "0");
     }
     if (!qEnvironmentVariableIsSet(platformName)) {
-        m_connection = connectToXServer();
+        m_connection = connectWithTimeout();
         m_setsPlatform = qputenv(platformName, m_connection ? "xcb" : "offscreen");
     }
 }

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "ConnectWithTimeout.h"
 #include "Hosts.h"
 #include "SingleInstance.h"
-#include "XServerReach.h"
 
 #include <QByteArray>
 

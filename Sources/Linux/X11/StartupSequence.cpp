@@ -1,7 +1,7 @@
 #include "StartupSequence.h"
 
+#include "ConnectWithTimeout.h"
 #include "XcbPointer.h"
-#include "XServerReach.h"
 
 #include <mutex>
 #include <optional>
@@ -46,7 +46,7 @@ std::optional<xcb_timestamp_t> serverTime(xcb_connection_t *connection) {
 
 QByteArray begin(const QByteArray &name) {
     const std::lock_guard lock(mutex());
-    const XConnectionPointer connection = connectToXServer({}, nullptr, timeout);
+    const XConnectionPointer connection = connectWithTimeout(timeout);
     const auto time = connection ? serverTime(connection.get()) : std::nullopt;
     if (!time) {
         return {};
@@ -64,7 +64,7 @@ QByteArray begin(const QByteArray &name) {
 
 void withdraw(const QByteArray &identifier) {
     const std::lock_guard lock(mutex());
-    const XConnectionPointer connection = connectToXServer({}, nullptr, timeout);
+    const XConnectionPointer connection = connectWithTimeout(timeout);
     if (connection) {
         SnDisplay *display = sn_xcb_display_new(connection.get(), nullptr, nullptr);
         SnLauncheeContext *context = sn_launchee_context_new(display, 0, identifier.constData());

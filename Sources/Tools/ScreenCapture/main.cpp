@@ -1,6 +1,6 @@
+#include "ConnectWithTimeout.h"
 #include "RegionOverlay.h"
 #include "RootPicture.h"
-#include "XServerReach.h"
 
 #include <QGuiApplication>
 #include <QImageWriter>
@@ -88,7 +88,7 @@ int main(int argc, char **argv) {
         std::fputs("usage: perchly-screencapture -i -x FILE\n", stderr);
         return usage;
     }
-    const XConnectionPointer connection = connectToXServer();
+    const XConnectionPointer connection = connectWithTimeout();
     if (!connection) {
         return fail("there is no X display to capture");
     }
