@@ -19,7 +19,7 @@ class PanelHost : public QObject {
 public:
     using QObject::QObject;
 
-    /// Prepares the panel's window. Call it once, before the window is shown and before the others.
+    /// Creates and prepares the panel's window. Call it once, before anything else.
     virtual void attach(QWindow *panel) = 0;
 
     /// Moves the panel to the frame at once. The window is larger than the frame by the margins,

@@ -47,11 +47,7 @@ void X11PanelHost::attach(QWindow *panel) {
     preparePanel(*panel);
     panel->installEventFilter(this);
     connect(panel, &QWindow::screenChanged, this, &X11PanelHost::applyShape);
-    if (panel->handle()) {
-        prepareNativeWindow();
-    } else {
-        panel->create();
-    }
+    panel->create();
 }
 
 void X11PanelHost::place(const ScreenRect &frame, const QMarginsF &margins) {
