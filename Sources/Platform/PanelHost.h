@@ -29,8 +29,8 @@ public:
     /// Shows the panel above the other windows without taking the keyboard.
     virtual void orderFront() = 0;
 
-    /// Where the panel takes the pointer, in the window's device pixels (y down). Elsewhere clicks go
-    /// to the window below. Without transparency, nothing else is painted either.
+    /// Where the panel takes the pointer, in the window's device pixels (y down). Elsewhere clicks
+    /// go to the window below. Without transparency, nothing else is painted either.
     virtual void setShape(const QRegion &shape) = 0;
 
     /// Gives the panel the keyboard and remembers which window had it.
@@ -45,8 +45,8 @@ public:
     /// Shows one of the program's ordinary windows, above the others and with the keyboard.
     virtual void activate(QWindow *window) = 0;
 
-    /// Whether windows can be transparent. Without it the panel has no shadow and its shape has hard
-    /// edges.
+    /// Whether windows can be transparent. Without it the panel has no shadow and its shape has
+    /// hard edges.
     [[nodiscard]] virtual bool isComposited() const = 0;
 
     /// The screen point of a pointer event's global position (in Qt's points, y down).
