@@ -18,6 +18,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto backupPause = 400ms;
+constexpr auto retryPause = 30s;
 
 void tell(const QString &line) {
     std::fputs(qPrintable(QStringLiteral("perchly: %1\n").arg(line)), stderr);
@@ -41,6 +42,8 @@ PreferenceFile::PreferenceFile(const QString &path)
     m_pause.setSingleShot(true);
     m_pause.setInterval(backupPause);
     connect(&m_pause, &QTimer::timeout, this, &PreferenceFile::backUp);
+    m_retry.setInterval(retryPause);
+    connect(&m_retry, &QTimer::timeout, this, &PreferenceFile::save);
     m_pool.setMaxThreadCount(1);
     m_pool.setExpiryTimeout(5000);
     load();
@@ -105,7 +108,11 @@ void PreferenceFile::save() {
         m_failureTold = false;
         m_written = bytes;
         m_pause.start();
-    } else if (!std::exchange(m_failureTold, true)) {
+        m_retry.stop();
+        return;
+    }
+    m_retry.start();
+    if (!std::exchange(m_failureTold, true)) {
         tell(QStringLiteral("cannot write the preferences %1: %2; trying again later")
                  .arg(m_path, error));
         QMetaObject::invokeMethod(

@@ -17,9 +17,9 @@ namespace perchly {
 /// else an empty object, takes its place. Edits by other programs while this one runs are
 /// overwritten.
 ///
-/// A write that fails is tried again with the next set and by the destructor. Problems are reported
-/// on stderr: a damaged file once, failing writes once until one succeeds. Main thread only; the
-/// destructor waits for the disk.
+/// A write that fails is tried again every 30 s, with the next set and by the destructor. Problems
+/// are reported on stderr: a damaged file once, failing writes once until one succeeds. Main thread
+/// only; the destructor waits for the disk.
 class PreferenceFile : public QObject {
     Q_OBJECT
 public:
@@ -51,6 +51,7 @@ private:
     bool m_saved = true;
     bool m_failureTold = false;
     QTimer m_pause; ///< until the backup, as flushing delays the next write
+    QTimer m_retry; ///< while a write has failed
     QThreadPool m_pool;
 };
 
