@@ -69,19 +69,21 @@ PreviewWindow::~PreviewWindow() = default;
 void PreviewWindow::handle(const PreviewRequest &request) {
     const QUrl shown = m_items.value(m_index);
     if (isVisible() && !isOnShownDesktop()) {
-        hide(); // it is shown anew on this one
-    }
-    const bool isSeen = isVisible() && !isMinimized();
-    if (request.toggle && isSeen && request.items.at(request.index) == shown) {
-        close();
-        return;
-    }
-    if (isVisible() && !isSeen) {
-        comeToFront();
+        hide(); // and shows it on this desktop below
     }
     m_items = request.items;
     m_index = request.index;
-    showItem();
+    const bool toggles = request.toggle && isVisible() && m_items.at(m_index) == shown;
+    if (toggles && !isMinimized()) {
+        close();
+        return;
+    }
+    if (isVisible() && isMinimized()) {
+        comeToFront();
+    }
+    if (!toggles) {
+        showItem();
+    }
 }
 
 void PreviewWindow::step(qsizetype by) {
@@ -240,7 +242,8 @@ void PreviewWindow::present(QWidget *view, const QSize &wanted) {
     frame.moveTop(std::clamp(frame.top(), inner.top(),
                              std::max(inner.top(), inner.bottom() + 1 - frame.height())));
     setGeometry(frame);
-    if (!isMinimized()) { // else the person put it away meanwhile
+    // The user may have minimised it or gone to another desktop while the item was read.
+    if (!isVisible() || (!isMinimized() && isOnShownDesktop())) {
         comeToFront();
     }
 }

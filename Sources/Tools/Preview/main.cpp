@@ -31,7 +31,11 @@ int main(int argc, char **argv) {
     QTimer idle;
     idle.setSingleShot(true);
     idle.setInterval(linger);
-    QObject::connect(&idle, &QTimer::timeout, [] { QApplication::quit(); });
+    QObject::connect(&idle, &QTimer::timeout, [&window] {
+        if (!window.isVisible()) { // moving to another desktop hides it for a moment
+            QApplication::quit();
+        }
+    });
     QObject::connect(&window, &PreviewWindow::closed, &idle, qOverload<>(&QTimer::start));
     QObject::connect(&reader, &RequestReader::requested, &window,
                      [&](const PreviewRequest &request) {
