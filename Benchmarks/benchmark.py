@@ -177,7 +177,8 @@ def measure_cost(session, program, costs, seconds):
 
 
 def measure_dock(times, costs, options):
-    with measured_session("plank", compositor="picom") as session:
+    with measured_session("plank") as session:
+        session.start_compositor()
         starts = []
         dock = None
         for _ in range(min(options.rounds, 20)):

@@ -81,7 +81,7 @@ class Owner:
 
 
 def measure(name, command, options):
-    session = Session(command[0], size=(640, 480)).start()
+    session = Session(command[0], size=(640, 480))
     try:
         watcher = subprocess.Popen(
             command,

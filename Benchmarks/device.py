@@ -22,7 +22,7 @@ import calendars
 from measuring import high, measured_session
 from painting import Painting
 from processes import cpu_seconds
-from perchly_session.players import moving_picture
+from perchly_session.other_programs import moving_picture
 from perchly_session.waiting import wait_until
 
 AROUND = (400, 250, 480, 300)  # in the middle, where every preview's window is
@@ -150,10 +150,10 @@ def samples(session, picture):
 
 def cost_of_polls(session):
     """Milliseconds of CPU in 95 seconds at rest, with a calendar that may be read."""
-    calendar = Path(session.environment["HOME"], ".calendars", "all", "all.ics")
+    calendar = session.home / ".calendars" / "all" / "all.ics"
     calendar.parent.mkdir(parents=True)
     calendar.write_text(calendars.calendar(calendars.make_events(10_000)), newline="")
-    consent = Path(session.environment["XDG_CONFIG_HOME"], "perchly/permissions/calendars.json")
+    consent = session.preferences_file.parent / "permissions" / "calendars.json"
     consent.parent.mkdir(parents=True)
     consent.write_text('{"readCalendars": true}')
     consent.chmod(0o600)

@@ -15,7 +15,7 @@ AWAY = (200, 600)
 @contextmanager
 def measured_session(program, **options):
     """A session whose pointer is away and whose programs do not serve a screen reader."""
-    session = Session(program, size=SIZE, **options).start()
+    session = Session(program, size=SIZE, **options)
     try:
         session.environment.pop("QT_LINUX_ACCESSIBILITY_ALWAYS_ON")
         session.screen.move_to(*AWAY)
@@ -25,8 +25,7 @@ def measured_session(program, **options):
 
 
 def install_applications(session, count):
-    folder = Path(session.environment["XDG_DATA_HOME"]) / "applications"
-    folder.mkdir(parents=True)
+    folder = session.data_folder("applications")
     for number in range(count):
         text = f"[Desktop Entry]\nType=Application\nName=Application {number}\nExec=true\n"
         (folder / f"application-{number}.desktop").write_text(text)

@@ -2,7 +2,7 @@
 """Measures the search of the workspace window from outside: from a key to the painted rows.
 
 It looks through 2,000 applications, 30 copies, 200 snippets and 500 held links; rofi looks through
-the same applications in the same session. PERCHLY_DRAG_SOURCE names the tests' program that drags.
+the same applications in the same session. PERCHLY_DRAG_PARTNER names the tests' program that drags.
 Usage: search.py PROGRAM [--rounds N]
 """
 
@@ -16,8 +16,7 @@ from pathlib import Path
 
 from measuring import high, install_applications, measured_session
 from painting import keys_to_paint
-from perchly_session.clipboard import ClipboardOwner
-from perchly_session.dragging import DragSource
+from perchly_session.other_programs import DragPartner, copy
 from perchly_session.waiting import wait_until
 
 TITLE = "Perchly Workspace"
@@ -60,7 +59,7 @@ def measure_perchly(session, rounds):
     wait_until(lambda: screen.focus() == window.id, "the window with the keyboard")
     choose(screen, FILES)
     links = [f"https://example.org/{number}" for number in range(LINKS)]
-    source = DragSource(session, *links)
+    source = DragPartner(session, *links)
     x, y, width, height = program.window(TITLE).rect
     middle = (x + width // 2, y + height // 2 + 60)
     assert source.drag_to((middle[0] - 10, middle[1]), middle) == "copy"
@@ -72,9 +71,8 @@ def measure_perchly(session, rounds):
         screen.key(key)
         time.sleep(0.2)
     for number in range(COPIES):
-        owner = ClipboardOwner(session, f"UTF8_STRING=Copy {number}")
+        copy(session, f"Copy {number}")
         time.sleep(0.9)
-        owner.close()
     choose(screen, SEARCH)
     samples = keys_to_paint(screen, ROWS, KEYS, rounds)
     program.stop()

@@ -87,7 +87,7 @@ def opened(session, opener, action):
 
 def close(session, program, action):
     window = wait_until(lambda: program.window(WINDOWS[action]), WINDOWS[action])
-    session.screen.close_window(window)
+    session.screen.close_window(window.id)
     wait_until(lambda: not program.window(WINDOWS[action]), "the window closed")
     time.sleep(0.2)
 
@@ -109,7 +109,7 @@ def measure_opening(session, action, rounds):
 
 def rows_shown(screen):
     """Whether the list holds more than the window's plain colour."""
-    return len(set(screen.screenshot().pixels(*ROWS))) > 20
+    return len(set(screen.screenshot(ROWS).getdata())) > 20
 
 
 def measure_search(session, rounds):

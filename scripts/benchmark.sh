@@ -7,6 +7,6 @@ cd "$(dirname "$0")/.."
 
 scripts/setup.sh
 scripts/build.sh default perchly RingBenchmark ApplicationsBenchmark PasteboardWatcher \
-    RouteBenchmark RouteProbe drag_source
+    RouteBenchmark RouteProbe drag_partner
 build/Benchmarks/RingBenchmark
 exec /usr/bin/python3 -B Benchmarks/benchmark.py build/Sources/Perchly/Shell/perchly "$@"

@@ -4,19 +4,19 @@ import json
 import math
 import os
 import re
-import subprocess
 import time
 import uuid
 from pathlib import Path
 
-from Xlib import X, Xatom
+from PIL import Image, ImageDraw
+from Xlib import Xatom
 
-from perchly_session.picture import Picture
-from perchly_session.players import MPV_PLUGIN
+from perchly_session.other_programs import MPV
 from perchly_session.sound import Sound
 
 SKY = ((0x24, 0x2F, 0x66), (0x66, 0x55, 0x96), (0xC8, 0x6B, 0x85), (0xF6, 0xB2, 0x7A))
-HILLS = ((0.72, 0x8A5A86), (0.8, 0x5B4178), (0.9, 0x33285A))
+HILLS = ((0.72, "#8A5A86"), (0.8, "#5B4178"), (0.9, "#33285A"))
+MPV_PLUGIN = "/usr/lib/mpv-mpris/mpris.so"
 APPLICATIONS = "firefox-esr thunderbird libreoffice-writer org.inkscape.Inkscape audacity".split()
 WIDGETS = ("Focus timer", "Quick note", "Clock", "Calendar", "Music")
 OTHER_APPLICATIONS = ("chromium", "mpv")
@@ -44,8 +44,7 @@ class Desk:
 
     def __init__(self, session):
         self._session = session
-        self._home = Path(session.environment["HOME"])
-        self.held_file = self._home / "Documents" / HELD_FILE
+        self.held_file = session.home / "Documents" / HELD_FILE
         if "XDG_DATA_DIRS" in os.environ:
             session.environment["XDG_DATA_DIRS"] = os.environ["XDG_DATA_DIRS"]
         self.photo = session.folder / "photo.png"
@@ -59,8 +58,8 @@ class Desk:
         Sound(session)
 
     def play_track(self):
-        options = ["--no-config", "--no-terminal", "--no-video", "--ao=pipewire"]
-        self._session.spawn("mpv", *options, f"--script={MPV_PLUGIN}", str(self._track))
+        options = ("--no-video", "--ao=pipewire", f"--script={MPV_PLUGIN}")
+        self._session.spawn(*MPV, *options, str(self._track))
 
     def play_in_browser(self):
         page = self._session.folder / "page.html"
@@ -74,38 +73,24 @@ class Desk:
         ]
         self._session.spawn("chromium", *options, page.as_uri())
 
-    def copy(self, content, target="UTF8_STRING"):
-        """Copies text or bytes as another program does."""
-        data = content.encode() if isinstance(content, str) else content
-        command = ["xclip", "-selection", "clipboard", "-target", target]
-        quiet = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
-        subprocess.run(command, env=self._session.environment, input=data, check=True, **quiet)
-
     def _paint_wallpaper(self, screen):
         """Hills in the morning, where compositors and window managers look for the wallpaper."""
         width, height = screen.width, screen.height
-        picture = screen.root.create_pixmap(width, height, screen.root.get_geometry().depth)
-        pen = picture.create_gc()
-        for y in range(height):
-            place = y / height * (len(SKY) - 1)
-            above, below = SKY[int(place) : int(place) + 2]
-            red, green, blue = (
-                round(a + (b - a) * (place - int(place))) for a, b in zip(above, below)
-            )
-            pen.change(foreground=red << 16 | green << 8 | blue)
-            picture.fill_rectangle(pen, 0, y, width, 1)
+        sky = Image.new("RGB", (1, len(SKY)))
+        sky.putdata(SKY)
+        image = sky.resize((width, height), Image.Resampling.BILINEAR)
+        pen = ImageDraw.Draw(image)
         for number, (top, colour) in enumerate(HILLS):
-            pen.change(foreground=colour)
             for x in range(width):
                 wave = math.sin(x / 190 + 2 * number) + math.sin(x / 71 + 5 * number) / 3
-                y = round(top * height - 40 * wave)
-                picture.fill_rectangle(pen, x, y, 1, height - y)
-        screen.root.change_attributes(background_pixmap=picture)
+                pen.line((x, top * height - 40 * wave, x, height), colour)
+        image.crop((0, height - 400, 560, height)).save(self.photo)
+        pixmap = screen.root.create_pixmap(width, height, screen.root.get_geometry().depth)
+        pixmap.put_pil_image(pixmap.create_gc(), 0, 0, image)
+        screen.root.change_attributes(background_pixmap=pixmap)
         for name in ("_XROOTPMAP_ID", "ESETROOT_PMAP_ID"):
-            screen.root.change_property(screen.atom(name), Xatom.PIXMAP, 32, [picture.id])
+            screen.root.change_property(screen.atom(name), Xatom.PIXMAP, 32, [pixmap.id])
         screen.root.clear_area()
-        image = picture.get_image(0, height - 400, 560, 400, X.ZPixmap, 0xFFFFFFFF)
-        Picture(560, 400, bytes(image.data)).save(self.photo)
 
     def _store_preferences(self):
         entries = [
@@ -125,7 +110,7 @@ class Desk:
         )
 
     def _store_meetings(self):
-        folder = self._home / ".calendars" / "work"
+        folder = self._session.home / ".calendars" / "work"
         folder.mkdir(parents=True)
         for number, (title, minutes, length) in enumerate(MEETINGS):
             start, end = (_utc(minutes), _utc(minutes + length))
@@ -141,12 +126,9 @@ class Desk:
 
     def _make_track(self):
         tags = f'title="{TITLE}",artist="{ARTIST}"'
-        subprocess.run(
-            ["mpv", "--no-config", "--really-quiet", "av://lavfi:sine=frequency=220:duration=600",
-             "--oac=flac", "--of=flac", f"--oset-metadata={tags}", f"--o={self._track}"],
-            check=True,
-            timeout=60,
-        )
+        tone = "av://lavfi:sine=frequency=220:duration=600"
+        options = ("--oac=flac", f"--oset-metadata={tags}", f"--o={self._track}")
+        self._session.call(*MPV, tone, *options, timeout=60)
 
 
 def _application_entries(names):

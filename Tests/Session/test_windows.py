@@ -1,6 +1,7 @@
-"""The status item, the toolbar and the program's three windows."""
+"""The status item and the program's windows, used beside other programs."""
 
-from perchly_session.case import TOGGLE, SessionCase, main
+from perchly_session.case import SEARCH, TOGGLE, WORKSPACE, SessionCase
+from perchly_session.other_programs import DragPartner, pasted
 from perchly_session.waiting import wait_until
 
 MENU = [
@@ -11,57 +12,116 @@ MENU = [
     ("Settings…", [["Control", ","]]),
     ("Quit Perchly", [["Control", "Q"]]),
 ]
-WORKSPACE = ("Perchly Workspace", 660, 570)
-SETTINGS = ("Perchly Settings", 660, 600)
-MIXER = ("Perchly Volume Mixer", 600, 480)
+WINDOWS = {
+    "Workspace…": (WORKSPACE, 660, 570),
+    "Settings…": ("Perchly Settings", 660, 600),
+    "Volume Mixer…": ("Perchly Volume Mixer", 600, 480),
+    "Search…": (WORKSPACE, 660, 570),
+}
+NO_SOUND = "Requires macOS 14.2 or later."
+NO_MEETINGS = "No meetings in the next seven days."
+NO_CALENDARS = (
+    "Calendar access denied. Enable it in System Settings → Privacy & Security → Calendars."
+)
+COPIED = "Copied. Paste into your app with ⌘V."
+URLS = ["file:///etc/hosts", "file:///etc", "https://example.org/page", "ftp://example.org/file"]
+OCEAN = (5, 20, 36)
 
 
 class WindowTest(SessionCase):
-    def start_with_status_item(self, **options):
-        self.start(status_watcher=True, **options)
-        self.item = self.session.status_item()
-
-    def open_shelf(self):
-        self.screen.key(*TOGGLE)
-        self.expect_frame(self.expanded_frame(), "the shelf open")
-
-    def expect_window(self, title, width, height):
-        window = wait_until(lambda: self.program.window(title), title)
-        self.assertEqual((window.width, window.height), (width, height))
-        wait_until(lambda: self.screen.focus() == window.id, f"{title} with the keyboard")
-        self.expect_frame(self.compact_frame(), "the shelf closed")
-        return window
-
-    def test_the_status_item_opens_each_window_and_opens_it_again(self):
-        self.start_with_status_item()
-        for entry, window in (
-            ("Workspace…", WORKSPACE),
-            ("Settings…", SETTINGS),
-            ("Volume Mixer…", MIXER),
-            ("Search…", WORKSPACE),
-        ):
+    def test_the_status_item_opens_windows_and_quits(self):
+        self.start()
+        item = self.session.start_status_watcher()
+        self.assertEqual([entry[1:] for entry in item.menu()], MENU)
+        for entry, (title, *size) in WINDOWS.items():
             with self.subTest(entry=entry):
-                self.open_shelf()
-                self.item.choose(entry)
-                first = self.expect_window(*window)
-                names, icon = self.screen.task_bar_facts(first)
-                self.assertIn("perchly", names)  # as the desktop entry says
-                self.assertGreater(icon, 16 * 16)
+                self.screen.key(*TOGGLE)
+                self.expect_open()
+                item.choose(entry)
+                first = self.window(title)
+                self.expect_pill()
+                self.assertEqual(first.rect[2:], (*size,))
+                resource = self.screen.resource(first.id)
+                self.assertIn("perchly", resource.get_wm_class())  # as the desktop entry says
+                self.assertGreater(len(self.screen.property(resource, "_NET_WM_ICON")), 16 * 16)
                 for put_away in (self.screen.close_window, self.screen.minimize):
-                    # Its window may be there before it has sent all that belongs to showing it.
+                    # The window may be there before it has sent everything about showing it.
                     wait_until(self.program.rests, "the program at rest", interval=0)
-                    put_away(first)
-                    wait_until(lambda: not self.program.window(window[0]), "the window away")
-                    self.item.choose(entry)
-                    self.assertEqual(self.expect_window(*window).id, first.id)
+                    put_away(first.id)
+                    self.expect_closed(title)
+                    item.choose(entry)
+                    self.assertEqual(self.window(title).id, first.id)
+                if entry == "Volume Mixer…":
+                    self.tree.find(NO_SOUND)
+        item.choose("Quit Perchly")
+        self.assertEqual(self.program.process.wait(10), 0)
 
-    def test_the_status_item_lists_its_entries_and_quits(self):
-        self.start_with_status_item()
-        self.assertEqual([entry[1:] for entry in self.item.menu()], MENU)
-        self.item.choose("Quit Perchly")
-        wait_until(lambda: not self.program.running(), "the end")
-        self.assertEqual(self.program.stop(), 0, self.program.errors())
+    def test_settings_change_the_shelf_at_once(self):
+        self.start_session(size=(2080, 800))
+        self.session.add_monitor(0, (0, 0, 1280, 800))
+        self.session.add_monitor(1, (1280, 0, 800, 600))
+        self.run_program()
+        self.screen.key(*TOGGLE)
+        self.expect_keyboard()
+        self.screen.key("Control_L", "comma")
+        self.window("Perchly Settings")
+        self.click("Preferences", "radio button")
+        self.click("Theme", "combo box")
+        self.click("Ocean", "list item")
+        self.click("Display", "combo box")
+        self.click("monitor1", "list item")
+        self.expect_frame((1535, 0, 290, 34), "the shelf on the other display")
+        x, y, width, height = self.program.frame()
+        ocean = lambda: self.screen.shows(OCEAN, x + width // 2, y + height - 4, 0)
+        wait_until(ocean, "the shelf in the colour of the theme")
 
+    def test_files_are_dropped_on_the_window_and_dragged_out(self):
+        self.start(size=(2400, 1000))  # beside the drag partner
+        self.open_workspace("Files")
+        partner = DragPartner(self.session, *URLS)
+        x, y = self.tree.find("Drop here").centre
+        self.assertEqual(partner.drag_to((x - 10, y), (x, y)), "copy")
+        self.tree.find("hosts", "list item")
+        self.assertEqual(self.tree.rows(), ["hosts", "etc", "https://example.org/page"])
+        x, y, _, _ = self.tree.find("hosts", "list item").extents
+        self.assertEqual(partner.drag_from((x + 200, y + 14)), URLS[:1])
+        self.assertEqual(partner.drag_from(self.tree.find("Drag all 3").centre), URLS[:3])
+        self.click("Copy path / link", subject="hosts")
+        self.tree.find(COPIED)
+        self.assertEqual(pasted(self.session), "/etc/hosts")
 
-if __name__ == "__main__":
-    main()
+    def test_the_search_launches_an_application(self):
+        self.start_session()
+        trace = self.session.folder / "trace"
+        self.session.install("Zebra", f"touch {trace}")
+        self.run_program()
+        self.screen.key(*SEARCH)
+        self.window(WORKSPACE)
+        self.screen.type_text("zeb")
+        self.tree.find("Zebra", "list item")
+        self.screen.key("Return")
+        wait_until(trace.exists, "the application")
+
+    def test_a_shortcut_runs(self):
+        self.start_session()
+        trace = self.session.folder / "trace"
+        script = self.session.data_folder("perchly/shortcuts") / "Make tea.sh"
+        script.write_text(f"#!/bin/sh\necho x >> {trace}\n")
+        script.chmod(0o755)
+        self.run_program()
+        self.open_workspace("Shortcuts")
+        self.click("Run", subject="Make tea")
+        self.tree.find("Finished: Make tea")
+        self.assertEqual(trace.read_text(), "x\n")
+
+    def test_meetings_are_shown_while_the_user_allows(self):
+        self.start_session()
+        (self.session.home / ".calendars" / "work").mkdir(parents=True)
+        self.run_program()
+        self.open_workspace("Meetings")
+        for answer, text in (("Allow", NO_MEETINGS), ("Stop Reading", NO_CALENDARS)):
+            self.click("Connect Calendar")
+            self.window("Calendars")
+            self.click(answer)
+            self.window(WORKSPACE)
+            self.tree.find(text)

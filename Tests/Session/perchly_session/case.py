@@ -1,6 +1,5 @@
-"""The base of the session tests."""
+"""The base of the session tests, and what they do with the program."""
 
-import math
 import os
 import re
 import sys
@@ -12,44 +11,74 @@ from .session import Session
 from .waiting import wait_until, wait_while
 
 TOGGLE = ("Control_L", "Alt_L", "space")
+SEARCH = ("Control_L", "Alt_L", "k")
+PILL = (495, 0, 290, 34)
+OPEN = (310, 0, 660, 429)
+AWAY = (640, 740)
+WORKSPACE = "Perchly Workspace"
 NO_BUS = "perchly: no session bus: .*"
-# Qt's line when a test asks for an element that has just gone.
-GONE = "perchly: Could not find accessible on path: .*"
-LARGEST_COMPACT = 290 * 34 * 2
+GONE = "perchly: Could not find accessible on path: .*"  # a test asked for what has just gone
+WINDOW_MANAGER = os.environ.get("PERCHLY_WINDOW_MANAGER", "openbox")
 
 
-def default_window_manager():
-    return os.environ.get("PERCHLY_WINDOW_MANAGER", "openbox")
+class User:
+    """What tests and the scene do with self.program, self.screen and self.tree."""
+
+    def click(self, name, role="push button", subject=None):
+        self.screen.click(*self.tree.find(name, role, subject).centre)
+
+    def window(self, title):
+        """Waits for a window with the keyboard."""
+        window = wait_until(lambda: self.program.window(title), title)
+        wait_until(lambda: self.screen.focus() == window.id, f"{title} with the keyboard")
+        return window
+
+    def expect_closed(self, title):
+        wait_until(lambda: not self.program.window(title), f"{title} closed")
+
+    def open_workspace(self, section):
+        self.screen.key(*SEARCH)
+        window = self.window(WORKSPACE)
+        self.choose_section(section)
+        return window
+
+    def choose_section(self, name):
+        self.click("Tools", "combo box")
+        self.click(name, "list item")
+        self.tree.find("Tools", "combo box", name)
+
+    def on_pill(self):
+        """The middle of the shelf."""
+        x, y, width, height = self.program.frame()
+        return x + width // 2, y + height // 2
 
 
-class SessionCase(unittest.TestCase):
-    """Gives each test a session of its own under the window manager that
-    PERCHLY_WINDOW_MANAGER names, and shows what went on when the test fails. A line on the
-    program's stderr fails the test, unless it matches one of `expected_errors` as a whole."""
+class SessionCase(unittest.TestCase, User):
+    """Gives each test a session under the window manager PERCHLY_WINDOW_MANAGER, and leaves a
+    picture of it when the test fails. A line on the program's stderr fails the test, unless one of
+    `expected_errors` matches it."""
 
     maxDiff = None
     expected_errors = ()
 
     def start_session(self, **options):
-        """Ends the session that the test had before, with its programs."""
+        """Ends the test's session before this one, with its programs."""
         self.doCleanups()
-        options.setdefault("window_manager", default_window_manager())
+        options = {"window_manager": WINDOW_MANAGER} | options
         self.session = Session(os.environ["PERCHLY_PROGRAM"], **options)
         self.addCleanup(self._end_session, self.session)
-        self.session.start()
         self.screen = self.session.screen
-        self.screen.move_to(self.screen.width // 2, self.screen.height - 60, step=100)
-        return self.session
+        self.screen.move_to(*AWAY, step=100)
 
     def start(self, preferences=None, **options):
         """A session with the program in it."""
         self.start_session(**options)
         self.session.store(**(preferences or {}))
-        return self.run_program()
+        self.run_program()
 
     def run_program(self):
         self.program = self.session.run()
-        return self.program
+        self.tree = self.program.accessibility()
 
     def other_window(self, *arguments, **options):
         """Another program's window, not shown yet."""
@@ -57,95 +86,49 @@ class SessionCase(unittest.TestCase):
         self.addCleanup(other.close)
         return other
 
-    # The keyboard
-
-    def go_to(self, *names, subject=None):
-        """Presses Tab, and arrows inside a list, until a control of one of those names (for that
-        entry) has the keyboard; returns its name."""
-        tree = self.program.accessibility()
-        seen = []
-
-        def there():
-            node = tree.focused()
-            if node and node.name in names and subject in (None, node.description):
-                return node.name
-            seen.append(node.name if node else None)
-            self.screen.key(tree.key_towards(names, subject))
-            return None
-
-        try:
-            return wait_until(there, f"the keyboard on one of {names}", timeout=30, interval=0.05)
-        except AssertionError as problem:
-            raise AssertionError(f"{problem}; on the way it was on {seen}") from None
-
-    # What the shelf looks like from outside
-
-    def expect_frame(self, frame, what, timeout=10):
+    def expect_frame(self, frame, what):
         """Waits until the shelf has exactly this frame (x, y, width, height)."""
         try:
-            wait_until(lambda: self.program.frame() == frame, what, timeout)
+            wait_until(lambda: self.program.frame() == frame, what)
         except AssertionError as problem:
             raise AssertionError(f"{problem}; the frame is {self.program.frame()}") from None
 
     def keeps_frame(self, frame, what, seconds):
-        """Shows that the shelf stays as it is. Its window keeps the open size for a moment when it
-        closes; what takes the pointer does not."""
-        is_open = frame[2] * frame[3] > LARGEST_COMPACT
+        wait_while(lambda: self.program.frame() == frame, what, seconds)
 
-        def same():
-            outline = self.program.outline()
-            open_now = outline[2] * outline[3] > LARGEST_COMPACT
-            return self.program.frame() == frame and open_now == is_open
+    def expect_pill(self):
+        self.expect_frame(PILL, "the shelf closed")
 
-        wait_while(same, what, seconds)
+    def expect_open(self):
+        self.expect_frame(OPEN, "the shelf open")
 
-    def compact_frame(self, edge="top", position=0.5, area=None, visible=None):
-        """Where the collapsed shelf hangs on a display."""
-        return self._place(edge, position, area, visible, {"top": (290, 34)}.get(edge, (34, 120)))
+    def expect_keyboard(self):
+        focused = lambda: self.screen.focus() == self.program.panel().id
+        wait_until(focused, "the shelf with the keyboard")
 
-    def expanded_frame(self, edge="top", position=0.5, area=None, visible=None):
-        """Where the open shelf hangs on a display, at scale 1."""
-        return self._place(edge, position, area, visible, {"top": (660, 519)}.get(edge, (694, 519)))
+    def hover(self):
+        self.screen.move_to(*self.on_pill())
+        self.expect_open()
 
-    def _place(self, edge, position, area, visible, size):
-        left, top, width, height = area or (0, 0, self.screen.width, self.screen.height)
-        _, visible_top, _, visible_height = visible or (left, top, width, height)
-        if edge == "top":
-            x = left + position * width - size[0] / 2
-            x = max(left, min(x, left + width - size[0]))
-            return math.floor(x + 0.5), top, *size
-        x = left if edge == "left" else left + width - size[0]
-        # Positions along a side count from the bottom.
-        y = visible_top + (1 - position) * visible_height - size[1] / 2
-        y = max(visible_top, min(y, visible_top + visible_height - size[1]))
-        return x, math.floor(y + 0.5), *size
+    def leave(self):
+        self.screen.move_to(*AWAY)
+        self.expect_pill()
 
-    def on_pill(self):
-        """A point inside the collapsed shelf."""
-        x, y, width, height = self.program.frame()
-        return x + width // 2, y + height // 2
-
-    def away(self):
-        """A point that no shelf covers."""
-        return self.screen.width // 2, self.screen.height - 60
-
-    # Endings
+    def expect_stored(self, **values):
+        stored = lambda: {key: self.session.preferences().get(key) for key in values}
+        wait_until(lambda: stored() == values, f"{values} stored")
 
     def _end_session(self, session):
-        result = self._outcome.result
-        problems = result.failures + result.errors
+        problems = self._outcome.result.failures + self._outcome.result.errors
         try:
-            if any(getattr(test, "test_case", test) is self for test, _ in problems):
+            if self in [getattr(test, "test_case", test) for test, _ in problems]:
                 self._report(session)
             for program in session.programs:
                 if program.running():
                     self.assertIn(program.stop(), (0, -15), program.errors())
-            for program in session.programs:
-                unexpected = [
-                    line
-                    for line in program.errors().splitlines()
-                    if not any(re.fullmatch(known, line) for known in (GONE, *self.expected_errors))
-                ]
+                known = "|".join((GONE, *self.expected_errors))
+                lines = program.errors().splitlines()
+                unexpected = [line for line in lines if not re.fullmatch(known, line)]
                 self.assertEqual(unexpected, [], "on the program's stderr")
         finally:
             session.stop()
@@ -153,16 +136,8 @@ class SessionCase(unittest.TestCase):
     def _report(self, session):
         folder = Path(os.environ.get("PERCHLY_SESSION_REPORTS", "session-reports"))
         folder.mkdir(parents=True, exist_ok=True)
-        if session.screen:
-            name = f"{self.id()}-{session.window_manager or 'bare'}"
-            session.screen.screenshot().save(folder / f"{name}.png")
-            print(f"screenshot: {folder}/{name}.png", file=sys.stderr)
+        picture = folder / f"{self.id()}-{session.window_manager or 'bare'}.png"
+        session.screen.screenshot().save(picture)
+        print(f"screenshot: {picture}", file=sys.stderr)
         for program in session.programs:
-            print(f"the program wrote:\n{program.errors()}", file=sys.stderr)
-            if program.running():
-                print(f"its windows: {program.windows()}", file=sys.stderr)
-                print(f"its frame: {program.frame()}", file=sys.stderr)
-
-
-def main():
-    unittest.main(verbosity=2)
+            print(f"windows {program.windows()}, wrote: {program.errors()}", file=sys.stderr)

@@ -1,118 +1,167 @@
-"""Programs that a person has open beside Perchly."""
+"""Programs beside Perchly: windows, hot keys, the clipboard, drag and drop, media players."""
 
-from Xlib import X, XK, Xatom, Xutil, display
+import json
+import os
+import subprocess
+import sys
+import time
+from pathlib import Path
+
+from Xlib import X, Xatom, Xutil, display
 
 from .waiting import wait_until
 
-LOCKS = (0, X.LockMask, X.Mod2Mask, X.LockMask | X.Mod2Mask)
-KEY_NAMES = {getattr(XK, name): name[3:] for name in dir(XK) if name.startswith("XK_")}
+SCRIPTED_PLAYER = Path(__file__).parents[2] / "ScriptHost" / "scripted_player.py"
+MPV = ("mpv", "--no-config", "--no-terminal")
 
 
 class OtherWindow:
-    """Another program's window, which remembers what is typed into it."""
+    """A window that remembers key and button presses; not shown yet. state and kind end the names
+    of its _NET_WM_STATE and _NET_WM_WINDOW_TYPE."""
 
-    def __init__(
-        self, screen, title="Other program", rect=(200, 300, 400, 200), state=None, managed=True
-    ):
-        self._screen = screen
+    def __init__(self, screen, rect=(200, 300, 400, 200), state=None, kind=None, managed=True):
+        self.screen = screen
         self.display = display.Display(screen.name)
-        x, y = rect[:2]
         events = X.KeyPressMask | X.ButtonPressMask | X.StructureNotifyMask
         self.window = self.display.screen().root.create_window(
             *rect, 0, X.CopyFromParent,
             background_pixel=0x3050A0, override_redirect=not managed, event_mask=events,
         )
-        self.window.set_wm_name(title)
+        self.id = self.window.id
+        self.window.set_wm_name("Other program")
         self.window.set_wm_class("other", "Other")
-        self.window.set_wm_hints(
-            flags=Xutil.InputHint | Xutil.StateHint, input=1, initial_state=Xutil.NormalState
-        )
-        self.window.set_wm_normal_hints(flags=Xutil.USPosition, x=x, y=y)
-        if state:
-            self._set_atoms("_NET_WM_STATE", [state])
-        self.display.flush()
-
-    @property
-    def id(self):
-        return self.window.id
-
-    def set_type(self, kind):
-        self._set_atoms("_NET_WM_WINDOW_TYPE", [f"_NET_WM_WINDOW_TYPE_{kind}"])
-
-    def reserve(self, edge, size):
-        """Makes the window a dock that reserves a strip of the screen for itself."""
-        self.set_type("DOCK")
-        at = ("left", "right", "top", "bottom").index(edge)
-        strut = [0] * 12
-        strut[at], strut[2 * at + 5] = size, max(self._screen.width, self._screen.height) - 1
-        name = self.display.get_atom("_NET_WM_STRUT_PARTIAL")
-        self.window.change_property(name, Xatom.CARDINAL, 32, strut)
-        self.display.flush()
-
-    def show(self):
-        self.window.map()
-        self.display.flush()
-        wait_until(
-            lambda: self.window.get_attributes().map_state == X.IsViewable, "the other window shown"
-        )
-        return self
-
-    def take_focus(self):
-        """Shows the window and waits until it has the keyboard."""
-        self.show()
-        if self._screen.has_window_manager():
-            self._screen.activate(self.id)
-        else:
-            self.window.set_input_focus(X.RevertToParent, X.CurrentTime)
-            self.display.flush()
-        wait_until(self.has_focus, "the other window with the keyboard")
-        return self
-
-    def has_focus(self):
-        return self._screen.focus() == self.id
-
-    def typed(self):
-        """The names of the keys pressed in this window since the last call."""
-        names = []
-        for event in self._events(X.KeyPress):
-            symbol = self.display.keycode_to_keysym(event.detail, 0)
-            names.append(KEY_NAMES.get(symbol, hex(symbol)))
-        return names
-
-    def clicks(self):
-        """How many button presses reached this window since the last call."""
-        return len(self._events(X.ButtonPress))
+        flags = Xutil.InputHint | Xutil.StateHint
+        self.window.set_wm_hints(flags=flags, input=1, initial_state=Xutil.NormalState)
+        self.window.set_wm_normal_hints(flags=Xutil.USPosition, x=rect[0], y=rect[1])
+        for name, value in (("_NET_WM_STATE", state), ("_NET_WM_WINDOW_TYPE", kind)):
+            if value:
+                self.change(name, Xatom.ATOM, [self.display.get_atom(f"{name}_{value}")])
 
     def close(self):
         if self.display:
             self.display.close()
         self.display = None
 
-    def _events(self, kind):
+    def events(self, kind):
+        """Those of this kind since the last call; others are dropped."""
         self.display.sync()
         taken = [self.display.next_event() for _ in range(self.display.pending_events())]
         return [event for event in taken if event.type == kind]
 
-    def _set_atoms(self, name, values):
-        atoms = [self.display.get_atom(value) for value in values]
-        self.window.change_property(self.display.get_atom(name), Xatom.ATOM, 32, atoms)
+    def change(self, name, kind, values):
+        self.window.change_property(self.display.get_atom(name), kind, 32, values)
+        self.display.flush()
+
+    def show(self):
+        self.window.map()
+        shown = lambda: self.window.get_attributes().map_state == X.IsViewable
+        wait_until(shown, "the other window shown")
+        return self
+
+    def take_focus(self):
+        """Shows the window and waits until it has the keyboard."""
+        self.show()
+        if self.screen.property(self.screen.root, "_NET_SUPPORTING_WM_CHECK"):
+            self.screen.activate(self.id)
+        else:
+            self.window.set_input_focus(X.RevertToParent, X.CurrentTime)
+            self.display.flush()
+        self.expect_focus()
+        return self
+
+    def expect_focus(self):
+        focused = lambda: self.screen.focus() == self.id
+        wait_until(focused, "the other window with the keyboard")
+
+    def typed(self):
+        """The codes of the keys pressed in this window since the last call."""
+        return [press.detail for press in self.events(X.KeyPress)]
+
+    def expect_typed(self, name):
+        typed = lambda: self.typed() == [self.screen.code(name)]
+        wait_until(typed, f"{name} typed into the other window")
 
 
-class HotKeyHolder:
-    """Another program that has taken a chord for itself."""
+# The clipboard
 
-    def __init__(self, screen, key, modifiers=X.ControlMask | X.Mod1Mask):
-        self.display = display.Display(screen.name)
-        code = self.display.keysym_to_keycode(XK.string_to_keysym(key))
-        root = self.display.screen().root
-        for locks in LOCKS:
-            root.grab_key(code, modifiers | locks, True, X.GrabModeAsync, X.GrabModeAsync)
-        self.display.sync()
 
-    def presses(self):
-        self.display.sync()
-        taken = [self.display.next_event() for _ in range(self.display.pending_events())]
-        return sum(event.type == X.KeyPress for event in taken)
+def copy(session, content, target="UTF8_STRING"):
+    """Copies text or bytes as another program does."""
+    data = content.encode() if isinstance(content, str) else content
+    command = ("xclip", "-selection", "clipboard", "-target", target)
+    quiet = {"capture_output": False, "stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
+    session.call(*command, input=data, **quiet)
+
+
+def pasted(session):
+    return session.call("xclip", "-selection", "clipboard", "-out").decode()
+
+
+# Drag and drop
+
+
+class DragPartner:
+    """A window to drag URLs from, and to drop on."""
+
+    PLACE = (800, 600)
+
+    def __init__(self, session, *urls):
+        self._screen = session.screen
+        self._said = session.folder / "drag-partner"
+        with open(self._said, "wb") as said:
+            command = (os.environ["PERCHLY_DRAG_PARTNER"], *urls)
+            self._process = session.spawn(*command, stdout=said)
+        shown = lambda: self._screen.windows_of(self._process.pid)
+        wait_until(shown, "the drag partner's window")
 
     def close(self):
-        self.display.close()
+        self._process.kill()
+        self._process.wait()
+
+    def drag_to(self, *places):
+        """Drags its URLs by way of the places; returns the action of the drop."""
+        return self._drag(self.PLACE, *places)
+
+    def drag_from(self, start):
+        """Drags from the start into its window; returns the URLs that were dropped."""
+        x, y = self.PLACE
+        places = ((start[0] + 20, start[1] + 10), (x - 20, y), (x, y))
+        return json.loads(self._drag(start, *places))["urls"]
+
+    def _drag(self, start, *places):
+        before = self._said.stat().st_size
+        said = lambda: self._said.read_text()[before:].splitlines()
+        self._screen.move_to(*start)
+        self._screen.press()
+        for place in places:
+            self._screen.move_to(*place, pause=0.01)
+            time.sleep(0.3)
+        wait_until(said, "the drag accepted")
+        self._screen.release()
+        return wait_until(lambda: said()[-1] != "accepted" and said()[-1], "the drop")
+
+
+# Media
+
+
+def moving_picture(file):
+    """Makes a video of three seconds, a moment in red, then in green, with a tone."""
+    picture = "av://lavfi:color=c=red:s=64x48:r=10:d=0.3,tpad=stop_duration=2.7:color=green"
+    options = ("--audio-file=av://lavfi:sine=d=3", "--ovc=mpeg4", "--oac=aac", f"--o={file}")
+    subprocess.run([*MPV, picture, *options], check=True, timeout=20)
+    return file.read_bytes()
+
+
+class ScriptedPlayer:
+    """A player that behaves as told, see Tests/ScriptHost/scripted_player.py."""
+
+    def __init__(self, session, **script):
+        command = (sys.executable, "-B", str(SCRIPTED_PLAYER), "scripted", json.dumps(script))
+        self._process = session.spawn(*command, stdout=subprocess.PIPE)
+        self.expect("ready")
+
+    def expect(self, word):
+        """Waits for the next command that reaches the player."""
+        line = self._process.stdout.readline().decode().split()
+        if not line or line[0] != word:
+            raise AssertionError(f"the player was asked {line}, not {word}")

@@ -1,14 +1,11 @@
-"""A desktop session of its own: X server, window manager, bus, folders, and the program in it."""
+"""A desktop session: X server, window manager, bus, folders, and the program in it."""
 
 import contextlib
-import ctypes
 import json
 import os
 import shutil
 import signal
-import socket
 import subprocess
-import sys
 import tempfile
 import time
 from pathlib import Path
@@ -17,60 +14,33 @@ from Xlib import X
 
 from .accessibility import Accessibility
 from .screen import Screen
-from .status_item import StatusItem, watcher_runs
+from .status_item import StatusWatcher
 from .waiting import wait_until
 
-ACCESSIBILITY_SERVICE = """[D-BUS Service]
-Name=org.a11y.Bus
-Exec=/usr/libexec/at-spi-bus-launcher
-"""
-BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
- "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
-<busconfig>
-  <type>session</type>
-  <listen>unix:path={folder}/bus</listen>
-  <servicedir>{folder}/services</servicedir>
-  <policy context="default">
-    <allow send_destination="*" eavesdrop="true"/>
-    <allow eavesdrop="true"/>
-    <allow own="*"/>
-  </policy>
-</busconfig>
-"""
-PR_SET_PDEATHSIG = 1
-SYS_PIDFD_GETFD = 438
-SHADOW = 26
-CHORD_KEYS = ("space", "k")
-CHORD_MODIFIERS = X.ControlMask | X.Mod1Mask
-MENUS = ("_NET_WM_WINDOW_TYPE_TOOLTIP", "_NET_WM_WINDOW_TYPE_POPUP_MENU")
+BUS_CONFIGURATION = Path(__file__).parents[1] / "bus" / "session.conf"
+WINDOW_MANAGERS = {
+    "openbox": ("openbox", "--sm-disable"),
+    "xfwm4": ("xfwm4", "--compositor=off"),
+    "xfwm4 compositor": ("xfwm4", "--compositor=on"),
+}
+KEPT_VARIABLES = ("PATH", "LD_LIBRARY_PATH", "QT_QUICK_BACKEND")
+FOLDERS = {"HOME": "home", "XDG_RUNTIME_DIR": "runtime", "TMPDIR": "tmp"}
 
 
 class Program:
     """A running Perchly."""
 
-    def __init__(self, session, number):
+    def __init__(self, session):
         self._session = session
-        self._errors = session.folder / f"stderr-{number}"
-        with open(self._errors, "wb") as errors:
-            self.process = subprocess.Popen(
-                [session.executable],
-                env=session.program_environment(),
-                cwd=session.folder,
-                stdin=subprocess.DEVNULL,
-                stdout=errors,
-                stderr=errors,
-                preexec_fn=_die_with_parent,
-            )
-
-    @property
-    def pid(self):
-        return self.process.pid
+        self._log = session.folder / f"stderr-{len(session.programs)}"
+        self.process = session.spawn(session.executable, log=self._log)
+        self.pid = self.process.pid
 
     def running(self):
         return self.process.poll() is None
 
     def rests(self):
-        """Whether the program waits for events: it sleeps, and uses no time, for a while."""
+        """Whether the program waits for events: it sleeps, and uses no CPU time, for a while."""
         seen = set()
         for _ in range(6):
             fields = Path(f"/proc/{self.pid}/stat").read_text().rpartition(")")[2].split()
@@ -84,27 +54,9 @@ class Program:
         lines = (line for task in tasks for line in task.read_text().splitlines())
         return sum(int(line.split()[1]) for line in lines if line.startswith("voluntary"))
 
-    def cut_connections(self):
-        """Closes the program's lines to the X server under its hands, all but the toolkit's, which
-        is the first that it made; returns how many."""
-        found = []
-        with contextlib.ExitStack() as stack:
-            process = os.pidfd_open(self.pid)
-            stack.callback(os.close, process)
-            for link in Path(f"/proc/{self.pid}/fd").iterdir():
-                if not os.readlink(link).startswith("socket:"):
-                    continue
-                copy = ctypes.CDLL(None).syscall(SYS_PIDFD_GETFD, process, int(link.name), 0)
-                line = stack.enter_context(socket.socket(fileno=copy))
-                if line.family == socket.AF_UNIX and b"X11-unix" in _peer_name(line):
-                    found.append((int(link.name), line))
-            for _, line in sorted(found, key=lambda each: each[0])[1:]:
-                line.shutdown(socket.SHUT_RDWR)
-        return len(found) - 1
-
     def errors(self):
-        """What the program has written on its standard streams."""
-        return self._errors.read_text(errors="replace")
+        """Its output on stdout and stderr."""
+        return self._log.read_text(errors="replace")
 
     def windows(self):
         return self._session.screen.windows_of(self.pid)
@@ -115,291 +67,163 @@ class Program:
 
     def panel(self):
         """The shelf's window, or None."""
-        for window in self.windows():
-            if window.override_redirect and not set(window.types) & set(MENUS):
-                return window
-        return None
-
-    def outline(self):
-        """What of the shelf takes the pointer, as (x, y, width, height), or None."""
-        panel = self.panel()
-        return self._session.screen.input_frame(panel) if panel else None
+        return self.window("Perchly")
 
     def frame(self):
-        """The shelf's window without its shadow, as (x, y, width, height), or None."""
+        """Where the shelf is, as (x, y, width, height), without its shadow; or None."""
         panel = self.panel()
-        if not panel or not self._session.screen.has_compositor():
-            return panel.rect if panel else None
-        # There is no shadow on the side that touches the edge of the display.
-        x, y, width, height = panel.rect
-        outline = self._session.screen.input_frame(panel)
-        left = 0 if outline[0] == x else SHADOW
-        top = 0 if outline[1] == y else SHADOW
-        right = 0 if outline[0] + outline[2] == x + width else SHADOW
-        return x + left, y + top, width - left - right, height - top - SHADOW
+        return panel and self._session.screen.input_frame(panel)
 
     def accessibility(self):
         return Accessibility(self._session.bus_address, self.pid)
 
     def stop(self):
         """Ends the program as a session manager does and returns its exit status."""
-        if self.running():
-            self.process.terminate()
-            try:
-                self.process.wait(10)
-            except subprocess.TimeoutExpired:
-                self.process.kill()
-                raise AssertionError("the program did not end when asked to") from None
-        return self.process.returncode
+        self.process.terminate()
+        return self.process.wait(10)
 
     def kill(self):
-        """Ends the program at once, as a crash does, and waits until nothing of it is left."""
+        """Ends the program as a crash does and waits until the X server has noticed."""
         self.process.kill()
         self.process.wait()
         wait_until(lambda: not self.windows(), "the windows of a killed program gone")
-        for key in CHORD_KEYS:
-            wait_until(
-                lambda: not self._session.screen.is_held(key, CHORD_MODIFIERS),
-                f"the chord with {key} free again",
-            )
 
 
 class Session:
-    """Everything runs from start() to stop(); nothing of the person's own is touched.
+    """Runs until stop() and touches nothing of the user's own desktop.
 
-    window_manager is "openbox", "xfwm4" or None; compositor is "xfwm4", "picom" or None. monitors
-    is a list of (x, y, width, height) that the screen is divided into. Without bus the program has
-    none; window managers do not work without.
+    window_manager is "openbox", "xfwm4" (without its compositor), "xfwm4 compositor" or None. bus
+    says whether Perchly may reach the session bus; the window manager always can.
     """
 
-    def __init__(
-        self,
-        executable,
-        window_manager="openbox",
-        compositor=None,
-        bus=True,
-        status_watcher=False,
-        size=(1280, 800),
-        monitors=(),
-        scale=None,
-    ):
+    def __init__(self, executable, window_manager="openbox", bus=True, size=(1280, 800), scale=1):
         self.executable = str(executable)
         self.window_manager = window_manager
-        self.compositor = compositor
         self.programs = []
-        self.screen = None
-        self._bus = bus
-        self._status_watcher = status_watcher
-        self._size = size
-        self._monitors = list(monitors)
-        self._services = []
         self.folder = Path(tempfile.mkdtemp(prefix="perchly-session-"))
         self.bus_address = f"unix:path={self.folder}/bus"
-        self.environment = self._make_environment(scale)
-
-    # Life
-
-    def start(self):
-        self.environment["DISPLAY"] = self._start_server()
+        self._stack = contextlib.ExitStack()
+        self._stack.callback(shutil.rmtree, self.folder, ignore_errors=True)
+        self.environment = {
+            name: value
+            for name, value in os.environ.items()
+            if name in KEPT_VARIABLES or name.endswith("SAN_OPTIONS")
+        } | {
+            "LANG": "C.UTF-8",
+            "TZ": "UTC",
+            "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
+            "QT_SCALE_FACTOR": str(scale),
+            "DBUS_SESSION_BUS_ADDRESS": self.bus_address,
+            "GIO_USE_VFS": "local",
+            "GSETTINGS_BACKEND": "memory",
+        }
+        for name, folder in FOLDERS.items():
+            (self.folder / folder).mkdir(mode=0o700)
+            self.environment[name] = str(self.folder / folder)
+        self.home = self.folder / FOLDERS["HOME"]
+        self.preferences_file = self.home / ".config" / "perchly" / "preferences.json"
+        server = "Xvfb -displayfd 1 -nolisten tcp -noreset -screen 0 {}x{}x24".format(*size)
+        self.environment["DISPLAY"] = ":" + self._spawn_and_hear(*server.split())
         self.screen = Screen(self.environment["DISPLAY"])
-        for number, monitor in enumerate(self._monitors):
-            self.add_monitor(number, monitor)
-        self._start_bus()
-        if self._status_watcher:
-            self.start_status_watcher()
+        self._stack.callback(self.screen.display.close)
+        options = (f"--config-file={BUS_CONFIGURATION}", f"--address={self.bus_address}")
+        self._spawn_and_hear("dbus-daemon", "--nofork", "--print-address", *options)
         if self.window_manager:
-            self._start_window_manager()
-        if self.compositor:
-            self.start_compositor()
-        return self
+            self.spawn(*WINDOW_MANAGERS[self.window_manager])
+            wait_until(self.screen.manages_windows, f"{self.window_manager} at work", interval=0)
+        if not bus:
+            self.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={self.folder}/no-bus"
 
     def stop(self):
-        for program in self.programs:
-            if program.running():
-                program.process.kill()
-                program.process.wait()
-        if self.screen:
-            self.screen.close()
-        for service in reversed(self._services):
-            _end(service)
-        shutil.rmtree(self.folder, ignore_errors=True)
+        self._stack.close()
 
     def run(self, wait=True):
         """Starts the program and waits for its shelf, and until it rests."""
-        program = Program(self, len(self.programs))
+        program = Program(self)
         self.programs.append(program)
         if wait:
-            wait_until(
-                lambda: program.panel() or not program.running(), "the shelf on the screen"
-            )
-            if not program.running():
-                status = program.process.returncode
-                raise AssertionError(f"it ended at once, status {status}: {program.errors()}")
+            wait_until(lambda: program.panel() or not program.running(), "the shelf")
+            assert program.running(), f"{program.process.returncode}: {program.errors()}"
             wait_until(program.rests, "the program done with its start", interval=0)
         return program
 
-    def program_environment(self):
-        environment = dict(self.environment)
-        if not self._bus:
-            environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={self.folder}/no-bus"
-        return environment
-
     # Preferences
 
-    @property
-    def preferences_file(self):
-        return Path(self.environment["XDG_CONFIG_HOME"]) / "perchly" / "preferences.json"
-
     def preferences(self):
-        """What is stored now; empty if nothing is."""
+        """The stored preferences; empty if there are none."""
         stored = {}
         for file in self.preferences_file.parent.glob("*.json"):
             stored |= json.loads(file.read_text())
         return stored
 
     def store(self, **values):
-        """Stores preferences before the program starts, beside those that are there."""
         self.preferences_file.parent.mkdir(parents=True, exist_ok=True, mode=0o700)
         self.preferences_file.write_text(json.dumps(self.preferences() | values))
 
-    # What surrounds the program
+    # Other programs
+
+    def data_folder(self, name):
+        folder = self.home / ".local" / "share" / name
+        folder.mkdir(parents=True, exist_ok=True)
+        return folder
+
+    def install(self, name, command):
+        """Installs an application; returns its desktop entry."""
+        entry = self.data_folder("applications") / f"{name}.desktop"
+        entry.write_text(f"[Desktop Entry]\nType=Application\nName={name}\nExec={command}\n")
+        return entry
 
     def add_monitor(self, number, rect):
-        """Makes a part of the screen a display of its own."""
         x, y, width, height = rect
         geometry = f"{width}/300x{height}/200+{x}+{y}"
         output = "screen" if number == 0 else "none"
-        self._call("xrandr", "--setmonitor", f"monitor{number}", geometry, output)
-
-    def remove_monitor(self, number):
-        self._call("xrandr", "--delmonitor", f"monitor{number}")
+        self.call("xrandr", "--setmonitor", f"monitor{number}", geometry, output)
 
     def start_compositor(self):
-        if self.compositor == "picom":
-            self.spawn("picom", "--backend", "xrender", "--no-use-damage", "--config", "/dev/null")
-        wait_until(self.screen.has_compositor, "a compositor")
+        self.spawn("picom", "--backend", "xrender", "--no-use-damage", "--config", "/dev/null")
+        selection = self.screen.atom("_NET_WM_CM_S0")
+        owner = lambda: self.screen.display.get_selection_owner(selection)
+        wait_until(lambda: owner() != X.NONE, "a compositor")
 
     def start_status_watcher(self):
-        script = Path(__file__).with_name("status_watcher.py")
-        watcher = self.spawn(sys.executable, "-B", str(script))
-        wait_until(lambda: watcher_runs(self.bus_address), "the status watcher")
+        """Starts the desktop's place for status icons."""
+        watcher = StatusWatcher(self.bus_address)
+        self._stack.callback(watcher.close)
         return watcher
 
-    def status_item(self):
-        return StatusItem(self.bus_address)
+    def call(self, *command, **options):
+        options = {"capture_output": True, "timeout": 20, "check": True} | options
+        return subprocess.run(command, env=self.environment, **options).stdout
 
-    # Parts
-
-    def _make_environment(self, scale):
-        environment = {
-            name: value
-            for name, value in os.environ.items()
-            if name in ("PATH", "LD_LIBRARY_PATH", "QT_QUICK_BACKEND")
-            or name.endswith("SAN_OPTIONS")
-        }
-        environment |= {
-            "LANG": "C.UTF-8",
-            "TZ": "UTC",
-            "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
-            "DBUS_SESSION_BUS_ADDRESS": self.bus_address,
-            "GIO_USE_VFS": "local",
-            "GSETTINGS_BACKEND": "memory",
-        }
-        if scale:
-            environment["QT_SCALE_FACTOR"] = str(scale)
-        folders = {
-            "HOME": "home",
-            "XDG_CONFIG_HOME": "home/.config",
-            "XDG_DATA_HOME": "home/.local/share",
-            "XDG_STATE_HOME": "home/.local/state",
-            "XDG_CACHE_HOME": "home/.cache",
-            "XDG_RUNTIME_DIR": "runtime",
-            "TMPDIR": "tmp",
-        }
-        for name, folder in folders.items():
-            (self.folder / folder).mkdir(parents=True, exist_ok=True, mode=0o700)
-            environment[name] = str(self.folder / folder)
-        return environment
-
-    def _start_server(self):
-        width, height = self._size
-        options = f"-displayfd {{ready}} -nolisten tcp -noreset -screen 0 {width}x{height}x24"
-        return ":" + self._spawn_and_hear("Xvfb", *options.split())
-
-    def _start_bus(self):
-        services = self.folder / "services"
-        services.mkdir()
-        (services / "org.a11y.Bus.service").write_text(ACCESSIBILITY_SERVICE)
-        configuration = self.folder / "bus.conf"
-        configuration.write_text(BUS_CONFIGURATION.format(folder=self.folder))
-        options = ("--nofork", f"--config-file={configuration}", "--print-address={ready}")
-        self._spawn_and_hear("dbus-daemon", *options)
-
-    def _start_window_manager(self):
-        if self.window_manager == "xfwm4":
-            compositor = "on" if self.compositor == "xfwm4" else "off"
-            self.spawn("xfwm4", f"--compositor={compositor}")
-        else:
-            self.spawn("openbox", "--sm-disable")
-        wait_until(self.screen.has_window_manager, f"{self.window_manager} running")
-        wait_until(self.screen.manages_windows, f"{self.window_manager} at work")
-
-    def spawn(self, *command, pass_fds=(), stdout=None):
+    def spawn(self, *command, log=None, stdout=None, stdin=subprocess.DEVNULL):
         """Starts another program, which ends with the session."""
-        with open(self.folder / "services.log", "ab") as log:
+        with open(log or self.folder / "services.log", "ab") as file:
             service = subprocess.Popen(
-                command,
+                # A killed test leaves nothing running.
+                ("setpriv", "--pdeathsig", "KILL", *command),
                 env=self.environment,
                 cwd=self.folder,
-                stdin=subprocess.DEVNULL,
-                stdout=stdout or log,
-                stderr=log,
-                pass_fds=pass_fds,
+                stdin=stdin,
+                stdout=stdout or file,
+                stderr=file,
                 start_new_session=True,
-                preexec_fn=_die_with_parent,
             )
-        self._services.append(service)
+        self._stack.callback(_end, service)
         return service
 
     def _spawn_and_hear(self, *command):
-        """Starts another program and returns the line that it writes to {ready} when it is ready."""
-        read, write = os.pipe()
-        self.spawn(*(part.format(ready=write) for part in command), pass_fds=(write,))
-        os.close(write)
-        with os.fdopen(read) as pipe:
-            line = pipe.readline().strip()
-        if not line:
-            raise AssertionError(f"{command[0]} did not start: {self._log()}")
+        """Starts another program and returns the line that it writes when it is ready."""
+        line = self.spawn(*command, stdout=subprocess.PIPE).stdout.readline().decode().strip()
+        assert line, (self.folder / "services.log").read_text(errors="replace")
         return line
-
-    def _call(self, *command):
-        quiet = {"stdin": subprocess.DEVNULL, "capture_output": True}
-        subprocess.run(command, env=self.environment, check=True, timeout=20, **quiet)
-
-    def _log(self):
-        return (self.folder / "services.log").read_text(errors="replace")
-
-
-def _die_with_parent():
-    """A test that is killed leaves nothing running."""
-    ctypes.CDLL(None).prctl(PR_SET_PDEATHSIG, signal.SIGKILL)
-
-
-def _peer_name(line):
-    try:
-        return os.fsencode(line.getpeername())
-    except OSError:
-        return b""
 
 
 def _end(service):
-    """Ends a service and what it started."""
-    try:
-        os.killpg(service.pid, signal.SIGTERM)
-    except ProcessLookupError:
-        pass
-    try:
-        service.wait(3)
-    except subprocess.TimeoutExpired:
-        os.killpg(service.pid, signal.SIGKILL)
-        service.wait()
+    """Ends a service and its children."""
+    for number in (signal.SIGTERM, signal.SIGKILL):
+        with contextlib.suppress(ProcessLookupError, subprocess.TimeoutExpired):
+            os.killpg(service.pid, number)
+            service.wait(3)
+    for pipe in (service.stdin, service.stdout):
+        if pipe:
+            pipe.close()

@@ -1,34 +1,63 @@
-"""The program's item among the desktop's status icons, as the desktop's panel sees it."""
+"""The desktop's place for status icons, and the program's item in it."""
 
-from gi.repository import GLib
+import threading
 
-from .accessibility import call, connect
-from .status_watcher import NAME
+from gi.repository import Gio, GLib
+
+from .accessibility import BUS, call, connect, get
 from .waiting import wait_until
 
-PROPERTIES = "org.freedesktop.DBus.Properties"
+NAME = "org.kde.StatusNotifierWatcher"
+INTERFACE = f"""<node><interface name='{NAME}'>
+  <method name='RegisterStatusNotifierItem'><arg type='s' direction='in'/></method>
+  <property name='IsStatusNotifierHostRegistered' type='b' access='read'/>
+</interface></node>"""
 ITEM = "org.kde.StatusNotifierItem"
 MENU = "com.canonical.dbusmenu"
 
 
-class StatusItem:
-    """The first registered item."""
+class StatusWatcher:
+    """Owns the name by which programs find the desktop's status icons, until close()."""
 
-    def __init__(self, session_address):
-        self._bus = connect(session_address)
-        registered = wait_until(self._registered, "an item with the status watcher")
-        self._service, _, path = registered[0].partition("/")
-        self._path = "/" + path
-        self._menu_path = self.property("Menu")
+    def __init__(self, address):
+        self._bus = connect(address)
+        self._item = None
+        interface = Gio.DBusNodeInfo.new_for_xml(INTERFACE).interfaces[0]
+        has_host = GLib.Variant("b", True)
+        self._bus.register_object(
+            "/StatusNotifierWatcher", interface, self._register, lambda *_: has_host, None
+        )
+        self._loop = GLib.MainLoop()
+        self._thread = threading.Thread(target=self._loop.run, daemon=True)
+        self._thread.start()
+        call(self._bus, BUS, "/", f"{BUS}.RequestName", "(su)", NAME, 0)
+
+    def close(self):
+        self._loop.quit()
+        self._thread.join()
+        if not self._bus.is_closed():
+            self._bus.close_sync()
+
+    def _register(self, _bus, sender, _path, _interface, _method, arguments, invocation):
+        named = arguments.unpack()[0]
+        self._item = (sender, named) if named.startswith("/") else (named, "/StatusNotifierItem")
+        invocation.return_value(None)
 
     def property(self, name):
-        return self._get(self._service, self._path, ITEM, name)
+        """A property of the item that was registered last."""
+
+        def read():
+            try:
+                return self._item and [get(self._bus, *self._item, ITEM, name)]
+            except GLib.Error:
+                return None  # its program has ended
+
+        return wait_until(read, "a status item")[0]
 
     def menu(self):
-        """The entries as (id, title, shortcut), in order, separators left out; a title has no
-        mnemonic marks."""
-        arguments = GLib.Variant("(iias)", (0, -1, []))
-        _, (_, _, children) = self._call("GetLayout", arguments)
+        """The entries as (id, title, shortcut), without separators and mnemonic marks."""
+        method = f"{MENU}.GetLayout"
+        _, (_, _, children) = self._call_menu(method, "(iias)", 0, -1, [])
         return [
             (number, values["label"].replace("_", ""), values.get("shortcut"))
             for number, values, _ in children
@@ -36,27 +65,9 @@ class StatusItem:
         ]
 
     def choose(self, title):
-        """Chooses the entry with this title."""
         number = next(number for number, label, _ in self.menu() if label == title)
-        event = GLib.Variant("(isvu)", (number, "clicked", GLib.Variant("s", ""), 0))
-        self._call("Event", event)
+        self._call_menu(f"{MENU}.Event", "(isvu)", number, "clicked", GLib.Variant("s", ""), 0)
 
-    def _call(self, method, arguments):
-        return call(self._bus, self._service, self._menu_path, MENU, method, arguments)
-
-    def _get(self, service, path, interface, name):
-        arguments = GLib.Variant("(ss)", (interface, name))
-        return call(self._bus, service, path, PROPERTIES, "Get", arguments)[0]
-
-    def _registered(self):
-        try:
-            return self._get(NAME, "/StatusNotifierWatcher", NAME, "RegisteredStatusNotifierItems")
-        except GLib.Error:
-            return None
-
-
-def watcher_runs(session_address):
-    """Whether the desktop has a place for status items now."""
-    arguments = GLib.Variant("(s)", (NAME,))
-    bus = "org.freedesktop.DBus"
-    return call(connect(session_address), bus, "/", bus, "NameHasOwner", arguments)[0]
+    def _call_menu(self, *call_arguments):
+        path = self.property("Menu")
+        return call(self._bus, self._item[0], path, *call_arguments)
