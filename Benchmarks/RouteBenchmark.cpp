@@ -4,10 +4,9 @@
 //                                 long the first and the slowest other enabling held the thread
 //   RouteBenchmark idle           only follows the sound system
 //   RouteBenchmark list ROUNDS    microseconds of CPU for one reading of what plays
-#include "MixerError.h"
+#include "MixerRoute.h"
 #include "PipeWireAudioSystem.h"
 #include "RunningApplications.h"
-#include "TapPlayback.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -64,6 +63,15 @@ AudioObject processOf(const PipeWireAudioSystem &system, std::int32_t pid) {
     return 0;
 }
 
+std::unique_ptr<MixerRoute> routed(PipeWireAudioSystem &system, AudioObject process) {
+    QString error;
+    auto route = MixerRoute::make(system, process, error);
+    if (!route) {
+        qFatal("%s", qPrintable(error));
+    }
+    return route;
+}
+
 /// Each stands for a second in which the process is routed and one in which it is not.
 void rounds(PipeWireAudioSystem &system, AudioObject process, int count) {
     double first = 0;
@@ -71,12 +79,12 @@ void rounds(PipeWireAudioSystem &system, AudioObject process, int count) {
     for (int round = 0; round < count; ++round) {
         QElapsedTimer time;
         time.start();
-        TapPlayback route(system, process);
+        auto route = routed(system, process);
         const double milliseconds = double(time.nsecsElapsed()) / 1e6;
         (round == 0 ? first : slowest) =
             round == 0 ? milliseconds : std::max(slowest, milliseconds);
         wait(1000);
-        route.stop();
+        route.reset();
         wait(1000);
     }
     std::printf("enabling: %.1f ms at first, %.1f ms at most later\n", first, slowest);
@@ -99,19 +107,14 @@ int main(int argc, char **argv) {
         rounds(system, processOf(system, arguments.value(2).toInt()), arguments.value(3).toInt());
         return 0;
     }
-    std::unique_ptr<TapPlayback> route;
+    std::unique_ptr<MixerRoute> route;
     if (mode == QStringLiteral("route")) {
-        route =
-            std::make_unique<TapPlayback>(system, processOf(system, arguments.value(2).toInt()));
+        route = routed(system, processOf(system, arguments.value(2).toInt()));
         wait(2000);
     }
     std::puts("ready");
     std::fflush(stdout);
     const QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
     QObject::connect(&input, &QSocketNotifier::activated, &application, &QCoreApplication::quit);
-    const int status = QCoreApplication::exec();
-    if (route) {
-        route->stop();
-    }
-    return status;
+    return QCoreApplication::exec();
 }

@@ -9,6 +9,8 @@
 #include <memory>
 #include <optional>
 
+struct AudioRingBuffer;
+
 namespace perchly {
 
 /// A process that has opened the audio system, as far as it can be read.
@@ -54,8 +56,12 @@ public:
     [[nodiscard]] virtual std::optional<RunningApplication>
     application(AudioObject process) const = 0;
 
-    /// A route that has made nothing yet. The system outlives it. Never null.
-    [[nodiscard]] virtual std::unique_ptr<AudioRoute> makeRoute() = 0;
+    /// Routes the process through the ring to the default output: real-time threads push what it
+    /// plays and pull what is heard, until its own output is back, some seconds after the route has
+    /// gone at most. The system outlives the route. Null if it cannot be started; the error then
+    /// says why, for the user.
+    [[nodiscard]] virtual std::unique_ptr<AudioRoute>
+    route(AudioObject process, std::shared_ptr<AudioRingBuffer> ring, QString &error) = 0;
 
 Q_SIGNALS:
     /// An answer above may be another now. Several changes in quick succession are told once.

@@ -102,31 +102,27 @@ Q_DECLARE_METATYPE(Work)
 
 class AudioRingRealTimeTest : public QObject {
     Q_OBJECT
-
 private Q_SLOTS:
-    void pushAndPullNeverLeaveTheThread_data();
-    void pushAndPullNeverLeaveTheThread();
+    void pushAndPullNeverLeaveTheThread_data() {
+        QTest::addColumn<Work>("work");
+        QTest::addColumn<bool>("survives");
+        QTest::newRow("an allocation is trapped") << Work([](AudioRingBuffer *) {
+            static_cast<void>(*static_cast<volatile char *>(malloc(8)));
+        }) << false;
+        QTest::newRow("a lock is trapped") << Work([](AudioRingBuffer *) {
+            static pthread_mutex_t mutex = PTHREAD_MUTEX_INITIALIZER;
+            pthread_mutex_lock(&mutex);
+        }) << false;
+        QTest::newRow("a system call is trapped")
+            << Work([](AudioRingBuffer *) { getppid(); }) << false;
+        QTest::newRow("push and pull do none of it") << Work(pushAndPull) << true;
+    }
+
+    void pushAndPullNeverLeaveTheThread() {
+        QFETCH(Work, work);
+        QTEST(survivesRealTime(work), "survives");
+    }
 };
-
-void AudioRingRealTimeTest::pushAndPullNeverLeaveTheThread_data() {
-    QTest::addColumn<Work>("work");
-    QTest::addColumn<bool>("survives");
-    QTest::newRow("an allocation is trapped") << Work([](AudioRingBuffer *) {
-        static_cast<void>(*static_cast<volatile char *>(malloc(8)));
-    }) << false;
-    QTest::newRow("a lock is trapped") << Work([](AudioRingBuffer *) {
-        static pthread_mutex_t mutex = PTHREAD_MUTEX_INITIALIZER;
-        pthread_mutex_lock(&mutex);
-    }) << false;
-    QTest::newRow("a system call is trapped")
-        << Work([](AudioRingBuffer *) { getppid(); }) << false;
-    QTest::newRow("push and pull do none of it") << Work(pushAndPull) << true;
-}
-
-void AudioRingRealTimeTest::pushAndPullNeverLeaveTheThread() {
-    QFETCH(Work, work);
-    QTEST(survivesRealTime(work), "survives");
-}
 
 QTEST_APPLESS_MAIN(AudioRingRealTimeTest)
 

@@ -3,7 +3,6 @@
 
 #include <QTest>
 
-#include <cmath>
 #include <cstring>
 #include <limits>
 
@@ -15,7 +14,6 @@ Q_DECLARE_METATYPE(Shapes)
 namespace {
 
 constexpr uint32_t capacity = 32768;
-constexpr float untouched = 0.25F;
 
 enum class Layouts : uint8_t { Stereo, Planar, Any };
 
@@ -66,219 +64,106 @@ std::vector<float> pull(AudioRingBuffer *ring, uint32_t frames) {
 
 class AudioRingTest : public QObject {
     Q_OBJECT
-
 private Q_SLOTS:
-    void agreesWithThePlainLoop_data();
-    void agreesWithThePlainLoop();
-    void badInputAddsNothing_data();
-    void badInputAddsNothing();
-    void dropsWhatDoesNotFit();
-    void runsDryIntoSilence();
-    void layoutsGetTheirChannels_data();
-    void layoutsGetTheirChannels();
-    void gainIsClamped_data();
-    void gainIsClamped();
-    void gainFallsByAShareOfTheDistance();
-    void gainMovesWithoutAudioAndOutput();
-    void playsOnAfterTheCountersWrap();
-};
-
-void AudioRingTest::agreesWithThePlainLoop_data() {
-    QTest::addColumn<Layouts>("layouts");
-    QTest::addColumn<bool>("anyBits");
-    QTest::addColumn<bool>("settles");
-    QTest::newRow("one stereo buffer, moving gains") << Layouts::Stereo << false << false;
-    QTest::newRow("one stereo buffer, settled gains") << Layouts::Stereo << false << true;
-    QTest::newRow("one stereo buffer, samples of any bits") << Layouts::Stereo << true << true;
-    QTest::newRow("two mono buffers, moving gains") << Layouts::Planar << false << false;
-    QTest::newRow("two mono buffers, settled gains") << Layouts::Planar << false << true;
-    QTest::newRow("two mono buffers, samples of any bits") << Layouts::Planar << true << true;
-    QTest::newRow("any layouts, short and null ones too") << Layouts::Any << false << false;
-    QTest::newRow("any layouts, settled gains, any bits") << Layouts::Any << true << true;
-}
-
-void AudioRingTest::agreesWithThePlainLoop() {
-    QFETCH(Layouts, layouts);
-    QFETCH(bool, anyBits);
-    QFETCH(bool, settles);
-    Random random{std::mt19937(20)};
-    const Ring ring(perchly_ring_create());
-    PlainRing plain;
-    constexpr std::array<float, 8> gains{0, 0.5F, 1, -0.5F, 3, 1e-40F, 1e-38F, 0.7F};
-    for (int round = 0; round < 3000; ++round) {
-        const uint32_t most = random() % 16 ? 700 : 40000;
-        if (random() % (settles ? 150 : 4) == 0) {
-            const float gain = gains[random() % gains.size()];
-            perchly_ring_gain(ring.get(), gain);
-            plain.gain(gain);
-        }
-        Buffers input(randomShapes(random, random() % 4 ? layouts : Layouts::Any, random() % most));
-        input.fill(random, anyBits && random() % 2);
-        perchly_ring_push(ring.get(), input.list());
-        plain.push(input.list());
-
-        const uint32_t frames = random() % most;
-        const Shapes shapes = randomShapes(random, layouts, frames);
-        Buffers output(shapes);
-        Buffers expected(shapes);
-        perchly_ring_pull(ring.get(), output.list(), frames);
-        plain.pull(expected.list(), frames);
-        QVERIFY2(sameBytes(output, expected), qPrintable(QStringLiteral("round %1").arg(round)));
+    void agreesWithThePlainLoop_data() {
+        QTest::addColumn<Layouts>("layouts");
+        QTest::addColumn<bool>("anyBits");
+        QTest::addColumn<bool>("settles");
+        QTest::newRow("one stereo buffer, moving gains") << Layouts::Stereo << false << false;
+        QTest::newRow("one stereo buffer, settled gains") << Layouts::Stereo << false << true;
+        QTest::newRow("one stereo buffer, samples of any bits") << Layouts::Stereo << true << true;
+        QTest::newRow("two mono buffers, moving gains") << Layouts::Planar << false << false;
+        QTest::newRow("two mono buffers, settled gains") << Layouts::Planar << false << true;
+        QTest::newRow("two mono buffers, samples of any bits") << Layouts::Planar << true << true;
+        QTest::newRow("any layouts, short and null ones too") << Layouts::Any << false << false;
+        QTest::newRow("any layouts, settled gains, any bits") << Layouts::Any << true << true;
     }
-}
 
-void AudioRingTest::badInputAddsNothing_data() {
-    QTest::addColumn<Shapes>("shapes");
-    QTest::newRow("no buffers") << Shapes{};
-    QTest::newRow("no data") << Shapes{{2, 64, false}};
-    QTest::newRow("no channels") << Shapes{{0, 64}};
-    QTest::newRow("no whole frame") << Shapes{{2, 7}};
-    QTest::newRow("a right side shorter than the left") << Shapes{{1, 64}, {1, 60}};
-    QTest::newRow("a right side without data") << Shapes{{1, 64}, {1, 64, false}};
-}
+    void agreesWithThePlainLoop() {
+        QFETCH(Layouts, layouts);
+        QFETCH(bool, anyBits);
+        QFETCH(bool, settles);
+        Random random{std::mt19937(20)};
+        const Ring ring(perchly_ring_create());
+        PlainRing plain;
+        constexpr std::array<float, 8> gains{0, 0.5F, 1, -0.5F, 3, 1e-40F, 1e-38F, 0.7F};
+        for (int round = 0; round < 3000; ++round) {
+            const uint32_t maxFrames = random() % 16 ? 700 : 40000;
+            if (random() % (settles ? 150 : 4) == 0) {
+                const float gain = gains[random() % gains.size()];
+                perchly_ring_gain(ring.get(), gain);
+                plain.gain(gain);
+            }
+            Buffers input(
+                randomShapes(random, random() % 4 ? layouts : Layouts::Any, random() % maxFrames));
+            input.fill(random, anyBits && random() % 2);
+            perchly_ring_push(ring.get(), input.list());
+            plain.push(input.list());
 
-void AudioRingTest::badInputAddsNothing() {
-    QFETCH(Shapes, shapes);
-    const Ring ring(perchly_ring_create());
-    Buffers input(shapes);
-    perchly_ring_push(ring.get(), input.list());
-    perchly_ring_push(ring.get(), nullptr);
-    push(ring.get(), 1);
-    QCOMPARE(pull(ring.get(), 2), (std::vector<float>{1, -1, 0, 0}));
-}
-
-void AudioRingTest::dropsWhatDoesNotFit() {
-    const Ring ring(perchly_ring_create());
-    push(ring.get(), 40000);
-    push(ring.get(), 10, 90000);
-    QCOMPARE(pull(ring.get(), 2), (std::vector<float>{1, -1, 2, -2}));
-    push(ring.get(), 10, 90000);
-    const std::vector<float> rest = pull(ring.get(), capacity + 1);
-    QCOMPARE(rest[size_t(2) * (capacity - 3)], 32768.0F);
-    QCOMPARE(rest[size_t(2) * (capacity - 2)], 90000.0F);
-    QCOMPARE(rest[size_t(2) * (capacity - 1)], 90001.0F);
-    QCOMPARE(rest[size_t(2) * capacity], 0.0F);
-}
-
-void AudioRingTest::runsDryIntoSilence() {
-    const Ring ring(perchly_ring_create());
-    QCOMPARE(pull(ring.get(), 512), std::vector<float>(1024, 0.0F));
-    push(ring.get(), 1);
-    QCOMPARE(pull(ring.get(), 3), (std::vector<float>{1, -1, 0, 0, 0, 0}));
-    push(ring.get(), 2, 2);
-    QCOMPARE(pull(ring.get(), 2), (std::vector<float>{2, -2, 3, -3}));
-}
-
-void AudioRingTest::layoutsGetTheirChannels_data() {
-    QTest::addColumn<Shapes>("input");
-    QTest::addColumn<Shapes>("output");
-    QTest::addColumn<std::vector<std::vector<float>>>("expected");
-    using Samples = std::vector<std::vector<float>>;
-    const Shapes stereo{{2, 16}};
-    // The input's buffers count 1, 2, 3 … one after the other.
-    QTest::newRow("stereo to two mono buffers")
-        << stereo << Shapes{{1, 8}, {1, 8}} << Samples{{1, 3}, {2, 4}};
-    QTest::newRow("one channel goes to both sides")
-        << Shapes{{1, 8}} << Shapes{{1, 8}, {1, 8}} << Samples{{1, 2}, {1, 2}};
-    QTest::newRow("two mono buffers to stereo")
-        << Shapes{{1, 8}, {1, 8}} << stereo << Samples{{1, 3, 2, 4}};
-    QTest::newRow("further channels are left out")
-        << Shapes{{3, 24}, {1, 8}} << stereo << Samples{{1, 2, 4, 5}};
-    QTest::newRow("half a frame is left out") << Shapes{{2, 12}} << stereo << Samples{{1, 2, 0, 0}};
-    QTest::newRow("a mono output gets the left side")
-        << stereo << Shapes{{1, 8}} << Samples{{1, 3}};
-    QTest::newRow("sides alternate through the buffers")
-        << stereo << Shapes{{3, 24}, {0, 8}, {2, 16}}
-        << Samples{{1, 2, 1, 3, 4, 3}, {untouched, untouched}, {2, 1, 4, 3}};
-    QTest::newRow("a short buffer is filled as far as it goes")
-        << stereo << Shapes{{2, 14}, {2, 16, false}, {1, 8}}
-        << Samples{{1, 2, 3, untouched}, {}, {1, 3}};
-}
-
-void AudioRingTest::layoutsGetTheirChannels() {
-    QFETCH(Shapes, input);
-    QFETCH(Shapes, output);
-    const Ring ring(perchly_ring_create());
-    Buffers in(input);
-    float next = 1;
-    for (size_t buffer = 0; buffer < input.size(); ++buffer) {
-        for (uint32_t sample = 0; sample < input[buffer].bytes / 4; ++sample) {
-            in.samples(buffer)[sample] = next++;
+            const uint32_t frames = random() % maxFrames;
+            const Shapes shapes = randomShapes(random, layouts, frames);
+            Buffers output(shapes);
+            Buffers expected(shapes);
+            perchly_ring_pull(ring.get(), output.list(), frames);
+            plain.pull(expected.list(), frames);
+            QVERIFY2(sameBytes(output, expected),
+                     qPrintable(QStringLiteral("round %1").arg(round)));
         }
     }
-    Buffers out(output);
-    perchly_ring_push(ring.get(), in.list());
-    perchly_ring_pull(ring.get(), out.list(), 2);
-    QFETCH(std::vector<std::vector<float>>, expected);
-    for (size_t buffer = 0; buffer < expected.size(); ++buffer) {
-        for (size_t sample = 0; sample < expected[buffer].size(); ++sample) {
-            QCOMPARE(out.samples(buffer)[sample], expected[buffer][sample]);
-        }
-    }
-}
 
-void AudioRingTest::gainIsClamped_data() {
-    QTest::addColumn<float>("asked");
-    QTest::addColumn<float>("first");
-    QTest::newRow("below nothing is nothing") << -0.5F << 0.996F;
-    QTest::newRow("above the whole is the whole") << 3.0F << 1.0F;
-    QTest::newRow("a level") << 0.5F << 0.998F;
-    QTest::newRow("no number is ignored") << std::numeric_limits<float>::quiet_NaN() << 1.0F;
-}
-
-void AudioRingTest::gainIsClamped() {
-    QFETCH(float, asked);
-    const Ring ring(perchly_ring_create());
-    perchly_ring_gain(ring.get(), asked);
-    push(ring.get(), 1);
-    QTEST(pull(ring.get(), 1)[0], "first");
-}
-
-void AudioRingTest::gainFallsByAShareOfTheDistance() {
-    const Ring ring(perchly_ring_create());
-    perchly_ring_gain(ring.get(), 0);
-    Buffers ones({{1, 4000}});
-    std::fill_n(ones.samples(0), 1000, 1.0F);
-    perchly_ring_push(ring.get(), ones.list());
-    const std::vector<float> out = pull(ring.get(), 1000);
-    for (int frame = 1; frame <= 1000; ++frame) {
-        const double expected = std::pow(0.996, frame);
-        QVERIFY(std::abs(double(out[size_t(2) * size_t(frame - 1)]) / expected - 1) < 1e-4);
-    }
-}
-
-void AudioRingTest::gainMovesWithoutAudioAndOutput() {
-    const Ring ring(perchly_ring_create());
-    perchly_ring_gain(ring.get(), 0);
-    Buffers nothing({});
-    perchly_ring_pull(ring.get(), nothing.list(), 50);
-    pull(ring.get(), 50);
-    pull(ring.get(), 0);
-    push(ring.get(), 1);
-    QVERIFY(std::abs(double(pull(ring.get(), 1)[0]) / std::pow(0.996, 101) - 1) < 1e-5);
-}
-
-void AudioRingTest::playsOnAfterTheCountersWrap() {
-    const Ring ring(perchly_ring_create());
-    constexpr uint32_t block = 16384;
-    Buffers input({{2, block * 8}});
-    Buffers output({{2, block * 8}});
-    constexpr uint64_t wrap = uint64_t(1) << 32;
-    for (uint64_t done = 0; done < wrap - block; done += block) {
-        perchly_ring_push(ring.get(), input.list());
-        perchly_ring_pull(ring.get(), output.list(), block);
-    }
-    // The counters wrap within the next block, with a full ring.
-    for (int round = 0; round < 2; ++round) {
-        push(ring.get(), capacity);
+    void dropsWhatDoesNotFit() {
+        const Ring ring(perchly_ring_create());
+        push(ring.get(), 40000);
         push(ring.get(), 10, 90000);
-        const std::vector<float> out = pull(ring.get(), capacity + 1);
-        for (uint32_t frame = 0; frame < capacity; ++frame) {
-            QCOMPARE(out[size_t(2) * frame], float(frame + 1));
-        }
-        QCOMPARE(out[size_t(2) * capacity], 0.0F);
+        QCOMPARE(pull(ring.get(), 2), (std::vector<float>{1, -1, 2, -2}));
+        push(ring.get(), 10, 90000);
+        perchly_ring_push(ring.get(), nullptr);
+        const std::vector<float> rest = pull(ring.get(), capacity + 1);
+        QCOMPARE(rest[size_t(2) * (capacity - 3)], 32768.0F);
+        QCOMPARE(rest[size_t(2) * (capacity - 2)], 90000.0F);
+        QCOMPARE(rest[size_t(2) * (capacity - 1)], 90001.0F);
+        QCOMPARE(rest[size_t(2) * capacity], 0.0F);
     }
-}
+
+    void gainIsClamped_data() {
+        QTest::addColumn<float>("asked");
+        QTest::addColumn<float>("first");
+        QTest::newRow("below 0 is 0") << -0.5F << 0.996F;
+        QTest::newRow("above 1 is 1") << 3.0F << 1.0F;
+        QTest::newRow("a level") << 0.5F << 0.998F;
+        QTest::newRow("NaN is ignored") << std::numeric_limits<float>::quiet_NaN() << 1.0F;
+    }
+
+    void gainIsClamped() {
+        QFETCH(float, asked);
+        const Ring ring(perchly_ring_create());
+        perchly_ring_gain(ring.get(), asked);
+        push(ring.get(), 1);
+        QTEST(pull(ring.get(), 1)[0], "first");
+    }
+
+    void playsOnAfterTheCountersWrap() {
+        const Ring ring(perchly_ring_create());
+        constexpr uint32_t block = 16384;
+        Buffers input({{2, block * 8}});
+        Buffers output({{2, block * 8}});
+        constexpr uint64_t wrap = uint64_t(1) << 32;
+        for (uint64_t done = 0; done < wrap - block; done += block) {
+            perchly_ring_push(ring.get(), input.list());
+            perchly_ring_pull(ring.get(), output.list(), block);
+        }
+        // The counters wrap within the next block, with a full ring.
+        for (int round = 0; round < 2; ++round) {
+            push(ring.get(), capacity);
+            push(ring.get(), 10, 90000);
+            const std::vector<float> out = pull(ring.get(), capacity + 1);
+            for (uint32_t frame = 0; frame < capacity; ++frame) {
+                QCOMPARE(out[size_t(2) * frame], float(frame + 1));
+            }
+            QCOMPARE(out[size_t(2) * capacity], 0.0F);
+        }
+    }
+};
 
 static const RegisteredTest<AudioRingTest> registeredAudioRingTest;
 

@@ -25,96 +25,92 @@ float rightOf(uint32_t number) {
 
 class AudioRingThreadsTest : public QObject {
     Q_OBJECT
-
 private Q_SLOTS:
-    void framesArriveWholeAndInOrder();
-    void theGainMayMoveAtAnyTime();
-};
-
-void AudioRingThreadsTest::framesArriveWholeAndInOrder() {
-    const Ring ring(perchly_ring_create());
-    std::atomic<uint32_t> read = 0;
-    std::atomic<bool> ended = false;
-    std::thread producer([&] {
-        Random random{std::mt19937(1)};
-        uint32_t next = 1;
-        while (!ended) {
-            // Never more than fits, so that none is dropped.
-            const uint32_t room = 32768 - (next - 1 - read.load(std::memory_order_relaxed));
-            const uint32_t count = std::min<uint32_t>(random() % 2000, room);
-            Buffers input({{2, count * 8}});
+    void framesArriveWholeAndInOrder() {
+        const Ring ring(perchly_ring_create());
+        std::atomic<uint32_t> read = 0;
+        std::atomic<bool> ended = false;
+        std::thread producer([&] {
+            Random random{std::mt19937(1)};
+            uint32_t next = 1;
+            while (!ended) {
+                // Never more than fits, so that none is dropped.
+                const uint32_t room = 32768 - (next - 1 - read.load(std::memory_order_relaxed));
+                const uint32_t count = std::min<uint32_t>(random() % 2000, room);
+                Buffers input({{2, count * 8}});
+                for (uint32_t frame = 0; frame < count; ++frame) {
+                    input.samples(0)[2 * frame] = leftOf(next + frame);
+                    input.samples(0)[2 * frame + 1] = rightOf(next + frame);
+                }
+                perchly_ring_push(ring.get(), input.list());
+                next += count;
+            }
+        });
+        Random random{std::mt19937(2)};
+        uint32_t expected = 1;
+        uint32_t torn = 0;
+        uint32_t lost = 0;
+        const auto end = std::chrono::steady_clock::now() + 2s;
+        while (std::chrono::steady_clock::now() < end) {
+            const uint32_t count = random() % 2000;
+            Buffers output({{1, count * 4}, {1, count * 4}});
+            perchly_ring_pull(ring.get(), output.list(), count);
+            bool silent = false;
             for (uint32_t frame = 0; frame < count; ++frame) {
-                input.samples(0)[2 * frame] = leftOf(next + frame);
-                input.samples(0)[2 * frame + 1] = rightOf(next + frame);
+                const float left = output.samples(0)[frame];
+                const float right = output.samples(1)[frame];
+                if (left == 0 && right == 0) {
+                    silent = true;
+                    continue;
+                }
+                lost += silent || left != leftOf(expected) ? 1 : 0;
+                torn += right != rightOf(expected) ? 1 : 0;
+                ++expected;
             }
-            perchly_ring_push(ring.get(), input.list());
-            next += count;
+            read.store(expected - 1, std::memory_order_relaxed);
         }
-    });
-    Random random{std::mt19937(2)};
-    uint32_t expected = 1;
-    uint32_t torn = 0;
-    uint32_t lost = 0;
-    const auto end = std::chrono::steady_clock::now() + 2s;
-    while (std::chrono::steady_clock::now() < end) {
-        const uint32_t count = random() % 2000;
-        Buffers output({{1, count * 4}, {1, count * 4}});
-        perchly_ring_pull(ring.get(), output.list(), count);
-        bool silent = false;
-        for (uint32_t frame = 0; frame < count; ++frame) {
-            const float left = output.samples(0)[frame];
-            const float right = output.samples(1)[frame];
-            if (left == 0 && right == 0) {
-                silent = true;
-                continue;
-            }
-            lost += silent || left != leftOf(expected) ? 1 : 0;
-            torn += right != rightOf(expected) ? 1 : 0;
-            ++expected;
-        }
-        read.store(expected - 1, std::memory_order_relaxed);
+        ended = true;
+        producer.join();
+        QCOMPARE(torn, 0U);
+        QCOMPARE(lost, 0U);
+        QVERIFY(expected > 100000);
     }
-    ended = true;
-    producer.join();
-    QCOMPARE(torn, 0U);
-    QCOMPARE(lost, 0U);
-    QVERIFY(expected > 100000);
-}
 
-void AudioRingThreadsTest::theGainMayMoveAtAnyTime() {
-    const Ring ring(perchly_ring_create());
-    std::atomic<bool> ended = false;
-    std::thread producer([&] {
-        Buffers ones({{1, 256 * 4}});
-        std::fill_n(ones.samples(0), 256, 1.0F);
-        while (!ended) {
-            perchly_ring_push(ring.get(), ones.list());
-        }
-    });
-    std::thread controller([&] {
-        for (uint32_t number = 0; !ended; ++number) {
-            perchly_ring_gain(ring.get(), number % 2 ? 1.0F : 0.0F);
-        }
-    });
-    Buffers output({{1, 256 * 4}});
-    float before = 1;
-    float farthest = 0;
-    for (int round = 0; round < 20000; ++round) {
-        perchly_ring_pull(ring.get(), output.list(), 256);
-        for (int frame = 0; frame < 256; ++frame) {
-            const float now = output.samples(0)[frame];
-            if (now == 0) {
-                continue;
+    void theGainMayMoveAtAnyTime() {
+        const Ring ring(perchly_ring_create());
+        std::atomic<bool> ended = false;
+        std::thread producer([&] {
+            Buffers ones({{1, 256 * 4}});
+            std::fill_n(ones.samples(0), 256, 1.0F);
+            while (!ended) {
+                perchly_ring_push(ring.get(), ones.list());
             }
-            farthest = frame > 0 ? std::max(farthest, std::abs(now - before)) : farthest;
-            before = now;
+        });
+        std::thread controller([&] {
+            for (uint32_t number = 0; !ended; ++number) {
+                perchly_ring_gain(ring.get(), number % 2 ? 1.0F : 0.0F);
+            }
+        });
+        Buffers output({{1, 256 * 4}});
+        float before = 1;
+        float farthest = 0;
+        for (int round = 0; round < 20000; ++round) {
+            perchly_ring_pull(ring.get(), output.list(), 256);
+            for (int frame = 0; frame < 256; ++frame) {
+                const float now = output.samples(0)[frame];
+                if (now == 0) {
+                    continue;
+                }
+                farthest = frame > 0 ? std::max(farthest, std::abs(now - before)) : farthest;
+                before = now;
+            }
         }
+        ended = true;
+        producer.join();
+        controller.join();
+        QVERIFY2(farthest <= 0.00401F, qPrintable(QString::number(double(farthest))));
     }
-    ended = true;
-    producer.join();
-    controller.join();
-    QVERIFY2(farthest <= 0.00401F, qPrintable(QString::number(double(farthest))));
-}
+};
 
 static const RegisteredTest<AudioRingThreadsTest> registeredAudioRingThreadsTest;
 

@@ -3,14 +3,30 @@
 #include "AudioSystem.h"
 
 #include <QHash>
-#include <QStringList>
 
 namespace perchly {
 
-class FakeAudioRoute;
+/// A route that runs until the test says otherwise.
+struct FakeAudioRoute : AudioRoute {
+    FakeAudioRoute(AudioObject routed, std::shared_ptr<AudioRingBuffer> through,
+                   QList<FakeAudioRoute *> &routes)
+        : process(routed)
+        , ring(std::move(through))
+        , all(routes) {
+        all.append(this);
+    }
+    ~FakeAudioRoute() override { all.removeOne(this); }
+    Q_DISABLE_COPY_MOVE(FakeAudioRoute)
 
-/// An audio system whose processes and output are what the test says, and whose routes fail where
-/// it says.
+    bool isRunning() const override { return running; }
+
+    AudioObject process;
+    std::shared_ptr<AudioRingBuffer> ring;
+    QList<FakeAudioRoute *> &all;
+    bool running = true;
+};
+
+/// An audio system whose processes and output are what the test says.
 class FakeAudioSystem : public AudioSystem {
 public:
     using AudioSystem::AudioSystem;
@@ -19,70 +35,34 @@ public:
     bool canRouteProcesses() const override { return routable; }
     AudioObject defaultOutput() const override { return output; }
     std::optional<QList<AudioProcess>> processes() const override { return list; }
-    std::optional<RunningApplication> application(AudioObject process) const override;
-    std::unique_ptr<AudioRoute> makeRoute() override;
+    std::optional<RunningApplication> application(AudioObject process) const override {
+        const auto found = applications.constFind(process);
+        return found == applications.cend() ? std::nullopt : std::optional(*found);
+    }
+    std::unique_ptr<AudioRoute> route(AudioObject process, std::shared_ptr<AudioRingBuffer> ring,
+                                      QString &error) override {
+        error = failure;
+        return failure.isEmpty() ? std::make_unique<FakeAudioRoute>(process, ring, routes)
+                                 : nullptr;
+    }
 
-    /// The route that taps the process; null when there is none.
-    [[nodiscard]] FakeAudioRoute *route(AudioObject process) const;
+    /// The route of the process; null when there is none.
+    [[nodiscard]] FakeAudioRoute *routeOf(AudioObject process) const {
+        for (FakeAudioRoute *route : routes) {
+            if (route->process == process) {
+                return route;
+            }
+        }
+        return nullptr;
+    }
 
     bool started = false;
     bool routable = true;
     AudioObject output = 40;
     std::optional<QList<AudioProcess>> list{QList<AudioProcess>()};
     QHash<AudioObject, RunningApplication> applications; ///< by their processes
-
-    QStringList calls;     ///< of every route, by the names of the functions, in order
-    QString failing;       ///< the function that fails, by its name
-    AudioStatus status{0}; ///< what it answers
-    QString engineError;   ///< what a failing start of the engine answers
-    StreamFormat format{48000, AudioEncoding::LinearPcm, SampleKind::Float, 32, 2};
-
-private:
-    friend class FakeAudioRoute;
-
-    QList<FakeAudioRoute *> m_routes;
-};
-
-/// Notes each call with the system that made it.
-class FakeAudioRoute : public AudioRoute, public AudioEngine {
-public:
-    explicit FakeAudioRoute(FakeAudioSystem &system);
-    ~FakeAudioRoute() override;
-
-    AudioStatus createTap(const TapDescription &description, AudioObject &tap) override;
-    AudioStatus readTapFormat(AudioObject tap, StreamFormat &format) override;
-    AudioStatus createDevice(const AggregateDescription &description, AudioObject &device) override;
-    AudioStatus createIo(AudioObject device, CaptureBlock capture, IoProcId &io) override;
-    AudioStatus startDevice(AudioObject device, IoProcId io) override;
-    void stopDevice(AudioObject device, IoProcId io) override;
-    void destroyIo(AudioObject device, IoProcId io) override;
-    void destroyDevice(AudioObject device) override;
-    void destroyTap(AudioObject tap) override;
-    AudioEngine &engine() override { return *this; }
-
-    std::optional<PlaybackFormat> playbackFormat(double sampleRate,
-                                                 std::uint32_t channels) const override;
-    std::unique_ptr<AudioSourceNode> makeSource(const PlaybackFormat &format,
-                                                RenderBlock render) override;
-    void attach(AudioSourceNode &source) override;
-    void connectToMixer(AudioSourceNode &source, const PlaybackFormat &format) override;
-    void detach(AudioSourceNode &source) override;
-    QString start() override;
-    void stop() override;
-    bool isRunning() const override { return running; }
-
-    std::optional<TapDescription> tap;          ///< while there is one
-    std::optional<AggregateDescription> device; ///< while there is one
-    CaptureBlock capture;                       ///< while there is a callback
-    std::weak_ptr<RenderBlock> render;          ///< empty when the source node has gone
-    std::optional<PlaybackFormat> playback;     ///< what the source was connected with
-    bool running = false;                       ///< the engine
-    bool started = false;                       ///< the device
-
-private:
-    AudioStatus note(const char *function) const;
-
-    FakeAudioSystem &m_system;
+    QList<FakeAudioRoute *> routes;
+    QString failure; ///< of every further route
 };
 
 } // namespace perchly

@@ -15,8 +15,7 @@ void MixerFixture::play(const QStringList &names) {
 }
 
 void MixerFixture::refuse() {
-    m_audio.failing = QStringLiteral("createDevice");
-    m_audio.status = -50;
+    m_audio.failure = QStringLiteral("Cannot create private audio route (-50).");
 }
 
 AudioObject MixerFixture::process(const QString &name) const {

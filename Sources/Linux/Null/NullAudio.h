@@ -4,34 +4,6 @@
 
 namespace perchly {
 
-/// Refuses every step.
-class NullAudioRoute : public AudioRoute, public AudioEngine {
-public:
-    [[nodiscard]] AudioStatus createTap(const TapDescription &, AudioObject &) override;
-    [[nodiscard]] AudioStatus readTapFormat(AudioObject, StreamFormat &) override;
-    [[nodiscard]] AudioStatus createDevice(const AggregateDescription &, AudioObject &) override;
-    [[nodiscard]] AudioStatus createIo(AudioObject, CaptureBlock, IoProcId &) override;
-    [[nodiscard]] AudioStatus startDevice(AudioObject, IoProcId) override;
-    void stopDevice(AudioObject, IoProcId) override {}
-    void destroyIo(AudioObject, IoProcId) override {}
-    void destroyDevice(AudioObject) override {}
-    void destroyTap(AudioObject) override {}
-    [[nodiscard]] AudioEngine &engine() override { return *this; }
-
-    [[nodiscard]] std::optional<PlaybackFormat> playbackFormat(double,
-                                                               std::uint32_t) const override {
-        return std::nullopt;
-    }
-    [[nodiscard]] std::unique_ptr<AudioSourceNode> makeSource(const PlaybackFormat &,
-                                                              RenderBlock) override;
-    void attach(AudioSourceNode &) override {}
-    void connectToMixer(AudioSourceNode &, const PlaybackFormat &) override {}
-    void detach(AudioSourceNode &) override {}
-    [[nodiscard]] QString start() override;
-    void stop() override {}
-    [[nodiscard]] bool isRunning() const override { return false; }
-};
-
 /// No audio system.
 class NullAudioSystem : public AudioSystem {
 public:
@@ -46,8 +18,10 @@ public:
     [[nodiscard]] std::optional<RunningApplication> application(AudioObject) const override {
         return std::nullopt;
     }
-    [[nodiscard]] std::unique_ptr<AudioRoute> makeRoute() override {
-        return std::make_unique<NullAudioRoute>();
+    [[nodiscard]] std::unique_ptr<AudioRoute> route(AudioObject, std::shared_ptr<AudioRingBuffer>,
+                                                    QString &error) override {
+        error = QStringLiteral("There is no audio system.");
+        return nullptr;
     }
 };
 

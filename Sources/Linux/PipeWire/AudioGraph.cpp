@@ -400,7 +400,7 @@ QString AudioGraph::serialOfOutput(std::uint32_t node) const {
     return output == m_outputs.end() ? QString() : output->second.serial;
 }
 
-void AudioGraph::doubtDefault(std::uint32_t output) {
+void AudioGraph::recheckDefault(std::uint32_t output) {
     const auto found = m_outputs.find(output);
     if (found != m_outputs.cend() && found->second.name != m_metadata.defaultOutput() &&
         m_metadata.isBound()) {

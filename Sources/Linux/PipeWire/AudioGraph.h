@@ -48,10 +48,10 @@ public:
     /// The node; nothing when no output has that number.
     [[nodiscard]] std::optional<std::uint32_t> outputOfSerial(const QString &serial) const;
 
-    /// A stream was linked to an output as if that were the default, which it is not as far as the
-    /// table has told: the server withholds news of it while another program begins to read it.
-    /// Reads it anew when that is so.
-    void doubtDefault(std::uint32_t output);
+    /// A stream was linked to this output as if it were the default. If the table says otherwise,
+    /// reads the table again: the server withholds its news while another program starts to read
+    /// it.
+    void recheckDefault(std::uint32_t output);
 
     [[nodiscard]] SessionMetadata &metadata() { return m_metadata; }
     [[nodiscard]] const GraphWiring &wiring() const { return m_wiring; }

@@ -96,12 +96,15 @@ std::optional<RunningApplication> PipeWireAudioSystem::application(AudioObject p
                : std::nullopt;
 }
 
-std::unique_ptr<AudioRoute> PipeWireAudioSystem::makeRoute() {
-    auto route = std::make_unique<PipeWireRoute>(m_connection, m_graph, m_keeper);
+std::unique_ptr<AudioRoute> PipeWireAudioSystem::route(AudioObject process,
+                                                       std::shared_ptr<AudioRingBuffer> ring,
+                                                       QString &error) {
+    auto route = std::make_unique<PipeWireRoute>(m_connection, m_graph, m_keeper, process);
     connect(route.get(), &PipeWireRoute::retired, &m_retired, &RetiredStreams::add);
     connect(route.get(), &PipeWireRoute::stopped, this, &AudioSystem::changed,
             Qt::QueuedConnection);
-    return route;
+    error = route->start(std::move(ring));
+    return error.isEmpty() ? std::move(route) : nullptr;
 }
 
 } // namespace perchly

@@ -39,7 +39,8 @@ public:
     [[nodiscard]] AudioObject defaultOutput() const override { return m_graph.defaultOutput(); }
     [[nodiscard]] std::optional<QList<AudioProcess>> processes() const override;
     [[nodiscard]] std::optional<RunningApplication> application(AudioObject process) const override;
-    [[nodiscard]] std::unique_ptr<AudioRoute> makeRoute() override;
+    [[nodiscard]] std::unique_ptr<AudioRoute>
+    route(AudioObject process, std::shared_ptr<AudioRingBuffer> ring, QString &error) override;
 
 private:
     /// The arguments for the finder.

@@ -4,6 +4,7 @@
 #include "PipeWireConnection.h"
 
 #include <QPointer>
+#include <QUuid>
 
 #include <algorithm>
 #include <cerrno>
@@ -25,27 +26,28 @@ constexpr auto arrival = 1s;
 /// How long the news of another default output may take after the route has gone there.
 constexpr auto newsLimit = 500ms;
 
-/// A route has one of each.
-constexpr AudioObject tapObject = 1;
-constexpr AudioObject deviceObject = 2;
-constexpr IoProcId ioProc = 1;
+QString failure(const char *what, int status) {
+    return QStringLiteral("%1 (%2).").arg(QString::fromUtf8(what)).arg(status);
+}
 
-struct PipeWireSource : AudioSourceNode {
-    RenderBlock render;
-};
+bool isAny(const QList<const GraphStream *> &streams, bool GraphStream::*property) {
+    return std::any_of(streams.cbegin(), streams.cend(),
+                       [property](const GraphStream *stream) { return stream->*property; });
+}
 
 } // namespace
 
-PipeWireRoute::PipeWireRoute(PipeWireConnection &connection, AudioGraph &graph, RouteKeeper &keeper)
+PipeWireRoute::PipeWireRoute(PipeWireConnection &connection, AudioGraph &graph, RouteKeeper &keeper,
+                             AudioObject process)
     : m_connection(connection)
     , m_graph(graph)
-    , m_keeper(keeper) {
+    , m_keeper(keeper)
+    , m_process(process) {
     m_patience.setSingleShot(true);
     m_patience.setInterval(patience);
     connect(&m_patience, &QTimer::timeout, this, [this] {
         if (m_streams->isMade()) {
-            m_move->begin();
-            m_arrival.start();
+            send();
         } else {
             m_patience.start(); // the server is slow, and nothing is lost
         }
@@ -53,96 +55,81 @@ PipeWireRoute::PipeWireRoute(PipeWireConnection &connection, AudioGraph &graph, 
     m_arrival.setSingleShot(true);
     m_arrival.setInterval(arrival);
     connect(&m_arrival, &QTimer::timeout, this, [this] { m_streams->rest(); });
-    m_doubt.setSingleShot(true);
-    m_doubt.setInterval(newsLimit);
-    connect(&m_doubt, &QTimer::timeout, this, [this] { m_graph.doubtDefault(m_playsTo); });
+    m_recheck.setSingleShot(true);
+    m_recheck.setInterval(newsLimit);
+    connect(&m_recheck, &QTimer::timeout, this, [this] { m_graph.recheckDefault(m_playsTo); });
     connect(&graph, &AudioGraph::moverLost, this, &PipeWireRoute::interrupt);
     connect(&graph, &AudioGraph::linked, this, [this](std::uint32_t from, std::uint32_t to) {
         if (m_streams && from == m_streams->playbackNode()) {
             m_playsTo = to;
-            m_doubt.start();
+            m_recheck.start();
         }
     });
 }
 
 PipeWireRoute::~PipeWireRoute() {
-    stopDevice(deviceObject, ioProc);
-    destroyTap(tapObject);
+    m_isStarted = false;
+    if (m_move) {
+        m_move->undo();
+    }
+    if (m_streams) {
+        Q_EMIT retired(std::exchange(m_streams, nullptr),
+                       m_move ? m_move->streams() : QList<std::uint32_t>());
+    }
 }
 
-AudioStatus PipeWireRoute::createTap(const TapDescription &description, AudioObject &tap) {
-    if (!m_graph.isComplete()) {
-        return -ENOTCONN;
+QString PipeWireRoute::start(std::shared_ptr<AudioRingBuffer> ring) {
+    if (const int status = findProcess(); status != 0) {
+        return failure("Audio access failed. Allow Perchly in System Settings → Privacy & Security "
+                       "→ Screen & System Audio Recording, then retry",
+                       status);
     }
-    const AudioObject process = description.processes.value(0);
-    if (!m_graph.hasProcess(process)) {
-        return -ESRCH;
+    // PipeWire turns all formats into the stereo floats of the sink, except those that only the
+    // device can decode.
+    if (isAny(m_graph.streamsOf(m_process), &GraphStream::isEncoded)) {
+        return QStringLiteral("This app’s audio format is not supported by the mixer yet.");
     }
-    const auto streams = m_graph.streamsOf(process);
-    if (std::any_of(streams.cbegin(), streams.cend(),
-                    [](const GraphStream *stream) { return stream->isFixed; })) {
-        return -EPERM;
+    m_streams = std::make_shared<RouteStreams>(
+        m_connection, QUuid::createUuid().toString(QUuid::WithoutBraces),
+        QStringLiteral("Perchly private app audio"), std::move(ring), [self = QPointer(this)] {
+            if (self && self->m_patience.isActive()) {
+                self->send();
+            }
+        });
+    if (const int status = m_streams->openCapture(); status != 0) {
+        return failure("Cannot create private audio route", status);
     }
-    m_process = process;
-    tap = tapObject;
-    return noAudioError;
-}
-
-AudioStatus PipeWireRoute::readTapFormat(AudioObject, StreamFormat &format) {
-    // Whatever a program plays, PipeWire turns it into the stereo floats of the sink, but for what
-    // only the device can decode.
-    const auto streams = m_graph.streamsOf(m_process);
-    const bool isEncoded = std::any_of(streams.cbegin(), streams.cend(),
-                                       [](const auto *stream) { return stream->isEncoded; });
-    format = {.sampleRate = m_connection.sampleRate(),
-              .encoding = isEncoded ? AudioEncoding::Other : AudioEncoding::LinearPcm,
-              .samples = SampleKind::Float,
-              .bitsPerChannel = 32,
-              .channelsPerFrame = 2};
-    return noAudioError;
-}
-
-AudioStatus PipeWireRoute::createDevice(const AggregateDescription &description,
-                                        AudioObject &device) {
-    if (m_connection.core() == nullptr) {
-        return -ENOTCONN;
+    if (const int status = m_graph.defaultOutput() == 0 ? -ENODEV : m_streams->openPlayback();
+        status != 0) {
+        return QStringLiteral("The audio output cannot be opened: %1.")
+            .arg(QString::fromLocal8Bit(std::strerror(-status)));
     }
-    m_streams = std::make_shared<RouteStreams>(m_connection, description.uid, description.name,
-                                               [self = QPointer(this)] {
-                                                   if (self) {
-                                                       self->send();
-                                                   }
-                                               });
-    const AudioStatus status = m_streams->openCapture();
-    if (status == noAudioError) {
-        device = deviceObject;
+    if (!m_streams->isIntact()) {
+        return failure("Cannot start app audio. Check audio-capture permission", -EIO);
     }
-    return status;
-}
-
-AudioStatus PipeWireRoute::createIo(AudioObject, CaptureBlock capture, IoProcId &io) {
-    m_streams->cycle().setCapture(std::move(capture));
-    io = ioProc;
-    return noAudioError;
-}
-
-AudioStatus PipeWireRoute::startDevice(AudioObject, IoProcId) {
-    if (!isRunning()) {
-        return -EIO;
-    }
+    m_isStarted = true;
     m_streams->cycle().open();
     m_move = std::make_unique<ProcessMove>(m_graph, m_keeper, m_process, m_streams->name());
     connect(m_move.get(), &ProcessMove::takenOver, this, &PipeWireRoute::interrupt);
     m_patience.start();
-    return noAudioError;
+    return {};
+}
+
+/// 0 if the process can be routed, else a negative error number.
+int PipeWireRoute::findProcess() const {
+    if (!m_graph.isComplete()) {
+        return -ENOTCONN;
+    }
+    if (!m_graph.hasProcess(m_process)) {
+        return -ESRCH;
+    }
+    return isAny(m_graph.streamsOf(m_process), &GraphStream::isFixed) ? -EPERM : 0;
 }
 
 void PipeWireRoute::send() {
-    if (m_patience.isActive()) {
-        m_patience.stop();
-        m_move->begin();
-        m_arrival.start();
-    }
+    m_patience.stop();
+    m_move->begin();
+    m_arrival.start();
 }
 
 void PipeWireRoute::interrupt() {
@@ -151,55 +138,8 @@ void PipeWireRoute::interrupt() {
     }
 }
 
-void PipeWireRoute::stopDevice(AudioObject, IoProcId) {
-    m_patience.stop();
-    m_arrival.stop();
-    m_doubt.stop();
-    if (m_move) {
-        m_move->undo();
-    }
-}
-
-void PipeWireRoute::destroyTap(AudioObject) {
-    m_process = 0;
-    const auto move = std::exchange(m_move, nullptr);
-    if (m_streams) {
-        Q_EMIT retired(std::exchange(m_streams, nullptr),
-                       move ? move->streams() : QList<std::uint32_t>());
-    }
-}
-
-std::optional<PlaybackFormat> PipeWireRoute::playbackFormat(double sampleRate,
-                                                            std::uint32_t channels) const {
-    return sampleRate >= 1 && channels == 2 ? std::optional(PlaybackFormat{sampleRate, channels})
-                                            : std::nullopt;
-}
-
-std::unique_ptr<AudioSourceNode> PipeWireRoute::makeSource(const PlaybackFormat &,
-                                                           RenderBlock render) {
-    auto source = std::make_unique<PipeWireSource>();
-    source->render = std::move(render);
-    return source;
-}
-
-void PipeWireRoute::attach(AudioSourceNode &source) {
-    m_streams->cycle().setRender(static_cast<PipeWireSource &>(source).render);
-}
-
-QString PipeWireRoute::start() {
-    const AudioStatus status = m_graph.defaultOutput() == 0 ? -ENODEV : m_streams->openPlayback();
-    m_isStarted = status == noAudioError;
-    return m_isStarted ? QString()
-                       : QStringLiteral("The audio output cannot be opened: %1.")
-                             .arg(QString::fromLocal8Bit(std::strerror(-status)));
-}
-
-void PipeWireRoute::stop() {
-    m_isStarted = false;
-}
-
 bool PipeWireRoute::isRunning() const {
-    return m_isStarted && m_streams && m_streams->isIntact();
+    return m_isStarted && m_streams->isIntact();
 }
 
 } // namespace perchly

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <ctime>
 
 namespace perchly {
 
@@ -25,12 +24,6 @@ PlanarStereo planar(float *left, float *right, std::uint32_t frames) {
     return {{2, {{1, size, left}}}, {1, size, right}};
 }
 
-AudioTimeStamp stamp(std::uint64_t frames) {
-    timespec now{};
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    return {double(frames), std::uint64_t(now.tv_sec) * 1'000'000'000 + std::uint64_t(now.tv_nsec)};
-}
-
 } // namespace
 
 void RouteCycle::capture(pw_stream *source) {
@@ -42,8 +35,7 @@ void RouteCycle::capture(pw_stream *source) {
         const std::uint32_t frames = buffer.frames();
         dropStaleFrames(frames);
         const PlanarStereo input = planar(buffer.samples(0), buffer.samples(1), frames);
-        const AudioTimeStamp now = stamp(m_captured);
-        m_capture(now, &input.list, now, nullptr, now);
+        perchly_ring_push(m_ring.get(), &input.list);
         m_captured += frames;
     }
     m_hasPlayed = false;
@@ -65,8 +57,7 @@ void RouteCycle::play(pw_stream *output) {
         return;
     }
     PlanarStereo list = planar(buffer.samples(0), buffer.samples(1), frames);
-    bool isSilence = false;
-    m_render(isSilence, stamp(m_played), frames, &list.list);
+    perchly_ring_pull(m_ring.get(), &list.list, frames);
     m_played = std::min(m_captured, m_played + frames);
     m_hasPlayed = true;
     if (++m_cycles == 2) {
@@ -74,15 +65,14 @@ void RouteCycle::play(pw_stream *output) {
     }
 }
 
-/// What was captured while nothing played would be heard late for ever after.
+/// What was captured while nothing played would be heard late from then on.
 void RouteCycle::dropStaleFrames(std::uint32_t captured) {
     const std::uint64_t kept = m_hasPlayed ? captured : 0;
     while (m_captured - m_played > kept) {
         const auto frames =
             std::uint32_t(std::min<std::uint64_t>(m_captured - m_played - kept, m_dropped.size()));
         PlanarStereo list = planar(m_dropped.data(), m_dropped.data(), frames);
-        bool isSilence = false;
-        m_render(isSilence, stamp(m_played), frames, &list.list);
+        perchly_ring_pull(m_ring.get(), &list.list, frames);
         m_played += frames;
     }
 }

@@ -1,29 +1,32 @@
 #pragma once
 
-#include "AudioStream.h"
-
 #include <pipewire/stream.h>
 
 #include <array>
 #include <atomic>
+#include <cstdint>
+#include <memory>
+
+struct AudioRingBuffer;
 
 namespace perchly {
 
 class LoopEvent;
 
-/// What the real-time thread does in each cycle of the server's graph: what was captured goes to
-/// the capture block, and then, within the same cycle, the render block fills what is played.
+/// What the real-time thread does in each cycle of the server's graph: what was captured goes into
+/// the ring, and then, within the same cycle, the ring fills what is played.
 class RouteCycle {
 public:
+    explicit RouteCycle(std::shared_ptr<AudioRingBuffer> ring)
+        : m_ring(std::move(ring)) {}
+
     // Main thread, before open().
-    void setCapture(CaptureBlock capture) { m_capture = std::move(capture); }
-    void setRender(RenderBlock render) { m_render = std::move(render); }
     void setOutput(pw_stream *output) { m_output = output; }
     /// Signalled right after the second cycle that went through: the ends run then, and it is a
     /// whole cycle until the next one.
     void setRunning(LoopEvent *running) { m_running = running; }
 
-    /// Lets the blocks be called from now on. Until then nothing is captured and silence played.
+    /// Uses the ring from now on. Until then nothing is captured and silence played.
     void open() { m_isOpen.store(true, std::memory_order_release); }
 
     /// Whether the output may be triggered: outside of that it is being made ready by the main
@@ -39,8 +42,7 @@ private:
     [[nodiscard]] bool isOpen() const { return m_isOpen.load(std::memory_order_acquire); }
     void dropStaleFrames(std::uint32_t captured);
 
-    CaptureBlock m_capture;
-    RenderBlock m_render;
+    std::shared_ptr<AudioRingBuffer> m_ring;
     pw_stream *m_output = nullptr;
     std::atomic<bool> m_isOpen = false;
     std::atomic<bool> m_outputRuns = false;

@@ -23,11 +23,13 @@ void set(pw_properties *properties, const char *key, const QString &value) {
 } // namespace
 
 RouteStreams::RouteStreams(PipeWireConnection &connection, const QString &uid,
-                           const QString &description, std::function<void()> running)
+                           const QString &description, std::shared_ptr<AudioRingBuffer> ring,
+                           std::function<void()> running)
     : m_connection(connection)
     , m_uid(uid)
     , m_name(namePrefix + uid)
     , m_description(description)
+    , m_cycle(std::move(ring))
     , m_running(connection.loop(), std::move(running)) {
     m_cycle.setRunning(&m_running);
 }
@@ -55,7 +57,7 @@ std::unique_ptr<StereoStream> RouteStreams::make(pw_properties *properties,
     return std::make_unique<StereoStream>(m_connection, properties, process);
 }
 
-AudioStatus RouteStreams::openCapture() {
+int RouteStreams::openCapture() {
     pw_properties *made = properties(m_name);
     setGroups(made);
     // A plain sink: PulseAudio streams that are sent to any other kind wait for ever.
@@ -69,7 +71,7 @@ AudioStatus RouteStreams::openCapture() {
     return m_capture->open(PW_DIRECTION_INPUT, 0);
 }
 
-AudioStatus RouteStreams::openPlayback() {
+int RouteStreams::openPlayback() {
     pw_properties *made = properties(m_name + QStringLiteral(".playback"));
     setGroups(made);
     // The output may rest while nothing is captured.

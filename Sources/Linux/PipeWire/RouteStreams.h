@@ -23,15 +23,16 @@ public:
     /// The identifier is the route's own, the description for the person. Tells once when the two
     /// run, from within a callback of the connection. Needs a connection.
     RouteStreams(PipeWireConnection &connection, const QString &uid, const QString &description,
-                 std::function<void()> running);
+                 std::shared_ptr<AudioRingBuffer> ring, std::function<void()> running);
     ~RouteStreams();
 
     /// What the real-time thread does. Once it is open, it is left alone.
     [[nodiscard]] RouteCycle &cycle() { return m_cycle; }
 
     // The server is asked for the ends and not waited for: isIntact() is what it thinks of them.
-    [[nodiscard]] AudioStatus openCapture();
-    [[nodiscard]] AudioStatus openPlayback();
+    // 0, or a negative error number.
+    [[nodiscard]] int openCapture();
+    [[nodiscard]] int openPlayback();
     /// Whether the server has made both ends.
     [[nodiscard]] bool isMade() const;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "AudioStream.h"
+#include "AudioRoute.h"
 
 #include <QString>
 

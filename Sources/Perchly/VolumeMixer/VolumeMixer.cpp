@@ -1,6 +1,5 @@
 #include "VolumeMixer.h"
 
-#include "MixerError.h"
 #include "ShownText.h"
 
 #include <QCoreApplication>
@@ -165,22 +164,20 @@ void VolumeMixer::enable(quint32 id) {
     if (m_routes.contains(id)) {
         return;
     }
-    try {
-        auto route = std::make_unique<TapPlayback>(m_audio, id);
-        m_routes.emplace(id, std::move(route));
-    } catch (const MixerError &error) {
-        setError(error.description());
+    QString error;
+    auto route = MixerRoute::make(m_audio, id, error);
+    if (!route) {
+        setError(error);
         return;
     }
+    m_routes.emplace(id, std::move(route));
     m_levels.levels[id] = 1;
     scheduleRefresh();
     m_apps.announce(id);
 }
 
 void VolumeMixer::release(quint32 id) {
-    if (const auto route = m_routes.extract(id)) {
-        route.mapped()->stop();
-    }
+    m_routes.erase(id);
     m_levels.levels.erase(id);
     m_levels.muted.erase(id);
     m_apps.announce(id);
@@ -198,7 +195,7 @@ void VolumeMixer::set(quint32 id, float volume) {
         return;
     }
     m_levels.levels[id] = volume;
-    perchly_ring_gain(route->second->ring(), m_levels.muted.contains(id) ? 0 : volume);
+    route->second->setGain(m_levels.muted.contains(id) ? 0 : volume);
     m_apps.announce(id);
 }
 

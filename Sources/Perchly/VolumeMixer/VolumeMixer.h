@@ -3,7 +3,7 @@
 #include "AudioAppList.h"
 #include "AudioSystem.h"
 #include "Clock.h"
-#include "TapPlayback.h"
+#include "MixerRoute.h"
 
 #include <memory>
 
@@ -68,7 +68,7 @@ private:
     MixerLevels m_levels;
     AudioAppList m_apps{m_levels};
     QString m_error;
-    std::map<AudioObject, std::unique_ptr<TapPlayback>> m_routes;
+    std::map<AudioObject, std::unique_ptr<MixerRoute>> m_routes;
     AudioObject m_output = 0; ///< seen at the last refresh; 0 before it
     bool m_supported = false;
     Task m_next; ///< the refresh that is due

@@ -1,5 +1,4 @@
-// A program that mutes a process until its standard input ends.
-//   RouteOwner PID
+// RouteOwner PID: mutes a process until stdin ends.
 #include "SoundSystem.h"
 
 #include <QCoreApplication>
@@ -13,13 +12,13 @@ using namespace perchly;
 int main(int argc, char **argv) {
     QCoreApplication application(argc, argv);
     SoundSystem sound;
-    TapPlayback route(sound.system, sound.waitForProcess(QByteArray(argv[1]).toInt()));
-    perchly_ring_gain(route.ring(), 0);
+    QString error;
+    const auto process = sound.waitForProcess(QByteArray(argv[1]).toInt());
+    const auto route = MixerRoute::make(sound.system, process, error);
+    route->setGain(0);
     std::puts("routed");
     std::fflush(stdout);
     const QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
     QObject::connect(&input, &QSocketNotifier::activated, &application, &QCoreApplication::quit);
-    const int status = QCoreApplication::exec();
-    route.stop();
-    return status;
+    return QCoreApplication::exec();
 }

@@ -1,42 +1,33 @@
 #pragma once
 
-#include <QString>
+#include <QProcess>
 
-#include <pipewire/pipewire.h>
-
-#include <atomic>
-#include <mutex>
 #include <vector>
 
 namespace perchly {
 
-/// Listens to what an output plays, the left channel, at 48 kHz.
+/// Listens to what an output plays, in stereo at 48 kHz.
 class SoundMeter {
 public:
     explicit SoundMeter(const QString &output);
     ~SoundMeter();
     Q_DISABLE_COPY_MOVE(SoundMeter)
 
-    /// The loudest sample of the next milliseconds; the event loop runs meanwhile.
+    /// The peak of the next milliseconds; the event loop runs meanwhile.
     [[nodiscard]] float level(int milliseconds = 120);
     /// Whether the level comes to this value, within 1 %, and stays there for a while.
     [[nodiscard]] bool comesTo(float level, int limit = 4000);
 
-    /// Forgets what was heard so far.
+    /// Starts listening again.
     void clear();
-    /// What was heard since.
-    [[nodiscard]] std::vector<float> heard() const;
-    /// Frames of silence in a row among what was heard since, at most.
-    [[nodiscard]] std::size_t longestSilence() const;
+    /// Frames of the longest silence since then.
+    [[nodiscard]] std::size_t maxSilence();
 
 private:
-    static void listen(void *data);
+    void read();
 
-    pw_thread_loop *m_loop;
-    pw_stream *m_stream;
-    mutable std::mutex m_mutex;
+    QProcess m_recorder;
     std::vector<float> m_heard;
-    std::atomic<std::size_t> m_cycles = 0;
 };
 
 } // namespace perchly

@@ -13,41 +13,21 @@ namespace perchly {
 
 namespace {
 
-template <class Value>
-void append(QByteArray &bytes, Value value) {
-    bytes.append(reinterpret_cast<const char *>(&value), sizeof(value));
-}
-
 /// A minute of stereo floats; 480 Hz, so that every hundred frames are the same.
 QString toneFile() {
-    const QString path = QDir::tempPath() + QStringLiteral("/tone.wav");
-    if (QFile::exists(path)) {
-        return path;
-    }
-    constexpr std::uint32_t rate = 48000;
-    constexpr std::uint32_t frames = rate * 60;
-    constexpr std::uint32_t size = frames * 8;
-    QByteArray bytes("RIFF");
-    append(bytes, std::uint32_t(36 + size));
-    bytes.append("WAVEfmt ");
-    append(bytes, std::uint32_t(16));
-    append(bytes, std::uint16_t(3));
-    append(bytes, std::uint16_t(2));
-    append(bytes, rate);
-    append(bytes, rate * 8);
-    append(bytes, std::uint16_t(8));
-    append(bytes, std::uint16_t(32));
-    bytes.append("data");
-    append(bytes, size);
-    for (std::uint32_t frame = 0; frame < frames; ++frame) {
-        const float sample =
-            toneLevel * std::sin(2 * std::numbers::pi_v<float> * float(frame % 100) / 100);
-        append(bytes, sample);
-        append(bytes, sample);
-    }
+    const QString path = QDir::tempPath() + QStringLiteral("/tone");
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
-        qFatal("no place for the tone");
+    if (!file.exists()) {
+        std::vector<float> samples(size_t(48000) * 60 * 2);
+        for (size_t at = 0; at < samples.size(); ++at) {
+            const auto turn = float(at / 2 % 100) / 100;
+            samples[at] = toneLevel * std::sin(2 * std::numbers::pi_v<float> * turn);
+        }
+        const auto size = qint64(samples.size() * sizeof(float));
+        if (!file.open(QIODevice::WriteOnly) ||
+            file.write(reinterpret_cast<const char *>(samples.data()), size) != size) {
+            qFatal("cannot write the tone");
+        }
     }
     return path;
 }
@@ -71,7 +51,7 @@ void Program::tell(const char *text) {
     m_process.waitForBytesWritten();
 }
 
-bool Program::waitForWord() {
+bool Program::waitForLine() {
     return QTest::qWaitFor([this] { return m_process.canReadLine(); }, 10000);
 }
 
@@ -86,36 +66,39 @@ void Program::kill() {
 }
 
 std::unique_ptr<Program> pulsePlayer(const QString &properties) {
-    return std::make_unique<Program>(QStringLiteral("env"),
-                                     QStringList{QStringLiteral("PULSE_PROP=") + properties,
-                                                 QStringLiteral("paplay"), toneFile()});
+    const QStringList arguments{QStringLiteral("PULSE_PROP=") + properties,
+                                QStringLiteral("paplay"),
+                                QStringLiteral("--raw"),
+                                QStringLiteral("--format=float32le"),
+                                QStringLiteral("--rate=48000"),
+                                toneFile()};
+    return std::make_unique<Program>(QStringLiteral("env"), arguments);
 }
 
 std::unique_ptr<Program> nativePlayer(const QStringList &arguments) {
-    auto player = std::make_unique<Program>(
-        QCoreApplication::applicationDirPath() + QStringLiteral("/TonePlayer"), arguments);
+    const QString folder = QCoreApplication::applicationDirPath();
+    auto player = std::make_unique<Program>(folder + QStringLiteral("/TonePlayer"), arguments);
     player->tell("+");
     return player;
 }
 
 std::unique_ptr<Program> routeOwner(const Program &player) {
-    return std::make_unique<Program>(QCoreApplication::applicationDirPath() +
-                                         QStringLiteral("/RouteOwner"),
-                                     QStringList{QString::number(player.pid())});
+    const QString folder = QCoreApplication::applicationDirPath();
+    return std::make_unique<Program>(folder + QStringLiteral("/RouteOwner"),
+                                     QStringList(QString::number(player.pid())));
 }
 
-QString told(const QString &program, const QStringList &arguments) {
+QString output(const QString &command) {
     QProcess process;
-    process.start(program, arguments);
-    // The program under test goes on meanwhile, as other programs wait for its streams.
+    process.startCommand(command);
     if (!QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 5000)) {
-        qWarning("%s does not answer", qPrintable(program));
+        qWarning("%s does not end", qPrintable(command));
     }
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
 QString tracesOfRoutes() {
-    const QStringList lines = told(QStringLiteral("pw-dump"), {}).split(u'\n');
+    const QStringList lines = output(QStringLiteral("pw-dump")).split(u'\n');
     return (lines.filter(QStringLiteral("\"node.name\": \"perchly.")) +
             lines.filter(QStringLiteral("\"key\": \"target.object\"")))
         .join(u'\n');
@@ -150,8 +133,14 @@ AudioObject SoundSystem::waitForProcess(std::int32_t pid) const {
     return plays ? found->object : 0;
 }
 
-std::shared_ptr<TapPlayback> SoundSystem::route(const Program &player) {
-    return std::make_shared<TapPlayback>(system, waitForProcess(player.pid()));
+std::unique_ptr<MixerRoute> SoundSystem::route(const Program &player, float gain) {
+    QString error;
+    auto route = MixerRoute::make(system, waitForProcess(player.pid()), error);
+    if (!route) {
+        qFatal("%s", qPrintable(error));
+    }
+    route->setGain(gain);
+    return route;
 }
 
 } // namespace perchly

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "MixerRoute.h"
 #include "PipeWireAudioSystem.h"
-#include "TapPlayback.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
@@ -14,7 +14,7 @@ namespace perchly {
 /// Amplitude of the tone that players play.
 constexpr float toneLevel = 0.25F;
 
-/// A program that a test has started. It ends with this.
+/// A running program. It is killed with this.
 class Program {
 public:
     Program(const QString &program, const QStringList &arguments);
@@ -22,11 +22,11 @@ public:
     Q_DISABLE_COPY_MOVE(Program)
 
     [[nodiscard]] std::int32_t pid() const { return std::int32_t(m_process.processId()); }
-    /// Writes to its standard input.
+    /// Writes to stdin.
     void tell(const char *text);
-    /// Waits for a line of its standard output.
-    [[nodiscard]] bool waitForWord();
-    /// Ends its standard input and waits for it.
+    /// Waits for a line on stdout.
+    [[nodiscard]] bool waitForLine();
+    /// Closes stdin and waits for the end.
     void quit();
     /// kill -9.
     void kill();
@@ -35,17 +35,17 @@ private:
     QProcess m_process;
 };
 
-/// A PulseAudio client that plays the tone and says this of itself.
+/// A PulseAudio client that plays the tone, with properties as in PULSE_PROP.
 std::unique_ptr<Program> pulsePlayer(const QString &properties = {});
 /// A native client that plays the tone through one stream; see TonePlayer.cpp.
 std::unique_ptr<Program> nativePlayer(const QStringList &arguments = {});
 /// A program that mutes another one; see RouteOwner.cpp.
 std::unique_ptr<Program> routeOwner(const Program &player);
 
-/// Runs a tool of the sound system and answers with what it said.
-QString told(const QString &program, const QStringList &arguments);
+/// Runs a command of words without spaces while the event loop goes on; returns its stdout.
+QString output(const QString &command);
 
-/// What the sound system knows about routes: nodes, links and where streams were sent.
+/// The nodes of routes, and where streams were sent.
 QString tracesOfRoutes();
 
 /// The audio system under test, started and complete.
@@ -56,7 +56,8 @@ public:
     [[nodiscard]] std::optional<AudioProcess> process(std::int32_t pid) const;
     /// 0 if the process does not play within a while.
     [[nodiscard]] AudioObject waitForProcess(std::int32_t pid) const;
-    [[nodiscard]] std::shared_ptr<TapPlayback> route(const Program &player);
+    /// The player's route, once it plays.
+    [[nodiscard]] std::unique_ptr<MixerRoute> route(const Program &player, float gain = 1);
 
     PipeWireAudioSystem system;
 };
