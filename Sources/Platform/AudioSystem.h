@@ -26,20 +26,19 @@ struct AudioProcess {
 
 /// What the desktop knows about a running application.
 struct RunningApplication {
-    QString name; ///< in the person's language; never empty
+    QString name; ///< in the user's language; never empty
     QString path; ///< of its desktop entry, for Applications::icon; empty when it has none
 };
 
-/// The processes that play audio, the default output device, and routes through the program. Every
-/// reading comes from what the audio system has announced, so that asking costs next to nothing
-/// and never waits. Main thread only.
+/// The processes that play audio, the default output device, and routes. All getters return what
+/// the audio system has announced: they are cheap and never block. Main thread only.
 class AudioSystem : public QObject {
     Q_OBJECT
 public:
     using QObject::QObject;
 
-    /// Begins to follow the audio system, also when it comes later or comes back. Call it once;
-    /// until then, nothing is there.
+    /// Starts following the audio system, also one that starts later or restarts. Call it once;
+    /// before, all getters are empty.
     virtual void start() = 0;
 
     /// Whether there is an audio system that can route a single process.

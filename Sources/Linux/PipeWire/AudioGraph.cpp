@@ -51,7 +51,7 @@ struct AudioGraph::Callbacks {
 
     static void clientInfo(void *data, const pw_client_info *info) {
         auto &client = *static_cast<GraphClient *>(data);
-        // An update that says nothing new about them brings none.
+        // Only an update of the properties carries them.
         if ((info->change_mask & PW_CLIENT_CHANGE_MASK_PROPS) != 0 && info->props != nullptr) {
             client.graph->read(client, *info->props);
         }
@@ -94,7 +94,7 @@ AudioGraph::AudioGraph(PipeWireConnection &connection, QObject *parent)
     m_announcement.setSingleShot(true);
     m_announcement.setInterval(announcementDelay);
     connect(&m_announcement, &QTimer::timeout, this, [this] {
-        // One that was still ending when its last stream went is forgotten later.
+        // Forget processes that were still ending when their last stream went.
         std::erase_if(m_known, [this](const auto &entry) {
             const Known known = entry.second;
             return !hasProcess(known.number);
@@ -106,7 +106,7 @@ AudioGraph::AudioGraph(PipeWireConnection &connection, QObject *parent)
     connect(&connection, &PipeWireConnection::connected, this, &AudioGraph::begin);
     connect(&connection, &PipeWireConnection::lost, this, &AudioGraph::clear);
     connect(&connection, &PipeWireConnection::answered, this, &AudioGraph::answered);
-    // Not at once: a session manager that goes takes its table away first.
+    // Delayed: a session manager removes its table before it goes.
     connect(&m_metadata, &SessionMetadata::defaultOutputChanged, &m_announcement,
             qOverload<>(&QTimer::start));
 }
@@ -143,7 +143,7 @@ void AudioGraph::clear() {
 }
 
 void AudioGraph::answered(int number) {
-    // The first answer comes after all objects, the second after what they say about themselves.
+    // The first answer comes after all objects, the second after their properties.
     if (m_isComplete || number != m_question) {
         return;
     }
@@ -243,7 +243,7 @@ void AudioGraph::read(GraphClient &client, const spa_dict &properties) {
     client.name = textOf(properties, PW_KEY_APP_NAME);
     client.applicationId = textOf(properties, PW_KEY_APP_ID);
     client.binary = textOf(properties, PW_KEY_APP_PROCESS_BINARY);
-    // Sandboxes number their processes anew.
+    // Pids are per sandbox.
     const QString sandbox = textOf(properties, "pipewire.access.portal.app_id");
     if (client.applicationId.isEmpty()) {
         client.applicationId = sandbox;
@@ -277,7 +277,7 @@ AudioGraph::Known &AudioGraph::know(const ProcessKey &key) {
     const auto startTime =
         isOfSystem(key) ? processStartTime(std::int32_t(key.first)) : std::nullopt;
     if (known.number != 0 && startTime && known.startTime && startTime != known.startTime) {
-        known = {}; // another process has the number of one that has gone
+        known = {}; // the pid was reused
     }
     if (known.number == 0) {
         known.number = ++m_lastNumber;

@@ -15,17 +15,16 @@ namespace perchly {
 
 class PipeWireConnection;
 
-/// What the server has announced: who plays, and where to. A process is what the clients and
-/// streams with one process identifier have in common, and it stays one until it ends, as programs
-/// close and open their connections. Numbers of processes are not used again, and those of outputs
-/// stay with their names. Main thread only.
+/// What the server has announced: who plays, and where to. Clients and streams with the same pid
+/// are one process until it ends, since programs close and open connections. Numbers of processes
+/// are not used again; an output of the same name keeps its number. Main thread only.
 class AudioGraph : public QObject {
     Q_OBJECT
 public:
     explicit AudioGraph(PipeWireConnection &connection, QObject *parent = nullptr);
     ~AudioGraph() override;
 
-    /// Whether everything that was there has been announced, and streams can be moved.
+    /// Whether all existing objects have been announced, and streams can be moved.
     [[nodiscard]] bool isComplete() const { return m_isComplete && m_metadata.isBound(); }
 
     /// 0 when there is none. It is kept while the server is away.
@@ -35,8 +34,7 @@ public:
     [[nodiscard]] bool hasProcess(AudioObject process) const;
     /// Null when there is none.
     [[nodiscard]] const GraphClient *clientOf(AudioObject process) const;
-    /// The identifier by which the system knows the process; nothing when it cannot be told, as of
-    /// one in a sandbox.
+    /// The pid as the kernel knows it; nothing when it is unknown, as in a sandbox.
     [[nodiscard]] std::optional<std::int32_t> systemPidOf(AudioObject process) const;
     [[nodiscard]] QList<const GraphStream *> streamsOf(AudioObject process) const;
     /// Null when there is no such stream.
@@ -57,27 +55,27 @@ public:
     [[nodiscard]] const GraphWiring &wiring() const { return m_wiring; }
 
 Q_SIGNALS:
-    /// What isComplete(), processes() or defaultOutput() answers may have changed. Told after a
-    /// moment, once for many changes.
+    /// isComplete(), processes() or defaultOutput() may have changed. Emitted after a moment, once
+    /// for many changes.
     void changed();
 
     // From within a callback of the connection:
-    /// It is new, belongs to a process now, or has begun or ceased to play. A new one may belong to
-    /// none yet.
+    /// A new stream, which may belong to no process yet, or one that now belongs to a process,
+    /// plays or pauses.
     void streamChanged(std::uint32_t node);
     void streamRemoved(std::uint32_t node);
     void linked(std::uint32_t from, std::uint32_t to);
-    /// Streams cannot be moved any more, nor be sent back.
+    /// Streams can no longer be moved or sent back.
     void moverLost();
 
 private:
     struct Callbacks;
-    /// An identifier and the sandbox that it may be of, or −1 and what else it is known by.
+    /// A pid and its sandbox, or -1 and another identification.
     using ProcessKey = std::pair<std::int64_t, QString>;
 
     struct Known {
         AudioObject number = 0;
-        std::optional<quint64> startTime; ///< nothing when it cannot be told whether it runs
+        std::optional<quint64> startTime; ///< nothing when unknown
         QString bundleId;
     };
 

@@ -14,7 +14,7 @@ inline QString textOf(const spa_dict &properties, const char *key) {
     return QString::fromUtf8(spa_dict_lookup(&properties, key));
 }
 
-/// Nothing when the key is missing or its value is no such number.
+/// Nothing when the key is missing or its value is not a number.
 inline std::optional<std::uint32_t> numberOf(const spa_dict &properties, const char *key) {
     bool isNumber = false;
     const std::uint32_t number = textOf(properties, key).toUInt(&isNumber);

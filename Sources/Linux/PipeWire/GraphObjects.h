@@ -18,8 +18,8 @@ struct GraphClient {
     ProxyPointer proxy;
     spa_hook listener{};
     AudioObject process = 0;         ///< 0 until the client has been read
-    std::optional<std::int32_t> pid; ///< may be its sandbox's own
-    QString name;                    ///< these are empty when it does not say
+    std::optional<std::int32_t> pid; ///< may be the sandbox's
+    QString name;                    ///< these are empty when unknown
     QString applicationId;
     QString binary;
 };

@@ -19,16 +19,16 @@ struct GraphLink {
 /// The links between nodes that the server has announced.
 class GraphWiring {
 public:
-    /// True when the object was a link.
+    /// Adds the object if it is a link; returns whether it is.
     bool add(std::uint32_t id, const char *type, const spa_dict &properties);
-    /// The same.
+    /// Returns whether the object was a link.
     bool remove(std::uint32_t id) { return m_links.remove(id); }
     void clear() { m_links.clear(); }
 
-    /// Whether a link leads from the one node to the other.
+    /// Whether a link leads from one node to the other.
     [[nodiscard]] bool connects(std::uint32_t from, std::uint32_t to) const;
 
-    /// Of nothing when there is no such link.
+    /// From 0 to 0 when there is no such link.
     [[nodiscard]] GraphLink link(std::uint32_t id) const { return m_links.value(id); }
 
 private:

@@ -6,8 +6,8 @@
 
 namespace perchly {
 
-/// Lets a real-time thread have something done by the main thread. Main thread only, apart from
-/// signal().
+/// Runs a handler on the main thread when a real-time thread asks for it. Main thread only, apart
+/// from signal().
 class LoopEvent {
 public:
     /// The loop outlives it.
@@ -16,7 +16,7 @@ public:
     LoopEvent(const LoopEvent &) = delete;
     LoopEvent &operator=(const LoopEvent &) = delete;
 
-    /// Any thread; it does not wait. The handler runs soon, within a callback of the connection.
+    /// Any thread; does not block. The handler runs soon, within a callback of the connection.
     void signal();
 
 private:

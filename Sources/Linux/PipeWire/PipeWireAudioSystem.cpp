@@ -22,13 +22,13 @@ PipeWireAudioSystem::PipeWireAudioSystem(ApplicationFinder find, const QString &
     , m_graph(m_connection)
     , m_keeper(keeper)
     , m_retired(m_graph) {
-    m_pool.setMaxThreadCount(8); // a program on a slow disk must not hold up the next one
+    m_pool.setMaxThreadCount(8); // one on a slow disk must not delay the others
     m_pool.setExpiryTimeout(1000);
     connect(&m_graph, &AudioGraph::changed, this, &PipeWireAudioSystem::note);
 }
 
 PipeWireAudioSystem::~PipeWireAudioSystem() {
-    // What the server was told last must have reached it.
+    // The last requests must reach the server.
     if (!m_retired.isEmpty()) {
         m_connection.settle(farewellLimit);
     }

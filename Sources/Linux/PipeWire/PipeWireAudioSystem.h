@@ -14,24 +14,22 @@
 
 namespace perchly {
 
-/// Processes and routes of PipeWire, with a session manager that moves streams on request. It
-/// connects a moment after start(), when the program has shown itself, and again whenever the
-/// server comes back.
+/// Processes and routes of PipeWire, with a session manager that moves streams on request. Connects
+/// a moment after start(), when the shelf is visible, and again whenever the server comes back.
 class PipeWireAudioSystem : public AudioSystem {
     Q_OBJECT
 public:
-    /// Finds the running application with the process identifier that the system knows, and with
-    /// the name of its desktop entry or program, where these are known. May block. Called on
-    /// threads of a pool, also on several at once.
+    /// Finds a running application by its pid and the name of its desktop entry or program, as far
+    /// as these are known. May block. Called on threads of a pool, several at once.
     using ApplicationFinder = std::function<std::optional<RunningApplication>(
         std::optional<std::int32_t> pid, const QStringList &hints)>;
 
-    /// The keeper is the absolute path of the companion that lets applications play on as the
-    /// person wants if the program is killed; empty when there is none.
+    /// The keeper is the absolute path of the companion that sends streams back if Perchly is
+    /// killed; empty when there is none.
     explicit PipeWireAudioSystem(ApplicationFinder find = {}, const QString &keeper = {},
                                  QObject *parent = nullptr);
-    /// Waits until the server has heard of routes that ended a moment ago, if there are any, for at
-    /// most a quarter of a second; for the companion as RouteKeeper does; and for the finder.
+    /// Waits at most a quarter of a second until the server has processed the end of routes, if any
+    /// ended just now; for the companion as RouteKeeper does; and for the finder.
     ~PipeWireAudioSystem() override;
 
     void start() override;
@@ -52,7 +50,7 @@ private:
     };
     struct Lookup {
         Question question;
-        std::optional<RunningApplication> found; ///< stays while a new question is answered
+        std::optional<RunningApplication> found; ///< kept until a new question is answered
     };
 
     void note();
@@ -66,7 +64,7 @@ private:
     RetiredStreams m_retired;
     QHash<AudioObject, Lookup> m_lookups; ///< of every process that has played
     bool m_hasBeenComplete = false;
-    QThreadPool m_pool; ///< destroyed first: waits for the threads, however long a lookup takes
+    QThreadPool m_pool; ///< destroyed first: waits for running lookups
 };
 
 } // namespace perchly

@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr int attemptsInARow = 7;
+constexpr int maxAttempts = 7;
 
 QString socketFolder() {
     for (const char *name : {"PIPEWIRE_RUNTIME_DIR", "XDG_RUNTIME_DIR"}) {
@@ -25,14 +25,6 @@ QString socketFolder() {
 } // namespace
 
 struct PipeWireConnection::Callbacks {
-    static void info(void *data, const pw_core_info *info) {
-        auto &self = *static_cast<PipeWireConnection *>(data);
-        const char *rate = spa_dict_lookup(info->props, "default.clock.rate");
-        if (const int value = rate != nullptr ? atoi(rate) : 0; value > 0) {
-            self.m_sampleRate = value;
-        }
-    }
-
     static void done(void *data, std::uint32_t id, int number) {
         auto &self = *static_cast<PipeWireConnection *>(data);
         if (id == PW_ID_CORE) {
@@ -41,7 +33,7 @@ struct PipeWireConnection::Callbacks {
         }
     }
 
-    /// Errors about other objects, and other errors, come from objects that went meanwhile.
+    /// All other errors come from objects that have gone.
     static void error(void *data, std::uint32_t id, int, int result, const char *) {
         auto &self = *static_cast<PipeWireConnection *>(data);
         if (id == PW_ID_CORE && result == -EPIPE) {
@@ -50,7 +42,7 @@ struct PipeWireConnection::Callbacks {
     }
 
     static constexpr pw_core_events events{
-        .version = PW_VERSION_CORE_EVENTS, .info = info, .done = done, .error = error};
+        .version = PW_VERSION_CORE_EVENTS, .done = done, .error = error};
 };
 
 PipeWireConnection::PipeWireConnection(QObject *parent)
@@ -107,7 +99,7 @@ void PipeWireConnection::takeContext() {
 }
 
 void PipeWireConnection::tryLater() {
-    if (++m_attempts < attemptsInARow) {
+    if (++m_attempts < maxAttempts) {
         m_retry.start(25ms * (1 << m_attempts));
     }
 }

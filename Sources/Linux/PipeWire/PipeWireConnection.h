@@ -12,40 +12,36 @@
 
 namespace perchly {
 
-/// A connection to PipeWire that the event loop serves, and that comes back by itself: it watches
-/// the folder of the server's socket, so that a missing server costs nothing. Main thread only;
-/// neither start() nor the destructor waits for the desktop's buses, which the library asks first.
+/// A connection to PipeWire that runs in the event loop and reconnects: it watches the folder of
+/// the server's socket, so a missing server costs nothing. Main thread only; neither start() nor
+/// the destructor waits for the buses that libpipewire asks for real-time priority.
 class PipeWireConnection : public QObject {
     Q_OBJECT
 public:
     explicit PipeWireConnection(QObject *parent = nullptr);
     ~PipeWireConnection() override;
 
-    /// Tries to connect as soon as the library is ready, and whenever a server may have come. Call
-    /// it once.
+    /// Connects as soon as libpipewire is ready, and whenever a server appears. Call it once.
     void start();
 
-    /// Null until the library is ready.
+    /// Null until libpipewire is ready.
     [[nodiscard]] pw_loop *loop() const { return m_loop.get(); }
     /// Null while there is no server.
     [[nodiscard]] pw_core *core() const { return m_core.get(); }
 
-    /// Frames a second of the server's graph, as it has announced them.
-    [[nodiscard]] double sampleRate() const { return m_sampleRate; }
-
-    /// Waits until the server has done what it was told so far; for the end of the program. Not to
-    /// be called from within a callback of the connection.
+    /// Waits until the server has processed all requests; for the end of the program. Must not be
+    /// called from within a callback of the connection.
     void settle(std::chrono::milliseconds limit);
 
-    /// Waits until the real-time thread has ended what it does at the moment: some microseconds.
+    /// Waits some microseconds until the real-time thread has finished its current work.
     void passRealTimeThread();
 
-    /// Asks the server to answer; `answered` is emitted with this number when it has.
+    /// Asks the server to answer; answered() is emitted with this number then.
     int ask();
 
 Q_SIGNALS:
     void connected();
-    /// The server is gone: whatever was made through the core must be destroyed now.
+    /// The server is gone: everything made through the core must be destroyed now.
     void lost();
     /// From within a callback of the connection.
     void answered(int number);
@@ -72,7 +68,6 @@ private:
     QTimer m_retry;
     int m_attempts = 0;
     int m_answered = 0;
-    double m_sampleRate = 48000;
     bool m_isMaking = false;
     bool m_isLost = false;
     bool m_isServing = false;

@@ -38,10 +38,10 @@ QFuture<PipeWireContext> makePipeWireContext() {
         made.finish();
     };
     try {
-        // Detached, since a bus that never answers must not keep the program from ending.
+        // Detached: a bus that never answers must not keep the program from ending.
         std::thread(makeOnThread, std::move(promise)).detach();
     } catch (const std::system_error &) {
-        // The promise has gone with the attempt, which ends the future.
+        // The promise is destroyed, which ends the future.
     }
     return future;
 }

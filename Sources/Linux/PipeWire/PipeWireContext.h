@@ -6,17 +6,16 @@
 
 namespace perchly {
 
-/// What the library needs before it can connect.
+/// What libpipewire needs before it can connect.
 struct PipeWireContext {
     LoopPointer loop;
     ContextPointer context; // goes before its loop
 };
 
-/// Makes loop and context on a thread of their own, as the library asks the desktop for real-time
-/// priority meanwhile, and waits for the session bus and the system bus without any limit. The
-/// thread that takes the result enters the loop. Nothing waits for a result that nobody wants any
-/// more: it goes when it comes. Both are null if they could not be made; no result if there was no
-/// thread to be had.
+/// Makes loop and context on a thread of their own: libpipewire asks for real-time priority then,
+/// and waits for the session bus and the system bus without a timeout. The thread that takes the
+/// result enters the loop. A result that is no longer wanted is destroyed. Both are null if they
+/// could not be made; there is no result if no thread could be started.
 [[nodiscard]] QFuture<PipeWireContext> makePipeWireContext();
 
 } // namespace perchly

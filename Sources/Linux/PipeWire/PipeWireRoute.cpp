@@ -17,13 +17,13 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// How long the route's ends may take until they run before the process is sent there all the same.
-constexpr auto patience = 500ms;
+/// After this, the process is sent to the route even if its ends do not run yet.
+constexpr auto startLimit = 500ms;
 
-/// How long the sink runs all the same until the process' streams have come.
-constexpr auto arrival = 1s;
+/// After this, the sink no longer runs without the process' streams.
+constexpr auto arrivalLimit = 1s;
 
-/// How long the news of another default output may take after the route has gone there.
+/// How long news of another default output may take after the route plays there.
 constexpr auto newsLimit = 500ms;
 
 QString failure(const char *what, int status) {
@@ -43,18 +43,18 @@ PipeWireRoute::PipeWireRoute(PipeWireConnection &connection, AudioGraph &graph, 
     , m_graph(graph)
     , m_keeper(keeper)
     , m_process(process) {
-    m_patience.setSingleShot(true);
-    m_patience.setInterval(patience);
-    connect(&m_patience, &QTimer::timeout, this, [this] {
+    m_startLimit.setSingleShot(true);
+    m_startLimit.setInterval(startLimit);
+    connect(&m_startLimit, &QTimer::timeout, this, [this] {
         if (m_streams->isMade()) {
             send();
         } else {
-            m_patience.start(); // the server is slow, and nothing is lost
+            m_startLimit.start(); // the server is slow, and nothing is lost
         }
     });
-    m_arrival.setSingleShot(true);
-    m_arrival.setInterval(arrival);
-    connect(&m_arrival, &QTimer::timeout, this, [this] { m_streams->rest(); });
+    m_arrivalLimit.setSingleShot(true);
+    m_arrivalLimit.setInterval(arrivalLimit);
+    connect(&m_arrivalLimit, &QTimer::timeout, this, [this] { m_streams->letSinkIdle(); });
     m_recheck.setSingleShot(true);
     m_recheck.setInterval(newsLimit);
     connect(&m_recheck, &QTimer::timeout, this, [this] { m_graph.recheckDefault(m_playsTo); });
@@ -92,7 +92,7 @@ QString PipeWireRoute::start(std::shared_ptr<AudioRingBuffer> ring) {
     m_streams = std::make_shared<RouteStreams>(
         m_connection, QUuid::createUuid().toString(QUuid::WithoutBraces),
         QStringLiteral("Perchly private app audio"), std::move(ring), [self = QPointer(this)] {
-            if (self && self->m_patience.isActive()) {
+            if (self && self->m_startLimit.isActive()) {
                 self->send();
             }
         });
@@ -111,7 +111,7 @@ QString PipeWireRoute::start(std::shared_ptr<AudioRingBuffer> ring) {
     m_streams->cycle().open();
     m_move = std::make_unique<ProcessMove>(m_graph, m_keeper, m_process, m_streams->name());
     connect(m_move.get(), &ProcessMove::takenOver, this, &PipeWireRoute::interrupt);
-    m_patience.start();
+    m_startLimit.start();
     return {};
 }
 
@@ -127,9 +127,9 @@ int PipeWireRoute::findProcess() const {
 }
 
 void PipeWireRoute::send() {
-    m_patience.stop();
+    m_startLimit.stop();
     m_move->begin();
-    m_arrival.start();
+    m_arrivalLimit.start();
 }
 
 void PipeWireRoute::interrupt() {

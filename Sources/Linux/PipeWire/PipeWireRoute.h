@@ -29,8 +29,7 @@ public:
     [[nodiscard]] bool isRunning() const override;
 
 Q_SIGNALS:
-    /// The streams are still needed until the session manager has sent the process' own back, and
-    /// the server has said everything about them.
+    /// The streams must be kept until the session manager has sent the process' streams back.
     void retired(std::shared_ptr<perchly::RouteStreams> streams, const QList<std::uint32_t> &sent);
     /// isRunning() has turned false because the streams were moved by somebody else or cannot be
     /// moved any more. Not emitted when the server takes an end away. May come from within a
@@ -48,8 +47,8 @@ private:
     AudioObject m_process;
     std::shared_ptr<RouteStreams> m_streams;
     std::unique_ptr<ProcessMove> m_move;
-    QTimer m_patience;
-    QTimer m_arrival;
+    QTimer m_startLimit;
+    QTimer m_arrivalLimit;
     QTimer m_recheck;
     std::uint32_t m_playsTo = 0; ///< the output's node
     bool m_isStarted = false;

@@ -10,8 +10,8 @@ namespace perchly {
 
 namespace {
 
-/// What the person wanted: a route's name is left from one that has just ended, or that was killed.
-std::optional<StreamTarget> ofThePerson(const std::optional<StreamTarget> &target) {
+/// The target that the user chose; the name of a route is left over from an earlier one.
+std::optional<StreamTarget> chosenByUser(const std::optional<StreamTarget> &target) {
     return target && QLatin1StringView(target->value).startsWith(RouteStreams::namePrefix)
                ? std::nullopt
                : target;
@@ -34,8 +34,8 @@ ProcessMove::~ProcessMove() {
 
 void ProcessMove::begin() {
     m_isUnderWay = true;
-    // A stream that is sent elsewhere while it is being connected can be heard at both places until
-    // it ends; so one that is opened later is sent when it plays.
+    // A stream that is moved while it is being connected plays at both places until it ends; so a
+    // later one is moved when it plays.
     connect(&m_graph, &AudioGraph::streamChanged, this, [this](std::uint32_t node) {
         const GraphStream *stream = m_graph.stream(node);
         if (stream != nullptr && stream->isRunning && m_graph.processOf(node) == m_process) {
@@ -56,9 +56,9 @@ void ProcessMove::move(std::uint32_t node) {
     }
 }
 
-/// Where the stream goes back to, for as long as the table still says so.
+/// Notes where the stream goes back to, while the table still says so.
 void ProcessMove::note(std::uint32_t node) {
-    const auto before = wish(node);
+    const auto before = originalTarget(node);
     m_before.insert(node, before);
     m_keeper.keep(node, before);
     const auto output =
@@ -75,7 +75,7 @@ void ProcessMove::forget(std::uint32_t node) {
 }
 
 void ProcessMove::watch(std::uint32_t node) {
-    // Until our own value has come back, an older one may still be on its way.
+    // Until our value has come back, older values may still arrive.
     if (!m_before.contains(node)) {
         return;
     }
@@ -89,12 +89,12 @@ void ProcessMove::watch(std::uint32_t node) {
     }
 }
 
-std::optional<StreamTarget> ProcessMove::wish(std::uint32_t node) const {
-    if (const auto target = ofThePerson(m_graph.metadata().target(node))) {
+std::optional<StreamTarget> ProcessMove::originalTarget(std::uint32_t node) const {
+    if (const auto target = chosenByUser(m_graph.metadata().target(node))) {
         return target;
     }
-    // The session manager forgets its own choice for the program when the target is taken away, so
-    // it is told as a target.
+    // The session manager forgets its own choice for the program when the target is removed, so
+    // that choice becomes a target.
     const auto remembered = m_graph.metadata().rememberedNode(node);
     const QString serial = remembered ? m_graph.serialOfOutput(*remembered) : QString();
     if (serial.isEmpty()) {

@@ -7,8 +7,8 @@
 
 namespace perchly {
 
-/// When the process began, in the kernel's ticks; nothing when it has ended or cannot be seen. Two
-/// processes with one identifier differ in it.
+/// When the process started, in the kernel's ticks; nothing when it has ended or cannot be read.
+/// Tells apart processes that had the same pid.
 [[nodiscard]] std::optional<quint64> processStartTime(std::int32_t pid);
 
 } // namespace perchly

@@ -10,16 +10,16 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto look = 100ms;
-constexpr auto rest = 400ms;
-constexpr auto limit = 2s;
+constexpr auto checkInterval = 100ms;
+constexpr auto minAge = 400ms;
+constexpr auto maxAge = 2s;
 
 } // namespace
 
 RetiredStreams::RetiredStreams(const AudioGraph &graph, QObject *parent)
     : QObject(parent)
     , m_graph(graph) {
-    m_timer.setInterval(look);
+    m_timer.setInterval(checkInterval);
     connect(&m_timer, &QTimer::timeout, this, &RetiredStreams::drop);
 }
 
@@ -30,7 +30,7 @@ void RetiredStreams::add(std::shared_ptr<RouteStreams> streams, const QList<std:
     m_timer.start();
 }
 
-/// What else somebody may have sent there does not leave before the end, so it is not waited for.
+/// Other streams that somebody sent there stay until the end, so they do not count.
 bool RetiredStreams::isFed(const Retired &retired) const {
     return std::any_of(retired.sent.cbegin(), retired.sent.cend(), [&](std::uint32_t node) {
         return m_graph.wiring().connects(node, retired.streams->captureNode());
@@ -42,9 +42,9 @@ bool RetiredStreams::isOver(Retired &retired) const {
     if (!retired.streams->isIntact() || retired.isUnlinked) {
         return true;
     }
-    if (age >= limit || (age >= rest && !isFed(retired))) {
-        // Gone from the graph before they go themselves: what the server has to say about that
-        // holds descriptors, which nobody would close afterwards.
+    if (age >= maxAge || (age >= minAge && !isFed(retired))) {
+        // They leave the graph before they are destroyed: the server's last messages hold
+        // descriptors that would leak otherwise.
         retired.streams->leaveGraph();
         retired.isUnlinked = true;
     }

@@ -14,9 +14,9 @@ namespace perchly {
 
 class AudioGraph;
 
-/// Keeps the streams of released routes until the session manager has sent the process' own streams
-/// back, so that nothing is lost of what they play, and for a moment more: a stream that ends while
-/// the server still connects it never closes what the server sends it. Main thread only.
+/// Keeps the streams of released routes until the session manager has sent the process' streams
+/// back, so that no sound is lost, and a moment longer: a stream that ends while the server is
+/// still connecting it leaks descriptors. Main thread only.
 class RetiredStreams : public QObject {
     Q_OBJECT
 public:

@@ -65,7 +65,7 @@ void RouteCycle::play(pw_stream *output) {
     }
 }
 
-/// What was captured while nothing played would be heard late from then on.
+/// Drops frames captured while nothing played: they would delay all later ones.
 void RouteCycle::dropStaleFrames(std::uint32_t captured) {
     const std::uint64_t kept = m_hasPlayed ? captured : 0;
     while (m_captured - m_played > kept) {

@@ -13,8 +13,8 @@ namespace perchly {
 
 class LoopEvent;
 
-/// What the real-time thread does in each cycle of the server's graph: what was captured goes into
-/// the ring, and then, within the same cycle, the ring fills what is played.
+/// What the real-time thread does in each cycle of the server's graph: captured frames go into the
+/// ring, and within the same cycle, frames of the ring are played.
 class RouteCycle {
 public:
     explicit RouteCycle(std::shared_ptr<AudioRingBuffer> ring)
@@ -22,19 +22,18 @@ public:
 
     // Main thread, before open().
     void setOutput(pw_stream *output) { m_output = output; }
-    /// Signalled right after the second cycle that went through: the ends run then, and it is a
-    /// whole cycle until the next one.
+    /// Signalled after the second complete cycle: both ends run then, and there is a whole cycle of
+    /// time until the next one.
     void setRunning(LoopEvent *running) { m_running = running; }
 
-    /// Uses the ring from now on. Until then nothing is captured and silence played.
+    /// Starts using the ring. Before, nothing is captured and silence is played.
     void open() { m_isOpen.store(true, std::memory_order_release); }
 
-    /// Whether the output may be triggered: outside of that it is being made ready by the main
-    /// thread, and a cycle of it would run into that.
+    /// Whether the output may be triggered: otherwise the main thread is preparing it.
     void setOutputRuns(bool runs) { m_outputRuns.store(runs, std::memory_order_release); }
 
-    // The real-time thread, when the source has frames, and when the output wants some. They wait
-    // for nothing and allocate nothing.
+    // The real-time thread, when the source has frames, and when the output wants some. Neither
+    // blocks or allocates.
     void capture(pw_stream *source);
     void play(pw_stream *output);
 
@@ -49,7 +48,7 @@ private:
     LoopEvent *m_running = nullptr;
     std::uint64_t m_cycles = 0;
     std::uint64_t m_captured = 0; ///< frames
-    std::uint64_t m_played = 0;   ///< frames, those dropped too
+    std::uint64_t m_played = 0;   ///< frames, including dropped ones
     bool m_hasPlayed = false;     ///< since the last capture
     std::array<float, 1024> m_dropped{};
 };

@@ -3,14 +3,14 @@
 namespace perchly {
 
 namespace {
-constexpr std::chrono::seconds restAfterTheLast{5};
+constexpr std::chrono::seconds idleTimeout{5};
 }
 
 RouteKeeper::RouteKeeper(QString program, QObject *parent)
     : QObject(parent)
     , m_program(std::move(program)) {
     m_rest.setSingleShot(true);
-    m_rest.setInterval(restAfterTheLast);
+    m_rest.setInterval(idleTimeout);
     connect(&m_rest, &QTimer::timeout, this, &RouteKeeper::dismiss);
 }
 
@@ -29,7 +29,7 @@ void RouteKeeper::keep(std::uint32_t node, const std::optional<StreamTarget> &ta
     m_rest.stop();
     m_kept.insert(node, target);
     if (m_companion != nullptr) {
-        say(node);
+        send(node);
     } else {
         start();
     }
@@ -47,7 +47,7 @@ void RouteKeeper::start() {
     });
     m_companion->start(m_program);
     for (auto kept = m_kept.cbegin(); kept != m_kept.cend() && m_companion != nullptr; ++kept) {
-        say(kept.key());
+        send(kept.key());
     }
 }
 
@@ -58,7 +58,7 @@ void RouteKeeper::drop(QProcess *companion) {
     }
 }
 
-void RouteKeeper::say(std::uint32_t node) {
+void RouteKeeper::send(std::uint32_t node) {
     QByteArray record = '+' + QByteArray::number(node);
     if (const std::optional<StreamTarget> &target = m_kept[node]) {
         record += '\t' + target->type + '\t' + target->value;
@@ -79,7 +79,7 @@ void RouteKeeper::forget(std::uint32_t node) {
 void RouteKeeper::dismiss() {
     if (m_companion != nullptr) {
         m_companion->closeWriteChannel();
-        m_companion = nullptr; // it goes when it has ended
+        m_companion = nullptr; // deleted when it has ended
     }
 }
 

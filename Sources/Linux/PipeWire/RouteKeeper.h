@@ -9,32 +9,30 @@
 
 namespace perchly {
 
-/// Tells a companion where the streams of routed processes go when this program dies: it outlives
-/// even a kill, and the session manager would send them to the default output. It runs while there
-/// is a stream to be kept and a while longer, as the next route is often near. One that was killed
-/// is replaced when the next stream is to be kept. Main thread only.
+/// Tells a companion where the streams of routed processes go if Perchly is killed: the session
+/// manager would send them to the default output. It runs while there are such streams and a few
+/// seconds longer. If it is killed, the next keep() starts another one. Main thread only.
 class RouteKeeper : public QObject {
     Q_OBJECT
 public:
-    /// The companion's absolute path; nothing is kept without one.
+    /// The companion's absolute path; nothing is kept if it is empty.
     explicit RouteKeeper(QString program, QObject *parent = nullptr);
-    /// Waits for the companion to end, a tenth of a second at most, and kills it then; likewise for
-    /// an earlier one that is still ending.
+    /// Waits for companions to end, for at most a tenth of a second each, and then kills them.
     ~RouteKeeper() override;
 
-    /// Replaces what was said about the stream; nothing lets it go by itself.
+    /// Where a stream goes back to; nothing leaves that to the session manager.
     void keep(std::uint32_t node, const std::optional<StreamTarget> &target);
     void forget(std::uint32_t node);
 
 private:
     void start();
     void drop(QProcess *companion);
-    void say(std::uint32_t node);
+    void send(std::uint32_t node);
     void dismiss();
 
     QString m_program;
     QHash<std::uint32_t, std::optional<StreamTarget>> m_kept;
-    QProcess *m_companion = nullptr; ///< the one that is told what is kept
+    QProcess *m_companion = nullptr; ///< the current one
     QTimer m_rest;
 };
 

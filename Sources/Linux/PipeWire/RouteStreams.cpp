@@ -44,10 +44,10 @@ pw_properties *RouteStreams::properties(const QString &name) const {
 }
 
 void RouteStreams::setGroups(pw_properties *properties) const {
-    // One driver for both ends, and no way back from the one to the other.
+    // One driver for both ends, and no link from the playback to the sink.
     set(properties, PW_KEY_NODE_GROUP, m_uid);
     set(properties, PW_KEY_NODE_LINK_GROUP, m_uid);
-    // What somebody has done to one route is nothing that the next one should begin with.
+    // A new route must not start with the volume or target of an earlier one.
     set(properties, "state.restore-props", QStringLiteral("false"));
     set(properties, "state.restore-target", QStringLiteral("false"));
 }
@@ -60,12 +60,12 @@ std::unique_ptr<StereoStream> RouteStreams::make(pw_properties *properties,
 int RouteStreams::openCapture() {
     pw_properties *made = properties(m_name);
     setGroups(made);
-    // A plain sink: PulseAudio streams that are sent to any other kind wait for ever.
+    // A plain sink: PulseAudio streams sent to any other kind never start.
     set(made, PW_KEY_MEDIA_CLASS, QStringLiteral("Audio/Sink"));
     set(made, PW_KEY_NODE_AUTOCONNECT, QStringLiteral("false"));
     set(made, PW_KEY_NODE_VIRTUAL, QStringLiteral("true"));
     set(made, PW_KEY_PRIORITY_SESSION, QStringLiteral("0"));
-    // A stream that is sent to a sink at rest is cut for two cycles.
+    // A stream sent to an idle sink is interrupted for two cycles.
     set(made, PW_KEY_NODE_ALWAYS_PROCESS, QStringLiteral("true"));
     m_capture = make(made, {capture, &m_cycle});
     return m_capture->open(PW_DIRECTION_INPUT, 0);
@@ -78,7 +78,7 @@ int RouteStreams::openPlayback() {
     set(made, PW_KEY_NODE_PASSIVE, QStringLiteral("true"));
     m_playback = make(made, {play, &m_cycle});
     m_cycle.setOutput(m_playback->handle());
-    m_playback->whenStreaming([this](bool isStreaming) {
+    m_playback->onStreamingChanged([this](bool isStreaming) {
         m_cycle.setOutputRuns(isStreaming);
         if (!isStreaming) {
             m_connection.passRealTimeThread();
@@ -100,7 +100,7 @@ void RouteStreams::leaveGraph() {
     }
 }
 
-void RouteStreams::rest() {
+void RouteStreams::letSinkIdle() {
     if (m_capture->handle() != nullptr) {
         const spa_dict_item item{PW_KEY_NODE_ALWAYS_PROCESS, "false"};
         const spa_dict changes{.flags = 0, .n_items = 1, .items = &item};

@@ -17,39 +17,39 @@ class PipeWireConnection;
 /// what it captured to the default output within the same cycle. Main thread only.
 class RouteStreams {
 public:
-    /// What the names of all routes' nodes begin with.
+    /// Starts the names of all routes' nodes.
     static constexpr QLatin1StringView namePrefix{"perchly."};
 
-    /// The identifier is the route's own, the description for the person. Tells once when the two
+    /// The identifier is unique, the description for the user. Calls running() once when both ends
     /// run, from within a callback of the connection. Needs a connection.
     RouteStreams(PipeWireConnection &connection, const QString &uid, const QString &description,
                  std::shared_ptr<AudioRingBuffer> ring, std::function<void()> running);
     ~RouteStreams();
 
-    /// What the real-time thread does. Once it is open, it is left alone.
+    /// What the real-time thread does. Must not be changed once it is open.
     [[nodiscard]] RouteCycle &cycle() { return m_cycle; }
 
-    // The server is asked for the ends and not waited for: isIntact() is what it thinks of them.
-    // 0, or a negative error number.
+    // 0, or a negative error number. They do not wait for the server; isIntact() turns false if it
+    // refuses.
     [[nodiscard]] int openCapture();
     [[nodiscard]] int openPlayback();
     /// Whether the server has made both ends.
     [[nodiscard]] bool isMade() const;
 
-    /// Takes both ends out of the graph; nothing is captured or played any more.
+    /// Takes both ends out of the graph; nothing is captured or played afterwards.
     void leaveGraph();
 
-    /// Lets the sink stop whenever nothing is sent there. Until then it runs all the time.
-    void rest();
+    /// Lets the sink stop while no stream is sent there. Before, it always runs.
+    void letSinkIdle();
 
-    /// The sink's, by which streams are sent there.
+    /// The sink's name, to which streams are sent.
     [[nodiscard]] QString name() const { return m_name; }
     [[nodiscard]] std::uint32_t captureNode() const { return m_capture->node(); }
     [[nodiscard]] std::uint32_t playbackNode() const {
         return m_playback ? m_playback->node() : SPA_ID_INVALID;
     }
 
-    /// False when an end has been taken away, or could not be opened.
+    /// False when an end could not be opened or was taken away.
     [[nodiscard]] bool isIntact() const;
 
 private:
@@ -65,7 +65,7 @@ private:
     RouteCycle m_cycle;
     LoopEvent m_running;
     std::unique_ptr<StereoStream> m_playback;
-    std::unique_ptr<StereoStream> m_capture; // goes before the other one, which it triggers
+    std::unique_ptr<StereoStream> m_capture; // destroyed before the playback, which it triggers
 };
 
 } // namespace perchly

@@ -13,7 +13,7 @@
 
 namespace perchly {
 
-/// Where a stream goes: the session manager's way of naming a device.
+/// Where a stream goes, as the session manager names a device.
 struct StreamTarget {
     QByteArray type;
     QByteArray value;
@@ -21,14 +21,14 @@ struct StreamTarget {
     friend bool operator==(const StreamTarget &, const StreamTarget &) = default;
 };
 
-/// The session manager's table of where streams were told to go and which output is the default.
-/// Main thread only; signals come from within a callback of the connection.
+/// The session manager's table of stream targets and the default output. Main thread only; signals
+/// come from within a callback of the connection.
 class SessionMetadata : public QObject {
     Q_OBJECT
 public:
     using QObject::QObject;
 
-    /// Whether these properties are those of the table.
+    /// Whether these are the table's properties.
     [[nodiscard]] static bool isDescribedBy(const spa_dict &properties);
 
     void bind(pw_registry *registry, std::uint32_t id);
@@ -36,22 +36,21 @@ public:
     [[nodiscard]] bool isBound() const { return m_proxy != nullptr; }
     [[nodiscard]] std::uint32_t id() const { return m_id; }
 
-    /// Where somebody has sent the stream; nothing when it goes by itself.
+    /// Where somebody has sent the stream; nothing when the session manager decides.
     [[nodiscard]] std::optional<StreamTarget> target(std::uint32_t node) const;
-    /// The number of the node that the session manager remembers for the stream, if any.
+    /// The node that the session manager remembers for the stream, if any.
     [[nodiscard]] std::optional<std::uint32_t> rememberedNode(std::uint32_t node) const;
-    /// Nothing lets the stream go by itself. Needs a table.
+    /// Nothing lets the session manager decide. Needs a table.
     void setTarget(std::uint32_t node, const std::optional<StreamTarget> &target);
-    /// Has the session manager remember an output for programs like the stream's, whose target does
-    /// not name it: it forgets what it knew whenever a target is set. Needs a table.
+    /// Makes the session manager remember an output for the stream's program, which it forgets
+    /// whenever a target is set. Needs a table.
     void remember(std::uint32_t node, std::uint32_t output);
-    /// A stream has gone, with what the table said about it.
+    /// Drops the entries of a stream that has gone.
     void forget(std::uint32_t node);
 
     /// The node's name; empty when there is none.
     [[nodiscard]] QString defaultOutput() const { return m_defaultOutput; }
-    /// When somebody has chosen one of our own sinks as the default: puts back what was chosen
-    /// before.
+    /// If one of our sinks was chosen as the default, restores the previous choice.
     void restoreDefaultOutput();
 
 Q_SIGNALS:
@@ -74,7 +73,7 @@ private:
     QHash<std::uint32_t, StreamTarget> m_targets;
     QHash<std::uint32_t, QByteArray> m_remembered;
     QString m_defaultOutput;
-    std::optional<StreamTarget> m_chosenDefault; ///< by the person; never a sink of ours
+    std::optional<StreamTarget> m_chosenDefault; ///< by the user; never one of our sinks
     bool m_isOwnChosen = false;
 };
 

@@ -69,8 +69,8 @@ int StereoStream::open(pw_direction direction, int flags) {
 void StereoStream::setStreaming(bool isStreaming) {
     if (isStreaming != m_isStreaming) {
         m_isStreaming = isStreaming;
-        if (m_told) {
-            m_told(isStreaming);
+        if (m_streamingChanged) {
+            m_streamingChanged(isStreaming);
         }
     }
 }

@@ -10,7 +10,7 @@ namespace perchly {
 
 class PipeWireConnection;
 
-/// A stream of stereo floats, one buffer for each channel, at whatever rate the graph has. It goes
+/// A stream of stereo floats, one buffer for each channel, at the rate of the graph. It is closed
 /// with the connection. Main thread only, apart from the process callback.
 class StereoStream : public QObject {
     Q_OBJECT
@@ -25,7 +25,7 @@ public:
     StereoStream(PipeWireConnection &connection, pw_properties *properties, Process process);
     ~StereoStream() override;
 
-    /// 0, or a negative error number. The server is not waited for.
+    /// 0, or a negative error number. Does not wait for the server.
     [[nodiscard]] int open(pw_direction direction, int flags);
     void close();
 
@@ -33,9 +33,11 @@ public:
     [[nodiscard]] bool isIntact() const { return m_stream && m_isIntact; }
     /// The node's number in the graph; SPA_ID_INVALID until the server has made it.
     [[nodiscard]] std::uint32_t node() const;
-    /// Told whether the stream is to be processed, whenever that changes. What is told is true
-    /// until the function has returned.
-    void whenStreaming(std::function<void(bool isStreaming)> told) { m_told = std::move(told); }
+    /// Called when the stream starts or stops being processed. The state does not change again
+    /// before the function has returned.
+    void onStreamingChanged(std::function<void(bool isStreaming)> call) {
+        m_streamingChanged = std::move(call);
+    }
     /// Null when it is closed.
     [[nodiscard]] pw_stream *handle() const { return m_stream.get(); }
 
@@ -50,7 +52,7 @@ private:
     spa_hook m_listener{};
     bool m_isIntact = true;
     bool m_isStreaming = false;
-    std::function<void(bool)> m_told;
+    std::function<void(bool)> m_streamingChanged;
 };
 
 } // namespace perchly

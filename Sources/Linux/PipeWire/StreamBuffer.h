@@ -6,7 +6,7 @@
 
 namespace perchly {
 
-/// The next buffer of a stream, which goes back when this ends. For real-time threads.
+/// The next buffer of a stream, which is returned on destruction. For real-time threads.
 class StreamBuffer {
 public:
     explicit StreamBuffer(pw_stream *stream);
@@ -24,7 +24,7 @@ public:
     [[nodiscard]] std::uint32_t wantedFrames() const;
     /// The first sample of channel 0 or 1.
     [[nodiscard]] float *samples(int channel) const;
-    /// Says that it has been filled, from its first sample on.
+    /// Marks so many frames as filled.
     void setFrames(std::uint32_t frames);
 
 private:

@@ -14,7 +14,7 @@ namespace {
 
 constexpr auto refreshPeriod = 2s;
 
-/// What names are ordered by: the bytes of UTF-8 compare as the code points do.
+/// UTF-8 sorts by code points.
 QByteArray sortKey(const QString &name) {
     return name.normalized(QString::NormalizationForm_C).toUtf8();
 }
@@ -47,7 +47,7 @@ VolumeMixer::VolumeMixer(AudioSystem &audio, Clock &clock, QObject *parent)
     , m_supported(audio.canRouteProcesses()) {
     connect(&audio, &AudioSystem::changed, this, [this] {
         if (m_routes.empty()) {
-            compareOutput(); // what is enabled before the next refresh goes to this one
+            compareOutput(); // a route enabled before the next refresh plays there
         }
         const bool otherOutput = m_audio.defaultOutput() != m_output;
         if (m_audio.canRouteProcesses() != m_supported || otherOutput) {
@@ -68,7 +68,7 @@ void VolumeMixer::scheduleRefresh() {
         m_next = m_clock.after(refreshPeriod, [this] {
             m_next.reset();
             refresh();
-            // A route is looked after all the time; the rest changes only when that is announced.
+            // Only the state of routes changes without being announced.
             if (!m_routes.empty()) {
                 scheduleRefresh();
             }

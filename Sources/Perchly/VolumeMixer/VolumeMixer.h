@@ -9,25 +9,24 @@
 
 namespace perchly {
 
-/// Lists the processes that play audio and routes those that the person has chosen through the
-/// program, to set their level or mute them. It looks again every two seconds while something is
-/// routed or has changed, gives routes back when the default output changes or a process goes, and
-/// keeps the last message for the person.
-/// Nothing is stored. Main thread only.
+/// Lists the processes that play audio, and routes those that the user enables through a ring to
+/// set their level or mute them. Refreshes every two seconds while something is routed or has
+/// changed, ends routes when the default output changes or a process goes, and keeps the last
+/// message for the user. Nothing is stored. Main thread only.
 class VolumeMixer : public QObject {
     Q_OBJECT
     Q_PROPERTY(perchly::AudioAppList *apps READ appList CONSTANT FINAL)
     Q_PROPERTY(QString error READ error NOTIFY errorChanged FINAL)
     Q_PROPERTY(bool supported READ supported NOTIFY supportedChanged FINAL)
 public:
-    /// Begins to look. Both must outlive the mixer; whoever owns the audio system starts it.
+    /// Both must outlive the mixer. The owner of the audio system starts it.
     VolumeMixer(AudioSystem &audio, Clock &clock, QObject *parent = nullptr);
-    /// Releases what is still routed.
+    /// Ends all routes.
     ~VolumeMixer() override;
     Q_DISABLE_COPY_MOVE(VolumeMixer)
 
-    /// By name: by the code points of the normalised names, so upper case comes first; equal ones
-    /// in the audio system's order. A routed process stays listed while it is silent.
+    /// Sorted by the code points of the normalised names, so upper case comes first. A routed
+    /// process stays listed while it is silent.
     [[nodiscard]] const QList<AudioApp> &apps() const { return m_apps.apps(); }
     [[nodiscard]] AudioAppList *appList() { return &m_apps; }
     [[nodiscard]] const std::map<AudioObject, float> &levels() const { return m_levels.levels; }
@@ -37,16 +36,16 @@ public:
     /// The audio system can route a single process.
     [[nodiscard]] bool supported() const { return m_supported; }
 
-    /// Compares the default output, the routes and the processes with what they were.
+    /// Checks the default output, the routes and the processes for changes.
     Q_INVOKABLE void refresh();
-    /// Routes the process at level 1, which nobody hears; nothing if it is routed already.
+    /// Routes the process at level 1; does nothing if it is routed already.
     Q_INVOKABLE void enable(quint32 id);
-    /// Gives the process its own output back and forgets its level and that it was muted.
+    /// Sends the process back to its own output and forgets its level and mute.
     Q_INVOKABLE void release(quint32 id);
     Q_INVOKABLE void releaseAll();
-    /// The level of a routed process; nothing for another one.
+    /// Sets the level of a routed process; does nothing for other ones.
     Q_INVOKABLE void set(quint32 id, float volume);
-    /// Mutes the process, or gives it its level back.
+    /// Mutes or unmutes the process.
     Q_INVOKABLE void mute(quint32 id);
 
 Q_SIGNALS:

@@ -7,18 +7,18 @@
 
 namespace perchly {
 
-/// Where a stream goes: the session manager's way of naming a device. Without a type it goes by
-/// itself.
+/// Where a stream goes, as the session manager names a device. Without a type, the session manager
+/// decides.
 struct KeptTarget {
     std::string type;
     std::string value;
 };
 
-/// What the program has said about the streams that it has moved, by the numbers of their nodes.
+/// The streams that the program has moved, by node.
 class KeptStreams {
 public:
-    /// Takes the next bytes of what it says: "+NODE", "+NODE TYPE VALUE" with tabs between, or
-    /// "-NODE", each with a zero byte after it. What makes no sense is left out.
+    /// Reads bytes of "+NODE", "+NODE TYPE VALUE" with tabs between, or "-NODE", each with a zero
+    /// byte after it. Ignores anything else.
     void read(std::string_view bytes);
 
     [[nodiscard]] std::map<std::uint32_t, KeptTarget> &streams() { return m_streams; }
