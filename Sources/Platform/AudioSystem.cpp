@@ -1,4 +1,0 @@
-#include "AudioSystem.h"
-
-// Gives the interface's meta-object one home.
-#include "moc_AudioSystem.cpp"

@@ -1,4 +1,0 @@
-#include "PointerMonitor.h"
-
-// Gives the interface's meta-object one home.
-#include "moc_PointerMonitor.cpp"
