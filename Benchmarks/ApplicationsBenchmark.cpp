@@ -88,10 +88,9 @@ private:
 };
 
 void measureSearch(const QList<FoundApplication> &applications) {
-    NullPreferences preferences;
-    NullOpenPanel panel;
+    const Hosts hosts = nullHosts();
     FixedCatalog catalog(applications);
-    ShelfLibrary library(preferences, catalog, panel);
+    ShelfLibrary library(*hosts.preferences, catalog, *hosts.openPanel);
     InstalledApplications model;
     model.setLibrary(&library);
     print("a scan's result into the rows", measure(5, [&](int) { library.refresh(); }));

@@ -14,7 +14,6 @@
 #include "JsonPreferences.h"
 #include "KernelPower.h"
 #include "LockedInstance.h"
-#include "NullAudio.h"
 #include "NullHosts.h"
 #include "PipeWireAudioSystem.h"
 #include "PortalMotion.h"
@@ -68,36 +67,6 @@ std::unique_ptr<Host> companion(const char *name, const char *ifMissing) {
         tellOnce(ifMissing);
     }
     return std::make_unique<Host>(program);
-}
-
-Hosts nullHosts() {
-    Hosts hosts;
-    hosts.clock = std::make_unique<QtClock>();
-    hosts.preferences = std::make_unique<NullPreferences>();
-    hosts.displays = std::make_unique<NullDisplays>();
-    hosts.pointer = std::make_unique<NullPointerMonitor>();
-    hosts.keys = std::make_unique<NullKeyMonitor>();
-    hosts.panel = std::make_unique<NullPanelHost>();
-    hosts.hotKeys = std::make_unique<NullHotKeys>();
-    hosts.statusItem = std::make_unique<NullStatusItem>();
-    hosts.applications = std::make_unique<NullApplications>();
-    hosts.catalog = std::make_unique<NullApplicationCatalog>();
-    hosts.openPanel = std::make_unique<NullOpenPanel>();
-    hosts.loginItem = std::make_unique<NullLoginItem>();
-    hosts.motion = std::make_unique<NullMotion>();
-    hosts.alertSound = std::make_unique<NullAlertSound>();
-    hosts.scriptHost = std::make_unique<NullScriptHost>();
-    hosts.playerNotifications = std::make_unique<NullPlayerNotifications>();
-    hosts.musicPlayer = std::make_unique<NullMusicPlayer>();
-    hosts.audio = std::make_unique<NullAudioSystem>();
-    hosts.pasteboard = std::make_unique<NullPasteboard>();
-    hosts.shortcuts = std::make_unique<NullShortcutsTool>();
-    hosts.fileServices = std::make_unique<NullFileServices>();
-    hosts.calendars = std::make_unique<NullCalendarStore>();
-    hosts.power = std::make_unique<NullPowerSources>();
-    hosts.screenCapture = std::make_unique<NullScreenCapture>();
-    hosts.quickLook = std::make_unique<NullQuickLook>();
-    return hosts;
 }
 
 std::unique_ptr<CalendarStore> calendarStore() {
@@ -208,6 +177,7 @@ WindowSystemChoice::~WindowSystemChoice() {
 
 Hosts makeHosts() {
     Hosts hosts = nullHosts();
+    hosts.clock = std::make_unique<QtClock>();
     if (!wantsNullHosts()) {
         addDesktop(hosts);
         addWindowSystem(hosts);
@@ -217,7 +187,7 @@ Hosts makeHosts() {
 
 std::unique_ptr<SingleInstance> makeSingleInstance() {
     if (wantsNullHosts()) {
-        return std::make_unique<NullSingleInstance>();
+        return nullSingleInstance();
     }
     return std::make_unique<LockedInstance>();
 }

@@ -1,23 +1,30 @@
 #include "NullHosts.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
+#include <QMap>
+#include <QPointer>
 #include <QTimer>
 #include <QUrl>
 #include <QWindow>
+
+#include <cerrno>
 
 namespace perchly {
 
 namespace {
 
-/// What is on its way until the handle goes.
+/// Calls a completion with the value from the event loop, unless it is destroyed before.
 class Answer : public ScheduledTask {
 public:
-    explicit Answer(std::function<void()> answer) {
+    template <class Completion, class Value>
+    Answer(Completion completion, const Value &value) {
         m_timer.setSingleShot(true);
-        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [answer = std::move(answer)] {
-            const auto action = answer; // outlives the handle that it may destroy
-            action();
-        });
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer,
+                         [completion = std::move(completion), value] {
+                             const auto action = completion; // outlives the task it may destroy
+                             action(value);
+                         });
         m_timer.start(0);
     }
 
@@ -26,144 +33,301 @@ private:
 };
 
 template <class Completion, class Value>
-void answerLater(QObject &receiver, Completion completion, const Value &value) {
+void answerLater(Completion completion, const Value &value) {
     QMetaObject::invokeMethod(
-        &receiver, [completion = std::move(completion), value] { completion(value); },
-        Qt::QueuedConnection);
+        QCoreApplication::instance(),
+        [completion = std::move(completion), value] { completion(value); }, Qt::QueuedConnection);
 }
+
+/// Holds for the run only.
+class NullPreferences : public Preferences {
+public:
+    std::optional<PreferenceValue> value(const QString &key) const override {
+        const auto found = m_values.constFind(key);
+        return found == m_values.cend() ? std::nullopt : std::optional(*found);
+    }
+    void removeValue(const QString &key) override {
+        if (m_values.remove(key) > 0) {
+            Q_EMIT changed(key);
+        }
+    }
+
+private:
+    void store(const PreferenceEntries &entries) override {
+        for (const auto &[key, value] : entries) {
+            m_values.insert(key, value);
+        }
+        for (const auto &[key, value] : entries) {
+            Q_EMIT changed(key);
+        }
+    }
+
+    QMap<QString, PreferenceValue> m_values;
+};
+
+class NullDisplays : public Displays {
+public:
+    QList<Display> list() const override { return {}; }
+};
+
+class NullPointerMonitor : public PointerMonitor {
+public:
+    void start() override {}
+    ScreenPoint position() const override { return {}; }
+    void setPolling(bool) override {}
+};
+
+class NullKeyMonitor : public KeyMonitor {
+public:
+    void start(Handler) override {}
+};
+
+class NullHotKeys : public HotKeys {
+public:
+    bool registerChord(int, Chord) override { return false; }
+};
+
+/// Only what Qt does for any window: the panel has its size and is shown, but the window system
+/// decides where it is and whether it has the keyboard.
+class NullPanelHost : public PanelHost {
+public:
+    void attach(QWindow *panel) override { m_panel = panel; }
+    void place(const ScreenRect &frame, const QMarginsF &margins) override {
+        if (m_panel) {
+            m_panel->resize(qRound(frame.width + margins.left() + margins.right()),
+                            qRound(frame.height + margins.top() + margins.bottom()));
+        }
+    }
+    void orderFront() override {
+        if (m_panel) {
+            m_panel->show();
+        }
+    }
+    void setShape(const QRegion &) override {}
+    void takeKeyboard() override {}
+    void giveKeyboardBack() override {}
+    bool hasKeyboard() const override { return false; }
+    void activate(QWindow *window) override {
+        window->show();
+        window->requestActivate();
+    }
+    bool isComposited() const override { return false; }
+    ScreenPoint toScreen(QPointF point) const override { return {point.x(), -point.y()}; }
+
+private:
+    QPointer<QWindow> m_panel;
+};
+
+class NullStatusItem : public StatusItem {
+public:
+    void show(const QIcon &, const QString &, const QList<StatusMenuEntry> &) override {}
+};
+
+class NullApplications : public Applications {
+public:
+    void launch(const QString &path, Completion completion) override {
+        open(path, std::move(completion));
+    }
+    void open(const QString &path, Completion completion) override {
+        openUrl(QUrl::fromLocalFile(path), std::move(completion));
+    }
+    QImage icon(const QString &, int) override { return {}; }
+    void openUrl(const QUrl &url, Completion completion) override {
+        if (completion) {
+            answerLater(std::move(completion),
+                        QStringLiteral("Nothing here can open “%1”.")
+                            .arg(url.toDisplayString(QUrl::PreferLocalFile)));
+        }
+    }
+};
+
+class NullApplicationCatalog : public ApplicationCatalog {
+public:
+    void find(Completion completion) override { describe({}, std::move(completion)); }
+    void describe(const QStringList &paths, Completion completion) override {
+        QList<FoundApplication> applications;
+        for (const QString &path : paths) {
+            applications.append({path, QFileInfo(path).completeBaseName()});
+        }
+        QMetaObject::invokeMethod(
+            this, [completion = std::move(completion), applications] { completion(applications); },
+            Qt::QueuedConnection);
+    }
+    QString startFolder() const override { return {}; }
+};
+
+class NullOpenPanel : public OpenPanel {
+public:
+    Task ask(const Request &, Completion completion) override {
+        return std::make_unique<Answer>(std::move(completion), QList<QUrl>());
+    }
+};
+
+class NullLoginItem : public LoginItem {
+public:
+    bool isEnabled() const override { return false; }
+    Result registerProgram() override {
+        return {.message = QStringLiteral("Nothing here starts programs at login.")};
+    }
+    Result unregisterProgram() override { return {.outcome = Outcome::Unregistered}; }
+};
+
+class NullMotion : public Motion {
+public:
+    bool isReduced() const override { return false; }
+};
+
+class NullAlertSound : public AlertSound {
+public:
+    void play() override {}
+};
+
+class NullScriptHost : public ScriptHost {
+public:
+    bool isRunnable() const override { return false; }
+    Task run(const QStringList &, std::optional<std::chrono::milliseconds>,
+             Completion completion) override {
+        return std::make_unique<Answer>(std::move(completion), std::nullopt);
+    }
+};
+
+class NullPlayerNotifications : public PlayerNotifications {
+public:
+    void start() override {}
+    PlayerPresence presence() const override { return PlayerPresence::Unknown; }
+};
+
+class NullMusicPlayer : public MusicPlayer {
+public:
+    void open() override {}
+};
+
+/// Nothing is ever copied, and what is written goes nowhere.
+class NullPasteboard : public Pasteboard {
+public:
+    qint64 changeCount() const override { return m_count; }
+    Task read(const PasteboardRequest &, Completion completion) override {
+        return std::make_unique<Answer>(std::move(completion), PasteboardContent());
+    }
+    void write(const QString &) override { ++m_count; }
+    void writeImage(const QByteArray &) override { ++m_count; }
+    void writeItems(const QList<QUrl> &) override { ++m_count; }
+
+private:
+    qint64 m_count = 0;
+};
+
+class NullAudioSystem : public AudioSystem {
+public:
+    void start() override {}
+    bool canRouteProcesses() const override { return false; }
+    AudioObject defaultOutput() const override { return 0; }
+    std::optional<QList<AudioProcess>> processes() const override { return std::nullopt; }
+    std::optional<RunningApplication> application(AudioObject) const override {
+        return std::nullopt;
+    }
+    std::unique_ptr<AudioRoute> route(AudioObject, std::shared_ptr<AudioRingBuffer>,
+                                      QString &error) override {
+        error = QStringLiteral("There is no audio system.");
+        return nullptr;
+    }
+};
+
+/// No tool: nothing is listed and every run fails.
+class NullShortcutsTool : public ShortcutsTool {
+public:
+    Task execute(const QStringList &, Completion completion) override {
+        return std::make_unique<Answer>(std::move(completion), Result());
+    }
+    void stopRuns() override {}
+    QString folder() const override { return {}; }
+    void prepareFolder(FolderCompletion completion) override {
+        answerLater(std::move(completion),
+                    QStringLiteral("There is no folder for shortcuts here."));
+    }
+};
+
+class NullFileServices : public FileServices {
+public:
+    void reveal(const QUrl &, Completion completion) override {
+        answerLater(std::move(completion), QStringLiteral("There is no file manager here."));
+    }
+    void findShareTargets(const QUrl &, TargetsCompletion completion) override {
+        answerLater(std::move(completion), QList<ShareTarget>());
+    }
+    void share(const QUrl &, const QString &, Completion completion) override {
+        answerLater(std::move(completion), QStringLiteral("There is nothing to share with here."));
+    }
+};
+
+class NullCalendarStore : public CalendarStore {
+public:
+    CalendarAccess access() const override { return CalendarAccess::NotAsked; }
+    Task requestAccess(AccessCompletion completion) override {
+        const CalendarStore::Answer answer{.error = QStringLiteral("There are no calendars here.")};
+        return std::make_unique<perchly::Answer>(std::move(completion), answer);
+    }
+    Task events(Clock::TimePoint, Clock::TimePoint, EventsCompletion completion) override {
+        return std::make_unique<perchly::Answer>(std::move(completion), QList<CalendarEvent>());
+    }
+    void expectChange() override {}
+};
+
+class NullPowerSources : public PowerSources {
+public:
+    void read(Completion completion) override { answerLater(std::move(completion), Reading()); }
+};
+
+class NullScreenCapture : public ScreenCapture {
+public:
+    Task captureRegion(const QString &, Completion completion) override {
+        return std::make_unique<Answer>(std::move(completion), -1);
+    }
+};
+
+class NullQuickLook : public QuickLook {
+public:
+    void look(const QList<QUrl> &, qsizetype, Manner) override {}
+};
+
+class NullSingleInstance : public SingleInstance {
+public:
+    bool claim() override { return true; }
+};
 
 } // namespace
 
-std::optional<PreferenceValue> NullPreferences::value(const QString &key) const {
-    const auto found = m_values.constFind(key);
-    return found == m_values.cend() ? std::nullopt : std::optional(*found);
+Hosts nullHosts() {
+    Hosts hosts;
+    hosts.preferences = std::make_unique<NullPreferences>();
+    hosts.displays = std::make_unique<NullDisplays>();
+    hosts.pointer = std::make_unique<NullPointerMonitor>();
+    hosts.keys = std::make_unique<NullKeyMonitor>();
+    hosts.panel = std::make_unique<NullPanelHost>();
+    hosts.hotKeys = std::make_unique<NullHotKeys>();
+    hosts.statusItem = std::make_unique<NullStatusItem>();
+    hosts.applications = std::make_unique<NullApplications>();
+    hosts.catalog = std::make_unique<NullApplicationCatalog>();
+    hosts.openPanel = std::make_unique<NullOpenPanel>();
+    hosts.loginItem = std::make_unique<NullLoginItem>();
+    hosts.motion = std::make_unique<NullMotion>();
+    hosts.alertSound = std::make_unique<NullAlertSound>();
+    hosts.scriptHost = std::make_unique<NullScriptHost>();
+    hosts.playerNotifications = std::make_unique<NullPlayerNotifications>();
+    hosts.musicPlayer = std::make_unique<NullMusicPlayer>();
+    hosts.audio = std::make_unique<NullAudioSystem>();
+    hosts.pasteboard = std::make_unique<NullPasteboard>();
+    hosts.shortcuts = std::make_unique<NullShortcutsTool>();
+    hosts.fileServices = std::make_unique<NullFileServices>();
+    hosts.calendars = std::make_unique<NullCalendarStore>();
+    hosts.power = std::make_unique<NullPowerSources>();
+    hosts.screenCapture = std::make_unique<NullScreenCapture>();
+    hosts.quickLook = std::make_unique<NullQuickLook>();
+    return hosts;
 }
 
-void NullPreferences::store(const PreferenceEntries &entries) {
-    for (const auto &[key, value] : entries) {
-        m_values.insert(key, value);
-    }
-    for (const auto &[key, value] : entries) {
-        Q_EMIT changed(key);
-    }
-}
-
-void NullPreferences::removeValue(const QString &key) {
-    if (m_values.remove(key) > 0) {
-        Q_EMIT changed(key);
-    }
-}
-
-void NullPanelHost::attach(QWindow *panel) {
-    m_panel = panel;
-}
-
-void NullPanelHost::place(const ScreenRect &frame, const QMarginsF &margins) {
-    if (m_panel) {
-        m_panel->resize(qRound(frame.width + margins.left() + margins.right()),
-                        qRound(frame.height + margins.top() + margins.bottom()));
-    }
-}
-
-void NullPanelHost::orderFront() {
-    if (m_panel) {
-        m_panel->show();
-    }
-}
-
-void NullPanelHost::activate(QWindow *window) {
-    window->show();
-    window->requestActivate();
-}
-
-void NullApplications::open(const QString &path, Completion completion) {
-    openUrl(QUrl::fromLocalFile(path), std::move(completion));
-}
-
-void NullApplications::openUrl(const QUrl &url, Completion completion) {
-    if (completion) {
-        const QString error = QStringLiteral("Nothing here can open “%1”.")
-                                  .arg(url.toDisplayString(QUrl::PreferLocalFile));
-        answerLater(m_receiver, std::move(completion), error);
-    }
-}
-
-void NullApplicationCatalog::find(Completion completion) {
-    describe({}, std::move(completion));
-}
-
-void NullApplicationCatalog::describe(const QStringList &paths, Completion completion) {
-    QList<FoundApplication> applications;
-    for (const QString &path : paths) {
-        applications.append({path, QFileInfo(path).completeBaseName()});
-    }
-    QMetaObject::invokeMethod(
-        this, [completion = std::move(completion), applications] { completion(applications); },
-        Qt::QueuedConnection);
-}
-
-Task NullOpenPanel::ask(const Request &, Completion completion) {
-    return std::make_unique<Answer>([completion = std::move(completion)] { completion({}); });
-}
-
-LoginItem::Result NullLoginItem::registerProgram() {
-    return {.message = QStringLiteral("Nothing here starts programs at login.")};
-}
-
-LoginItem::Result NullLoginItem::unregisterProgram() {
-    return {.outcome = Outcome::Unregistered};
-}
-
-Task NullScriptHost::run(const QStringList &, std::optional<std::chrono::milliseconds>,
-                         Completion completion) {
-    return std::make_unique<Answer>(
-        [completion = std::move(completion)] { completion(std::nullopt); });
-}
-
-Task NullPasteboard::read(const PasteboardRequest &, Completion completion) {
-    return std::make_unique<Answer>([completion = std::move(completion)] { completion({}); });
-}
-
-Task NullShortcutsTool::execute(const QStringList &, Completion completion) {
-    return std::make_unique<Answer>([completion = std::move(completion)] { completion({}); });
-}
-
-Task NullCalendarStore::requestAccess(AccessCompletion completion) {
-    return std::make_unique<perchly::Answer>([completion = std::move(completion)] {
-        completion({.error = QStringLiteral("There are no calendars here.")});
-    });
-}
-
-Task NullCalendarStore::events(Clock::TimePoint, Clock::TimePoint, EventsCompletion completion) {
-    return std::make_unique<perchly::Answer>(
-        [completion = std::move(completion)] { completion({}); });
-}
-
-void NullShortcutsTool::prepareFolder(FolderCompletion completion) {
-    answerLater(m_receiver, std::move(completion),
-                QStringLiteral("There is no folder for shortcuts here."));
-}
-
-void NullFileServices::reveal(const QUrl &, Completion completion) {
-    answerLater(m_receiver, std::move(completion),
-                QStringLiteral("There is no file manager here."));
-}
-
-void NullFileServices::findShareTargets(const QUrl &, TargetsCompletion completion) {
-    answerLater(m_receiver, std::move(completion), QList<ShareTarget>());
-}
-
-void NullFileServices::share(const QUrl &, const QString &, Completion completion) {
-    answerLater(m_receiver, std::move(completion),
-                QStringLiteral("There is nothing to share with here."));
-}
-
-void NullPowerSources::read(Completion completion) {
-    answerLater(*this, std::move(completion), Reading());
-}
-
-Task NullScreenCapture::captureRegion(const QString &, Completion completion) {
-    return std::make_unique<Answer>([completion = std::move(completion)] { completion(-1); });
+std::unique_ptr<SingleInstance> nullSingleInstance() {
+    return std::make_unique<NullSingleInstance>();
 }
 
 } // namespace perchly
