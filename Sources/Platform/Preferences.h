@@ -15,7 +15,7 @@ namespace perchly {
 using PreferenceValue = std::variant<bool, double, QString, QByteArray>;
 using PreferenceEntries = QList<std::pair<QString, PreferenceValue>>;
 
-/// The person's preferences: string keys with typed values. A set is durable when it returns: the
+/// The user's preferences: string keys with typed values. A set is durable when it returns: the
 /// program may be killed right after it. Readers check the stored type and never convert, so that
 /// an absent value and one of the wrong type both read as the reader's default. Main thread only.
 class Preferences : public QObject {
@@ -43,12 +43,18 @@ public:
     /// Forgets the key and announces it, if it was there.
     virtual void removeValue(const QString &key) = 0;
 
-    [[nodiscard]] std::optional<bool> boolean(const QString &key) const;
-    [[nodiscard]] std::optional<double> number(const QString &key) const;
+    [[nodiscard]] std::optional<bool> boolean(const QString &key) const { return read<bool>(key); }
+    [[nodiscard]] std::optional<double> number(const QString &key) const {
+        return read<double>(key);
+    }
     /// A stored number without a fraction that fits into 53 bits.
     [[nodiscard]] std::optional<qint64> wholeNumber(const QString &key) const;
-    [[nodiscard]] std::optional<QString> string(const QString &key) const;
-    [[nodiscard]] std::optional<QByteArray> data(const QString &key) const;
+    [[nodiscard]] std::optional<QString> string(const QString &key) const {
+        return read<QString>(key);
+    }
+    [[nodiscard]] std::optional<QByteArray> data(const QString &key) const {
+        return read<QByteArray>(key);
+    }
 
     bool setValue(const QString &key, const PreferenceValue &value) {
         return setValues({{key, value}});
@@ -71,6 +77,14 @@ Q_SIGNALS:
 protected:
     /// Stores and announces values whose sizes have been checked.
     virtual void store(const PreferenceEntries &entries) = 0;
+
+private:
+    template <class T>
+    [[nodiscard]] std::optional<T> read(const QString &key) const {
+        const auto stored = value(key);
+        const T *const held = stored ? std::get_if<T>(&*stored) : nullptr;
+        return held != nullptr ? std::optional(*held) : std::nullopt;
+    }
 };
 
 } // namespace perchly
