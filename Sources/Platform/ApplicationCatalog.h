@@ -12,12 +12,12 @@ namespace perchly {
 /// An application that can be launched from here.
 struct FoundApplication {
     QString path; ///< absolute, of its desktop entry, as the folders were given
-    QString name; ///< in the person's language
+    QString name; ///< in the user's language
 
     bool operator==(const FoundApplication &) const = default;
 };
 
-/// The applications of this machine, as the desktop's own menus show them. Main thread only.
+/// The applications of this machine, as desktop menus show them. Main thread only.
 class ApplicationCatalog : public QObject {
     Q_OBJECT
 public:
@@ -27,8 +27,8 @@ public:
 
     using QObject::QObject;
 
-    /// Looks through the applications' folders on another thread: every application that the person
-    /// is to see, in the order of a file browser (by name under the person's locale, whatever the
+    /// Looks through the applications' folders on another thread: every application that the user
+    /// is to see, in the order of a file browser (by name under the user's locale, whatever the
     /// case, numbers by their value). What cannot be read is left out. From the first call on,
     /// changes are announced.
     virtual void find(Completion completion) = 0;
@@ -38,7 +38,7 @@ public:
     /// extension. Reads on another thread.
     virtual void describe(const QStringList &paths, Completion completion) = 0;
 
-    /// Where a person who looks for an application starts.
+    /// Where a user who looks for an application starts.
     [[nodiscard]] virtual QString startFolder() const = 0;
 
 Q_SIGNALS:

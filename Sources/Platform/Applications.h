@@ -29,7 +29,7 @@ public:
     /// Blocks while files are read, and may be called on any thread, also on several at once.
     [[nodiscard]] virtual QImage icon(const QString &path, int side) = 0;
 
-    /// Opens a link or file with the person's own choice of program.
+    /// Opens a link or file with the user's own choice of program.
     virtual void openUrl(const QUrl &url, Completion completion = {}) = 0;
 };
 

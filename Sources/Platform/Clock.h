@@ -36,7 +36,7 @@ public:
     /// The first moment of the local calendar day after that.
     [[nodiscard]] virtual TimePoint startOfNextDay() const = 0;
 
-    /// Runs the action once, after the delay as a clock that nobody sets counts it.
+    /// Runs the action once, after the delay by the monotonic clock.
     [[nodiscard]] virtual Task after(std::chrono::milliseconds delay, Action action) = 0;
 
     /// Runs the action again and again, the first time after one period.

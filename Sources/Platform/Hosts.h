@@ -30,8 +30,8 @@
 
 namespace perchly {
 
-/// Everything that the program asks of its surroundings. No field is ever empty: what is missing is
-/// answered by a null implementation. Members are destroyed in reverse order.
+/// Everything that the program asks of its surroundings. No field is ever empty: a missing host is
+/// replaced by a null implementation. Members are destroyed in reverse order.
 struct Hosts {
     std::unique_ptr<Clock> clock;
     std::unique_ptr<Preferences> preferences;

@@ -4,7 +4,7 @@
 
 namespace perchly {
 
-/// Whether the program is started when the person logs in. The desktop keeps it, and the person may
+/// Whether the program is started when the user logs in. The desktop keeps it, and the user may
 /// change it there at any time. Main thread only.
 class LoginItem {
 public:
@@ -12,7 +12,7 @@ public:
 
     struct Result {
         Outcome outcome = Outcome::Failed;
-        QString message = {}; ///< why it failed, for the person; else empty
+        QString message = {}; ///< why it failed, for the user; else empty
     };
 
     virtual ~LoginItem() = default;

@@ -4,7 +4,7 @@
 
 namespace perchly {
 
-/// Whether the person asked the desktop to reduce motion. Main thread only.
+/// Whether the user asked the desktop to reduce motion. Main thread only.
 class Motion : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool reduced READ isReduced NOTIFY changed FINAL)

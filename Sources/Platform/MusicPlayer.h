@@ -2,7 +2,7 @@
 
 namespace perchly {
 
-/// The person's own application for music. Nothing blocks. Main thread only.
+/// The user's own application for music. Nothing blocks. Main thread only.
 class MusicPlayer {
 public:
     virtual ~MusicPlayer() = default;

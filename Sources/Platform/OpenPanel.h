@@ -10,7 +10,7 @@
 
 namespace perchly {
 
-/// Asks the person for files with the desktop's file dialog. Nothing blocks. Main thread only.
+/// Asks the user for files with the desktop's file dialog. Nothing blocks. Main thread only.
 class OpenPanel {
 public:
     enum class Choice {
@@ -26,7 +26,7 @@ public:
     };
 
     /// Called once on the main thread, never before `ask` has returned: what was chosen, in order,
-    /// or nothing when the person cancelled or there is no dialog to show.
+    /// or nothing when the user cancelled or there is no dialog to show.
     using Completion = std::function<void(const QList<QUrl> &chosen)>;
 
     virtual ~OpenPanel() = default;

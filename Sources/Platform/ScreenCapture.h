@@ -8,7 +8,7 @@
 
 namespace perchly {
 
-/// Lets the person choose a part of the screen and keeps a picture of it. Main thread only.
+/// Lets the user choose a part of the screen and keeps a picture of it. Main thread only.
 class ScreenCapture {
 public:
     /// Called once on the main thread, never before the call has returned, with the exit status of
@@ -19,7 +19,7 @@ public:
     virtual ~ScreenCapture() = default;
 
     /// Writes a PNG that its owner alone can read to the absolute path, all at once. Takes as long
-    /// as the person does. Destroying the task ends the choosing, and the completion is not called
+    /// as the user does. Destroying the task ends the choosing, and the completion is not called
     /// any more. The host outlives the task.
     [[nodiscard]] virtual Task captureRegion(const QString &path, Completion completion) = 0;
 };

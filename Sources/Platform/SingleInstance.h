@@ -5,7 +5,7 @@
 
 namespace perchly {
 
-/// Keeps the program to one running instance for each person and session. Main thread only.
+/// Keeps the program to one running instance per user and session. Main thread only.
 class SingleInstance : public QObject {
     Q_OBJECT
 public:
