@@ -92,16 +92,16 @@ void measureSearch(const QList<FoundApplication> &applications) {
     FixedCatalog catalog(applications);
     ShelfLibrary library(*hosts.preferences, catalog, *hosts.openPanel);
     InstalledApplications model;
-    model.setLibrary(&library);
+    model.setProperty("library", QVariant::fromValue(&library));
     print("a scan's result into the rows", measure(5, [&](int) { library.refresh(); }));
     // Typing a word and deleting it again, with the rows that a window shows.
     const QString word = QStringLiteral("cation 99");
     print("a key in the search", measure(400, [&](int key) {
               const auto length = std::abs(key % (2 * int(word.size())) - int(word.size()));
-              model.setSearch(word.left(length));
+              model.setProperty("search", word.left(length));
               for (int row = 0; row < std::min(12, model.count()); ++row) {
-                  (void)model.data(model.index(row), InstalledApplications::ItemRole);
-                  (void)model.data(model.index(row), InstalledApplications::AddedRole);
+                  (void)model.field(row, "item");
+                  (void)model.field(row, "added");
               }
           }));
 }

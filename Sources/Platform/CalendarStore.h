@@ -44,6 +44,8 @@ public:
     using QObject::QObject;
 
     [[nodiscard]] virtual CalendarAccess access() const = 0;
+    /// False if the last answer may lack events because a calendar could not be read.
+    [[nodiscard]] virtual bool isReadable() const { return true; }
 
     /// Asks the user for consent, naming what would be read. A user who has given it is asked again
     /// and can withdraw it. A question that is closed without an answer changes nothing.

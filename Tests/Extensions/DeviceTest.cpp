@@ -1,128 +1,104 @@
 #include "FakeHosts.h"
 #include "Productivity.h"
+#include "RecordingShell.h"
 #include "ShelfExtras.h"
+#include "ShelfLibrary.h"
+#include "ShelfModel.h"
 #include "TestFiles.h"
 #include "TestRegistry.h"
 
 #include <QTest>
 
-#include <limits>
+namespace perchly {
 
-using namespace perchly;
 using namespace std::chrono_literals;
 
 namespace {
 
 using Kind = PowerSource::Kind;
 
+struct DeviceFixture {
+    FakeHosts fake;
+    RecordingShell shell;
+    ShelfLibrary library{fake.preferences, fake.catalog, fake.openPanel};
+    ShelfModel model{fake.clock, fake.preferences, fake.alertSound};
+    Productivity tools{fake.hosts, library, model};
+    ShelfExtras extras{fake.hosts, library, tools, shell};
+};
+
+} // namespace
+
 class DeviceTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void saysOneLineOnTheBattery_data() {
-        QTest::addColumn<PowerSources::Reading>("reading");
-        QTest::addColumn<QString>("line");
-        const auto row = [](const char *name, const PowerSources::Reading &reading,
-                            const char *line) {
-            QTest::newRow(name) << reading << QString::fromUtf8(line);
+    void theBatteryIsReadAgain() {
+        DeviceFixture fixture;
+        const Battery &battery = *fixture.extras.battery();
+        QCOMPARE(battery.line(), QStringLiteral("Checking battery…"));
+        QTRY_COMPARE(battery.line(), QStringLiteral("No internal battery"));
+        fixture.fake.power.reading = std::nullopt;
+        fixture.fake.clock.advance(30s);
+        QTRY_COMPARE(battery.line(), QStringLiteral("Battery unavailable"));
+        const auto show = [&fixture](const QList<PowerSource> &sources) {
+            fixture.fake.power.reading = sources;
+            Q_EMIT fixture.fake.power.changed();
         };
-        const QList<PowerSource> none;
-        constexpr auto most = std::numeric_limits<std::int32_t>::max();
-        row("nothing can be found out", std::nullopt, "Battery unavailable");
-        row("no source", none, "No internal battery");
-        row("no capacity",
-            QList<PowerSource>{{Kind::InternalBattery, 5, 0}, {Kind::InternalBattery, {}, 9}},
-            "No internal battery");
-        row("rounds down, and the first usable one counts",
-            QList<PowerSource>{{Kind::Other, 1, 1}, {Kind::InternalBattery, 4, 7}},
-            "57% · On battery");
-        row("charging wins", QList<PowerSource>{{Kind::InternalBattery, 100, 100, true, true}},
-            "100% · Charging");
-        row("on mains", QList<PowerSource>{{Kind::InternalBattery, most, most, false, true}},
-            "100% · Plugged in");
+        show({{Kind::InternalBattery, 5, 0}, {Kind::Other, 1, 1}, {Kind::InternalBattery, 4, 7}});
+        QTRY_COMPARE(battery.line(), QStringLiteral("57% · On battery"));
+        show({{Kind::InternalBattery, 100, 100, true, true}});
+        QTRY_COMPARE(battery.line(), QStringLiteral("100% · Charging"));
+        show({{Kind::InternalBattery, INT32_MAX, INT32_MAX, false, true}});
+        QTRY_COMPARE(battery.line(), QStringLiteral("100% · Plugged in"));
     }
 
-    void saysOneLineOnTheBattery() {
-        QFETCH(PowerSources::Reading, reading);
-        QFETCH(QString, line);
-        FakeHosts fake;
-        fake.power.reading = reading;
-        const ShelfExtras extras(fake.hosts);
-        QCOMPARE(extras.battery(), QStringLiteral("Checking battery…"));
-        QTRY_COMPARE(extras.battery(), line);
-    }
-
-    void theLineIsReadAgain() {
-        FakeHosts fake;
-        const ShelfExtras extras(fake.hosts);
-        QTRY_COMPARE(extras.battery(), QStringLiteral("No internal battery"));
-        fake.power.reading = std::nullopt;
-        fake.clock.advance(30s);
-        QTRY_COMPARE(extras.battery(), QStringLiteral("Battery unavailable"));
-        fake.power.reading = QList<PowerSource>{{Kind::InternalBattery, 1, 2}};
-        Q_EMIT fake.power.changed();
-        QTRY_COMPARE(extras.battery(), QStringLiteral("50% · On battery"));
-        QCOMPARE(fake.power.readings, 3);
-    }
-
-    void aCaptureEnds_data() {
+    void captures_data() {
         QTest::addColumn<bool>("picture");
         QTest::addColumn<int>("status");
-        QTest::addColumn<QString>("section");
         QTest::addColumn<bool>("fails");
-        QTest::newRow("with a picture") << true << 0 << QStringLiteral("Files") << false;
-        QTest::newRow("with a picture in spite of its status")
-            << true << 1 << QStringLiteral("Files") << false;
-        QTest::newRow("given up") << false << 1 << QStringLiteral("Search") << true;
-        QTest::newRow("not started") << false << -1 << QStringLiteral("Search") << true;
-        QTest::newRow("with nothing") << false << 0 << QStringLiteral("Search") << false;
+        QTest::newRow("with a picture, whatever the status") << true << 1 << false;
+        QTest::newRow("cancelled") << false << 1 << true;
+        QTest::newRow("not started") << false << -1 << true;
     }
 
-    void aCaptureEnds() {
+    void captures() {
         QFETCH(bool, picture);
         QFETCH(int, status);
-        QFETCH(QString, section);
         QFETCH(bool, fails);
-        FakeHosts fake;
-        Productivity tools(fake.hosts);
-        ShelfExtras extras(fake.hosts);
-        extras.screenshot(&tools);
-        extras.screenshot(&tools);
-        QVERIFY(extras.capturing());
-        fake.clock.advance(1s);
-        QCOMPARE(fake.screenCapture.paths.size(), 1);
-        const QString path = fake.screenCapture.paths.first();
-        QVERIFY(QFileInfo(path).fileName().startsWith(QStringLiteral("Perchly-")));
+        DeviceFixture fixture;
+        Capture &capture = *fixture.extras.capture();
+        capture.start();
+        capture.start();
+        QVERIFY(capture.active());
+        QCOMPARE(fixture.shell.calls, QStringList(QStringLiteral("clearScreen")));
+        fixture.fake.clock.advance(1s);
+        QCOMPARE(fixture.fake.screenCapture.paths.size(), 1);
+        const QString path = fixture.fake.screenCapture.paths.first();
         if (picture) {
             writeFile(path, "picture");
         }
-        fake.screenCapture.finish(status);
-        QVERIFY(!extras.capturing());
-        QCOMPARE(extras.section(), section);
-        QCOMPARE(!extras.error().isEmpty(), fails);
-        QCOMPARE(tools.held(), picture ? QList{QUrl::fromLocalFile(path)} : QList<QUrl>());
+        fixture.fake.screenCapture.finish(status);
         QFile::remove(path);
-        extras.screenshot(&tools);
-        QCOMPARE(extras.error(), QString());
+        QVERIFY(!capture.active());
+        QCOMPARE(!capture.error().isEmpty(), fails);
+        QCOMPARE(fixture.extras.section(),
+                 picture ? QStringLiteral("Files") : QStringLiteral("Search"));
+        QCOMPARE(fixture.tools.held()->urls(),
+                 picture ? QList{QUrl::fromLocalFile(path)} : QList<QUrl>());
+        QCOMPARE(fixture.shell.calls.last(), QStringLiteral("showTools"));
     }
 
-    void aPreviewIsOneOfItsList() {
-        FakeHosts fake;
-        ShelfExtras extras(fake.hosts);
+    void aPreviewIsPartOfItsList() {
+        DeviceFixture fixture;
         const QList<QUrl> held{QUrl(QStringLiteral("file:///a")),
                                QUrl(QStringLiteral("file:///b"))};
-        extras.preview(held.last(), held);
-        QCOMPARE(fake.quickLook.items, held);
-        QCOMPARE(fake.quickLook.index, 1);
-        QCOMPARE(fake.quickLook.manner, QuickLook::Manner::Show);
-        extras.togglePreview(QUrl(QStringLiteral("file:///c")), held);
-        QCOMPARE(fake.quickLook.items, QList{QUrl(QStringLiteral("file:///c"))});
-        QCOMPARE(fake.quickLook.manner, QuickLook::Manner::Toggle);
-        QCOMPARE(extras.previewUrl(), QUrl(QStringLiteral("file:///c")));
+        fixture.extras.togglePreview(held.last(), held);
+        QCOMPARE(fixture.fake.quickLook.items, held);
+        QCOMPARE(fixture.fake.quickLook.index, 1);
     }
 };
 
-const RegisteredTest<DeviceTest> registeredDeviceTest;
+static const RegisteredTest<DeviceTest> registeredDeviceTest;
 
-} // namespace
+} // namespace perchly
 
 #include "DeviceTest.moc"

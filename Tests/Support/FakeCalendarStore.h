@@ -7,7 +7,7 @@
 
 namespace perchly {
 
-/// Calendars whose person answers when the test says so. Events are answered by answerEvents().
+/// Calendars whose user answers when the test says so. Events are answered by answerEvents().
 class FakeCalendarStore : public CalendarStore {
 public:
     using CalendarStore::CalendarStore;
@@ -23,6 +23,7 @@ public:
         window = {from, to};
         return m_searches.add([this, completion = std::move(completion)] { completion(stored); });
     }
+    bool isReadable() const override { return readable; }
     void expectChange() override { ++expectedChanges; }
 
     /// Ends the question under way; false without one.
@@ -35,6 +36,7 @@ public:
 
     CalendarAccess granted = CalendarAccess::NotAsked;
     Answer answer;
+    bool readable = true;
     int expectedChanges = 0;
     QList<CalendarEvent> stored;                          ///< what a search ends with
     std::pair<Clock::TimePoint, Clock::TimePoint> window; ///< of the last search

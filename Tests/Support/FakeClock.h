@@ -1,49 +1,89 @@
 #pragma once
 
-#include "Clock.h"
+#include "PendingCalls.h"
 
-#include <list>
-#include <memory>
-#include <optional>
-#include <QtGlobal>
+#include <algorithm>
 
 namespace perchly {
 
 /// Time that moves only when a test moves it, in UTC.
 class FakeClock : public Clock {
+    using Span = std::chrono::milliseconds;
+
 public:
-    explicit FakeClock(TimePoint start = TimePoint(std::chrono::seconds(1'790'000'000)));
+    explicit FakeClock(TimePoint start = TimePoint(std::chrono::seconds(1'790'000'000)))
+        : m_now(start) {}
 
     TimePoint now() const override { return m_now; }
-    TimePoint startOfDay() const override;
-    TimePoint startOfNextDay() const override;
-    Task after(std::chrono::milliseconds delay, Action action) override;
-    Task every(std::chrono::milliseconds period, Action action) override;
-    Task at(TimePoint moment, Action action) override;
+    TimePoint startOfDay() const override { return std::chrono::floor<std::chrono::days>(m_now); }
+    TimePoint startOfNextDay() const override { return startOfDay() + std::chrono::days(1); }
+    Task after(Span delay, Action action) override {
+        return m_entries.add({m_elapsed + delay, Span(0), false, std::move(action)});
+    }
+    Task every(Span period, Action action) override {
+        return m_entries.add({m_elapsed + period, period, false, std::move(action)});
+    }
+    Task at(TimePoint moment, Action action) override {
+        const auto delay = std::chrono::ceil<Span>(moment - m_now);
+        return m_entries.add(
+            {m_elapsed + std::max(delay, Span(0)), Span(0), true, std::move(action)});
+    }
 
     /// Lets time pass and runs what becomes due, in order.
-    void advance(std::chrono::milliseconds span);
+    void advance(Span span) {
+        const Span end = m_elapsed + span;
+        while (m_entries.count() > 0) {
+            const auto next = std::ranges::min_element(
+                m_entries.all(), {}, [](const auto &entry) { return entry->due; });
+            const auto entry = *next; // outlives a task that the action destroys
+            if (entry->due > end) {
+                break;
+            }
+            const Span step = std::max(entry->due - m_elapsed, Span(0));
+            m_elapsed += step;
+            m_now += step;
+            fire(entry);
+        }
+        m_now += end - m_elapsed;
+        m_elapsed = end;
+    }
 
     /// The machine sleeps: the wall clock goes on, timers do not, and then it wakes up.
-    void sleepFor(std::chrono::milliseconds span);
+    void sleepFor(Span span) { setWallClock(m_now + span); }
 
-    /// The person sets the wall clock.
-    void setWallClock(TimePoint now);
+    /// The user sets the wall clock.
+    void setWallClock(TimePoint now) {
+        m_now = now;
+        const auto entries = m_entries.all();
+        for (const auto &entry : entries) {
+            if (entry->followsWallClock) {
+                fire(entry);
+            }
+        }
+    }
 
-    [[nodiscard]] qsizetype scheduledTasks() const { return qsizetype(m_entries.size()); }
+    [[nodiscard]] qsizetype scheduledTasks() const { return qsizetype(m_entries.count()); }
 
 private:
-    struct Entry;
-    class Handle;
+    struct Entry {
+        Span due;
+        Span period;
+        bool followsWallClock;
+        Action action;
+    };
 
-    Task schedule(std::chrono::milliseconds delay, std::chrono::milliseconds period,
-                  std::optional<TimePoint> moment, Action action);
-    void wallClockJumped();
-    void fire(std::list<std::shared_ptr<Entry>>::iterator position);
+    void fire(const std::shared_ptr<Entry> &entry) {
+        if (entry->period > Span(0)) {
+            entry->due += entry->period;
+        } else if (!m_entries.remove(entry)) {
+            return; // cancelled meanwhile
+        }
+        entry->action();
+    }
 
     TimePoint m_now;
-    std::chrono::milliseconds m_elapsed{0};
-    std::list<std::shared_ptr<Entry>> m_entries;
+    Span m_elapsed{0};
+    PendingCalls<Entry> m_entries;
 };
 
 } // namespace perchly

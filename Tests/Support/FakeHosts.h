@@ -1,20 +1,12 @@
 #pragma once
 
-#include "FakeApplicationCatalog.h"
 #include "FakeAudio.h"
 #include "FakeCalendarStore.h"
 #include "FakeClock.h"
-#include "FakeFileServices.h"
-#include "FakeLoginItem.h"
-#include "FakeOpenPanel.h"
 #include "FakePasteboard.h"
 #include "FakePlatform.h"
-#include "FakePowerSources.h"
 #include "FakePreferences.h"
-#include "FakeQuickLook.h"
-#include "FakeScreenCapture.h"
 #include "FakeScriptHost.h"
-#include "FakeShortcutsTool.h"
 #include "Hosts.h"
 
 namespace perchly {

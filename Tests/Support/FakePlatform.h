@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Hosts.h"
+#include "PendingCalls.h"
 
 #include <QRegion>
 #include <QSet>
@@ -151,6 +152,163 @@ public:
     void play() override { ++played; }
 
     int played = 0;
+};
+
+/// Applications that are found when the test says so.
+class FakeApplicationCatalog : public ApplicationCatalog {
+public:
+    void find(Completion completion) override { searches.push_back(std::move(completion)); }
+    void describe(const QStringList &paths, Completion completion) override {
+        QList<FoundApplication> applications;
+        for (const QString &path : paths) {
+            applications.append({path, QStringLiteral("Name of ") + path});
+        }
+        QMetaObject::invokeMethod(
+            this, [completion = std::move(completion), applications] { completion(applications); },
+            Qt::QueuedConnection);
+    }
+    QString startFolder() const override { return QStringLiteral("/usr/share/applications"); }
+
+    /// Ends one of the searches under way, the oldest unless told otherwise.
+    void finish(const QList<FoundApplication> &applications, std::size_t search = 0) {
+        const Completion completion = std::move(searches.at(search));
+        searches.erase(searches.begin() + std::ptrdiff_t(search));
+        completion(applications);
+    }
+
+    std::vector<Completion> searches; ///< under way
+};
+
+class FakeFileServices : public FileServices {
+public:
+    void reveal(const QUrl &file, Completion completion) override {
+        asked.append(QStringLiteral("reveal ") + file.toString());
+        completion(error);
+    }
+    void findShareTargets(const QUrl &, TargetsCompletion completion) override {
+        completion({{QStringLiteral("viewer"), QStringLiteral("Viewer")}});
+    }
+    void share(const QUrl &url, const QString &targetId, Completion completion) override {
+        asked.append(QStringLiteral("share %1 with %2").arg(url.toString(), targetId));
+        completion(error);
+    }
+
+    QStringList asked;
+    QString error; ///< what everything ends with
+};
+
+/// A desktop that keeps what it is told, unless `failure` says why it cannot.
+class FakeLoginItem : public LoginItem {
+public:
+    bool isEnabled() const override { return enabled; }
+    Result registerProgram() override { return change(true, Outcome::Registered); }
+    Result unregisterProgram() override { return change(false, Outcome::Unregistered); }
+
+    bool enabled = false;
+    QString failure;
+
+private:
+    Result change(bool wanted, Outcome outcome) {
+        if (!failure.isEmpty()) {
+            return {.message = failure};
+        }
+        enabled = wanted;
+        return {.outcome = outcome};
+    }
+};
+
+/// A dialog in which the test chooses.
+class FakeOpenPanel : public OpenPanel {
+public:
+    Task ask(const Request &request, Completion completion) override {
+        return m_dialogs.add({request, std::move(completion)});
+    }
+
+    /// What the open dialog was asked to show; nothing while none is open.
+    [[nodiscard]] std::optional<Request> open() const {
+        return m_dialogs.count() > 0 ? std::optional(m_dialogs.last().request) : std::nullopt;
+    }
+
+    /// Closes the open dialog with this choice, which is empty for "Cancel". There must be one.
+    void choose(const QList<QUrl> &urls) {
+        m_dialogs.take(m_dialogs.count() - 1)->completion(urls);
+    }
+
+private:
+    struct Dialog {
+        Request request;
+        Completion completion;
+    };
+
+    PendingCalls<Dialog> m_dialogs;
+};
+
+/// Answers from the event loop, as it must.
+class FakePowerSources : public PowerSources {
+public:
+    void read(Completion completion) override {
+        ++readings;
+        QMetaObject::invokeMethod(
+            this, [this, completion = std::move(completion)] { completion(reading); },
+            Qt::QueuedConnection);
+    }
+
+    Reading reading = QList<PowerSource>();
+    int readings = 0;
+};
+
+/// Remembers what was looked at last.
+class FakeQuickLook : public QuickLook {
+public:
+    void look(const QList<QUrl> &newItems, qsizetype newIndex) override {
+        items = newItems;
+        index = newIndex;
+    }
+
+    QList<QUrl> items;
+    qsizetype index = -1;
+};
+
+/// A capture that ends when the test says so.
+class FakeScreenCapture : public ScreenCapture {
+public:
+    Task captureRegion(const QString &path, Completion completion) override {
+        paths.append(path);
+        m_completion = std::move(completion);
+        return std::make_unique<ScheduledTask>();
+    }
+
+    void finish(int status) { std::exchange(m_completion, {})(status); }
+
+    QStringList paths;
+
+private:
+    Completion m_completion;
+};
+
+/// A tool whose calls end when the test says so.
+class FakeShortcutsTool : public ShortcutsTool {
+public:
+    Task execute(const QStringList &arguments, Completion completion) override {
+        started.append(arguments.join(u' '));
+        return m_calls.add(std::move(completion));
+    }
+    void stopRuns() override { ++stops; }
+    QString folder() const override { return QStringLiteral("/shortcuts"); }
+    void prepareFolder(FolderCompletion completion) override { completion(folderError); }
+
+    /// The call under way with that number, in the order in which they began, ends.
+    void answer(int status, const QString &output = {}, std::size_t number = 0) {
+        (*m_calls.take(number))({status, output});
+    }
+    [[nodiscard]] qsizetype underWay() const { return qsizetype(m_calls.count()); }
+
+    QStringList started; ///< the arguments of every call there was, in order
+    int stops = 0;
+    QString folderError;
+
+private:
+    PendingCalls<Completion> m_calls;
 };
 
 } // namespace perchly

@@ -27,6 +27,10 @@ public:
         return call;
     }
 
+    /// False if it is not pending any more.
+    bool remove(const std::shared_ptr<Call> &call) { return std::erase(m_calls, call) > 0; }
+
+    [[nodiscard]] const std::vector<std::shared_ptr<Call>> &all() const { return m_calls; }
     [[nodiscard]] std::size_t count() const { return m_calls.size(); }
     /// There must be one.
     [[nodiscard]] const Call &first() const { return *m_calls.front(); }

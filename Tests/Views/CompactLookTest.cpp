@@ -1,6 +1,7 @@
 #include "CompactLook.h"
 #include "CompactStatus.h"
 #include "FakeHosts.h"
+#include "ShelfLibrary.h"
 #include "TestRegistry.h"
 
 #include <QSignalSpy>
@@ -57,7 +58,8 @@ private Q_SLOTS:
     void followsBothStores() {
         FakeHosts fakes;
         ShelfModel model(fakes.clock, fakes.preferences, fakes.alertSound);
-        Productivity productivity(fakes.hosts);
+        ShelfLibrary library(fakes.preferences, fakes.catalog, fakes.openPanel);
+        Productivity productivity(fakes.hosts, library, model);
         CompactStatus status;
         status.setModel(&model);
         status.setProductivity(&productivity);
@@ -69,7 +71,7 @@ private Q_SLOTS:
         model.setMedia({.playing = true}); // not shown while the timer runs
         QCOMPARE(changed.count(), 1);
         model.endFocus();
-        productivity.hold({QUrl(QStringLiteral("https://example.org"))});
+        productivity.held()->hold({QUrl(QStringLiteral("https://example.org"))});
         QCOMPARE(status.sentence(), QStringLiteral("File shelf · 1 held"));
     }
 };

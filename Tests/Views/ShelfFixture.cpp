@@ -42,10 +42,10 @@ QAccessibleInterface *last(QQuickItem *item,
 ShelfFixture::ShelfFixture(QObject *parent)
     : QObject(parent)
     , m_model(m_fakes.clock, m_fakes.preferences, m_fakes.alertSound)
-    , m_preferences(m_fakes.preferences)
+    , m_preferences(m_fakes.preferences, m_fakes.displays, m_fakes.loginItem, m_shell)
     , m_library(m_fakes.preferences, m_fakes.catalog, m_fakes.openPanel)
-    , m_productivity(m_fakes.hosts)
-    , m_displayPreferences(m_fakes.preferences, m_fakes.displays, m_fakes.loginItem, m_shell) {
+    , m_productivity(m_fakes.hosts, m_library, m_model)
+    , m_extras(m_fakes.hosts, m_library, m_productivity, m_shell) {
     connect(&m_model, &ShelfModel::controlRequested, this,
             [this](const QString &word) { m_commands.append(word); });
     connect(&m_model, &ShelfModel::musicRequested, this,

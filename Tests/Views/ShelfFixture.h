@@ -1,44 +1,17 @@
 #pragma once
 
-#include "DisplayPreferences.h"
 #include "FakeHosts.h"
 #include "Productivity.h"
+#include "RecordingShell.h"
 #include "ShelfExtras.h"
 #include "ShelfLibrary.h"
 #include "ShelfModel.h"
 #include "ShelfPreferences.h"
-#include "ShellActions.h"
 
 #include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
 
 namespace perchly {
-
-/// Writes down what the view asks of the shell.
-class RecordingShell : public ShellActions {
-public:
-    void showShelf() override { calls.append(QStringLiteral("showShelf")); }
-    void showSettings() override { calls.append(QStringLiteral("showSettings")); }
-    void showTools() override { calls.append(QStringLiteral("showTools")); }
-    void showMixer() override { calls.append(QStringLiteral("showMixer")); }
-    void showSearch() override { calls.append(QStringLiteral("showSearch")); }
-    void clearScreen() override { calls.append(QStringLiteral("clearScreen")); }
-    void launch(const QString &id) override { calls.append(QStringLiteral("launch ") + id); }
-    void terminate() override { calls.append(QStringLiteral("terminate")); }
-    void toggleKeyboardOpen() override { calls.append(QStringLiteral("toggleKeyboardOpen")); }
-    bool takeKeyboard() override {
-        calls.append(QStringLiteral("takeKeyboard"));
-        return true;
-    }
-    void returnKeyboard() override { calls.append(QStringLiteral("returnKeyboard")); }
-    void resize() override { calls.append(QStringLiteral("resize")); }
-    void handlePressed() override { calls.append(QStringLiteral("pressed")); }
-    void handleMoved() override { calls.append(QStringLiteral("moved")); }
-    void handleReleased() override { calls.append(QStringLiteral("released")); }
-    void handleCanceled() override { calls.append(QStringLiteral("canceled")); }
-
-    QStringList calls;
-};
 
 /// The stores that a shelf's view is given, over fake hosts, with what a test needs to drive them.
 class ShelfFixture : public QObject {
@@ -46,8 +19,6 @@ class ShelfFixture : public QObject {
     QML_ELEMENT
     Q_PROPERTY(perchly::ShelfModel *model READ model CONSTANT FINAL)
     Q_PROPERTY(perchly::ShelfPreferences *preferences READ preferences CONSTANT FINAL)
-    Q_PROPERTY(
-        perchly::DisplayPreferences *displayPreferences READ displayPreferences CONSTANT FINAL)
     Q_PROPERTY(perchly::ShelfLibrary *library READ library CONSTANT FINAL)
     Q_PROPERTY(perchly::Productivity *productivity READ productivity CONSTANT FINAL)
     Q_PROPERTY(perchly::ShelfExtras *extras READ extras CONSTANT FINAL)
@@ -58,7 +29,6 @@ public:
 
     ShelfModel *model() { return &m_model; }
     ShelfPreferences *preferences() { return &m_preferences; }
-    DisplayPreferences *displayPreferences() { return &m_displayPreferences; }
     ShelfLibrary *library() { return &m_library; }
     Productivity *productivity() { return &m_productivity; }
     ShelfExtras *extras() { return &m_extras; }
@@ -121,13 +91,12 @@ private:
     static QStringList identifiers(const QList<ShelfItem> &items);
 
     FakeHosts m_fakes;
+    RecordingShell m_shell;
     ShelfModel m_model;
     ShelfPreferences m_preferences;
     ShelfLibrary m_library;
     Productivity m_productivity;
-    RecordingShell m_shell;
-    ShelfExtras m_extras{m_fakes.hosts, &m_shell};
-    DisplayPreferences m_displayPreferences;
+    ShelfExtras m_extras;
     QStringList m_commands;
 };
 

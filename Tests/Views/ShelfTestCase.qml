@@ -37,7 +37,7 @@ ViewTestCase {
     /// Opens the shelf as the shell does, and waits for its motion to end.
     function expand() {
         const side = root.view.edge !== "top";
-        const scale = root.fixture.preferences.shelfScale;
+        const scale = root.fixture.preferences.scale;
         root.fit((side ? 694 : 660) * scale, (side ? 519 : root.fixture.model.compactHeight + 485) * scale);
         root.fixture.setExpanded(true);
         root.settle();

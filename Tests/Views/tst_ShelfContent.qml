@@ -26,7 +26,7 @@ ShelfTestCase {
     function test_openItTellsEveryButton() {
         root.fixture.prefer("leftWidget", "Calendar");
         root.open("left");
-        root.fixture.productivity.hold(["file:///tmp/a", "https://example.org"]);
+        root.fixture.productivity.held.hold(["file:///tmp/a", "https://example.org"]);
         root.expand();
         compare(root.everything().join("\n"), [
             "Grouping: Calendar", root.button("Change pinned widget"),

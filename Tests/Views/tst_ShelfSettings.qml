@@ -12,7 +12,7 @@ ViewTestCase {
     function open(section: string) {
         root.make(root.viewComponent, {
             library: root.fixture.library,
-            preferences: root.fixture.displayPreferences,
+            preferences: root.fixture.preferences,
             section: section,
             height: 540,
             width: 620
@@ -222,15 +222,15 @@ ViewTestCase {
         root.open("Preferences");
         root.tab(11);
         keyClick(Qt.Key_Space);
-        verify(!root.fixture.displayPreferences.login);
+        verify(!root.fixture.preferences.login);
         compare(root.everything().filter(found => found.endsWith("No room left.")).length, 1);
         root.fixture.refuseLogin("");
         keyClick(Qt.Key_Space);
-        verify(root.fixture.displayPreferences.login);
+        verify(root.fixture.preferences.login);
         root.view.section = "Apps";
         root.view.section = "Preferences";
         compare(root.everything().filter(found => found.endsWith("No room left.")).length, 0);
-        verify(root.fixture.displayPreferences.login);
+        verify(root.fixture.preferences.login);
     }
 
     height: 540

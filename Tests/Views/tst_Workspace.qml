@@ -90,7 +90,7 @@ ViewTestCase {
             "ListItem: https://a.example/", "Button: Copy path / link", "Button: Copy image", "Button: Share",
             "Button: Remove"]);
         verify(!root.has("StaticText: Drop here"));
-        root.fixture.productivity.removeHeld("file:///tmp/a%20b.txt");
+        root.fixture.productivity.held.remove("file:///tmp/a%20b.txt");
         root.settle();
         root.push("Copy path / link");
         compare(root.fixture.copied(), "https://a.example/");
@@ -110,7 +110,7 @@ ViewTestCase {
         root.view.layoutName = "Work";
         root.show("Files");
         root.push("Add link");
-        compare(root.fixture.productivity.held.length, 0);
+        compare(root.fixture.productivity.held.count, 0);
         compare(root.view.link, "example.org");
         root.view.link = "https://example.org";
         root.show("Layouts");
@@ -119,18 +119,18 @@ ViewTestCase {
         root.expectInOrder(["ListItem: Work", "Button: Apply", "Button: Delete"]);
         root.fixture.fill([], []);
         root.push("Apply");
-        compare(root.fixture.library.items.length, 5);
+        compare(root.fixture.library.count, 5);
         root.push("Delete");
-        compare(root.fixture.productivity.layouts.length, 0);
+        compare(root.fixture.productivity.layouts.count, 0);
         root.show("Files");
         root.push("Add link");
         compare(root.view.link, "");
-        compare(root.fixture.productivity.held.length, 1);
+        compare(root.fixture.productivity.held.count, 1);
     }
 
     /// Deleting one row after the other needs no more than the same key.
     function test_theKeyboardStaysInTheList() {
-        root.fixture.productivity.hold(["https://a.example/", "https://b.example/", "https://c.example/"]);
+        root.fixture.productivity.held.hold(["https://a.example/", "https://b.example/", "https://c.example/"]);
         root.open("Files");
         for (let step = 0; step < 9 && !root.focusedOn("Copy all"); ++step) {
             keyClick(Qt.Key_Tab);
@@ -149,7 +149,7 @@ ViewTestCase {
         keyClick(Qt.Key_Space);
         root.settle();
         verify(root.focusedOn("Remove"));
-        compare(root.fixture.productivity.held.length, 1);
+        compare(root.fixture.productivity.held.count, 1);
         keyClick(Qt.Key_Return);
         root.settle();
         verify(root.focusedOn("Add files…"));
@@ -178,7 +178,7 @@ ViewTestCase {
         keyClick(Qt.Key_Return);
         compare(root.fixture.takeOpened(), ["file:///apps/Ma-il"]);
         // What comes meanwhile leaves the keyboard where it is; typing goes on in the field.
-        tools.hold(["https://mail.example/"]);
+        tools.held.hold(["https://mail.example/"]);
         root.fixture.library.refresh();
         verify(root.fixture.install(["Mac", "Mail", "Ma-il"]));
         root.settle();
@@ -242,7 +242,7 @@ ViewTestCase {
     }
 
     function test_aSearchCopiesClipsAndSnippets() {
-        root.fixture.extras.pin("pinned text");
+        root.fixture.extras.snippets.pin("pinned text");
         root.open("Launch");
         root.show("Search");
         root.push("pinned text");
@@ -251,13 +251,13 @@ ViewTestCase {
 
     function test_groupsAndSnippetsAreMadeUsedAndRemoved() {
         root.fixture.fill([], ["one"]);
-        root.fixture.productivity.hold(["https://example.org/x"]);
+        root.fixture.productivity.held.hold(["https://example.org/x"]);
         root.open("Launch");
         root.view.drafts.groupName = "  ";
         root.show("Snippets");
         root.show("Launch");
         root.push("Save current");
-        compare(root.fixture.extras.groups.length, 0);
+        compare(root.fixture.extras.groups.count, 0);
         root.view.drafts.groupName = " Day ";
         root.show("Snippets");
         root.show("Launch");
@@ -267,7 +267,7 @@ ViewTestCase {
         root.push("Launch");
         compare(root.fixture.takeOpened(), ["file:///apps/one", "https://example.org/x"]);
         root.push("Delete");
-        compare(root.fixture.extras.groups.length, 0);
+        compare(root.fixture.extras.groups.count, 0);
         root.view.drafts.snippet = " ";
         root.show("Snippets");
         root.push("Pin");
@@ -277,7 +277,7 @@ ViewTestCase {
         root.push("Copy");
         compare(root.fixture.copied(), " ");
         root.push("Remove");
-        compare(root.fixture.extras.snippets.length, 0);
+        compare(root.fixture.extras.snippets.count, 0);
     }
 
     function test_theFocusTimerIsSetAndRun() {

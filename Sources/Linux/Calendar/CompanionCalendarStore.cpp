@@ -119,6 +119,10 @@ Task CompanionCalendarStore::events(Clock::TimePoint from, Clock::TimePoint to,
     return task;
 }
 
+bool CompanionCalendarStore::isReadable() const {
+    return !m_program.isEmpty() && m_last->reading.isComplete;
+}
+
 bool CompanionCalendarStore::isKnown(const Call &call) const {
     const bool hasService = !m_last->reading.list.serviceFolders.isEmpty();
     const auto age = m_isStale ? maxStaleAge : hasService ? maxServiceAge : maxAge;

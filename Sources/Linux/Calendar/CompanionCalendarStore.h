@@ -32,6 +32,7 @@ public:
     [[nodiscard]] Task requestAccess(AccessCompletion completion) override;
     [[nodiscard]] Task events(Clock::TimePoint from, Clock::TimePoint to,
                               EventsCompletion completion) override;
+    [[nodiscard]] bool isReadable() const override;
     void expectChange() override { m_isCurrent = false; }
 
 private:

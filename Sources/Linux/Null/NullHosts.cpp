@@ -287,7 +287,7 @@ public:
 
 class NullQuickLook : public QuickLook {
 public:
-    void look(const QList<QUrl> &, qsizetype, Manner) override {}
+    void look(const QList<QUrl> &, qsizetype) override {}
 };
 
 class NullSingleInstance : public SingleInstance {

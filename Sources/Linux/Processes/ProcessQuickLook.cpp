@@ -8,14 +8,14 @@ namespace perchly {
 
 namespace {
 
-QByteArray requestFor(const QList<QUrl> &items, qsizetype index, QuickLook::Manner manner) {
+QByteArray requestFor(const QList<QUrl> &items, qsizetype index) {
     QJsonArray urls;
     for (const QUrl &item : items) {
         urls.append(item.toString(QUrl::FullyEncoded));
     }
     const QJsonObject request{{QStringLiteral("items"), urls},
                               {QStringLiteral("index"), qint64(index)},
-                              {QStringLiteral("toggle"), manner == QuickLook::Manner::Toggle}};
+                              {QStringLiteral("toggle"), true}};
     return QJsonDocument(request).toJson(QJsonDocument::Compact) + '\n';
 }
 
@@ -34,14 +34,14 @@ ProcessQuickLook::~ProcessQuickLook() {
     m_process.waitForFinished(200);
 }
 
-void ProcessQuickLook::look(const QList<QUrl> &items, qsizetype index, Manner manner) {
+void ProcessQuickLook::look(const QList<QUrl> &items, qsizetype index) {
     if (m_program.isEmpty() || index < 0 || index >= items.size()) {
         return;
     }
     if (m_process.state() == QProcess::NotRunning) {
         m_process.start(m_program, {}, QProcess::WriteOnly);
     }
-    m_process.write(requestFor(items, index, manner));
+    m_process.write(requestFor(items, index));
 }
 
 } // namespace perchly

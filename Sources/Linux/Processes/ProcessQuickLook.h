@@ -16,7 +16,7 @@ public:
     explicit ProcessQuickLook(QString program);
     ~ProcessQuickLook() override;
 
-    void look(const QList<QUrl> &items, qsizetype index, Manner manner) override;
+    void look(const QList<QUrl> &items, qsizetype index) override;
 
 private:
     QString m_program;

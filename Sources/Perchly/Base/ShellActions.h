@@ -32,7 +32,7 @@ public:
 
     /// Opens the shelf in keyboard mode, or closes it when it is in that mode already.
     Q_INVOKABLE virtual void toggleKeyboardOpen() = 0;
-    /// Gives the shelf the keyboard where the person is about to type or to choose in it, without
+    /// Gives the shelf the keyboard when the user is about to type or choose in it, without
     /// entering keyboard mode: it still closes when the pointer leaves, and then gives the keyboard
     /// back. True if the shelf did not have it before; then returnKeyboard() may end that earlier.
     Q_INVOKABLE virtual bool takeKeyboard() = 0;

@@ -7,7 +7,7 @@ namespace perchly {
 namespace {
 
 /// More than three lines of the widest window.
-constexpr qsizetype mostShownCharacters = 2000;
+constexpr qsizetype maxShownCharacters = 2000;
 
 /// Marks of direction, soft hyphens and the like; not the joiners that scripts and emoji need.
 bool isUnseenMark(QChar character) {
@@ -61,11 +61,11 @@ QString rowText(const QString &text) {
 }
 
 QString shownPart(const QString &text) {
-    if (text.size() <= mostShownCharacters) {
+    if (text.size() <= maxShownCharacters) {
         return text;
     }
-    const bool splitsPair = text.at(mostShownCharacters - 1).isHighSurrogate();
-    return text.left(splitsPair ? mostShownCharacters - 1 : mostShownCharacters);
+    const bool splitsPair = text.at(maxShownCharacters - 1).isHighSurrogate();
+    return text.left(splitsPair ? maxShownCharacters - 1 : maxShownCharacters);
 }
 
 } // namespace perchly

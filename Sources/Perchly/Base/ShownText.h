@@ -4,23 +4,21 @@
 
 namespace perchly {
 
-/// With spaces for its line breaks and other control characters, and without marks of direction: a
-/// name may hold them, but a row has no room for the first, and the others turn around what stands
-/// beside them.
+/// Replaces line breaks and other control characters by spaces, and removes direction marks, which
+/// would reverse the text next to them.
 [[nodiscard]] QString inOneLine(QString text);
 
 /// Whether there is nothing to see in it.
 [[nodiscard]] bool showsNothing(const QString &text);
 
-/// What can be seen of a name that another program gives itself: in one line, and empty when
-/// nothing is to be seen.
+/// The visible part of a name that another program gives itself, in one line; may be empty.
 [[nodiscard]] QString visibleName(const QString &name);
 
-/// What a row shows of a text: from its first line on that can be seen, as far as a row has room.
-/// Says so when there is nothing to see in it.
+/// What a row shows of a text: from its first visible line on, as much as fits into a row. Says so
+/// if there is nothing to see.
 [[nodiscard]] QString rowText(const QString &text);
 
-/// As much of the start as the few lines of a row can show in the widest window.
+/// As much of the start as a row can show in the widest window.
 [[nodiscard]] QString shownPart(const QString &text);
 
 } // namespace perchly

@@ -1,13 +1,18 @@
 #pragma once
 
+#include <QDate>
 #include <QLocale>
 #include <QString>
 #include <QTime>
 
 namespace perchly {
 
-/// Hour and minute as the locale writes them in short, with the marker of the day's half where it
-/// has one.
+/// Hour and minute in the locale's short format, "9:41 AM" or "09:41".
 [[nodiscard]] QString timeOfDay(const QTime &time, const QLocale &locale);
+/// The full weekday, the day and the short month, in the locale's order of the two:
+/// "Tuesday, Nov 24" or "Tuesday, 24 Nov".
+[[nodiscard]] QString dayLine(const QDate &date, const QLocale &locale);
+/// "November 2026".
+[[nodiscard]] QString monthLine(const QDate &date, const QLocale &locale);
 
 } // namespace perchly

@@ -1,11 +1,9 @@
-// One line on the battery.
-
-#include "Hosts.h"
-#include "ShelfExtras.h"
+#include "Battery.h"
 
 #include <QPointer>
 
 #include <algorithm>
+#include <utility>
 
 namespace perchly {
 
@@ -14,13 +12,6 @@ namespace {
 bool isUsable(const PowerSource &source) {
     return source.kind == PowerSource::Kind::InternalBattery && source.currentCapacity &&
            source.maxCapacity.value_or(0) >= 1;
-}
-
-QString stateOf(const PowerSource &battery) {
-    if (battery.isCharging) {
-        return QStringLiteral("Charging");
-    }
-    return battery.isOnMains ? QStringLiteral("Plugged in") : QStringLiteral("On battery");
 }
 
 QString lineOf(const PowerSources::Reading &reading) {
@@ -32,23 +23,34 @@ QString lineOf(const PowerSources::Reading &reading) {
         return QStringLiteral("No internal battery");
     }
     const qint64 percent = qint64(*battery->currentCapacity) * 100 / *battery->maxCapacity;
-    return QStringLiteral("%1% · %2").arg(QString::number(percent), stateOf(*battery));
+    return QStringLiteral("%1% · %2")
+        .arg(QString::number(percent), battery->isCharging  ? QStringLiteral("Charging")
+                                       : battery->isOnMains ? QStringLiteral("Plugged in")
+                                                            : QStringLiteral("On battery"));
 }
 
 } // namespace
 
-void ShelfExtras::refreshBattery() {
-    m_hosts.power->read([guard = QPointer(this)](const PowerSources::Reading &reading) {
+Battery::Battery(PowerSources &power, QObject *parent)
+    : QObject(parent)
+    , m_power(power)
+    , m_line(QStringLiteral("Checking battery…")) {
+    connect(&power, &PowerSources::changed, this, &Battery::refresh);
+    refresh();
+}
+
+void Battery::refresh() {
+    m_power.read([guard = QPointer(this)](const PowerSources::Reading &reading) {
         if (guard) {
-            guard->setBattery(lineOf(reading));
+            guard->show(reading);
         }
     });
 }
 
-void ShelfExtras::setBattery(const QString &battery) {
-    if (battery != m_battery) {
-        m_battery = battery;
-        Q_EMIT batteryChanged();
+void Battery::show(const PowerSources::Reading &reading) {
+    const QString line = lineOf(reading);
+    if (std::exchange(m_line, line) != line) {
+        Q_EMIT lineChanged();
     }
 }
 

@@ -1,13 +1,10 @@
-// A part of the screen, captured into the tray.
+#include "Capture.h"
 
-#include "Hosts.h"
-#include "Productivity.h"
-#include "ShelfExtras.h"
+#include "ScreenCapture.h"
 #include "ShellActions.h"
 
 #include <QDir>
 #include <QFile>
-#include <QPointer>
 #include <QUuid>
 
 namespace perchly {
@@ -16,7 +13,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// What stood behind the hidden windows is drawn again within this time.
+/// Enough for other programs to redraw what our windows covered.
 constexpr auto redrawTime = 80ms;
 
 QString newCaptureFile() {
@@ -26,49 +23,44 @@ QString newCaptureFile() {
 
 } // namespace
 
-void ShelfExtras::screenshot(Productivity *productivity) {
-    if (m_capturing) {
+Capture::Capture(ScreenCapture &capture, Clock &clock, ShellActions &shell, QObject *parent)
+    : QObject(parent)
+    , m_capture(capture)
+    , m_clock(clock)
+    , m_shell(shell) {}
+
+void Capture::start() {
+    if (m_active) {
         return;
     }
-    setCapturing(true);
+    setActive(true);
     setError({});
-    if (m_shell != nullptr) {
-        m_shell->clearScreen();
-    }
-    m_capture = m_hosts.clock->after(
-        redrawTime, [this, path = newCaptureFile(), guard = QPointer(productivity)] {
-            m_capture = m_hosts.screenCapture->captureRegion(
-                path, [this, path, guard](int status) { endCapture(path, status, guard); });
-        });
+    m_shell.clearScreen();
+    m_step = m_clock.after(redrawTime, [this, path = newCaptureFile()] {
+        m_step = m_capture.captureRegion(path, [this, path](int status) { end(path, status); });
+    });
 }
 
-void ShelfExtras::endCapture(const QString &path, int status, Productivity *productivity) {
-    const Task ended = std::move(m_capture);
-    setCapturing(false);
+void Capture::end(const QString &path, int status) {
+    const Task ended = std::move(m_step);
+    setActive(false);
     if (QFile::exists(path)) {
-        if (productivity != nullptr) {
-            productivity->hold({QUrl::fromLocalFile(path)});
-        }
-        setSection(QStringLiteral("Files"));
+        Q_EMIT captured(QUrl::fromLocalFile(path));
     } else if (status != 0) {
         setError(QStringLiteral("Capture cancelled or unavailable. Check Screen Recording "
                                 "permission if capture fails."));
     }
-    if (m_shell != nullptr) {
-        m_shell->showTools();
-    }
+    m_shell.showTools();
 }
 
-void ShelfExtras::setCapturing(bool capturing) {
-    m_capturing = capturing;
-    Q_EMIT capturingChanged();
+void Capture::setActive(bool active) {
+    m_active = active;
+    Q_EMIT activeChanged();
 }
 
-void ShelfExtras::setError(const QString &error) {
-    if (error != m_error) {
-        m_error = error;
-        Q_EMIT errorChanged();
-    }
+void Capture::setError(const QString &error) {
+    m_error = error;
+    Q_EMIT errorChanged();
 }
 
 } // namespace perchly

@@ -1,12 +1,14 @@
-// Applications, files and links that are opened together.
+#include "LaunchGroups.h"
 
-#include "Hosts.h"
+#include "Applications.h"
+#include "HeldFiles.h"
 #include "PreferenceKeys.h"
-#include "Productivity.h"
-#include "ShelfExtras.h"
+#include "Preferences.h"
 #include "ShelfLibrary.h"
+#include "ShownText.h"
+#include "StoredRecords.h"
 
-#include <QPointer>
+#include <QSet>
 
 #include <algorithm>
 #include <memory>
@@ -15,58 +17,77 @@ namespace perchly {
 
 namespace {
 
-QList<QUrl> presentUrls(const ShelfLibrary &library, const Productivity &tools) {
+/// The last part of the address's path, or the whole address without one.
+QString lastPathComponent(const QUrl &url) {
+    const QString path = url.adjusted(QUrl::StripTrailingSlash).path();
+    const QString name = path.mid(path.lastIndexOf(u'/') + 1);
+    return name.isEmpty() ? HeldFiles::labelOf(url) : name;
+}
+
+} // namespace
+
+LaunchGroups::LaunchGroups(Preferences &preferences, Applications &applications,
+                           const ShelfLibrary &library, const HeldFiles &held, Notice notice,
+                           QObject *parent)
+    : KeyedRows({"id", "name", "contents"}, parent)
+    , m_preferences(preferences)
+    , m_applications(applications)
+    , m_library(library)
+    , m_held(held)
+    , m_notice(std::move(notice)) {
+    const QByteArray stored = preferences.data(keys::launchGroups).value_or(QByteArray());
+    show(decodeRecords<LaunchGroup>(stored).value_or(QList<LaunchGroup>()));
+}
+
+void LaunchGroups::setGroups(const QList<LaunchGroup> &groups) {
+    if (m_preferences.setData(keys::launchGroups, encodeRecords(groups))) {
+        show(groups);
+    }
+}
+
+void LaunchGroups::show(const QList<LaunchGroup> &groups) {
+    m_groups = groups;
+    Rows rows;
+    for (const LaunchGroup &group : groups) {
+        QStringList labels;
+        for (const QUrl &url : group.urls) {
+            labels.append(inOneLine(HeldFiles::labelOf(url)));
+        }
+        const QString id = group.id.toString();
+        rows.append(
+            {id, {id, inOneLine(group.name), shownPart(labels.join(QStringLiteral(", ")))}});
+    }
+    setRows(rows);
+}
+
+QList<QUrl> LaunchGroups::presentUrls() const {
     QList<QUrl> urls;
-    const auto add = [&urls](const QUrl &url) {
-        if (!urls.contains(url)) {
+    QSet<QUrl> known;
+    const auto add = [&](const QUrl &url) {
+        if (!known.contains(url)) {
+            known.insert(url);
             urls.append(url);
         }
     };
-    const QList<ShelfItem> shown = library.shown();
+    const QList<ShelfItem> shown = m_library.shown();
     for (const ShelfItem &item : shown) {
         if (!item.applicationPath().isEmpty()) {
             add(QUrl::fromLocalFile(item.applicationPath()));
         }
     }
-    for (const QUrl &url : tools.held()) {
-        add(url);
-    }
+    std::ranges::for_each(m_held.urls(), add);
     return urls;
 }
 
-/// The last part of the address's path, or the whole address where it has none.
-QString lastPathComponent(const QUrl &url) {
-    const QString path = url.adjusted(QUrl::StripTrailingSlash).path();
-    const QString name = path.mid(path.lastIndexOf(u'/') + 1);
-    return name.isEmpty() ? Productivity::labelOf(url) : name;
-}
-
-} // namespace
-
-void ShelfExtras::loadGroups() {
-    const auto stored = m_hosts.preferences->data(keys::launchGroups);
-    m_groups = (stored ? decodeGroups(*stored) : std::nullopt).value_or(QList<LaunchGroup>());
-    setGroups(m_groups);
-}
-
-void ShelfExtras::setGroups(const QList<LaunchGroup> &groups) {
-    if (m_hosts.preferences->setData(keys::launchGroups, encodeGroups(groups))) {
-        m_groups = groups;
-        Q_EMIT groupsChanged();
-    }
-}
-
-void ShelfExtras::saveGroup(const QString &name, const ShelfLibrary *library,
-                            const Productivity *tools) {
-    const QString trimmed = name.trimmed();
-    if (!trimmed.isEmpty()) {
+void LaunchGroups::save(const QString &name) {
+    if (!name.trimmed().isEmpty()) {
         setGroups(m_groups + QList{LaunchGroup{.id = QUuid::createUuid(),
-                                               .name = trimmed,
-                                               .urls = presentUrls(*library, *tools)}});
+                                               .name = name.trimmed(),
+                                               .urls = presentUrls()}});
     }
 }
 
-void ShelfExtras::launchGroup(const QUuid &id, Productivity *tools) {
+void LaunchGroups::launch(const QUuid &id) {
     const auto found = std::ranges::find(m_groups, id, &LaunchGroup::id);
     if (found == m_groups.cend()) {
         return;
@@ -76,22 +97,21 @@ void ShelfExtras::launchGroup(const QUuid &id, Productivity *tools) {
     const QList<QUrl> urls = found->urls;
     for (qsizetype place = 0; place < urls.size(); ++place) {
         const QUrl &url = urls.at(place);
-        const auto opened = [guard = QPointer(tools), url, place,
-                             lastFailed](const QString &error) {
-            if (guard && !error.isEmpty() && place > *lastFailed) {
+        const auto opened = [notice = m_notice, url, place, lastFailed](const QString &error) {
+            if (!error.isEmpty() && place > *lastFailed) {
                 *lastFailed = place;
-                guard->setMessage(QStringLiteral("Could not open ") + lastPathComponent(url));
+                notice(QStringLiteral("Could not open ") + lastPathComponent(url));
             }
         };
         if (url.isLocalFile()) {
-            m_hosts.applications->open(url.toLocalFile(), opened);
+            m_applications.open(url.toLocalFile(), opened);
         } else {
-            m_hosts.applications->openUrl(url, opened);
+            m_applications.openUrl(url, opened);
         }
     }
 }
 
-void ShelfExtras::removeGroup(const QUuid &id) {
+void LaunchGroups::remove(const QUuid &id) {
     QList<LaunchGroup> groups = m_groups;
     if (groups.removeIf([&id](const LaunchGroup &group) { return group.id == id; }) > 0) {
         setGroups(groups);

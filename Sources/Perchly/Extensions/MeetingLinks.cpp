@@ -41,14 +41,14 @@ qsizetype endOfBrackets(QStringView link) {
     return link.size();
 }
 
-/// Without what belongs to the text around it.
+/// Without punctuation of the text around it.
 QString trimmed(QStringView found) {
     QStringView link = found.first(endOfBrackets(found));
     while (!link.isEmpty() && QStringView(u".,;:!?'*_~…([{").contains(link.back())) {
         link.chop(1);
     }
     QString text = link.toString();
-    // HTML writes "&" so; a link itself hardly has it.
+    // HTML for "&", which hardly occurs in links.
     text.replace(QLatin1StringView("&amp;"), QLatin1StringView("&"));
     return text;
 }
@@ -56,9 +56,9 @@ QString trimmed(QStringView found) {
 } // namespace
 
 QUrl findMeetingLink(const QString &text) {
-    // Ends where neither a link nor a browser's idea of one goes on, and at HTML's other entities.
-    // A word that is no scheme is skipped whole, and nothing is given back: trying the rest of a
-    // long word anew at each letter takes seconds, and remembering every letter of a long link is
+    // Ends at characters that end links in browsers, and at HTML entities other than "&amp;". A
+    // word that is not a scheme is skipped whole, and nothing is given back: trying the rest of a
+    // long word again at each letter takes seconds, and remembering every letter of a long link is
     // more than the matcher's stack holds.
     static const QRegularExpression pattern(
         QStringLiteral(

@@ -1,6 +1,10 @@
-#include "Hosts.h"
-#include "ShelfExtras.h"
+#include "Meetings.h"
+
+#include "MeetingLinks.h"
 #include "ShownText.h"
+#include "TimeText.h"
+
+#include <QDateTime>
 
 #include <algorithm>
 
@@ -12,87 +16,123 @@ namespace {
 
 constexpr auto window = 7 * 24h;
 
-} // namespace
-
-QString ShelfExtras::firstEventTitle() const {
-    return m_events.isEmpty() ? QString() : inOneLine(m_events.constFirst().event.title);
+/// Weekday, hour and minute, in the user's own zone and format.
+QString startText(const CalendarEvent &event) {
+    const auto sinceEpoch = std::chrono::floor<std::chrono::milliseconds>(event.start);
+    const auto start = QDateTime::fromMSecsSinceEpoch(sinceEpoch.time_since_epoch().count());
+    const QLocale locale;
+    return locale.dayName(start.date().dayOfWeek(), QLocale::ShortFormat) + u' ' +
+           timeOfDay(start.time(), locale);
 }
 
-QString ShelfExtras::meetingStatus(const QDateTime &start) const {
-    const auto now = std::chrono::floor<std::chrono::milliseconds>(m_hosts.clock->now());
-    const std::chrono::milliseconds left(start.toMSecsSinceEpoch() -
-                                         now.time_since_epoch().count());
+QHash<QString, QUrl> linksOf(const QList<CalendarEvent> &events) {
+    QHash<QString, QUrl> links;
+    QHash<QString, QUrl> known; // the events of a series mostly have the same texts
+    for (const CalendarEvent &event : events) {
+        const QString texts = event.url + u'\n' + event.location + u'\n' + event.notes;
+        if (!known.contains(texts)) {
+            known.insert(texts, findMeetingLink(texts));
+        }
+        links.insert(event.identifier, known.value(texts));
+    }
+    return links;
+}
+
+} // namespace
+
+Meetings::Meetings(CalendarStore &calendars, Clock &clock, QObject *parent)
+    : KeyedRows({"title", "start", "status", "running", "link"}, parent)
+    , m_calendars(calendars)
+    , m_clock(clock)
+    , m_message(QStringLiteral("Connect Calendar to see upcoming meetings.")) {
+    connect(&calendars, &CalendarStore::changed, this, &Meetings::refresh);
+}
+
+QString Meetings::firstTitle() const {
+    return m_events.isEmpty() ? QString() : inOneLine(m_events.constFirst().title);
+}
+
+QString Meetings::statusOf(const CalendarEvent &event) const {
+    const auto left = event.start - m_clock.now();
     return left <= 0ms ? QStringLiteral("In progress")
                        : QStringLiteral("Starts in %1 min")
                              .arg(std::chrono::ceil<std::chrono::minutes>(left).count());
 }
 
-void ShelfExtras::connectCalendar() {
+void Meetings::connectCalendar() {
     if (m_connecting) {
-        return; // the person is being asked
+        return; // the user is being asked
     }
-    m_connecting = m_hosts.calendars->requestAccess([this](const CalendarStore::Answer &answer) {
+    m_connecting = m_calendars.requestAccess([this](const CalendarStore::Answer &answer) {
         m_connecting.reset();
         m_connectError = answer.error;
         if (!answer.error.isEmpty()) {
-            setCalendarMessage(answer.error);
+            setMessage(answer.error);
             return;
         }
         if (answer.access == CalendarAccess::Granted) {
-            setCalendarMessage({});
+            setMessage({});
         } else if (answer.access == CalendarAccess::Denied) {
-            setCalendarMessage(
-                QStringLiteral("Calendar access denied. Enable it in System Settings → Privacy & "
-                               "Security → Calendars."));
+            setMessage(QStringLiteral("Calendar access denied. Enable it in System Settings → "
+                                      "Privacy & Security → Calendars."));
         }
-        refreshEvents();
+        refresh();
     });
 }
 
-void ShelfExtras::refreshEvents() {
-    if (m_hosts.calendars->access() != CalendarAccess::Granted) {
-        m_loadingEvents.reset();
+void Meetings::refresh() {
+    if (m_calendars.access() != CalendarAccess::Granted) {
+        m_loading.reset();
         setEvents({});
         return;
     }
-    const Clock::TimePoint now = m_hosts.clock->now();
-    m_loadingEvents = m_hosts.calendars->events(
-        now, now + window, [this](const QList<CalendarEvent> &events) { showEvents(events); });
+    const Clock::TimePoint now = m_clock.now();
+    m_loading = m_calendars.events(now, now + window,
+                                   [this](const QList<CalendarEvent> &events) { show(events); });
 }
 
-void ShelfExtras::readEventsAnew() {
-    m_hosts.calendars->expectChange();
-    refreshEvents();
+void Meetings::readAgain() {
+    m_calendars.expectChange();
+    refresh();
 }
 
-void ShelfExtras::showEvents(const QList<CalendarEvent> &events) {
-    const Clock::TimePoint now = m_hosts.clock->now();
-    QList<Meeting> meetings;
-    for (const CalendarEvent &event : events) {
-        if (!event.allDay && event.end > now) {
-            meetings.append({event});
-        }
-    }
-    std::ranges::stable_sort(meetings, {},
-                             [](const Meeting &meeting) { return meeting.event.start; });
-    setEvents(meetings);
-    // An answer that holds for this run only shows meetings, but the reason stays.
-    setCalendarMessage(!m_connectError.isEmpty() ? m_connectError
-                       : meetings.isEmpty() ? QStringLiteral("No meetings in the next seven days.")
-                                            : QString());
+void Meetings::show(const QList<CalendarEvent> &events) {
+    const Clock::TimePoint now = m_clock.now();
+    QList<CalendarEvent> upcoming;
+    std::ranges::copy_if(events, std::back_inserter(upcoming), [now](const CalendarEvent &event) {
+        return !event.allDay && event.end > now;
+    });
+    std::ranges::stable_sort(upcoming, {}, &CalendarEvent::start);
+    setEvents(upcoming);
+    // A permission that could not be stored shows meetings in this run, but the error stays.
+    setMessage(!m_connectError.isEmpty() ? m_connectError
+               : !upcoming.isEmpty()     ? QString()
+               : m_calendars.isReadable()
+                   ? QStringLiteral("No meetings in the next seven days.")
+                   : QStringLiteral("Your calendars could not all be read."));
 }
 
-void ShelfExtras::setEvents(const QList<Meeting> &events) {
+void Meetings::setEvents(const QList<CalendarEvent> &events) {
     if (events != m_events) {
         m_events = events;
-        Q_EMIT eventsChanged();
+        m_links = linksOf(events);
+        Q_EMIT firstTitleChanged();
     }
+    Rows rows;
+    for (const CalendarEvent &event : events) {
+        const QString status = statusOf(event);
+        rows.append({event.identifier,
+                     {event.title.isEmpty() ? QStringLiteral("Meeting") : inOneLine(event.title),
+                      startText(event), status, status == QLatin1StringView("In progress"),
+                      m_links.value(event.identifier)}});
+    }
+    setRows(rows);
 }
 
-void ShelfExtras::setCalendarMessage(const QString &message) {
-    if (message != m_calendarMessage) {
-        m_calendarMessage = message;
-        Q_EMIT calendarMessageChanged();
+void Meetings::setMessage(const QString &message) {
+    if (message != m_message) {
+        m_message = message;
+        Q_EMIT messageChanged();
     }
 }
 

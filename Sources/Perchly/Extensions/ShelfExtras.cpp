@@ -1,29 +1,45 @@
 #include "ShelfExtras.h"
 
 #include "Hosts.h"
+#include "Productivity.h"
+
+#include <algorithm>
 
 namespace perchly {
 
 using namespace std::chrono_literals;
 
-ShelfExtras::ShelfExtras(Hosts &hosts, ShellActions *shell, QObject *parent)
+ShelfExtras::ShelfExtras(Hosts &hosts, ShelfLibrary &library, Productivity &productivity,
+                         ShellActions &shell, QObject *parent)
     : QObject(parent)
-    , m_hosts(hosts)
-    , m_shell(shell) {
-    loadGroups();
-    loadSnippets();
-    connect(hosts.power.get(), &PowerSources::changed, this, &ShelfExtras::refreshBattery);
-    connect(hosts.calendars.get(), &CalendarStore::changed, this, &ShelfExtras::refreshEvents);
-    refreshBattery();
+    , m_quickLook(*hosts.quickLook)
+    , m_groups(*hosts.preferences, *hosts.applications, library, *productivity.held(),
+               productivity.notice())
+    , m_snippets(*hosts.preferences)
+    , m_meetings(*hosts.calendars, *hosts.clock)
+    , m_battery(*hosts.power)
+    , m_capture(*hosts.screenCapture, *hosts.clock, shell)
+    , m_search(library, *productivity.clipboard(), m_snippets, *productivity.held(),
+               *hosts.preferences) {
+    connect(&m_capture, &Capture::captured, this,
+            [this, held = productivity.held()](const QUrl &file) {
+                held->hold({file});
+                setSection(QStringLiteral("Files"));
+            });
     m_poll = hosts.clock->every(30s, [this] {
-        refreshBattery();
-        refreshEvents();
+        m_battery.refresh();
+        m_meetings.refresh();
     });
 }
 
 void ShelfExtras::setSection(const QString &section) {
     m_section = section;
     Q_EMIT sectionChanged();
+}
+
+void ShelfExtras::togglePreview(const QUrl &url, const QList<QUrl> &among) {
+    const bool listed = among.contains(url);
+    m_quickLook.look(listed ? among : QList{url}, std::max<qsizetype>(among.indexOf(url), 0));
 }
 
 } // namespace perchly

@@ -1,14 +1,20 @@
-// The tray of held files and links.
+#include "HeldFiles.h"
 
-#include "Hosts.h"
+#include "OpenPanel.h"
 #include "PictureFile.h"
-#include "Productivity.h"
+#include "ShownText.h"
 
+#include <QCoreApplication>
 #include <QDir>
-#include <QSet>
+#include <QPointer>
 #include <QSysInfo>
+#include <QThreadPool>
+
+#include <utility>
 
 namespace perchly {
+
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -16,18 +22,12 @@ bool isWebScheme(QStringView scheme) {
     return scheme == QLatin1StringView("https") || scheme == QLatin1StringView("http");
 }
 
-/// As it is written: a QUrl would say it in lower case.
+/// As it is written: QUrl converts it to lower case.
 QStringView schemeOf(QStringView text) {
     return text.left(text.indexOf(u':'));
 }
 
-/// A file's path, or the whole link.
-QString asText(const QUrl &url) {
-    return url.isLocalFile() ? url.toLocalFile() : url.toString(QUrl::FullyEncoded);
-}
-
-/// One address for each file: some programs name this machine in it or encode more signs of the
-/// name than others.
+/// One address for each file: some programs add this machine's name or encode more characters.
 QUrl normalized(const QUrl &url) {
     const QString host = url.host();
     const bool here = host.isEmpty() || host == QLatin1StringView("localhost") ||
@@ -42,17 +42,57 @@ QUrl normalized(const QUrl &url) {
     return path.contains(QChar::ReplacementCharacter) ? result : QUrl::fromLocalFile(path);
 }
 
-} // namespace
-
-void Productivity::setHeld(const QList<QUrl> &held) {
-    if (held != m_held) {
-        m_held = held;
-        Q_EMIT heldChanged();
-    }
+QString shownLabel(const QUrl &url) {
+    const QString label = inOneLine(HeldFiles::labelOf(url));
+    return showsNothing(label) ? url.fileName(QUrl::FullyEncoded) : label;
 }
 
-void Productivity::hold(const QList<QUrl> &urls) {
-    QList<QUrl> held = m_held;
+/// Its own: a file may lie on a disk that does not answer, which must not hold up anything else.
+QThreadPool &lookingThreads() {
+    static QPointer<QThreadPool> pool;
+    if (!pool) {
+        pool = new QThreadPool(QCoreApplication::instance());
+        pool->setMaxThreadCount(2);
+    }
+    return *pool;
+}
+
+} // namespace
+
+HeldFiles::HeldFiles(OpenPanel &openPanel, QObject *parent)
+    : KeyedRows({"url", "label", "isFile", "isPicture"}, parent)
+    , m_openPanel(openPanel) {
+    m_refreshSoon.setSingleShot(true);
+    m_refreshSoon.setInterval(20ms);
+    connect(&m_refreshSoon, &QTimer::timeout, this, &HeldFiles::refresh);
+}
+
+void HeldFiles::setUrls(const QList<QUrl> &urls) {
+    if (urls == m_urls) {
+        return;
+    }
+    m_urls = urls;
+    for (const QUrl &url : urls) {
+        if (url.isLocalFile() && !m_pictures.contains(url)) {
+            m_pictures.insert(url, false);
+            look(url);
+        }
+    }
+    refresh();
+    Q_EMIT changed();
+}
+
+void HeldFiles::refresh() {
+    Rows rows;
+    for (const QUrl &url : std::as_const(m_urls)) {
+        rows.append({url.toString(QUrl::FullyEncoded),
+                     {url, shownLabel(url), url.isLocalFile(), m_pictures.value(url)}});
+    }
+    setRows(rows);
+}
+
+void HeldFiles::hold(const QList<QUrl> &urls) {
+    QList<QUrl> held = m_urls;
     QSet<QUrl> known(held.cbegin(), held.cend());
     for (const QUrl &given : urls) {
         const QUrl url = normalized(given);
@@ -62,10 +102,10 @@ void Productivity::hold(const QList<QUrl> &urls) {
             held.append(url);
         }
     }
-    setHeld(held);
+    setUrls(held);
 }
 
-bool Productivity::holdDropped(const QString &uriList) {
+bool HeldFiles::holdDropped(const QString &uriList) {
     bool isList = false;
     QList<QUrl> urls;
     for (const QStringView line : QStringView(uriList).split(u'\n', Qt::SkipEmptyParts)) {
@@ -83,19 +123,19 @@ bool Productivity::holdDropped(const QString &uriList) {
     return isList;
 }
 
-void Productivity::addFiles() {
-    if (m_openPanel) {
+void HeldFiles::addFiles() {
+    if (m_asking) {
         return;
     }
-    m_openPanel = m_hosts.openPanel->ask(
+    m_asking = m_openPanel.ask(
         {.title = QStringLiteral("Add files"), .confirmLabel = QStringLiteral("Add"), .folder = {}},
         [this](const QList<QUrl> &chosen) {
-            const auto task = std::move(m_openPanel);
+            const auto task = std::move(m_asking);
             hold(chosen);
         });
 }
 
-bool Productivity::addLink(const QString &text) {
+bool HeldFiles::addLink(const QString &text) {
     const QUrl url(text);
     if (!isWebScheme(schemeOf(text)) || !url.isValid() || url.isRelative()) {
         return false;
@@ -104,45 +144,42 @@ bool Productivity::addLink(const QString &text) {
     return true;
 }
 
-void Productivity::removeHeld(const QUrl &url) {
-    QList<QUrl> held = m_held;
+void HeldFiles::remove(const QUrl &url) {
+    QList<QUrl> held = m_urls;
     held.removeAll(url);
-    setHeld(held);
+    setUrls(held);
 }
 
-void Productivity::copyItems(const QList<QUrl> &urls) {
-    if (!urls.isEmpty()) {
-        m_hosts.pasteboard->writeItems(urls);
-        finishCopy();
+void HeldFiles::lookAgain() {
+    const QSet<QUrl> held(m_urls.cbegin(), m_urls.cend());
+    m_pictures.removeIf([&held](const auto &entry) { return !held.contains(entry.key()); });
+    for (auto entry = m_pictures.cbegin(); entry != m_pictures.cend(); ++entry) {
+        look(entry.key());
     }
 }
 
-void Productivity::copyPath(const QUrl &url) {
-    copyText(asText(url));
-}
-
-void Productivity::copyImage(const QUrl &url) {
-    if (!url.isLocalFile()) {
-        copyPath(url);
+void HeldFiles::look(const QUrl &url) {
+    if (m_looking.contains(url)) {
         return;
     }
-    m_pool.start([this, url, number = ++m_copyNumber] {
-        const QByteArray png = picturefile::asPng(url.toLocalFile());
-        const auto finish = [this, url, png, number] {
-            if (number != m_copyNumber) {
-                return; // something else was copied meanwhile
+    m_looking.insert(url);
+    lookingThreads().start([url, store = QPointer(this)] {
+        const bool isPicture = picturefile::isPicture(url.toLocalFile());
+        const auto finish = [url, isPicture, store] {
+            if (!store) {
+                return;
             }
-            if (png.isEmpty()) {
-                copyPath(url);
-            } else {
-                copy(Clip::ofImage(png));
+            store->m_looking.remove(url);
+            const auto known = store->m_pictures.find(url);
+            if (known != store->m_pictures.end() && std::exchange(*known, isPicture) != isPicture) {
+                store->m_refreshSoon.start();
             }
         };
-        QMetaObject::invokeMethod(this, finish, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(QCoreApplication::instance(), finish, Qt::QueuedConnection);
     });
 }
 
-QString Productivity::labelOf(const QUrl &url) {
+QString HeldFiles::labelOf(const QUrl &url) {
     if (!url.isLocalFile()) {
         return url.toString(QUrl::FullyEncoded);
     }

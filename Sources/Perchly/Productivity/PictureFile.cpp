@@ -9,13 +9,13 @@ namespace perchly::picturefile {
 
 namespace {
 
-constexpr qint64 largestFile = 256 << 20;
+constexpr qint64 maxFileBytes = 256 << 20;
 
 } // namespace
 
 bool isPicture(const QString &path) {
     const QFileInfo file(path);
-    if (!file.isFile() || file.size() > largestFile) {
+    if (!file.isFile() || file.size() > maxFileBytes) {
         return false; // a pipe would be waited for
     }
     QImageReader reader(path);
@@ -37,7 +37,7 @@ QByteArray asPng(const QString &path) {
     }
     if (format == "png") {
         QFile file(path); // as it is, with its metadata
-        return file.open(QIODevice::ReadOnly) ? file.read(largestFile) : QByteArray();
+        return file.open(QIODevice::ReadOnly) ? file.read(maxFileBytes) : QByteArray();
     }
     QByteArray encoded;
     QBuffer buffer(&encoded);

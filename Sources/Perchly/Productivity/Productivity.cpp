@@ -3,30 +3,71 @@
 #include "Hosts.h"
 #include "ShownText.h"
 
+#include <QPointer>
+
 namespace perchly {
 
-Productivity::Productivity(Hosts &hosts, QObject *parent)
+Productivity::Productivity(Hosts &hosts, ShelfLibrary &library, ShelfModel &model, QObject *parent)
     : QObject(parent)
     , m_hosts(hosts)
-    , m_pasteboardCount(hosts.pasteboard->changeCount()) {
-    loadLayouts();
-    connect(m_hosts.pasteboard.get(), &Pasteboard::changed, this, &Productivity::watchPasteboard);
-    connect(m_hosts.preferences.get(), &Preferences::failed, this, [this](const QString &reason) {
+    , m_held(*hosts.openPanel)
+    , m_clipboard(*hosts.pasteboard, *hosts.clock, notice())
+    , m_shortcuts(*hosts.shortcuts, *hosts.applications, library, notice())
+    , m_layouts(*hosts.preferences, library, model) {
+    connect(hosts.preferences.get(), &Preferences::failed, this, [this](const QString &reason) {
         setMessage(QStringLiteral("Could not save your changes yet. %1.").arg(reason));
     });
-    connect(m_hosts.preferences.get(), &Preferences::tooLarge, this, [this] {
+    connect(hosts.preferences.get(), &Preferences::tooLarge, this, [this] {
         setMessage(QStringLiteral("There is no room to keep that. Snippets, layouts, launch groups "
                                   "and apps may take 512 KiB each."));
     });
-    m_pool.setMaxThreadCount(1); // one large picture at a time
-    m_pool.setExpiryTimeout(1000);
 }
-
-Productivity::~Productivity() = default;
 
 void Productivity::setMessage(const QString &message) {
     m_message = inOneLine(message);
     Q_EMIT messageChanged();
+}
+
+Notice Productivity::notice() {
+    return [guard = QPointer(this)](const QString &message) {
+        if (guard) {
+            guard->setMessage(message);
+        }
+    };
+}
+
+void Productivity::open(const QUrl &url) {
+    m_hosts.applications->openUrl(url,
+                                  reportFailure(notice(), QStringLiteral("Could not open"), url));
+}
+
+void Productivity::openApplication(const QString &path) {
+    m_hosts.applications->open(
+        path, reportFailure(notice(), QStringLiteral("Could not open"), QUrl::fromLocalFile(path)));
+}
+
+void Productivity::reveal(const QUrl &url) {
+    m_hosts.fileServices->reveal(url,
+                                 reportFailure(notice(), QStringLiteral("Could not reveal"), url));
+}
+
+void Productivity::findShareTargets(const QUrl &url) {
+    m_hosts.fileServices->findShareTargets(
+        url, [guard = QPointer(this), url](const QList<FileServices::ShareTarget> &targets) {
+            QVariantList entries;
+            for (const FileServices::ShareTarget &target : targets) {
+                entries.append(QVariantMap{{QStringLiteral("id"), target.id},
+                                           {QStringLiteral("name"), target.name}});
+            }
+            if (guard) {
+                Q_EMIT guard->shareTargetsFound(url, entries);
+            }
+        });
+}
+
+void Productivity::share(const QUrl &url, const QString &targetId) {
+    m_hosts.fileServices->share(url, targetId,
+                                reportFailure(notice(), QStringLiteral("Could not share"), url));
 }
 
 } // namespace perchly

@@ -1,62 +1,67 @@
-// Named setups of the shelf.
+#include "SavedLayouts.h"
 
-#include "Hosts.h"
 #include "PreferenceKeys.h"
-#include "Productivity.h"
+#include "Preferences.h"
+#include "ShelfLibrary.h"
+#include "ShelfModel.h"
+#include "ShownText.h"
+#include "StoredRecords.h"
 
 #include <algorithm>
 
 namespace perchly {
 
-void Productivity::loadLayouts() {
-    const auto stored = m_hosts.preferences->data(keys::savedLayouts);
-    // What cannot be read stays stored until a layout is saved or deleted.
-    if (const auto decoded = stored ? decodeLayouts(*stored) : std::nullopt) {
-        m_layouts = *decoded;
-        setLayouts(m_layouts);
+SavedLayouts::SavedLayouts(Preferences &preferences, ShelfLibrary &library, ShelfModel &model,
+                           QObject *parent)
+    : KeyedRows({"id", "name"}, parent)
+    , m_preferences(preferences)
+    , m_library(library)
+    , m_model(model) {
+    const QByteArray stored = preferences.data(keys::savedLayouts).value_or(QByteArray());
+    show(decodeRecords<SavedLayout>(stored).value_or(QList<SavedLayout>()));
+}
+
+void SavedLayouts::setLayouts(const QList<SavedLayout> &layouts) {
+    if (m_preferences.setData(keys::savedLayouts, encodeRecords(layouts))) {
+        show(layouts);
     }
 }
 
-void Productivity::setLayouts(const QList<SavedLayout> &layouts) {
-    if (m_hosts.preferences->setData(keys::savedLayouts, encodeLayouts(layouts))) {
-        m_layouts = layouts;
-        Q_EMIT layoutsChanged();
+void SavedLayouts::show(const QList<SavedLayout> &layouts) {
+    m_layouts = layouts;
+    Rows rows;
+    for (const SavedLayout &layout : layouts) {
+        const QString id = layout.id.toString();
+        rows.append({id, {id, inOneLine(layout.name)}});
+    }
+    setRows(rows);
+}
+
+void SavedLayouts::save(const QString &name) {
+    if (!name.trimmed().isEmpty()) {
+        setLayouts(m_layouts + QList{SavedLayout{.id = QUuid::createUuid(),
+                                                 .name = name.trimmed(),
+                                                 .items = m_library.items(),
+                                                 .favoritesOnly = m_library.favoritesOnly(),
+                                                 .left = widgetTitle(m_model.left()),
+                                                 .right = widgetTitle(m_model.right())}});
     }
 }
 
-void Productivity::saveLayout(const QString &name, ShelfLibrary *library, ShelfModel *model) {
-    const QString trimmed = name.trimmed();
-    if (trimmed.isEmpty()) {
+void SavedLayouts::apply(const QUuid &id) {
+    const auto layout = std::ranges::find(m_layouts, id, &SavedLayout::id);
+    if (layout == m_layouts.cend()) {
         return;
     }
-    QList<SavedLayout> layouts = m_layouts;
-    layouts.append({.id = QUuid::createUuid(),
-                    .name = trimmed,
-                    .items = library->items(),
-                    .favoritesOnly = library->favoritesOnly(),
-                    .left = widgetTitle(model->left()),
-                    .right = widgetTitle(model->right())});
-    setLayouts(layouts);
+    m_library.setItems(layout->items);
+    m_library.setFavoritesOnly(layout->favoritesOnly);
+    m_model.setLeftTitle(layout->left);
+    m_model.setRightTitle(layout->right);
+    m_preferences.setString(keys::leftWidget, widgetTitle(m_model.left()));
+    m_preferences.setString(keys::rightWidget, widgetTitle(m_model.right()));
 }
 
-void Productivity::apply(const SavedLayout &layout, ShelfLibrary &library, ShelfModel &model) {
-    library.setItems(layout.items);
-    library.setFavoritesOnly(layout.favoritesOnly);
-    model.setLeft(widgetFromTitle(layout.left).value_or(Widget::Clock));
-    model.setRight(widgetFromTitle(layout.right).value_or(Widget::Timer));
-    m_hosts.preferences->setString(keys::leftWidget, widgetTitle(model.left()));
-    m_hosts.preferences->setString(keys::rightWidget, widgetTitle(model.right()));
-}
-
-void Productivity::applyLayout(const QUuid &id, ShelfLibrary *library, ShelfModel *model) {
-    const auto found = std::ranges::find(m_layouts, id, &SavedLayout::id);
-    if (found != m_layouts.cend()) {
-        const SavedLayout layout = *found;
-        apply(layout, *library, *model);
-    }
-}
-
-void Productivity::removeLayout(const QUuid &id) {
+void SavedLayouts::remove(const QUuid &id) {
     QList<SavedLayout> layouts = m_layouts;
     if (layouts.removeIf([&id](const SavedLayout &layout) { return layout.id == id; }) > 0) {
         setLayouts(layouts);

@@ -2,15 +2,13 @@
 
 #include "Widget.h"
 
-#include <QByteArray>
-#include <QJsonArray>
-#include <QList>
+#include <QLatin1StringView>
 #include <QObject>
 #include <QString>
 
 #include <optional>
-
-class QUrl;
+#include <tuple>
+#include <utility>
 
 namespace perchly {
 
@@ -40,31 +38,30 @@ public:
     /// `path` is kept as given; the identifier is its form without dot segments.
     [[nodiscard]] static ShelfItem forApplication(const QString &path, const QString &name);
 
-    /// The name as views show it: in one line, and in its own direction.
+    /// The name as views show it: in one line, without direction marks.
     [[nodiscard]] QString shownName() const;
     /// Applications and shortcuts can be removed from the shelf, the rest only hidden.
     [[nodiscard]] bool removable() const;
-    /// What to show for the item: "widget" when it names one, else "shortcut", "application" or,
-    /// when it is none of them, the empty string.
+    /// What to show for the item: "widget" if it names one, else "shortcut", "application" or, if
+    /// it is none of them, the empty string.
     [[nodiscard]] QString kind() const;
-    /// The widget's title, or empty for what is no widget.
+    /// The widget's title; empty if the item is not a widget.
     [[nodiscard]] QString widgetTitle() const;
-    /// Empty where there is no path.
+    /// Empty without a path.
     [[nodiscard]] QString applicationPath() const { return path.value_or(QString()); }
+
+    /// See StoredRecords.h.
+    [[nodiscard]] static constexpr auto fields() {
+        return std::tuple(std::pair(QLatin1StringView("id"), &ShelfItem::id),
+                          std::pair(QLatin1StringView("name"), &ShelfItem::name),
+                          std::pair(QLatin1StringView("widgetName"), &ShelfItem::widgetName),
+                          std::pair(QLatin1StringView("path"), &ShelfItem::path),
+                          std::pair(QLatin1StringView("shortcutName"), &ShelfItem::shortcutName),
+                          std::pair(QLatin1StringView("visible"), &ShelfItem::visible),
+                          std::pair(QLatin1StringView("favorite"), &ShelfItem::favorite));
+    }
 
     bool operator==(const ShelfItem &) const = default;
 };
-
-/// The stored form of a list: one object for each item in order. Absent optional fields are left
-/// out.
-[[nodiscard]] QJsonArray shelfItemsToJson(const QList<ShelfItem> &items);
-
-/// Nothing when the value is not an array of such objects, or one lacks a required field or has one
-/// of another type. Unknown fields are ignored; optional ones may be null.
-[[nodiscard]] std::optional<QList<ShelfItem>> shelfItemsFromJson(const QJsonValue &value);
-
-/// The same as a document in UTF-8.
-[[nodiscard]] QByteArray encodeShelfItems(const QList<ShelfItem> &items);
-[[nodiscard]] std::optional<QList<ShelfItem>> decodeShelfItems(const QByteArray &document);
 
 } // namespace perchly

@@ -4,6 +4,7 @@
 #include "OpenPanel.h"
 #include "PreferenceKeys.h"
 #include "Preferences.h"
+#include "StoredRecords.h"
 
 #include <QPointer>
 #include <QUrl>
@@ -35,30 +36,41 @@ QList<ShelfItem> itemsFor(const QList<FoundApplication> &applications) {
 
 ShelfLibrary::ShelfLibrary(Preferences &preferences, ApplicationCatalog &catalog,
                            OpenPanel &openPanel, QObject *parent)
-    : QObject(parent)
+    : KeyedRows({"entry"}, parent)
     , m_preferences(preferences)
     , m_catalog(catalog)
     , m_openPanel(openPanel) {
     connect(&catalog, &ApplicationCatalog::changed, this, &ShelfLibrary::refresh);
-    const auto stored = preferences.data(keys::shelfLibrary);
-    const auto decoded = stored ? decodeShelfItems(*stored) : std::nullopt;
-    m_items = decoded ? *decoded : defaultItems();
-    setItems(m_items);
+    const QByteArray stored = preferences.data(keys::shelfLibrary).value_or(QByteArray());
+    show(decodeRecords<ShelfItem>(stored).value_or(defaultItems()));
+    preferences.setData(keys::shelfLibrary, encodeRecords(m_items));
     setFavoritesOnly(preferences.boolean(keys::favoritesOnly).value_or(false));
 }
 
 void ShelfLibrary::setItems(const QList<ShelfItem> &items) {
-    if (m_preferences.setData(keys::shelfLibrary, encodeShelfItems(items))) {
-        m_items = items;
-        Q_EMIT itemsChanged();
-        Q_EMIT shownChanged();
+    if (m_preferences.setData(keys::shelfLibrary, encodeRecords(items))) {
+        show(items);
     }
+}
+
+void ShelfLibrary::show(const QList<ShelfItem> &items) {
+    m_items = items;
+    Rows rows;
+    for (const ShelfItem &item : items) {
+        rows.append({item.id, {QVariant::fromValue(item)}});
+    }
+    setRows(rows);
+    Q_EMIT itemsChanged();
+    Q_EMIT shownChanged();
+}
+
+bool ShelfLibrary::someRemovable() const {
+    return std::ranges::any_of(m_items, &ShelfItem::removable);
 }
 
 void ShelfLibrary::setFavoritesOnly(bool favoritesOnly) {
     m_favoritesOnly = favoritesOnly;
     m_preferences.setBoolean(keys::favoritesOnly, favoritesOnly);
-    Q_EMIT favoritesOnlyChanged();
     Q_EMIT shownChanged();
 }
 

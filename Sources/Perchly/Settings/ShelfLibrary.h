@@ -1,10 +1,10 @@
 #pragma once
 
 #include "Clock.h"
+#include "KeyedRows.h"
 #include "ShelfItem.h"
 
 #include <QList>
-#include <QObject>
 
 namespace perchly {
 
@@ -12,15 +12,14 @@ class ApplicationCatalog;
 class OpenPanel;
 class Preferences;
 
-/// The shelf's entries in their order. Every change is stored at once: what is stored is always
-/// what the library holds. Main thread only.
-class ShelfLibrary : public QObject {
+/// The shelf's entries in their order; as rows, "entry" is the ShelfItem. Every change is stored at
+/// once: what is stored is always what the library holds. Main thread only.
+class ShelfLibrary : public perchly::KeyedRows {
     Q_OBJECT
-    Q_PROPERTY(QList<perchly::ShelfItem> items READ items NOTIFY itemsChanged FINAL)
     Q_PROPERTY(QList<perchly::ShelfItem> shown READ shown NOTIFY shownChanged FINAL)
-    Q_PROPERTY(bool favoritesOnly READ favoritesOnly WRITE setFavoritesOnly NOTIFY
-                   favoritesOnlyChanged FINAL)
-    Q_PROPERTY(QList<perchly::ShelfItem> installed READ installed NOTIFY installedChanged FINAL)
+    Q_PROPERTY(
+        bool favoritesOnly READ favoritesOnly WRITE setFavoritesOnly NOTIFY shownChanged FINAL)
+    Q_PROPERTY(bool someRemovable READ someRemovable NOTIFY itemsChanged FINAL)
 public:
     enum class Flag { Visible, Favorite };
     Q_ENUM(Flag)
@@ -33,8 +32,10 @@ public:
     [[nodiscard]] const QList<ShelfItem> &items() const { return m_items; }
     /// Nothing changes if they are too large to be stored.
     void setItems(const QList<ShelfItem> &items);
+    /// An entry is there that can be removed.
+    [[nodiscard]] bool someRemovable() const;
 
-    /// When true, the shelf shows favourites only.
+    /// When true, the shelf shows favorites only.
     [[nodiscard]] bool favoritesOnly() const { return m_favoritesOnly; }
     void setFavoritesOnly(bool favoritesOnly);
 
@@ -42,12 +43,10 @@ public:
     /// kept current from then on. A view shows them through InstalledApplications.
     [[nodiscard]] const QList<ShelfItem> &installed() const { return m_installed; }
 
-    /// Looks for applications again; returns at once. Of several searches the one that ends last
-    /// counts.
+    /// Looks for applications again; returns at once. Of several searches the last to end counts.
     Q_INVOKABLE void refresh();
 
-    /// Lets the person choose applications anywhere and adds those chosen, in order; returns at
-    /// once.
+    /// Lets the user choose applications anywhere and adds them in order; returns at once.
     Q_INVOKABLE void browse();
 
     /// What the strip shows and ⌘1 to ⌘9 launch.
@@ -68,10 +67,10 @@ public:
 Q_SIGNALS:
     void itemsChanged();
     void shownChanged();
-    void favoritesOnlyChanged();
     void installedChanged();
 
 private:
+    void show(const QList<ShelfItem> &items);
     [[nodiscard]] qsizetype indexOf(const QString &id) const;
     void addChosen(const QList<QUrl> &urls);
 

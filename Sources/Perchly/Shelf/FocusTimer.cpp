@@ -31,9 +31,9 @@ double secondsSinceEpoch(Clock::TimePoint moment) {
 
 int ShelfModel::storedMinutes(const QString &key, int defaultMinutes) const {
     // A length stored by other means has no upper bound of its own: its seconds must fit an int.
-    constexpr qint64 longest = std::numeric_limits<int>::max() / secondsPerMinute;
+    constexpr qint64 max = std::numeric_limits<int>::max() / secondsPerMinute;
     const qint64 stored = m_preferences.wholeNumber(key).value_or(defaultMinutes);
-    return int(std::clamp<qint64>(stored, 1, longest));
+    return int(std::clamp<qint64>(stored, 1, max));
 }
 
 int ShelfModel::remainingSeconds(int withoutDeadline) const {

@@ -132,10 +132,10 @@ public:
     Q_INVOKABLE void togglePause();
     /// Stops and clears the countdown.
     Q_INVOKABLE void endFocus();
-    /// The person pressed a playback control: "playpause", "next track", "previous track", "rewind"
-    /// or "forward". Announces the wish; whoever follows the players carries it out.
+    /// The user pressed a playback control: "playpause", "next track", "previous track", "rewind"
+    /// or "forward". Only announced: MediaTracking carries it out.
     Q_INVOKABLE void control(const QString &word) { Q_EMIT controlRequested(word); }
-    /// The person wants to see their music application.
+    /// The user wants to see the music application.
     Q_INVOKABLE void music() { Q_EMIT musicRequested(); }
     /// Starts the totals again when the local day has changed, and loads them.
     void refreshDay();

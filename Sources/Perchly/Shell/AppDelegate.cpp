@@ -14,12 +14,12 @@ AppDelegate::AppDelegate(Hosts &hosts, ShellResources resources)
     : m_hosts(hosts)
     , m_resources(std::move(resources))
     , m_fieldPasting(*hosts.pasteboard)
-    , m_shelfPreferences(*hosts.preferences)
+    , m_shelfPreferences(*hosts.preferences, *hosts.displays, *hosts.loginItem, *this)
     , m_model(*hosts.clock, *hosts.preferences, *hosts.alertSound)
     , m_media(m_model, *hosts.clock, *hosts.scriptHost, *hosts.playerNotifications,
               *hosts.musicPlayer)
     , m_library(*hosts.preferences, *hosts.catalog, *hosts.openPanel)
-    , m_productivity(hosts)
+    , m_productivity(hosts, m_library, m_model)
     , m_mixer(*hosts.audio, *hosts.clock)
     , m_panel(m_engine, *hosts.panel)
     , m_placement(*hosts.displays, *hosts.preferences, m_shelfPreferences, m_model, m_panel)
@@ -32,7 +32,7 @@ AppDelegate::~AppDelegate() = default;
 
 ShelfExtras &AppDelegate::extras() {
     if (!m_extras) {
-        m_extras = std::make_unique<ShelfExtras>(m_hosts, this);
+        m_extras = std::make_unique<ShelfExtras>(m_hosts, m_library, m_productivity, *this);
     }
     return *m_extras;
 }
@@ -59,7 +59,7 @@ void AppDelegate::launch() {
     m_hosts.playerNotifications->start();
     m_hosts.audio->start();
     connect(m_hosts.displays.get(), &Displays::changed, this, &AppDelegate::resize);
-    connect(&m_shelfPreferences, &ShelfPreferences::shelfScaleChanged, this, &AppDelegate::resize);
+    connect(&m_shelfPreferences, &ShelfPreferences::scaleChanged, this, &AppDelegate::resize);
 }
 
 void AppDelegate::followPointer() {
@@ -78,7 +78,7 @@ void AppDelegate::followPointer() {
 }
 
 void AppDelegate::pointerAt(ScreenPoint pointer) {
-    if (!m_extras || !m_extras->capturing()) {
+    if (!m_extras || !m_extras->capture()->active()) {
         m_opener.pointerAt(pointer);
     }
 }
@@ -123,17 +123,13 @@ void AppDelegate::showTools() {
 }
 
 void AppDelegate::showSettings() {
-    if (!m_displayPreferences) {
-        m_displayPreferences = std::make_unique<DisplayPreferences>(
-            *m_hosts.preferences, *m_hosts.displays, *m_hosts.loginItem, *this);
-    }
     show(m_settingsWindow,
          {.title = QStringLiteral("Perchly Settings"),
           .size = {660, 600},
           .view = m_resources.settingsView,
           .properties = {
               {QStringLiteral("library"), QVariant::fromValue(&m_library)},
-              {QStringLiteral("preferences"), QVariant::fromValue(m_displayPreferences.get())}}});
+              {QStringLiteral("preferences"), QVariant::fromValue(&m_shelfPreferences)}}});
 }
 
 void AppDelegate::showMixer() {
@@ -163,7 +159,7 @@ void AppDelegate::launch(const QString &id) {
         return;
     }
     if (item->shortcutName) {
-        m_productivity.runShortcut(*item->shortcutName);
+        m_productivity.shortcuts()->run(*item->shortcutName);
     } else if (item->path) {
         const auto report = [store = QPointer(&m_productivity),
                              name = item->name](const QString &error) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "AuxiliaryWindow.h"
-#include "DisplayPreferences.h"
 #include "FieldPasting.h"
 #include "MediaTracking.h"
 #include "Productivity.h"
@@ -96,7 +95,6 @@ private:
     Productivity m_productivity;
     VolumeMixer m_mixer;
     std::unique_ptr<ShelfExtras> m_extras;
-    std::unique_ptr<DisplayPreferences> m_displayPreferences;
 
     ShelfPanel m_panel;
     ShelfPlacement m_placement;

@@ -49,7 +49,7 @@ void ShelfPlacement::update() {
 }
 
 ScreenRect ShelfPlacement::frame(ShelfSize size) const {
-    return m_display ? shelfFrame(size, m_position, m_shelfPreferences.shelfScale(), *m_display)
+    return m_display ? shelfFrame(size, m_position, m_shelfPreferences.scale(), *m_display)
                      : ScreenRect{};
 }
 

@@ -1,28 +1,46 @@
 #pragma once
 
-#include "SearchResults.h"
 #include "ShelfExtras.h"
 
 #include <QtQml/qqml.h>
 
 namespace perchly {
 
-struct LaunchGroupForeign {
+struct BatteryForeign {
     Q_GADGET
-    QML_FOREIGN(perchly::LaunchGroup)
-    QML_VALUE_TYPE(launchGroup)
+    QML_FOREIGN(perchly::Battery)
+    QML_ANONYMOUS
 };
 
-struct SnippetForeign {
+struct CaptureForeign {
     Q_GADGET
-    QML_FOREIGN(perchly::Snippet)
-    QML_VALUE_TYPE(snippet)
+    QML_FOREIGN(perchly::Capture)
+    QML_ANONYMOUS
 };
 
-struct MeetingForeign {
+struct LaunchGroupsForeign {
     Q_GADGET
-    QML_FOREIGN(perchly::Meeting)
-    QML_VALUE_TYPE(meeting)
+    QML_FOREIGN(perchly::LaunchGroups)
+    QML_ANONYMOUS
+};
+
+struct MeetingsForeign {
+    Q_GADGET
+    QML_FOREIGN(perchly::Meetings)
+    QML_ANONYMOUS
+};
+
+struct SnippetsForeign {
+    Q_GADGET
+    QML_FOREIGN(perchly::Snippets)
+    QML_ANONYMOUS
+};
+
+struct SearchResultsForeign {
+    Q_GADGET
+    QML_FOREIGN(perchly::SearchResults)
+    QML_NAMED_ELEMENT(SearchResults)
+    QML_UNCREATABLE("Given to the views by the shell.")
 };
 
 struct ShelfExtrasForeign {
@@ -30,12 +48,6 @@ struct ShelfExtrasForeign {
     QML_FOREIGN(perchly::ShelfExtras)
     QML_NAMED_ELEMENT(ShelfExtras)
     QML_UNCREATABLE("Given to the views by the shell.")
-};
-
-struct SearchResultsForeign {
-    Q_GADGET
-    QML_FOREIGN(perchly::SearchResults)
-    QML_NAMED_ELEMENT(SearchResults)
 };
 
 } // namespace perchly

@@ -1,28 +1,34 @@
 #pragma once
 
-#include "DisplayPreferences.h"
 #include "Productivity.h"
 
 #include <QtQml/qqml.h>
 
 namespace perchly {
 
-struct ClipForeign {
+struct SavedLayoutsForeign {
     Q_GADGET
-    QML_FOREIGN(perchly::Clip)
-    QML_VALUE_TYPE(clip)
+    QML_FOREIGN(perchly::SavedLayouts)
+    QML_ANONYMOUS
 };
 
-struct SavedLayoutForeign {
+struct ShortcutsForeign {
     Q_GADGET
-    QML_FOREIGN(perchly::SavedLayout)
-    QML_VALUE_TYPE(savedLayout)
+    QML_FOREIGN(perchly::Shortcuts)
+    QML_ANONYMOUS
 };
 
-struct DisplayPreferencesForeign {
+struct ClipboardHistoryForeign {
     Q_GADGET
-    QML_FOREIGN(perchly::DisplayPreferences)
-    QML_NAMED_ELEMENT(DisplayPreferences)
+    QML_FOREIGN(perchly::ClipboardHistory)
+    QML_NAMED_ELEMENT(ClipboardHistory)
+    QML_UNCREATABLE("Given to the views by the shell.")
+};
+
+struct HeldFilesForeign {
+    Q_GADGET
+    QML_FOREIGN(perchly::HeldFiles)
+    QML_NAMED_ELEMENT(HeldFiles)
     QML_UNCREATABLE("Given to the views by the shell.")
 };
 

@@ -3,6 +3,7 @@
 #include "InstalledApplications.h"
 #include "ShelfItem.h"
 #include "ShelfLibrary.h"
+#include "ShelfPreferences.h"
 
 #include <QtQml/qqml.h>
 
@@ -24,6 +25,13 @@ struct ShelfLibraryForeign {
     Q_GADGET
     QML_FOREIGN(perchly::ShelfLibrary)
     QML_NAMED_ELEMENT(ShelfLibrary)
+    QML_UNCREATABLE("Given to the views by the shell.")
+};
+
+struct ShelfPreferencesForeign {
+    Q_GADGET
+    QML_FOREIGN(perchly::ShelfPreferences)
+    QML_NAMED_ELEMENT(ShelfPreferences)
     QML_UNCREATABLE("Given to the views by the shell.")
 };
 

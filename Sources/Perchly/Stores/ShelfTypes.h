@@ -1,7 +1,6 @@
 #pragma once
 
 #include "ShelfModel.h"
-#include "ShelfPreferences.h"
 
 #include <QtQml/qqml.h>
 
@@ -11,13 +10,6 @@ struct ShelfModelForeign {
     Q_GADGET
     QML_FOREIGN(perchly::ShelfModel)
     QML_NAMED_ELEMENT(ShelfModel)
-    QML_UNCREATABLE("Given to the views by the shell.")
-};
-
-struct ShelfPreferencesForeign {
-    Q_GADGET
-    QML_FOREIGN(perchly::ShelfPreferences)
-    QML_NAMED_ELEMENT(ShelfPreferences)
     QML_UNCREATABLE("Given to the views by the shell.")
 };
 

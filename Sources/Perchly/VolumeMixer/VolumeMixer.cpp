@@ -173,14 +173,14 @@ void VolumeMixer::enable(quint32 id) {
     m_routes.emplace(id, std::move(route));
     m_levels.levels[id] = 1;
     scheduleRefresh();
-    m_apps.announce(id);
+    m_apps.refresh();
 }
 
 void VolumeMixer::release(quint32 id) {
     m_routes.erase(id);
     m_levels.levels.erase(id);
     m_levels.muted.erase(id);
-    m_apps.announce(id);
+    m_apps.refresh();
 }
 
 void VolumeMixer::releaseAll() {
@@ -196,7 +196,7 @@ void VolumeMixer::set(quint32 id, float volume) {
     }
     m_levels.levels[id] = volume;
     route->second->setGain(m_levels.muted.contains(id) ? 0 : volume);
-    m_apps.announce(id);
+    m_apps.refresh();
 }
 
 void VolumeMixer::mute(quint32 id) {
@@ -205,7 +205,7 @@ void VolumeMixer::mute(quint32 id) {
     }
     const auto level = m_levels.levels.find(id);
     set(id, level == m_levels.levels.end() ? 1 : level->second);
-    m_apps.announce(id);
+    m_apps.refresh();
 }
 
 QList<AudioObject> VolumeMixer::routed() const {

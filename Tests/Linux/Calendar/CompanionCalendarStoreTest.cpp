@@ -263,6 +263,7 @@ private Q_SLOTS:
         online.add("other", "[Calendar]\nBackendName=caldav\n", text({"Other"}));
         const auto store = granted();
         QCOMPARE(titles(*store), QStringList({u"First"_s, u"Other"_s, u"Team"_s}));
+        QVERIFY(store->isReadable());
         online.failingMember = member;
         online.failingUid = uid;
         online.isMute = isMute;
@@ -289,6 +290,7 @@ private Q_SLOTS:
             writeFile(CalendarConsent::defaultPath(), "{\"readCalendars\": true}");
             QTRY_COMPARE(store->access(), CalendarAccess::Granted);
             QCOMPARE(titles(*store), QStringList());
+            QVERIFY(!store->isReadable());
             QFile::remove(CalendarConsent::defaultPath());
         }
     }

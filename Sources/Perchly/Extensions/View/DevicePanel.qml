@@ -8,7 +8,6 @@ import Perchly.Extensions
 ColumnLayout {
     id: root
 
-    required property Productivity tools
     required property ShelfExtras extras
 
     spacing: 12
@@ -18,12 +17,12 @@ ColumnLayout {
         Layout.topMargin: 4
         font.pixelSize: 22
         font.weight: Font.Medium
-        text: root.extras.battery
+        text: root.extras.battery.line
     }
     PushButton {
         text: "Refresh battery"
 
-        onActivated: root.extras.refreshBattery()
+        onActivated: root.extras.battery.refresh()
     }
     Rectangle {
         Layout.bottomMargin: 8
@@ -33,11 +32,11 @@ ColumnLayout {
         implicitHeight: 1
     }
     PushButton {
-        enabled: !root.extras.capturing
+        enabled: !root.extras.capture.active
         prominent: enabled
-        text: root.extras.capturing ? "Capturing…" : "Capture screen region"
+        text: root.extras.capture.active ? "Capturing…" : "Capture screen region"
 
-        onActivated: root.extras.screenshot(root.tools)
+        onActivated: root.extras.capture.start()
     }
     SecondaryText {
         Layout.fillWidth: true
@@ -47,7 +46,7 @@ ColumnLayout {
         Accessible.role: Accessible.AlertMessage
         Layout.fillWidth: true
         color: Theme.orange
-        text: root.extras.error ?? ""
+        text: root.extras.capture.error ?? ""
         visible: text !== ""
     }
     Item {

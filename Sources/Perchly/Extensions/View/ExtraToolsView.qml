@@ -9,7 +9,6 @@ Item {
 
     required property string section
     required property Productivity tools
-    required property ShelfLibrary library
     required property ShelfModel model
     required property ShelfPreferences preferences
     required property ShelfExtras extras
@@ -21,7 +20,7 @@ Item {
             place.setSource("MeetingsPanel.qml", { extras: root.extras, tools: root.tools });
             break;
         case "Launch":
-            place.setSource("LaunchPanel.qml", { drafts: root.drafts, extras: root.extras, library: root.library, tools: root.tools });
+            place.setSource("LaunchPanel.qml", { drafts: root.drafts, extras: root.extras });
             break;
         case "Snippets":
             place.setSource("SnippetsPanel.qml", { drafts: root.drafts, extras: root.extras, tools: root.tools });
@@ -30,7 +29,7 @@ Item {
             place.setSource("FocusToolsView.qml", { model: root.model, preferences: root.preferences });
             break;
         default:
-            place.setSource("DevicePanel.qml", { extras: root.extras, tools: root.tools });
+            place.setSource("DevicePanel.qml", { extras: root.extras });
         }
     }
 

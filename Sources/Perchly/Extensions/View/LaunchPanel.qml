@@ -10,14 +10,12 @@ import Perchly.Extensions
 ColumnLayout {
     id: root
 
-    required property Productivity tools
-    required property ShelfLibrary library
     required property ShelfExtras extras
     required property ExtrasDrafts drafts
 
     function save() {
         if (save.enabled) {
-            root.extras.saveGroup(field.text, root.library, root.tools);
+            root.extras.groups.save(field.text);
             field.text = "";
             root.drafts.groupName = "";
         }
@@ -26,8 +24,8 @@ ColumnLayout {
     function remove(id: string) {
         const row = list.focusedRow();
         const control = list.focusedControl();
-        root.extras.removeGroup(id);
-        if (rows.count === 0) {
+        root.extras.groups.remove(id);
+        if (root.extras.groups.count === 0) {
             field.forceActiveFocus(Qt.TabFocusReason);
         } else if (row >= 0) {
             list.focusRow(row, control);
@@ -35,12 +33,6 @@ ColumnLayout {
     }
 
     spacing: 12
-
-    GroupRows {
-        id: rows
-
-        extras: root.extras
-    }
 
     RowLayout {
         Layout.fillWidth: true
@@ -78,7 +70,7 @@ ColumnLayout {
         Layout.fillWidth: true
         label: "Launch groups"
         placeholder: "No launch groups yet."
-        model: rows
+        model: root.extras.groups
 
         delegate: RowCard {
             id: group
@@ -125,7 +117,7 @@ ColumnLayout {
                     size: 12
                     text: "Launch"
 
-                    onActivated: root.extras.launchGroup(group.row.id, root.tools)
+                    onActivated: root.extras.groups.launch(group.row.id)
                 }
                 PushButton {
                     Accessible.description: group.row.name

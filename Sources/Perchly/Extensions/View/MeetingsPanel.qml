@@ -19,28 +19,13 @@ ColumnLayout {
 
     Component.onCompleted: {
         if (root.shown) {
-            root.extras.refreshEvents();
+            root.extras.meetings.refresh();
         }
     }
     onShownChanged: {
         if (root.shown) {
-            root.extras.refreshEvents();
-            rows.look(); // time has gone on unseen
+            root.extras.meetings.refresh();
         }
-    }
-
-    MeetingRows {
-        id: rows
-
-        extras: root.extras
-    }
-    // What the rows say of the time is said anew while someone may see it.
-    Timer {
-        interval: 30000
-        repeat: true
-        running: root.shown
-
-        onTriggered: rows.look()
     }
 
     RowLayout {
@@ -49,17 +34,17 @@ ColumnLayout {
         PushButton {
             text: "Connect Calendar"
 
-            onActivated: root.extras.connectCalendar()
+            onActivated: root.extras.meetings.connectCalendar()
         }
         PushButton {
             text: "Refresh"
 
-            onActivated: root.extras.readEventsAnew()
+            onActivated: root.extras.meetings.readAgain()
         }
     }
     SecondaryText {
         Layout.fillWidth: true
-        text: root.extras.calendarMessage
+        text: root.extras.meetings.message
         visible: text !== ""
     }
     ScrollList {
@@ -68,7 +53,7 @@ ColumnLayout {
         Layout.fillHeight: true
         Layout.fillWidth: true
         label: "Meetings"
-        model: rows
+        model: root.extras.meetings
 
         delegate: RowCard {
             id: meeting

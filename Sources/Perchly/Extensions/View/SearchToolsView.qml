@@ -17,13 +17,14 @@ ColumnLayout {
     required property ShelfPreferences preferences
     required property ExtrasDrafts drafts
 
+    readonly property SearchResults results: root.extras.search
     readonly property bool shown: root.Window.window?.visible ?? false
 
     /// The panel appeared, or was asked for again.
     function begin() {
         list.startOver();
         root.library.refresh();
-        results.editingNote = false;
+        root.results.editingNote = false;
         field.forceActiveFocus(Qt.ShortcutFocusReason);
         field.input.selectAll();
     }
@@ -34,10 +35,10 @@ ColumnLayout {
             root.tools.openApplication(target);
             break;
         case "clip":
-            root.tools.copyClip(target);
+            root.tools.clipboard.copyClip(target);
             break;
         case "snippet":
-            root.tools.copyText(target);
+            root.tools.clipboard.copyText(target);
             break;
         case "held":
             root.tools.open(target);
@@ -94,16 +95,6 @@ ColumnLayout {
         }
     }
 
-    SearchResults {
-        id: results
-
-        extras: root.extras
-        library: root.library
-        note: root.preferences.note
-        query: field.text
-        tools: root.tools
-    }
-
     TextEntry {
         id: field
 
@@ -113,12 +104,15 @@ ColumnLayout {
 
         Component.onCompleted: field.text = root.drafts.query
         onAccepted: {
-            if (results.firstPath !== "") {
-                root.tools.openApplication(results.firstPath);
+            if (root.results.firstPath !== "") {
+                root.tools.openApplication(root.results.firstPath);
             }
         }
         onEdited: root.drafts.query = field.text
-        onTextChanged: list.startOver()
+        onTextChanged: {
+            root.results.query = field.text;
+            list.startOver();
+        }
     }
     ScrollList {
         id: list
@@ -127,7 +121,7 @@ ColumnLayout {
         Layout.fillWidth: true
         cacheBuffer: 0 // each key would write into those rows, too
         label: "Search results"
-        model: results
+        model: root.results
         reuseItems: true
         spacing: 2
 
@@ -141,7 +135,7 @@ ColumnLayout {
             onEdited: note => root.preferences.note = note
             onEditingChanged: {
                 if (row.editing || root.Window.active) { // not because another window has the keyboard
-                    results.editingNote = row.editing;
+                    root.results.editingNote = row.editing;
                 }
             }
         }

@@ -15,7 +15,7 @@ ColumnLayout {
     required property ExtrasDrafts drafts
 
     function pin() {
-        if (pin.enabled && root.extras.pin(field.text)) {
+        if (pin.enabled && root.extras.snippets.pin(field.text)) {
             field.text = "";
             root.drafts.snippet = "";
         }
@@ -24,8 +24,8 @@ ColumnLayout {
     function remove(id: string) {
         const row = list.focusedRow();
         const control = list.focusedControl();
-        root.extras.removeSnippet(id);
-        if (rows.count === 0) {
+        root.extras.snippets.remove(id);
+        if (root.extras.snippets.count === 0) {
             field.forceActiveFocus(Qt.TabFocusReason);
         } else if (row >= 0) {
             list.focusRow(row, control);
@@ -33,12 +33,6 @@ ColumnLayout {
     }
 
     spacing: 12
-
-    SnippetRows {
-        id: rows
-
-        extras: root.extras
-    }
 
     RowLayout {
         Layout.fillWidth: true
@@ -66,10 +60,10 @@ ColumnLayout {
     }
     SwitchRow {
         Layout.fillWidth: true
-        checked: root.extras.persist
+        checked: root.extras.snippets.persist
         text: "Keep pinned snippets after quitting"
 
-        onToggled: checked => root.extras.persist = checked
+        onToggled: checked => root.extras.snippets.persist = checked
     }
     CaptionText {
         Layout.fillWidth: true
@@ -83,7 +77,7 @@ ColumnLayout {
         Layout.fillWidth: true
         label: "Pinned snippets"
         placeholder: "No snippets yet."
-        model: rows
+        model: root.extras.snippets
 
         delegate: RowCard {
             id: snippet
@@ -115,7 +109,7 @@ ColumnLayout {
                     size: 12
                     text: "Copy"
 
-                    onActivated: root.tools.copyText(snippet.row.text)
+                    onActivated: root.tools.clipboard.copyText(snippet.row.text)
                 }
                 PushButton {
                     Accessible.description: snippet.row.label

@@ -14,7 +14,7 @@ namespace perchly {
 
 namespace {
 
-/// The other kinds of pictures that plug-ins could read are never copied into the history.
+/// Only these are ever copied into the history: no other plug-in should read it.
 QByteArray formatOf(const QByteArray &encoded) {
     if (encoded.startsWith("\x89PNG")) {
         return "png";
@@ -27,11 +27,16 @@ QByteArray formatOf(const QByteArray &encoded) {
 } // namespace
 
 ClipPicture::ClipPicture(QQuickItem *parent)
-    : QQuickPaintedItem(parent) {}
+    : QQuickPaintedItem(parent) {
+    connect(this, &ClipPicture::clipChanged, this, [this] {
+        m_maxSize = QSize();
+        decode();
+    });
+}
 
-QImage ClipPicture::decoded(const QByteArray &encoded, const QSize &largest) {
+QImage ClipPicture::decoded(const QByteArray &encoded, const QSize &maxSize) {
     const QByteArray format = formatOf(encoded);
-    if (format.isEmpty() || largest.isEmpty()) {
+    if (format.isEmpty() || maxSize.isEmpty()) {
         return {};
     }
     // A picture of a few megabytes may need a hundred while it is decoded.
@@ -45,33 +50,19 @@ QImage ClipPicture::decoded(const QByteArray &encoded, const QSize &largest) {
     if (size.isEmpty()) {
         return {};
     }
-    if (size.width() > largest.width() || size.height() > largest.height()) {
-        reader.setScaledSize(size.scaled(largest, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));
+    if (size.width() > maxSize.width() || size.height() > maxSize.height()) {
+        reader.setScaledSize(size.scaled(maxSize, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));
     }
     return reader.read();
 }
 
-void ClipPicture::setTools(Productivity *tools) {
-    m_tools = tools;
-    Q_EMIT toolsChanged();
-}
-
-void ClipPicture::setClip(const QString &clip) {
-    if (m_clip != clip) {
-        m_clip = clip;
-        m_largest = QSize();
-        decode();
-        Q_EMIT clipChanged();
-    }
-}
-
 QByteArray ClipPicture::encoded() const {
-    if (!m_tools) {
+    if (!m_history) {
         return {};
     }
-    const QList<Clip> &clips = m_tools->clips();
+    const QList<Clip> &clips = m_history->clips();
     const auto found = std::ranges::find(clips, QUuid(m_clip), &Clip::id);
-    return found != clips.cend() ? found->image.value_or(QByteArray()) : QByteArray();
+    return found != clips.cend() ? found->image : QByteArray();
 }
 
 void ClipPicture::componentComplete() {
@@ -95,14 +86,14 @@ void ClipPicture::decode() {
     if (!isComponentComplete() || window() == nullptr) {
         return;
     }
-    const QSize largest = (size() * window()->effectiveDevicePixelRatio()).toSize();
-    if (largest == m_largest) {
+    const QSize maxSize = (size() * window()->effectiveDevicePixelRatio()).toSize();
+    if (maxSize == m_maxSize) {
         return;
     }
-    m_largest = largest;
+    m_maxSize = maxSize;
     QThreadPool::globalInstance()->start(
-        [bytes = encoded(), largest, number = ++m_number, item = QPointer(this)] {
-            const QImage picture = decoded(bytes, largest);
+        [bytes = encoded(), maxSize, number = ++m_number, item = QPointer(this)] {
+            const QImage picture = decoded(bytes, maxSize);
             const auto finish = [picture, number, item] {
                 if (item && number == item->m_number) {
                     item->show(picture);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Productivity.h"
+#include "ClipboardHistory.h"
 
 #include <QByteArray>
 #include <QImage>
@@ -18,26 +18,22 @@ class ClipPicture : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(
-        perchly::Productivity *tools READ tools WRITE setTools NOTIFY toolsChanged REQUIRED FINAL)
-    Q_PROPERTY(QString clip READ clip WRITE setClip NOTIFY clipChanged REQUIRED FINAL)
+        perchly::ClipboardHistory *history MEMBER m_history NOTIFY historyChanged REQUIRED FINAL)
+    Q_PROPERTY(QString clip MEMBER m_clip NOTIFY clipChanged REQUIRED FINAL)
     Q_PROPERTY(bool found READ found NOTIFY foundChanged FINAL)
 public:
     explicit ClipPicture(QQuickItem *parent = nullptr);
 
-    [[nodiscard]] Productivity *tools() const { return m_tools; }
-    void setTools(Productivity *tools);
-    /// The entry's identifier.
-    [[nodiscard]] QString clip() const { return m_clip; }
-    void setClip(const QString &clip);
     [[nodiscard]] bool found() const { return !m_picture.isNull(); }
 
     void paint(QPainter *painter) override;
 
-    /// The picture, no larger than that; null if there is none. Blocks; any thread, one at a time.
-    [[nodiscard]] static QImage decoded(const QByteArray &encoded, const QSize &largest);
+    /// The picture, no larger than the size; null if there is none. Blocks; any thread, one at a
+    /// time.
+    [[nodiscard]] static QImage decoded(const QByteArray &encoded, const QSize &maxSize);
 
 Q_SIGNALS:
-    void toolsChanged();
+    void historyChanged();
     void clipChanged();
     void foundChanged();
 
@@ -51,10 +47,10 @@ private:
     void decode();
     void show(const QImage &picture);
 
-    QPointer<Productivity> m_tools;
-    QString m_clip;
+    QPointer<ClipboardHistory> m_history;
+    QString m_clip; ///< the identifier
     QImage m_picture;
-    QSize m_largest;  ///< in pixels, that the picture was decoded for
+    QSize m_maxSize;  ///< in pixels, that the picture was decoded for
     int m_number = 0; ///< of the last decoding
 };
 

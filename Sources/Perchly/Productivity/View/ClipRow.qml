@@ -33,7 +33,7 @@ RowCard {
             clip: root.row.id
             implicitHeight: 50
             implicitWidth: 70
-            tools: root.tools
+            history: root.tools.clipboard
             visible: root.row.isImage && found
         }
         Label {

@@ -17,8 +17,8 @@ ColumnLayout {
     function remove(id: string) {
         const row = list.focusedRow();
         const control = list.focusedControl();
-        root.tools.removeClip(id);
-        if (rows.count > 0) {
+        root.tools.clipboard.remove(id);
+        if (root.tools.clipboard.count > 0) {
             list.focusRow(row, control);
         } else {
             field.forceActiveFocus(Qt.TabFocusReason);
@@ -27,19 +27,12 @@ ColumnLayout {
 
     spacing: 12
 
-    ClipRows {
-        id: rows
-
-        search: root.workspace.search
-        tools: root.tools
-    }
-
     SwitchRow {
         Layout.fillWidth: true
-        checked: root.tools.clipboardEnabled
+        checked: root.tools.clipboard.enabled
         text: "Enable clipboard history for this session"
 
-        onToggled: checked => root.tools.clipboardEnabled = checked
+        onToggled: checked => root.tools.clipboard.enabled = checked
     }
     CaptionText {
         Layout.fillWidth: true
@@ -51,10 +44,10 @@ ColumnLayout {
 
         SwitchRow {
             Layout.preferredWidth: implicitWidth
-            checked: root.tools.paused
+            checked: root.tools.clipboard.paused
             text: "Pause"
 
-            onToggled: checked => root.tools.paused = checked
+            onToggled: checked => root.tools.clipboard.paused = checked
         }
         Item {
             Layout.fillWidth: true
@@ -62,7 +55,7 @@ ColumnLayout {
         PushButton {
             text: "Clear history"
 
-            onActivated: root.tools.clearClips()
+            onActivated: root.tools.clipboard.clear()
         }
     }
     TextEntry {
@@ -72,8 +65,8 @@ ColumnLayout {
         placeholder: "Search copied text"
         symbol: "magnifyingglass"
 
-        Component.onCompleted: field.text = root.workspace.search
-        onEdited: root.workspace.search = field.text
+        Component.onCompleted: field.text = root.tools.clipboard.search
+        onEdited: root.tools.clipboard.search = field.text
     }
     ScrollList {
         id: list
@@ -81,8 +74,8 @@ ColumnLayout {
         Layout.fillHeight: true
         Layout.fillWidth: true
         label: "Clipboard history"
-        model: rows
-        placeholder: root.workspace.search !== "" ? "No copied text matches." : root.tools.clipboardEnabled ? "Nothing was copied yet." : "Enable the history to keep what you copy from now on."
+        model: root.tools.clipboard
+        placeholder: root.tools.clipboard.search !== "" ? "No copied text matches." : root.tools.clipboard.enabled ? "Nothing was copied yet." : "Enable the history to keep what you copy from now on."
 
         delegate: ClipRow {
             id: clip
@@ -90,9 +83,9 @@ ColumnLayout {
             tools: root.tools
             width: ListView.view.width
 
-            onCopied: root.tools.copyClip(clip.row.id)
+            onCopied: root.tools.clipboard.copyClip(clip.row.id)
             onPinned: {
-                if (root.extras.pin(clip.row.text)) {
+                if (root.extras.snippets.pin(clip.row.text)) {
                     clip.confirmPin();
                 }
             }

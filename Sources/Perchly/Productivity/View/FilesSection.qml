@@ -14,10 +14,11 @@ ColumnLayout {
     required property ShelfExtras extras
     required property ProductivityView workspace
 
-    readonly property bool some: rows.count > 0
+    readonly property HeldFiles held: root.tools.held
+    readonly property bool some: root.held.count > 0
 
     function addLink() {
-        if (root.tools.addLink(field.text)) {
+        if (root.held.addLink(field.text)) {
             field.text = "";
             root.workspace.link = "";
         }
@@ -26,8 +27,8 @@ ColumnLayout {
     function remove(url: url) {
         const row = list.focusedRow();
         const control = list.focusedControl();
-        root.tools.removeHeld(url);
-        if (rows.count > 0) {
+        root.held.remove(url);
+        if (root.some) {
             list.focusRow(row, control);
         } else {
             add.forceActiveFocus(Qt.TabFocusReason);
@@ -36,16 +37,11 @@ ColumnLayout {
 
     spacing: 12
 
-    HeldRows {
-        id: rows
-
-        tools: root.tools
-    }
     Connections {
         target: root.workspace
 
         function onAppeared() {
-            rows.lookAgain();
+            root.held.lookAgain();
         }
     }
     Connections {
@@ -54,7 +50,7 @@ ColumnLayout {
         // Whatever deleted a file meanwhile was another window.
         function onActiveChanged() {
             if (root.Window.active) {
-                rows.lookAgain();
+                root.held.lookAgain();
             }
         }
     }
@@ -73,7 +69,7 @@ ColumnLayout {
 
             text: "Add files…"
 
-            onActivated: root.tools.addFiles()
+            onActivated: root.held.addFiles()
         }
         TextEntry {
             id: field
@@ -93,7 +89,7 @@ ColumnLayout {
         PushButton {
             text: "Clear"
 
-            onActivated: root.tools.clearHeld()
+            onActivated: root.held.clear()
         }
     }
 
@@ -114,8 +110,8 @@ ColumnLayout {
             keys: ["text/uri-list"]
 
             onDropped: drop => {
-                if (!root.tools.holdDropped(drop.getDataAsString("text/uri-list"))) {
-                    root.tools.hold(drop.urls); // told in another form
+                if (!root.held.holdDropped(drop.getDataAsString("text/uri-list"))) {
+                    root.held.hold(drop.urls); // told in another form
                 }
                 drop.accept(Qt.CopyAction);
             }
@@ -138,9 +134,9 @@ ColumnLayout {
             anchors.right: parent.right
             anchors.top: parent.top
             height: 38 // so that three rows fit into the window's first size
-            label: "Drag all " + rows.count
-            urls: root.tools.held
-            visible: rows.count > 1
+            label: "Drag all " + root.held.count
+            urls: root.held.urls
+            visible: root.held.count > 1
 
             RowLayout {
                 anchors.left: parent.left
@@ -163,7 +159,7 @@ ColumnLayout {
                     size: 11
                     text: "Copy all"
 
-                    onActivated: root.tools.copyItems(root.tools.held)
+                    onActivated: root.tools.clipboard.copyItems(root.held.urls)
                 }
             }
         }
@@ -177,7 +173,7 @@ ColumnLayout {
             anchors.top: all.visible ? all.bottom : parent.top
             anchors.topMargin: all.visible ? 8 : 10
             label: "Held files and links"
-            model: rows
+            model: root.held
             visible: root.some
 
             delegate: HeldRow {

@@ -19,11 +19,11 @@ DragPlate {
     signal removed()
 
     function preview() {
-        root.extras.togglePreview(root.row.url, root.tools.held);
+        root.extras.togglePreview(root.row.url, root.tools.held.urls);
     }
 
     function copy() {
-        root.tools.copyItems([root.row.url]);
+        root.tools.clipboard.copyItems([root.row.url]);
     }
 
     Accessible.name: root.label
@@ -91,7 +91,7 @@ DragPlate {
                 size: 12
                 text: "Copy path / link"
 
-                onActivated: root.tools.copyPath(root.row.url)
+                onActivated: root.tools.clipboard.copyPath(root.row.url)
             }
             PushButton {
                 Accessible.description: root.label
@@ -99,7 +99,7 @@ DragPlate {
                 size: 12
                 text: "Copy image"
 
-                onActivated: root.tools.copyImage(root.row.url)
+                onActivated: root.tools.clipboard.copyImage(root.row.url)
             }
             Item {
                 Layout.fillWidth: true

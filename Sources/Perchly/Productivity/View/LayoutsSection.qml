@@ -11,13 +11,11 @@ ColumnLayout {
     id: root
 
     required property Productivity tools
-    required property ShelfLibrary library
-    required property ShelfModel model
     required property ProductivityView workspace
 
     function save() {
         if (save.enabled) {
-            root.tools.saveLayout(field.text, root.library, root.model);
+            root.tools.layouts.save(field.text);
             field.text = "";
             root.workspace.layoutName = "";
         }
@@ -26,8 +24,8 @@ ColumnLayout {
     function remove(id: string) {
         const row = list.focusedRow();
         const control = list.focusedControl();
-        root.tools.removeLayout(id);
-        if (rows.count > 0) {
+        root.tools.layouts.remove(id);
+        if (root.tools.layouts.count > 0) {
             list.focusRow(row, control);
         } else {
             field.forceActiveFocus(Qt.TabFocusReason);
@@ -35,12 +33,6 @@ ColumnLayout {
     }
 
     spacing: 12
-
-    LayoutRows {
-        id: rows
-
-        tools: root.tools
-    }
 
     SecondaryText {
         Layout.fillWidth: true
@@ -75,7 +67,7 @@ ColumnLayout {
         Layout.fillHeight: true
         Layout.fillWidth: true
         label: "Layouts"
-        model: rows
+        model: root.tools.layouts
         placeholder: "No saved layouts yet."
 
         delegate: RowCard {
@@ -103,7 +95,7 @@ ColumnLayout {
                     size: 12
                     text: "Apply"
 
-                    onActivated: root.tools.applyLayout(layout.row.id, root.library, root.model)
+                    onActivated: root.tools.layouts.apply(layout.row.id)
                 }
                 PushButton {
                     Accessible.description: layout.row.name

@@ -20,7 +20,6 @@ WindowBody {
     readonly property string section: root.extras.section
 
     /// What was typed into the sections' fields.
-    property string search: ""
     property string link: ""
     property string layoutName: ""
     readonly property ExtrasDrafts drafts: ExtrasDrafts {}
@@ -45,13 +44,13 @@ WindowBody {
             place.setSource("ClipboardSection.qml", { extras: root.extras, tools: root.tools, workspace: root });
             break;
         case "Layouts":
-            place.setSource("LayoutsSection.qml", { library: root.library, model: root.model, tools: root.tools, workspace: root });
+            place.setSource("LayoutsSection.qml", { tools: root.tools, workspace: root });
             break;
         case "Shortcuts":
-            place.setSource("ShortcutsSection.qml", { library: root.library, tools: root.tools, workspace: root });
+            place.setSource("ShortcutsSection.qml", { tools: root.tools, workspace: root });
             break;
         default:
-            place.setSource(root.extrasView + "ExtraToolsView.qml", { drafts: root.drafts, extras: root.extras, library: root.library, model: root.model, preferences: root.preferences, section: root.section, tools: root.tools });
+            place.setSource(root.extrasView + "ExtraToolsView.qml", { drafts: root.drafts, extras: root.extras, model: root.model, preferences: root.preferences, section: root.section, tools: root.tools });
         }
     }
 

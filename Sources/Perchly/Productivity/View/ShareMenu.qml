@@ -22,7 +22,7 @@ IconButton {
         if (index < root.targets.length) {
             root.tools.share(root.url, root.targets[index].id);
         } else {
-            root.tools.copyItems([root.url]);
+            root.tools.clipboard.copyItems([root.url]);
         }
     }
 

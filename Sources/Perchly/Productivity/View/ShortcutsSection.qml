@@ -11,27 +11,21 @@ ColumnLayout {
     id: root
 
     required property Productivity tools
-    required property ShelfLibrary library
     required property ProductivityView workspace
 
     spacing: 12
 
     Component.onCompleted: {
         if (root.workspace.shown) {
-            root.tools.refreshShortcuts();
+            root.tools.shortcuts.refresh();
         }
     }
 
-    ShortcutRows {
-        id: rows
-
-        tools: root.tools
-    }
     Connections {
         target: root.workspace
 
         function onAppeared() {
-            root.tools.refreshShortcuts();
+            root.tools.shortcuts.refresh();
         }
     }
 
@@ -49,7 +43,7 @@ ColumnLayout {
         PushButton {
             text: "Refresh"
 
-            onActivated: root.tools.refreshShortcuts()
+            onActivated: root.tools.shortcuts.refresh()
         }
     }
     CaptionText {
@@ -63,13 +57,13 @@ ColumnLayout {
         Layout.fillHeight: true
         Layout.fillWidth: true
         label: "Shortcuts"
-        model: rows
+        model: root.tools.shortcuts
 
         delegate: RowCard {
             id: shortcut
 
             required property var row
-            readonly property bool running: root.tools.busyShortcut === shortcut.row.name
+            readonly property bool running: root.tools.shortcuts.busy === shortcut.row.name
 
             Accessible.name: shortcut.row.label
             Accessible.role: Accessible.ListItem
@@ -105,7 +99,7 @@ ColumnLayout {
                     text: "Add to shelf"
 
                     onActivated: {
-                        root.tools.addToShelf(shortcut.row.name, root.library);
+                        root.tools.shortcuts.addToShelf(shortcut.row.name);
                         add.confirm();
                     }
                 }
@@ -113,13 +107,13 @@ ColumnLayout {
                     id: run
 
                     Accessible.description: shortcut.row.label
-                    enabled: root.tools.busyShortcut === ""
+                    enabled: root.tools.shortcuts.busy === ""
                     size: 12
                     text: "Run"
 
                     onActivated: {
                         const hadKeyboard = run.activeFocus;
-                        root.tools.runShortcut(shortcut.row.name);
+                        root.tools.shortcuts.run(shortcut.row.name);
                         // Not to “Stop”, which a second press would hit.
                         if (hadKeyboard && !run.enabled) {
                             shortcut.forceActiveFocus(Qt.TabFocusReason);
@@ -139,7 +133,7 @@ ColumnLayout {
                     text: "Stop"
                     visible: shortcut.running
 
-                    onActivated: root.tools.stopShortcut()
+                    onActivated: root.tools.shortcuts.stop()
                     onVisibleChanged: {
                         stop.cameAt = Date.now(); // where “Run” was
                         if (!stop.visible && stop.focus) {
@@ -153,18 +147,18 @@ ColumnLayout {
     RowLayout {
         Layout.fillWidth: true
         spacing: 12
-        visible: root.tools.shortcutsFolder !== ""
+        visible: root.tools.shortcuts.folder !== ""
 
         CaptionText {
             Layout.fillWidth: true
             color: Theme.grey
-            text: (rows.count === 0 ? "Open the folder to make your first shortcut: every executable file in it is one.\n" : "Every executable file in this folder is a shortcut.\n") + root.tools.shortcutsFolder
+            text: (root.tools.shortcuts.count === 0 ? "Open the folder to make your first shortcut: every executable file in it is one.\n" : "Every executable file in this folder is a shortcut.\n") + root.tools.shortcuts.folder
         }
         PushButton {
             size: 12
             text: "Open folder"
 
-            onActivated: root.tools.openShortcutsFolder()
+            onActivated: root.tools.shortcuts.openFolder()
         }
     }
 }

@@ -14,13 +14,20 @@ RowCard {
     required property bool added
     required property ShelfLibrary library
 
+    /// Kept for another row: no longer accessible.
+    property bool pooled: false
+
     /// It was added by a key, which its button does not take any more.
     signal addedByKey(index: int)
 
     Accessible.name: root.name
     Accessible.role: Accessible.ListItem
     takesKeyboard: false
+    visible: !root.pooled
     width: ListView.view ? ListView.view.width : 0
+
+    ListView.onPooled: root.pooled = true
+    ListView.onReused: root.pooled = false
 
     RowLayout {
         spacing: 12

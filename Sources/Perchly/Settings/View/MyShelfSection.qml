@@ -14,12 +14,6 @@ ColumnLayout {
 
     spacing: 14
 
-    LibraryRows {
-        id: rows
-
-        library: root.library
-    }
-
     SwitchRow {
         Layout.fillWidth: true
         checked: root.library.favoritesOnly
@@ -38,13 +32,13 @@ ColumnLayout {
         Layout.fillWidth: true
         label: "Shelf entries"
 
-        model: rows
+        model: root.library
         placeholder: "Nothing is on your shelf. Add something under “Apps”."
 
         delegate: EntryRow {
             library: root.library
             list: entries
-            someRemovable: rows.someRemovable
+            someRemovable: root.library.someRemovable
         }
     }
 }

@@ -6,7 +6,7 @@ import Perchly.Stores
 ScrollArea {
     id: root
 
-    required property DisplayPreferences preferences
+    required property ShelfPreferences preferences
 
     spacing: 12
 

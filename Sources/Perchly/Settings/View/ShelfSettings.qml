@@ -8,7 +8,7 @@ WindowBody {
     id: root
 
     required property ShelfLibrary library
-    required property DisplayPreferences preferences
+    required property ShelfPreferences preferences
 
     property string section: "My shelf"
 

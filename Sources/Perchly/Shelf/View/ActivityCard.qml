@@ -20,9 +20,13 @@ Item {
     readonly property string secondLine: {
         switch (root.look) {
         case "timer": return "";
-        case "media": return CardText.mediaLine(root.model.musicArtist, root.model.mediaSource, root.model.playing);
+        case "media": return root.before(root.model.musicArtist) + root.before(root.model.mediaSource) + (root.model.playing ? "Playing" : "Paused");
         default: return "Your current activity lives here";
         }
+    }
+
+    function before(part: string): string {
+        return part === "" ? "" : part + " · ";
     }
 
     Accessible.name: "Activity"

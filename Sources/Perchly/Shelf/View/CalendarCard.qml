@@ -6,7 +6,7 @@ import Perchly.Shelf
 CardBody {
     id: root
 
-    readonly property string event: root.extras.firstEventTitle
+    readonly property string event: root.extras.meetings.firstTitle
 
     WallTime {
         id: now

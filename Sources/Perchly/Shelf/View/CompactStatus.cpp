@@ -16,8 +16,9 @@ void CompactStatus::setModel(ShelfModel *model) {
 void CompactStatus::setProductivity(Productivity *productivity) {
     m_productivity = productivity;
     if (m_productivity) {
-        connect(m_productivity, &Productivity::busyShortcutChanged, this, &CompactStatus::refresh);
-        connect(m_productivity, &Productivity::heldChanged, this, &CompactStatus::refresh);
+        connect(m_productivity->shortcuts(), &Shortcuts::busyChanged, this,
+                &CompactStatus::refresh);
+        connect(m_productivity->held(), &HeldFiles::changed, this, &CompactStatus::refresh);
     }
     refresh();
 }
@@ -32,13 +33,13 @@ void CompactStatus::refresh() {
     }
     const Media &media = m_model->media();
     const QString time = minutesAndSeconds(m_model->seconds());
-    const CompactLook look = compactLook({.busyShortcut = m_productivity->busyShortcut(),
+    const CompactLook look = compactLook({.busyShortcut = m_productivity->shortcuts()->busy(),
                                           .timerRuns = m_model->running(),
                                           .seconds = m_model->seconds(),
                                           .musicActive = media.active,
                                           .playing = media.playing,
                                           .musicTitle = media.title,
-                                          .held = m_productivity->held().size(),
+                                          .held = m_productivity->held()->count(),
                                           .activity = m_model->activity()});
     if (time != m_time || look != m_look) {
         m_time = time;

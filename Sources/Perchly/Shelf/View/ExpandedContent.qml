@@ -85,7 +85,7 @@ Item {
             height: 88
             library: root.library
             model: root.model
-            pictureScale: root.Screen.devicePixelRatio * root.preferences.shelfScale
+            pictureScale: root.Screen.devicePixelRatio * root.preferences.scale
             popovers: popovers
             shell: root.shell
             visible: !root.model.quietFocus

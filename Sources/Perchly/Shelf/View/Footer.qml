@@ -31,7 +31,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         color: Theme.grey
         font.pixelSize: 10
-        text: root.extras.battery
+        text: root.extras.battery.line
     }
     TextButton {
         id: quit

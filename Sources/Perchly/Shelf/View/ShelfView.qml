@@ -105,7 +105,7 @@ FocusScope {
         panelHeight: root.height
         panelWidth: root.width
         shadowMargin: root.shadowMargin
-        wantedScale: root.preferences.shelfScale
+        wantedScale: root.preferences.scale
     }
 
     SpringValue {
@@ -113,7 +113,7 @@ FocusScope {
 
         // The panel of a dragged shelf is as small as the pill, so there is no room to close in. A
         // capture must not see the shelf on its way.
-        animated: root.composited && !root.model.dragging && !root.extras.capturing
+        animated: root.composited && !root.model.dragging && !root.extras.capture.active
         reduced: root.motion.reduced
         target: root.expanded ? 1 : 0
     }
@@ -237,8 +237,8 @@ FocusScope {
 
         onDropped: drop => {
             if (drop.hasUrls) {
-                if (!root.productivity.holdDropped(drop.getDataAsString("text/uri-list"))) {
-                    root.productivity.hold(drop.urls); // told in another form
+                if (!root.productivity.held.holdDropped(drop.getDataAsString("text/uri-list"))) {
+                    root.productivity.held.hold(drop.urls); // told in another form
                 }
                 drop.accept(Qt.CopyAction);
             }

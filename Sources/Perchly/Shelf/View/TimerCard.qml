@@ -25,7 +25,7 @@ CardBody {
 
                 anchors.verticalCenter: parent.verticalCenter
                 size: 27
-                text: root.counting ? root.status.time : CardText.plannedTime(root.preferences.focusMinutes)
+                text: root.counting ? root.status.time : root.preferences.focusMinutes + ":00"
                 weight: Font.Medium
             }
         }

@@ -29,7 +29,7 @@ Item {
         TextButton {
             symbol: "camera"
             text: "Capture"
-            onActivated: root.extras.screenshot(root.productivity)
+            onActivated: root.extras.capture.start()
         }
         TextButton {
             symbol: "slider.horizontal.3"
@@ -58,8 +58,8 @@ Item {
             Accessible.role: Accessible.StaticText
             anchors.verticalCenter: parent.verticalCenter
             color: Theme.mint
-            text: root.productivity.held.length + " held"
-            visible: root.productivity.held.length > 0
+            text: root.productivity.held.count + " held"
+            visible: root.productivity.held.count > 0
         }
     }
 }

@@ -1,6 +1,6 @@
 #include "WallTime.h"
 
-#include "CardText.h"
+#include "TimeText.h"
 
 #include <algorithm>
 
@@ -8,7 +8,7 @@ namespace perchly {
 
 namespace {
 
-constexpr int longestSleep = 10'000;
+constexpr int maxSleep = 10'000;
 constexpr int minute = 60'000;
 
 } // namespace
@@ -37,20 +37,18 @@ void WallTime::setRunning(bool running) {
 void WallTime::refresh() {
     const QDateTime now = QDateTime::currentDateTime();
     const QLocale locale;
-    assign(m_time, CardText::timeOfDay(now.time(), locale), &WallTime::timeChanged);
-    assign(m_day, CardText::dayLine(now.date(), locale), &WallTime::dayChanged);
-    assign(m_dayNumber, QString::number(now.date().day()), &WallTime::dayNumberChanged);
-    assign(m_month, CardText::monthLine(now.date(), locale), &WallTime::monthChanged);
+    const QString time = timeOfDay(now.time(), locale);
+    const QString day = dayLine(now.date(), locale);
+    if (time != m_time || day != m_day) {
+        m_time = time;
+        m_day = day;
+        m_dayNumber = QString::number(now.date().day());
+        m_month = monthLine(now.date(), locale);
+        Q_EMIT changed();
+    }
     if (m_running) {
         const int toNextMinute = minute - now.time().msecsSinceStartOfDay() % minute;
-        m_timer.start(std::min(toNextMinute, longestSleep));
-    }
-}
-
-void WallTime::assign(QString &field, const QString &value, void (WallTime::*changed)()) {
-    if (field != value) {
-        field = value;
-        Q_EMIT(this->*changed)();
+        m_timer.start(std::min(toNextMinute, maxSleep));
     }
 }
 

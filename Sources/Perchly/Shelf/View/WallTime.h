@@ -7,21 +7,20 @@
 
 namespace perchly {
 
-/// The time and the date as they are shown to people. While it runs it wakes when the minute ends,
-/// and every few seconds besides, since a machine that slept or a clock that was set tells nobody;
-/// it announces only lines that really changed.
+/// The time and the date as they are shown. While it runs it wakes at the end of the minute, and
+/// every few seconds, as neither waking up nor setting the clock is announced.
 class WallTime : public QObject {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(bool running READ isRunning WRITE setRunning NOTIFY runningChanged FINAL)
-    Q_PROPERTY(QString time READ time NOTIFY timeChanged FINAL)
-    Q_PROPERTY(QString day READ day NOTIFY dayChanged FINAL)
-    Q_PROPERTY(QString dayNumber READ dayNumber NOTIFY dayNumberChanged FINAL)
-    Q_PROPERTY(QString month READ month NOTIFY monthChanged FINAL)
+    Q_PROPERTY(QString time READ time NOTIFY changed FINAL)
+    Q_PROPERTY(QString day READ day NOTIFY changed FINAL)
+    Q_PROPERTY(QString dayNumber READ dayNumber NOTIFY changed FINAL)
+    Q_PROPERTY(QString month READ month NOTIFY changed FINAL)
 public:
     explicit WallTime(QObject *parent = nullptr);
 
-    /// Starting it brings every line up to date at once.
+    /// Starting it updates every line at once.
     [[nodiscard]] bool isRunning() const { return m_running; }
     void setRunning(bool running);
 
@@ -32,14 +31,10 @@ public:
 
 Q_SIGNALS:
     void runningChanged();
-    void timeChanged();
-    void dayChanged();
-    void dayNumberChanged();
-    void monthChanged();
+    void changed();
 
 private:
     void refresh();
-    void assign(QString &field, const QString &value, void (WallTime::*changed)());
 
     bool m_running = false;
     QString m_time;

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "Clock.h"
+
+#include <QObject>
+#include <QUrl>
+
+namespace perchly {
+
+class ScreenCapture;
+class ShellActions;
+
+/// Captures a part of the screen into a file. Main thread only.
+class Capture : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(bool active READ active NOTIFY activeChanged FINAL)
+    Q_PROPERTY(QString error READ error NOTIFY errorChanged FINAL)
+public:
+    /// All of these must outlive this object.
+    Capture(ScreenCapture &capture, Clock &clock, ShellActions &shell, QObject *parent = nullptr);
+
+    /// The user is choosing what to capture, or is about to.
+    [[nodiscard]] bool active() const { return m_active; }
+    /// Why the last capture failed; null if it did not.
+    [[nodiscard]] QString error() const { return m_error; }
+    /// Moves the program's windows out of the way, lets the user choose a part of the screen,
+    /// announces its picture, and shows the workspace window. Nothing happens during a capture.
+    Q_INVOKABLE void start();
+
+Q_SIGNALS:
+    void activeChanged();
+    void errorChanged();
+    void captured(const QUrl &file);
+
+private:
+    void end(const QString &path, int status);
+    void setActive(bool active);
+    void setError(const QString &error);
+
+    ScreenCapture &m_capture;
+    Clock &m_clock;
+    ShellActions &m_shell;
+    bool m_active = false;
+    QString m_error;
+    Task m_step;
+};
+
+} // namespace perchly

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "KeyedRows.h"
+#include "Notice.h"
+
+#include <QUrl>
+#include <QUuid>
+
+#include <tuple>
+#include <utility>
+
+namespace perchly {
+
+class Applications;
+class HeldFiles;
+class Preferences;
+class ShelfLibrary;
+
+/// Applications, files and links that are opened together. Names need not be unique.
+struct LaunchGroup {
+    QUuid id;
+    QString name;
+    QList<QUrl> urls; ///< an application is its desktop entry's file; absolute, no two equal
+
+    [[nodiscard]] static constexpr auto fields() {
+        return std::tuple(std::pair(QLatin1StringView("id"), &LaunchGroup::id),
+                          std::pair(QLatin1StringView("name"), &LaunchGroup::name),
+                          std::pair(QLatin1StringView("urls"), &LaunchGroup::urls));
+    }
+};
+
+/// The launch groups, oldest first; as rows: "id", "name" and "contents", the names of what is
+/// opened. Every change is stored, or ignored if it is too large. Main thread only.
+class LaunchGroups : public perchly::KeyedRows {
+    Q_OBJECT
+public:
+    /// All of these must outlive this object.
+    LaunchGroups(Preferences &preferences, Applications &applications, const ShelfLibrary &library,
+                 const HeldFiles &held, Notice notice, QObject *parent = nullptr);
+
+    [[nodiscard]] const QList<LaunchGroup> &list() const { return m_groups; }
+    /// Saves what the shelf shows and the tray holds under the name, trimmed; a blank name does
+    /// nothing.
+    Q_INVOKABLE void save(const QString &name);
+    /// Asks the desktop to open everything of the group, in order. A notice names the last one in
+    /// that order that cannot be opened.
+    Q_INVOKABLE void launch(const QUuid &id);
+    Q_INVOKABLE void remove(const QUuid &id);
+
+private:
+    void setGroups(const QList<LaunchGroup> &groups);
+    void show(const QList<LaunchGroup> &groups);
+    [[nodiscard]] QList<QUrl> presentUrls() const;
+
+    Preferences &m_preferences;
+    Applications &m_applications;
+    const ShelfLibrary &m_library;
+    const HeldFiles &m_held;
+    Notice m_notice;
+    QList<LaunchGroup> m_groups;
+};
+
+} // namespace perchly

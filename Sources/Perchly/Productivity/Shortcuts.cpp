@@ -1,0 +1,93 @@
+#include "Shortcuts.h"
+
+#include "Applications.h"
+#include "ShelfLibrary.h"
+#include "ShortcutsTool.h"
+#include "ShownText.h"
+
+#include <QDir>
+#include <QPointer>
+
+namespace perchly {
+
+Shortcuts::Shortcuts(ShortcutsTool &tool, Applications &applications, ShelfLibrary &library,
+                     Notice notice, QObject *parent)
+    : KeyedRows({"name", "label"}, parent)
+    , m_tool(tool)
+    , m_applications(applications)
+    , m_library(library)
+    , m_notice(std::move(notice)) {}
+
+void Shortcuts::refresh() {
+    m_list = m_tool.execute({QStringLiteral("list")}, [this](const ShortcutsTool::Result &result) {
+        const auto task = std::move(m_list);
+        if (result.status == 0) {
+            show(result.output);
+        } else {
+            m_notice(
+                QStringLiteral("Could not load Shortcuts. Open the Shortcuts app and try again."));
+        }
+    });
+}
+
+void Shortcuts::show(const QString &list) {
+    Rows rows;
+    for (const QString &name : list.split(u'\n', Qt::SkipEmptyParts)) {
+        rows.append({name, {name, inOneLine(name)}});
+    }
+    setRows(rows);
+}
+
+void Shortcuts::setBusy(const QString &name) {
+    m_busy = name;
+    m_stopped = false;
+    Q_EMIT busyChanged();
+}
+
+void Shortcuts::run(const QString &name) {
+    if (!m_busy.isNull()) {
+        return;
+    }
+    setBusy(name.isNull() ? QStringLiteral("") : name); // a name is present even if it is empty
+    m_run = m_tool.execute(
+        {QStringLiteral("run"), name}, [this, name](const ShortcutsTool::Result &result) {
+            const bool stopped = m_stopped;
+            setBusy({});
+            m_notice(result.status == 0 ? QStringLiteral("Finished: ") + name
+                     : stopped          ? QStringLiteral("Stopped: ") + name
+                                        : QStringLiteral("Shortcut failed: ") + name +
+                                     QStringLiteral(". Check its permissions in Shortcuts."));
+        });
+}
+
+void Shortcuts::stop() {
+    if (!m_busy.isNull()) {
+        m_stopped = true;
+        m_tool.stopRuns();
+    }
+}
+
+void Shortcuts::addToShelf(const QString &name) {
+    m_library.add(ShelfItem::forShortcut(name));
+}
+
+QString Shortcuts::folder() const {
+    const QString home = QDir::homePath();
+    const QString folder = m_tool.folder();
+    return folder.startsWith(home + u'/') ? u'~' + folder.mid(home.size()) : folder;
+}
+
+void Shortcuts::openFolder() {
+    m_tool.prepareFolder([guard = QPointer(this)](const QString &error) {
+        if (guard && error.isEmpty()) {
+            const QUrl folder = QUrl::fromLocalFile(guard->m_tool.folder());
+            guard->m_applications.openUrl(
+                folder, reportFailure(guard->m_notice, QStringLiteral("Could not open"), folder));
+            guard->refresh();
+        } else if (guard) {
+            guard->m_notice(error);
+        }
+    });
+}
+
+} // namespace perchly

@@ -1,0 +1,123 @@
+#pragma once
+
+#include "PreferenceKeys.h"
+#include "Preferences.h"
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+namespace perchly {
+
+class Displays;
+class LoginItem;
+class ShellActions;
+
+/// What users can set about the shelf. Each value is the stored one, or its default where nothing,
+/// or nothing that fits, is stored; setting it stores it at once, and moves the shelf if needed.
+/// Main thread only.
+class ShelfPreferences : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QList<QString> themes READ themes CONSTANT FINAL)
+    Q_PROPERTY(QList<QString> accents READ accents CONSTANT FINAL)
+    Q_PROPERTY(QList<QString> edges READ edges CONSTANT FINAL)
+    Q_PROPERTY(QList<QString> displays READ displays NOTIFY changed FINAL)
+    Q_PROPERTY(QString theme READ theme WRITE setTheme NOTIFY changed FINAL)
+    Q_PROPERTY(QString accent READ accent WRITE setAccent NOTIFY changed FINAL)
+    Q_PROPERTY(double opacity READ opacity WRITE setOpacity NOTIFY changed FINAL)
+    Q_PROPERTY(bool compact READ compact WRITE setCompact NOTIFY changed FINAL)
+    Q_PROPERTY(int display READ display WRITE setDisplay NOTIFY changed FINAL)
+    Q_PROPERTY(QString edge READ edge WRITE setEdge NOTIFY changed FINAL)
+    Q_PROPERTY(double scale READ scale WRITE setScale NOTIFY scaleChanged FINAL)
+    Q_PROPERTY(bool openOnHover READ openOnHover WRITE setOpenOnHover NOTIFY changed FINAL)
+    Q_PROPERTY(double hoverDelay READ hoverDelay WRITE setHoverDelay NOTIFY changed FINAL)
+    Q_PROPERTY(QString savedLeft READ savedLeft WRITE setSavedLeft NOTIFY changed FINAL)
+    Q_PROPERTY(QString savedRight READ savedRight WRITE setSavedRight NOTIFY changed FINAL)
+    Q_PROPERTY(QString note READ note WRITE setNote NOTIFY changed FINAL)
+    Q_PROPERTY(int focusMinutes READ focusMinutes WRITE setFocusMinutes NOTIFY changed FINAL)
+    Q_PROPERTY(int breakMinutes READ breakMinutes WRITE setBreakMinutes NOTIFY changed FINAL)
+    Q_PROPERTY(bool login READ login WRITE setLogin NOTIFY loginChanged FINAL)
+    Q_PROPERTY(QString error READ error NOTIFY loginChanged FINAL)
+public:
+    /// All of these must outlive this object.
+    ShelfPreferences(Preferences &preferences, Displays &displays, LoginItem &loginItem,
+                     ShellActions &shell, QObject *parent = nullptr);
+
+    [[nodiscard]] static QStringList themes();
+    [[nodiscard]] static QStringList accents();
+    [[nodiscard]] static QStringList edges();
+    /// The names of the attached displays, in the system's order.
+    [[nodiscard]] QStringList displays() const;
+
+    [[nodiscard]] QString theme() const { return choice(keys::shelfTheme, themes()); }
+    void setTheme(const QString &theme) { m_stored.setString(keys::shelfTheme, theme); }
+    [[nodiscard]] QString accent() const { return choice(keys::shelfAccent, accents()); }
+    void setAccent(const QString &accent) { m_stored.setString(keys::shelfAccent, accent); }
+    [[nodiscard]] double opacity() const { return number(keys::shelfOpacity, 1.0); }
+    void setOpacity(double opacity) { m_stored.setNumber(keys::shelfOpacity, opacity); }
+    [[nodiscard]] bool compact() const { return flag(keys::compactMode, false); }
+    void setCompact(bool compact) { m_stored.setBoolean(keys::compactMode, compact); }
+    /// Index of the display that the shelf is on: the last one if the chosen one is not attached.
+    [[nodiscard]] int display() const;
+    void setDisplay(int index);
+    /// One of `edges`.
+    [[nodiscard]] QString edge() const;
+    void setEdge(const QString &edge);
+    /// Always positive.
+    [[nodiscard]] double scale() const;
+    void setScale(double scale) { m_stored.setNumber(keys::shelfScale, scale); }
+    [[nodiscard]] bool openOnHover() const { return flag(keys::openOnHover, true); }
+    void setOpenOnHover(bool open) { m_stored.setBoolean(keys::openOnHover, open); }
+    /// Seconds.
+    [[nodiscard]] double hoverDelay() const { return number(keys::hoverDelay, 0.35); }
+    void setHoverDelay(double seconds) { m_stored.setNumber(keys::hoverDelay, seconds); }
+
+    /// Titles of the pinned widgets.
+    [[nodiscard]] QString savedLeft() const { return text(keys::leftWidget, "Clock"); }
+    void setSavedLeft(const QString &title) { m_stored.setString(keys::leftWidget, title); }
+    [[nodiscard]] QString savedRight() const { return text(keys::rightWidget, "Focus timer"); }
+    void setSavedRight(const QString &title) { m_stored.setString(keys::rightWidget, title); }
+    [[nodiscard]] QString note() const { return text(keys::quickNote, ""); }
+    void setNote(const QString &note) { m_stored.setString(keys::quickNote, note); }
+    /// The lengths of a focus session and a break as they are stored.
+    [[nodiscard]] int focusMinutes() const { return wholeNumber(keys::focusMinutes, 25); }
+    void setFocusMinutes(int minutes) { m_stored.setNumber(keys::focusMinutes, minutes); }
+    [[nodiscard]] int breakMinutes() const { return wholeNumber(keys::breakMinutes, 5); }
+    void setBreakMinutes(int minutes) { m_stored.setNumber(keys::breakMinutes, minutes); }
+
+    /// Whether the program is started at login, as of the last refresh(). Setting it asks the
+    /// desktop; if that fails, `error` says why and the value stays as it is.
+    [[nodiscard]] bool login() const { return m_login; }
+    void setLogin(bool login);
+    /// Why the login item could not be changed; null until that happens.
+    [[nodiscard]] QString error() const { return m_error; }
+
+    /// Moves the shelf to the middle of the top edge.
+    Q_INVOKABLE void resetPosition();
+    /// Asks the desktop about the login item and forgets the error. Call it each time that the
+    /// settings are shown.
+    Q_INVOKABLE void refresh();
+
+Q_SIGNALS:
+    /// A preference, or the displays.
+    void changed();
+    void scaleChanged();
+    void loginChanged();
+
+private:
+    [[nodiscard]] bool flag(const QString &key, bool absent) const;
+    [[nodiscard]] double number(const QString &key, double absent) const;
+    [[nodiscard]] int wholeNumber(const QString &key, int absent) const;
+    [[nodiscard]] QString text(const QString &key, const char *absent) const;
+    /// The stored name if it is one of these, else the first of them.
+    [[nodiscard]] QString choice(const QString &key, const QStringList &names) const;
+
+    Preferences &m_stored;
+    Displays &m_displays;
+    LoginItem &m_loginItem;
+    ShellActions &m_shell;
+    bool m_login = false;
+    QString m_error;
+};
+
+} // namespace perchly
