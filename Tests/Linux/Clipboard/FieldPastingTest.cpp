@@ -64,7 +64,8 @@ private Q_SLOTS:
             QMetaObject::invokeMethod(target, "select", Q_ARG(int, 4), Q_ARG(int, 7));
         for (int i = 0; i < sequence.count(); ++i)
             type(target, sequence[uint(i)]);
-        QCOMPARE(target->property("text").toString(), u"one two"_s); // pasting has not waited
+        if (!sequence.isEmpty())                                         // a click processes events
+            QCOMPARE(target->property("text").toString(), u"one two"_s); // pasting has not waited
         QTest::qWait(100);
         QTRY_COMPARE(target->property("text").toString(), text);
         for (int i = 0; i < sequence.count(); ++i)
