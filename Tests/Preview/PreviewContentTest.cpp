@@ -3,6 +3,8 @@
 
 #include <QBuffer>
 #include <QElapsedTimer>
+#include <QPainter>
+#include <QPdfWriter>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -20,6 +22,14 @@ QByteArray png(int width, int height) {
     QBuffer buffer;
     picture.save(&buffer, "PNG");
     return buffer.data();
+}
+
+QByteArray pdf() {
+    QBuffer document;
+    document.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&document);
+    QPainter(&writer).drawText(100, 100, QStringLiteral("text"));
+    return document.data();
 }
 
 /// The beginning of a picture that would take 160 GB.
@@ -51,7 +61,8 @@ private Q_SLOTS:
         row("an empty text", "a.txt", "", Kind::Text);
         row("a text that is none", "a.txt", QByteArray(100, '\0'), Kind::Other);
         row("a text in another encoding", "a.txt", "caf\xe9", Kind::Text);
-        row("a document", "a.pdf", "%PDF-1.4", Kind::Pdf);
+        row("a document", "a.pdf", pdf(), Kind::Pdf);
+        row("a document that ends early", "a.pdf", "%PDF-1.4", Kind::Other);
         row("sound", "a.mp3", "ID3", Kind::Media);
         row("a program", "a.out",
             QByteArray("\x7f"
@@ -74,6 +85,13 @@ private Q_SLOTS:
         QCOMPARE(content.picture.size(),
                  content.facts.kind == Kind::Picture ? QSize(20, 15) : QSize(0, 0));
         QVERIFY(!QFile::exists(folder.filePath(QStringLiteral("ran"))));
+    }
+
+    void marksOfDirectionDoNotTurnAnExtensionAround() {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("photo\u202egnp.exe"));
+        writeFile(path, "MZ");
+        QCOMPARE(factsOf(QUrl::fromLocalFile(path)).name, QStringLiteral("photognp.exe"));
     }
 
     void onlyTheBeginningOfALargeFileIsRead() {

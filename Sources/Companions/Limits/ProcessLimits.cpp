@@ -1,5 +1,6 @@
 #include "ProcessLimits.h"
 
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -25,6 +26,11 @@ void limitProcess(unsigned megabytes) {
     // Shorter than the parent's timeout, which is the last resort.
     alarm(4);
     limit(RLIMIT_CPU, 3);
+    limitResources(megabytes);
+}
+
+void limitResources(unsigned megabytes) {
+    prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
     limit(RLIMIT_CORE, 0);
     if (limitsMemory) {
         limit(RLIMIT_AS, rlim_t(megabytes) << 20);

@@ -1,5 +1,7 @@
 #include "FileFacts.h"
 
+#include "ShownText.h"
+
 #include <QFileInfo>
 #include <QLocale>
 #include <QMimeDatabase>
@@ -42,7 +44,9 @@ FileFacts factsOf(const QUrl &url) {
                 .iconName = QStringLiteral("text-html")};
     }
     const QFileInfo file(url.toLocalFile());
-    FileFacts facts{.name = file.fileName().isEmpty() ? file.filePath() : file.fileName()};
+    // Marks of direction could make the extension look like another one.
+    FileFacts facts{.name =
+                        inOneLine(file.fileName().isEmpty() ? file.filePath() : file.fileName())};
     if (!file.exists()) {
         facts.details = QStringLiteral("No longer there");
         facts.iconName = QStringLiteral("unknown");

@@ -1,79 +1,139 @@
 #include "MediaView.h"
 
+#include "PreviewLook.h"
+
 #include <QAudioDevice>
+#include <QIcon>
 #include <QMediaDevices>
 #include <QTimer>
-#include <QUrl>
 #include <QVBoxLayout>
 #include <QVideoFrame>
 
+#include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace perchly {
 
 using namespace std::chrono_literals;
 
-MediaView::MediaView(QWidget *parent)
-    : QWidget(parent)
+namespace {
+
+constexpr int maxTries = 4;
+
+QString timeText(qint64 milliseconds) {
+    const qint64 seconds = std::max<qint64>(milliseconds, 0) / 1000;
+    return QStringLiteral("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QLatin1Char('0'));
+}
+
+int sliderValue(qint64 milliseconds) {
+    return int(std::clamp<qint64>(milliseconds, 0, std::numeric_limits<int>::max()));
+}
+
+} // namespace
+
+MediaView::MediaView(const QString &path, const FileFacts &facts)
+    : m_file(QUrl::fromLocalFile(path))
     , m_stack(&m_screen) {
-    setFocusProxy(&m_controls);
-    // With a sound that nobody takes, a video would stand still at its first picture.
-    if (!QMediaDevices::defaultAudioOutput().isNull()) {
-        m_player.setAudioOutput(&m_sound);
-    }
-    m_player.setVideoSink(&m_video);
+    setFocusProxy(&m_button);
+    m_facts.show(facts);
+    m_picture.setAccessibleName(facts.name);
     m_stack.addWidget(&m_facts);
     m_stack.addWidget(&m_picture);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(&m_screen, 1);
-    column->addWidget(&m_controls);
+    column->addLayout(makeControls());
     connect(&m_video, &QVideoSink::videoFrameChanged, this, &MediaView::show);
-    connect(&m_player, &QMediaPlayer::positionChanged, this, &MediaView::updateProgress);
-    connect(&m_player, &QMediaPlayer::durationChanged, this, &MediaView::updateProgress);
-    connect(&m_player, &QMediaPlayer::playbackStateChanged, this,
-            [this](QMediaPlayer::PlaybackState state) {
-                m_controls.setPlaying(state == QMediaPlayer::PlayingState);
-            });
-    connect(
-        &m_player, &QMediaPlayer::errorOccurred, this, [this] { Q_EMIT failed(); },
-        Qt::QueuedConnection);
-    connect(&m_controls, &MediaControls::toggled, this, [this] {
-        if (m_player.playbackState() == QMediaPlayer::PlayingState) {
-            m_player.pause();
-        } else {
-            m_player.play();
-        }
-    });
-    connect(&m_controls, &MediaControls::sought, &m_player, &QMediaPlayer::setPosition);
+    play();
 }
 
-void MediaView::play(const QString &path, const FileFacts &facts) {
-    m_facts.show(facts);
-    m_facts.setAccessibleName(facts.name);
-    m_facts.setAccessibleDescription(facts.details);
-    m_picture.setAccessibleName(facts.name);
-    m_stack.setCurrentWidget(&m_facts);
-    m_player.setSource(QUrl::fromLocalFile(path));
-    m_player.play();
+QLayout *MediaView::makeControls() {
+    auto *row = new QHBoxLayout;
+    row->setContentsMargins(18, 6, 18, 6);
+    row->setSpacing(14);
+    row->addWidget(&m_button);
+    row->addWidget(&m_position);
+    row->addWidget(&m_time);
+    m_button.setFixedSize(36, 36);
+    m_button.setIconSize(m_button.size());
+    m_button.setAutoDefault(true); // Return presses it, too
+    showPlaying(false);
+    m_position.setAccessibleName(QStringLiteral("Position"));
+    m_position.setFocusPolicy(Qt::NoFocus); // left and right go from item to item
+    m_time.setFont(previewlook::font(11));
+    QPalette palette = m_time.palette();
+    palette.setColor(QPalette::WindowText, previewlook::secondary);
+    m_time.setPalette(palette);
+    connect(&m_button, &QAbstractButton::clicked, this, &MediaView::toggle);
+    connect(&m_position, &QSlider::sliderMoved, this,
+            [this](int position) { m_player->setPosition(position); });
+    return row;
+}
+
+void MediaView::showPlaying(bool playing) {
+    m_button.setIcon(QIcon(playing ? QStringLiteral(":/pause.png") : QStringLiteral(":/play.png")));
+    m_button.setAccessibleName(playing ? QStringLiteral("Pause") : QStringLiteral("Play"));
+}
+
+void MediaView::play() {
+    ++m_tries;
+    m_hasBegun = false;
+    m_player = std::make_unique<QMediaPlayer>();
+    // With a sound that nobody takes, a video would stand still at its first picture.
+    if (!QMediaDevices::defaultAudioOutput().isNull()) {
+        m_player->setAudioOutput(&m_sound);
+    }
+    m_player->setVideoSink(&m_video);
+    QMediaPlayer *player = m_player.get();
+    connect(player, &QMediaPlayer::positionChanged, this, &MediaView::updateProgress);
+    connect(player, &QMediaPlayer::durationChanged, this, &MediaView::updateProgress);
+    connect(player, &QMediaPlayer::playbackStateChanged, this,
+            [this](QMediaPlayer::PlaybackState state) {
+                showPlaying(state == QMediaPlayer::PlayingState);
+            });
+    connect(player, &QMediaPlayer::errorOccurred, this, &MediaView::giveUp, Qt::QueuedConnection);
+    player->setSource(m_file);
+    player->play();
+    if (window()->isMinimized()) {
+        suspend();
+    }
+}
+
+void MediaView::giveUp() {
+    // GStreamer gives a video up when its picture is not taken within a third of a second, which
+    // happens while decoders are loaded for the first time.
+    if (m_hasBegun && m_tries < maxTries) {
+        play();
+    } else {
+        Q_EMIT failed();
+    }
 }
 
 void MediaView::pause() {
     m_isSuspended = false;
-    m_player.pause();
+    m_player->pause();
 }
 
 void MediaView::suspend() {
-    if (m_player.playbackState() == QMediaPlayer::PlayingState) {
-        m_player.pause();
+    if (m_player->playbackState() == QMediaPlayer::PlayingState) {
+        m_player->pause();
         m_isSuspended = true;
     }
 }
 
 void MediaView::resume() {
     if (std::exchange(m_isSuspended, false)) {
-        m_player.play();
+        m_player->play();
+    }
+}
+
+void MediaView::toggle() {
+    if (m_player->playbackState() == QMediaPlayer::PlayingState) {
+        m_player->pause();
+    } else {
+        m_player->play();
     }
 }
 
@@ -83,23 +143,26 @@ void MediaView::show(const QVideoFrame &frame) {
         return;
     }
     m_picture.show(picture);
-    if (m_stack.currentWidget() != &m_picture) {
+    if (!std::exchange(m_hasBegun, true)) {
         m_stack.setCurrentWidget(&m_picture);
-        watchBeginning();
+        QTimer::singleShot(1s, m_player.get(), [this] {
+            if (m_player->mediaStatus() == QMediaPlayer::LoadingMedia) { // it stands still
+                giveUp();
+            }
+        });
         Q_EMIT firstFrame(picture.size());
     }
 }
 
-void MediaView::watchBeginning() {
-    QTimer::singleShot(1s, this, [this] {
-        if (m_player.mediaStatus() == QMediaPlayer::LoadingMedia) { // it stands still
-            Q_EMIT failed();
-        }
-    });
-}
-
 void MediaView::updateProgress() {
-    m_controls.setProgress(m_player.position(), m_player.duration());
+    const qint64 position = m_player->position();
+    const qint64 duration = m_player->duration(); // 0 if it is not known
+    m_position.setRange(0, sliderValue(duration));
+    if (!m_position.isSliderDown()) {
+        m_position.setValue(sliderValue(position));
+    }
+    m_time.setText(duration > 0 ? timeText(position) + QStringLiteral(" / ") + timeText(duration)
+                                : timeText(position));
 }
 
 } // namespace perchly

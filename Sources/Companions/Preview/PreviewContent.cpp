@@ -1,7 +1,10 @@
 #include "PreviewContent.h"
 
+#include <QBuffer>
+#include <QCoreApplication>
 #include <QFile>
 #include <QImageReader>
+#include <QPdfDocument>
 #include <QStringDecoder>
 
 #include <algorithm>
@@ -10,12 +13,13 @@ namespace perchly {
 
 namespace {
 
-constexpr qint64 mostText = 1 << 20;
-constexpr int mostMegabytes = 512; // of a decoded picture
-constexpr qsizetype longestLine = 4000;
+constexpr qint64 maxTextBytes = 1 << 20;
+constexpr qint64 maxPdfBytes = 512 << 20;
+constexpr int maxPictureMegabytes = 512; // decoded
+constexpr qsizetype maxLineLength = 4000;
 
 QImage loadPicture(const QString &path, const QSize &largest) {
-    QImageReader::setAllocationLimit(mostMegabytes);
+    QImageReader::setAllocationLimit(maxPictureMegabytes);
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
@@ -37,7 +41,7 @@ QString withoutEndlessLines(const QString &text) {
     qsizetype length = 0;
     for (const QChar character : text) {
         length = character == u'\n' ? 0 : length + 1;
-        if (length > longestLine && !character.isLowSurrogate()) {
+        if (length > maxLineLength && !character.isLowSurrogate()) {
             result += u'\n';
             length = 1;
         }
@@ -46,13 +50,32 @@ QString withoutEndlessLines(const QString &text) {
     return result;
 }
 
+/// Null if it is no PDF that can be shown. The whole file is held, so that drawing its pages never
+/// waits for a disk.
+std::shared_ptr<QPdfDocument> loadPdf(const QString &path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || file.size() > maxPdfBytes) {
+        return {};
+    }
+    auto document = std::make_shared<QPdfDocument>();
+    auto *bytes = new QBuffer(document.get());
+    bytes->setData(file.readAll());
+    bytes->open(QIODevice::ReadOnly);
+    document->load(bytes);
+    if (document->status() != QPdfDocument::Status::Ready || document->pageCount() == 0) {
+        return {};
+    }
+    document->moveToThread(QCoreApplication::instance()->thread());
+    return document;
+}
+
 /// Null if it is no text.
 QString loadText(const QString &path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         return {};
     }
-    const QByteArray bytes = file.read(mostText);
+    const QByteArray bytes = file.read(maxTextBytes);
     const auto encoding = QStringConverter::encodingForData(bytes);
     if (!encoding && bytes.contains('\0')) {
         return {};
@@ -68,19 +91,29 @@ QString loadText(const QString &path) {
 
 } // namespace
 
-PreviewContent loadPreview(const QUrl &url, const QSize &largestPicture) {
+PreviewContent loadPreview(const QUrl &url, const QSize &maxPicture) {
     PreviewContent content{.facts = factsOf(url)};
     const QString path = url.toLocalFile();
-    if (content.facts.kind == FileFacts::Kind::Picture) {
-        content.picture = loadPicture(path, largestPicture);
-        if (content.picture.isNull()) {
-            content.facts.kind = FileFacts::Kind::Other;
-        }
-    } else if (content.facts.kind == FileFacts::Kind::Text) {
+    bool isShown = true;
+    switch (content.facts.kind) {
+    case FileFacts::Kind::Picture:
+        content.picture = loadPicture(path, maxPicture);
+        isShown = !content.picture.isNull();
+        break;
+    case FileFacts::Kind::Text:
         content.text = loadText(path);
-        if (content.text.isNull()) {
-            content.facts.kind = FileFacts::Kind::Other;
-        }
+        isShown = !content.text.isNull();
+        break;
+    case FileFacts::Kind::Pdf:
+        content.pdf = loadPdf(path);
+        isShown = content.pdf != nullptr;
+        break;
+    case FileFacts::Kind::Media:
+    case FileFacts::Kind::Other:
+        break;
+    }
+    if (!isShown) {
+        content.facts.kind = FileFacts::Kind::Other;
     }
     return content;
 }

@@ -4,9 +4,8 @@
 #include "PdfView.h"
 #include "PreviewLook.h"
 
-#include <QApplication>
-#include <QKeyEvent>
 #include <QScreen>
+#include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -19,9 +18,8 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto shownSoon = 30ms;
-constexpr int mostTries = 4;
 
-constexpr QSize smallest(380, 260);
+constexpr QSize minSize(380, 260);
 constexpr QSize factsSize(460, 320);
 constexpr QSize pageSize(760, 860);
 constexpr int controlsHeight = 48;
@@ -32,7 +30,7 @@ constexpr int captionHeight = 34;
 PreviewWindow::PreviewWindow()
     : m_focus(m_connection) {
     setWindowTitle(QStringLiteral("Perchly Preview"));
-    setMinimumSize(smallest);
+    setMinimumSize(minSize);
     setStyleSheet(previewlook::styleSheet());
     QPalette palette = this->palette();
     palette.setColor(QPalette::Window, previewlook::background);
@@ -61,10 +59,20 @@ PreviewWindow::PreviewWindow()
     column->addWidget(&m_stack, 1);
     column->addWidget(&m_caption);
     m_pool.setMaxThreadCount(4); // one that reads from a dead network is not waited for
-    qApp->installEventFilter(this);
+    addShortcuts();
 }
 
 PreviewWindow::~PreviewWindow() = default;
+
+void PreviewWindow::addShortcuts() {
+    for (const QKeySequence &keys : {QKeySequence(Qt::Key_Space), QKeySequence(Qt::Key_Escape),
+                                     QKeySequence(Qt::CTRL | Qt::Key_W)}) {
+        auto *closing = new QShortcut(keys, this, [this] { close(); });
+        closing->setAutoRepeat(false); // of the key that opened it
+    }
+    new QShortcut(Qt::Key_Left, this, [this] { step(-1); });
+    new QShortcut(Qt::Key_Right, this, [this] { step(1); });
+}
 
 void PreviewWindow::handle(const PreviewRequest &request) {
     const QUrl shown = m_items.value(m_index);
@@ -97,6 +105,7 @@ void PreviewWindow::step(qsizetype by) {
 void PreviewWindow::showItem() {
     if (m_media != nullptr) {
         m_media->pause();
+        m_media->disconnect(this); // what it says is of another item from now on
     }
     m_pool.clear(); // what was passed by before it could be read
     const QSize largest = (QSizeF(screen()->size()) * devicePixelRatioF()).toSize();
@@ -124,7 +133,7 @@ void PreviewWindow::take(const PreviewContent &content) {
         present(&m_text, pageSize);
         break;
     case FileFacts::Kind::Pdf:
-        showPdf();
+        showPdf(content.pdf);
         break;
     case FileFacts::Kind::Media:
         showMedia();
@@ -137,73 +146,39 @@ void PreviewWindow::take(const PreviewContent &content) {
 
 void PreviewWindow::showFacts() {
     m_facts.show(m_current);
-    m_facts.setAccessibleName(m_current.name);
-    m_facts.setAccessibleDescription(m_current.details);
     present(&m_facts, factsSize);
 }
 
-void PreviewWindow::showPdf() {
+void PreviewWindow::showPdf(const std::shared_ptr<QPdfDocument> &document) {
     if (m_pdf == nullptr) {
         m_pdf = new PdfView;
-        m_pdf->setAccessibleName(QStringLiteral("Pages"));
         m_stack.addWidget(m_pdf);
-        connect(m_pdf, &PdfView::failed, this, [this](int number) {
-            if (number == m_number) {
-                showFacts();
-            }
-        });
-        connect(m_pdf, &PdfView::opened, this, [this](int number) {
-            if (number == m_number) {
-                present(m_pdf, pageSize);
-            }
-        });
     }
-    m_pdf->open(m_number, m_items.at(m_index).toLocalFile());
+    m_pdf->open(document);
+    present(m_pdf, pageSize);
 }
 
 void PreviewWindow::showMedia() {
-    showFacts(); // and let the person see them before the thread is busy with the first player
+    showFacts(); // and paint them before the first player keeps the thread busy
     QTimer::singleShot(shownSoon, this, [this, number = m_number] {
         if (number == m_number) {
-            m_tries = 0;
             playMedia();
-            present(m_media, factsSize);
         }
     });
 }
 
 void PreviewWindow::playMedia() {
-    ++m_tries;
-    m_media = new MediaView;
+    m_media = new MediaView(m_items.at(m_index).toLocalFile(), m_current);
     m_stack.addWidget(m_media);
-    connect(m_media, &MediaView::failed, this, [this, number = m_number] {
-        if (number == m_number) {
-            mediaFailed();
-        }
-    });
-    connect(m_media, &MediaView::firstFrame, this, [this, number = m_number](const QSize &size) {
-        if (number == m_number) {
-            const QSize points = (QSizeF(size) / devicePixelRatioF()).toSize();
-            present(m_media, points + QSize(0, controlsHeight));
-        }
-    });
-    m_media->play(m_items.at(m_index).toLocalFile(), m_current);
     if (isMinimized()) {
         m_media->suspend();
     }
-}
-
-void PreviewWindow::mediaFailed() {
-    // The media library gives a video up when its picture is not taken within a third of a second,
-    // which happens while decoders are loaded for the first time.
-    if (m_media->hasBegun() && m_tries < mostTries) {
-        dropMedia();
-        playMedia();
-        m_stack.setCurrentWidget(m_media);
-        m_media->setFocus();
-    } else {
-        showFacts();
-    }
+    connect(m_media, &MediaView::failed, this, &PreviewWindow::showFacts);
+    connect(m_media, &MediaView::firstFrame, this, [this](const QSize &size) {
+        const QSize points = (QSizeF(size) / devicePixelRatioF()).toSize();
+        present(m_media, points + QSize(0, controlsHeight));
+    });
+    present(m_media, factsSize);
 }
 
 void PreviewWindow::dropMedia() {
@@ -220,32 +195,36 @@ void PreviewWindow::present(QWidget *view, const QSize &wanted) {
         dropMedia();
     }
     if (m_pdf != nullptr && view != m_pdf) {
-        m_pdf->forget();
+        m_pdf->open(nullptr);
     }
     const bool isSaid = (view == &m_facts || view == m_media) && wanted == factsSize; // by itself
     m_caption.setText(isSaid ? QString() : m_current.details);
     view->setFocus();
     const QRect room = screen()->availableGeometry();
     const QSize most(room.width() * 4 / 5, room.height() * 4 / 5 - captionHeight);
-    QSize size = wanted;
-    if (size.width() > most.width() || size.height() > most.height()) {
-        size = view == &m_text || view == m_pdf ? size.boundedTo(most)
-                                                : size.scaled(most, Qt::KeepAspectRatio);
-    }
-    QRect frame(QPoint(), (size + QSize(0, captionHeight)).expandedTo(smallest));
-    frame.moveCenter(isVisible() ? geometry().center() : room.center());
-    // A window in a corner grows inwards. Its title bar counts.
-    const QMargins border(0, geometry().y() - frameGeometry().y(), 0, 0);
-    const QRect inner = room - border;
-    frame.moveLeft(std::clamp(frame.left(), inner.left(),
-                              std::max(inner.left(), inner.right() + 1 - frame.width())));
-    frame.moveTop(std::clamp(frame.top(), inner.top(),
-                             std::max(inner.top(), inner.bottom() + 1 - frame.height())));
-    setGeometry(frame);
+    const bool scrolls = view == &m_text || view == m_pdf;
+    const QSize size = scrolls || most.expandedTo(wanted) == most
+                           ? wanted.boundedTo(most)
+                           : wanted.scaled(most, Qt::KeepAspectRatio);
+    place((size + QSize(0, captionHeight)).expandedTo(minSize));
     // The user may have minimised it or gone to another desktop while the item was read.
     if (!isVisible() || (!isMinimized() && isOnShownDesktop())) {
         comeToFront();
     }
+}
+
+/// Around the window's middle, or the screen's before it is shown, inside the screen. The title bar
+/// counts.
+void PreviewWindow::place(const QSize &size) {
+    const QRect room = screen()->availableGeometry();
+    QRect frame(QPoint(), size);
+    frame.moveCenter(isVisible() ? geometry().center() : room.center());
+    const QRect inner = room.adjusted(0, geometry().y() - frameGeometry().y(), 0, 0);
+    frame.moveRight(std::min(frame.right(), inner.right()));
+    frame.moveLeft(std::max(frame.left(), inner.left()));
+    frame.moveBottom(std::min(frame.bottom(), inner.bottom()));
+    frame.moveTop(std::max(frame.top(), inner.top()));
+    setGeometry(frame);
 }
 
 bool PreviewWindow::isOnShownDesktop() {
@@ -264,36 +243,6 @@ void PreviewWindow::comeToFront() {
     m_focus.activate(xcb_window_t(winId()));
 }
 
-bool PreviewWindow::eventFilter(QObject *watched, QEvent *event) {
-    if (event->type() == QEvent::KeyPress && isActiveWindow() && watched->isWidgetType()) {
-        if (handleKey(*static_cast<QKeyEvent *>(event))) {
-            return true;
-        }
-    }
-    return QWidget::eventFilter(watched, event);
-}
-
-bool PreviewWindow::handleKey(const QKeyEvent &event) {
-    const bool plain = event.modifiers() == Qt::NoModifier;
-    const bool closes =
-        (plain && (event.key() == Qt::Key_Space || event.key() == Qt::Key_Escape)) ||
-        (event.key() == Qt::Key_W && event.modifiers() == Qt::ControlModifier);
-    if (closes && !event.isAutoRepeat()) {
-        close();
-        return true;
-    }
-    const auto arrows = event.modifiers() & ~Qt::KeypadModifier;
-    if (arrows == Qt::NoModifier && event.key() == Qt::Key_Left) {
-        step(-1);
-        return true;
-    }
-    if (arrows == Qt::NoModifier && event.key() == Qt::Key_Right) {
-        step(1);
-        return true;
-    }
-    return closes;
-}
-
 void PreviewWindow::hideEvent(QHideEvent *event) {
     QWidget::hideEvent(event);
     if (event->spontaneous()) { // it is minimised
@@ -305,7 +254,7 @@ void PreviewWindow::hideEvent(QHideEvent *event) {
     setWindowState(windowState() & ~Qt::WindowMinimized); // it is not to come back like that
     dropMedia();
     if (m_pdf != nullptr) {
-        m_pdf->forget();
+        m_pdf->open(nullptr);
     }
     ++m_number;
     Q_EMIT closed();

@@ -28,28 +28,28 @@ public:
     PreviewWindow();
     ~PreviewWindow() override;
 
+    /// Shows what is asked for, or closes where it is shown already and `toggle` is set.
     void handle(const PreviewRequest &request);
 
 Q_SIGNALS:
     void closed();
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
     void hideEvent(QHideEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
 private:
-    [[nodiscard]] bool handleKey(const QKeyEvent &event);
+    void addShortcuts();
     void step(qsizetype by);
     void showItem();
     void take(const PreviewContent &content);
     void showFacts();
-    void showPdf();
+    void showPdf(const std::shared_ptr<QPdfDocument> &document);
     void showMedia();
     void playMedia();
-    void mediaFailed();
     void dropMedia();
     void present(QWidget *view, const QSize &wanted);
+    void place(const QSize &size);
     [[nodiscard]] bool isOnShownDesktop();
     void comeToFront();
 
@@ -65,7 +65,6 @@ private:
     QPlainTextEdit m_text;
     PdfView *m_pdf = nullptr;     ///< made when first needed
     MediaView *m_media = nullptr; ///< of the item that is shown, if it plays
-    int m_tries = 0;              ///< to play it
     QLabel m_caption;
     QThreadPool m_pool;
 };

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <QByteArray>
 #include <QList>
-#include <QObject>
-#include <QSocketNotifier>
 #include <QUrl>
+
+#include <functional>
 
 namespace perchly {
 
@@ -15,24 +14,8 @@ struct PreviewRequest {
     bool toggle = false;
 };
 
-/// Reads requests from standard input: one to a line, a JSON object with "items", "index" and
-/// "toggle". Lines that are none are passed over.
-class RequestReader : public QObject {
-    Q_OBJECT
-public:
-    RequestReader();
-
-Q_SIGNALS:
-    void requested(const perchly::PreviewRequest &request);
-    /// There will be no more: the program has ended.
-    void ended();
-
-private:
-    void readSome();
-    void handleLine(const QByteArray &line);
-
-    QSocketNotifier m_notifier;
-    QByteArray m_buffer;
-};
+/// Reads requests from standard input until it ends, and calls back on this thread: one to a line,
+/// a JSON object with "items", "index" and "toggle". Other lines are skipped. Blocks.
+void readRequests(const std::function<void(const PreviewRequest &)> &handle);
 
 } // namespace perchly

@@ -1,22 +1,37 @@
 #include "PreviewWindow.h"
+#include "ProcessLimits.h"
 #include "RequestReader.h"
 
 #include <QApplication>
 #include <QTimer>
 
 #include <cstdlib>
-#include <xcb/xcb.h>
+#include <malloc.h>
+#include <thread>
+#include <unistd.h>
 
 using namespace perchly;
 using namespace std::chrono_literals;
 
 namespace {
 
+constexpr unsigned maxMegabytes = 1536;
 constexpr auto linger = 20s; ///< the next preview is there at once
+constexpr unsigned maxHangSeconds = 60;
+
+/// Ends the process by a signal when a file keeps the main thread busy for long.
+void watchForHangs(QTimer &heartbeat) {
+    const auto beat = [] { alarm(maxHangSeconds); };
+    QObject::connect(&heartbeat, &QTimer::timeout, beat);
+    heartbeat.start(std::chrono::seconds(maxHangSeconds) / 3);
+    beat();
+}
 
 } // namespace
 
 int main(int argc, char **argv) {
+    limitResources(maxMegabytes);
+    mallopt(M_ARENA_MAX, 2); // each reserves address space, and decoders have many threads
     qputenv("QT_QPA_PLATFORM", "xcb");
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORMTHEME")) {
         qputenv("QT_QPA_PLATFORMTHEME", "generic"); // the desktop's own would load a second toolkit
@@ -26,8 +41,9 @@ int main(int argc, char **argv) {
     QApplication::setDesktopFileName(QStringLiteral("org.perchly.Perchly"));
     QApplication::setQuitOnLastWindowClosed(false);
 
+    QTimer heartbeat;
+    watchForHangs(heartbeat);
     PreviewWindow window;
-    RequestReader reader;
     QTimer idle;
     idle.setSingleShot(true);
     idle.setInterval(linger);
@@ -37,12 +53,15 @@ int main(int argc, char **argv) {
         }
     });
     QObject::connect(&window, &PreviewWindow::closed, &idle, qOverload<>(&QTimer::start));
-    QObject::connect(&reader, &RequestReader::requested, &window,
-                     [&](const PreviewRequest &request) {
-                         idle.stop();
-                         window.handle(request);
-                     });
-    QObject::connect(&reader, &RequestReader::ended, [] { QApplication::quit(); });
+    std::thread([&] {
+        readRequests([&](const PreviewRequest &request) {
+            QMetaObject::invokeMethod(&window, [&window, &idle, request] {
+                idle.stop();
+                window.handle(request);
+            });
+        });
+        QMetaObject::invokeMethod(&application, &QCoreApplication::quit, Qt::QueuedConnection);
+    }).detach();
     const int status = QApplication::exec();
     std::_Exit(status); // a thread that waits for a file may never come back
 }
