@@ -14,10 +14,6 @@ void MixerFixture::play(const QStringList &names) {
     }
 }
 
-void MixerFixture::refuse() {
-    m_audio.failure = QStringLiteral("Cannot create private audio route (-50).");
-}
-
 AudioObject MixerFixture::process(const QString &name) const {
     return AudioObject(m_known.indexOf(name) + 1);
 }

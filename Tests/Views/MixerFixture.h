@@ -20,8 +20,6 @@ public:
 
     /// From now on the applications of those names play; the process of one is always the same.
     Q_INVOKABLE void play(const QStringList &names);
-    /// Every further route fails.
-    Q_INVOKABLE void refuse();
     Q_INVOKABLE void advance(int seconds) { m_clock.advance(std::chrono::seconds(seconds)); }
     /// The level of the application's route; −1 without one.
     Q_INVOKABLE double level(const QString &name) const;

@@ -4,7 +4,6 @@
 #include <QAccessibleActionInterface>
 #include <QDragEnterEvent>
 #include <QDropEvent>
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <QMetaEnum>
 #include <QMimeData>
@@ -102,15 +101,9 @@ void ShelfFixture::fill(const QStringList &widgets, const QStringList &applicati
         items.append(ShelfItem::forWidget(widgetFromTitle(title).value_or(Widget::Clock)));
     }
     for (const QString &name : applications) {
-        const bool whole = name.startsWith(QLatin1Char('/'));
-        items.append(ShelfItem::forApplication(whole ? name : QStringLiteral("/apps/") + name,
-                                               whole ? QFileInfo(name).baseName() : name));
+        items.append(ShelfItem::forApplication(QStringLiteral("/apps/") + name, name));
     }
     m_library.setItems(items);
-}
-
-void ShelfFixture::addShortcut(const QString &name) {
-    m_library.add(ShelfItem::forShortcut(name));
 }
 
 QStringList ShelfFixture::identifiers(const QList<ShelfItem> &items) {

@@ -47,15 +47,12 @@ public:
     /// Replaces the shelf's entries by applications of those names, after the widgets of those
     /// titles. The desktop entry of one is "/apps/" and its name.
     Q_INVOKABLE void fill(const QStringList &widgets, const QStringList &applications);
-    Q_INVOKABLE void addShortcut(const QString &name);
     /// Identifiers of the library's entries, and of those that the shelf shows.
     Q_INVOKABLE QStringList entries() const { return identifiers(m_library.items()); }
     Q_INVOKABLE QStringList shown() const { return identifiers(m_library.shown()); }
     /// Ends the search for applications that a view began, with those in "/apps/"; false without
     /// one.
     Q_INVOKABLE bool install(const QStringList &names);
-    /// Whether the person is asked for applications in other folders.
-    Q_INVOKABLE bool browsing() const { return m_fakes.openPanel.open().has_value(); }
     Q_INVOKABLE void attachDisplays(const QStringList &names);
     /// The desktop refuses to change the login item from now on.
     Q_INVOKABLE void refuseLogin(const QString &why) { m_fakes.loginItem.failure = why; }

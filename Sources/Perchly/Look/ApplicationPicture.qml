@@ -33,11 +33,12 @@ Item {
         radius: root.width * 0.22
         visible: picture.status === Image.Loading
     }
-    Symbol {
+    Image {
         anchors.centerIn: parent
-        color: Qt.rgba(1, 1, 1, 0.7)
-        name: "app.dashed"
-        size: root.width * 0.58
+        source: visible ? "qrc:/perchly/pictures/app-dashed.png" : ""
+        sourceSize.width: Math.round(width * root.pictureScale)
         visible: !picture.found && picture.status !== Image.Loading
+        width: Math.round(root.width * 0.725)
+        height: width
     }
 }

@@ -15,7 +15,7 @@ namespace perchly {
 
 namespace {
 
-constexpr double widestLabel = 240;
+constexpr double maxLabelWidth = 240;
 constexpr double labelHeight = 26;
 constexpr double labelMargin = 10;
 
@@ -34,7 +34,7 @@ QPixmap picture(const QString &label, double ratio) {
     QFont font(Theme::family());
     font.setPixelSize(12);
     const QFontMetricsF metrics(font);
-    const QString text = metrics.elidedText(label, Qt::ElideMiddle, widestLabel);
+    const QString text = metrics.elidedText(label, Qt::ElideMiddle, maxLabelWidth);
     const QSizeF size(metrics.horizontalAdvance(text) + 2 * labelMargin, labelHeight);
     QPixmap result((size * ratio).toSize());
     result.setDevicePixelRatio(ratio);
@@ -55,20 +55,6 @@ QPixmap picture(const QString &label, double ratio) {
 DragSource::DragSource(QQuickItem *parent)
     : QQuickItem(parent) {
     setAcceptedMouseButtons(Qt::LeftButton);
-}
-
-void DragSource::setUrls(const QList<QUrl> &urls) {
-    if (m_urls != urls) {
-        m_urls = urls;
-        Q_EMIT urlsChanged();
-    }
-}
-
-void DragSource::setLabel(const QString &label) {
-    if (m_label != label) {
-        m_label = label;
-        Q_EMIT labelChanged();
-    }
 }
 
 void DragSource::setDragging(bool dragging) {

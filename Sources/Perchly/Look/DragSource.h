@@ -14,19 +14,13 @@ namespace perchly {
 class DragSource : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(QList<QUrl> urls READ urls WRITE setUrls NOTIFY urlsChanged FINAL)
-    Q_PROPERTY(QString label READ label WRITE setLabel NOTIFY labelChanged FINAL)
+    /// What is dragged; without any, nothing is.
+    Q_PROPERTY(QList<QUrl> urls MEMBER m_urls NOTIFY urlsChanged FINAL)
+    /// What is seen beside the pointer.
+    Q_PROPERTY(QString label MEMBER m_label NOTIFY labelChanged FINAL)
     Q_PROPERTY(bool dragging READ dragging NOTIFY draggingChanged FINAL)
 public:
     explicit DragSource(QQuickItem *parent = nullptr);
-
-    /// What is dragged; without any, nothing is.
-    [[nodiscard]] const QList<QUrl> &urls() const { return m_urls; }
-    void setUrls(const QList<QUrl> &urls);
-
-    /// What is seen beside the pointer.
-    [[nodiscard]] QString label() const { return m_label; }
-    void setLabel(const QString &label);
 
     /// From when the drag begins until it was let go.
     [[nodiscard]] bool dragging() const { return m_dragging; }

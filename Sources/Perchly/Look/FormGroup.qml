@@ -2,17 +2,23 @@ import QtQuick
 import Perchly.Look
 
 /// Rows of a form on one plate, from top to bottom.
-RowCard {
+RoundedRect {
     id: root
 
+    property int padding: 14
     default property alias rows: column.data
 
-    padding: 14
+    color: Theme.row
+    implicitHeight: Math.ceil(column.implicitHeight) + 2 * root.padding
+    radius: 12
 
     Column {
         id: column
 
+        anchors.left: parent.left
+        anchors.margins: root.padding
+        anchors.right: parent.right
+        anchors.top: parent.top
         spacing: 10
-        width: parent.width
     }
 }

@@ -8,10 +8,7 @@ PressButton {
     property string symbol: ""
     property color color: Theme.text
     property int size: 14
-    /// What it acts upon, for assistive programs.
-    property string subject: ""
 
-    Accessible.description: root.subject
     focusInset: 0
     implicitHeight: 30
     implicitWidth: 30

@@ -1,27 +1,36 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import QtQuick.Templates as T
 import Perchly.Look
 
-/// The open list of a MenuPicker. It covers the window, so that a press beside it closes it, and lies
-/// where there is most room.
-Item {
+/// A list of words above the window's content, as wide as its parent and below or above it, where
+/// there is most room. It lives until it is closed.
+T.Popup {
     id: root
 
-    required property Item picker
+    /// What assistive programs call it.
     required property string label
     required property list<string> options
+    /// The option with a checkmark; -1 for none.
     required property int current
+    /// What gets the keyboard when it closes.
+    property Item opener: root.parent
 
     signal chosen(int index)
-    signal closed()
 
-    /// Chooses by a key, unless it is the one that opened the list and is still held.
-    function choose(event: KeyEvent) {
+    function choose(index: int) {
+        root.close();
+        root.chosen(index);
+    }
+
+    /// A held key, which may have opened the list, chooses nothing.
+    function chooseByKey(event: KeyEvent) {
         if (!event.isAutoRepeat && list.currentIndex >= 0) {
-            root.chosen(list.currentIndex);
+            root.choose(list.currentIndex);
         }
     }
+
     /// Goes to the next option that begins with what was typed.
     function find(typed: var) {
         const wanted = typed.toLocaleLowerCase();
@@ -33,163 +42,140 @@ Item {
         }
     }
 
-    anchors.fill: parent
-    parent: root.picker.Window.contentItem
-    z: 1000
+    closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
+    focus: true
+    modal: true // a press beside it does nothing more than close it
+    padding: 5
 
-    Component.onCompleted: {
-        list.currentIndex = root.current;
-        list.positionViewAtIndex(Math.max(0, root.current), ListView.Contain);
-        list.forceActiveFocus();
-    }
-    onHeightChanged: root.closed()
-    onWidthChanged: root.closed()
-
-    // A menu goes with its window, and when something else takes the keyboard.
-    Connections {
-        target: root.Window.window
-
-        function onActiveChanged() {
-            if (!root.Window.active) {
-                root.closed();
-            }
-        }
-        function onActiveFocusItemChanged() {
-            settling.restart();
-        }
-        function onVisibleChanged() {
-            root.closed();
-        }
-    }
-
-    // On its way to another item the focus is nowhere.
-    Timer {
-        id: settling
-
-        interval: 0
-        onTriggered: {
-            if (root.Window.active && !list.activeFocus) {
-                root.closed();
-            }
-        }
-    }
-
-    MouseArea {
-        acceptedButtons: Qt.AllButtons
-        anchors.fill: parent
-        hoverEnabled: true
-        onPressed: root.closed()
-        onWheel: wheel => wheel.accepted = true
-    }
-
-    RoundedRect {
-        id: card
-
-        readonly property int padding: 5
-        readonly property int margin: 8
-        readonly property real pickerX: root.picker.mapToItem(null, 0, 0).x
-        readonly property real pickerY: root.picker.mapToItem(null, 0, 0).y
-        readonly property real below: root.height - card.pickerY - root.picker.height - 4 - card.margin
-        readonly property real above: card.pickerY - 4 - card.margin
-        readonly property real wanted: root.options.length * list.rowHeight + 2 * card.padding
-        readonly property bool downwards: card.wanted <= card.below || card.below >= card.above
-
-        Accessible.name: root.label
-        Accessible.role: Accessible.List
+    background: RoundedRect {
         borderColor: Qt.rgba(1, 1, 1, 0.16)
         borderWidth: 1
         color: Qt.rgba(0.11, 0.115, 0.13, 1)
-        height: Math.min(card.wanted, card.downwards ? card.below : card.above)
         radius: 10
-        width: root.picker.width
-        x: card.pickerX
-        y: card.downwards ? card.pickerY + root.picker.height + 4 : card.pickerY - 4 - card.height
-
-        MouseArea {
-            anchors.fill: parent
+    }
+    onAboutToShow: {
+        root.contentItem.parent.Accessible.ignored = true; // the list says what it is
+        const gap = 4;
+        const edge = 8;
+        const top = root.parent.mapToItem(null, 0, 0).y;
+        const above = top - gap - edge;
+        const below = root.parent.Window.height - top - root.parent.height - gap - edge;
+        const wanted = root.options.length * 30 + 2 * root.padding;
+        const downwards = wanted <= below || below >= above;
+        root.height = Math.min(wanted, downwards ? below : above);
+        root.width = root.parent.width;
+        root.y = downwards ? root.parent.height + gap : -gap - root.height;
+    }
+    onClosed: {
+        if (root.opener.visible) {
+            root.opener.forceActiveFocus();
         }
-        ListView {
-            id: list
+        root.destroy();
+    }
+    onOpened: {
+        list.currentIndex = root.current;
+        list.positionViewAtIndex(Math.max(0, root.current), ListView.Contain);
+    }
 
-            readonly property int rowHeight: 30
+    ListView {
+        id: list
 
-            anchors.fill: parent
-            anchors.margins: card.padding
-            boundsBehavior: Flickable.StopAtBounds
-            clip: true
-            highlightMoveDuration: 0
-            keyNavigationEnabled: false
-            model: root.options
+        Accessible.name: root.label
+        Accessible.role: Accessible.List
+        anchors.fill: parent
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+        focus: true
+        highlightMoveDuration: 0
+        model: root.options
 
-            Keys.onBacktabPressed: root.closed()
-            Keys.onDownPressed: list.incrementCurrentIndex()
-            Keys.onEnterPressed: event => root.choose(event)
-            Keys.onEscapePressed: root.closed()
-            Keys.onPressed: event => {
-                if (event.key === Qt.Key_Home) {
-                    list.currentIndex = 0;
-                } else if (event.key === Qt.Key_End) {
-                    list.currentIndex = list.count - 1;
-                } else if (event.text !== "" && event.modifiers === Qt.NoModifier) {
-                    root.find(event.text);
-                } else {
-                    return;
-                }
-                event.accepted = true;
+        Keys.onBacktabPressed: root.close()
+        Keys.onEnterPressed: event => root.chooseByKey(event)
+        Keys.onPressed: event => {
+            event.accepted = true;
+            if (event.key === Qt.Key_Home) {
+                list.currentIndex = 0;
+            } else if (event.key === Qt.Key_End) {
+                list.currentIndex = list.count - 1;
+            } else if (event.text !== "" && event.modifiers === Qt.NoModifier && event.key !== Qt.Key_Escape) {
+                root.find(event.text);
+            } else {
+                event.accepted = false;
             }
-            Keys.onReturnPressed: event => root.choose(event)
-            Keys.onSpacePressed: event => root.choose(event)
-            Keys.onTabPressed: root.closed()
-            Keys.onUpPressed: list.decrementCurrentIndex()
+        }
+        Keys.onReturnPressed: event => root.chooseByKey(event)
+        Keys.onSpacePressed: event => root.chooseByKey(event)
+        Keys.onTabPressed: root.close()
 
-            delegate: MouseArea {
-                id: option
+        delegate: MouseArea {
+            id: option
 
-                required property int index
-                required property string modelData
-                readonly property bool highlighted: option.ListView.isCurrentItem
+            required property int index
+            required property string modelData
+            readonly property bool highlighted: option.ListView.isCurrentItem
 
-                Accessible.checkable: true
-                Accessible.checked: option.index === root.current
-                Accessible.focused: option.highlighted
-                Accessible.name: option.modelData
-                Accessible.role: Accessible.ListItem
-                Accessible.selected: option.highlighted
-                height: list.rowHeight
-                hoverEnabled: true
-                width: list.width
+            Accessible.checkable: true
+            Accessible.checked: option.index === root.current
+            Accessible.focused: option.highlighted
+            Accessible.name: option.modelData
+            Accessible.role: Accessible.ListItem
+            Accessible.selected: option.highlighted
+            height: 30
+            hoverEnabled: true
+            width: list.width
 
-                Accessible.onPressAction: root.chosen(option.index)
-                onClicked: root.chosen(option.index)
-                onPositionChanged: list.currentIndex = option.index
+            Accessible.onPressAction: root.choose(option.index)
+            onClicked: root.choose(option.index)
+            onPositionChanged: list.currentIndex = option.index
 
-                RoundedRect {
-                    anchors.fill: parent
-                    color: Qt.rgba(1, 1, 1, 0.11)
-                    radius: 7
-                    visible: option.highlighted
-                }
-                Label {
-                    anchors.left: parent.left
-                    anchors.leftMargin: 8
-                    anchors.right: check.left
-                    anchors.rightMargin: 6
-                    anchors.verticalCenter: parent.verticalCenter
-                    font.pixelSize: 13
-                    text: option.modelData
-                }
-                Symbol {
-                    id: check
-
-                    anchors.right: parent.right
-                    anchors.rightMargin: 8
-                    anchors.verticalCenter: parent.verticalCenter
-                    color: Theme.accent
-                    name: "checkmark"
-                    size: 10
-                    visible: option.index === root.current
-                }
+            RoundedRect {
+                anchors.fill: parent
+                color: Qt.rgba(1, 1, 1, 0.11)
+                radius: 7
+                visible: option.highlighted
             }
+            Label {
+                anchors.left: parent.left
+                anchors.leftMargin: 8
+                anchors.right: check.left
+                anchors.rightMargin: 6
+                anchors.verticalCenter: parent.verticalCenter
+                font.pixelSize: 13
+                text: option.modelData
+            }
+            Symbol {
+                id: check
+
+                anchors.right: parent.right
+                anchors.rightMargin: 8
+                anchors.verticalCenter: parent.verticalCenter
+                color: Theme.accent
+                name: "checkmark"
+                size: 10
+                visible: option.index === root.current
+            }
+        }
+    }
+
+    // It goes with what it belongs to and with its window.
+    Connections {
+        target: root.parent
+
+        function onVisibleChanged() {
+            root.close();
+        }
+    }
+    Connections {
+        target: root.parent ? root.parent.Window.window : null
+
+        function onActiveChanged() {
+            root.close();
+        }
+        function onHeightChanged() {
+            root.close();
+        }
+        function onWidthChanged() {
+            root.close();
         }
     }
 }

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Perchly.Look
 
@@ -6,37 +8,22 @@ import Perchly.Look
 PressButton {
     id: root
 
-    required property list<string> options
-    required property int currentIndex
+    property list<string> options
+    property int currentIndex: -1
     readonly property string currentText: root.options[root.currentIndex] ?? ""
-    readonly property bool open: list.active
+    property MenuList list: null
 
     signal chosen(int index)
 
     function show() {
-        if (root.options.length === 0) {
-            return;
-        }
-        list.setSource("MenuList.qml", {
-            current: root.currentIndex,
-            label: root.label,
-            options: root.options,
-            picker: root
-        });
-        list.active = true;
-    }
-
-    function close() {
-        if (list.active) {
-            list.active = false;
-            root.forceActiveFocus();
+        if (root.options.length > 0) {
+            root.list = menu.createObject(root) as MenuList;
+            root.list.open();
         }
     }
 
     Accessible.description: root.currentText
     Accessible.role: Accessible.ComboBox
-    focusInset: -3
-    focusRadius: 11
     implicitHeight: 30
     implicitWidth: 180
     opacity: root.enabled ? 1 : 0.4
@@ -45,12 +32,11 @@ PressButton {
     Keys.onDownPressed: root.show()
     Keys.onUpPressed: root.show()
     onActivated: root.show()
-    onCurrentIndexChanged: root.close()
-    onVisibleChanged: list.active = false
+    onCurrentIndexChanged: root.list?.close()
 
     RoundedRect {
         anchors.fill: parent
-        color: Qt.rgba(1, 1, 1, root.containsMouse || root.open ? 0.15 : 0.1)
+        color: Qt.rgba(1, 1, 1, root.containsMouse || root.list ? 0.15 : 0.1)
         radius: 8
     }
     Label {
@@ -72,24 +58,15 @@ PressButton {
         name: "chevron.up.chevron.down"
         size: 11
     }
+    Component {
+        id: menu
 
-    Loader {
-        id: list
+        MenuList {
+            current: root.currentIndex
+            label: root.label
+            options: root.options
 
-        active: false
-
-        Connections {
-            target: list.item
-
-            function onChosen(index: int) {
-                root.close();
-                if (index >= 0) {
-                    root.chosen(index);
-                }
-            }
-            function onClosed() {
-                root.close();
-            }
+            onChosen: index => root.chosen(index)
         }
     }
 }

@@ -6,14 +6,13 @@ Item {
     id: root
 
     property string text: ""
-    property int pickerWidth: 200
-    property list<string> options
-    property int currentIndex: -1
+    property alias options: picker.options
+    property alias currentIndex: picker.currentIndex
 
     signal chosen(int index)
 
     implicitHeight: 30
-    implicitWidth: 360
+    width: parent?.width ?? 0
 
     Label {
         anchors.left: parent.left
@@ -27,11 +26,8 @@ Item {
         id: picker
 
         anchors.right: parent.right
-        anchors.verticalCenter: parent.verticalCenter
-        currentIndex: root.currentIndex
         label: root.text
-        options: root.options
-        width: root.pickerWidth
+        width: 200
 
         onChosen: index => root.chosen(index)
     }

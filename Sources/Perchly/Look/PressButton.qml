@@ -8,12 +8,18 @@ MouseArea {
 
     /// What assistive programs call it.
     required property string label
+    /// What it acts upon, for assistive programs.
+    property string subject: ""
     property string toolTip: ""
+    /// Colour of the plate behind the content. Buttons of windows lay a RoundedRect there instead:
+    /// it looks better at odd scales, but takes more memory than the shelf's buttons may.
+    property color plate: "transparent"
+    property real plateRadius: 8
     /// Scale of the content while the button is pressed.
     property real pressedScale: 0.92
-    property real focusRadius: 8
     property int focusInset: -3
     property int focusSideInset: root.focusInset
+    property real focusRadius: root.plateRadius - root.focusInset
     /// When it took the place of another button, in milliseconds as Date.now() tells: a second click
     /// that was meant for that one does nothing.
     property double cameAt: 0
@@ -34,7 +40,7 @@ MouseArea {
         }
     }
 
-    Accessible.description: root.toolTip !== root.label ? root.toolTip : ""
+    Accessible.description: root.subject !== "" ? root.subject : root.toolTip !== root.label ? root.toolTip : ""
     Accessible.focusable: root.enabled
     Accessible.focused: root.activeFocus
     Accessible.name: root.label
@@ -64,6 +70,13 @@ MouseArea {
 
         Behavior on opacity { PressAnimation {} }
         Behavior on scale { PressAnimation {} }
+
+        Rectangle {
+            anchors.fill: parent
+            color: root.plate
+            radius: root.plateRadius
+            visible: root.plate.a > 0
+        }
     }
 
     FocusRing {

@@ -6,7 +6,7 @@ PressButton {
     id: root
 
     property string text: ""
-    /// The one that a person most likely wants: its plate has the accent.
+    /// The one that is most likely wanted: its plate has the accent.
     property bool prominent: false
     property int size: 13
     /// What confirm() shows for a moment.

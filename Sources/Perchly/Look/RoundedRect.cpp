@@ -7,46 +7,7 @@ namespace perchly {
 RoundedRect::RoundedRect(QQuickItem *parent)
     : QQuickPaintedItem(parent) {
     setAntialiasing(true);
-}
-
-void RoundedRect::setColor(const QColor &color) {
-    if (m_color != color) {
-        m_color = color;
-        Q_EMIT colorChanged();
-        update();
-    }
-}
-
-void RoundedRect::setBottomColor(const QColor &color) {
-    if (m_bottomColor != color) {
-        m_bottomColor = color;
-        Q_EMIT bottomColorChanged();
-        update();
-    }
-}
-
-void RoundedRect::setRadius(double radius) {
-    if (m_radius != radius) {
-        m_radius = radius;
-        Q_EMIT radiusChanged();
-        update();
-    }
-}
-
-void RoundedRect::setBorderColor(const QColor &color) {
-    if (m_borderColor != color) {
-        m_borderColor = color;
-        Q_EMIT borderColorChanged();
-        update();
-    }
-}
-
-void RoundedRect::setBorderWidth(double width) {
-    if (m_borderWidth != width) {
-        m_borderWidth = width;
-        Q_EMIT borderWidthChanged();
-        update();
-    }
+    connect(this, &RoundedRect::changed, this, [this] { update(); });
 }
 
 void RoundedRect::paint(QPainter *painter) {

@@ -1,20 +1,25 @@
 import QtQuick
 import Perchly.Look
 
-/// The plate of one row of a list. What is put inside gives it its height.
-Item {
+/// The plate of one row of a ScrollList. What is put inside gives it its height.
+FocusScope {
     id: root
 
     /// In a list, the row itself has the keyboard when none of its controls takes it.
     property bool takesKeyboard: true
     /// It can have the keyboard beside its controls, too.
     property bool selectable: false
+    /// It has the keyboard, and none of its controls.
+    readonly property bool selected: root.Window.activeFocusItem === root
     property int padding: 10
     property alias radius: plate.radius
     property alias color: plate.color
+    /// Lies between the plate and the content.
+    property alias underlay: underlay.data
     default property alias content: body.data
 
     implicitHeight: Math.ceil(body.childrenRect.height) + 2 * root.padding
+    width: ListView.view?.width ?? 0
 
     RoundedRect {
         id: plate
@@ -24,6 +29,11 @@ Item {
         radius: 12
     }
     Item {
+        id: underlay
+
+        anchors.fill: parent
+    }
+    Item {
         id: body
 
         anchors.fill: parent
@@ -31,6 +41,6 @@ Item {
     }
     FocusRing {
         radius: plate.radius
-        shown: root.activeFocus
+        shown: root.selected
     }
 }

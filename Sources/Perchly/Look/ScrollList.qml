@@ -3,8 +3,9 @@ import Perchly.Look
 
 /// A list of rows that scrolls, and one stop for Tab: the arrows go from row to row and from a
 /// control to its neighbour, Home and End to the ends, and the list remembers where the keyboard
-/// was. In a row that needs the arrows for itself, Tab goes along the row before it leaves. A row
-/// may take the keyboard itself: see `takesKeyboard` and `selectable` of RowCard.
+/// was. In a row that needs the arrows for itself, Tab goes along the row before it leaves. Rows are
+/// focus scopes; one may have the keyboard as a whole: see `takesKeyboard` and `selectable` of
+/// RowCard.
 Item {
     id: root
 
@@ -12,6 +13,8 @@ Item {
     required property string label
     /// Shown while there are no rows.
     property string placeholder: ""
+    /// Gets the keyboard when the last row goes; without one, what follows the list does.
+    property Item fallback: null
     property alias model: view.model
     property alias delegate: view.delegate
     property alias spacing: view.spacing
@@ -19,54 +22,78 @@ Item {
     property alias reuseItems: view.reuseItems
     /// How far beyond what is shown rows are kept ready, in points.
     property alias cacheBuffer: view.cacheBuffer
+    /// Its current row is the one that has the keyboard, or had it.
     readonly property alias view: view
 
-    readonly property bool holdsKeyboard: Boolean(scroller.focused) && scroller.holds(scroller.focused)
-    property int lastRow: 0
     property int lastControl: 0
-    property var growing: null
+    property Item lastRow: null
+    /// The row that was given the keyboard as a whole.
+    property Item whole: null
 
-    // These functions name no types: what the toolkit compiles them to ahead of time then reads
-    // through items that are not there.
+    // These functions name no types, since compiled ahead of time they would read through items that
+    // are gone.
 
-    /// The row's index that has the keyboard, or -1.
-    function focusedRow() {
-        const row = root.rowOf(root.Window.activeFocusItem);
-        return row ? view.indexAt(row.x, row.y + row.height / 2) : -1;
+    function rowOf(item) {
+        let at = item;
+        while (at && at.parent !== view.contentItem) {
+            at = at.parent;
+        }
+        return at;
+    }
+
+    /// The controls inside, also those that are disabled now, so that positions stay the same.
+    function controlsOf(item) {
+        const found = [];
+        for (const child of Array.from(item.children)) {
+            if (child.visible && (child instanceof PressButton || child instanceof ValueSlider)) {
+                found.push(child);
+            } else if (child.visible && child instanceof NoteEditor) {
+                found.push(child.edit);
+            } else if (child.visible) {
+                found.push(...root.controlsOf(child));
+            }
+        }
+        return found;
+    }
+
+    /// Where the control with the keyboard stands in its row; -1 is the row as a whole.
+    function focusedControl() {
+        return view.activeFocus && view.currentItem ? root.controlsOf(view.currentItem).indexOf(scroller.focused) : -1;
+    }
+
+    /// Gives the keyboard to the row as a whole.
+    function select(row) {
+        root.controlsOf(row).forEach(control => control.focus = false);
+        row.forceActiveFocus(Qt.TabFocusReason);
     }
 
     /// Gives the keyboard to the control at that position in the row, or to the next one to it that
     /// takes it, or to the row itself, which is the position -1; false if none of them takes it.
     function focusRow(index, position) {
-        if (view.count === 0) {
-            return false;
-        }
-        const at = Math.max(0, Math.min(view.count - 1, index));
+        const at = Math.min(view.count - 1, index);
         view.positionViewAtIndex(at, ListView.Contain);
         view.forceLayout();
         const row = view.itemAtIndex(at);
-        const found = row ? root.takerOf(row, position) : null;
-        if (found) {
-            found.forceActiveFocus(Qt.TabFocusReason);
-        }
-        return Boolean(found);
+        return row ? root.focusIn(row, position) : false;
     }
 
-    function takerOf(row, position) {
-        if (position < 0 && row.selectable) {
-            return row;
-        }
+    function focusIn(row, position) {
         const controls = root.controlsOf(row);
         const place = position < 0 ? root.lastControl : position;
-        const before = controls.slice(0, place + 1).reverse();
-        const found = before.concat(controls.slice(place + 1)).find(control => control.enabled);
-        return found ?? (row.takesKeyboard ? row : null);
+        const nearest = controls.slice(0, place + 1).reverse().concat(controls.slice(place + 1));
+        const found = nearest.find(control => control.enabled);
+        if (found ? position < 0 && row.selectable : row.takesKeyboard) {
+            root.select(row);
+            return true;
+        }
+        found?.forceActiveFocus(Qt.TabFocusReason);
+        return Boolean(found);
     }
 
     /// As focusRow, in the first row from that one on, in steps of 1 or -1, that takes the keyboard;
     /// where none does, it stays where it is.
     function focusFrom(index, step, position) {
-        const here = root.focusedRow();
+        const here = view.activeFocus ? view.currentIndex : -1;
         const control = root.focusedControl();
         for (let row = index; row >= 0 && row < view.count; row += step) {
             if (root.focusRow(row, position)) {
@@ -79,103 +106,65 @@ Item {
         return false;
     }
 
-    /// Where the control with the keyboard stands among those of its row; -1 is the row itself.
-    function focusedControl() {
-        const row = root.rowOf(root.Window.activeFocusItem);
-        return row ? root.controlsOf(row).indexOf(root.Window.activeFocusItem) : -1;
-    }
-
-    function rowOf(item) {
-        let at = item;
-        while (at && at.parent !== view.contentItem) {
-            at = at.parent;
-        }
-        return at;
-    }
-
-    /// The row's controls, also those that are disabled now, so that positions stay the same.
-    function controlsOf(item) {
-        const found = [];
-        for (let place = 0; place < item.children.length; ++place) {
-            const child = item.children[place];
-            if (child.visible && (child instanceof PressButton || child instanceof ValueSlider)) {
-                found.push(child);
-            } else if (child.visible && child instanceof NoteEditor) {
-                found.push(child.edit);
-            } else if (child.visible) {
-                found.push(...root.controlsOf(child));
-            }
-        }
-        return found;
-    }
-
-    /// The keyboard stays where it was when what had it was removed or hidden. What was merely
-    /// scrolled away has it again at the next key.
-    function restore() {
-        const item = root.Window.activeFocusItem;
-        if (item !== view && !(item && !item.visible && scroller.holds(item))) {
-            return;
-        }
-        const row = Math.min(root.lastRow, view.count - 1);
-        const place = view.itemAtIndex(row);
-        if (view.count === 0) {
-            root.leave(1);
-        } else if (place && place.visible && place.y < view.contentY + view.height && place.y + place.height > view.contentY) {
-            root.focusRow(row, root.lastControl);
-        }
-    }
-
     function remember() {
-        const row = root.focusedRow();
-        if (row >= 0) {
-            root.lastRow = row;
-            if (root.focusedControl() >= 0) {
-                root.lastControl = root.focusedControl();
+        const item = scroller.focused;
+        const row = root.rowOf(item);
+        if (row) {
+            if (item !== row) {
+                root.whole = null;
+                root.lastControl = Math.max(0, root.controlsOf(row).indexOf(item));
+            } else if (row !== view.currentItem || row === root.lastRow) {
+                root.whole = row; // else the view has made it the current one, as another is gone
+            }
+            if (row !== view.currentItem) {
+                view.currentIndex = view.indexAt(row.x, row.y + row.height / 2);
             }
         }
+        root.lastRow = row;
     }
 
-    /// For a row that is put away to be used for another one: the keyboard waits in the list, and
-    /// the next arrow takes it to the row that had it.
-    function release(row) {
-        const item = root.Window.activeFocusItem;
-        if (item && root.rowOf(item) === row) {
-            item.focus = false;
+    /// The keyboard stays where it was when what had it was removed or hidden.
+    function restore() {
+        const item = scroller.focused;
+        view.forceLayout();
+        if (view.activeFocus && view.count === 0) {
+            if (root.fallback) {
+                root.fallback.forceActiveFocus(Qt.TabFocusReason);
+            } else {
+                root.leave(1);
+            }
+        } else if (view.activeFocus && (!item.visible || item === view || (item === view.currentItem && item !== root.whole))) {
+            root.focusRow(view.currentIndex, root.lastControl);
         }
     }
 
     /// The rows are other ones now: who enters begins with the first.
     function startOver() {
-        root.lastRow = 0;
+        view.currentIndex = 0;
         root.lastControl = 0;
         view.positionViewAtBeginning();
     }
 
     /// Brings the row into view as soon as it has grown by what was just done to it.
     function follow(row) {
-        root.growing = row;
+        growing.target = row;
     }
 
     function showGrown() {
-        if (root.growing) {
-            view.forceLayout();
-            scroller.reveal(root.growing);
-            root.growing = null;
+        view.forceLayout();
+        if (growing.target) {
+            scroller.reveal(growing.target);
+            growing.target = null;
         }
     }
 
     function step(event, distance) {
-        if (root.Window.activeFocusItem === view) {
-            event.accepted = root.focusRow(root.lastRow, root.lastControl);
-            return;
-        }
-        const row = root.focusedRow();
-        event.accepted = row >= 0 && root.focusFrom(row + distance, distance, root.focusedControl());
+        event.accepted = view.activeFocus && root.focusFrom(view.currentIndex + distance, distance, root.focusedControl());
     }
 
     /// Goes to the next control of the row, in steps of 1 or -1; false if there is none.
     function moveAlong(step) {
-        const row = root.rowOf(root.Window.activeFocusItem);
+        const row = view.activeFocus ? view.currentItem : null;
         const controls = row ? root.controlsOf(row) : [];
         const here = root.focusedControl();
         const start = here < 0 && step < 0 ? controls.length : here;
@@ -185,53 +174,48 @@ Item {
                 return true;
             }
         }
-        if (row && row.selectable && here >= 0 && step < 0) {
-            row.forceActiveFocus(Qt.TabFocusReason);
-            return true;
+        const selects = Boolean(row) && row.selectable && here >= 0 && step < 0;
+        if (selects) {
+            root.select(row);
         }
-        return false;
-    }
-
-    function needsArrows(row) {
-        return root.controlsOf(row).some(control => !(control instanceof PressButton));
+        return selects;
     }
 
     /// The keyboard comes from outside.
     function enter(step) {
-        if (!root.focusRow(root.lastRow, root.lastControl) && !root.focusFrom(0, 1, 0)) {
+        if (!root.focusRow(view.currentIndex, root.lastControl) && !root.focusFrom(0, 1, 0)) {
             root.leave(step);
         }
     }
 
     function leave(step) {
-        // From within what is hidden, the toolkit does not find the way out.
+        // From within what is hidden, Qt does not find the way out.
         const edge = !root.visible ? root : step > 0 ? after : before;
         const next = edge.nextItemInFocusChain(step > 0);
         next.forceActiveFocus(step > 0 ? Qt.TabFocusReason : Qt.BacktabFocusReason);
     }
 
     function tab(step) {
-        const row = root.rowOf(root.Window.activeFocusItem);
-        if (!row || !root.needsArrows(row) || !root.moveAlong(step)) {
+        const needsArrows = root.controlsOf(view.currentItem).some(control => !(control instanceof PressButton));
+        if (!needsArrows || !root.moveAlong(step)) {
             root.leave(step);
         }
     }
 
-    /// The page that is seen moves; who is in it moves along.
+    /// The page that is seen moves, and the keyboard with it.
     function page(event) {
-        const row = root.focusedRow();
         const control = root.focusedControl();
         const ends = [Qt.Key_Home, Qt.Key_End].indexOf(event.key);
-        if (row >= 0 && ends >= 0) {
+        if (view.activeFocus && ends >= 0) {
             event.accepted = root.focusFrom(ends * (view.count - 1), 1 - 2 * ends, control);
             return;
         }
+        const row = view.activeFocus ? view.currentItem : null;
         const start = view.contentY;
-        const middle = row >= 0 ? view.itemAtIndex(row).y + view.itemAtIndex(row).height / 2 : 0;
         scroller.page(event);
-        if (event.accepted && row >= 0) {
+        if (event.accepted && row) {
             const forward = event.key === Qt.Key_PageDown;
-            const place = middle + view.contentY - start;
+            const place = row.y + row.height / 2 + view.contentY - start;
             view.forceLayout();
             const there = Math.max(view.indexAt(1, place), view.indexAt(1, place + view.spacing));
             const next = view.contentY === start || there < 0 ? (forward ? view.count - 1 : 0) : there;
@@ -252,13 +236,13 @@ Item {
 
     // A control takes Tab before the list could hear of it.
     Shortcut {
-        enabled: root.holdsKeyboard
+        enabled: view.activeFocus
         sequence: "Tab"
 
         onActivated: root.tab(1)
     }
     Shortcut {
-        enabled: root.holdsKeyboard
+        enabled: view.activeFocus
         sequence: "Shift+Tab"
 
         onActivated: root.tab(-1)
@@ -281,7 +265,8 @@ Item {
         anchors.fill: parent
         boundsBehavior: Flickable.StopAtBounds
         clip: true
-        currentIndex: -1 // a current row takes the keyboard from others when rows come and go
+        highlightFollowsCurrentItem: false
+        highlightMoveDuration: 0
         interactive: false
         keyNavigationEnabled: false
         spacing: 8
@@ -293,11 +278,7 @@ Item {
 
         interval: 0
 
-        onTriggered: {
-            view.forceLayout(); // rows are found by their places
-            root.remember();
-            root.restore();
-        }
+        onTriggered: root.restore()
     }
     Timer {
         id: showing
@@ -310,14 +291,16 @@ Item {
         rows: view.contentItem
     }
     Connections {
-        target: root.holdsKeyboard ? scroller.focused : null
+        target: view.activeFocus ? scroller.focused : null
 
         function onVisibleChanged() {
             settling.restart();
         }
     }
     Connections {
-        target: root.growing
+        id: growing
+
+        target: null
 
         function onHeightChanged() {
             showing.restart();
@@ -346,9 +329,6 @@ Item {
 
         view: view
 
-        onFocusedChanged: {
-            root.remember();
-            settling.restart();
-        }
+        onFocusedChanged: root.remember()
     }
 }

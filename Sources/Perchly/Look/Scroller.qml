@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Templates as T
 import Perchly.Look
 
 /// Scrolls the view that it lies upon: by the wheel, by Page Up and Down, by a thin bar at its right,
@@ -20,7 +21,7 @@ Item {
         root.scrollTo(root.view.contentY - root.start + distance);
     }
 
-    // Without types, as in ScrollList.
+    // These name no types, since compiled ahead of time they would read through items that are gone.
 
     /// Brings the item into view, with a little of what is around it.
     function reveal(item) {
@@ -75,45 +76,30 @@ Item {
 
         onWheel: event => root.scrollBy(event.pixelDelta.y !== 0 ? -event.pixelDelta.y : -event.angleDelta.y / 2)
     }
-
-    MouseArea {
+    T.ScrollBar {
         id: bar
 
-        readonly property real room: bar.height - thumb.height
-
-        function place(y: real) {
-            root.scrollTo((y - bar.grabbedAt) / bar.room * root.range);
-        }
-
-        property real grabbedAt: 0
-
+        Accessible.ignored: true
         height: parent.height
+        horizontalPadding: 4
         hoverEnabled: true
-        preventStealing: true
+        minimumSize: 28 / bar.height
+        orientation: Qt.Vertical
+        position: (root.view.contentY - root.start) / root.view.contentHeight
+        size: root.view.height / Math.max(1, root.view.contentHeight)
         visible: root.range > 0.5
         width: 14
         x: parent.width + 3
 
-        onPositionChanged: mouse => {
-            if (bar.pressed) {
-                bar.place(mouse.y);
-            }
-        }
-        onPressed: mouse => {
-            const inside = mouse.y >= thumb.y && mouse.y <= thumb.y + thumb.height;
-            bar.grabbedAt = inside ? mouse.y - thumb.y : thumb.height / 2;
-            bar.place(mouse.y);
-        }
-
-        RoundedRect {
-            id: thumb
-
-            anchors.horizontalCenter: parent.horizontalCenter
-            color: Qt.rgba(1, 1, 1, bar.containsMouse || bar.pressed ? 0.4 : 0.2)
-            height: Math.max(28, Math.round(bar.height * root.view.height / Math.max(1, root.view.contentHeight)))
+        contentItem: RoundedRect {
+            color: Qt.rgba(1, 1, 1, bar.hovered || bar.pressed ? 0.4 : 0.2)
             radius: 3
-            width: 6
-            y: root.range > 0 ? Math.round((root.view.contentY - root.start) / root.range * bar.room) : 0
+        }
+
+        onPositionChanged: {
+            if (bar.pressed) {
+                root.scrollTo(bar.position * root.view.contentHeight);
+            }
         }
     }
 }

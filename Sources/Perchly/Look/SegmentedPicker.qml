@@ -60,6 +60,7 @@ Item {
                 focusInset: -1
                 height: parent.height
                 label: segment.modelData
+                plateRadius: 7
                 pressedScale: 1
                 width: parent.width / root.options.length
 

@@ -7,54 +7,38 @@ Item {
 
     property string text: ""
     property string valueText: ""
-    property int labelWidth: 140
     property alias current: slider.current
-    property alias minimumValue: slider.minimumValue
-    property alias maximumValue: slider.maximumValue
+    property alias from: slider.from
+    property alias to: slider.to
     property alias stepSize: slider.stepSize
 
-    signal moved(real value)
+    signal asked(real value)
 
     implicitHeight: 28
-    implicitWidth: 360
+    width: parent?.width ?? 0
 
     Label {
-        anchors.left: parent.left
         anchors.verticalCenter: parent.verticalCenter
         font.pixelSize: 13
         text: root.text
-        width: root.labelWidth
+        width: slider.x
     }
     ValueSlider {
         id: slider
 
         Accessible.description: root.valueText
-        anchors.left: parent.left
-        anchors.leftMargin: root.labelWidth
-        anchors.right: root.valueText !== "" ? value.left : parent.right
-        anchors.rightMargin: root.valueText !== "" ? 12 : 0
-        anchors.verticalCenter: parent.verticalCenter
-        current: 0
+        anchors.right: parent.right
+        anchors.rightMargin: root.valueText !== "" ? 60 : 0
         label: root.text
+        width: parent.width - anchors.rightMargin - 140
 
-        onMoved: value => root.moved(value)
+        onAsked: value => root.asked(value)
     }
-    Item {
-        id: value
-
+    DigitText {
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
-        height: digits.height
-        visible: root.valueText !== ""
-        width: 48
-
-        DigitText {
-            id: digits
-
-            anchors.right: parent.right
-            color: Theme.grey
-            size: 13
-            text: root.valueText
-        }
+        color: Theme.grey
+        size: 13
+        text: root.valueText
     }
 }

@@ -1,78 +1,20 @@
 import QtQuick
 import Perchly.Look
 
-/// A whole number in words, with buttons for one less and one more. Bind `current` to it; `moved`
-/// asks for another one, by the buttons or, when it has the keyboard, by the arrow keys, Home and
-/// End.
-FocusScope {
+/// A whole number in words, with buttons for one less and one more.
+RangeControl {
     id: root
 
-    property string text: ""
-    property int current: 0
-    property int minimumValue: 0
-    property int maximumValue: 100
-    property int stepSize: 1
-    /// What assistive programs read and write.
-    property int value: root.current
-
-    signal moved(value: int)
-
-    function ask(value: int) {
-        const wanted = Math.max(root.minimumValue, Math.min(root.maximumValue, value));
-        if (wanted !== root.current) {
-            root.moved(wanted);
-        }
-    }
-
-    function askKey(event: var, value: int) {
-        root.ask(value);
-        event.accepted = true;
-    }
-
-    Accessible.focusable: true
-    Accessible.focused: root.activeFocus
-    Accessible.name: root.text
     Accessible.role: Accessible.SpinBox
-    activeFocusOnTab: true
-    implicitHeight: 28
-    implicitWidth: words.implicitWidth + 92
-
-    Accessible.onDecreaseAction: root.ask(root.current - root.stepSize)
-    Accessible.onIncreaseAction: root.ask(root.current + root.stepSize)
-    Keys.onDownPressed: root.ask(root.current - root.stepSize)
-    Keys.onLeftPressed: root.ask(root.current - root.stepSize)
-    Keys.onPressed: event => {
-        if (event.key === Qt.Key_Home) {
-            root.askKey(event, root.minimumValue);
-        } else if (event.key === Qt.Key_End) {
-            root.askKey(event, root.maximumValue);
-        } else if (event.key === Qt.Key_PageUp) {
-            root.askKey(event, root.current + 10 * root.stepSize);
-        } else if (event.key === Qt.Key_PageDown) {
-            root.askKey(event, root.current - 10 * root.stepSize);
-        }
-    }
-    Keys.onRightPressed: root.ask(root.current + root.stepSize)
-    Keys.onUpPressed: root.ask(root.current + root.stepSize)
-    onValueChanged: {
-        if (root.value !== root.current) {
-            root.ask(root.value);
-        }
-    }
+    stepSize: 1
 
     DigitText {
-        id: words
-
-        anchors.left: parent.left
         anchors.verticalCenter: parent.verticalCenter
         size: 13
-        text: root.text
+        text: root.label
     }
     RoundedRect {
-        id: plate
-
         anchors.right: parent.right
-        anchors.verticalCenter: parent.verticalCenter
         color: Qt.rgba(1, 1, 1, 0.1)
         height: 28
         radius: 8
@@ -80,15 +22,15 @@ FocusScope {
 
         IconButton {
             activeFocusOnTab: false
-            enabled: root.current > root.minimumValue
+            enabled: root.current > root.from
             height: 28
             size: 12
-            subject: root.text
+            subject: root.label
             symbol: "minus"
             toolTip: "Less"
             width: 34
 
-            onActivated: root.ask(root.current - root.stepSize)
+            onActivated: root.ask(root.current - 1)
         }
         Rectangle {
             anchors.centerIn: parent
@@ -99,15 +41,15 @@ FocusScope {
         IconButton {
             activeFocusOnTab: false
             anchors.right: parent.right
-            enabled: root.current < root.maximumValue
+            enabled: root.current < root.to
             height: 28
             size: 12
-            subject: root.text
+            subject: root.label
             symbol: "plus"
             toolTip: "More"
             width: 34
 
-            onActivated: root.ask(root.current + root.stepSize)
+            onActivated: root.ask(root.current + 1)
         }
         FocusRing {
             anchors.margins: -3

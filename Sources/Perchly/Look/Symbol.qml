@@ -11,8 +11,6 @@ Item {
     property color color: Theme.text
     property bool bold: false
 
-    readonly property string glyph: root.name !== "" ? SymbolTable.glyphText(root.name) : ""
-
     implicitHeight: Math.round(root.size * 1.25)
     implicitWidth: implicitHeight
 
@@ -22,21 +20,7 @@ Item {
         font.bold: root.bold
         font.family: SymbolTable.family
         font.pixelSize: root.implicitHeight
-        text: root.glyph
+        text: root.name !== "" ? SymbolTable.glyphText(root.name) : ""
         textFormat: Text.PlainText
-    }
-
-    Loader {
-        active: root.glyph === "" && root.name !== ""
-        anchors.centerIn: parent
-        height: root.implicitHeight
-        source: active ? "OutlineSymbol.qml" : ""
-        width: root.implicitWidth
-
-        onLoaded: {
-            const drawn = item as DrawnSymbol;
-            drawn.color = Qt.binding(() => root.color);
-            drawn.name = Qt.binding(() => root.name);
-        }
     }
 }

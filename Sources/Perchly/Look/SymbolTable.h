@@ -1,16 +1,15 @@
 #pragma once
 
-#include <QList>
 #include <QObject>
 #include <QPainterPath>
-#include <QString>
+#include <QStringList>
 #include <QtQml/qqmlregistration.h>
 
 namespace perchly {
 
-/// Every symbol that the program draws, by name. Most are one glyph of a font that is part of the
-/// program, reached by a ligature; the few that the font lacks are drawn. The font is loaded when
-/// the first symbol is asked for. Main thread only.
+/// Every symbol that the program shows, by name. Each is one glyph of a font that is part of the
+/// program, reached by a ligature. The font is loaded when its family is first asked for. Main
+/// thread only.
 class SymbolTable : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -19,11 +18,10 @@ class SymbolTable : public QObject {
 public:
     using QObject::QObject;
 
-    /// The names, in the table's order.
-    [[nodiscard]] static QList<QString> names();
+    [[nodiscard]] static const QStringList &names();
 
-    /// The text that the font turns into the symbol's glyph. Empty for a symbol that is drawn, and
-    /// for an unknown name, which is also reported as a warning.
+    /// The text that the font turns into the symbol's glyph. Empty for an unknown name, which is
+    /// also reported as a warning.
     Q_INVOKABLE [[nodiscard]] static QString glyphText(const QString &name);
 
     /// The font's family name.

@@ -14,6 +14,7 @@ PressButton {
 
     label: root.text
     focusInset: -root.plateMargin + 1
+    focusRadius: 8
     implicitHeight: Math.max(row.implicitHeight, 16)
     implicitWidth: row.implicitWidth
     opacity: root.enabled ? 1 : 0.35

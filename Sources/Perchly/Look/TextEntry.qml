@@ -15,8 +15,6 @@ FocusScope {
 
     /// Return was pressed.
     signal accepted()
-    /// The person changed the text.
-    signal edited()
 
     activeFocusOnTab: true
     implicitHeight: 32
@@ -62,13 +60,12 @@ FocusScope {
 
         Keys.onEscapePressed: event => {
             event.accepted = input.text !== "";
-            root.empty();
+            input.clear();
         }
         // What is held accepts once.
         Keys.onReturnPressed: event => event.accepted = event.isAutoRepeat
         Keys.onEnterPressed: event => event.accepted = event.isAutoRepeat
         onAccepted: root.accepted()
-        onTextEdited: root.edited()
     }
     HoverHandler {
         cursorShape: Qt.IBeamCursor
@@ -99,15 +96,8 @@ FocusScope {
         visible: root.enabled && input.text !== ""
 
         onActivated: {
-            root.empty();
+            input.clear();
             input.forceActiveFocus();
-        }
-    }
-
-    function empty() {
-        if (input.text !== "") {
-            input.text = "";
-            root.edited();
         }
     }
 }

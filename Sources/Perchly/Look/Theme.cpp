@@ -1,12 +1,21 @@
 #include "Theme.h"
 
+#include "ShadowPictures.h"
+
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
+#include <QHash>
+#include <QQmlEngine>
 
 #include <algorithm>
 
 namespace perchly {
+
+Theme *Theme::create(QQmlEngine *qmlEngine, QJSEngine *) {
+    qmlEngine->addImageProvider(QStringLiteral("shadows"), new ShadowPictures);
+    return new Theme;
+}
 
 QString Theme::family() {
     static const QString chosen = [] {
@@ -53,27 +62,22 @@ QPalette Theme::palette() {
     return palette;
 }
 
+QString Theme::shadow(int radius, int spread) {
+    return QStringLiteral("image://shadows/%1/%2").arg(radius).arg(spread);
+}
+
 QColor Theme::accentColor(const QString &name) {
-    if (name == QLatin1StringView("Blue")) {
-        return blue();
-    }
-    if (name == QLatin1StringView("Purple")) {
-        return purple();
-    }
-    if (name == QLatin1StringView("Orange")) {
-        return orange();
-    }
-    return mint();
+    static const QHash<QString, QColor> colors{{QStringLiteral("Blue"), blue()},
+                                               {QStringLiteral("Purple"), purple()},
+                                               {QStringLiteral("Orange"), orange()}};
+    return colors.value(name, mint());
 }
 
 QColor Theme::backgroundColor(const QString &name) {
-    if (name == QLatin1StringView("Graphite")) {
-        return QColor::fromRgbF(0.14F, 0.14F, 0.14F);
-    }
-    if (name == QLatin1StringView("Ocean")) {
-        return QColor::fromRgbF(0.02F, 0.08F, 0.14F);
-    }
-    return QColor::fromRgbF(0.025F, 0.028F, 0.033F);
+    static const QHash<QString, QColor> colors{
+        {QStringLiteral("Graphite"), QColor::fromRgbF(0.14F, 0.14F, 0.14F)},
+        {QStringLiteral("Ocean"), QColor::fromRgbF(0.02F, 0.08F, 0.14F)}};
+    return colors.value(name, QColor::fromRgbF(0.025F, 0.028F, 0.033F));
 }
 
 double Theme::digitWidth(const QFont &font) {

@@ -6,6 +6,9 @@
 #include <QPalette>
 #include <QtQml/qqmlregistration.h>
 
+class QJSEngine;
+class QQmlEngine;
+
 namespace perchly {
 
 /// What every view of the program shares: colours, the text's typeface, and whether motion is
@@ -34,7 +37,8 @@ class Theme : public QObject {
     Q_PROPERTY(QColor row READ row CONSTANT FINAL)
     Q_PROPERTY(QColor line READ line CONSTANT FINAL)
 public:
-    using QObject::QObject;
+    /// Gives the engine ShadowPictures, too.
+    static Theme *create(QQmlEngine *qmlEngine, QJSEngine *jsEngine);
 
     /// Inter where it is installed, else the desktop's own typeface.
     [[nodiscard]] static QString family();
@@ -71,6 +75,9 @@ public:
     /// These colours for what the toolkit draws itself, such as dialogs.
     [[nodiscard]] static QPalette palette();
 
+    /// Where SoftShadow finds the picture for that radius and spread, in pixels.
+    Q_INVOKABLE [[nodiscard]] static QString shadow(int radius, int spread);
+
     /// The accent stored under that name; mint for every other name.
     Q_INVOKABLE [[nodiscard]] static QColor accentColor(const QString &name);
     /// The background stored under that name; the near-black one for every other name. Opaque.
@@ -84,6 +91,8 @@ Q_SIGNALS:
     void accentChanged();
 
 private:
+    Theme() = default;
+
     bool m_reduceMotion = false;
     QColor m_accent = mint();
 };

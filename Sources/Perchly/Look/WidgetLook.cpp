@@ -3,7 +3,28 @@
 #include "Theme.h"
 #include "Widget.h"
 
+#include <array>
+
 namespace perchly {
+
+namespace {
+
+struct Look {
+    const char *symbol = "";
+    QColor color = Qt::transparent;
+};
+
+/// In the order of Widget's values.
+Look lookOf(const QString &title) {
+    static const std::array looks{Look{"clock", Theme::cyan()}, Look{"timer", Theme::orange()},
+                                  Look{"music.note", Theme::pink()},
+                                  Look{"square.pencil", Theme::yellow()},
+                                  Look{"calendar", Theme::green()}};
+    const auto widget = widgetFromTitle(title);
+    return widget ? looks.at(std::size_t(*widget)) : Look{};
+}
+
+} // namespace
 
 QStringList WidgetLook::titles() {
     QStringList titles;
@@ -14,43 +35,11 @@ QStringList WidgetLook::titles() {
 }
 
 QString WidgetLook::symbol(const QString &title) {
-    const auto widget = widgetFromTitle(title);
-    if (!widget) {
-        return {};
-    }
-    switch (*widget) {
-    case Widget::Clock:
-        return QStringLiteral("clock");
-    case Widget::Timer:
-        return QStringLiteral("timer");
-    case Widget::Music:
-        return QStringLiteral("music.note");
-    case Widget::Notes:
-        return QStringLiteral("square.and.pencil");
-    case Widget::Calendar:
-        return QStringLiteral("calendar");
-    }
-    Q_UNREACHABLE();
+    return QString::fromLatin1(lookOf(title).symbol);
 }
 
 QColor WidgetLook::color(const QString &title) {
-    const auto widget = widgetFromTitle(title);
-    if (!widget) {
-        return Qt::transparent;
-    }
-    switch (*widget) {
-    case Widget::Clock:
-        return Theme::cyan();
-    case Widget::Timer:
-        return Theme::orange();
-    case Widget::Music:
-        return Theme::pink();
-    case Widget::Notes:
-        return Theme::yellow();
-    case Widget::Calendar:
-        return Theme::green();
-    }
-    Q_UNREACHABLE();
+    return lookOf(title).color;
 }
 
 } // namespace perchly

@@ -18,46 +18,35 @@ ColumnLayout {
 
     spacing: 12
 
-    RoundedRect {
+    FormGroup {
         Layout.fillWidth: true
-        color: Theme.row
-        implicitHeight: lengths.implicitHeight + 20
-        radius: 12
+        padding: 10
 
-        ColumnLayout {
-            id: lengths
+        StepperRow {
+            current: root.preferences.focusMinutes
+            from: 1
+            label: "Focus: " + root.preferences.focusMinutes + " minutes"
+            to: 180
+            width: parent.width - 4
+            x: 4
 
-            anchors.left: parent.left
-            anchors.leftMargin: 14
-            anchors.right: parent.right
-            anchors.rightMargin: 10
-            anchors.verticalCenter: parent.verticalCenter
-            spacing: 10
+            onAsked: value => root.preferences.focusMinutes = value
+        }
+        Rectangle {
+            color: Theme.line
+            height: 1
+            width: parent.width - 8
+            x: 4
+        }
+        StepperRow {
+            current: root.preferences.breakMinutes
+            from: 1
+            label: "Break: " + root.preferences.breakMinutes + " minutes"
+            to: 60
+            width: parent.width - 4
+            x: 4
 
-            StepperRow {
-                Layout.fillWidth: true
-                current: root.preferences.focusMinutes
-                maximumValue: 180
-                minimumValue: 1
-                text: "Focus: " + root.preferences.focusMinutes + " minutes"
-
-                onMoved: value => root.preferences.focusMinutes = value
-            }
-            Rectangle {
-                Layout.fillWidth: true
-                Layout.rightMargin: 4
-                color: Theme.line
-                implicitHeight: 1
-            }
-            StepperRow {
-                Layout.fillWidth: true
-                current: root.preferences.breakMinutes
-                maximumValue: 60
-                minimumValue: 1
-                text: "Break: " + root.preferences.breakMinutes + " minutes"
-
-                onMoved: value => root.preferences.breakMinutes = value
-            }
+            onAsked: value => root.preferences.breakMinutes = value
         }
     }
     DigitText {

@@ -16,19 +16,7 @@ ColumnLayout {
     function save() {
         if (save.enabled) {
             root.extras.groups.save(field.text);
-            field.text = "";
-            root.drafts.groupName = "";
-        }
-    }
-
-    function remove(id: string) {
-        const row = list.focusedRow();
-        const control = list.focusedControl();
-        root.extras.groups.remove(id);
-        if (root.extras.groups.count === 0) {
-            field.forceActiveFocus(Qt.TabFocusReason);
-        } else if (row >= 0) {
-            list.focusRow(row, control);
+            field.input.clear();
         }
     }
 
@@ -43,10 +31,10 @@ ColumnLayout {
 
             Layout.fillWidth: true
             placeholder: "Workspace name"
+            text: root.drafts.groupName
 
-            Component.onCompleted: field.text = root.drafts.groupName
             onAccepted: root.save()
-            onEdited: root.drafts.groupName = field.text
+            onTextChanged: root.drafts.groupName = field.text
         }
         PushButton {
             id: save
@@ -64,68 +52,41 @@ ColumnLayout {
         text: "Save visible shelf apps together with the files and links currently in your tray."
     }
     ScrollList {
-        id: list
-
         Layout.fillHeight: true
         Layout.fillWidth: true
+        fallback: field
         label: "Launch groups"
         placeholder: "No launch groups yet."
         model: root.extras.groups
 
-        delegate: RowCard {
+        delegate: ListRow {
             id: group
 
             required property var row
 
-            Accessible.description: group.row.contents
-            Accessible.name: group.row.name
-            Accessible.role: Accessible.ListItem
-            width: ListView.view.width
+            Accessible.description: group.detail
+            detail: group.row.contents
+            label.font.weight: Font.Medium
+            text: group.row.name
 
-            RowLayout {
-                spacing: 8
-                width: parent.width
+            leading: Symbol {
+                Layout.rightMargin: 4
+                color: Theme.purple
+                name: "square.stack.3d.up.fill"
+                size: 15
+            }
 
-                Symbol {
-                    Layout.leftMargin: 4
-                    color: Theme.purple
-                    name: "square.stack.3d.up.fill"
-                    size: 15
-                }
-                ColumnLayout {
-                    Layout.fillWidth: true
-                    Layout.leftMargin: 4
-                    spacing: 3
+            RowButton {
+                subject: group.text
+                text: "Launch"
 
-                    Label {
-                        Accessible.ignored: true
-                        Layout.fillWidth: true
-                        font.pixelSize: 13
-                        font.weight: Font.Medium
-                        text: group.row.name
-                    }
-                    CaptionText {
-                        Layout.fillWidth: true
-                        color: Theme.grey
-                        maximumLineCount: 3
-                        text: group.row.contents
-                        visible: group.row.contents !== ""
-                    }
-                }
-                PushButton {
-                    Accessible.description: group.row.name
-                    size: 12
-                    text: "Launch"
+                onActivated: root.extras.groups.launch(group.row.id)
+            }
+            RowButton {
+                subject: group.text
+                text: "Delete"
 
-                    onActivated: root.extras.groups.launch(group.row.id)
-                }
-                PushButton {
-                    Accessible.description: group.row.name
-                    size: 12
-                    text: "Delete"
-
-                    onActivated: root.remove(group.row.id)
-                }
+                onActivated: root.extras.groups.remove(group.row.id)
             }
         }
     }

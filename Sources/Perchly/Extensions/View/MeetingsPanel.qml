@@ -48,8 +48,6 @@ ColumnLayout {
         visible: text !== ""
     }
     ScrollList {
-        id: list
-
         Layout.fillHeight: true
         Layout.fillWidth: true
         label: "Meetings"
@@ -63,7 +61,6 @@ ColumnLayout {
             Accessible.name: meeting.row.title
             Accessible.role: Accessible.ListItem
             padding: 12
-            width: ListView.view.width
 
             RowLayout {
                 spacing: 12
@@ -97,10 +94,9 @@ ColumnLayout {
                         text: meeting.row.status
                     }
                 }
-                PushButton {
-                    Accessible.description: meeting.row.title
+                RowButton {
                     prominent: meeting.row.running
-                    size: 12
+                    subject: meeting.row.title
                     text: "Join meeting"
                     visible: meeting.row.link.toString() !== ""
 

@@ -3,7 +3,7 @@ import Perchly.Look
 import Perchly.Extensions
 
 /// One line of the search's results: the title of a kind, the note, or what a press acts upon.
-Item {
+FocusScope {
     id: root
 
     required property int index
@@ -23,6 +23,8 @@ Item {
     property bool first: false
     /// Kept for another row; nobody may find it meanwhile.
     property bool pooled: false
+    readonly property bool takesKeyboard: false
+    readonly property bool selectable: false
     /// The note's editor stands for its row. RowOrder reads this.
     readonly property bool hiddenFromReaders: root.isNote
 
@@ -34,7 +36,7 @@ Item {
     Accessible.role: root.isTitle ? Accessible.Heading : Accessible.ListItem
     height: root.isTitle ? (root.index > 0 ? 36 : 24) : root.isNote ? 70 : Math.max(34, words.implicitHeight + 16)
     visible: !root.pooled
-    width: ListView.view ? ListView.view.width : 0
+    width: ListView.view?.width ?? 0
 
     ListView.onPooled: root.pooled = true
     ListView.onReused: root.pooled = false
@@ -51,11 +53,12 @@ Item {
     PressButton {
         id: button
 
-        Accessible.description: root.isApp ? "Open" : root.kind === "held" ? "Open" : "Copy"
         anchors.fill: parent
         focusInset: 1
+        focusRadius: 8
         label: root.label
         pressedScale: 1
+        subject: root.isApp || root.kind === "held" ? "Open" : "Copy"
         visible: !root.isTitle && !root.isNote
 
         onActivated: root.activated()

@@ -69,12 +69,11 @@ ColumnLayout {
         if (event.accepted) {
             root.toField();
             field.input.insert(field.input.length, event.text);
-            root.drafts.query = field.text;
         }
     }
     Keys.onUpPressed: event => {
         // The list has let it pass: there is no row above.
-        event.accepted = list.focusedRow() >= 0;
+        event.accepted = list.view.activeFocus;
         if (event.accepted) {
             root.toField();
         }
@@ -100,16 +99,16 @@ ColumnLayout {
 
         Layout.fillWidth: true
         placeholder: "Search apps, notes, clipboard, and files"
-        symbol: "magnifyingglass"
+        symbol: "search"
+        text: root.drafts.query
 
-        Component.onCompleted: field.text = root.drafts.query
         onAccepted: {
             if (root.results.firstPath !== "") {
                 root.tools.openApplication(root.results.firstPath);
             }
         }
-        onEdited: root.drafts.query = field.text
         onTextChanged: {
+            root.drafts.query = field.text;
             root.results.query = field.text;
             list.startOver();
         }
@@ -128,7 +127,6 @@ ColumnLayout {
         delegate: SearchRow {
             id: row
 
-            ListView.onPooled: list.release(row)
             first: row.isApp && row.index === 1 && field.text !== "" && field.activeFocus
 
             onActivated: root.open(row.kind, row.target)

@@ -16,19 +16,7 @@ ColumnLayout {
 
     function pin() {
         if (pin.enabled && root.extras.snippets.pin(field.text)) {
-            field.text = "";
-            root.drafts.snippet = "";
-        }
-    }
-
-    function remove(id: string) {
-        const row = list.focusedRow();
-        const control = list.focusedControl();
-        root.extras.snippets.remove(id);
-        if (root.extras.snippets.count === 0) {
-            field.forceActiveFocus(Qt.TabFocusReason);
-        } else if (row >= 0) {
-            list.focusRow(row, control);
+            field.input.clear();
         }
     }
 
@@ -43,10 +31,10 @@ ColumnLayout {
 
             Layout.fillWidth: true
             placeholder: "New snippet"
+            text: root.drafts.snippet
 
-            Component.onCompleted: field.text = root.drafts.snippet
             onAccepted: root.pin()
-            onEdited: root.drafts.snippet = field.text
+            onTextChanged: root.drafts.snippet = field.text
         }
         PushButton {
             id: pin
@@ -71,53 +59,35 @@ ColumnLayout {
         text: "Only pinned text is saved when enabled. Clipboard history stays in memory."
     }
     ScrollList {
-        id: list
-
         Layout.fillHeight: true
         Layout.fillWidth: true
+        fallback: field
         label: "Pinned snippets"
         placeholder: "No snippets yet."
         model: root.extras.snippets
 
-        delegate: RowCard {
+        delegate: ListRow {
             id: snippet
 
             required property var row
 
-            Accessible.name: snippet.row.label
-            Accessible.role: Accessible.ListItem
-            width: ListView.view.width
+            label.color: snippet.row.isBlank ? Theme.grey : Theme.text
+            label.font.italic: snippet.row.isBlank
+            label.lineHeight: 1.1
+            label.wrapMode: Text.Wrap
+            text: snippet.row.label
 
-            RowLayout {
-                spacing: 8
-                width: parent.width
+            RowButton {
+                subject: snippet.text
+                text: "Copy"
 
-                Label {
-                    Accessible.ignored: true
-                    Layout.fillWidth: true
-                    Layout.leftMargin: 4
-                    color: snippet.row.isBlank ? Theme.grey : Theme.text
-                    font.italic: snippet.row.isBlank
-                    font.pixelSize: 13
-                    lineHeight: 1.1
-                    maximumLineCount: 3
-                    text: snippet.row.label
-                    wrapMode: Text.Wrap
-                }
-                PushButton {
-                    Accessible.description: snippet.row.label
-                    size: 12
-                    text: "Copy"
+                onActivated: root.tools.clipboard.copyText(snippet.row.text)
+            }
+            RowButton {
+                subject: snippet.text
+                text: "Remove"
 
-                    onActivated: root.tools.clipboard.copyText(snippet.row.text)
-                }
-                PushButton {
-                    Accessible.description: snippet.row.label
-                    size: 12
-                    text: "Remove"
-
-                    onActivated: root.remove(snippet.row.id)
-                }
+                onActivated: root.extras.snippets.remove(snippet.row.id)
             }
         }
     }

@@ -1,79 +1,58 @@
 import QtQuick
-import QtQuick.Layouts
 import Perchly.Look
 import Perchly.Productivity
 import Perchly.Stores
 
 /// One entry of the clipboard history.
-RowCard {
+ListRow {
     id: root
 
     required property Productivity tools
+    required property ShelfExtras extras
     required property var row
 
-    signal pinned()
-    signal copied()
-    signal removed()
+    indent: 0
+    label.color: root.row.isBlank ? Theme.grey : Theme.text
+    label.font.italic: root.row.isBlank
+    label.lineHeight: 1.1
+    label.wrapMode: Text.Wrap
+    radius: 10
+    text: root.row.label
 
-    /// Shows that the clip is pinned.
-    function confirmPin() {
-        pin.confirm();
+    leading: ClipPicture {
+        clip: root.row.id
+        implicitHeight: 50
+        implicitWidth: 70
+        history: root.tools.clipboard
+        visible: root.row.isImage && found
     }
 
-    Accessible.name: words.text
-    Accessible.role: Accessible.ListItem
-    padding: 10
-    radius: 10
+    RowButton {
+        id: pin
 
-    RowLayout {
-        spacing: 8
-        width: parent.width
+        done: "Pinned"
+        subject: root.text
+        text: "Pin"
+        visible: !root.row.isImage
 
-        ClipPicture {
-            clip: root.row.id
-            implicitHeight: 50
-            implicitWidth: 70
-            history: root.tools.clipboard
-            visible: root.row.isImage && found
+        onActivated: {
+            if (root.extras.snippets.pin(root.row.text)) {
+                pin.confirm();
+            }
         }
-        Label {
-            id: words
+    }
+    RowButton {
+        subject: root.text
+        text: "Copy"
 
-            Accessible.ignored: true
-            Layout.fillWidth: true
-            color: root.row.isBlank ? Theme.grey : Theme.text
-            font.italic: root.row.isBlank
-            font.pixelSize: 13
-            lineHeight: 1.1
-            maximumLineCount: 3
-            text: root.row.label
-            wrapMode: Text.Wrap
-        }
-        PushButton {
-            id: pin
+        onActivated: root.tools.clipboard.copyClip(root.row.id)
+    }
+    IconButton {
+        size: 12
+        subject: root.text
+        symbol: "xmark"
+        toolTip: "Delete"
 
-            Accessible.description: words.text
-            done: "Pinned"
-            size: 12
-            text: "Pin"
-            visible: !root.row.isImage
-
-            onActivated: root.pinned()
-        }
-        PushButton {
-            Accessible.description: words.text
-            size: 12
-            text: "Copy"
-
-            onActivated: root.copied()
-        }
-        IconButton {
-            size: 12
-            subject: words.text
-            symbol: "xmark"
-            toolTip: "Delete"
-
-            onActivated: root.removed()
-        }
+        onActivated: root.tools.clipboard.remove(root.row.id)
     }
 }

@@ -12,18 +12,6 @@ ColumnLayout {
 
     required property Productivity tools
     required property ShelfExtras extras
-    required property ProductivityView workspace
-
-    function remove(id: string) {
-        const row = list.focusedRow();
-        const control = list.focusedControl();
-        root.tools.clipboard.remove(id);
-        if (root.tools.clipboard.count > 0) {
-            list.focusRow(row, control);
-        } else {
-            field.forceActiveFocus(Qt.TabFocusReason);
-        }
-    }
 
     spacing: 12
 
@@ -63,33 +51,22 @@ ColumnLayout {
 
         Layout.fillWidth: true
         placeholder: "Search copied text"
-        symbol: "magnifyingglass"
+        symbol: "search"
+        text: root.tools.clipboard.search
 
-        Component.onCompleted: field.text = root.tools.clipboard.search
-        onEdited: root.tools.clipboard.search = field.text
+        onTextChanged: root.tools.clipboard.search = field.text
     }
     ScrollList {
-        id: list
-
         Layout.fillHeight: true
         Layout.fillWidth: true
+        fallback: field
         label: "Clipboard history"
         model: root.tools.clipboard
         placeholder: root.tools.clipboard.search !== "" ? "No copied text matches." : root.tools.clipboard.enabled ? "Nothing was copied yet." : "Enable the history to keep what you copy from now on."
 
         delegate: ClipRow {
-            id: clip
-
+            extras: root.extras
             tools: root.tools
-            width: ListView.view.width
-
-            onCopied: root.tools.clipboard.copyClip(clip.row.id)
-            onPinned: {
-                if (root.extras.snippets.pin(clip.row.text)) {
-                    clip.confirmPin();
-                }
-            }
-            onRemoved: root.remove(clip.row.id)
         }
     }
 }

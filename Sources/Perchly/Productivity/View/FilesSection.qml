@@ -5,6 +5,7 @@ import QtQuick.Layouts
 import Perchly.Look
 import Perchly.Stores
 import Perchly.Productivity
+import Perchly.Extensions
 
 /// Held files and links: dropped here, dragged out again.
 ColumnLayout {
@@ -12,46 +13,28 @@ ColumnLayout {
 
     required property Productivity tools
     required property ShelfExtras extras
-    required property ProductivityView workspace
+    required property ExtrasDrafts drafts
 
     readonly property HeldFiles held: root.tools.held
     readonly property bool some: root.held.count > 0
 
     function addLink() {
         if (root.held.addLink(field.text)) {
-            field.text = "";
-            root.workspace.link = "";
-        }
-    }
-
-    function remove(url: url) {
-        const row = list.focusedRow();
-        const control = list.focusedControl();
-        root.held.remove(url);
-        if (root.some) {
-            list.focusRow(row, control);
-        } else {
-            add.forceActiveFocus(Qt.TabFocusReason);
+            field.input.clear();
         }
     }
 
     spacing: 12
 
     Connections {
-        target: root.workspace
-
-        function onAppeared() {
-            root.held.lookAgain();
-        }
-    }
-    Connections {
         target: root.Window.window
 
-        // Whatever deleted a file meanwhile was another window.
+        // A file that is gone was deleted while another window was active.
         function onActiveChanged() {
-            if (root.Window.active) {
-                root.held.lookAgain();
-            }
+            root.held.lookAgain();
+        }
+        function onVisibleChanged() {
+            root.held.lookAgain();
         }
     }
 
@@ -76,10 +59,10 @@ ColumnLayout {
 
             Layout.fillWidth: true
             placeholder: "https://…"
+            text: root.drafts.link
 
-            Component.onCompleted: field.text = root.workspace.link
             onAccepted: root.addLink()
-            onEdited: root.workspace.link = field.text
+            onTextChanged: root.drafts.link = field.text
         }
         PushButton {
             text: "Add link"
@@ -172,6 +155,7 @@ ColumnLayout {
             anchors.right: parent.right
             anchors.top: all.visible ? all.bottom : parent.top
             anchors.topMargin: all.visible ? 8 : 10
+            fallback: add
             label: "Held files and links"
             model: root.held
             visible: root.some
@@ -179,11 +163,10 @@ ColumnLayout {
             delegate: HeldRow {
                 id: entry
 
-                width: ListView.view.width
                 extras: root.extras
                 tools: root.tools
 
-                onRemoved: root.remove(entry.row.url)
+                onClicked: list.select(entry)
             }
         }
     }

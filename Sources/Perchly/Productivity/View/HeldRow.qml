@@ -13,10 +13,6 @@ DragPlate {
     required property var row
 
     readonly property bool isFile: root.row.isFile
-    readonly property bool takesKeyboard: true
-    readonly property bool selectable: true
-
-    signal removed()
 
     function preview() {
         root.extras.togglePreview(root.row.url, root.tools.held.urls);
@@ -29,6 +25,7 @@ DragPlate {
     Accessible.name: root.label
     Accessible.role: Accessible.ListItem
     label: root.row.label
+    selectable: true
     urls: [root.row.url]
 
     Keys.onPressed: event => {
@@ -38,12 +35,11 @@ DragPlate {
         }
     }
     Keys.onSpacePressed: event => {
-        event.accepted = root.activeFocus && root.isFile;
+        event.accepted = root.selected && root.isFile;
         if (event.accepted && !event.isAutoRepeat) {
             root.preview();
         }
     }
-    onClicked: root.forceActiveFocus(Qt.MouseFocusReason)
 
     ColumnLayout {
         spacing: 9
@@ -70,33 +66,29 @@ DragPlate {
             Layout.fillWidth: true
             spacing: 7
 
-            PushButton {
-                Accessible.description: root.label
-                size: 12
+            RowButton {
+                subject: root.label
                 text: "Preview"
                 visible: root.isFile
 
                 onActivated: root.preview()
             }
-            PushButton {
-                Accessible.description: root.label
-                size: 12
+            RowButton {
+                subject: root.label
                 text: "Reveal"
                 visible: root.isFile
 
                 onActivated: root.tools.reveal(root.row.url)
             }
-            PushButton {
-                Accessible.description: root.label
-                size: 12
+            RowButton {
+                subject: root.label
                 text: "Copy path / link"
 
                 onActivated: root.tools.clipboard.copyPath(root.row.url)
             }
-            PushButton {
-                Accessible.description: root.label
+            RowButton {
                 enabled: root.row.isPicture
-                size: 12
+                subject: root.label
                 text: "Copy image"
 
                 onActivated: root.tools.clipboard.copyImage(root.row.url)
@@ -109,12 +101,11 @@ DragPlate {
                 tools: root.tools
                 url: root.row.url
             }
-            PushButton {
-                Accessible.description: root.label
-                size: 12
+            RowButton {
+                subject: root.label
                 text: "Remove"
 
-                onActivated: root.removed()
+                onActivated: root.tools.held.remove(root.row.url)
             }
         }
     }

@@ -5,30 +5,19 @@ import QtQuick.Layouts
 import Perchly.Look
 import Perchly.Stores
 import Perchly.Productivity
+import Perchly.Extensions
 
 /// Named setups of the shelf.
 ColumnLayout {
     id: root
 
     required property Productivity tools
-    required property ProductivityView workspace
+    required property ExtrasDrafts drafts
 
     function save() {
         if (save.enabled) {
             root.tools.layouts.save(field.text);
-            field.text = "";
-            root.workspace.layoutName = "";
-        }
-    }
-
-    function remove(id: string) {
-        const row = list.focusedRow();
-        const control = list.focusedControl();
-        root.tools.layouts.remove(id);
-        if (root.tools.layouts.count > 0) {
-            list.focusRow(row, control);
-        } else {
-            field.forceActiveFocus(Qt.TabFocusReason);
+            field.input.clear();
         }
     }
 
@@ -47,10 +36,10 @@ ColumnLayout {
 
             Layout.fillWidth: true
             placeholder: "Layout name, e.g. Work"
+            text: root.drafts.layoutName
 
-            Component.onCompleted: field.text = root.workspace.layoutName
             onAccepted: root.save()
-            onEdited: root.workspace.layoutName = field.text
+            onTextChanged: root.drafts.layoutName = field.text
         }
         PushButton {
             id: save
@@ -62,48 +51,31 @@ ColumnLayout {
         }
     }
     ScrollList {
-        id: list
-
         Layout.fillHeight: true
         Layout.fillWidth: true
+        fallback: field
         label: "Layouts"
         model: root.tools.layouts
         placeholder: "No saved layouts yet."
 
-        delegate: RowCard {
+        delegate: ListRow {
             id: layout
 
             required property var row
 
-            Accessible.name: layout.row.name
-            Accessible.role: Accessible.ListItem
-            width: ListView.view.width
+            text: layout.row.name
 
-            RowLayout {
-                spacing: 8
-                width: parent.width
+            RowButton {
+                subject: layout.text
+                text: "Apply"
 
-                Label {
-                    Accessible.ignored: true
-                    Layout.fillWidth: true
-                    Layout.leftMargin: 4
-                    font.pixelSize: 13
-                    text: layout.row.name
-                }
-                PushButton {
-                    Accessible.description: layout.row.name
-                    size: 12
-                    text: "Apply"
+                onActivated: root.tools.layouts.apply(layout.row.id)
+            }
+            RowButton {
+                subject: layout.text
+                text: "Delete"
 
-                    onActivated: root.tools.layouts.apply(layout.row.id)
-                }
-                PushButton {
-                    Accessible.description: layout.row.name
-                    size: 12
-                    text: "Delete"
-
-                    onActivated: root.remove(layout.row.id)
-                }
+                onActivated: root.tools.layouts.remove(layout.row.id)
             }
         }
     }

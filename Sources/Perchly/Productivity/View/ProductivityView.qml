@@ -15,42 +15,33 @@ WindowBody {
     required property ShelfPreferences preferences
     required property ShelfExtras extras
 
-    readonly property list<string> sections: ["Search", "Files", "Clipboard", "Layouts", "Shortcuts", "Meetings", "Launch", "Snippets", "Focus", "Device"]
-    readonly property string extrasView: "qrc:/qt/qml/Perchly/Extensions/"
+    /// The sections in their order: their files, and what each of them is given.
+    readonly property var views: ({
+        Search: ["../Extensions/SearchToolsView", ["drafts", "extras", "library", "preferences", "tools"]],
+        Files: ["FilesSection", ["drafts", "extras", "tools"]],
+        Clipboard: ["ClipboardSection", ["extras", "tools"]],
+        Layouts: ["LayoutsSection", ["drafts", "tools"]],
+        Shortcuts: ["ShortcutsSection", ["tools"]],
+        Meetings: ["../Extensions/MeetingsPanel", ["extras", "tools"]],
+        Launch: ["../Extensions/LaunchPanel", ["drafts", "extras"]],
+        Snippets: ["../Extensions/SnippetsPanel", ["drafts", "extras", "tools"]],
+        Focus: ["../Extensions/FocusToolsView", ["model", "preferences"]],
+        Device: ["../Extensions/DevicePanel", ["extras"]]
+    })
+    readonly property list<string> sections: Object.keys(root.views)
     readonly property string section: root.extras.section
 
     /// What was typed into the sections' fields.
-    property string link: ""
-    property string layoutName: ""
     readonly property ExtrasDrafts drafts: ExtrasDrafts {}
 
-    /// Shows the chosen section; who had the keyboard in the one before has it there.
+    /// Shows the chosen section, or the device; who had the keyboard in the one before has it there.
     function show() {
-        root.load();
+        const [file, needs] = root.views[root.section] ?? root.views.Device;
+        const given = {};
+        needs.forEach(name => given[name] = root[name]);
+        place.setSource(file + ".qml", given);
         if (place.focus) {
             place.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
-        }
-    }
-
-    function load() {
-        switch (root.section) {
-        case "Search":
-            place.setSource(root.extrasView + "SearchToolsView.qml", { drafts: root.drafts, extras: root.extras, library: root.library, preferences: root.preferences, tools: root.tools });
-            break;
-        case "Files":
-            place.setSource("FilesSection.qml", { extras: root.extras, tools: root.tools, workspace: root });
-            break;
-        case "Clipboard":
-            place.setSource("ClipboardSection.qml", { extras: root.extras, tools: root.tools, workspace: root });
-            break;
-        case "Layouts":
-            place.setSource("LayoutsSection.qml", { tools: root.tools, workspace: root });
-            break;
-        case "Shortcuts":
-            place.setSource("ShortcutsSection.qml", { tools: root.tools, workspace: root });
-            break;
-        default:
-            place.setSource(root.extrasView + "ExtraToolsView.qml", { drafts: root.drafts, extras: root.extras, model: root.model, preferences: root.preferences, section: root.section, tools: root.tools });
         }
     }
 

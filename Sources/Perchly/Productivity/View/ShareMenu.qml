@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Perchly.Look
 import Perchly.Stores
@@ -26,14 +28,7 @@ IconButton {
         }
     }
 
-    function close() {
-        if (menu.active) {
-            menu.active = false;
-            root.forceActiveFocus();
-        }
-    }
-
-    symbol: "square.and.arrow.up"
+    symbol: "square.arrow.up"
     toolTip: "Share"
 
     onActivated: root.ask()
@@ -45,13 +40,7 @@ IconButton {
             if (root.asking && String(url) === String(root.url)) {
                 root.asking = false;
                 root.targets = targets;
-                menu.setSource("qrc:/qt/qml/Perchly/Look/MenuList.qml", {
-                    current: -1,
-                    label: "Share",
-                    options: root.names,
-                    picker: anchor
-                });
-                menu.active = true;
+                (menu.createObject(anchor) as MenuList).open();
             }
         }
     }
@@ -64,22 +53,16 @@ IconButton {
         height: parent.height
         width: 220
     }
-    Loader {
+    Component {
         id: menu
 
-        active: false
+        MenuList {
+            current: -1
+            label: "Share"
+            opener: root
+            options: root.names
 
-        Connections {
-            ignoreUnknownSignals: true
-            target: menu.item
-
-            function onChosen(index: int) {
-                root.close();
-                root.choose(index);
-            }
-            function onClosed() {
-                root.close();
-            }
+            onChosen: index => root.choose(index)
         }
     }
 }

@@ -11,21 +11,22 @@ ColumnLayout {
     id: root
 
     required property Productivity tools
-    required property ProductivityView workspace
 
-    spacing: 12
-
-    Component.onCompleted: {
-        if (root.workspace.shown) {
+    function refresh() {
+        if (root.Window.window?.visible) {
             root.tools.shortcuts.refresh();
         }
     }
 
-    Connections {
-        target: root.workspace
+    spacing: 12
 
-        function onAppeared() {
-            root.tools.shortcuts.refresh();
+    Component.onCompleted: root.refresh()
+
+    Connections {
+        target: root.Window.window
+
+        function onVisibleChanged() {
+            root.refresh();
         }
     }
 
@@ -52,95 +53,58 @@ ColumnLayout {
         text: "Shortcuts run their configured actions, including any app permissions they request."
     }
     ScrollList {
-        id: list
-
         Layout.fillHeight: true
         Layout.fillWidth: true
         label: "Shortcuts"
         model: root.tools.shortcuts
 
-        delegate: RowCard {
+        delegate: ListRow {
             id: shortcut
 
             required property var row
             readonly property bool running: root.tools.shortcuts.busy === shortcut.row.name
 
-            Accessible.name: shortcut.row.label
-            Accessible.role: Accessible.ListItem
-            width: ListView.view.width
+            text: shortcut.row.label
 
-            RowLayout {
-                spacing: 8
-                width: parent.width
+            leading: Symbol {
+                color: Theme.purple
+                name: "square.stack.3d.up.fill"
+                size: 15
+            }
 
-                Symbol {
-                    Layout.leftMargin: 4
-                    color: Theme.purple
-                    name: "square.stack.3d.up.fill"
-                    size: 15
+            CaptionText {
+                color: Theme.accent
+                text: "Running"
+                visible: shortcut.running
+            }
+            RowButton {
+                id: add
+
+                done: "Added"
+                subject: shortcut.text
+                text: "Add to shelf"
+
+                onActivated: {
+                    root.tools.shortcuts.addToShelf(shortcut.row.name);
+                    add.confirm();
                 }
-                Label {
-                    Accessible.ignored: true
-                    Layout.fillWidth: true
-                    font.pixelSize: 13
-                    text: shortcut.row.label
-                }
-                CaptionText {
-                    color: Theme.accent
-                    text: "Running"
-                    visible: shortcut.running
-                }
-                PushButton {
-                    id: add
+            }
+            RowButton {
+                enabled: root.tools.shortcuts.busy === ""
+                subject: shortcut.text
+                text: "Run"
 
-                    Accessible.description: shortcut.row.label
-                    done: "Added"
-                    size: 12
-                    text: "Add to shelf"
+                onActivated: root.tools.shortcuts.run(shortcut.row.name)
+            }
+            RowButton {
+                id: stop
 
-                    onActivated: {
-                        root.tools.shortcuts.addToShelf(shortcut.row.name);
-                        add.confirm();
-                    }
-                }
-                PushButton {
-                    id: run
+                subject: shortcut.text
+                text: "Stop"
+                visible: shortcut.running
 
-                    Accessible.description: shortcut.row.label
-                    enabled: root.tools.shortcuts.busy === ""
-                    size: 12
-                    text: "Run"
-
-                    onActivated: {
-                        const hadKeyboard = run.activeFocus;
-                        root.tools.shortcuts.run(shortcut.row.name);
-                        // Not to “Stop”, which a second press would hit.
-                        if (hadKeyboard && !run.enabled) {
-                            shortcut.forceActiveFocus(Qt.TabFocusReason);
-                        }
-                    }
-                    onEnabledChanged: {
-                        if (run.enabled && shortcut.activeFocus) {
-                            run.forceActiveFocus(Qt.TabFocusReason);
-                        }
-                    }
-                }
-                PushButton {
-                    id: stop
-
-                    Accessible.description: shortcut.row.label
-                    size: 12
-                    text: "Stop"
-                    visible: shortcut.running
-
-                    onActivated: root.tools.shortcuts.stop()
-                    onVisibleChanged: {
-                        stop.cameAt = Date.now(); // where “Run” was
-                        if (!stop.visible && stop.focus) {
-                            run.forceActiveFocus(Qt.TabFocusReason);
-                        }
-                    }
-                }
+                onActivated: root.tools.shortcuts.stop()
+                onVisibleChanged: stop.cameAt = Date.now() // where “Run” was
             }
         }
     }

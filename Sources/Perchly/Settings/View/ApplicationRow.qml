@@ -24,7 +24,6 @@ RowCard {
     Accessible.role: Accessible.ListItem
     takesKeyboard: false
     visible: !root.pooled
-    width: ListView.view ? ListView.view.width : 0
 
     ListView.onPooled: root.pooled = true
     ListView.onReused: root.pooled = false
@@ -45,30 +44,25 @@ RowCard {
                 Layout.fillWidth: true
                 font.pixelSize: 13
                 font.weight: Font.Medium
-                horizontalAlignment: Text.AlignLeft
                 maximumLineCount: 1
                 text: root.name
             }
-            Label {
-                Accessible.name: text
-                Accessible.role: Accessible.StaticText
+            SpokenLabel {
                 Layout.fillWidth: true
                 color: Theme.grey
                 elide: Text.ElideMiddle
                 font.pixelSize: 10
-                horizontalAlignment: Text.AlignLeft
                 maximumLineCount: 1
                 text: root.path
                 visible: root.path !== ""
             }
         }
-        PushButton {
+        RowButton {
             id: button
 
-            Accessible.description: root.name
             Layout.minimumWidth: 72
             enabled: !root.added
-            size: 12
+            subject: root.name
             text: root.added ? "Added" : "Add"
 
             onActivated: {

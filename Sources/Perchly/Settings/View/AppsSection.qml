@@ -19,7 +19,7 @@ ColumnLayout {
 
     Keys.onUpPressed: event => {
         // The list has let it pass: there is no row above.
-        event.accepted = list.focusedRow() >= 0;
+        event.accepted = list.view.activeFocus;
         if (event.accepted) {
             search.forceActiveFocus(Qt.BacktabFocusReason);
         }
@@ -34,9 +34,9 @@ ColumnLayout {
 
             Layout.fillWidth: true
             placeholder: "Search installed apps"
-            symbol: "magnifyingglass"
+            symbol: "search"
 
-            onEdited: list.startOver()
+            onTextChanged: list.startOver()
         }
         PushButton {
             Layout.preferredHeight: search.height
@@ -60,9 +60,6 @@ ColumnLayout {
             search: search.text
         }
         delegate: ApplicationRow {
-            id: row
-
-            ListView.onPooled: list.release(row)
             library: root.library
 
             onAddedByKey: index => {

@@ -16,31 +16,19 @@ RowCard {
 
     readonly property shelfItem entry: root.row.entry
 
-    /// Moves the entry. Who pressed the button by a key keeps the keyboard in this row; at an end of
-    /// the list the row itself has it, where one more press does nothing.
+    /// At an end of the list the row itself has the keyboard, where one more press does nothing.
     function move(offset: int, button: Item) {
-        const hadKeyboard = button.activeFocus;
         root.library.move(root.entry.id, offset);
-        if (hadKeyboard) {
+        if (button.activeFocus) {
             root.list.view.positionViewAtIndex(root.index, ListView.Contain);
-            (button.enabled ? button : root).forceActiveFocus(Qt.TabFocusReason);
-        }
-    }
-
-    function remove() {
-        const list = root.list;
-        const row = root.index;
-        const hadKeyboard = removeButton.activeFocus;
-        const control = list.focusedControl();
-        root.library.remove(root.entry.id);
-        if (hadKeyboard) {
-            list.focusRow(row, control);
+            if (!button.enabled) {
+                root.list.select(root);
+            }
         }
     }
 
     Accessible.name: root.entry.name
     Accessible.role: Accessible.ListItem
-    width: ListView.view ? ListView.view.width : 0
 
     RowLayout {
         spacing: 4
@@ -58,7 +46,6 @@ RowCard {
             color: root.entry.visible ? Theme.text : Theme.grey
             font.pixelSize: 13
             font.weight: Font.Medium
-            horizontalAlignment: Text.AlignLeft
             maximumLineCount: 1
             text: root.entry.name
         }
@@ -108,7 +95,7 @@ RowCard {
             toolTip: "Remove from shelf"
             visible: root.entry.removable
 
-            onActivated: root.remove()
+            onActivated: root.library.remove(root.entry.id)
         }
         // Keeps the columns of rows with and without the last button in line.
         Item {

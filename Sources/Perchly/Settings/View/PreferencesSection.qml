@@ -23,7 +23,6 @@ ScrollArea {
             currentIndex: options.indexOf(root.preferences.theme)
             options: root.preferences.themes
             text: "Theme"
-            width: parent.width
 
             onChosen: index => root.preferences.theme = options[index]
         }
@@ -31,19 +30,17 @@ ScrollArea {
             currentIndex: options.indexOf(root.preferences.accent)
             options: root.preferences.accents
             text: "Accent"
-            width: parent.width
 
             onChosen: index => root.preferences.accent = options[index]
         }
         SliderRow {
             current: root.preferences.opacity
-            maximumValue: 1
-            minimumValue: 0.65
+            to: 1
+            from: 0.65
             stepSize: 0.05
             text: "Opacity"
-            width: parent.width
 
-            onMoved: value => root.preferences.opacity = value
+            onAsked: value => root.preferences.opacity = value
         }
         SwitchRow {
             checked: root.preferences.compact
@@ -60,7 +57,6 @@ ScrollArea {
             currentIndex: root.preferences.display
             options: root.preferences.displays
             text: "Display"
-            width: parent.width
 
             onChosen: index => root.preferences.display = index
         }
@@ -68,7 +64,6 @@ ScrollArea {
             currentIndex: options.indexOf(root.preferences.edge)
             options: root.preferences.edges
             text: "Screen edge"
-            width: parent.width
 
             onChosen: index => root.preferences.edge = options[index]
         }
@@ -88,15 +83,14 @@ ScrollArea {
 
         SliderRow {
             current: root.preferences.scale
-            maximumValue: 1.2
-            minimumValue: 0.85
+            to: 1.2
+            from: 0.85
             stepSize: 0.05
             text: "Shelf size"
             // What arithmetic makes of 1.15 is a little less than 115 per cent.
             valueText: Math.floor(root.preferences.scale * 100 + 1e-9) + "%"
-            width: parent.width
 
-            onMoved: value => root.preferences.scale = value
+            onAsked: value => root.preferences.scale = value
         }
         SwitchRow {
             checked: root.preferences.openOnHover
@@ -107,14 +101,13 @@ ScrollArea {
         }
         SliderRow {
             current: root.preferences.hoverDelay
-            maximumValue: 1.5
-            minimumValue: 0.2
+            to: 1.5
+            from: 0.2
             stepSize: 0.1
             text: "Collapse delay"
             valueText: root.preferences.hoverDelay.toFixed(1) + " s"
-            width: parent.width
 
-            onMoved: value => root.preferences.hoverDelay = value
+            onAsked: value => root.preferences.hoverDelay = value
         }
     }
     FormGroup {

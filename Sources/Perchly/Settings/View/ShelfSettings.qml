@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import Perchly.Look
@@ -36,44 +38,27 @@ WindowBody {
         Layout.fillHeight: true
         Layout.fillWidth: true
 
-        Loader {
-            id: myShelf
+        Repeater {
+            model: [["My shelf", "MyShelfSection.qml"], ["Apps", "AppsSection.qml"], ["Preferences", "PreferencesSection.qml"]]
 
-            anchors.fill: parent
-            visible: root.section === "My shelf"
+            Loader {
+                id: place
 
-            Component.onCompleted: myShelf.setSource("MyShelfSection.qml", { library: root.library })
-        }
-        Loader {
-            id: preferences
+                required property var modelData
+                readonly property bool wanted: root.section === place.modelData[0]
 
-            readonly property bool wanted: root.section === "Preferences"
-
-            active: false
-            anchors.fill: parent
-            visible: preferences.wanted
-
-            onWantedChanged: {
-                if (preferences.wanted && !preferences.active) {
-                    preferences.setSource("PreferencesSection.qml", { preferences: root.preferences });
-                    preferences.active = true;
+                function fill() {
+                    if (place.wanted && place.source == "") {
+                        const name = place.modelData[0] === "Preferences" ? "preferences" : "library";
+                        place.setSource(place.modelData[1], { [name]: root[name] });
+                    }
                 }
-            }
-        }
-        Loader {
-            id: apps
 
-            readonly property bool wanted: !myShelf.visible && !preferences.wanted
+                anchors.fill: parent
+                visible: place.wanted
 
-            active: false
-            anchors.fill: parent
-            visible: apps.wanted
-
-            onWantedChanged: {
-                if (apps.wanted && !apps.active) {
-                    apps.setSource("AppsSection.qml", { library: root.library });
-                    apps.active = true;
-                }
+                Component.onCompleted: place.fill()
+                onWantedChanged: place.fill()
             }
         }
     }

@@ -50,9 +50,7 @@ CardBody {
         anchors.topMargin: 6
         height: 18
 
-        Label {
-            Accessible.name: text
-            Accessible.role: Accessible.StaticText
+        SpokenLabel {
             anchors.left: parent.left
             anchors.right: meetings.left
             anchors.rightMargin: 12

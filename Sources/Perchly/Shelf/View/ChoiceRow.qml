@@ -12,16 +12,11 @@ PressButton {
     Accessible.checkable: true
     Accessible.checked: root.chosen
     focusInset: 0
-    focusRadius: 7
     implicitHeight: 28
     label: root.text
+    plate: Qt.rgba(1, 1, 1, root.containsMouse || root.activeFocus ? 0.09 : 0)
+    plateRadius: 7
 
-    Rectangle {
-        anchors.fill: parent
-        color: Qt.rgba(1, 1, 1, 0.09)
-        radius: 7
-        visible: root.containsMouse || root.activeFocus
-    }
     Symbol {
         id: symbol
 

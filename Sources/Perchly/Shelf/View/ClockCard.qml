@@ -30,9 +30,7 @@ CardBody {
                 weight: Font.Medium
             }
         }
-        Label {
-            Accessible.name: now.day
-            Accessible.role: Accessible.StaticText
+        SpokenLabel {
             color: Theme.grey
             font.pixelSize: 10
             text: now.day

@@ -21,9 +21,7 @@ Item {
         radius: 2.5
         width: 5
     }
-    Label {
-        Accessible.name: text
-        Accessible.role: Accessible.StaticText
+    SpokenLabel {
         anchors.left: dot.right
         anchors.leftMargin: 8
         anchors.right: quit.left

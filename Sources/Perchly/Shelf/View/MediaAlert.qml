@@ -118,17 +118,11 @@ FocusScope {
             anchors.right: title.right
             anchors.top: body.bottom
             anchors.topMargin: 16
-            focusRadius: 11
             height: 30
             label: "OK"
+            plate: Qt.alpha(Theme.accent, confirm.containsMouse ? 1 : 0.9)
             onActivated: root.model.clearControlError()
 
-            Rectangle {
-                anchors.fill: parent
-                color: Theme.accentColor(root.preferences.accent)
-                opacity: confirm.containsMouse ? 1 : 0.9
-                radius: 8
-            }
             Label {
                 anchors.centerIn: parent
                 color: "black"

@@ -12,9 +12,9 @@ CardBody {
         anchors.verticalCenter: parent.verticalCenter
         spacing: 10
 
-        Label {
-            Accessible.name: text
-            Accessible.role: Accessible.StaticText
+        SpokenLabel {
+            id: title
+
             font.pixelSize: 12
             font.weight: Font.Medium
             height: 16
@@ -22,7 +22,7 @@ CardBody {
             width: parent.width
 
             ToolTipArea {
-                text: (parent as Label).truncated ? root.model.musicTitle : ""
+                text: title.truncated ? root.model.musicTitle : ""
             }
         }
         Row {

@@ -14,9 +14,7 @@ Column {
 
     spacing: 2
 
-    Label {
-        Accessible.name: text
-        Accessible.role: Accessible.StaticText
+    SpokenLabel {
         bottomPadding: 4
         font.pixelSize: 12
         font.weight: Font.DemiBold

@@ -56,19 +56,14 @@ Item {
         anchors.rightMargin: 8
         anchors.verticalCenter: title.verticalCenter
         focusInset: 0
-        focusRadius: 7
         height: 22
         label: "Change pinned widget"
+        plate: Qt.rgba(1, 1, 1, menu.containsMouse || root.popovers.anchorItem === menu ? 0.075 : 0)
+        plateRadius: 7
         toolTip: root.popovers.open ? "" : menu.label
         width: 26
         onActivated: root.popovers.chooseWidget(menu, root.side, root.widget)
 
-        Rectangle {
-            anchors.fill: parent
-            color: Qt.rgba(1, 1, 1, 0.075)
-            radius: 7
-            visible: menu.containsMouse || root.popovers.anchorItem === menu
-        }
         Symbol {
             anchors.centerIn: parent
             color: menu.containsMouse ? Theme.text : Theme.grey

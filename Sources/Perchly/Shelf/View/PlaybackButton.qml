@@ -8,11 +8,11 @@ PressButton {
     required property string symbol
 
     focusInset: -2
-    focusRadius: 10
     implicitHeight: 28
     implicitWidth: 30
     label: root.toolTip
     opacity: root.enabled ? 1 : 0.35
+    plate: Qt.rgba(1, 1, 1, root.enabled && root.containsMouse ? 0.14 : 0.08)
 
     onSymbolChanged: {
         if (!Theme.reduceMotion) {
@@ -20,11 +20,6 @@ PressButton {
         }
     }
 
-    Rectangle {
-        anchors.fill: parent
-        color: Qt.rgba(1, 1, 1, root.enabled && root.containsMouse ? 0.14 : 0.08)
-        radius: 8
-    }
     Symbol {
         id: symbol
 

@@ -176,8 +176,6 @@ FocusScope {
         transformOrigin: root.above ? Item.Bottom : Item.Top
 
         SoftShadow {
-            anchors.fill: parent
-            anchors.margins: -18
             radius: 12
             spread: 18
         }

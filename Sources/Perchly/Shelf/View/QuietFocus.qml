@@ -3,12 +3,8 @@ import Perchly.Look
 
 /// Stands where the strip was while a quiet focus session runs.
 Column {
-    spacing: 0
+    topPadding: (120 - 26 - 8 - 18 - 4 - 14) / 2
 
-    Item {
-        height: (120 - 26 - 8 - 18 - 4 - 14) / 2
-        width: 1
-    }
     Symbol {
         anchors.horizontalCenter: parent.horizontalCenter
         color: Theme.mint
@@ -19,9 +15,7 @@ Column {
         height: 8
         width: 1
     }
-    Label {
-        Accessible.name: text
-        Accessible.role: Accessible.StaticText
+    SpokenLabel {
         font.pixelSize: 14
         font.weight: Font.DemiBold
         height: 18
@@ -33,9 +27,7 @@ Column {
         height: 4
         width: 1
     }
-    Label {
-        Accessible.name: text
-        Accessible.role: Accessible.StaticText
+    SpokenLabel {
         color: Theme.grey
         font.pixelSize: 11
         height: 14

@@ -10,9 +10,7 @@ Item {
 
     implicitHeight: 16
 
-    Label {
-        Accessible.name: text
-        Accessible.role: Accessible.StaticText
+    SpokenLabel {
         anchors.left: parent.left
         anchors.verticalCenter: parent.verticalCenter
         color: Theme.grey
@@ -25,7 +23,7 @@ Item {
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
         color: Theme.grey
-        symbol: "gearshape"
+        symbol: "gear.alt"
         text: "Settings"
         onActivated: root.shell.showSettings()
     }

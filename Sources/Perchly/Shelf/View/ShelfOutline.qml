@@ -9,8 +9,10 @@ Item {
     required property string edge
     required property color color
     required property real radius
-    required property real shadowRadius
-    required property real shadowSpread
+    /// The shelf is not at rest as a pill or strip; its scale then.
+    required property bool opened
+    required property real openScale
+    required property bool shadowed
     /// Drawn along the outline while something that can be dropped is held over the shelf.
     required property color highlight
 
@@ -25,11 +27,10 @@ Item {
         anchors.topMargin: root.edge === "top" ? -root.hidden : 0
 
         SoftShadow {
-            anchors.fill: parent
-            anchors.margins: -root.shadowSpread
-            radius: root.shadowRadius
-            spread: root.shadowSpread
-            visible: root.shadowSpread > 0
+            radius: root.opened ? 28 : 17
+            openScale: root.opened ? root.openScale : 1
+            spread: 26
+            visible: root.shadowed
         }
         Rectangle {
             anchors.fill: parent

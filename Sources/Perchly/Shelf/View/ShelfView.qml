@@ -139,9 +139,10 @@ FocusScope {
         edge: root.edge
         height: layout.outline.height
         highlight: dropArea.containsDrag ? root.accentColor : "transparent"
+        openScale: layout.scale
+        opened: openness.value > 0
         radius: layout.radius
-        shadowRadius: openness.value > 0 ? layout.openRadius : layout.restRadius
-        shadowSpread: root.composited ? root.shadowMargin : 0
+        shadowed: root.composited
         width: layout.outline.width
         x: layout.outline.x
         y: layout.outline.y

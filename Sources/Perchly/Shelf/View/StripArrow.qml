@@ -8,16 +8,11 @@ PressButton {
     required property string symbol
 
     focusInset: -2
-    focusRadius: 10
     implicitHeight: 34
     implicitWidth: 24
     label: root.toolTip
+    plate: Qt.rgba(1, 1, 1, !root.enabled ? 0.02 : root.containsMouse ? 0.11 : 0.06)
 
-    Rectangle {
-        anchors.fill: parent
-        color: Qt.rgba(1, 1, 1, !root.enabled ? 0.02 : root.containsMouse ? 0.11 : 0.06)
-        radius: 8
-    }
     Symbol {
         anchors.centerIn: parent
         bold: true

@@ -13,20 +13,15 @@ PressButton {
     required property real pictureScale
 
     focusInset: 0
-    focusRadius: 12
     height: 88
     label: root.entry.name
+    plate: Qt.rgba(1, 1, 1, root.containsMouse ? 0.05 : 0)
+    plateRadius: 12
     toolTip: "Open " + root.entry.name
     width: StripPaging.entryWidth
 
     onActivated: root.shell.launch(root.entry.id)
 
-    Rectangle {
-        anchors.fill: parent
-        color: Qt.rgba(1, 1, 1, 0.05)
-        radius: 12
-        visible: root.containsMouse
-    }
     ApplicationPicture {
         id: icon
 

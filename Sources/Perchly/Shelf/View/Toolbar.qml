@@ -19,7 +19,7 @@ Item {
         spacing: 14
 
         TextButton {
-            symbol: "magnifyingglass"
+            symbol: "search"
             text: "Search"
             onActivated: {
                 root.extras.section = "Search";
@@ -53,9 +53,7 @@ Item {
                 }
             }
         }
-        Label {
-            Accessible.name: text
-            Accessible.role: Accessible.StaticText
+        SpokenLabel {
             anchors.verticalCenter: parent.verticalCenter
             color: Theme.mint
             text: root.productivity.held.count + " held"

@@ -14,11 +14,11 @@ PressButton {
     readonly property color tint: WidgetLook.color(root.widget)
     readonly property bool pinned: root.model.left === root.widget || root.model.right === root.widget
 
-    Accessible.description: root.pinned ? "Pinned" : ""
     focusInset: 0
-    focusRadius: 12
     height: 88
     label: "Pin " + root.widget
+    plateRadius: 12
+    subject: root.pinned ? "Pinned" : ""
     toolTip: root.popovers.open ? "" : root.label
     width: StripPaging.entryWidth
 

@@ -63,8 +63,8 @@ RowCard {
             PushButton {
                 id: route
 
-                Accessible.description: root.subject
                 Layout.minimumWidth: 76
+                subject: root.subject
                 text: root.routed ? "Release" : "Enable"
 
                 onActivated: {
@@ -87,7 +87,7 @@ RowCard {
                 Layout.leftMargin: -6 // the symbol lies below the name
                 color: root.muted ? Theme.grey : Theme.text
                 subject: root.subject
-                symbol: root.muted ? "speaker.slash.fill" : "speaker.wave.2.fill"
+                symbol: root.muted ? "speaker.slash.fill" : "speaker.2.fill"
                 toolTip: "Toggle mute"
 
                 onActivated: root.mixer.mute(root.appId)
@@ -98,7 +98,7 @@ RowCard {
                 current: root.level
                 label: root.name + " volume"
 
-                onMoved: value => root.mixer.set(root.appId, value)
+                onAsked: value => root.mixer.set(root.appId, value)
             }
             Item {
                 Layout.preferredHeight: percentage.height

@@ -65,7 +65,6 @@ WindowBody {
             id: app
 
             mixer: root.mixer
-            width: ListView.view.width
 
             onEnabledHere: list.follow(app)
         }

@@ -1,0 +1,60 @@
+import QtQuick
+import QtQuick.Layouts
+import Perchly.Look
+
+/// A row of a ScrollList that says one thing, and has buttons for it at its end.
+RowCard {
+    id: root
+
+    property string text: ""
+    /// A small remark below the text.
+    property string detail: ""
+    property alias label: label
+    property int indent: 4
+    /// Before the text.
+    property alias leading: leading.data
+    default property alias buttons: buttons.data
+
+    Accessible.name: root.text
+    Accessible.role: Accessible.ListItem
+
+    content: RowLayout {
+        spacing: 0
+        width: parent.width
+
+        RowLayout {
+            id: leading
+
+            Layout.fillWidth: false
+            Layout.leftMargin: root.indent
+        }
+        ColumnLayout {
+            Layout.leftMargin: leading.implicitWidth > 0 ? 8 : 0
+            Layout.rightMargin: 8
+            spacing: 3
+
+            Label {
+                id: label
+
+                Accessible.ignored: true
+                Layout.fillWidth: true
+                font.pixelSize: 13
+                maximumLineCount: 3
+                text: root.text
+            }
+            CaptionText {
+                Layout.fillWidth: true
+                color: Theme.grey
+                maximumLineCount: 3
+                text: root.detail
+                visible: root.detail !== ""
+            }
+        }
+        RowLayout {
+            id: buttons
+
+            Layout.fillWidth: false
+            spacing: 8
+        }
+    }
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QQuickImageProvider>
+
+namespace perchly {
+
+/// Draws the pictures for SoftShadow: "image://shadows/RADIUS/SPREAD" shows the shadow around a
+/// rounded rectangle, both in pixels, whose sides are two pixels longer than its corners. Drawn,
+/// since reading any file would make Qt load all its image plug-ins before the shelf is first
+/// shown.
+class ShadowPictures : public QQuickImageProvider {
+public:
+    ShadowPictures();
+
+    QImage requestImage(const QString &id, QSize *size, const QSize &requestedSize) override;
+};
+
+} // namespace perchly
