@@ -15,7 +15,7 @@ struct FileFacts {
     QString iconName = {}; ///< of the icon theme
 };
 
-/// Only ordinary files are opened; of anything else, and of what is not there, the name remains.
+/// Opens regular files only; anything else, and a missing file, keeps just its name.
 /// Blocks while the file is looked at; any thread.
 [[nodiscard]] FileFacts factsOf(const QUrl &url);
 

@@ -51,7 +51,7 @@ private:
     QAudioOutput m_sound;
     QVideoSink m_video;
     std::unique_ptr<QMediaPlayer> m_player; ///< ends before what it plays to
-    QWidget m_screen;                       ///< before what is in it, which it would delete
+    QWidget m_screen;                       ///< before its children, which it would delete
     FactsView m_facts;
     PictureView m_picture;
     QStackedLayout m_stack;

@@ -107,7 +107,7 @@ void PreviewWindow::showItem() {
         m_media->pause();
         m_media->disconnect(this); // what it says is of another item from now on
     }
-    m_pool.clear(); // what was passed by before it could be read
+    m_pool.clear(); // items skipped before they were read
     const QSize largest = (QSizeF(screen()->size()) * devicePixelRatioF()).toSize();
     m_pool.start([this, number = ++m_number, url = m_items.at(m_index), largest] {
         const PreviewContent content = loadPreview(url, largest);

@@ -28,7 +28,7 @@ public:
     PreviewWindow();
     ~PreviewWindow() override;
 
-    /// Shows what is asked for, or closes where it is shown already and `toggle` is set.
+    /// Shows the item, or closes if it is shown already and `toggle` is set.
     void handle(const PreviewRequest &request);
 
 Q_SIGNALS:

@@ -34,7 +34,7 @@ int main(int argc, char **argv) {
     mallopt(M_ARENA_MAX, 2); // each reserves address space, and decoders have many threads
     qputenv("QT_QPA_PLATFORM", "xcb");
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORMTHEME")) {
-        qputenv("QT_QPA_PLATFORMTHEME", "generic"); // the desktop's own would load a second toolkit
+        qputenv("QT_QPA_PLATFORMTHEME", "generic"); // the desktop's theme would load GTK
     }
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("perchly-preview"));

@@ -18,12 +18,12 @@ Flickable {
     property int maxLength: 20000
     property bool isTooLong: false
     readonly property real line: hint.implicitHeight
-    /// The text comes from `note`, not from the person; the editor may hold it a little changed,
+    /// The text comes from `note`, not from the user; the editor may hold it a little changed,
     /// as it knows one kind of blank and of line end only.
     property bool filling: false
 
     signal edited(note: string)
-    /// The person pressed into the text.
+    /// The user pressed into the text.
     signal pressed()
 
     function fill() {

@@ -27,7 +27,7 @@ RowLayout {
 
         onActivated: root.dismissed()
         onVisibleChanged: {
-            // Back to where the person was.
+            // Back to where the keyboard was.
             if (!button.visible && button.activeFocus) {
                 button.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason);
             }

@@ -17,7 +17,7 @@ class ParagraphDirection : public QObject {
 public:
     using QObject::QObject;
 
-    /// Call it whenever the text has changed, as the editor sets the direction anew then.
+    /// Call it whenever the text has changed, since the editor then resets the direction.
     Q_INVOKABLE void apply();
 
 private:

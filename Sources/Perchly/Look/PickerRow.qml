@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// A line of a form: what is chosen, and a list to choose from.
+/// A line of a form: a label and a MenuPicker.
 Item {
     id: root
 

@@ -9,7 +9,7 @@ Item {
     property alias spacing: column.spacing
     default property alias content: column.data
 
-    /// Brings what is inside into view, once it has its place.
+    /// Scrolls to an item inside, once it has its place.
     function reveal(item: Item) {
         revealing.item = item;
         revealing.restart();

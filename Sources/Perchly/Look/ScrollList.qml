@@ -20,7 +20,7 @@ Item {
     property alias spacing: view.spacing
     property alias count: view.count
     property alias reuseItems: view.reuseItems
-    /// How far beyond what is shown rows are kept ready, in points.
+    /// How far outside the view rows are kept ready, in points.
     property alias cacheBuffer: view.cacheBuffer
     /// Its current row is the one that has the keyboard, or had it.
     readonly property alias view: view
@@ -189,7 +189,7 @@ Item {
     }
 
     function leave(step) {
-        // From within what is hidden, Qt does not find the way out.
+        // Qt does not find the next item from inside a hidden one.
         const edge = !root.visible ? root : step > 0 ? after : before;
         const next = edge.nextItemInFocusChain(step > 0);
         next.forceActiveFocus(step > 0 ? Qt.TabFocusReason : Qt.BacktabFocusReason);

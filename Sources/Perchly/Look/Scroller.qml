@@ -23,7 +23,7 @@ Item {
 
     // These name no types, since compiled ahead of time they would read through items that are gone.
 
-    /// Brings the item into view, with a little of what is around it.
+    /// Brings the item into view, with a little space around it.
     function reveal(item) {
         const margin = 16;
         const top = item.mapToItem(root.view.contentItem, 0, 0).y;

@@ -32,7 +32,7 @@ public:
     [[nodiscard]] double value() const { return m_value; }
     [[nodiscard]] bool isRunning() const;
 
-    /// Ease instead of spring. A motion on its way starts anew from where it is, in the new manner.
+    /// Ease instead of spring. A running motion restarts from where it is, in the new manner.
     [[nodiscard]] bool isReduced() const { return m_reduced; }
     void setReduced(bool reduced);
 

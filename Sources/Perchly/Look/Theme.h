@@ -40,14 +40,14 @@ public:
     /// Gives the engine ShadowPictures, too.
     static Theme *create(QQmlEngine *qmlEngine, QJSEngine *jsEngine);
 
-    /// Inter where it is installed, else the desktop's own typeface.
+    /// Inter where it is installed, else the desktop's typeface.
     [[nodiscard]] static QString family();
 
     /// Follows the desktop's setting; the root of a view keeps it up to date.
     [[nodiscard]] bool reduceMotion() const { return m_reduceMotion; }
     void setReduceMotion(bool reduce);
 
-    /// The person's accent; the shelf's view keeps it up to date for all windows.
+    /// The user's accent; the shelf's view keeps it up to date for all windows.
     [[nodiscard]] QColor accent() const { return m_accent; }
     void setAccent(const QColor &accent);
 
@@ -72,7 +72,7 @@ public:
     /// Of hairlines and of the outlines of fields.
     [[nodiscard]] static QColor line() { return QColor::fromRgbF(1, 1, 1, 0.12F); }
 
-    /// These colours for what the toolkit draws itself, such as dialogs.
+    /// These colours for what Qt draws, such as dialogs.
     [[nodiscard]] static QPalette palette();
 
     /// Where SoftShadow finds the picture for that radius and spread, in pixels.

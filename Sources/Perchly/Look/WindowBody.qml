@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Perchly.Look
 
-/// The content of an ordinary window: its title, a line below it, and what is put inside, laid out
+/// The content of an ordinary window: its title, a line below it, and its content, laid out
 /// from top to bottom with Layout's attached properties. Its first control has the keyboard when it
 /// comes onto the screen, unless another one had it.
 FocusScope {

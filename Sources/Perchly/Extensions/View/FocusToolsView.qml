@@ -4,7 +4,7 @@ import Perchly.Look
 import Perchly.Stores
 import Perchly.Extensions
 
-/// The focus timer: its lengths, what is left, and the day's totals.
+/// The focus timer: its lengths, the time left, and the day's totals.
 ColumnLayout {
     id: root
 

@@ -5,7 +5,7 @@ import Perchly.Stores
 import Perchly.Extensions
 
 /// The content of the workspace window: a picker, the section that it chose, and the store's last
-/// notice. What was typed into a section is still there when the person comes back to it.
+/// notice. Text typed into a section is kept while another one is shown.
 WindowBody {
     id: root
 

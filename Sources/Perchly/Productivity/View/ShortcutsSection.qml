@@ -6,7 +6,7 @@ import Perchly.Look
 import Perchly.Stores
 import Perchly.Productivity
 
-/// The person's shortcuts, listed anew whenever the section appears.
+/// The user's shortcuts, listed again whenever the section appears.
 ColumnLayout {
     id: root
 

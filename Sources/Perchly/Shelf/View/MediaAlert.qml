@@ -2,8 +2,8 @@ import QtQuick
 import Perchly.Look
 import Perchly.Stores
 
-/// Says, over the whole shelf, that a playback command failed, until the person has read it. Nothing
-/// behind it gets the keyboard meanwhile, but a text that the person is writing keeps it.
+/// Says, over the whole shelf, that a playback command failed, until the user dismisses it. Nothing
+/// behind it gets the keyboard meanwhile, but a text that the user is writing keeps it.
 FocusScope {
     id: root
 

@@ -2,11 +2,11 @@ import QtQuick
 import Perchly.Look
 import Perchly.Shelf
 
-/// A note that is kept as it is typed. It has the keyboard only after the person went there.
+/// A note that is kept as it is typed. It has the keyboard only after the user went there.
 CardBody {
     id: root
 
-    /// Leaves the note where the person is done with it.
+    /// Gives up the keyboard.
     function leave() {
         editor.edit.focus = false;
     }

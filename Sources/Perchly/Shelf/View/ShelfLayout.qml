@@ -37,7 +37,7 @@ QtObject {
 
     readonly property rect restRect: root.compactRect.width > 0 ? root.compactRect : root.docked(root.compactSize.width, root.compactSize.height)
 
-    /// The person's scale, or the largest below it with which the open shelf fits the panel, whose
+    /// The user's scale, or the largest below it with which the open shelf fits the panel, whose
     /// whole pixels may take away less than one of its points.
     readonly property real scale: {
         const room = Math.min((root.frame.width + 0.99) / root.naturalWidth, (root.frame.height + 0.99) / Math.max(1, root.naturalHeight));

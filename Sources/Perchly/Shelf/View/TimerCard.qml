@@ -2,7 +2,7 @@ import QtQuick
 import Perchly.Look
 import Perchly.Shelf
 
-/// The focus timer: what is left of a session, or how long the next one will be.
+/// The focus timer: the time left in a session, or how long the next one will be.
 CardBody {
     id: root
 
