@@ -65,7 +65,7 @@ private Q_SLOTS:
         const QStringList urls{QStringLiteral("file:///tmp/a%20%25%0A%23%C3%A4%D7%90.txt"),
                                QStringLiteral("https://example.org/%C3%A4?b=1#c")};
         const QString text = QStringLiteral("/tmp/a %\n#äא.txt\nhttps://example.org/%C3%A4?b=1#c");
-        source()->setUrls(QUrl::fromStringList(urls));
+        offer(QUrl::fromStringList(urls));
         const QSignalSpy dragged(source(), &DragSource::draggingChanged);
         dragOntoTarget();
         QTRY_COMPARE(dragged.count(), 2);
@@ -80,7 +80,7 @@ private Q_SLOTS:
     }
 
     void sourceMayBeDestroyedMeanwhile() {
-        source()->setUrls({QUrl(QStringLiteral("https://example.org/gone"))});
+        offer({QUrl(QStringLiteral("https://example.org/gone"))});
         connect(source(), &DragSource::draggingChanged, m_window.get(),
                 [this] { QTimer::singleShot(100, source(), [this] { delete source(); }); });
         dragOntoTarget();
@@ -89,7 +89,7 @@ private Q_SLOTS:
     }
 
     void releaseBeforeTheDragStartsEndsIt() {
-        source()->setUrls({QUrl(QStringLiteral("https://example.org/slip"))});
+        offer({QUrl(QStringLiteral("https://example.org/slip"))});
         const QSignalSpy dragged(source(), &DragSource::draggingChanged);
         const QPoint start = m_window->position() + QPoint(100, 60);
         const XClient user; // faster than this program reads events
@@ -138,6 +138,9 @@ private:
     }
 
     DragSource *source() const { return m_window->findChild<DragSource *>(); }
+    void offer(const QList<QUrl> &urls) {
+        source()->setProperty("urls", QVariant::fromValue(urls));
+    }
 
     QProcess m_target;
     QQmlEngine m_engine;
