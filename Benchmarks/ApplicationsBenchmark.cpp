@@ -23,7 +23,7 @@ using namespace perchly;
 
 namespace {
 
-/// As large as what is installed: names and comments in many languages, and some actions.
+/// As large as real entries: names and comments in many languages, and some actions.
 QByteArray entryText(int number) {
     const QByteArray name = "Application " + QByteArray::number(number);
     QByteArray text = "[Desktop Entry]\nVersion=1.0\nType=Application\nName=" + name + "\n";

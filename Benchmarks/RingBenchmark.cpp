@@ -12,7 +12,7 @@
 #include <memory>
 #include <vector>
 
-/// What a push and a pull cost beside other ways to carry and scale the same frames, in one run.
+/// The time of a push and a pull, compared with other ways to carry and scale the same frames.
 namespace {
 
 constexpr uint32_t frames = 512;

@@ -1,4 +1,4 @@
-// What the mixer's side of the sound system costs.
+// The mixer's CPU time for PipeWire's events.
 //   RouteBenchmark route PID      routes the process until the standard input ends
 //   RouteBenchmark rounds PID N   routes it and lets it go so often, once a second each; says how
 //                                 long the first and the slowest other enabling held the thread

@@ -16,7 +16,7 @@
 
 namespace {
 
-/// They begin anew after 87 seconds.
+/// They repeat after 87 seconds.
 constexpr std::uint32_t numbers = 1U << 22; // exact as floats below 1
 constexpr float step = 1.0F / float(numbers);
 

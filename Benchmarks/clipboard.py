@@ -29,7 +29,7 @@ PATIENCE = 5
 
 
 class Owner:
-    """A program that copies texts and gives them to whoever asks."""
+    """A program that owns the clipboard and answers requests."""
 
     def __init__(self, name):
         self.display = display.Display(name)

@@ -3,7 +3,7 @@
 
 From the command to the overlay beside `flameshot gui`; from the release of the button to the whole
 file beside `scrot -s`; from a request to the first preview of each kind, in a new companion each;
-what a minute and a half of looking every 30 seconds at the battery and the meetings costs.
+the CPU time of reading the battery and the meetings every 30 seconds, over a minute and a half.
 Usage: device.py PROGRAM [--rounds N]
 """
 

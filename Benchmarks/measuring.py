@@ -1,4 +1,4 @@
-"""What the benchmarks share: a session to measure in, and what they say of samples."""
+"""Shared by the benchmarks: a session to measure in, and statistics of samples."""
 
 from contextlib import contextmanager
 from pathlib import Path

@@ -1,4 +1,4 @@
-"""What a process costs, read from the kernel's own counters."""
+"""A process's CPU time and memory, from the kernel's counters."""
 
 import os
 import time

@@ -1,4 +1,4 @@
-"""What the scene's user has: a wallpaper, applications, files, a calendar, music."""
+"""The scene's desktop: a wallpaper, applications, files, a calendar, music."""
 
 import json
 import math

@@ -16,8 +16,8 @@ constexpr size_t cacheLine = 64;
 
 } // namespace
 
-/// The indices count frames for ever; a frame's slot is its number modulo the capacity, and the
-/// fill is their difference modulo 2^32, so that their wrap is nothing special.
+/// The indices count all frames; a frame's slot is its number modulo the capacity, and the
+/// fill is their difference modulo 2^32, so wrapping needs no special case.
 struct AudioRingBuffer {
     float samples[size_t(capacity) * 2];
     alignas(cacheLine) std::atomic<uint32_t> readIndex;  // the consumer's
@@ -96,7 +96,7 @@ void storeFrames(float *slots, const Input &input, size_t first, size_t count) {
     }
 }
 
-// Pull. What is always inlined is compiled once for each kind of processor.
+// Pulling. Always-inlined functions are compiled once for each kind of processor.
 
 [[gnu::always_inline]] inline float nextGain(float gain, float target) {
     return std::fma(target - gain, 0.004F, gain);
@@ -218,7 +218,7 @@ struct Portion {
     float target;
 };
 
-/// Whether the gain is still on its way: one that a step leaves as it is stays so, near its target.
+/// Whether the gain still moves. Near the target a step may round to no change; then it stays.
 [[gnu::always_inline]] inline bool moves(float gain, float target) {
     return nextGain(gain, target) != gain;
 }

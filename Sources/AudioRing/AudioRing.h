@@ -35,7 +35,7 @@ AudioRingBuffer *perchly_ring_create(void);
 void perchly_ring_destroy(AudioRingBuffer *ring);
 
 /// Asks for a gain, clamped to 0…1; the consumer approaches it by 0.4 % of the distance a frame.
-/// What is no number is ignored. Any one thread at a time.
+/// NaN is ignored. One thread at a time.
 void perchly_ring_gain(AudioRingBuffer *ring, float gain);
 
 /// Appends the frames of `input`; those that do not fit are dropped. Two or more buffers of which

@@ -7,7 +7,7 @@
 
 namespace perchly {
 
-/// What the areas and views may ask of the shell. They are given this interface and never see the
+/// The requests that areas and views make to the shell. They get this interface and never see the
 /// application's delegate itself. Main thread only.
 class ShellActions : public QObject {
     Q_OBJECT

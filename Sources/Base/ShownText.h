@@ -14,7 +14,7 @@ namespace perchly {
 /// The visible part of a name that another program gives itself, in one line; may be empty.
 [[nodiscard]] QString visibleName(const QString &name);
 
-/// What a row shows of a text: from its first visible line on, as much as fits into a row. Says so
+/// The part of a text that fits into a row, from its first visible line on. Says so
 /// if there is nothing to see.
 [[nodiscard]] QString rowText(const QString &text);
 

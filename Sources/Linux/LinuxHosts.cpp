@@ -143,7 +143,7 @@ UnansweringBusHider::UnansweringBusHider() {
 
 UnansweringBusHider::~UnansweringBusHider() {
     if (m_address) {
-        static_cast<void>(QDBusConnection::sessionBus()); // looked for now, and never again
+        static_cast<void>(QDBusConnection::sessionBus()); // Qt looks for the bus once, now
         if (m_address->isNull()) {
             qunsetenv(busVariable);
         } else {
@@ -168,7 +168,7 @@ WindowSystemChoice::~WindowSystemChoice() {
         qunsetenv(platformName);
     }
     if (m_setsDelay) {
-        QWindow window; // the toolkit looks at its first request for drawing, and never again
+        QWindow window; // Qt reads the variable at the first update request only
         window.create();
         window.requestUpdate();
         qunsetenv(drawingDelay);

@@ -12,8 +12,8 @@
 namespace perchly {
 
 /// The one place that chooses how the program reaches its surroundings. With PERCHLY_HOSTS=null in
-/// the environment it chooses the null implementations everywhere, apart from time. What is missing
-/// is told on standard error, once each; a desktop without a place for status icons misses nothing.
+/// the environment it chooses the null implementations everywhere, apart from time. Services that
+/// are missing are reported on stderr, once each, apart from the system tray.
 
 /// Hides a session bus that does not answer from Qt, which would wait for it without a timeout. Qt
 /// looks for the bus once; the rest of the program, and what it starts, find it again when it
@@ -26,13 +26,13 @@ public:
     UnansweringBusHider &operator=(const UnansweringBusHider &) = delete;
 
 private:
-    std::optional<QByteArray> m_address; ///< what is hidden; null when nothing is set
+    std::optional<QByteArray> m_address; ///< the hidden one; a null array if there was none
 };
 
-/// Chooses the toolkit's window system: X11, also on a Wayland desktop, or none where no X server
+/// Chooses Qt's platform plugin: xcb, also on a Wayland desktop, or none where no X server
 /// can be reached. QT_QPA_PLATFORM overrides. Make it before the application object, and keep it
-/// until that is made: an X server that its last client leaves starts anew. It leaves nothing in
-/// the environment, in which other programs are started.
+/// until that is made: an X server resets when its last client leaves. It leaves nothing in
+/// the environment, which started programs inherit.
 class WindowSystemChoice {
 public:
     WindowSystemChoice();

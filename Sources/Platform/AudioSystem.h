@@ -24,7 +24,7 @@ struct AudioProcess {
     friend bool operator==(const AudioProcess &, const AudioProcess &) = default;
 };
 
-/// What the desktop knows about a running application.
+/// A running application, as its desktop entry describes it.
 struct RunningApplication {
     QString name; ///< in the user's language; never empty
     QString path; ///< of its desktop entry, for Applications::icon; empty when it has none
@@ -55,9 +55,9 @@ public:
     [[nodiscard]] virtual std::optional<RunningApplication>
     application(AudioObject process) const = 0;
 
-    /// Routes the process through the ring to the default output: real-time threads push what it
-    /// plays and pull what is heard, until its own output is back, some seconds after the route has
-    /// gone at most. The system outlives the route. Null if it cannot be started; the error then
+    /// Routes the process through the ring to the default output: real-time threads push its
+    /// sound and pull the output's, until its own output is back, a few seconds after the route
+    /// was destroyed. The system outlives the route. Null if it cannot be started; the error then
     /// says why, for the user.
     [[nodiscard]] virtual std::unique_ptr<AudioRoute>
     route(AudioObject process, std::shared_ptr<AudioRingBuffer> ring, QString &error) = 0;

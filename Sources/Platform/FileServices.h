@@ -8,7 +8,7 @@
 
 namespace perchly {
 
-/// What the desktop can do with a file or link besides opening it. Nothing blocks; every completion
+/// Revealing and sharing files and links by the desktop. Nothing blocks; every completion
 /// is called once, on the main thread and never before the call has returned. Main thread only.
 class FileServices {
 public:
@@ -29,7 +29,7 @@ public:
     /// no file manager can select.
     virtual void reveal(const QUrl &file, Completion completion) = 0;
 
-    /// The applications that open what is of this kind, the user's default first, and then mail.
+    /// The applications that open this type of file or link, the user's default first, then e-mail.
     virtual void findShareTargets(const QUrl &url, TargetsCompletion completion) = 0;
 
     virtual void share(const QUrl &url, const QString &targetId, Completion completion) = 0;

@@ -6,7 +6,7 @@
 
 namespace perchly {
 
-/// The program's four modifiers, independent of what the keyboard calls them.
+/// The program's four modifiers, independent of the keyboard's labels.
 enum class Modifier { Shift = 1, Control = 2, Option = 4, Command = 8 };
 Q_DECLARE_FLAGS(Modifiers, Modifier)
 Q_DECLARE_OPERATORS_FOR_FLAGS(Modifiers)
@@ -15,7 +15,7 @@ Q_DECLARE_OPERATORS_FOR_FLAGS(Modifiers)
 struct KeyPress {
     Qt::Key key = Qt::Key_unknown;
     Modifiers modifiers;
-    /// What the key writes without modifiers; empty for keys that write nothing.
+    /// The key's characters without modifiers; empty for keys that type nothing.
     QString charactersIgnoringModifiers;
     /// The key was down already and is still held.
     bool isRepeat = false;

@@ -20,7 +20,7 @@ public:
     /// Whether the desktop starts the program at the next login, as far as it can be known now.
     [[nodiscard]] virtual bool isEnabled() const = 0;
 
-    /// Has this program started from the next login on. What failed has changed nothing.
+    /// Has this program started from the next login on. On failure nothing has changed.
     [[nodiscard]] virtual Result registerProgram() = 0;
 
     /// Ends that. A program that is not registered is unregistered already.

@@ -25,8 +25,8 @@ public:
         Choice choice = Choice::FilesAndFolders;
     };
 
-    /// Called once on the main thread, never before `ask` has returned: what was chosen, in order,
-    /// or nothing when the user cancelled or there is no dialog to show.
+    /// Called once on the main thread, never before `ask` has returned: the chosen files in order,
+    /// or none if the user cancelled or there is no dialog to show.
     using Completion = std::function<void(const QList<QUrl> &chosen)>;
 
     virtual ~OpenPanel() = default;

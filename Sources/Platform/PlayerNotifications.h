@@ -5,10 +5,10 @@
 
 namespace perchly {
 
-/// Whether any media player runs. Unknown where nobody can be asked, or before there is an answer.
+/// Whether any media player runs. Unknown without a session bus, or before it has answered.
 enum class PlayerPresence { Unknown, None, Some };
 
-/// What the user's music application and Spotify announce about themselves. Main thread only.
+/// Change signals of the user's music application and Spotify. Main thread only.
 class PlayerNotifications : public QObject {
     Q_OBJECT
 public:
@@ -25,8 +25,8 @@ Q_SIGNALS:
 
     /// A player's state has changed. The name is "com.apple.Music.playerInfo" or
     /// "com.spotify.client.PlaybackStateChanged"; the information holds strings for the keys
-    /// "Name", "Artist" and "Player State" ("Playing", "Paused" or "Stopped"), without what is not
-    /// known.
+    /// "Name", "Artist" and "Player State" ("Playing", "Paused" or "Stopped"); unknown ones are
+    /// left out.
     void received(const QString &name, const QVariantMap &information);
 };
 

@@ -28,7 +28,7 @@ struct PowerSource {
 class PowerSources : public QObject {
     Q_OBJECT
 public:
-    /// The sources in their own order; nothing when they cannot be found out.
+    /// The sources in the system's order; nullopt if they are unknown.
     using Reading = std::optional<QList<PowerSource>>;
     /// Called once on the main thread, never before read() has returned, unless the object is
     /// destroyed first.

@@ -5,7 +5,7 @@
 
 namespace perchly {
 
-/// One window that shows what is in a file, or where a link leads, without opening it. Nothing
+/// One window that previews a file, or shows a link's address, without opening it. Nothing
 /// that it shows is ever run. Nothing blocks. Main thread only.
 class QuickLook {
 public:

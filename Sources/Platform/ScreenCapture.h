@@ -12,8 +12,8 @@ namespace perchly {
 class ScreenCapture {
 public:
     /// Called once on the main thread, never before the call has returned, with the exit status of
-    /// the capture: 0 when it was not refused or given up, -1 when it could not be started. Whether
-    /// there is a picture, the file itself tells.
+    /// the capture: 0 on success, -1 if it could not be started. Whether
+    /// there is a picture shows in whether the file exists.
     using Completion = std::function<void(int status)>;
 
     virtual ~ScreenCapture() = default;

@@ -61,7 +61,7 @@ bool isShown(const CalendarSources &sources, const CalendarSource &source, int d
 }
 
 /// An expression in the service's query language. It must not evaluate rules: a thousand take it
-/// seconds. An exception that was moved out of the window counts, too.
+/// seconds. Exceptions moved out of the window are needed, too.
 QString query(const TimeWindow &window) {
     const auto time = [](std::int64_t seconds) {
         return QDateTime::fromSecsSinceEpoch(seconds, QTimeZone::utc())

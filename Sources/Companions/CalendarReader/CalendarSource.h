@@ -11,7 +11,7 @@ struct CalendarSource {
     QString uid;
     QString parent; ///< UID of the account or group
     QString name;
-    QString kind; ///< the backend; empty for what is no calendar
+    QString kind; ///< the backend; empty if it is not a calendar
     QString file; ///< path or URL of a local calendar that is not in the usual place
     bool isOnlineAccount = false;
     bool isShown = true; ///< neither disabled nor hidden

@@ -6,7 +6,7 @@
 
 namespace perchly {
 
-/// What is shown of a file that has nothing else to show: its icon, name, kind and size.
+/// The view of a file without a preview: its icon, name, kind and size.
 class FactsView : public QWidget {
     Q_OBJECT
 public:

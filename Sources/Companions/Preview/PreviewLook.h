@@ -4,7 +4,7 @@
 #include <QFont>
 #include <QString>
 
-/// Colours and type of the preview's window, those of the rest of the program.
+/// Colours and fonts of the preview window, the same as in the program.
 namespace perchly::previewlook {
 
 inline constexpr QColor background(11, 13, 15);

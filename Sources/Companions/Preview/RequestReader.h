@@ -7,7 +7,7 @@
 
 namespace perchly {
 
-/// What is to be shown, as the program asks for it.
+/// One request of the main program.
 struct PreviewRequest {
     QList<QUrl> items;
     qsizetype index = 0; ///< one of the items

@@ -6,7 +6,7 @@ struct xcb_connection_t;
 
 namespace perchly {
 
-/// What the whole X screen shows, in pixels; null if its format is unknown. Blocks.
+/// A picture of the whole X screen, in pixels; null if its format is unknown. Blocks.
 [[nodiscard]] QImage takeRootPicture(xcb_connection_t *connection);
 
 } // namespace perchly

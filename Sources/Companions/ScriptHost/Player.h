@@ -9,7 +9,7 @@ namespace perchly {
 
 enum class Playback { Stopped, Paused, Playing };
 
-/// What a media player on the bus says about itself. Times are in seconds and absent when the
+/// A media player's properties on the bus. Times are in seconds and absent when the
 /// player gives none or an impossible one.
 struct Player {
     std::string busName;

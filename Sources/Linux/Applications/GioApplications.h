@@ -7,7 +7,7 @@
 
 namespace perchly {
 
-/// Opens applications and links by GIO. Destroying it cancels what is under way; no completion is
+/// Opens applications and links by GIO. Destroying it cancels pending launches; no completion is
 /// called after that.
 class GioApplications : public Applications {
 public:

@@ -52,7 +52,7 @@ void CalendarReading::take(const QString &source, const QByteArray &answer, bool
     isRead = isRead && stream.status() == QDataStream::Ok;
     isComplete = isComplete && isRead;
     Contents &last = contents[source];
-    // A file that stays damaged is not just being written: then show what is left of it.
+    // A file that stays damaged is not just being written: show its readable part.
     if (!isRead || (!now.isWhole && last.isWhole && last.kept < maxKept)) {
         ++last.kept;
     } else {

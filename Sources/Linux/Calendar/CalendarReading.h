@@ -7,7 +7,7 @@
 
 namespace perchly {
 
-/// What the companion found and read.
+/// The calendars that the companion found, and their events.
 struct CalendarReading {
     struct Contents {
         QList<CalendarEvent> events;
@@ -20,7 +20,7 @@ struct CalendarReading {
     bool isComplete = true;            ///< the service and all calendars answered
 
     CalendarReading() = default;
-    /// Starts with what was read earlier.
+    /// Starts with the events of an earlier reading.
     CalendarReading(CalendarList found, const CalendarReading &earlier);
 
     /// Takes the companion's answer about a calendar, or that it failed.

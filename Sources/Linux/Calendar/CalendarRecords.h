@@ -4,7 +4,7 @@
 #include <QList>
 #include <QStringList>
 
-/// What the calendar companion answers, on a QDataStream. To "list", a CalendarList. To "events",
+/// The calendar companion's output, a QDataStream. For "list", a CalendarList. For "events",
 /// `true` before each event (identifier, title, start, end, all-day, URL, location, notes; times in
 /// seconds since 1970; a missing text is null, a long one cut); then `false`, and whether the
 /// calendar was undamaged.
@@ -18,8 +18,8 @@ struct FoundCalendar {
 
 struct CalendarList {
     QList<FoundCalendar> calendars;
-    QStringList folders; ///< where calendars come, go and change; they need not exist
-    /// The same for Evolution Data Server, which also writes when it is only asked.
+    QStringList folders; ///< to watch for changes; they need not exist
+    /// Those of Evolution Data Server, which also writes there when it is read.
     QStringList serviceFolders;
     bool isServiceMute = false; ///< it did not say which calendars it has
 };

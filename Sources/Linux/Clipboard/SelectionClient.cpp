@@ -168,7 +168,7 @@ SelectionAnswer SelectionClient::take(xcb_window_t window, qsizetype maxBytes) {
     SelectionAnswer answer{Outcome::Delivered, property->type, property->format, {}};
     const int length = xcb_get_property_value_length(property.get());
     if (property->bytes_after > 0) {
-        xcb_delete_property(x, window, name); // the server deletes only what is read completely
+        xcb_delete_property(x, window, name); // the server deletes only completely read properties
     }
     if (property->bytes_after > 0 || length > maxBytes) {
         answer.outcome = Outcome::TooLong;

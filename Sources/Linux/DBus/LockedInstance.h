@@ -20,7 +20,7 @@ public:
     LockedInstance();
 
     /// With an instance that does not answer it takes a second and says so on stderr. Where no lock
-    /// can be made it says so too and is true: better two instances than none.
+    /// can be written it reports that, too, and returns true: better two instances than none.
     [[nodiscard]] bool claim() override;
 
 private:

@@ -8,7 +8,7 @@
 
 namespace perchly {
 
-/// A connection to the session bus that is made again when the bus has gone and is back. It never
+/// A connection to the session bus that reconnects when the bus restarts. It never
 /// waits for a bus that does not answer, apart from one second at the start. Main thread only.
 class SessionBus : public QObject {
     Q_OBJECT

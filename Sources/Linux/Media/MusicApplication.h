@@ -12,7 +12,7 @@ struct MusicApplication {
     std::string path;       ///< the entry's absolute path
 };
 
-/// What opens music: the user's default for audio/mpeg, then for audio/flac, if that is a music
+/// The music application: the default for audio/mpeg, then for audio/flac, if that is a music
 /// player; else the first installed one that is; else the default whatever it is. A music player
 /// has the category "Player" or opens audio files, and is not a tool for video, television, mixing,
 /// recording or making music. Reads many small files, so not on the main thread.

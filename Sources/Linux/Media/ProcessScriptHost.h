@@ -7,7 +7,7 @@
 
 namespace perchly {
 
-/// Runs the companion as child processes, each watched by a pool thread.
+/// Runs the companion as child processes, at most four at a time.
 class ProcessScriptHost : public ScriptHost {
 public:
     /// The companion's absolute path; empty when there is none.

@@ -39,7 +39,7 @@ void answerLater(Completion completion, const Value &value) {
         [completion = std::move(completion), value] { completion(value); }, Qt::QueuedConnection);
 }
 
-/// Holds for the run only.
+/// Kept in memory only.
 class NullPreferences : public Preferences {
 public:
     std::optional<PreferenceValue> value(const QString &key) const override {
@@ -202,7 +202,7 @@ public:
     void open() override {}
 };
 
-/// Nothing is ever copied, and what is written goes nowhere.
+/// Reports no copies and discards writes.
 class NullPasteboard : public Pasteboard {
 public:
     qint64 changeCount() const override { return m_count; }

@@ -15,7 +15,7 @@ namespace perchly {
 
 class PipeWireConnection;
 
-/// What the server has announced: who plays, and where to. Clients and streams with the same pid
+/// The server's objects: who plays, and where to. Clients and streams with the same pid
 /// are one process until it ends, since programs close and open connections. Numbers of processes
 /// are not used again; an output of the same name keeps its number. Main thread only.
 class AudioGraph : public QObject {

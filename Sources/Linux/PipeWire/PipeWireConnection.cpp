@@ -33,7 +33,7 @@ struct PipeWireConnection::Callbacks {
         }
     }
 
-    /// All other errors come from objects that have gone.
+    /// All other errors concern removed objects.
     static void error(void *data, std::uint32_t id, int, int result, const char *) {
         auto &self = *static_cast<PipeWireConnection *>(data);
         if (id == PW_ID_CORE && result == -EPIPE) {

@@ -14,8 +14,8 @@ class AudioGraph;
 class PipeWireConnection;
 class RouteKeeper;
 
-/// One route through PipeWire: a sink to which the process' streams are sent, and a stream that
-/// plays what the sink captures. The streams are sent only when both run, so that nothing is lost.
+/// One route through PipeWire: a sink for the process's streams, and a stream that
+/// plays the sink's sound. The streams are moved only when both run, so that nothing is lost.
 class PipeWireRoute : public QObject, public AudioRoute {
     Q_OBJECT
 public:

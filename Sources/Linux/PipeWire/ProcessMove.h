@@ -27,7 +27,7 @@ public:
     /// Does nothing before begin(). Streams that somebody else has moved stay there.
     void undo();
 
-    /// The streams sent there.
+    /// The nodes of the streams that were moved to the target.
     [[nodiscard]] QList<std::uint32_t> streams() const { return m_before.keys(); }
 
 Q_SIGNALS:

@@ -13,7 +13,7 @@ namespace perchly {
 
 class LoopEvent;
 
-/// What the real-time thread does in each cycle of the server's graph: captured frames go into the
+/// The real-time thread's work in each cycle of the server's graph: captured frames go into the
 /// ring, and within the same cycle, frames of the ring are played.
 class RouteCycle {
 public:

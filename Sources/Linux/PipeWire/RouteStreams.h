@@ -26,7 +26,7 @@ public:
                  std::shared_ptr<AudioRingBuffer> ring, std::function<void()> running);
     ~RouteStreams();
 
-    /// What the real-time thread does. Must not be changed once it is open.
+    /// The code of the real-time thread. Must not be changed once it is open.
     [[nodiscard]] RouteCycle &cycle() { return m_cycle; }
 
     // 0, or a negative error number. They do not wait for the server; isIntact() turns false if it

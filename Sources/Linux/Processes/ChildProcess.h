@@ -52,7 +52,7 @@ public:
     /// when the child has exited.
     void end();
 
-    /// Drops the completion, and does with the child what was agreed.
+    /// Drops the completion and, with OnStop::EndChild, ends the child.
     void abandon();
 
 Q_SIGNALS:

@@ -7,7 +7,7 @@ class QWindow;
 
 namespace perchly {
 
-/// What the panel's window tells the X server beyond what Qt does, in order with Qt's own requests.
+/// X11 requests for the panel's window that Qt does not make, in order with Qt's own.
 
 /// Sets flags and format; call it before the window is created.
 void preparePanel(QWindow &panel);

@@ -116,7 +116,7 @@ void StackingGuard::check() {
     Q_EMIT raiseWanted();
 }
 
-/// What the windows above do to ours; one that is allowed there protects the others from a raise.
+/// How the windows above cover ours. If one of them is allowed to, the panel is not raised at all.
 StackingGuard::Cover StackingGuard::cover() {
     const auto geometryCookie = xcb_get_geometry(m_connection.get(), m_window);
     const auto treeCookie = xcb_query_tree(m_connection.get(), m_connection.root());

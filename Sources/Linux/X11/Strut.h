@@ -29,7 +29,7 @@ struct Strut {
                                               const QList<quint32> &whole);
 };
 
-/// What the struts leave of a display, in pixels; the whole display if that is nothing.
+/// The part of a display without the struts, in pixels; the whole display if nothing would be left.
 ///
 /// A strut counts only for a display that it ends in: a panel between two displays has to reserve
 /// everything up to the X screen's edge, but means only its own display.

@@ -7,7 +7,7 @@
 
 namespace perchly {
 
-/// Keeps what the windows of the desktop reserve along the screen's edges. Empty without a window
+/// Keeps the struts of all windows along the screen's edges. Empty without a window
 /// manager, which maintains the list of windows. Main thread only.
 class StrutWatcher : public QObject {
     Q_OBJECT

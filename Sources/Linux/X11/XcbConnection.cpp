@@ -128,7 +128,7 @@ void *XcbConnection::waitForReply(unsigned int sequence) {
     }
     std::free(error);
     m_isStalled = false;
-    // libxcb may have read events along with the reply; the socket no longer tells of those.
+    // libxcb may have read events along with the reply; the socket does not signal those.
     QMetaObject::invokeMethod(this, &XcbConnection::drain, Qt::QueuedConnection);
     return answer;
 }

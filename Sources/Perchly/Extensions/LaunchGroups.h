@@ -39,7 +39,7 @@ public:
                  const HeldFiles &held, Notice notice, QObject *parent = nullptr);
 
     [[nodiscard]] const QList<LaunchGroup> &list() const { return m_groups; }
-    /// Saves what the shelf shows and the tray holds under the name, trimmed; a blank name does
+    /// Saves the shown applications and the held files under the name, trimmed; a blank name does
     /// nothing.
     Q_INVOKABLE void save(const QString &name);
     /// Asks the desktop to open everything of the group, in order. A notice names the last one in

@@ -10,7 +10,7 @@ class Preferences;
 class ShelfLibrary;
 class Snippets;
 
-/// Everything at hand that matches a search, in one list: installed applications, the quick note,
+/// All matches of a search, in one list: installed applications, the quick note,
 /// copied texts and pictures, pinned snippets, held files and links, each kind below its title. The
 /// fields are "kind" ("title", "app", "note", "clip", "snippet" or "held"), "label" (the whole
 /// note, else cut to what can be shown) and "target" (an application's path, a clip's id, a
@@ -44,7 +44,7 @@ private:
     const HeldFiles &m_held;
     const Preferences &m_preferences;
     QString m_query;            ///< everything matches an empty one
-    bool m_editingNote = false; ///< the note stays, whatever it says
+    bool m_editingNote = false; ///< the note stays in the list even if it does not match
 };
 
 } // namespace perchly

@@ -1,8 +1,8 @@
 import QtQuick
 import Perchly.Look
 
-/// The picture of an application, which is read on another thread; a generic one for what has none,
-/// or is gone. It is as wide as it is high.
+/// The picture of an application, which is read on another thread; a generic one if it has none,
+/// or is uninstalled. It is square.
 Item {
     id: root
 

@@ -14,9 +14,9 @@ namespace perchly {
 class DragSource : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT
-    /// What is dragged; without any, nothing is.
+    /// The URLs to drag; if there are none, no drag starts.
     Q_PROPERTY(QList<QUrl> urls MEMBER m_urls NOTIFY urlsChanged FINAL)
-    /// What is seen beside the pointer.
+    /// The text shown beside the pointer.
     Q_PROPERTY(QString label MEMBER m_label NOTIFY labelChanged FINAL)
     Q_PROPERTY(bool dragging READ dragging NOTIFY draggingChanged FINAL)
 public:

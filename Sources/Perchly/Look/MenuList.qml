@@ -31,7 +31,7 @@ T.Popup {
         }
     }
 
-    /// Goes to the next option that begins with what was typed.
+    /// Goes to the next option that begins with the typed text.
     function find(typed: var) {
         const wanted = typed.toLocaleLowerCase();
         const fits = option => option.toLocaleLowerCase().startsWith(wanted);

@@ -10,11 +10,11 @@ Flickable {
     required property string label
     /// Shown while there is no text.
     property string placeholder: ""
-    /// What is edited: bind it; `edited` tells of changes.
+    /// The text. Bind it; `edited` reports the user's changes.
     property string note: ""
     readonly property alias edit: edit
     /// Edits that make the note longer than this are undone, with a warning. A longer note may
-    /// only shrink. Qt lays out the whole text at each key, which takes 25 ms at this length.
+    /// only shrink. Qt lays out the whole text at each keystroke, which takes 25 ms at this length.
     property int maxLength: 20000
     property bool isTooLong: false
     readonly property real line: hint.implicitHeight

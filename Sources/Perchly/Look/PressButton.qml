@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// A button made of whatever is put inside it. While it is pressed its content is a little smaller
+/// A button around any content. While it is pressed its content is a little smaller
 /// and dimmer. Space and Return press it when it has the keyboard.
 MouseArea {
     id: root
@@ -33,7 +33,7 @@ MouseArea {
             root.activated();
         }
     }
-    /// A key that is held presses once.
+    /// A held key presses once.
     function pressByKey(event: KeyEvent) {
         if (!event.isAutoRepeat) {
             root.press();

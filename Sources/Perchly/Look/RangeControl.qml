@@ -19,7 +19,7 @@ FocusScope {
     signal asked(real value)
 
     function ask(value: real) {
-        // Without what the arithmetic of steps leaves behind the fourth decimal.
+        // Rounded to four decimals, to remove floating-point errors of repeated steps.
         const rounded = Math.round(value * 1e4) / 1e4;
         const wanted = Math.max(root.from, Math.min(root.to, rounded));
         if (wanted !== root.current) {

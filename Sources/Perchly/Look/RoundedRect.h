@@ -12,7 +12,7 @@ class RoundedRect : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QColor color MEMBER m_color NOTIFY changed FINAL)
-    /// Where it is valid, the colour runs from `color` at the top to this one.
+    /// If valid, the fill is a gradient from `color` at the top to this at the bottom.
     Q_PROPERTY(QColor bottomColor MEMBER m_bottomColor NOTIFY changed FINAL)
     Q_PROPERTY(double radius MEMBER m_radius NOTIFY changed FINAL)
     /// The border lies inside the rectangle; there is none while its width is 0.

@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// The plate of one row of a ScrollList. What is put inside gives it its height.
+/// The background of one row of a ScrollList. Its children determine the height.
 FocusScope {
     id: root
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// Content that may be higher than the room for it. What is put inside is laid out from top to
+/// A scrollable column. Its children are laid out from top to
 /// bottom, as wide as the area.
 Item {
     id: root

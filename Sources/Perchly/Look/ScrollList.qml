@@ -145,7 +145,7 @@ Item {
         view.positionViewAtBeginning();
     }
 
-    /// Brings the row into view as soon as it has grown by what was just done to it.
+    /// Scrolls to the row once its height has changed.
     function follow(row) {
         growing.target = row;
     }
@@ -234,7 +234,7 @@ Item {
     Keys.onRightPressed: event => event.accepted = root.moveAlong(1)
     Keys.onUpPressed: event => root.step(event, -1)
 
-    // A control takes Tab before the list could hear of it.
+    // Shortcuts: a focused control would consume Tab before the list's Keys handlers.
     Shortcut {
         enabled: view.activeFocus
         sequence: "Tab"

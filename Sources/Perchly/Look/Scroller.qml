@@ -2,8 +2,8 @@ import QtQuick
 import QtQuick.Templates as T
 import Perchly.Look
 
-/// Scrolls the view that it lies upon: by the wheel, by Page Up and Down, by a thin bar at its right,
-/// and to whatever inside it has the keyboard.
+/// Scrolls the view below it: by the wheel, by Page Up and Down, by a thin bar at its right,
+/// and to the focused item inside it.
 Item {
     id: root
 

@@ -62,7 +62,7 @@ FocusScope {
             event.accepted = input.text !== "";
             input.clear();
         }
-        // What is held accepts once.
+        // A held key accepts once.
         Keys.onReturnPressed: event => event.accepted = event.isAutoRepeat
         Keys.onEnterPressed: event => event.accepted = event.isAutoRepeat
         onAccepted: root.accepted()

@@ -3,7 +3,7 @@ import Perchly.Look
 
 /// Gives its parent a tooltip: after the pointer has rested on it for a moment, the text appears in a
 /// small window of its own, since the collapsed shelf has no room for one. Until then there is none.
-/// What it says follows the text.
+/// An open tooltip follows changes of `text`.
 Item {
     id: root
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// A tooltip's window. It never takes the keyboard nor the pointer.
+/// A tooltip's window. It takes neither the keyboard nor the pointer.
 Window {
     id: root
 

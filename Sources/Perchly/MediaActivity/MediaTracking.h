@@ -13,8 +13,8 @@ class PlayerNotifications;
 class ScriptHost;
 class ShelfModel;
 
-/// Keeps the model's picture of what plays. A poll of the desktop's media session comes first;
-/// while that has nothing, what the music application and Spotify announce is shown instead.
+/// Keeps the model's `media` current. A poll of the desktop's media session comes first;
+/// without one, the signals of the music application and Spotify are used.
 /// Carries out the commands that the model announces. Main thread only.
 class MediaTracking : public QObject {
     Q_OBJECT

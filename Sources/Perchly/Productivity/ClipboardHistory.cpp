@@ -68,7 +68,7 @@ void ClipboardHistory::watch() {
     if (m_timer || m_pasteboard.changeCount() == m_count) {
         return;
     }
-    // First, so that what is copied while nothing is recorded never is.
+    // First, so that copies made while recording is off are never recorded.
     m_count = m_pasteboard.changeCount();
     read([this](const PasteboardContent &content) { record(content); });
     m_timer = m_clock.after(minPeriod, [this] {

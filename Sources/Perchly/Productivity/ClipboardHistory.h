@@ -14,7 +14,7 @@ namespace perchly {
 class Pasteboard;
 struct PasteboardContent;
 
-/// One entry of the clipboard history: a text or a picture. Copies share what they hold.
+/// One entry of the clipboard history: a text or a picture. C++ copies share their data.
 struct Clip {
     QUuid id = QUuid::createUuid();
     QString text = {};
@@ -30,7 +30,7 @@ struct Clip {
     [[nodiscard]] bool isImage() const { return !image.isEmpty(); }
 };
 
-/// What was copied in this session, if the user wants it kept, and what this program copies. As
+/// The copies of this session, if the user enabled that, and the writes to the clipboard. As
 /// rows, the clips that match the search: "id", "label", cut to what can be shown, "isBlank" if
 /// there is nothing to see in it, "isImage" and "text". Main thread only.
 class ClipboardHistory : public perchly::KeyedRows {

@@ -22,7 +22,7 @@ public:
     explicit HeldFiles(OpenPanel &openPanel, QObject *parent = nullptr);
 
     [[nodiscard]] const QList<QUrl> &urls() const { return m_urls; }
-    /// Adds what is not held yet. Only local files and http and https links are taken.
+    /// Adds the URLs that are not held yet; only local files and http and https links.
     Q_INVOKABLE void hold(const QList<QUrl> &urls);
     /// The same for a dropped "text/uri-list", which shows how each scheme was written, unlike a
     /// QUrl: links in capitals are not taken. False, and nothing happens, if it lists nothing.

@@ -22,7 +22,7 @@ ShelfHotKey::ShelfHotKey(HotKeys &hotKeys, ShellActions &shell, Productivity &pr
     , m_productivity(productivity) {}
 
 void ShelfHotKey::registerChords() {
-    // Queued: what a press does must not run inside the host's handling of the press.
+    // Queued: the action must not run inside the host's event handler.
     connect(&m_hotKeys, &HotKeys::pressed, this, &ShelfHotKey::perform, Qt::QueuedConnection);
 
     const bool toggle = m_hotKeys.registerChord(toggleIdentifier, {Qt::Key_Space, controlOption});

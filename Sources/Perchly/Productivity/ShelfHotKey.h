@@ -17,7 +17,7 @@ public:
     ShelfHotKey(HotKeys &hotKeys, ShellActions &shell, Productivity &productivity,
                 QObject *parent = nullptr);
 
-    /// Takes both chords. One that cannot be had is reported as the workspace store's message; the
+    /// Registers both chords. If one fails, the workspace shows a message; the
     /// toggle's report wins when both fail. Call it once.
     void registerChords();
 

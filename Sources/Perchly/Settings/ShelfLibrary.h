@@ -12,8 +12,8 @@ class ApplicationCatalog;
 class OpenPanel;
 class Preferences;
 
-/// The shelf's entries in their order; as rows, "entry" is the ShelfItem. Every change is stored at
-/// once: what is stored is always what the library holds. Main thread only.
+/// The shelf's entries in their order; as rows, "entry" is the ShelfItem. Every change is stored
+/// immediately. Main thread only.
 class ShelfLibrary : public perchly::KeyedRows {
     Q_OBJECT
     Q_PROPERTY(QList<perchly::ShelfItem> shown READ shown NOTIFY shownChanged FINAL)
@@ -49,7 +49,7 @@ public:
     /// Lets the user choose applications anywhere and adds them in order; returns at once.
     Q_INVOKABLE void browse();
 
-    /// What the strip shows and ⌘1 to ⌘9 launch.
+    /// The visible entries: the strip shows them, and Ctrl+1 to Ctrl+9 launch the first nine.
     [[nodiscard]] QList<ShelfItem> shown() const;
 
     /// Appends the item, or makes the one with its identifier visible again as it was.

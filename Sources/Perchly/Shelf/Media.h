@@ -4,7 +4,7 @@
 
 namespace perchly {
 
-/// What is playing, and where.
+/// The current track and its player.
 struct Media {
     bool active = false; ///< something plays or is paused
     bool playing = false;

@@ -16,7 +16,7 @@ class AlertSound;
 class Preferences;
 
 /// The shelf's observable state: whether it is open, how its collapsed form is laid out, its pinned
-/// widgets, what is playing, and the focus timer.
+/// widgets, the current track, and the focus timer.
 ///
 /// Every setter assigns and then announces, also when the value is the one it had. Optional strings
 /// are null (`isNull()`) when absent. Main thread only.
@@ -90,11 +90,11 @@ public:
     Q_INVOKABLE void setLeftTitle(const QString &title);
     Q_INVOKABLE void setRightTitle(const QString &title);
 
-    /// One line that says what goes on.
+    /// One line of status text.
     [[nodiscard]] QString activity() const { return m_activity; }
     void setActivity(const QString &activity);
 
-    /// What is playing. Announced only when it differs.
+    /// The current track. Announced only if it differs.
     [[nodiscard]] const Media &media() const { return m_media; }
     void setMedia(const Media &media);
     [[nodiscard]] bool playing() const { return m_media.playing; }

@@ -27,7 +27,7 @@ namespace perchly {
 
 struct Hosts;
 
-/// What the shell shows but does not make itself. An empty view leaves its window without content.
+/// The icon and views that main.cpp gives the shell. An empty view leaves its window empty.
 struct ShellResources {
     QIcon statusIcon = {}; ///< also the windows' icon
     QUrl shelfView = {};
@@ -73,7 +73,7 @@ public:
     void handleReleased() override { m_drag.release(handlePosition()); }
     void handleCanceled() override { m_drag.cancel(handlePosition()); }
 
-    /// Performs what a second start or the desktop asks of the running program.
+    /// Performs an action requested by a second start or the desktop.
     void perform(const QString &action);
 
 private:

@@ -5,7 +5,7 @@
 
 namespace perchly {
 
-/// What makes one auxiliary window different from another.
+/// The properties of one auxiliary window.
 struct WindowContent {
     enum class Buttons { CloseMinimizeMaximize, CloseMaximize };
 

@@ -11,7 +11,7 @@ class ShelfOpener;
 class ShelfPanel;
 class ShelfPlacement;
 
-/// What a press on the shelf's header becomes: a click, which toggles keyboard mode, or, from 8
+/// Turns a press on the shelf's header into a click, which toggles keyboard mode, or, from 8
 /// points of movement on, a drag to another place. Positions are the pointer's. All arguments must
 /// outlive it. Main thread only.
 class ShelfDrag {

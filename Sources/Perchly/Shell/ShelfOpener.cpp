@@ -54,8 +54,8 @@ void ShelfOpener::pointerAt(ScreenPoint pointer) {
     watchForJumps(pointer);
 }
 
-/// When the pointer jumps off the open shelf, the panel's leave event tells. Only polling does
-/// where the frame is larger than what the panel shows.
+/// A pointer that jumps off the open shelf sends the panel a leave event. Polling is needed only
+/// where the frame is larger than the panel's shape.
 void ShelfOpener::watchForJumps(ScreenPoint pointer) {
     m_hosts.pointer->setPolling(m_model.expanded() && !m_panel.takesPointer(pointer) &&
                                 m_placement.frame(ShelfSize::Expanded).contains(pointer));

@@ -8,7 +8,7 @@
 
 namespace perchly {
 
-/// What the mixer does to the processes that it has routed. One has a level exactly while it is
+/// The volumes of the routed processes. A process has an entry exactly while it is
 /// routed.
 struct MixerLevels {
     std::map<AudioObject, float> levels; ///< 0…1

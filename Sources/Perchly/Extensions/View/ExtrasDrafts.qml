@@ -1,6 +1,6 @@
 import QtQuick
 
-/// What was typed into the sections' fields, for as long as their window lives.
+/// The unsaved text of the sections' fields, kept while their window exists.
 QtObject {
     property string query: ""
     property string link: ""

@@ -2,7 +2,7 @@ import QtQuick
 import Perchly.Look
 import Perchly.Extensions
 
-/// One line of the search's results: the title of a kind, the note, or what a press acts upon.
+/// One row of the search results: a group's title, the note, or an entry to open or copy.
 FocusScope {
     id: root
 
@@ -21,7 +21,7 @@ FocusScope {
 
     /// What Return in the field opens.
     property bool first: false
-    /// Kept for another row; nobody may find it meanwhile.
+    /// In the view's pool for reuse: hidden, from assistive programs too.
     property bool pooled: false
     readonly property bool takesKeyboard: false
     readonly property bool selectable: false

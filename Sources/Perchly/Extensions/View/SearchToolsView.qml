@@ -6,7 +6,7 @@ import Perchly.Look
 import Perchly.Stores
 import Perchly.Extensions
 
-/// One field over everything at hand. Return opens the first application that matches; the arrows
+/// One search over everything. Return opens the first application that matches; the arrows
 /// go through all rows, and typing goes on in the field wherever the keyboard is.
 ColumnLayout {
     id: root

@@ -12,8 +12,8 @@
 namespace perchly {
 
 /// The picture of an entry of the clipboard history, fitted into the item and decoded in the
-/// background. Only what is shown is kept. Nothing is shown, and `found` is false, until then and
-/// where the entry holds neither a PNG nor a TIFF that can be decoded.
+/// background. Only the scaled picture is kept. Nothing is shown, and `found` is false, until then
+/// and where the entry holds neither a PNG nor a TIFF that can be decoded.
 class ClipPicture : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT

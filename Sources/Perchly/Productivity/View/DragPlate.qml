@@ -2,7 +2,7 @@ import QtQuick
 import Perchly.Look
 
 /// The plate of something that can be dragged into another program, which gets the files and links
-/// themselves. What is put inside lies on it and takes its own presses.
+/// themselves. Its children lie on top and handle their own presses.
 RowCard {
     id: root
 

@@ -31,7 +31,7 @@ WindowBody {
     readonly property list<string> sections: Object.keys(root.views)
     readonly property string section: root.extras.section
 
-    /// What was typed into the sections' fields.
+    /// The unsaved text of the sections' fields.
     readonly property ExtrasDrafts drafts: ExtrasDrafts {}
 
     /// Shows the chosen section, or the device; who had the keyboard in the one before has it there.

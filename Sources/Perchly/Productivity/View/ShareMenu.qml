@@ -4,7 +4,7 @@ import QtQuick
 import Perchly.Look
 import Perchly.Stores
 
-/// The button that opens a menu of what a file or link can be sent to.
+/// The button with the menu of programs that a file or link can be sent to.
 IconButton {
     id: root
 

@@ -5,7 +5,7 @@ import QtQuick.Layouts
 import Perchly.Look
 import Perchly.Stores
 
-/// The content of the settings window: what the shelf shows, and how.
+/// The content of the settings window: the shelf's entries, applications and preferences.
 WindowBody {
     id: root
 

@@ -105,7 +105,7 @@ Item {
                 to: 1
             }
         }
-        // Where room is short the names give way, not what the player does.
+        // If space is short, the names are elided first, not the player's controls.
         Item {
             id: second
 

@@ -37,7 +37,7 @@ Item {
     Accessible.name: "Your shelf"
     Accessible.role: Accessible.Grouping
 
-    /// Pages and takes the keyboard along, so that it is never on an entry out of sight.
+    /// Turns the page and moves the focus along, so that no hidden entry has it.
     function page(on: bool) {
         if (on) {
             root.goOn();

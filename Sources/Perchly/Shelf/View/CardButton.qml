@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// A word on a small plate, for what a card offers to do.
+/// A small text button on a card.
 PressButton {
     id: root
 

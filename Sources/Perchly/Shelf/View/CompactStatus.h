@@ -11,7 +11,7 @@
 
 namespace perchly {
 
-/// What the collapsed shelf says: the most important thing under way, as a symbol, a word and a
+/// The collapsed shelf's text: the most important activity, as a symbol, a word and a
 /// title. The two stores are set once, in either order; until both are, everything is empty.
 class CompactStatus : public QObject {
     Q_OBJECT

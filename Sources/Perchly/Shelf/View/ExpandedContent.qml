@@ -3,7 +3,7 @@ import Perchly.Look
 import Perchly.Stores
 import Perchly.Shelf
 
-/// What the open shelf shows, in its natural size: the header, the rows below it and, at a side, the
+/// The open shelf's content in its natural size: the header, the rows below it and, at a side, the
 /// edge by which it is dragged. Every row's height is known beforehand, so that the outline can grow
 /// to it without waiting for a layout.
 Item {

@@ -12,7 +12,7 @@ FocusScope {
     required property ShelfPreferences preferences
     required property ShellActions shell
 
-    /// What the chooser belongs to; null while there is none.
+    /// The item that the chooser is attached to; null while it is closed.
     property Item anchorItem: null
     readonly property bool open: root.anchorItem !== null
     /// The widget whose side is being chosen, or empty.

@@ -6,7 +6,7 @@ import Perchly.Shelf
 /// The whole content of the shelf's panel: the pill at the top of the display or the strip at its
 /// side, and what it opens into.
 ///
-/// The panel is larger than what is drawn: by `shadowMargin` on every side that does not lie at the
+/// The panel exceeds the drawn shelf: by `shadowMargin` on every side that does not lie at the
 /// display's edge, and, from just before the shelf opens until it has closed, by the room that the
 /// open shelf takes. The outline moves between `restRect` and `openRect` in it. `shapeRect` and
 /// `shapeRadius` tell the panel where the outline is at rest, for its mask and its input region.
@@ -42,7 +42,7 @@ FocusScope {
     readonly property alias sideReveal: sideReveal
     /// A chooser is open, which takes the next press wherever it is.
     readonly property bool choosing: root.content?.choosing ?? false
-    /// What the open shelf shows, once it is made.
+    /// The open shelf's content; null until it is created.
     readonly property ExpandedContent content: expandedContent.item as ExpandedContent
     readonly property rect shapeRect: root.expanded ? layout.openRect : layout.restRect
     readonly property real shapeRadius: root.expanded ? layout.openRadius : layout.restRadius
@@ -72,7 +72,7 @@ FocusScope {
         edgeHandle.byChance = headerHandle.byChance;
         root.reveal();
         if (!root.expanded) {
-            root.forceActiveFocus(); // not on a button that nobody sees any more
+            root.forceActiveFocus(); // not on a hidden button
         }
     }
 
@@ -174,7 +174,7 @@ FocusScope {
         }
     }
 
-    // What the open shelf holds stays where it will be; the growing outline uncovers it.
+    // The content is at its final position from the start; the growing outline uncovers it.
     Item {
         id: window
 
@@ -216,8 +216,8 @@ FocusScope {
         }
     }
 
-    // Opening for the first time must be as quick as ever after, so what it shows is made while
-    // nobody waits for it.
+    // Opening for the first time must be as quick as ever after, so its content is created while
+    // the program is idle.
     Timer {
         id: idle
 

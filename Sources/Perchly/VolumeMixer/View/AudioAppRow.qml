@@ -20,7 +20,7 @@ RowCard {
     /// It was enabled here, and grows by its slider.
     signal enabledHere()
 
-    /// What the buttons act upon, for assistive programs.
+    /// The program's accessible name, which the buttons repeat.
     readonly property string subject: root.process === "" ? root.name : root.name + ", " + root.process
 
     Accessible.description: root.process
