@@ -11,8 +11,8 @@ namespace perchly {
 class Zone {
 public:
     /// The second counts unless it is null, and outlives this.
-    Zone(QTimeZone system, icaltimezone *own)
-        : m_system(std::move(system))
+    Zone(const QTimeZone &system, icaltimezone *own)
+        : m_system(system)
         , m_own(own) {}
 
     [[nodiscard]] std::int64_t toClock(std::int64_t moment) const {
