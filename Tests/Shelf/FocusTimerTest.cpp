@@ -1,105 +1,116 @@
-#include "FocusFixture.h"
+#include "FakeClock.h"
+#include "FakePlatform.h"
+#include "FakePreferences.h"
+#include "PreferenceKeys.h"
+#include "ShelfModel.h"
 #include "TestRegistry.h"
 
 #include <QSignalSpy>
 #include <QTest>
 
+#include <limits>
+
 namespace perchly {
+
+using namespace std::chrono_literals;
 
 namespace {
 
 constexpr int maxMinutes = std::numeric_limits<int>::max() / 60;
 
-void perform(FocusFixture &fixture, const QString &steps) {
-    for (const QString &step : steps.split(QStringLiteral(", "))) {
-        if (step == QLatin1StringView("focus")) {
-            fixture.model->focus();
-        } else if (step == QLatin1StringView("break")) {
-            fixture.model->startBreak();
-        } else if (step == QLatin1StringView("pause")) {
-            fixture.model->togglePause();
-        } else if (step == QLatin1StringView("end")) {
-            fixture.model->endFocus();
-        } else {
-            fixture.clock.advance(step == QLatin1StringView("a minute") ? 1min : 60min);
-        }
-    }
-}
+/// A model whose time moves by hand. Values stored before `start` are those of the last run.
+struct FocusFixture {
+    FocusFixture() = default;
 
-QString state(const FocusFixture &fixture) {
-    const ShelfModel &model = *fixture.model;
-    return QStringLiteral("%1%2 %3 (%4), %5 sessions, %6 beeps")
-        .arg(model.running() ? QStringLiteral("runs") : QStringLiteral("rests"))
-        .arg(model.quietFocus() ? QStringLiteral(" quietly") : QString())
-        .arg(model.seconds())
-        .arg(model.isBreak() ? QStringLiteral("break: ") + model.activity() : model.activity())
-        .arg(model.todaySessions())
-        .arg(fixture.sound.played);
-}
+    /// Begins at that time of a day, with four sessions of 100 minutes already done in it.
+    explicit FocusFixture(const QTime &time)
+        : clock(Clock::TimePoint(std::chrono::milliseconds(
+              QDateTime({2026, 9, 21}, time, Qt::UTC).toMSecsSinceEpoch()))) {
+        preferences.setNumber(keys::focusDay, today());
+        preferences.setNumber(keys::focusSessions, 4);
+        preferences.setNumber(keys::focusTotalMinutes, 100);
+    }
+
+    ShelfModel &start() { return model.emplace(clock, preferences, sound); }
+
+    double today() const {
+        return std::chrono::duration<double>(clock.startOfDay().time_since_epoch()).count();
+    }
+
+    /// Sessions and minutes of today in the model, and as they are stored.
+    QString totals() const {
+        return QStringLiteral("%1 in %2, stored %3 in %4")
+            .arg(model->todaySessions())
+            .arg(model->todayMinutes())
+            .arg(preferences.number(keys::focusSessions).value_or(-1))
+            .arg(preferences.number(keys::focusTotalMinutes).value_or(-1));
+    }
+
+    FakeClock clock;
+    FakePreferences preferences;
+    FakeAlertSound sound;
+    std::optional<ShelfModel> model;
+};
 
 } // namespace
 
 class FocusTimerTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void states_data() {
-        QTest::addColumn<QString>("expected");
-        const auto row = [](const char *steps, const char *expected) {
-            QTest::newRow(steps) << QString::fromLatin1(expected);
-        };
-        row("pause, end", "rests 0 (Ready when you are), 0 sessions, 0 beeps");
-        row("focus, a minute, focus", "runs quietly 1500 (Focus session), 0 sessions, 0 beeps");
-        row("focus, a minute, end", "rests 0 (Ready when you are), 0 sessions, 0 beeps");
-        row("focus, an hour, pause, an hour", "rests 0 (Focus complete), 1 sessions, 1 beeps");
-        row("focus, a minute, break, an hour",
-            "rests 0 (break: Break complete), 0 sessions, 1 beeps");
-        row("break, a minute, focus, an hour", "rests 0 (Focus complete), 1 sessions, 1 beeps");
-        row("focus, a minute, pause, an hour, pause",
-            "runs quietly 1440 (Focus session), 0 sessions, 0 beeps");
-        row("focus, a minute, pause, an hour, pause, an hour",
-            "rests 0 (Focus complete), 1 sessions, 1 beeps");
-        row("break, a minute, pause, an hour, pause, a minute",
-            "runs 180 (break: Break), 0 sessions, 0 beeps");
-        row("focus, a minute, pause, end, pause",
-            "rests 0 (Ready when you are), 0 sessions, 0 beeps");
-    }
-
-    void states() {
+    void focusPausesAndCountsOnceComplete() {
         FocusFixture fixture;
-        fixture.start().setQuietFocus(true);
-        perform(fixture, QString::fromLatin1(QTest::currentDataTag()));
-        QTEST(state(fixture), "expected");
-        QCOMPARE(fixture.model->deadline().has_value(), fixture.model->running());
-    }
-
-    void lengths_data() {
-        QTest::addColumn<PreferenceValue>("stored");
-        QTest::addColumn<int>("focusMinutes");
-        QTest::addColumn<int>("breakMinutes");
-        const auto row = [](const char *name, const PreferenceValue &stored, int focus, int pause) {
-            QTest::newRow(name) << stored << focus << pause;
-        };
-        row("a whole number", 50.0, 50, 50);
-        row("negative", -7.0, 1, 1);
-        row("a fraction", 12.5, 25, 5);
-        row("a string", QStringLiteral("50"), 25, 5);
-        row("too many seconds for an int", maxMinutes + 1.0, maxMinutes, maxMinutes);
-    }
-
-    void lengths() {
-        QFETCH(PreferenceValue, stored);
-        QFETCH(int, focusMinutes);
-        QFETCH(int, breakMinutes);
-        FocusFixture fixture;
-        fixture.preferences.values[keys::focusMinutes] = stored;
-        fixture.preferences.values[keys::breakMinutes] = stored;
         ShelfModel &model = fixture.start();
-        model.startBreak();
-        QCOMPARE(model.seconds(), breakMinutes * 60);
+        model.setQuietFocus(true);
         model.focus();
-        QCOMPARE(model.seconds(), focusMinutes * 60);
-        fixture.preferences.setNumber(keys::focusMinutes, 10);
-        QCOMPARE(model.plannedMinutes(), focusMinutes); // credit is the length at the start
+        fixture.clock.advance(1min);
+        model.togglePause();
+        fixture.clock.advance(1h);
+        model.togglePause();
+        QVERIFY(model.running() && model.quietFocus());
+        QCOMPARE(model.seconds(), 24 * 60);
+        fixture.clock.advance(24min);
+        QCOMPARE(model.activity(), QStringLiteral("Focus complete"));
+        model.togglePause(); // there is nothing to resume
+        QVERIFY(!model.running() && !model.quietFocus());
+        QCOMPARE(model.todaySessions(), 1);
+        QCOMPARE(fixture.sound.played, 1);
+    }
+
+    void breakReplacesFocusAndDoesNotCount() {
+        FocusFixture fixture;
+        ShelfModel &model = fixture.start();
+        model.focus();
+        model.startBreak();
+        QCOMPARE(model.activity(), QStringLiteral("Break"));
+        fixture.clock.advance(5min);
+        QCOMPARE(model.activity(), QStringLiteral("Break complete"));
+        QCOMPARE(model.todaySessions(), 0);
+        QCOMPARE(fixture.sound.played, 1);
+        model.focus();
+        fixture.clock.advance(1min);
+        model.focus(); // starts again
+        QCOMPARE(model.seconds(), 25 * 60);
+        model.togglePause();
+        model.endFocus();
+        model.togglePause();
+        QVERIFY(!model.running());
+        QCOMPARE(model.activity(), QStringLiteral("Ready when you are"));
+    }
+
+    void storedLengthsAreBounded() {
+        const auto lengths = [](const PreferenceValue &stored) {
+            FocusFixture fixture;
+            fixture.preferences.values[keys::focusMinutes] = stored;
+            fixture.preferences.values[keys::breakMinutes] = stored;
+            fixture.start().focus();
+            const int minutes = fixture.model->seconds() / 60;
+            fixture.model->startBreak();
+            return QPair(minutes, fixture.model->seconds() / 60);
+        };
+        QCOMPARE(lengths(50.0), QPair(50, 50));
+        QCOMPARE(lengths(-7.0), QPair(1, 1));
+        QCOMPARE(lengths(QStringLiteral("50")), QPair(25, 5));
+        QCOMPARE(lengths(maxMinutes + 1.0), QPair(maxMinutes, maxMinutes));
     }
 
     void pausingRoundsUpAndLateTicksDoNotAddUp() {
@@ -111,37 +122,17 @@ private Q_SLOTS:
         QCOMPARE(model.seconds(), 1409); // of 1408.7
         model.togglePause();
         QCOMPARE(model.seconds(), 1409);
-        fixture.clock.advance(10min);
         model.togglePause();
         fixture.clock.sleepFor(26min);
         model.togglePause(); // after the deadline, before a tick
-        model.togglePause();
         QVERIFY(!model.running() && model.seconds() == 0);
     }
 
-    void settingTheWallClockMovesTheRemainder_data() {
-        QTest::addColumn<int>("minutes");
-        QTest::addColumn<int>("seconds");
-        QTest::newRow("forward") << 10 << 15 * 60 - 1;
-        QTest::newRow("a year back") << -60 * 24 * 365 << (60 * 24 * 365 + 25) * 60 - 1;
-        QTest::newRow("past the deadline") << 26 << 0;
-    }
-
-    void settingTheWallClockMovesTheRemainder() {
-        QFETCH(int, minutes);
-        FocusFixture fixture;
-        fixture.start().focus();
-        fixture.clock.setWallClock(fixture.clock.now() + std::chrono::minutes(minutes));
-        fixture.clock.advance(1s);
-        QTEST(fixture.model->seconds(), "seconds");
-    }
-
-    void itWakesEachSecondOnlyWhileItRuns() {
+    void wakesEachSecondOnlyWhileItRuns() {
         FocusFixture fixture;
         ShelfModel &model = fixture.start();
         const QSignalSpy seconds(&model, &ShelfModel::secondsChanged);
         model.focus();
-        QCOMPARE(fixture.clock.scheduledTasks(), 1);
         const auto before = seconds.size();
         fixture.clock.advance(10s);
         QCOMPARE(seconds.size(), before + 10);
@@ -150,6 +141,44 @@ private Q_SLOTS:
         QCOMPARE(fixture.clock.scheduledTasks(), 1); // the end of the day
         fixture.clock.advance(1h);
         QCOMPARE(seconds.size(), paused);
+    }
+
+    void sessionOverMidnightCountsForTheNewDay() {
+        FocusFixture fixture({23, 50});
+        fixture.start().focus();
+        fixture.preferences.written.clear();
+        fixture.clock.advance(10min);
+        QCOMPARE(fixture.totals(), QStringLiteral("0 in 0, stored 0 in 0"));
+        QCOMPARE(fixture.preferences.number(keys::focusDay), fixture.today());
+        fixture.clock.advance(15min);
+        QCOMPARE(fixture.totals(), QStringLiteral("1 in 25, stored 1 in 25"));
+        // In single writes: killed in between, the totals would count for the wrong day or differ.
+        QCOMPARE(fixture.preferences.written,
+                 (QStringList{QStringLiteral("focusDay+focusSessions+focusTotalMinutes"),
+                              QStringLiteral("focusSessions+focusTotalMinutes")}));
+    }
+
+    void sessionThatEndedInSleepCountsOnWaking() {
+        FocusFixture fixture({14, 0});
+        fixture.start().focus();
+        fixture.clock.sleepFor(20h);
+        fixture.clock.advance(1s);
+        QCOMPARE(fixture.totals(), QStringLiteral("1 in 25, stored 1 in 25"));
+        QVERIFY(!fixture.model->running());
+        QCOMPARE(fixture.sound.played, 1);
+    }
+
+    void settingTheWallClockMovesTheDayAndTheRemainder() {
+        FocusFixture fixture({12, 0});
+        ShelfModel &model = fixture.start();
+        fixture.clock.setWallClock(fixture.clock.now() + 3h);
+        QCOMPARE(fixture.totals(), QStringLiteral("4 in 100, stored 4 in 100"));
+        fixture.clock.setWallClock(fixture.clock.now() - 24h);
+        QCOMPARE(fixture.totals(), QStringLiteral("0 in 0, stored 0 in 0"));
+        model.focus();
+        fixture.clock.setWallClock(fixture.clock.now() + 10min);
+        fixture.clock.advance(1s);
+        QCOMPARE(model.seconds(), 15 * 60 - 1);
     }
 };
 

@@ -56,14 +56,14 @@ void ShelfModel::startCountdown(int minutes, const QString &activity) {
 }
 
 void ShelfModel::focus() {
-    publish(m_isBreak, false, &ShelfModel::isBreakChanged);
+    m_isBreak = false;
     m_plannedMinutes = storedMinutes(keys::focusMinutes, 25);
     startCountdown(m_plannedMinutes, QStringLiteral("Focus session"));
 }
 
 void ShelfModel::startBreak() {
     endFocus();
-    publish(m_isBreak, true, &ShelfModel::isBreakChanged);
+    m_isBreak = true;
     startCountdown(storedMinutes(keys::breakMinutes, 5), QStringLiteral("Break"));
 }
 

@@ -45,7 +45,6 @@ class ShelfModel : public QObject {
     Q_PROPERTY(bool mediaCanSeek READ mediaCanSeek NOTIFY mediaChanged FINAL)
     Q_PROPERTY(int seconds READ seconds NOTIFY secondsChanged FINAL)
     Q_PROPERTY(bool running READ running NOTIFY runningChanged FINAL)
-    Q_PROPERTY(bool isBreak READ isBreak NOTIFY isBreakChanged FINAL)
     Q_PROPERTY(int todaySessions READ todaySessions NOTIFY todaySessionsChanged FINAL)
     Q_PROPERTY(int todayMinutes READ todayMinutes NOTIFY todayMinutesChanged FINAL)
 public:
@@ -115,14 +114,9 @@ public:
     /// The focus timer: seconds left, frozen while it is paused.
     [[nodiscard]] int seconds() const { return m_seconds; }
     [[nodiscard]] bool running() const { return m_running; }
-    /// The current countdown, or the last one, is a break.
-    [[nodiscard]] bool isBreak() const { return m_isBreak; }
     /// Sessions and minutes completed on this local day.
     [[nodiscard]] int todaySessions() const { return m_todaySessions; }
     [[nodiscard]] int todayMinutes() const { return m_todayMinutes; }
-    [[nodiscard]] std::optional<Clock::TimePoint> deadline() const { return m_deadline; }
-    /// Length in minutes of the last focus session that was started; what its completion credits.
-    [[nodiscard]] int plannedMinutes() const { return m_plannedMinutes; }
 
     /// Starts a focus session of the stored length.
     Q_INVOKABLE void focus();
@@ -158,7 +152,6 @@ Q_SIGNALS:
     void controllingChanged();
     void secondsChanged();
     void runningChanged();
-    void isBreakChanged();
     void todaySessionsChanged();
     void todayMinutesChanged();
 
@@ -196,11 +189,11 @@ private:
     bool m_controlling = false;
     int m_seconds = 0;
     bool m_running = false;
-    bool m_isBreak = false;
+    bool m_isBreak = false; ///< of the countdown, or of the last one
     int m_todaySessions = 0;
     int m_todayMinutes = 0;
     std::optional<Clock::TimePoint> m_deadline;
-    int m_plannedMinutes = 25;
+    int m_plannedMinutes = 25; ///< of the last focus session; credited when it completes
     Task m_ticker;
 };
 
