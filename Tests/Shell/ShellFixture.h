@@ -26,12 +26,6 @@ struct ShellFixture {
     std::unique_ptr<AppDelegate> delegate;
 };
 
-inline void addSecondDisplay(FakeHosts &fake) {
-    fake.displays.displays.append(Display{.name = QStringLiteral("Second"),
-                                          .frame = {1440, 0, 800, 600},
-                                          .visibleFrame = {1440, 0, 800, 600}});
-}
-
 inline constexpr ScreenRect compactFrame{575, 866, 290, 34};
 inline constexpr ScreenRect expandedFrame{390, 381, 660, 519};
 
