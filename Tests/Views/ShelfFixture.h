@@ -7,13 +7,14 @@
 #include "ShelfLibrary.h"
 #include "ShelfModel.h"
 #include "ShelfPreferences.h"
+#include "VolumeMixer.h"
 
 #include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
 
 namespace perchly {
 
-/// The stores that a shelf's view is given, over fake hosts, with what a test needs to drive them.
+/// The stores that a view is given, over fake hosts, and what a test needs to drive them.
 class ShelfFixture : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -22,6 +23,7 @@ class ShelfFixture : public QObject {
     Q_PROPERTY(perchly::ShelfLibrary *library READ library CONSTANT FINAL)
     Q_PROPERTY(perchly::Productivity *productivity READ productivity CONSTANT FINAL)
     Q_PROPERTY(perchly::ShelfExtras *extras READ extras CONSTANT FINAL)
+    Q_PROPERTY(perchly::VolumeMixer *mixer READ mixer CONSTANT FINAL)
     Q_PROPERTY(perchly::ShellActions *shell READ shell CONSTANT FINAL)
     Q_PROPERTY(perchly::Motion *motion READ motion CONSTANT FINAL)
 public:
@@ -32,32 +34,31 @@ public:
     ShelfLibrary *library() { return &m_library; }
     Productivity *productivity() { return &m_productivity; }
     ShelfExtras *extras() { return &m_extras; }
+    VolumeMixer *mixer() { return &m_mixer; }
     ShellActions *shell() { return &m_shell; }
     Motion *motion() { return &m_fakes.motion; }
 
     /// Lays the collapsed shelf out for that edge, as the shell does.
     Q_INVOKABLE void dock(const QString &edge);
     Q_INVOKABLE void setExpanded(bool expanded) { m_model.setExpanded(expanded); }
+    /// Stores a string or a number under a key.
     Q_INVOKABLE void prefer(const QString &key, const QVariant &value);
-    Q_INVOKABLE void reduceMotion(bool reduce);
-    /// Sets the media fields of the model that are named; the others stay.
-    Q_INVOKABLE void setMedia(const QVariantMap &fields);
+    /// What is stored under a key.
+    Q_INVOKABLE QVariant stored(const QString &key) const;
+    /// Something by Debussy plays in Firefox, as a web page (`isBrowser`) or as a player.
+    Q_INVOKABLE void setMedia(const QString &title, bool isBrowser, bool canSeek);
     /// What was asked of the players since the last call.
     Q_INVOKABLE QStringList takeCommands() { return std::exchange(m_commands, {}); }
     /// Replaces the shelf's entries by applications of those names, after the widgets of those
     /// titles. The desktop entry of one is "/apps/" and its name.
     Q_INVOKABLE void fill(const QStringList &widgets, const QStringList &applications);
-    /// Identifiers of the library's entries, and of those that the shelf shows.
-    Q_INVOKABLE QStringList entries() const { return identifiers(m_library.items()); }
-    Q_INVOKABLE QStringList shown() const { return identifiers(m_library.shown()); }
     /// Ends the search for applications that a view began, with those in "/apps/"; false without
     /// one.
     Q_INVOKABLE bool install(const QStringList &names);
-    Q_INVOKABLE void attachDisplays(const QStringList &names);
+    /// From now on the applications of those names play sound. Their initials must differ.
+    Q_INVOKABLE void play(const QStringList &names);
     /// The desktop refuses to change the login item from now on.
     Q_INVOKABLE void refuseLogin(const QString &why) { m_fakes.loginItem.failure = why; }
-    /// What is stored under a key.
-    Q_INVOKABLE QVariant stored(const QString &key) const;
     Q_INVOKABLE bool choosingWidget() const { return m_model.choosingWidget(); }
     Q_INVOKABLE void advance(int seconds);
 
@@ -65,28 +66,24 @@ public:
     Q_INVOKABLE QStringList takeOpened();
     /// The text on the clipboard.
     Q_INVOKABLE QString copied() const { return m_fakes.pasteboard.offered.text; }
-
     /// What was asked of the shell since the last call.
-    Q_INVOKABLE QStringList takeCalls();
+    Q_INVOKABLE QStringList takeCalls() { return std::exchange(m_shell.calls, {}); }
 
     /// "Button: Search" for every accessible thing in the item's window, in their order.
     Q_INVOKABLE static QStringList accessibleWithin(QQuickItem *item);
     /// Whether an accessible thing in the item's window has that description.
     Q_INVOKABLE static bool describedAs(QQuickItem *item, const QString &description);
-    /// Presses the accessible thing of that name, as an assistive program does; false without one.
+    /// Presses the last accessible thing of that name, as an assistive program does; false without
+    /// one.
     Q_INVOKABLE static bool pressAccessible(QQuickItem *within, const QString &name);
-    /// Sets the value of the accessible thing of that name; false without one.
+    /// Sets the value of the last accessible thing of that name; false without one.
     Q_INVOKABLE static bool setAccessible(QQuickItem *within, const QString &name, double value);
     /// What a key that is held sends after its press.
     Q_INVOKABLE static void repeatKey(QQuickItem *item, int key);
-    /// Drops URLs on the item's window at that point of the item; true if they were accepted.
-    Q_INVOKABLE static bool drop(QQuickItem *item, double x, double y, const QList<QUrl> &urls);
     /// The texts of all tooltips on the screen.
     Q_INVOKABLE static QStringList toolTips();
 
 private:
-    static QStringList identifiers(const QList<ShelfItem> &items);
-
     FakeHosts m_fakes;
     RecordingShell m_shell;
     ShelfModel m_model;
@@ -94,6 +91,7 @@ private:
     ShelfLibrary m_library;
     Productivity m_productivity;
     ShelfExtras m_extras;
+    VolumeMixer m_mixer;
     QStringList m_commands;
 };
 

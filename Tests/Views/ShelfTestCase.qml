@@ -6,13 +6,12 @@ ViewTestCase {
     id: root
 
     readonly property ShelfView view: root.made as ShelfView
-    readonly property real margin: 26
     property Component viewComponent: Component { ShelfView {} }
 
-    /// Makes the view collapsed at that edge. `more` are further properties.
-    function open(edge: string, more: var) {
+    /// Makes the view collapsed at that edge.
+    function open(edge: string) {
         root.fixture.dock(edge);
-        const properties = Object.assign({
+        root.make(root.viewComponent, {
             model: root.fixture.model,
             preferences: root.fixture.preferences,
             library: root.fixture.library,
@@ -20,9 +19,8 @@ ViewTestCase {
             extras: root.fixture.extras,
             shell: root.fixture.shell,
             motion: root.fixture.motion,
-            shadowMargin: root.margin
-        }, more ?? {});
-        root.make(root.viewComponent, properties);
+            shadowMargin: 26
+        });
         root.fit(root.fixture.model.compactWidth, root.fixture.model.compactHeight);
         wait(0);
     }

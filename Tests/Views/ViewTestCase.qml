@@ -14,7 +14,6 @@ TestCase {
     function init() {
         failOnWarning(/.?/);
         root.fixture = root.fixtureComponent.createObject(root) as ShelfFixture;
-        root.fixture.reduceMotion(true);
     }
 
     function make(component: Component, properties: var) {
@@ -42,6 +41,10 @@ TestCase {
 
     function press(name: string) {
         verify(root.fixture.pressAccessible(root.made, name), "no " + name);
+    }
+
+    function go(keys: var) {
+        keys.forEach(key => keyClick(key));
     }
 
     function tab(count: int) {

@@ -8,13 +8,12 @@ ShelfTestCase {
     /// In the view: the middle of the strip's first entry.
     readonly property real firstX: 26 + 20 + 32 + 33
     readonly property real entryY: 34 + 12 + 145 + 20 + 16 + 20 + 44
-    property AppStrip strip: null
+    readonly property AppStrip strip: root.view?.content?.strip ?? null
 
     function openWith(count: int) {
         root.fixture.fill([], root.names.slice(0, count));
         root.open("top");
         root.expand();
-        root.strip = root.view.content.strip;
     }
 
     function drag(fromX: real, byX: real) {
@@ -25,56 +24,46 @@ ShelfTestCase {
         mouseRelease(root.view, fromX + byX, root.entryY);
     }
 
-    function test_theArrowsPageByAStep() {
+    function test_arrowsAndWheelPage() {
         root.openWith(14);
         root.press("Previous icons");
         compare(root.strip.offset, 0);
-        root.press("More icons");
+        // A swipe is many small turns and pages once.
+        for (let turn = 0; turn < 30; ++turn) {
+            mouseWheel(root.view, root.firstX, root.entryY, -15, 0);
+        }
         compare(root.strip.offset, -480);
         root.press("More icons");
         compare(root.strip.offset, -550);
         tryCompare(root.strip, "shift", -550);
-        root.fixture.fill(["Clock"], root.names.slice(0, 9));
+        mouseWheel(root.view, root.firstX, root.entryY, 0, 120);
+        compare(root.strip.offset, -70);
+        root.fixture.fill(["Clock"], root.names.slice(0, 5));
         compare(root.strip.offset, 0);
     }
 
-    function test_aDragPagesAndLaunchesNothing() {
+    function test_dragPagesAndLaunchesNothing() {
         root.openWith(10);
         root.drag(root.firstX + 400, -60);
-        compare(root.strip.offset, -230);
         tryCompare(root.strip, "shift", -230);
         root.drag(root.firstX + 160, 200);
-        compare(root.strip.offset, 0);
         tryCompare(root.strip, "shift", 0);
         compare(root.fixture.takeCalls(), []);
         mouseClick(root.view, root.firstX + 80, root.entryY);
         compare(root.fixture.takeCalls(), ["launch /apps/b"]);
     }
 
-    function test_theWheelPages() {
-        root.openWith(10);
-        mouseWheel(root.view, root.firstX, root.entryY, 0, -120);
-        compare(root.strip.offset, -230);
-        mouseWheel(root.view, root.firstX, root.entryY, 0, 120);
-        // A swipe is many small turns and pages once.
-        for (let turn = 0; turn < 30; ++turn) {
-            mouseWheel(root.view, root.firstX, root.entryY, -15, 0);
-        }
-        compare(root.strip.offset, -230);
-    }
-
-    function test_theKeyboardPagesAndReachesWhatIsHidden() {
+    function test_keyboardPagesAndReachesHiddenEntries() {
         root.openWith(14);
         root.view.forceActiveFocus();
-        root.tab(6); // both menus, the session, the settings, the arrow, the first entry
+        root.tab(5); // both menus, the session, the settings, the first entry
         keyClick(Qt.Key_Return);
-        verify(/launch .apps.[a-n]$/.test(root.fixture.takeCalls().join()));
+        compare(root.fixture.takeCalls(), ["launch /apps/a"]);
         root.fixture.repeatKey(root.view, Qt.Key_Return);
         compare(root.fixture.takeCalls(), []);
         keyClick(Qt.Key_Right);
         compare(root.strip.offset, -480);
         keyClick(Qt.Key_Left);
-        compare(root.strip.offset, 0);
         root.tab(9);
         verify(root.strip.offset < 0);
     }
