@@ -1,5 +1,6 @@
 #include "PlainRing.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 
@@ -40,7 +41,9 @@ void Buffers::fill(Random &random, bool anyBits) {
 }
 
 void PlainRing::gain(float gain) {
-    m_target = gain < 0 ? 0 : gain > 1 ? 1 : gain;
+    if (!std::isnan(gain)) {
+        m_target = std::clamp(gain, 0.0F, 1.0F);
+    }
 }
 
 void PlainRing::push(const AudioBufferList *list) {
