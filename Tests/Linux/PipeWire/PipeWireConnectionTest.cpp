@@ -21,30 +21,17 @@ using namespace perchly;
 
 namespace {
 
-/// While it lives, this thread and its new threads must ask a bus for real-time priority, as
-/// ordinary programs must.
-class OrdinaryRights {
-public:
-    OrdinaryRights() {
-        ::getrlimit(RLIMIT_RTPRIO, &m_limit);
-        const rlimit none{.rlim_cur = 0, .rlim_max = m_limit.rlim_max};
-        ::setrlimit(RLIMIT_RTPRIO, &none);
-        ::syscall(SYS_capget, &m_header, m_capabilities.data());
-        auto fewer = m_capabilities;
-        fewer[0].effective &= ~(1U << CAP_SYS_NICE);
-        ::syscall(SYS_capset, &m_header, fewer.data());
-    }
-    ~OrdinaryRights() {
-        ::syscall(SYS_capset, &m_header, m_capabilities.data());
-        ::setrlimit(RLIMIT_RTPRIO, &m_limit);
-    }
-    Q_DISABLE_COPY_MOVE(OrdinaryRights)
-
-private:
-    rlimit m_limit{};
-    __user_cap_header_struct m_header{.version = _LINUX_CAPABILITY_VERSION_3, .pid = 0};
-    std::array<__user_cap_data_struct, 2> m_capabilities{};
-};
+/// From now on, this thread and its new threads must ask a bus for real-time priority, as ordinary
+/// programs must.
+void giveUpRealTimeRights() {
+    const rlimit none{};
+    ::setrlimit(RLIMIT_RTPRIO, &none);
+    __user_cap_header_struct header{.version = _LINUX_CAPABILITY_VERSION_3, .pid = 0};
+    std::array<__user_cap_data_struct, 2> capabilities{};
+    ::syscall(SYS_capget, &header, capabilities.data());
+    capabilities[0].effective &= ~(1U << CAP_SYS_NICE);
+    ::syscall(SYS_capset, &header, capabilities.data());
+}
 
 QStringList threads() {
     return QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
@@ -76,8 +63,17 @@ private Q_SLOTS:
         }
     }
 
-    void aSilentBusDoesNotBlock() {
-        const OrdinaryRights rights;
+    void audioThreadHasRealTimePriority() {
+        const bool isAllowed = mayTakeRealTimePriority(); // without asking a bus
+        PipeWireConnection connection;
+        connection.start();
+        QTRY_VERIFY(connection.core() != nullptr);
+        connection.passRealTimeThread(); // PipeWire 1.1 and later start the thread at its first use
+        QTRY_COMPARE(hasRealTimeThread(), isAllowed);
+    }
+
+    void silentBusDoesNotBlock() {
+        giveUpRealTimeRights();
         auto bus = std::make_unique<QLocalServer>(); // accepts and never says a word
         QVERIFY(bus->listen(m_bus));
         const qsizetype before = threads().size();
@@ -99,16 +95,6 @@ private Q_SLOTS:
         connection.passRealTimeThread();
         QVERIFY(!hasRealTimeThread());
         QTRY_VERIFY(threads().size() <= before + 1); // the connection's own
-    }
-
-    void theAudioThreadHasRealTimePriority() {
-        const bool isAllowed =
-            mayTakeRealTimePriority(); // no bus answers that could be asked for it
-        PipeWireConnection connection;
-        connection.start();
-        QTRY_VERIFY(connection.core() != nullptr);
-        connection.passRealTimeThread(); // PipeWire 1.1 and later start the thread at its first use
-        QTRY_COMPARE(hasRealTimeThread(), isAllowed);
     }
 
 private:

@@ -1,14 +1,13 @@
 #include "SoundMeter.h"
 #include "SoundSystem.h"
 
-#include <QTest>
+#include <QSocketNotifier>
+
+#include <unistd.h>
 
 using namespace perchly;
 
 namespace {
-
-const QString first = QStringLiteral("first");
-const QString second = QStringLiteral("second");
 
 /// Frames of the server's cycle.
 constexpr std::size_t cycle = 1024;
@@ -30,11 +29,22 @@ bool moveUntil(const QString &sink, Condition condition) {
     return false;
 }
 
-enum class Ending { Quit, Kill, PlayerEnds };
-
 bool isMovedTo(const QString &sink, SoundMeter &meter) {
     return moveUntil(sink, [&] { return meter.comesTo(toneLevel, 1500); });
 }
+
+/// Another program: mutes a process until stdin ends.
+int mute(std::int32_t pid) {
+    SoundSystem sound;
+    QString error;
+    const auto route = MixerRoute::make(sound.system, sound.waitForProcess(pid), error);
+    route->setGain(0);
+    const QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
+    QObject::connect(&input, &QSocketNotifier::activated, qApp, &QCoreApplication::quit);
+    return QCoreApplication::exec();
+}
+
+enum class Ending { Quit, Kill, PlayerEnds };
 
 } // namespace
 
@@ -43,13 +53,13 @@ Q_DECLARE_METATYPE(Ending)
 class RouteTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void levelsAreExactAndTwoCyclesAreMissingAtMost_data() {
+    void levelsAreExactAndAtMostTwoCyclesAreLost_data() {
         QTest::addColumn<bool>("isPulse");
         QTest::newRow("a native client") << false;
         QTest::newRow("a PulseAudio client") << true;
     }
 
-    void levelsAreExactAndTwoCyclesAreMissingAtMost() {
+    void levelsAreExactAndAtMostTwoCyclesAreLost() {
         QFETCH(bool, isPulse);
         SoundSystem sound;
         SoundMeter meter(first);
@@ -72,7 +82,7 @@ private Q_SLOTS:
         QTRY_COMPARE(tracesOfRoutes(), QString());
     }
 
-    void theOwnOutputComesBack_data() {
+    void playerReturnsToItsOutput_data() {
         QTest::addColumn<bool>("isChosen");
         QTest::addColumn<Ending>("ending");
         QTest::newRow("the default, when the program quits") << false << Ending::Quit;
@@ -82,7 +92,7 @@ private Q_SLOTS:
         QTest::newRow("a chosen one, when the player starts again") << true << Ending::PlayerEnds;
     }
 
-    void theOwnOutputComesBack() {
+    void playerReturnsToItsOutput() {
         QFETCH(bool, isChosen);
         QFETCH(Ending, ending);
         SoundMeter atFirst(first);
@@ -92,13 +102,13 @@ private Q_SLOTS:
         QVERIFY(!isChosen || isMovedTo(second, meter));
         // Twice: as the user has just chosen it, and as the session manager remembers it.
         for (int round = 0; round < 2; ++round) {
-            const auto owner = routeOwner(*player);
-            QVERIFY(owner->waitForLine());
-            QVERIFY(meter.comesTo(0));
+            Program owner(QCoreApplication::applicationFilePath(),
+                          {QStringLiteral("--mute"), QString::number(player->pid())});
+            QVERIFY(meter.comesTo(0, 8000));
             if (ending == Ending::Quit) {
-                owner->quit();
+                owner.quit();
             } else if (ending == Ending::Kill) {
-                owner->kill();
+                owner.kill();
             } else {
                 player->kill();
                 player = pulsePlayer();
@@ -112,7 +122,7 @@ private Q_SLOTS:
         QVERIFY(isMovedTo(first, atFirst)); // so that the next test's player goes by the default
     }
 
-    void otherProgramsStayOut() {
+    void otherProgramsAreNotRouted() {
         SoundSystem sound;
         SoundMeter meter(first);
         const auto routed = pulsePlayer();
@@ -125,46 +135,24 @@ private Q_SLOTS:
             QVERIFY(meter.comesTo(toneLevel));
             other->kill();
             QVERIFY(meter.comesTo(0));
-            QTest::qWait(round == 1 ? 1200
-                                    : 0); // until the session manager has saved what it learnt
+            // Until the session manager has saved what it learnt.
+            QTest::qWait(round == 1 ? 1200 : 0);
         }
-        route->stop();
-        routed->kill();
-        const auto next = pulsePlayer();
-        QVERIFY(meter.comesTo(toneLevel));
-        QTRY_COMPARE(tracesOfRoutes(), QString());
     }
 
-    void streamsOpenedLaterAreRoutedToo() {
-        SoundSystem sound;
-        SoundMeter meter(first);
-        const auto player = nativePlayer();
-        player->tell("+");
-        QTRY_VERIFY(meter.level() > toneLevel);
-        const auto route = sound.route(*player, 0);
-        QVERIFY(meter.comesTo(0));
-        player->tell("+");
-        QTest::qWait(300);
-        QVERIFY(meter.comesTo(0));
-        player->tell("---");
-        QTest::qWait(200);
-        player->tell("+");
-        QTest::qWait(300);
-        QVERIFY(meter.comesTo(0));
-        route->setGain(0.5F);
-        QVERIFY(meter.comesTo(toneLevel / 2));
-        QVERIFY(route->isRunning());
-        route->stop();
-        QVERIFY(meter.comesTo(toneLevel));
-    }
-
-    void aPauseIsSurvived() {
+    void laterStreamsAndPausesStayRouted() {
         SoundSystem sound;
         SoundMeter meter(first);
         const auto player = nativePlayer();
         const auto route = sound.route(*player, 0.5F);
         QVERIFY(meter.comesTo(toneLevel / 2));
-        // A short one, and one after which the session manager puts what is idle to sleep.
+        player->tell("+");
+        QVERIFY(meter.comesTo(toneLevel)); // two streams at half their level
+        player->tell("--");
+        QVERIFY(meter.comesTo(0));
+        player->tell("+");
+        QVERIFY(meter.comesTo(toneLevel / 2));
+        // A short pause, and one after which the session manager suspends idle nodes.
         for (const int milliseconds : {300, 6000}) {
             player->tell("p");
             QVERIFY(meter.comesTo(0));
@@ -175,9 +163,10 @@ private Q_SLOTS:
             QVERIFY(meter.comesTo(toneLevel / 2));
         }
         route->stop();
+        QVERIFY(meter.comesTo(toneLevel));
     }
 
-    void aMoveByTheUserEndsTheRoute() {
+    void movingTheStreamEndsTheRoute() {
         SoundSystem sound;
         SoundMeter atSecond(second);
         const auto player = pulsePlayer();
@@ -190,7 +179,7 @@ private Q_SLOTS:
         QVERIFY(moveUntil(first, [&] { return atSecond.comesTo(0, 1500); }));
     }
 
-    void aProgramThatForbidsMovingIsNotRouted() {
+    void programThatForbidsMovingIsNotRouted() {
         SoundSystem sound;
         const auto player = nativePlayer({QStringLiteral("fixed")});
         const AudioObject process = sound.waitForProcess(player->pid());
@@ -200,12 +189,17 @@ private Q_SLOTS:
         QCOMPARE(sound.waitForProcess(player->pid()), process);
         QString error;
         QVERIFY(!MixerRoute::make(sound.system, process, error));
-        QCOMPARE(error,
-                 QStringLiteral("Audio access failed. Allow Perchly in System Settings → Privacy "
-                                "& Security → Screen & System Audio Recording, then retry "
-                                "(-1)."));
+        QVERIFY(error.startsWith(QStringLiteral("Audio access failed.")));
     }
 };
 
-QTEST_GUILESS_MAIN(RouteTest)
+int main(int argc, char **argv) {
+    const QCoreApplication application(argc, argv);
+    if (argc == 3 && qstrcmp(argv[1], "--mute") == 0) {
+        return mute(QByteArray(argv[2]).toInt());
+    }
+    RouteTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "RouteTest.moc"

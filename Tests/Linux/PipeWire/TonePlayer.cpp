@@ -1,34 +1,27 @@
-// Plays a tone through as many streams as stdin says: "+" opens one, "-" closes one, "p" pauses and
-// "r" resumes all of them. The session manager may not move the streams of "TonePlayer fixed".
+// Plays a constant signal through as many streams as stdin says: "+" opens one, "-" closes one, "p"
+// pauses and "r" resumes all of them. The session manager may not move the streams of "TonePlayer
+// fixed".
 #include <pipewire/pipewire.h>
 #include <spa/param/audio/format-utils.h>
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstdint>
-#include <memory>
-#include <numbers>
+#include <list>
 #include <string_view>
 #include <unistd.h>
-#include <vector>
 
 namespace {
-
-struct Tone {
-    pw_stream *stream = nullptr;
-    std::uint64_t frame = 0;
-};
 
 struct Program {
     pw_main_loop *loop = pw_main_loop_new(nullptr);
     bool isFixed = false;
-    std::vector<std::unique_ptr<Tone>> tones;
+    std::list<pw_stream *> streams;
 };
 
 void play(void *data) {
-    auto &tone = *static_cast<Tone *>(data);
-    pw_buffer *buffer = pw_stream_dequeue_buffer(tone.stream);
+    pw_stream *stream = *static_cast<pw_stream **>(data);
+    pw_buffer *buffer = pw_stream_dequeue_buffer(stream);
     if (buffer == nullptr) {
         return;
     }
@@ -36,16 +29,11 @@ void play(void *data) {
     constexpr std::uint32_t size = 2 * sizeof(float);
     const auto frames =
         std::uint32_t(std::min<std::uint64_t>(buffer->requested, out.maxsize / size));
-    for (std::uint32_t index = 0; index < frames * 2; ++index) {
-        const auto turn = float((tone.frame + index / 2) % 100) / 100;
-        static_cast<float *>(out.data)[index] =
-            0.25F * std::sin(2 * std::numbers::pi_v<float> * turn);
-    }
-    tone.frame += frames;
+    std::fill_n(static_cast<float *>(out.data), frames * 2, 0.25F);
     out.chunk->offset = 0;
     out.chunk->stride = size;
     out.chunk->size = frames * size;
-    pw_stream_queue_buffer(tone.stream, buffer);
+    pw_stream_queue_buffer(stream, buffer);
 }
 
 constexpr pw_stream_events events = [] {
@@ -56,13 +44,13 @@ constexpr pw_stream_events events = [] {
 }();
 
 void open(Program &program) {
-    auto tone = std::make_unique<Tone>();
-    tone->stream = pw_stream_new_simple(
+    pw_stream *&stream = program.streams.emplace_back();
+    stream = pw_stream_new_simple(
         pw_main_loop_get_loop(program.loop), "Tone",
         pw_properties_new(PW_KEY_MEDIA_TYPE, "Audio", PW_KEY_MEDIA_CATEGORY, "Playback",
                           PW_KEY_APP_NAME, "Tone", PW_KEY_NODE_NAME, "Tone",
                           PW_KEY_NODE_DONT_RECONNECT, program.isFixed ? "true" : "false", nullptr),
-        &events, tone.get());
+        &events, &stream);
     spa_audio_info_raw info{};
     info.format = SPA_AUDIO_FORMAT_F32;
     info.rate = 48000;
@@ -73,22 +61,21 @@ void open(Program &program) {
     spa_pod_builder builder{};
     spa_pod_builder_init(&builder, space.data(), std::uint32_t(space.size()));
     const spa_pod *format = spa_format_audio_raw_build(&builder, SPA_PARAM_EnumFormat, &info);
-    pw_stream_connect(tone->stream, PW_DIRECTION_OUTPUT, PW_ID_ANY,
+    pw_stream_connect(stream, PW_DIRECTION_OUTPUT, PW_ID_ANY,
                       pw_stream_flags(PW_STREAM_FLAG_AUTOCONNECT | PW_STREAM_FLAG_MAP_BUFFERS |
                                       PW_STREAM_FLAG_RT_PROCESS),
                       &format, 1);
-    program.tones.push_back(std::move(tone));
 }
 
 void obey(Program &program, char command) {
     if (command == '+') {
         open(program);
-    } else if (command == '-' && !program.tones.empty()) {
-        pw_stream_destroy(program.tones.back()->stream);
-        program.tones.pop_back();
+    } else if (command == '-' && !program.streams.empty()) {
+        pw_stream_destroy(program.streams.back());
+        program.streams.pop_back();
     } else if (command == 'p' || command == 'r') {
-        for (const auto &tone : program.tones) {
-            pw_stream_set_active(tone->stream, command == 'r');
+        for (pw_stream *stream : program.streams) {
+            pw_stream_set_active(stream, command == 'r');
         }
     }
 }
