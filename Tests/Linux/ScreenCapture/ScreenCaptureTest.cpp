@@ -74,7 +74,7 @@ private Q_SLOTS:
         qputenv("QT_SCALE_FACTOR", scale);
         start();
         QTRY_VERIFY(overlayHoldsKeyboard());
-        m_user.click({20, 20}); // selects nothing
+        drag({20, 20}, {20, 20}); // selects nothing
         drag(from, to);
         m_user.movePointer({640, 400}); // too late to count
         QTRY_COMPARE(m_status.value_or(-9), 0);

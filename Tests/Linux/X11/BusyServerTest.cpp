@@ -18,7 +18,7 @@
 using namespace perchly;
 using namespace std::chrono_literals;
 
-/// The server stalls, never answers, or goes away.
+/// The server stalls or never answers.
 class BusyServerTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
@@ -55,26 +55,14 @@ private Q_SLOTS:
         const QSignalSpy pressed(&keys, &HotKeys::pressed);
         constexpr quint8 altKey = 64;
         constexpr quint8 kKey = 45;
-        m_client->sendKey(XCB_KEY_PRESS, altKey);
-        m_client->typeKey(kKey);
-        m_client->sendKey(XCB_KEY_RELEASE, altKey);
+        m_client->pressKey(altKey);
+        m_client->pressKey(kKey);
+        m_client->releaseKey(kKey);
+        m_client->releaseKey(altKey);
         QTRY_COMPARE(pressed.count(), 1);
     }
 
-    void stoppedServerDelaysOnlyOnce() {
-        XcbConnection connection;
-        m_server->stop();
-        QElapsedTimer elapsed;
-        elapsed.start();
-        for (int times = 0; times < 20; ++times) {
-            QCOMPARE(connection.atom("PERCHLY_TEST"), xcb_atom_t{XCB_ATOM_NONE});
-        }
-        QVERIFY(elapsed.elapsed() < 2000);
-        m_server->goOn();
-        QTRY_VERIFY(connection.atom("PERCHLY_TEST") != XCB_ATOM_NONE);
-    }
-
-    void strutsAreKeptWhileTheServerIsStopped() {
+    void stoppedServerDelaysOnceAndKeepsTheStruts() {
         const xcb_window_t panel = m_client->makeWindow({0, 0, 1280, 30});
         const auto reserve = [&](quint32 height) {
             m_client->setProperty(panel, "_NET_WM_STRUT", XCB_ATOM_CARDINAL, {0, 0, height, 0});
@@ -85,15 +73,23 @@ private Q_SLOTS:
         const QSignalSpy changed(&watcher, &StrutWatcher::changed);
         const QList<Strut> before = watcher.struts();
         QCOMPARE(before.size(), 1);
+        XcbConnection connection;
 
         reserve(40);
         m_server->stop();
         QTest::qWait(600);
         QCOMPARE(watcher.struts(), before);
+        QElapsedTimer elapsed;
+        elapsed.start();
+        for (int times = 0; times < 20; ++times) {
+            QCOMPARE(connection.atom("PERCHLY_TEST"), xcb_atom_t{XCB_ATOM_NONE});
+        }
+        QVERIFY(elapsed.elapsed() < 2000);
         m_server->goOn();
         QTRY_COMPARE(changed.count(), 1);
         QCOMPARE(watcher.struts().size(), 1);
         QVERIFY(watcher.struts() != before);
+        QTRY_VERIFY(connection.atom("PERCHLY_TEST") != XCB_ATOM_NONE);
     }
 
     void eventsReadWithAReplyAreEmitted() {
@@ -107,21 +103,6 @@ private Q_SLOTS:
         QCOMPARE(connection.property(connection.root(), atom), QList<quint32>{1});
         QCOMPARE(told, 0);
         QTRY_COMPARE(told, 1);
-    }
-
-    void lostServerIsSurvived() {
-        XcbConnection connection;
-        const QSignalSpy drained(&connection, &XcbConnection::drained);
-        m_client.reset();
-        m_server->kill();
-        QTRY_VERIFY(!connection.isAlive());
-        const auto after = drained.count();
-        QTest::qWait(100);
-        QVERIFY(drained.count() - after < 3);
-        QVERIFY(!connection.succeeded({}));
-        QVERIFY(connection.property(connection.root(), XCB_ATOM_WM_NAME).isEmpty());
-        X11HotKeys keys; // with no server at all
-        QVERIFY(!keys.registerChord(1, {.key = Qt::Key_K, .modifiers = {}}));
     }
 
     void connectingHasATimeout() {
@@ -140,10 +121,6 @@ private Q_SLOTS:
         QVERIFY(!connectWithTimeout(200ms));
         QVERIFY(elapsed.elapsed() >= 200 && elapsed.elapsed() < 2000);
         ::close(silent);
-        qputenv("DISPLAY", ":4090");
-        QVERIFY(!connectWithTimeout());
-        qunsetenv("DISPLAY");
-        QVERIFY(!connectWithTimeout());
     }
 
 private:

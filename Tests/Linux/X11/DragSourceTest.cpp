@@ -18,12 +18,6 @@
 
 using namespace perchly;
 
-namespace {
-
-constexpr QPoint dropPlace{800, 600};
-
-} // namespace
-
 class DragSourceTest : public QObject {
     Q_OBJECT
 
@@ -61,15 +55,15 @@ private Q_SLOTS:
 
     void cleanup() { m_window.reset(); }
 
-    void anotherProgramGetsTheDrop() {
+    void anotherProgramGetsTheDropOfADestroyedSource() {
         const QStringList urls{QStringLiteral("file:///tmp/a%20%25%0A%23%C3%A4%D7%90.txt"),
                                QStringLiteral("https://example.org/%C3%A4?b=1#c")};
         const QString text = QStringLiteral("/tmp/a %\n#äא.txt\nhttps://example.org/%C3%A4?b=1#c");
         offer(QUrl::fromStringList(urls));
-        const QSignalSpy dragged(source(), &DragSource::draggingChanged);
+        connect(source(), &DragSource::draggingChanged, m_window.get(),
+                [this] { QTimer::singleShot(100, source(), [this] { delete source(); }); });
         dragOntoTarget();
-        QTRY_COMPARE(dragged.count(), 2);
-        QVERIFY(!source()->dragging());
+        QVERIFY(!source());
         QCOMPARE(m_window->findChild<QQuickItem *>(QStringLiteral("list"))->property("contentY"),
                  QVariant(0.0));
         const QJsonObject drop = QJsonDocument::fromJson(dropped()).object();
@@ -77,15 +71,6 @@ private Q_SLOTS:
         QCOMPARE(drop[QLatin1StringView("text")].toString(), text);
         QVERIFY(drop[QLatin1StringView("may copy")].toBool());
         QVERIFY(!drop[QLatin1StringView("may move")].toBool());
-    }
-
-    void sourceMayBeDestroyedMeanwhile() {
-        offer({QUrl(QStringLiteral("https://example.org/gone"))});
-        connect(source(), &DragSource::draggingChanged, m_window.get(),
-                [this] { QTimer::singleShot(100, source(), [this] { delete source(); }); });
-        dragOntoTarget();
-        QVERIFY(!source());
-        QVERIFY(dropped().contains("https://example.org/gone"));
     }
 
     void releaseBeforeTheDragStartsEndsIt() {
@@ -125,7 +110,8 @@ private:
                 client.movePointer(start + QPoint(0, 5 * i));
                 QThread::msleep(20);
             }
-            for (const QPoint at : {QPoint(780, 590), QPoint(790, 595), dropPlace, dropPlace}) {
+            for (const QPoint at :
+                 {QPoint(780, 590), QPoint(790, 595), QPoint(800, 600), QPoint(800, 600)}) {
                 client.movePointer(at);
                 QThread::msleep(150);
             }

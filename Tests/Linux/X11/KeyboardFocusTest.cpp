@@ -24,7 +24,7 @@ private Q_SLOTS:
         m_client.sync();
     }
 
-    void focusHiddenInAVisibleWindowIsLeft() {
+    void focusOfAVisibleWindowIsNotTaken() {
         const xcb_window_t inner = xcb_generate_id(m_client.get());
         xcb_create_window(m_client.get(), XCB_COPY_FROM_PARENT, inner, m_other, -1, -1, 1, 1, 0,
                           XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
@@ -36,7 +36,7 @@ private Q_SLOTS:
         QCOMPARE(m_focus.current(), inner);
     }
 
-    void parkedFocusIsTakenAgain() {
+    void focusOfADestroyedWindowIsRetaken() {
         xcb_destroy_window(m_client.get(), m_other);
         m_client.sync();
         QTRY_VERIFY(m_focus.current() != m_other);

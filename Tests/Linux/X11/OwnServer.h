@@ -7,7 +7,7 @@
 
 namespace perchly {
 
-/// An X server for one test, named by DISPLAY, which may be stopped or killed.
+/// An X server for one test, named by DISPLAY, which may be stopped.
 class OwnServer {
 public:
     OwnServer() {
@@ -19,14 +19,13 @@ public:
             number += m_process.readAllStandardOutput();
         qputenv("DISPLAY", ':' + number.trimmed());
     }
-    ~OwnServer() { kill(); }
-    OwnServer(const OwnServer &) = delete;
-    OwnServer &operator=(const OwnServer &) = delete;
-
-    void kill() {
+    ~OwnServer() {
         m_process.kill();
         m_process.waitForFinished();
     }
+    OwnServer(const OwnServer &) = delete;
+    OwnServer &operator=(const OwnServer &) = delete;
+
     void stop() const { signal("STOP"); }
     void goOn() const { signal("CONT"); }
 
