@@ -38,18 +38,6 @@ QByteArray image(int side, const char *format) {
     return bytes;
 }
 
-void copy(Pasteboard &pasteboard, const QString &kind) {
-    const QUrl file = QUrl::fromLocalFile(u"/tmp/ä b.txt"_s);
-    if (kind == u"text")
-        pasteboard.write(u"ü🙂"_s);
-    else if (kind == u"files")
-        pasteboard.writeItems({file});
-    else if (kind == u"links")
-        pasteboard.writeItems({file, QUrl(u"https://example.org/?q=1"_s)});
-    else
-        pasteboard.writeImage(image(kind == u"image" ? 20 : 2'100, "png"));
-}
-
 } // namespace
 
 class PasteboardTest : public QObject {
@@ -61,7 +49,7 @@ private Q_SLOTS:
         read(*m_pasteboard);
     }
 
-    void reading_data() {
+    void bestFormIsRead_data() {
         QTest::addColumn<QString>("owner");
         QTest::addColumn<int>("image"); // in bytes
         QTest::addColumn<QString>("text");
@@ -70,7 +58,6 @@ private Q_SLOTS:
         QTest::newRow("UTF-8") << u"UTF8_STRING=–你🙂 STRING=x"_s << 0 << u"–你🙂"_s;
         QTest::newRow("UTF-8 by MIME type") << u"text/plain;charset=utf-8=ü"_s << 0 << u"ü"_s;
         QTest::newRow("Latin-1") << u"STRING=ü"_s << 0 << u"Ã¼"_s;
-        QTest::newRow("any text") << u"--type=UTF8_STRING TEXT=ü"_s << 0 << u"ü"_s;
         QTest::newRow("PNG first") << u"image/tiff:8 UTF8_STRING=a image/png:9"_s << 9 << none;
         QTest::newRow("empty PNG") << u"UTF8_STRING=a image/png= image/tiff:8"_s << 8 << none;
         QTest::newRow("longest text") << u"UTF8_STRING:100000"_s << 0 << longest;
@@ -81,7 +68,7 @@ private Q_SLOTS:
             << u"--increments=65536 image/png:5000001 image/tiff:8 STRING=a"_s << 0 << u"a"_s;
     }
 
-    void reading() {
+    void bestFormIsRead() {
         QFETCH(const QString, owner);
         const OtherProgram other(owner);
         QTRY_COMPARE(m_pasteboard->changeCount(), 1);
@@ -90,7 +77,7 @@ private Q_SLOTS:
         QTEST(content.text, "text");
     }
 
-    void hugeCopyIsReadToTheEndButNotHeld() {
+    void hugeCopyIsDrainedAndDiscarded() {
         OtherProgram other(u"--increments=200000 image/png:100000000 UTF8_STRING=small"_s);
         QTRY_COMPARE(m_pasteboard->changeCount(), 1);
         rusage before{}; // memory in kilobytes
@@ -104,7 +91,7 @@ private Q_SLOTS:
 #endif
     }
 
-    void troublesomeOwner_data() {
+    void failingOwnerDelaysOnlyItsOwnCopy_data() {
         QTest::addColumn<QString>("owner");
         QTest::addColumn<int>("minTime"); // in milliseconds; -1 if another copy is made meanwhile
         QTest::newRow("mute") << u"--mute=TARGETS UTF8_STRING=a"_s << 2'900;
@@ -114,7 +101,7 @@ private Q_SLOTS:
         QTest::newRow("our connection is lost") << u"--kills=UTF8_STRING UTF8_STRING=a"_s << 0;
     }
 
-    void troublesomeOwner() {
+    void failingOwnerDelaysOnlyItsOwnCopy() {
         QFETCH(const QString, owner);
         QFETCH(const int, minTime);
         const OtherProgram other(owner);
@@ -134,7 +121,7 @@ private Q_SLOTS:
         QCOMPARE(read(*m_pasteboard).text, u"next"_s);
     }
 
-    void everyCopyAndWriteIsCountedOnce() {
+    void copiesAreCountedOnce() {
         OtherProgram other(u"UTF8_STRING=a"_s);
         QTRY_COMPARE(m_pasteboard->changeCount(), 1);
         other.kill(); // which is no copy
@@ -149,12 +136,11 @@ private Q_SLOTS:
         QCOMPARE(m_pasteboard->changeCount(), 5);
     }
 
-    void writing_data() {
+    void copyIsPastedElsewhere_data() {
         QTest::addColumn<QString>("kind");
         QTest::addColumn<QByteArray>("expected");
         QTest::newRow("UTF8_STRING") << u"text"_s << QByteArray("ü🙂");
         QTest::newRow("text/plain;charset=utf-8") << u"text"_s << QByteArray("ü🙂");
-        QTest::newRow("STRING") << u"text"_s << QByteArray("\xfc??");
         QTest::newRow("image/png") << u"image"_s << image(20, "png");
         QTest::newRow("image/tiff") << u"image"_s << image(20, "tiff");
         QTest::newRow("image/tiff") << u"image in increments"_s << image(2'100, "tiff");
@@ -166,23 +152,24 @@ private Q_SLOTS:
             << u"links"_s << QByteArray("/tmp/ä b.txt\nhttps://example.org/?q=1");
     }
 
-    void writing() {
+    void copyIsPastedElsewhere() {
         QFETCH(const QString, kind);
         QFETCH(const QByteArray, expected);
         const QString target = QString::fromLatin1(QTest::currentDataTag());
-        copy(*m_pasteboard, kind);
+        const QUrl file = QUrl::fromLocalFile(u"/tmp/ä b.txt"_s);
+        if (kind == u"text")
+            m_pasteboard->write(u"ü🙂"_s);
+        else if (kind == u"files")
+            m_pasteboard->writeItems({file});
+        else if (kind == u"links")
+            m_pasteboard->writeItems({file, QUrl(u"https://example.org/?q=1"_s)});
+        else
+            m_pasteboard->writeImage(image(kind == u"image" ? 20 : 2'100, "png"));
         QTRY_COMPARE(OtherProgram::paste(target), expected);
-        if (expected.isEmpty() || expected.size() > 100'000)
-            return;
-        // A clipboard manager keeps the copy when its program quits.
-        const OtherProgram manager(u"--manager= %1=before"_s.arg(target));
-        const QString program = QCoreApplication::applicationFilePath();
-        QCOMPARE(QProcess::execute(program, {u"--copy"_s, kind}), 0);
-        QCOMPARE(OtherProgram::paste(target), expected);
     }
 
     /// One program copies, exits or not, and another one copies.
-    void history_data() {
+    void takeOversAreNotRecorded_data() {
         QTest::addColumn<QString>("first");
         QTest::addColumn<int>("exitTime"); // milliseconds before the second copy; -1 to remain
         QTest::addColumn<QString>("second");
@@ -209,7 +196,7 @@ private Q_SLOTS:
             << manager + u"UTF8_STRING=aa"_s << true;
     }
 
-    void history() {
+    void takeOversAreNotRecorded() {
         QFETCH(const QString, first);
         QFETCH(const int, exitTime);
         QFETCH(const QString, second);
@@ -231,15 +218,5 @@ private:
     std::unique_ptr<X11Pasteboard> m_pasteboard;
 };
 
-int main(int argc, char **argv) {
-    const QGuiApplication application(argc, argv);
-    if (argc == 3 && qstrcmp(argv[1], "--copy") == 0) {
-        X11Pasteboard pasteboard;
-        copy(pasteboard, QString::fromLatin1(argv[2]));
-        return !QTest::qWaitFor([] { return QGuiApplication::clipboard()->ownsClipboard(); });
-    }
-    PasteboardTest test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+QTEST_MAIN(PasteboardTest)
 #include "PasteboardTest.moc"

@@ -6,9 +6,8 @@
 #          --dies-after=PARTS  is killed after that many parts
 #          --mute=TARGET       never answers a request for it
 #          --kills=TARGET      cuts off the X connection of a program that asks for it
-#          --type=TARGET       gives everything as this type
 #          --primary=          takes the primary selection instead
-#          --manager=          is the clipboard manager, which keeps the first TARGET of other copies
+#          --manager=          is the clipboard manager, too
 
 import os
 import signal
@@ -37,7 +36,6 @@ class Owner:
     def __init__(self, words):
         self.options = {name: os.fsdecode(text) for name, text in words if name.startswith("--")}
         self.forms = {name: data for name, data in words if not name.startswith("--")}
-        self.kept = next(iter(self.forms))
         self.part = int(self.options.get("--increments", 0))
         self.parts_to_live = int(self.options.get("--dies-after", -1))
         self.display = display.Display()
@@ -53,8 +51,6 @@ class Owner:
             received = self.display.next_event()
             if received.type == X.SelectionRequest:
                 self.answer(received)
-            elif received.type == X.SelectionNotify:
-                self.keep()
             elif received.type == X.PropertyNotify and received.state == X.PropertyDelete:
                 self.send_next()
 
@@ -67,18 +63,11 @@ class Owner:
         print("asked", target, flush=True)
         if target == self.options.get("--kills"):
             request.requestor.kill_client()
-        if target == "SAVE_TARGETS":
-            self.saving = request
-            names = ("CLIPBOARD", self.kept, "KEPT")
-            self.window.convert_selection(*map(self.atom, names), X.CurrentTime)
-        elif target != self.options.get("--mute"):
-            self.notify(request, request.property if self.give(request, target) else X.NONE)
-
-    def keep(self):
-        kept = self.window.get_full_property(self.atom("KEPT"), X.AnyPropertyType)
-        self.forms[self.kept] = kept.value
-        self.own("CLIPBOARD")
-        self.notify(self.saving, self.saving.property)
+        if target != self.options.get("--mute"):
+            place = request.property if self.give(request, target) else X.NONE
+            names = ("time", "requestor", "selection", "target")
+            fields = {name: getattr(request, name) for name in names}
+            request.requestor.send_event(event.SelectionNotify(property=place, **fields))
 
     def give(self, request, target):
         data = self.forms.get(target)
@@ -92,7 +81,7 @@ class Owner:
             self.sending, self.unsent = request, memoryview(data)
             put(request.property, self.atom("INCR"), 32, [len(data)])
         else:
-            put(request.property, self.atom(self.options.get("--type", target)), 8, data)
+            put(request.property, request.target, 8, data)
         return True
 
     def send_next(self):
@@ -105,11 +94,6 @@ class Owner:
         if not part:
             self.sending.requestor.change_attributes(event_mask=0)
             print("gave", flush=True)
-
-    def notify(self, request, place):
-        fields = ("time", "requestor", "selection", "target")
-        values = {field: getattr(request, field) for field in fields}
-        request.requestor.send_event(event.SelectionNotify(property=place, **values))
 
 
 Owner(list(parsed(sys.argv[1:]))).run()
