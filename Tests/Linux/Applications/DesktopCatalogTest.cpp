@@ -12,22 +12,18 @@ class DesktopCatalogTest : public QObject {
 private Q_SLOTS:
     void initTestCase() {
         qputenv("XDG_DATA_DIRS", "/nowhere/at/all");
-        qputenv("XDG_CURRENT_DESKTOP", "GNOME");
         qputenv("LC_ALL", "de_AT.UTF-8");
         m_folder.mkpath(QStringLiteral("."));
     }
 
     void applicationsAreSortedLikeAFileBrowser() {
         install("z1", "Name=alpha");
-        install("z2", "Name=App 2\nName[fr]=Zut");
+        install("z2", "Name=App 2");
         install("z3", "Name=Base\nName[de]=App 10");
-        install("inside/z4", "Name=éclair");
-        install("z5", "Name=Ωmega\nOnlyShowIn=KDE;GNOME;");
+        install("z4", "Name=éclair");
         install("no display", "Name=Hidden\nNoDisplay=true");
-        install("tried in vain", "Name=Hidden\nTryExec=nothing-like-it");
         QCOMPARE(found(), QStringList({QStringLiteral("alpha"), QStringLiteral("App 2"),
-                                       QStringLiteral("App 10"), QStringLiteral("éclair"),
-                                       QStringLiteral("Ωmega")}));
+                                       QStringLiteral("App 10"), QStringLiteral("éclair")}));
     }
 
     void changesAreAnnounced() {
@@ -40,15 +36,12 @@ private Q_SLOTS:
         QVERIFY(!changed.wait(700));
         QCOMPARE(found().size(), before + 100);
         QVERIFY(!changed.wait(700)); // reading is no change
-        install("new1", "Name=New\nHidden=true");
-        QVERIFY(changed.wait());
-        QCOMPARE(found().size(), before + 99);
         QVERIFY(m_folder.remove(QStringLiteral("new2.desktop")));
         QVERIFY(changed.wait());
-        QCOMPARE(found().size(), before + 98);
+        QCOMPARE(found().size(), before + 99);
     }
 
-    void anyEntryCanBeDescribed() {
+    void entriesAnywhereAreDescribed() {
         const QString elsewhere = QDir::tempPath() + QStringLiteral("/elsewhere.desktop");
         writeFile(elsewhere, "[Desktop Entry]\nType=Application\nName=Else\nExec=not-there\n");
         QStringList names;
@@ -59,7 +52,7 @@ private Q_SLOTS:
                                          QStringLiteral("Hidden")}));
     }
 
-    void destroyedCatalogAnswersNobody() {
+    void destroyedCatalogNeverAnswers() {
         bool told = false;
         std::make_unique<DesktopCatalog>()->find([&](const auto &) { told = true; });
         QTest::qWait(50);

@@ -39,7 +39,6 @@ private Q_SLOTS:
                  Row{"Plain/32/apps/d.png hicolor/64x64/apps/d.png", "d", 64,
                      "Plain/32/apps/d.png"},
                  Row{"e.xpm", "e", 50, "e.xpm"},
-                 Row{"f.png", "../f", 50, ""},
              }) {
             for (const QByteArray &file : QByteArray(row.files).split(' ')) {
                 write(file.constData(), "");

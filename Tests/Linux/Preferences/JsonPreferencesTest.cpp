@@ -43,7 +43,7 @@ private Q_SLOTS:
     }
 
     /// A program that is killed after a set keeps its values.
-    void changesAreInTheFileWhenTheyAreAnnounced() {
+    void changeIsSavedBeforeItIsAnnounced() {
         JsonPreferences preferences(m_path);
         QStringList announced;
         connect(&preferences, &Preferences::changed, this, [&](const QString &name) {
@@ -83,7 +83,7 @@ private Q_SLOTS:
         QCOMPARE(readFile(m_path), whole);
     }
 
-    void deletedFileGivesTheDefaults() {
+    void deletedFileResetsButKeepsTheBackup() {
         JsonPreferences(m_path).setString(key, QStringLiteral("precious"));
         QVERIFY(QFile::remove(m_path));
         JsonPreferences preferences(m_path);
@@ -92,7 +92,7 @@ private Q_SLOTS:
         QVERIFY(readFile(m_backup + QStringLiteral(".kept-1")).contains("precious"));
     }
 
-    void longValuesHaveFilesOfTheirOwn() {
+    void longValuesAreSavedInTheirOwnFiles() {
         writeFile(m_path, "{\"quickNote\": \"of an earlier version\"}");
         JsonPreferences preferences(m_path);
         QCOMPARE(preferences.string(keys::quickNote), QStringLiteral("of an earlier version"));
@@ -104,7 +104,7 @@ private Q_SLOTS:
         QCOMPARE(JsonPreferences(m_path).value(keys::quickNote), std::nullopt);
     }
 
-    void failedWriteIsTriedAgain() {
+    void failedWriteIsRetriedWithTheNext() {
         JsonPreferences(m_path).setNumber(key, 1);
         auto preferences = std::make_unique<JsonPreferences>(m_path);
         QSignalSpy failed(preferences.get(), &Preferences::failed);

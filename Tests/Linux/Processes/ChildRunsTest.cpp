@@ -18,7 +18,7 @@ private Q_SLOTS:
         m_result.reset();
     }
 
-    void resultOfARun() {
+    void runsEndWithStatusAndOutput() {
         struct Row {
             const char *script;
             int status;
@@ -42,7 +42,7 @@ private Q_SLOTS:
         }
     }
 
-    void destroyedTaskEndsTheWholeSession() {
+    void destroyedTaskKillsAllDescendants() {
         Task task =
             run("(trap '' TERM; sh -c 'echo $$ > $MARK; while :; do sleep 1; done') & wait");
         QTRY_VERIFY(marked() > 0);
@@ -51,7 +51,7 @@ private Q_SLOTS:
         QVERIFY(!m_result);
     }
 
-    void childIsLeftAloneIfAgreed() {
+    void leftChildOutlivesItsTask() {
         auto runs = std::make_unique<ChildRuns>(1);
         Task task = run("echo $$ > $MARK; exec sleep 60", {}, OnStop::LeaveChild, runs.get());
         QTRY_VERIFY(marked() > 0);
@@ -64,7 +64,7 @@ private Q_SLOTS:
         QTRY_VERIFY(kill(marked(), 0) != 0);
     }
 
-    void runsWaitForTheirTurn() {
+    void runsAreLimitedAtATime() {
         ChildRuns runs(1);
         Task first = run("exec sleep 60", {}, OnStop::EndChild, &runs);
         const Task second = run("exit 5", {}, OnStop::EndChild, &runs);
