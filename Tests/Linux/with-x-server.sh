@@ -26,7 +26,8 @@ eventually() {
 
 Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp -noreset \
     3>"$TMPDIR/display" 2>"$TMPDIR/server.log" &
-processes+=($!)
+export PERCHLY_TEST_SERVER_PID=$!
+processes+=("$PERCHLY_TEST_SERVER_PID")
 eventually test -s "$TMPDIR/display" || fail "Xvfb did not start"
 DISPLAY=:$(cat "$TMPDIR/display")
 export DISPLAY QT_QPA_PLATFORM=xcb

@@ -17,11 +17,11 @@ private Q_SLOTS:
     }
 
     void applicationsAreSortedLikeAFileBrowser() {
-        install("z1", "Name=alpha");
-        install("z2", "Name=App 2");
-        install("z3", "Name=Base\nName[de]=App 10");
-        install("z4", "Name=éclair");
-        install("no display", "Name=Hidden\nNoDisplay=true");
+        installApplication(QStringLiteral("z1"), "Exec=true\nName=alpha");
+        installApplication(QStringLiteral("z2"), "Exec=true\nName=App 2");
+        installApplication(QStringLiteral("z3"), "Exec=true\nName=Base\nName[de]=App 10");
+        installApplication(QStringLiteral("z4"), "Exec=true\nName=éclair");
+        installApplication(QStringLiteral("no display"), "Exec=true\nName=Hidden\nNoDisplay=true");
         QCOMPARE(found(), QStringList({QStringLiteral("alpha"), QStringLiteral("App 2"),
                                        QStringLiteral("App 10"), QStringLiteral("éclair")}));
     }
@@ -30,7 +30,7 @@ private Q_SLOTS:
         const qsizetype before = found().size();
         QSignalSpy changed(&m_catalog, &ApplicationCatalog::changed);
         for (int number = 0; number < 100; ++number) {
-            install("new" + QByteArray::number(number), "Name=New");
+            installApplication(QStringLiteral("new%1").arg(number), "Exec=true");
         }
         QVERIFY(changed.wait());
         QVERIFY(!changed.wait(700));
@@ -60,10 +60,6 @@ private Q_SLOTS:
     }
 
 private:
-    static void install(const QByteArray &name, const QByteArray &lines) {
-        writeFile(desktopEntryPath(QString::fromUtf8(name)),
-                  "[Desktop Entry]\nType=Application\nExec=true\n" + lines + '\n');
-    }
     static QStringList namesOf(const QList<FoundApplication> &applications) {
         QStringList names;
         for (const FoundApplication &application : applications) {

@@ -4,8 +4,6 @@
 
 #include <QTemporaryDir>
 
-#include <sys/stat.h>
-
 namespace perchly {
 
 class IconThemeTest : public QObject {
@@ -23,7 +21,7 @@ private Q_SLOTS:
               "[Icon Theme]\nDirectories=64x64/apps\n[64x64/apps]\nSize=64\n");
     }
 
-    void bestFileIsFound() {
+    void fileOfTheBestSizeIsFound() {
         struct Row {
             const char *files;
             const char *name;
@@ -51,24 +49,20 @@ private Q_SLOTS:
 
     void picturesFitTheSize() {
         save("wide.png", {300, 150});
-        save("small.png", {16, 16});
         write("drawn.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='16' height='16'>"
                            "<rect width='16' height='16' fill='#f00'/></svg>");
         IconTheme theme({}, {m_folder->path()});
         QCOMPARE(theme.image(QStringLiteral("wide"), 100).size(), QSize(100, 50));
-        QCOMPARE(theme.image(QStringLiteral("small"), 100).size(), QSize(16, 16));
         const QImage drawn = theme.image(m_folder->filePath(QStringLiteral("drawn.svg")), 100);
         QCOMPARE(drawn.size(), QSize(100, 100));
         QCOMPARE(drawn.pixelColor(99, 99), QColor(Qt::red));
     }
 
-    void pictureOfAnEntryIsRead() {
+    void iconOfAnEntryIsRead() {
         save("mine.png", {64, 64});
         write("broken.png", "no picture");
-        QCOMPARE(mkfifo(QFile::encodeName(m_folder->filePath(QStringLiteral("pipe.png"))), 0600),
-                 0);
         GioApplications applications;
-        for (const char *name : {"mine", "broken", "pipe", "missing"}) {
+        for (const char *name : {"mine", "broken", "missing"}) {
             const QByteArray picture =
                 m_folder->filePath(QString::fromLatin1(name)).toUtf8() + ".png";
             write("a.desktop", "[Desktop Entry]\nName=A\nExec=not-installed\nIcon=" + picture);

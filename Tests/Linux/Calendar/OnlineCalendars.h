@@ -42,17 +42,18 @@ public:
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &bus) override {
         ++questions;
         const QString uid = message.path().section(u'/', -1);
-        const bool isFailing =
-            message.member() == failingMember && (uid == failingUid || failingUid.isEmpty());
-        return isFailing ? isMute || bus.send(message.createErrorReply(QDBusError::Failed, uid))
-                         : bus.send(message.createReply(answerTo(message, uid)));
+        const bool isFailing = uid == QLatin1StringView("web") || failure == Failure::Frozen;
+        if (isFailing && failure == Failure::CalendarError) {
+            return bus.send(message.createErrorReply(QDBusError::Failed, uid));
+        }
+        return (isFailing && failure != Failure::None) ||
+               bus.send(message.createReply(answerTo(message, uid)));
     }
 
     int questions = 0;
-    QStringList opened;    ///< calendars
-    QString failingMember; ///< of the calendar with that UID, or of any object
-    QString failingUid;
-    bool isMute = false; ///< instead of answering with an error
+    QStringList opened; ///< calendars
+    /// The service or the calendar "web" does not answer, or that calendar has an error.
+    enum class Failure { None, Frozen, CalendarFrozen, CalendarError } failure = Failure::None;
 
 private:
     using Interfaces = QMap<QString, QVariantMap>;

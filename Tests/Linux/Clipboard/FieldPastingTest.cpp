@@ -36,7 +36,6 @@ private Q_SLOTS:
         QTest::newRow("edit") << u"Ctrl+V, Ctrl+V"_s << u"one naïve\npastenaïve\npaste"_s;
         QTest::newRow("edit") << QString() << u"one twoab"_s;
         QTest::newRow("input") << u"Ctrl+V"_s << u"one naïve"_s;
-        QTest::newRow("input") << QString() << u"one twoab"_s;
         QTest::newRow("readOnly") << u"Ctrl+V"_s << u"one two"_s;
     }
 

@@ -48,76 +48,61 @@ enum class Ending { Quit, Kill, PlayerEnds };
 
 } // namespace
 
-Q_DECLARE_METATYPE(Ending)
-
 class RouteTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void levelsAreExactAndAtMostTwoCyclesAreLost_data() {
-        QTest::addColumn<bool>("isPulse");
-        QTest::newRow("a native client") << false;
-        QTest::newRow("a PulseAudio client") << true;
-    }
-
     void levelsAreExactAndAtMostTwoCyclesAreLost() {
-        QFETCH(bool, isPulse);
-        SoundSystem sound;
-        SoundMeter meter(first);
-        const auto player = isPulse ? pulsePlayer() : nativePlayer();
-        QVERIFY(meter.comesTo(toneLevel));
-        meter.clear();
-        const auto route = sound.route(*player);
-        QTest::qWait(1300); // until the sink may rest
-        QVERIFY(route->isRunning());
-        QVERIFY(meter.maxSilence() <= 2 * cycle);
-        for (const float gain : {0.5F, 0.0F, 1.0F}) {
-            route->setGain(gain);
-            QVERIFY(meter.comesTo(toneLevel * gain));
+        for (const bool isPulse : {false, true}) {
+            SoundSystem sound;
+            SoundMeter meter(first);
+            const auto player = isPulse ? pulsePlayer() : nativePlayer();
+            QVERIFY(meter.comesTo(toneLevel));
+            meter.clear();
+            const auto route = sound.route(player);
+            QTest::qWait(1300); // until the sink may rest
+            QVERIFY(route->isRunning());
+            QVERIFY(meter.maxSilence() <= 2 * cycle);
+            for (const float gain : {0.5F, 0.0F, 1.0F}) {
+                route->setGain(gain);
+                QVERIFY(meter.comesTo(toneLevel * gain));
+            }
+            meter.clear();
+            route->stop();
+            QTest::qWait(500);
+            QVERIFY(meter.maxSilence() <= 2 * cycle);
+            QVERIFY(meter.comesTo(toneLevel));
+            QTRY_COMPARE(tracesOfRoutes(), QString());
         }
-        meter.clear();
-        route->stop();
-        QTest::qWait(500);
-        QVERIFY(meter.maxSilence() <= 2 * cycle);
-        QVERIFY(meter.comesTo(toneLevel));
-        QTRY_COMPARE(tracesOfRoutes(), QString());
-    }
-
-    void playerReturnsToItsOutput_data() {
-        QTest::addColumn<bool>("isChosen");
-        QTest::addColumn<Ending>("ending");
-        QTest::newRow("the default, when the program quits") << false << Ending::Quit;
-        QTest::newRow("the default, after kill -9") << false << Ending::Kill;
-        QTest::newRow("a chosen one, when the program quits") << true << Ending::Quit;
-        QTest::newRow("a chosen one, after kill -9") << true << Ending::Kill;
-        QTest::newRow("a chosen one, when the player starts again") << true << Ending::PlayerEnds;
     }
 
     void playerReturnsToItsOutput() {
-        QFETCH(bool, isChosen);
-        QFETCH(Ending, ending);
         SoundMeter atFirst(first);
-        SoundMeter meter(isChosen ? second : first);
+        SoundMeter atSecond(second);
         auto player = pulsePlayer();
         QVERIFY(atFirst.comesTo(toneLevel));
-        QVERIFY(!isChosen || isMovedTo(second, meter));
-        // Twice: as the user has just chosen it, and as the session manager remembers it.
-        for (int round = 0; round < 2; ++round) {
-            Program owner(QCoreApplication::applicationFilePath(),
-                          {QStringLiteral("--mute"), QString::number(player->pid())});
-            QVERIFY(meter.comesTo(0, 8000));
-            if (ending == Ending::Quit) {
-                owner.quit();
-            } else if (ending == Ending::Kill) {
-                owner.kill();
-            } else {
-                player->kill();
+        for (const bool isChosen : {false, true}) {
+            SoundMeter &meter = isChosen ? atSecond : atFirst;
+            QVERIFY(!isChosen || isMovedTo(second, meter));
+            // First as the user has just chosen it, then as the session manager remembers it.
+            for (const Ending ending :
+                 {Ending::Kill, Ending::Quit, Ending::PlayerEnds, Ending::Kill}) {
+                const Program owner =
+                    startProgram(QCoreApplication::applicationFilePath(),
+                                 {QStringLiteral("--mute"), QString::number(player->processId())});
+                QVERIFY(meter.comesTo(0, 8000));
+                if (ending == Ending::Quit) {
+                    owner->closeWriteChannel();
+                    QVERIFY(owner->waitForFinished());
+                } else if (ending == Ending::Kill) {
+                    owner->kill();
+                } else {
+                    player = pulsePlayer();
+                }
+                QVERIFY(meter.comesTo(toneLevel));
+                QVERIFY(atFirst.comesTo(isChosen ? 0 : toneLevel));
                 player = pulsePlayer();
+                QVERIFY(meter.comesTo(toneLevel));
             }
-            QVERIFY(meter.comesTo(toneLevel));
-            QVERIFY(atFirst.comesTo(isChosen ? 0 : toneLevel));
-            player->kill();
-            player = pulsePlayer();
-            QVERIFY(meter.comesTo(toneLevel));
         }
         QVERIFY(isMovedTo(first, atFirst)); // so that the next test's player goes by the default
     }
@@ -127,7 +112,7 @@ private Q_SLOTS:
         SoundMeter meter(first);
         const auto routed = pulsePlayer();
         QVERIFY(meter.comesTo(toneLevel));
-        const auto route = sound.route(*routed, 0);
+        const auto route = sound.route(routed, 0);
         QVERIFY(meter.comesTo(0));
         // Another process of the same program, and other kinds.
         for (int round = 0; round < 3; ++round) {
@@ -144,22 +129,22 @@ private Q_SLOTS:
         SoundSystem sound;
         SoundMeter meter(first);
         const auto player = nativePlayer();
-        const auto route = sound.route(*player, 0.5F);
+        const auto route = sound.route(player, 0.5F);
         QVERIFY(meter.comesTo(toneLevel / 2));
-        player->tell("+");
+        player->write("+");
         QVERIFY(meter.comesTo(toneLevel)); // two streams at half their level
-        player->tell("--");
+        player->write("--");
         QVERIFY(meter.comesTo(0));
-        player->tell("+");
+        player->write("+");
         QVERIFY(meter.comesTo(toneLevel / 2));
         // A short pause, and one after which the session manager suspends idle nodes.
         for (const int milliseconds : {300, 6000}) {
-            player->tell("p");
+            player->write("p");
             QVERIFY(meter.comesTo(0));
             QTest::qWait(milliseconds);
             QVERIFY(route->isRunning());
-            QTRY_COMPARE(sound.process(player->pid())->isRunningOutput, false);
-            player->tell("r");
+            QTRY_COMPARE(sound.process(player->processId())->isRunningOutput, false);
+            player->write("r");
             QVERIFY(meter.comesTo(toneLevel / 2));
         }
         route->stop();
@@ -170,7 +155,7 @@ private Q_SLOTS:
         SoundSystem sound;
         SoundMeter atSecond(second);
         const auto player = pulsePlayer();
-        const auto route = sound.route(*player);
+        const auto route = sound.route(player);
         QTest::qWait(1500);
         QVERIFY(moveUntil(
             second, [&] { return QTest::qWaitFor([&] { return !route->isRunning(); }, 1500); }));
@@ -182,13 +167,8 @@ private Q_SLOTS:
     void programThatForbidsMovingIsNotRouted() {
         SoundSystem sound;
         const auto player = nativePlayer({QStringLiteral("fixed")});
-        const AudioObject process = sound.waitForProcess(player->pid());
-        player->tell("p"); // which announces properties again
-        QTRY_COMPARE(sound.process(player->pid())->isRunningOutput, false);
-        player->tell("r");
-        QCOMPARE(sound.waitForProcess(player->pid()), process);
         QString error;
-        QVERIFY(!MixerRoute::make(sound.system, process, error));
+        QVERIFY(!MixerRoute::make(sound.system, sound.waitForProcess(player->processId()), error));
         QVERIFY(error.startsWith(QStringLiteral("Audio access failed.")));
     }
 };

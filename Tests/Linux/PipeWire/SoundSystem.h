@@ -31,7 +31,7 @@ public:
         }
     }
 
-    [[nodiscard]] std::optional<AudioProcess> process(std::int32_t pid) const {
+    [[nodiscard]] std::optional<AudioProcess> process(qint64 pid) const {
         const auto processes = system.processes();
         for (const AudioProcess &process : processes.value_or(QList<AudioProcess>())) {
             if (process.pid == pid) {
@@ -42,7 +42,7 @@ public:
     }
 
     /// 0 if the process does not play within a while.
-    [[nodiscard]] AudioObject waitForProcess(std::int32_t pid) const {
+    [[nodiscard]] AudioObject waitForProcess(qint64 pid) const {
         std::optional<AudioProcess> found;
         const auto plays = [&] {
             found = process(pid);
@@ -54,7 +54,7 @@ public:
     /// The player's route, once it plays.
     [[nodiscard]] std::unique_ptr<MixerRoute> route(const Program &player, float gain = 1) {
         QString error;
-        auto route = MixerRoute::make(system, waitForProcess(player.pid()), error);
+        auto route = MixerRoute::make(system, waitForProcess(player->processId()), error);
         if (!route) {
             qFatal("%s", qPrintable(error));
         }

@@ -67,28 +67,20 @@ void open(Program &program) {
                       &format, 1);
 }
 
-void obey(Program &program, char command) {
-    if (command == '+') {
+void obey(void *data, int input, std::uint32_t) {
+    auto &program = *static_cast<Program *>(data);
+    char command = 0;
+    if (read(input, &command, 1) != 1) {
+        pw_main_loop_quit(program.loop);
+    } else if (command == '+') {
         open(program);
-    } else if (command == '-' && !program.streams.empty()) {
+    } else if (command == '-') {
         pw_stream_destroy(program.streams.back());
         program.streams.pop_back();
-    } else if (command == 'p' || command == 'r') {
+    } else {
         for (pw_stream *stream : program.streams) {
             pw_stream_set_active(stream, command == 'r');
         }
-    }
-}
-
-void onInput(void *data, int descriptor, std::uint32_t) {
-    auto &program = *static_cast<Program *>(data);
-    std::array<char, 512> text{};
-    const ssize_t size = read(descriptor, text.data(), text.size());
-    if (size <= 0) {
-        pw_main_loop_quit(program.loop);
-    }
-    for (ssize_t index = 0; index < size; ++index) {
-        obey(program, text[std::size_t(index)]);
     }
 }
 
@@ -98,7 +90,7 @@ int main(int argc, char **argv) {
     pw_init(nullptr, nullptr);
     Program program;
     program.isFixed = argc > 1 && std::string_view(argv[1]) == "fixed";
-    pw_loop_add_io(pw_main_loop_get_loop(program.loop), STDIN_FILENO, SPA_IO_IN, false, onInput,
+    pw_loop_add_io(pw_main_loop_get_loop(program.loop), STDIN_FILENO, SPA_IO_IN, false, obey,
                    &program);
     pw_main_loop_run(program.loop);
 }

@@ -51,7 +51,7 @@ private Q_SLOTS:
         QVERIFY(!m_result);
     }
 
-    void leftChildOutlivesItsTask() {
+    void childMayOutliveItsTask() {
         auto runs = std::make_unique<ChildRuns>(1);
         Task task = run("echo $$ > $MARK; exec sleep 60", {}, OnStop::LeaveChild, runs.get());
         QTRY_VERIFY(marked() > 0);
@@ -64,7 +64,7 @@ private Q_SLOTS:
         QTRY_VERIFY(kill(marked(), 0) != 0);
     }
 
-    void runsAreLimitedAtATime() {
+    void extraRunsWait() {
         ChildRuns runs(1);
         Task first = run("exec sleep 60", {}, OnStop::EndChild, &runs);
         const Task second = run("exit 5", {}, OnStop::EndChild, &runs);

@@ -22,22 +22,16 @@ void showPattern(const XClient &other) {
     const xcb_gcontext_t context = xcb_generate_id(other.get());
     xcb_create_gc(other.get(), context, window, 0, nullptr);
     xcb_map_window(other.get(), window);
-    QImage line(screenSize.width(), 1, QImage::Format_RGB32);
-    for (int y = 0; y < screenSize.height(); ++y) {
-        for (int x = 0; x < line.width(); ++x) {
-            line.setPixel(x, 0, colourAt(x, y));
+    QImage pattern(screenSize, QImage::Format_RGB32);
+    for (int y = 0; y < pattern.height(); ++y) {
+        for (int x = 0; x < pattern.width(); ++x) {
+            pattern.setPixel(x, y, colourAt(x, y));
         }
-        xcb_put_image(other.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, window, context,
-                      quint16(line.width()), 1, 0, qint16(y), 0, 24, quint32(line.bytesPerLine()),
-                      line.constBits());
     }
+    xcb_put_image(other.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, window, context, quint16(pattern.width()),
+                  quint16(pattern.height()), 0, 0, 0, 24, quint32(pattern.sizeInBytes()),
+                  pattern.constBits());
     other.sync();
-}
-
-bool setMonitor(const char *name, const char *area, const char *output) {
-    return QProcess::execute(QStringLiteral("xrandr"),
-                             {QStringLiteral("--setmonitor"), QString::fromLatin1(name),
-                              QString::fromLatin1(area), QString::fromLatin1(output)}) == 0;
 }
 
 } // namespace
@@ -46,12 +40,14 @@ class ScreenCaptureTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void initTestCase() {
-        QVERIFY(setMonitor("left", "640/300x800/200+0+0", "screen"));
-        QVERIFY(setMonitor("right", "640/300x800/200+640+0", "none"));
+        for (const auto &monitor : {QStringLiteral("left 640/300x800/200+0+0 screen"),
+                                    QStringLiteral("right 640/300x800/200+640+0 none")}) {
+            const QString arguments = QStringLiteral("--setmonitor ") + monitor;
+            QCOMPARE(QProcess::execute(QStringLiteral("xrandr"), arguments.split(u' ')), 0);
+        }
     }
 
     void init() {
-        m_path = m_folder.filePath(QStringLiteral("capture.png"));
         m_status.reset();
         m_user.movePointer({5, 5});
         showPattern(m_user);
@@ -75,14 +71,6 @@ private Q_SLOTS:
             }
         }
         QVERIFY(!(QFile::permissions(m_path) & (QFile::ReadGroup | QFile::ReadOther)));
-    }
-
-    void unwritableFileIsAFailure() {
-        m_path = QStringLiteral("/nowhere/capture.png");
-        start();
-        QTRY_VERIFY(overlayHoldsKeyboard());
-        drag({100, 100}, {200, 200});
-        QTRY_COMPARE(m_status.value_or(0), 1);
     }
 
     void waitsBrieflyForAHeldKeyboard() {
@@ -131,7 +119,7 @@ private:
     XClient m_user;
     ProcessScreenCapture m_capture{QStringLiteral(CAPTURE_COMPANION)};
     QTemporaryDir m_folder;
-    QString m_path;
+    const QString m_path = m_folder.filePath(QStringLiteral("capture.png"));
     std::optional<int> m_status;
     Task m_run;
 };

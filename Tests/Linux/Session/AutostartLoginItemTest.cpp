@@ -18,7 +18,7 @@ private Q_SLOTS:
     }
 
     /// GIO launches the entry.
-    void anyPathIsStarted() {
+    void programAtAnyPathIsStarted() {
         AutostartLoginItem item(
             makeProgram(QStringLiteral("$HOME `x` %U 100% \\s\\ my \"own\" 'perchly'")));
         QVERIFY(!item.isEnabled());

@@ -10,11 +10,7 @@
 #include <QQuickWindow>
 #include <QSignalSpy>
 #include <QTest>
-#include <QThread>
 #include <QTimer>
-
-#include <atomic>
-#include <thread>
 
 using namespace perchly;
 
@@ -98,29 +94,24 @@ private:
         return QTest::qWaitFor(isDropped) ? line : QByteArray();
     }
 
-    /// The user is another thread: a drag runs its own event loop.
     void dragOntoTarget() {
         const QPoint start = m_window->position() + QPoint(100, 60);
-        std::atomic<bool> isOver = false;
-        std::thread user([start, &isOver] {
-            const XClient client;
-            client.movePointer(start);
-            client.pressButton();
-            for (int i = 1; i <= 8; ++i) {
-                client.movePointer(start + QPoint(0, 5 * i));
-                QThread::msleep(20);
+        const XClient user;
+        user.movePointer(start);
+        user.pressButton();
+        QList<QPoint> path{start + QPoint(0, 20), start + QPoint(0, 40), QPoint(780, 590),
+                           QPoint(790, 595),      QPoint(800, 600),      QPoint(800, 600)};
+        QTimer timer; // a drag runs its own event loop
+        timer.callOnTimeout([&] {
+            if (path.isEmpty()) {
+                user.releaseButton();
+                timer.stop();
+            } else {
+                user.movePointer(path.takeFirst());
             }
-            for (const QPoint at :
-                 {QPoint(780, 590), QPoint(790, 595), QPoint(800, 600), QPoint(800, 600)}) {
-                client.movePointer(at);
-                QThread::msleep(150);
-            }
-            client.releaseButton();
-            isOver = true;
         });
-        while (!isOver)
-            QTest::qWait(10);
-        user.join();
+        timer.start(100);
+        QTRY_VERIFY(!timer.isActive());
     }
 
     DragSource *source() const { return m_window->findChild<DragSource *>(); }

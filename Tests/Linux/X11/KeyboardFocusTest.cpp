@@ -36,16 +36,6 @@ private Q_SLOTS:
         QCOMPARE(m_focus.current(), inner);
     }
 
-    void focusOfADestroyedWindowIsRetaken() {
-        xcb_destroy_window(m_client.get(), m_other);
-        m_client.sync();
-        QTRY_VERIFY(m_focus.current() != m_other);
-        QTest::qWait(100); // the window manager moves it once more
-        QVERIFY(m_focus.current() != m_panel);
-        m_focus.retakeFromNobody(m_panel);
-        QCOMPARE(m_focus.current(), m_panel);
-    }
-
     void takingTheFocusCancelsAnActivation() {
         const xcb_window_t late = m_client.makeWindow({100, 600, 100, 50}, XClient::Managed::No);
         m_focus.activate(late);

@@ -12,7 +12,7 @@
 namespace perchly {
 
 /// Another program on the X server, which can also play the user: it moves the pointer and presses
-/// keys as devices do. Everything has reached the server when a call returns.
+/// its button. Everything has reached the server when a call returns.
 class XClient {
 public:
     XClient() {
@@ -40,10 +40,8 @@ public:
 
     // The user
     void movePointer(QPoint to) const { fakeInput(XCB_MOTION_NOTIFY, 0, to); }
-    void pressButton() const { fakeInput(XCB_BUTTON_PRESS, 1); }
-    void releaseButton() const { fakeInput(XCB_BUTTON_RELEASE, 1); }
-    void pressKey(quint8 keycode) const { fakeInput(XCB_KEY_PRESS, keycode); }
-    void releaseKey(quint8 keycode) const { fakeInput(XCB_KEY_RELEASE, keycode); }
+    void pressButton() const { fakeInput(XCB_BUTTON_PRESS, 1, {}); }
+    void releaseButton() const { fakeInput(XCB_BUTTON_RELEASE, 1, {}); }
 
     // The program
     enum class Managed { Yes, No };
@@ -65,7 +63,7 @@ public:
     }
 
 private:
-    void fakeInput(quint8 event, quint8 code, QPoint at = {}) const {
+    void fakeInput(quint8 event, quint8 code, QPoint at) const {
         xcb_test_fake_input(m_connection, event, code, 0, root(), qint16(at.x()), qint16(at.y()),
                             0);
         sync();
