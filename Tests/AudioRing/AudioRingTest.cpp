@@ -13,7 +13,7 @@ using Shapes = std::vector<BufferShape>;
 
 namespace {
 
-bool isRealTime = false;
+thread_local bool isRealTime = false;
 int realTimeAllocations = 0; ///< made while it is set
 
 enum class Layouts : uint8_t { Stereo, Planar, Any };

@@ -1,7 +1,8 @@
 #!/bin/bash
 # Runs a command on an X server of its own, with or without a window manager, which end with it:
 #   with-x-server.sh none|openbox|xfwm4 COMMAND [ARGUMENT …]
-# Folders and bus of its own are the matter of with-session-bus.sh.
+# Folders and bus of its own are the matter of with-session-bus.sh. PERCHLY_TEST_SERVER_PID names the
+# server, so that the command can stop it.
 set -euo pipefail
 
 manager=$1
