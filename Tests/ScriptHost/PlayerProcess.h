@@ -5,8 +5,8 @@
 
 namespace perchly {
 
-/// A player on the bus that plays by the test's script; see scripted_player.py. It is there once
-/// the constructor returns, and gone after the destructor.
+/// A player that follows the test's script, on the bus while this object lives; see
+/// scripted_player.py.
 class PlayerProcess {
 public:
     explicit PlayerProcess(const char *name, const QByteArray &script = "{}") {
@@ -24,7 +24,7 @@ public:
         QTest::qSleep(20); // the bus takes a moment to notice
     }
 
-    /// The commands that reached it since the last call, with spaces between them.
+    /// The commands that reached it since the last call, joined by spaces.
     [[nodiscard]] QString commands() {
         QTest::qSleep(50);
         m_process.waitForReadyRead(50);

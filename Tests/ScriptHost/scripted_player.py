@@ -1,11 +1,11 @@
 #!/usr/bin/python3
-"""A media player that does what real ones do not do on demand.
+"""A media player whose state and behaviour the test decides.
 
 Usage: scripted_player.py NAME JSON. The JSON object may hold "properties" (of the player interface,
 merged over a playing track), "metadata" (merged over its metadata), "identity", and "behaviour":
-"obeys", "refuses" (an error to every command), "ignores", or "silent" (answers nothing at all).
-Values are given as [SIGNATURE, VALUE]; null leaves a key out. It writes "ready" once it is on the
-bus and then every command that reaches it.
+"obeys", "refuses" (an error to every command), or "silent" (answers nothing at all). Values are
+given as [SIGNATURE, VALUE]; null leaves a key out. It writes "ready" once it is on the bus and then
+every command that reaches it.
 """
 
 import json
@@ -40,7 +40,7 @@ class ScriptedPlayer:
         self.properties = PROPERTIES | script.get("properties", {})
         self.metadata = TRACK | script.get("metadata", {})
         self.bus = Gio.bus_get_sync(Gio.BusType.SESSION)
-        # Without registered objects: GIO would hold values to their interface's types.
+        # A filter, not registered objects: GIO would check the values against the interface.
         self.bus.add_filter(self.on_message)
         Gio.bus_own_name_on_connection(
             self.bus, f"org.mpris.MediaPlayer2.{name}", Gio.BusNameOwnerFlags.NONE,
@@ -68,9 +68,8 @@ class ScriptedPlayer:
             return reply
         print(member, *arguments, flush=True)
         if self.behaviour == "refuses":
-            return message.new_method_error_literal("org.example.Refused", "I would rather not")
-        if self.behaviour == "obeys":
-            self.obey(member, arguments)
+            return message.new_method_error_literal("org.example.Refused", "No")
+        self.obey(member, arguments)
         return reply
 
     def obey(self, member, arguments):
@@ -83,7 +82,7 @@ class ScriptedPlayer:
             self.properties["Position"] = ["x", arguments[1]]
         else:
             self.metadata["xesam:title"] = ["s", member]
-        for _ in range(5):  # partial, and several for one change, as many players do it
+        for _ in range(5):  # many players send several partial signals for one change
             self.bus.emit_signal(
                 None, PATH, "org.freedesktop.DBus.Properties", "PropertiesChanged",
                 GLib.Variant("(sa{sv}as)", (PLAYER, {}, ["Metadata"])),
