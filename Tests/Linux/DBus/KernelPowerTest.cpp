@@ -29,28 +29,29 @@ QString read(const QString &folder) {
 class KernelPowerTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void readsTheFolder_data() {
+    void readsTheBatteries_data() {
         QTest::addColumn<QString>("files");
         QTest::addColumn<QString>("expected");
         const auto row = [](const char *name, const char *files, const char *expected) {
             QTest::newRow(name) << QString::fromLatin1(files) << QString::fromLatin1(expected);
         };
-        row("mains alone", "A/type=Mains A/online=1", "none");
         row("on mains", "A/type=Mains A/online=1 B/type=Battery B/capacity=80 B/status=Unknown",
             "80 mains");
         row("unplugged",
             "A/type=Mains A/online=0 B/type=Battery B/capacity=80 B/status=Discharging", "80");
         row("charging", "B/type=Battery B/capacity=5 B/status=Charging", "5 charging mains");
         row("more than full", "B/type=Battery B/capacity=103 B/status=Full", "100 mains");
-        row("two, of which one waits",
+        row("two batteries, one of them idle",
             "B/type=Battery B/capacity=100 B/energy_full=10 B/status=Unknown C/type=Battery "
             "C/capacity=20 C/energy_full=30 C/status=Discharging",
             "40");
-        row("a mouse, and an empty bay",
-            "M/type=Battery M/scope=Device M/capacity=9 B/type=Battery B/present=0", "none");
+        row("only a mouse and an empty bay",
+            "A/type=Mains A/online=1 M/type=Battery M/scope=Device M/capacity=9 B/type=Battery "
+            "B/present=0",
+            "none");
     }
 
-    void readsTheFolder() {
+    void readsTheBatteries() {
         QFETCH(const QString, files);
         const QTemporaryDir folder;
         for (const QString &file : files.split(u' ', Qt::SkipEmptyParts)) {

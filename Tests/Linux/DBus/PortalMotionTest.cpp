@@ -13,14 +13,12 @@ const QString gnome = QStringLiteral("org.gnome.desktop.interface enable-animati
 const QString kde = QStringLiteral("org.kde.kdeglobals.KDE AnimationDurationFactor");
 const QString common = QStringLiteral("org.freedesktop.appearance reduced-motion");
 
-using Settings = QMap<QString, QVariant>;
-
 /// A settings portal on a connection of its own.
 class Portal : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
 public:
-    explicit Portal(const Settings &settings)
+    explicit Portal(const QVariantMap &settings)
         : m_settings(settings) {
         QDBusConnection bus = m_bus.connection();
         bus.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), this,
@@ -47,7 +45,7 @@ Q_SIGNALS:
 
 private:
     SessionBus m_bus{QStringLiteral("portal")};
-    Settings m_settings;
+    QVariantMap m_settings;
 };
 
 } // namespace
@@ -55,7 +53,7 @@ private:
 class PortalMotionTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void followsSettingsAndRestarts() {
+    void followsSettingsAndPortalRestarts() {
         PortalMotion motion(std::make_shared<SessionBus>(QStringLiteral("motion")));
         const QSignalSpy changed(&motion, &Motion::changed);
         {

@@ -18,7 +18,7 @@ void call(const QString &player, const QString &method) {
                                        QStringLiteral("org.mpris.MediaPlayer2.Player"), method));
 }
 
-/// Calls until a change is heard of: earlier ones, before anyone listens, are lost.
+/// Calls until a change is announced: changes before the player is followed are lost.
 QVariantList callUntilHeard(const QString &player, const QString &method, QSignalSpy &heard) {
     for (int attempt = 0; heard.isEmpty() && attempt < 10; ++attempt) {
         call(player, method);
@@ -39,13 +39,9 @@ QVariantList announcement(const char *name, const char *title, const char *state
 class PlayerNotificationsTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase() {
-        qputenv("XDG_DATA_DIRS", "/nowhere/at/all");
-        // Without the bus's identity, which another does not have.
-        qputenv("DBUS_SESSION_BUS_ADDRESS", qgetenv("DBUS_SESSION_BUS_ADDRESS").split(',').first());
-    }
+    void initTestCase() { qputenv("XDG_DATA_DIRS", "/nowhere/at/all"); }
 
-    void announcesSpotifyAndTheMusicApplication() {
+    void announcesSpotifyAndTheMusicPlayer() {
         installApplication(QStringLiteral("org.example.Tunes"),
                            "Exec=true\nMimeType=audio/mpeg;\nCategories=AudioVideo;Audio;Player;");
         const auto bus = std::make_shared<SessionBus>(QStringLiteral("players"));
@@ -75,7 +71,7 @@ private Q_SLOTS:
         QCOMPARE(presence.count(), 3);
     }
 
-    void busMayFreezeAndRestart() {
+    void followsABusThatAnswersLateAndEnds() {
         const auto busPid = pid_t(qEnvironmentVariableIntValue("PERCHLY_TEST_BUS_PID"));
         kill(busPid, SIGSTOP);
         BusPlayerNotifications notifications(std::make_shared<SessionBus>(QStringLiteral("late")));
@@ -85,15 +81,6 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(notifications.presence(), PlayerPresence::None, 15'000);
         kill(busPid, SIGKILL);
         QTRY_COMPARE(notifications.presence(), PlayerPresence::Unknown);
-        QFile::remove(QDir::tempPath() + QStringLiteral("/bus"));
-        QProcess again;
-        again.start(
-            QStringLiteral("dbus-daemon"),
-            {QStringLiteral("--nofork"),
-             QStringLiteral("--config-file=") + QDir::tempPath() + QStringLiteral("/bus.conf")});
-        QTRY_COMPARE_WITH_TIMEOUT(notifications.presence(), PlayerPresence::None, 15'000);
-        again.kill();
-        again.waitForFinished();
     }
 };
 
