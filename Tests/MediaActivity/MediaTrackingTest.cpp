@@ -1,4 +1,7 @@
-#include "MediaFixture.h"
+#include "MediaTracking.h"
+#include "FakeHosts.h"
+#include "MediaScripts.h"
+#include "ShelfModel.h"
 #include "TestRegistry.h"
 
 #include <QSignalSpy>
@@ -9,17 +12,66 @@ using namespace std::chrono_literals;
 
 namespace {
 
+/// What the companion prints for a reading of one item.
+QByteArray item(const QByteArray &title = "Song", const QByteArray &source = "Chromium",
+                const QByteArray &playing = "true", const QByteArray &elapsed = "100",
+                const QByteArray &duration = "200") {
+    return R"({"title":")" + title + R"(","artist":"Singer","source":")" + source +
+           R"(","playing":)" + playing + R"(,"elapsedTime":)" + elapsed + R"(,"duration":)" +
+           duration + "}\n";
+}
+
+/// A model that follows players, over a companion and a clock that the test drives.
+struct MediaFixture {
+    FakeHosts fake;
+    ShelfModel model{fake.clock, fake.preferences, fake.alertSound};
+    MediaTracking tracking{model, fake.clock, fake.scriptHost, fake.playerNotifications,
+                           fake.musicPlayer};
+};
+
 struct PollFixture : MediaFixture {
     PollFixture() {
         tracking.startMediaMonitoring();
-        scripts.answer(item());
+        fake.scriptHost.answer(item());
     }
     void pollAgain(const QByteArray &output) {
         fake.clock.advance(2s);
-        scripts.answer(output);
+        fake.scriptHost.answer(output);
+    }
+};
+
+const QString changed = QStringLiteral(
+    "The media session changed. Wait for the current player to appear, then try again.");
+const QString ignored = QStringLiteral(
+    "Chromium did not apply this media command. The tab may be closed, buffering, or "
+    "unable to accept remote controls. Open the player and try again.");
+
+const QMap<QString, QByteArray> outputs{
+    {QStringLiteral("plays"), item()},
+    {QStringLiteral("paused"), item("Song", "Chromium", "false")},
+    {QStringLiteral("mpv"), item("Song", "mpv", "false")},
+    {QStringLiteral("endless"), item("Song", "Chromium", "true", "100", "null")},
+    {QStringLiteral("near"), item("Song", "Chromium", "true", "118.99")},
+    {QStringLiteral("off"), item("Song", "Chromium", "true", "119")},
+    {QStringLiteral("nothing"), "null"},
+    {QStringLiteral("yes"), "true\n"},
+    {QStringLiteral("no"), "false\n"}};
+
+/// The session has a playing item, and the user presses a button.
+struct PressFixture : MediaFixture {
+    explicit PressFixture(const QString &word) {
+        applyMedia(model, decodeMediaReading(item()).activity);
+        model.control(word);
     }
 
-    FakeScriptHost &scripts = fake.scriptHost;
+    /// Ends the next script, if need be after the pause before a verification.
+    void answer(const QString &output) {
+        if (fake.scriptHost.runs.count() == 0) {
+            fake.clock.advance(300ms);
+        }
+        output == QStringLiteral("fail") ? fake.scriptHost.fail()
+                                         : fake.scriptHost.answer(outputs[output]);
+    }
 };
 
 } // namespace
@@ -31,24 +83,29 @@ private Q_SLOTS:
         PollFixture fixture;
         const QSignalSpy changed(&fixture.model, &ShelfModel::mediaChanged);
         fixture.fake.clock.advance(1999ms);
-        QCOMPARE(fixture.scripts.underWay(), 0);
+        QCOMPARE(fixture.fake.scriptHost.runs.count(), 0U);
         fixture.fake.clock.advance(1ms);
-        QCOMPARE(fixture.scripts.underWay(), 1);
+        QCOMPARE(fixture.fake.scriptHost.runs.count(), 1U);
         fixture.fake.clock.advance(10s);
-        QCOMPARE(fixture.scripts.started.size(), std::size_t(2)); // never two at a time
-        fixture.scripts.fail();
-        fixture.pollAgain("[]");
+        QCOMPARE(fixture.fake.scriptHost.scripts.size(), 2); // never two at a time
+        fixture.fake.scriptHost.fail();
+        for (const QByteArray &unreadable :
+             {QByteArray("[]"), item("Other", "Chromium", "1"), item("Other").chopped(3)}) {
+            fixture.pollAgain(unreadable);
+        }
         fixture.pollAgain(item());
         QCOMPARE(fixture.model.musicTitle(), QStringLiteral("Song"));
         QCOMPARE(changed.count(), 0);
+        fixture.pollAgain(item("\\u202ea\\u0007b\\u200b\\n", "Firefox"));
+        QCOMPARE(fixture.model.musicTitle(), QStringLiteral("a b"));
         fixture.pollAgain("null\n");
         QVERIFY(!fixture.model.musicActive());
         fixture.tracking.stopMediaMonitoring();
         fixture.fake.clock.advance(10s);
-        QCOMPARE(fixture.scripts.underWay(), 0);
+        QCOMPARE(fixture.fake.scriptHost.runs.count(), 0U);
     }
 
-    void restsWhileThereIsNoPlayer() {
+    void restsWithoutAPlayer() {
         PollFixture fixture;
         const ShelfModel &model = fixture.model;
         fixture.fake.playerNotifications.setPresence(PlayerPresence::None);
@@ -65,25 +122,25 @@ private Q_SLOTS:
         QCOMPARE(fixture.fake.clock.scheduledTasks(), atRest);
         fixture.fake.playerNotifications.setPresence(PlayerPresence::Some);
         fixture.fake.playerNotifications.setPresence(PlayerPresence::None);
-        fixture.scripts.answer(item()); // of a player that has left since
+        fixture.fake.scriptHost.answer(item()); // of a player that has left since
         QVERIFY(model.musicActive());
         fixture.fake.clock.advance(2s);
         QVERIFY(!model.musicActive());
         QCOMPARE(fixture.fake.clock.scheduledTasks(), atRest);
     }
 
-    void readingDuringACommandIsNotShown() {
+    void ignoresReadingsDuringACommand() {
         PollFixture fixture;
         fixture.fake.clock.advance(2s); // a reading is under way
         fixture.model.control(QStringLiteral("playpause"));
-        fixture.scripts.answer(item("Late"));
+        fixture.fake.scriptHost.answer(item("Late"));
         QCOMPARE(fixture.model.musicTitle(), QStringLiteral("Song"));
-        fixture.scripts.answer("null"); // the command's own reading
+        fixture.fake.scriptHost.answer("null"); // the command's own reading
         fixture.pollAgain("null");
         QVERIFY(!fixture.model.musicActive());
     }
 
-    void announcementsCountWhileTheSessionHasNothing() {
+    void followsAnnouncementsWithoutASession() {
         PollFixture fixture;
         const ShelfModel &model = fixture.model;
         const auto announce = [&](const QString &player, const QVariant &title) {
@@ -107,6 +164,85 @@ private Q_SLOTS:
         fixture.model.focus(); // whose line stays
         QCOMPARE(announce(music, QStringLiteral("B")),
                  QStringLiteral("Apple Music|com.apple.Music|B|Focus session"));
+    }
+
+    void sendsWhatTheFreshReadingAsksFor() {
+        PressFixture press(QStringLiteral("playpause"));
+        press.model.control(QStringLiteral("next track")); // ignored
+        QCOMPARE(press.fake.scriptHost.scripts, QStringList(readScript()));
+        press.answer(QStringLiteral("paused")); // elsewhere meanwhile
+        QCOMPARE(press.fake.scriptHost.scripts.last(), *sendScript(MediaPlaybackCommand::Play, {}));
+        press.answer(QStringLiteral("yes"));
+        press.fake.clock.advance(299ms);
+        QCOMPARE(press.fake.scriptHost.runs.count(), 0U);
+        press.answer(QStringLiteral("plays"));
+        QVERIFY(!press.model.controlling() && press.model.playing());
+    }
+
+    void seeksWithinTheTrack() {
+        const auto target = [](MediaPlaybackCommand command, double elapsed, double duration) {
+            MediaActivity activity;
+            activity.elapsedTime = elapsed;
+            activity.duration = duration;
+            return seekTarget(command, activity).value_or(-1);
+        };
+        QCOMPARE(target(MediaPlaybackCommand::Rewind, 10, 200), 0);
+        QCOMPARE(target(MediaPlaybackCommand::Forward, 100.5, 200), 115.5);
+        QCOMPARE(target(MediaPlaybackCommand::Forward, 195, 200), 200);
+    }
+
+    void commandsEnd_data() {
+        QTest::addColumn<QString>("word");
+        QTest::addColumn<QString>("answers");
+        QTest::addColumn<QString>("error");
+        const auto row = [](const char *name, const char *word, const char *answers,
+                            const QString &error) {
+            QTest::newRow(name) << QString::fromUtf8(word) << QString::fromUtf8(answers) << error;
+        };
+        const QString refused = QStringLiteral("Chromium could not receive this playback command.");
+        const QString endless = QStringLiteral("This player does not expose a seekable timeline.");
+        row("verified by the last reading", "playpause", "plays yes plays fail plays paused", {});
+        row("unknown word", "stop", "", {});
+        row("another player", "playpause", "mpv", changed);
+        row("no player", "playpause", "nothing", changed);
+        row("no timeline", "forward", "endless", endless);
+        row("player refuses", "next track", "plays no", refused);
+        row("player ignores it", "playpause", "plays yes plays plays plays plays", ignored);
+        row("another player pauses", "playpause", "plays yes nothing mpv mpv mpv", ignored);
+        row("no reading succeeds", "playpause", "plays yes fail fail fail fail", ignored);
+        row("skip is read once", "next track", "plays yes plays", {});
+        row("skip without a reading", "previous track", "plays yes fail fail fail fail", {});
+        row("seek near its target", "forward", "plays yes off endless near", {});
+    }
+
+    void commandsEnd() {
+        QFETCH(const QString, word);
+        QFETCH(const QString, answers);
+        PressFixture press(word);
+        for (const QString &answer : answers.split(u' ', Qt::SkipEmptyParts)) {
+            QVERIFY(press.model.controlling());
+            press.answer(answer);
+        }
+        QVERIFY(!press.model.controlling());
+        QTEST(press.model.controlError(), "error");
+    }
+
+    void tellsPlayersOutsideTheSession() {
+        MediaFixture fixture;
+        Q_EMIT fixture.fake.playerNotifications.received(
+            QStringLiteral("com.spotify.client.PlaybackStateChanged"), {});
+        fixture.model.control(QStringLiteral("playpause"));
+        QCOMPARE(fixture.fake.scriptHost.scripts.first(),
+                 QStringLiteral("tell application id \"com.spotify.client\"\nplaypause\n"
+                                "return player state as string\nend tell"));
+        fixture.fake.scriptHost.answer("  PLAYING \n");
+        QVERIFY(!fixture.model.controlling() && fixture.model.playing());
+        fixture.model.control(QStringLiteral("playpause"));
+        fixture.fake.scriptHost.fail();
+        QVERIFY(!fixture.model.controlling() && fixture.model.playing());
+        QCOMPARE(fixture.model.controlError(),
+                 QStringLiteral("Allow Perchly in System Settings → Privacy & Security → "
+                                "Automation, then try again."));
     }
 };
 

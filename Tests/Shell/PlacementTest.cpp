@@ -29,7 +29,7 @@ private Q_SLOTS:
     void appearsOnTheFirstDisplayAndFollowsItsPreferences() {
         QList<perchly::Display> displays;
         ShellFixture shell([&displays](FakeHosts &fake) { displays.swap(fake.displays.displays); });
-        QCOMPARE(shell.fake.panel.placements, 0);
+        QCOMPARE(shell.fake.panel.frame, ScreenRect());
         shell.delegate->toggleKeyboardOpen();
         shell.delegate->toggleKeyboardOpen();
         displays.swap(shell.fake.displays.displays);

@@ -3,26 +3,15 @@
 #include "AudioSystem.h"
 
 #include <QHash>
+#include <QPointer>
 
 namespace perchly {
 
 /// A route that runs until the test says otherwise.
-struct FakeAudioRoute : AudioRoute {
-    FakeAudioRoute(AudioObject routed, std::shared_ptr<AudioRingBuffer> through,
-                   QList<FakeAudioRoute *> &routes)
-        : process(routed)
-        , ring(std::move(through))
-        , all(routes) {
-        all.append(this);
-    }
-    ~FakeAudioRoute() override { all.removeOne(this); }
-    Q_DISABLE_COPY_MOVE(FakeAudioRoute)
-
+struct FakeAudioRoute : QObject, AudioRoute {
     bool isRunning() const override { return running; }
 
-    AudioObject process;
     std::shared_ptr<AudioRingBuffer> ring;
-    QList<FakeAudioRoute *> &all;
     bool running = true;
 };
 
@@ -31,7 +20,7 @@ class FakeAudioSystem : public AudioSystem {
 public:
     using AudioSystem::AudioSystem;
 
-    void start() override { started = true; }
+    void start() override {}
     bool canRouteProcesses() const override { return routable; }
     AudioObject defaultOutput() const override { return output; }
     std::optional<QList<AudioProcess>> processes() const override { return list; }
@@ -42,27 +31,28 @@ public:
     std::unique_ptr<AudioRoute> route(AudioObject process, std::shared_ptr<AudioRingBuffer> ring,
                                       QString &error) override {
         error = failure;
-        return failure.isEmpty() ? std::make_unique<FakeAudioRoute>(process, ring, routes)
-                                 : nullptr;
+        if (!failure.isEmpty()) {
+            return nullptr;
+        }
+        auto route = std::make_unique<FakeAudioRoute>();
+        route->ring = std::move(ring);
+        m_routes.insert(process, route.get());
+        return route;
     }
 
     /// The route of the process; null when there is none.
     [[nodiscard]] FakeAudioRoute *routeOf(AudioObject process) const {
-        for (FakeAudioRoute *route : routes) {
-            if (route->process == process) {
-                return route;
-            }
-        }
-        return nullptr;
+        return m_routes.value(process);
     }
 
-    bool started = false;
     bool routable = true;
     AudioObject output = 40;
     std::optional<QList<AudioProcess>> list{QList<AudioProcess>()};
     QHash<AudioObject, RunningApplication> applications; ///< by their processes
-    QList<FakeAudioRoute *> routes;
-    QString failure; ///< of every further route
+    QString failure;                                     ///< of every further route
+
+private:
+    QHash<AudioObject, QPointer<FakeAudioRoute>> m_routes;
 };
 
 } // namespace perchly

@@ -2,6 +2,8 @@
 
 #include "PendingCalls.h"
 
+#include <QtGlobal>
+
 #include <algorithm>
 
 namespace perchly {

@@ -7,23 +7,21 @@
 #include "FakePlatform.h"
 #include "FakePreferences.h"
 #include "FakeScriptHost.h"
-#include "Hosts.h"
+#include "NullHosts.h"
 
 namespace perchly {
 
-/// A complete platform of fakes. The program is given `hosts`; the test holds the fakes themselves,
-/// which live as long as `hosts` does.
+/// A platform of fakes, and of null hosts where no test needs more. The program is given `hosts`;
+/// the test holds the fakes themselves, which live as long as `hosts` does.
 class FakeHosts {
-    template <class Fake, class Interface>
-    static Fake &install(std::unique_ptr<Interface> &field) {
-        auto fake = std::make_unique<Fake>();
-        Fake &reference = *fake;
-        field = std::move(fake);
-        return reference;
+    template <class Fake>
+    static Fake &install(auto &field) {
+        field = std::make_unique<Fake>();
+        return static_cast<Fake &>(*field);
     }
 
 public:
-    Hosts hosts;
+    Hosts hosts = nullHosts();
     FakeClock &clock = install<FakeClock>(hosts.clock);
     FakePreferences &preferences = install<FakePreferences>(hosts.preferences);
     FakeDisplays &displays = install<FakeDisplays>(hosts.displays);
@@ -31,11 +29,10 @@ public:
     FakeKeys &keys = install<FakeKeys>(hosts.keys);
     FakePanelHost &panel = install<FakePanelHost>(hosts.panel);
     FakeHotKeys &hotKeys = install<FakeHotKeys>(hosts.hotKeys);
-    FakeStatusItem &statusItem = install<FakeStatusItem>(hosts.statusItem);
     FakeApplications &applications = install<FakeApplications>(hosts.applications);
     FakeApplicationCatalog &catalog = install<FakeApplicationCatalog>(hosts.catalog);
     FakeOpenPanel &openPanel = install<FakeOpenPanel>(hosts.openPanel);
-    FakeLoginItem &loginItem = install<FakeLoginItem>(hosts.loginItem);
+    LoginItem &loginItem = *hosts.loginItem;
     FakeMotion &motion = install<FakeMotion>(hosts.motion);
     FakeAlertSound &alertSound = install<FakeAlertSound>(hosts.alertSound);
     FakeScriptHost &scriptHost = install<FakeScriptHost>(hosts.scriptHost);
@@ -45,7 +42,6 @@ public:
     FakePasteboard &pasteboard = install<FakePasteboard>(hosts.pasteboard);
     FakeAudioSystem &audio = install<FakeAudioSystem>(hosts.audio);
     FakeShortcutsTool &shortcuts = install<FakeShortcutsTool>(hosts.shortcuts);
-    FakeFileServices &fileServices = install<FakeFileServices>(hosts.fileServices);
     FakeCalendarStore &calendars = install<FakeCalendarStore>(hosts.calendars);
     FakePowerSources &power = install<FakePowerSources>(hosts.power);
     FakeScreenCapture &screenCapture = install<FakeScreenCapture>(hosts.screenCapture);

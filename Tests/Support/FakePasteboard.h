@@ -8,7 +8,7 @@ namespace perchly {
 /// A pasteboard whose readings end when the test says so.
 class FakePasteboard : public Pasteboard {
 public:
-    /// What another program offers.
+    /// What a program offers.
     struct Offer {
         QByteArray png = {};
         QString text = {};
@@ -17,8 +17,8 @@ public:
 
     qint64 changeCount() const override { return m_count; }
     Task read(const PasteboardRequest &request, Completion completion) override {
-        asked.push_back(request);
-        return m_readings.add({std::move(completion), m_count});
+        asked.append(request);
+        return m_readings.add(std::move(completion));
     }
     void write(const QString &text) override { offer({.text = text}); }
     void writeImage(const QByteArray &encoded) override { offer({.png = encoded}); }
@@ -32,32 +32,22 @@ public:
         Q_EMIT changed();
     }
 
-    /// Answers the first pending reading, which must exist, with the present content; an image goes
-    /// before a text.
-    void answer() {
-        const auto reading = m_readings.take();
-        const Offer content = reading->count == m_count ? offered : Offer();
-        reading->completion(
-            {.image = content.png, .text = content.png.isEmpty() ? content.text : QString()});
+    /// Answers the first pending reading with the present content; false without one.
+    bool answer() {
+        return m_readings.answer(PasteboardContent{.image = offered.png, .text = offered.text});
     }
-    [[nodiscard]] qsizetype underWay() const { return qsizetype(m_readings.count()); }
 
     Offer offered;
-    std::vector<PasteboardRequest> asked; ///< every reading there was, in order
+    QList<PasteboardRequest> asked; ///< every reading, in order
 
 private:
-    struct Reading {
-        Completion completion;
-        qint64 count;
-    };
-
     void offer(const Offer &content) {
         offered = content;
         ++m_count;
     }
 
     qint64 m_count = 7;
-    PendingCalls<Reading> m_readings;
+    PendingCalls<Completion> m_readings;
 };
 
 } // namespace perchly

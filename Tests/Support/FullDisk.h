@@ -1,25 +1,20 @@
 #pragma once
 
+#include <QScopeGuard>
+
 #include <csignal>
 #include <sys/resource.h>
 
 namespace perchly {
 
-/// Lets writing files fail while it lives, as on a full disk. For tests only.
-class FullDisk {
-public:
-    FullDisk() {
-        std::signal(SIGXFSZ, SIG_IGN);
-        ::getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{1, m_before.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk() { ::setrlimit(RLIMIT_FSIZE, &m_before); }
-    FullDisk(const FullDisk &) = delete;
-    FullDisk &operator=(const FullDisk &) = delete;
-
-private:
-    rlimit m_before = {};
-};
+/// Lets writing files fail while the result lives, as on a full disk. For tests only.
+[[nodiscard]] inline auto fillDisk() {
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before = {};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit full{1, before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &full);
+    return qScopeGuard([before] { ::setrlimit(RLIMIT_FSIZE, &before); });
+}
 
 } // namespace perchly

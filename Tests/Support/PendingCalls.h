@@ -2,8 +2,6 @@
 
 #include "Clock.h"
 
-#include <QtGlobal>
-
 #include <memory>
 #include <vector>
 
@@ -19,12 +17,11 @@ public:
         return std::make_unique<Handle>(*this, m_calls.back());
     }
 
-    /// Takes one out to answer it; what that does may destroy its task. There must be one.
-    [[nodiscard]] std::shared_ptr<Call> take(std::size_t number = 0) {
-        Q_ASSERT(number < m_calls.size());
-        const auto call = m_calls.at(number);
-        std::erase(m_calls, call);
-        return call;
+    /// Answers the oldest of calls that are completions, which may destroy its task; false without
+    /// one.
+    bool answer(const auto &value) {
+        const auto oldest = m_calls.empty() ? nullptr : m_calls.front();
+        return remove(oldest) && ((*oldest)(value), true);
     }
 
     /// False if it is not pending any more.
@@ -32,9 +29,6 @@ public:
 
     [[nodiscard]] const std::vector<std::shared_ptr<Call>> &all() const { return m_calls; }
     [[nodiscard]] std::size_t count() const { return m_calls.size(); }
-    /// There must be one.
-    [[nodiscard]] const Call &first() const { return *m_calls.front(); }
-    [[nodiscard]] const Call &last() const { return *m_calls.back(); }
 
 private:
     class Handle : public ScheduledTask {

@@ -9,9 +9,11 @@ namespace perchly {
 
 using TestFactory = std::unique_ptr<QObject> (*)();
 
-/// The test classes of one executable. `main` runs them one after the other; with the name of a
-/// class as the first argument, that one only, with the other arguments.
-std::vector<TestFactory> &testFactories();
+/// The test classes of one executable. `main` runs them one after the other.
+inline std::vector<TestFactory> &testFactories() {
+    static std::vector<TestFactory> factories;
+    return factories;
+}
 
 /// `const RegisteredTest<MyTest> registered;` in MyTest's own file adds it to the executable.
 template <class Test>

@@ -57,8 +57,6 @@ public:
     Q_INVOKABLE bool install(const QStringList &names);
     /// From now on the applications of those names play sound. Their initials must differ.
     Q_INVOKABLE void play(const QStringList &names);
-    /// The desktop refuses to change the login item from now on.
-    Q_INVOKABLE void refuseLogin(const QString &why) { m_fakes.loginItem.failure = why; }
     Q_INVOKABLE bool choosingWidget() const { return m_model.choosingWidget(); }
     Q_INVOKABLE void advance(int seconds);
 

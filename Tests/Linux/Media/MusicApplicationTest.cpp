@@ -26,7 +26,7 @@ private Q_SLOTS:
         qputenv("XDG_CONFIG_DIRS", "/nowhere/at/all");
     }
 
-    void opensTheUsersMusicPlayer() {
+    void opensTheBestMusicPlayer() {
         FakeApplications applications;
         DefaultMusicPlayer player(applications);
         player.open();
@@ -46,7 +46,7 @@ private Q_SLOTS:
         QTRY_COMPARE(applications.opened, QStringList{desktopEntryPath(QStringLiteral("e.flac"))});
     }
 
-    void knowsAPlayerByItsNames() {
+    void recognizesPlayersByTheirNames() {
         QVERIFY(isPlayerOf("org.example.Tunes", "org.mpris.MediaPlayer2.tunes.instance42", ""));
         QVERIFY(isPlayerOf("org.example.Tunes", "x", "org.example.tunes"));
         QVERIFY(!isPlayerOf("org.example.Tunes", "org.mpris.MediaPlayer2.tune", "radio"));

@@ -106,7 +106,7 @@ private Q_SLOTS:
         auto preferences = std::make_unique<JsonPreferences>(m_path);
         QSignalSpy failed(preferences.get(), &Preferences::failed);
         const auto failToSet = [&](double number) {
-            const FullDisk fullDisk;
+            const auto fullDisk = fillDisk();
             preferences->setNumber(key, number);
             preferences->setNumber(other, number);
         };
