@@ -37,10 +37,6 @@ public:
     using QObject::QObject;
 
     virtual void read(Completion completion) = 0;
-
-Q_SIGNALS:
-    /// A reading may give something else than the last one did.
-    void changed();
 };
 
 } // namespace perchly

@@ -35,7 +35,6 @@ Battery::Battery(PowerSources &power, QObject *parent)
     : QObject(parent)
     , m_power(power)
     , m_line(QStringLiteral("Checking battery…")) {
-    connect(&power, &PowerSources::changed, this, &Battery::refresh);
     refresh();
 }
 

@@ -4,7 +4,7 @@
 
 namespace perchly {
 
-/// One line on the battery, read now and whenever the power sources change. Main thread only.
+/// One line on the battery, read now and at every refresh(). Main thread only.
 class Battery : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString line READ line NOTIFY lineChanged FINAL)
