@@ -1,6 +1,6 @@
 #!/bin/sh
 # Runs a command with a session bus and a home of its own, which vanish with it. The bus starts no
-# services, so that nothing of the person's own desktop is reached.
+# services, so that the user's own desktop is not touched.
 set -eu
 
 folder=$(mktemp -d "${TMPDIR:-/tmp}/perchly-test.XXXXXX")

@@ -1,4 +1,4 @@
-"""The shelf docks at an edge of any display and takes what is dropped on it."""
+"""The shelf docks at an edge of any display and accepts dropped files."""
 
 from Xlib import X, Xatom
 from Xlib.ext import xtest

@@ -1,4 +1,4 @@
-"""The program uses what the desktop has and works without the rest."""
+"""The program uses the desktop's services and works without any of them."""
 
 import shutil
 import socket

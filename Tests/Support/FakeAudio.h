@@ -15,7 +15,7 @@ struct FakeAudioRoute : QObject, AudioRoute {
     bool running = true;
 };
 
-/// An audio system whose processes and output are what the test says.
+/// An audio system whose processes and output the test sets.
 class FakeAudioSystem : public AudioSystem {
 public:
     using AudioSystem::AudioSystem;

@@ -7,7 +7,7 @@
 
 namespace perchly {
 
-/// Preferences in memory, with a record of what was written.
+/// Preferences in memory that record each write.
 class FakePreferences : public Preferences {
 public:
     std::optional<PreferenceValue> value(const QString &key) const override {

@@ -7,7 +7,7 @@
 
 namespace perchly {
 
-/// What a fake was asked and has not answered yet, oldest first. A call whose task is destroyed is
+/// The unanswered calls of a fake, oldest first. A call whose task is destroyed is
 /// forgotten. The tasks must not outlive this object.
 template <class Call>
 class PendingCalls {

@@ -6,7 +6,7 @@
 
 namespace perchly {
 
-/// Records what is asked of the shell.
+/// Records the calls to the shell.
 class RecordingShell : public ShellActions {
 public:
     void showShelf() override { calls.append(QStringLiteral("showShelf")); }

@@ -43,11 +43,11 @@ public:
     Q_INVOKABLE void setExpanded(bool expanded) { m_model.setExpanded(expanded); }
     /// Stores a string or a number under a key.
     Q_INVOKABLE void prefer(const QString &key, const QVariant &value);
-    /// What is stored under a key.
+    /// The stored value of a key.
     Q_INVOKABLE QVariant stored(const QString &key) const;
     /// Something by Debussy plays in Firefox, as a web page (`isBrowser`) or as a player.
     Q_INVOKABLE void setMedia(const QString &title, bool isBrowser, bool canSeek);
-    /// What was asked of the players since the last call.
+    /// The commands sent to players since the last call.
     Q_INVOKABLE QStringList takeCommands() { return std::exchange(m_commands, {}); }
     /// Replaces the shelf's entries by applications of those names, after the widgets of those
     /// titles. The desktop entry of one is "/apps/" and its name.
@@ -60,14 +60,14 @@ public:
     Q_INVOKABLE bool choosingWidget() const { return m_model.choosingWidget(); }
     Q_INVOKABLE void advance(int seconds);
 
-    /// What the desktop was asked to open since the last call, an application by its entry's file.
+    /// The paths and links opened since the last call; for an application, its entry's file.
     Q_INVOKABLE QStringList takeOpened();
     /// The text on the clipboard.
     Q_INVOKABLE QString copied() const { return m_fakes.pasteboard.offered.text; }
-    /// What was asked of the shell since the last call.
+    /// The calls to the shell since the last call.
     Q_INVOKABLE QStringList takeCalls() { return std::exchange(m_shell.calls, {}); }
 
-    /// "Button: Search" for every accessible thing in the item's window, in their order.
+    /// "Button: Search" for every accessible object in the item's window, in order.
     Q_INVOKABLE static QStringList accessibleWithin(QQuickItem *item);
     /// Whether an accessible thing in the item's window has that description.
     Q_INVOKABLE static bool describedAs(QQuickItem *item, const QString &description);
@@ -76,7 +76,7 @@ public:
     Q_INVOKABLE static bool pressAccessible(QQuickItem *within, const QString &name);
     /// Sets the value of the last accessible thing of that name; false without one.
     Q_INVOKABLE static bool setAccessible(QQuickItem *within, const QString &name, double value);
-    /// What a key that is held sends after its press.
+    /// Sends the repeat of a held key.
     Q_INVOKABLE static void repeatKey(QQuickItem *item, int key);
     /// The texts of all tooltips on the screen.
     Q_INVOKABLE static QStringList toolTips();

@@ -55,7 +55,7 @@ private Q_SLOTS:
     }
 
 private:
-    /// The status, and the output or what the shortcut wrote.
+    /// The exit status, and stdout or the shortcut's file.
     QByteArray result(const QStringList &arguments) {
         std::optional<ShortcutsTool::Result> got;
         const Task task =

@@ -17,7 +17,7 @@ OPEN = (310, 0, 660, 429)
 AWAY = (640, 740)
 WORKSPACE = "Perchly Workspace"
 NO_BUS = "perchly: no session bus: .*"
-GONE = "perchly: Could not find accessible on path: .*"  # a test asked for what has just gone
+GONE = "perchly: Could not find accessible on path: .*"  # a test asked for a removed object
 WINDOW_MANAGER = os.environ.get("PERCHLY_WINDOW_MANAGER", "openbox")
 
 

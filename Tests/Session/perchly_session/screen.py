@@ -117,7 +117,7 @@ class Screen:
 
     def manages_windows(self):
         """Whether the window manager manages a new window. It announces itself before it does, and
-        may miss what is mapped in between."""
+        may miss windows mapped in between."""
         window = self.root.create_window(0, 0, 50, 50, 0, X.CopyFromParent)
         window.map()
         try:

@@ -36,7 +36,7 @@ class Sound:
         self._session.spawn(*MPV, "--ao=pipewire", f"av://lavfi:aevalsrc={TONE}|{TONE}")
 
     def level(self):
-        """The peak of what the output plays now, in units of the tone's."""
+        """The output's current peak, relative to the tone's."""
         command = ["pw-record", "--target", "output", "-P", "{ stream.capture.sink=true }"]
         command += ["--format", "f32", "--rate", "48000", "--channels", "2", "-"]
         recorder = self._session.spawn(*command, stdout=subprocess.PIPE)
