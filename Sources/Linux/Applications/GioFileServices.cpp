@@ -18,7 +18,6 @@ namespace {
 
 constexpr int fileManagerTimeout = 15'000;       // milliseconds; it may have to be started first
 constexpr std::chrono::seconds maxMailStart{30}; // xdg-email may stay until the mail is sent
-constexpr qsizetype maxMailOutput = 1 << 20;
 constexpr QLatin1StringView mailTarget("mail");
 
 QString mailProgram() {
@@ -145,15 +144,16 @@ void GioFileServices::mail(const QUrl &url, const Completion &completion) {
             url.isLocalFile()
                 ? QStringList{QStringLiteral("--attach"), url.toLocalFile()}
                 : QStringList{QStringLiteral("--body"), url.toString(QUrl::FullyEncoded)};
-        const auto finish = [completion,
+        const auto mail = m_mailTasks.emplace(m_mailTasks.end());
+        const auto finish = [this, mail, completion,
                              start = QDeadlineTimer(maxMailStart)](const ChildResult &result) {
+            m_mailTasks.erase(mail);
             completion(result.status == 0 || start.hasExpired()
                            ? QString()
                            : QStringLiteral("No e-mail program could be started."));
         };
         // The mail outlives this program.
-        m_mailTasks.push_back(m_mails.run(program, arguments, {.mostOutput = maxMailOutput},
-                                          OnStop::LeaveChild, finish));
+        *mail = m_mails.run(program, arguments, {}, OnStop::LeaveChild, finish);
     });
 }
 

@@ -5,7 +5,7 @@
 #include "GioWorkers.h"
 #include "StartNotices.h"
 
-#include <vector>
+#include <list>
 
 namespace perchly {
 
@@ -22,8 +22,8 @@ private:
     void mail(const QUrl &url, const Completion &completion);
 
     const StartNotices m_notices;
-    ChildRuns m_mails{8};
-    std::vector<Task> m_mailTasks; ///< kept, as completions go with them
+    ChildRuns m_mails{100}; // some last until the mail is sent
+    std::list<Task> m_mailTasks;
     GioWorkers m_workers;
 };
 
