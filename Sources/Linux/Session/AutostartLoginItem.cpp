@@ -75,7 +75,7 @@ bool AutostartLoginItem::isEnabled() const {
 
 LoginItem::Result AutostartLoginItem::write(const QByteArray &entry, Outcome outcome) const {
     const QString path = ownEntry();
-    const QString error = wholefile::replace(path, entry, wholefile::Durability::Disk);
+    const QString error = wholefile::replace(path, entry, wholefile::Durability::System);
     if (!error.isEmpty()) {
         return {.message = QStringLiteral("“%1” could not be written: %2.").arg(path, error)};
     }
