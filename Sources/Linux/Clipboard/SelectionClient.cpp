@@ -91,6 +91,7 @@ SelectionAnswer SelectionClient::fetch(xcb_atom_t selection, xcb_atom_t target, 
                       XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
                       &events);
     xcb_convert_selection(x, window, selection, target, atom("PERCHLY_DATA"), XCB_CURRENT_TIME);
+    m_fetched = selection;
     m_isInterrupted = false;
     SelectionAnswer answer = receive(window, maxBytes, latest);
     if (answer.outcome == Outcome::Delivered || answer.outcome == Outcome::Refused) {
@@ -191,8 +192,9 @@ XcbPointer<xcb_generic_event_t> SelectionClient::nextEvent() const {
 void SelectionClient::handle(const xcb_generic_event_t &event) {
     const xcb_window_t receiver = receiverOf(event);
     if (typeOf(event) == m_ownerEvent) {
-        m_isInterrupted = true;
-        m_ownerChanged(reinterpret_cast<const OwnerChange &>(event));
+        const auto &change = reinterpret_cast<const OwnerChange &>(event);
+        m_isInterrupted = m_isInterrupted || change.selection == m_fetched;
+        m_ownerChanged(change);
     } else if (m_discarded.contains(receiver) && take(receiver, 0).outcome == Outcome::Delivered) {
         // An empty part is the last one.
         xcb_destroy_window(m_connection.get(), receiver);

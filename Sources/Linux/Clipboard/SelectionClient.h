@@ -54,8 +54,8 @@ public:
     [[nodiscard]] bool isSameClient(xcb_window_t one, xcb_window_t other) const;
 
     /// Asks the owner of a selection for one format and waits for all of it: until `latest`, for at
-    /// most three seconds at a time, and until the clipboard's owner changes. Once an owner starts
-    /// sending, it is read to the end, by later calls if this one gives up.
+    /// most three seconds at a time, and for CLIPBOARD until its owner changes. Once an owner
+    /// starts sending, it is read to the end, by later calls if this one gives up.
     [[nodiscard]] SelectionAnswer fetch(xcb_atom_t selection, xcb_atom_t target, qsizetype maxBytes,
                                         TimePoint latest);
 
@@ -71,9 +71,10 @@ private:
     OwnerChanged m_ownerChanged;
     QHash<QByteArray, xcb_atom_t> m_atoms;
     xcb_window_t m_root = XCB_WINDOW_NONE;
-    int m_ownerEvent = 0;            ///< 0 if the server cannot report owner changes
-    bool m_isInterrupted = false;    ///< the owner changed since fetch() was called
-    QList<xcb_window_t> m_discarded; ///< windows of transfers that were given up
+    int m_ownerEvent = 0;                 ///< 0 if the server cannot report owner changes
+    xcb_atom_t m_fetched = XCB_ATOM_NONE; ///< the selection that fetch() asks for
+    bool m_isInterrupted = false;         ///< its owner changed since fetch() was called
+    QList<xcb_window_t> m_discarded;      ///< windows of transfers that were given up
 };
 
 } // namespace perchly
