@@ -103,10 +103,10 @@ void ClipboardHistory::record(const PasteboardContent &content) {
     QList<Clip> clips = m_clips;
     if (!content.image.isEmpty()) {
         clips.prepend(Clip::ofImage(content.image));
-    } else if (!content.text.isEmpty()) {
-        if (!clips.isEmpty() && clips.constFirst().text == content.text) {
-            return;
-        }
+    } else if (content.text.isEmpty() ||
+               (!clips.isEmpty() && clips.constFirst().text == content.text)) {
+        return;
+    } else {
         clips.prepend(Clip::ofText(content.text));
     }
     if (clips.size() > maxClips) {
