@@ -131,7 +131,7 @@ private Q_SLOTS:
         m_mixer->set(1, 0.5F);
         m_mixer->mute(1);
         QVERIFY(m_mixer->levels().empty()); // not routed
-        m_mixer->release(1);
+        QVERIFY(m_mixer->muted().empty());
         m_mixer->enable(1);
         QCOMPARE(heard(*m_audio, 1), 1.0F);
         m_mixer->set(1, 0.29F);

@@ -200,12 +200,14 @@ void VolumeMixer::set(quint32 id, float volume) {
 }
 
 void VolumeMixer::mute(quint32 id) {
+    const auto level = m_levels.levels.find(id);
+    if (!m_audio.canRouteProcesses() || level == m_levels.levels.end()) {
+        return;
+    }
     if (m_levels.muted.erase(id) == 0) {
         m_levels.muted.insert(id);
     }
-    const auto level = m_levels.levels.find(id);
-    set(id, level == m_levels.levels.end() ? 1 : level->second);
-    m_apps.refresh();
+    set(id, level->second);
 }
 
 QList<AudioObject> VolumeMixer::routed() const {

@@ -45,7 +45,7 @@ public:
     Q_INVOKABLE void releaseAll();
     /// Sets the level of a routed process; does nothing for other ones.
     Q_INVOKABLE void set(quint32 id, float volume);
-    /// Mutes or unmutes the process.
+    /// Mutes or unmutes a routed process; does nothing for other ones.
     Q_INVOKABLE void mute(quint32 id);
 
 Q_SIGNALS:
