@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace perchly {
 
@@ -30,12 +31,14 @@ static std::size_t qHash(const CalendarEvent &event, std::size_t seed) {
 
 CalendarReading::CalendarReading(CalendarList found, const CalendarReading &earlier)
     : list(std::move(found))
-    , contents(earlier.contents)
     , isComplete(!list.isServiceMute) {
     std::ranges::copy_if(earlier.list.calendars, std::back_inserter(list.calendars),
                          [this](const FoundCalendar &calendar) {
                              return list.isServiceMute && calendar.source.startsWith(u"service:");
                          });
+    for (const FoundCalendar &calendar : std::as_const(list.calendars)) {
+        contents.insert(calendar.source, earlier.contents.value(calendar.source));
+    }
 }
 
 void CalendarReading::take(const QString &source, const QByteArray &answer, bool isRead) {
