@@ -54,7 +54,9 @@ void StrutWatcher::refresh() {
     // The last reply: with it, the others have come too.
     const auto geometry = m_connection.reply<xcb_get_geometry_reply_t>(geometryRequest);
     if (!geometry) {
-        m_refresh.start(stallPause);
+        if (m_connection.isAlive()) {
+            m_refresh.start(stallPause);
+        }
         return;
     }
     const QSize size(geometry->width, geometry->height);
