@@ -54,10 +54,16 @@ ChildProcess::~ChildProcess() {
         connect(left, &QProcess::finished, left, &QObject::deleteLater);
         return;
     }
-    if (m_state == State::Ending && !m_process->waitForFinished(int(m_limits.grace.count()))) {
-        signalSession(m_process->processId(), SIGKILL);
-        m_process->waitForFinished();
+    if (!isRunning()) {
+        return;
     }
+    const qint64 session = m_process->processId();
+    if (m_state == State::Running) {
+        signalSession(session, SIGTERM);
+    }
+    m_process->waitForFinished(int(m_limits.grace.count()));
+    signalSession(session, SIGKILL); // also for processes that the child leaves behind
+    m_process->waitForFinished();
 }
 
 void ChildProcess::start() {
