@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace perchly;
 
@@ -17,7 +18,8 @@ namespace {
 
 constexpr int failure = 1;
 constexpr int usage = 64;
-constexpr int fastCompression = 85; // Qt's value for zlib's lowest level
+constexpr unsigned startTimeout = 10; // seconds until the overlay shows
+constexpr int fastCompression = 85;   // Qt's value for zlib's lowest level
 
 int fail(const char *what) {
     std::fprintf(stderr, "perchly-screencapture: %s\n", what);
@@ -78,6 +80,7 @@ int choose(const QImage &picture, double scale, const QString &path) {
     QObject::connect(&overlay, &RegionOverlay::failed,
                      [&] { finish(fail("another program holds the keyboard")); });
     overlay.show();
+    alarm(0);
     return QGuiApplication::exec();
 }
 
@@ -88,6 +91,7 @@ int main(int argc, char **argv) {
         std::fputs("usage: perchly-screencapture -i -x FILE\n", stderr);
         return usage;
     }
+    alarm(startTimeout);
     const XConnectionPointer connection = connectWithTimeout();
     if (!connection) {
         return fail("there is no X display to capture");
