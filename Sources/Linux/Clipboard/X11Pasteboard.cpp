@@ -58,11 +58,10 @@ void X11Pasteboard::writeItems(const QList<QUrl> &urls) {
 }
 
 void X11Pasteboard::writeImage(const QByteArray &encoded) {
-    ++m_count;
-    m_decoder.start([this, encoded, write = ++m_writes] {
+    m_decoder.start([this, encoded, count = ++m_count] {
         const CopiedImage image = copiedImage(encoded);
-        QMetaObject::invokeMethod(this, [this, image, write] {
-            if (write == m_writes) {
+        QMetaObject::invokeMethod(this, [this, image, count] {
+            if (count == m_count) { // nothing else was copied meanwhile
                 offer(image.png.isEmpty() ? nullptr : new OwnCopy(image));
             }
         });
@@ -71,7 +70,6 @@ void X11Pasteboard::writeImage(const QByteArray &encoded) {
 
 /// Null empties the clipboard.
 void X11Pasteboard::offer(OwnCopy *copy) {
-    ++m_writes;
     m_offered = copy;
     QGuiApplication::clipboard()->setMimeData(copy);
 }

@@ -34,7 +34,6 @@ private:
 
     qint64 m_count = 0;
     quint64 m_copies = 0; ///< all that the reader reported, also our own
-    quint64 m_writes = 0;
     quint64 m_lastReading = 0;
     QPointer<OwnCopy> m_offered; ///< until Qt drops it for another copy
     ClipboardReader *m_reader;   ///< belongs to the thread
