@@ -88,8 +88,7 @@ std::unique_ptr<AudioSystem> audioSystem() {
     return std::make_unique<PipeWireAudioSystem>(findRunningApplication, keeper);
 }
 
-void addDesktop(Hosts &hosts) {
-    const auto bus = std::make_shared<SessionBus>(QStringLiteral("perchly"));
+void addDesktop(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
     if (!bus->isConnected()) {
         tellOnce("no session bus: status icon, portals and control by other programs are missing");
     }
@@ -175,21 +174,26 @@ WindowSystemChoice::~WindowSystemChoice() {
     }
 }
 
-Hosts makeHosts() {
+std::shared_ptr<SessionBus> makeSessionBus(bool hasAnswered) {
+    return wantsNullHosts() ? nullptr
+                            : std::make_shared<SessionBus>(QStringLiteral("perchly"), hasAnswered);
+}
+
+Hosts makeHosts(const std::shared_ptr<SessionBus> &bus) {
     Hosts hosts = nullHosts();
     hosts.clock = std::make_unique<QtClock>();
     if (!wantsNullHosts()) {
-        addDesktop(hosts);
+        addDesktop(hosts, bus);
         addWindowSystem(hosts);
     }
     return hosts;
 }
 
-std::unique_ptr<SingleInstance> makeSingleInstance() {
+std::unique_ptr<SingleInstance> makeSingleInstance(const std::shared_ptr<SessionBus> &bus) {
     if (wantsNullHosts()) {
         return nullSingleInstance();
     }
-    return std::make_unique<LockedInstance>();
+    return std::make_unique<LockedInstance>(bus);
 }
 
 } // namespace perchly

@@ -11,6 +11,8 @@
 
 namespace perchly {
 
+class SessionBus;
+
 /// The one place that chooses how the program reaches its surroundings. With PERCHLY_HOSTS=null in
 /// the environment it chooses the null implementations everywhere, apart from time. Services that
 /// are missing are reported on stderr, once each, apart from the system tray.
@@ -24,6 +26,8 @@ public:
     ~UnansweringBusHider();
     UnansweringBusHider(const UnansweringBusHider &) = delete;
     UnansweringBusHider &operator=(const UnansweringBusHider &) = delete;
+
+    [[nodiscard]] bool hasAnswered() const { return !m_address; }
 
 private:
     std::optional<QByteArray> m_address; ///< the hidden one; a null array if there was none
@@ -46,10 +50,15 @@ private:
     bool m_setsDelay = false;
 };
 
-/// Needs the application object; the status item needs a QApplication. Preferences are read here.
-[[nodiscard]] Hosts makeHosts();
+/// Needs the application object. Connects if the bus has just answered, else later; null with the
+/// null implementations.
+[[nodiscard]] std::shared_ptr<SessionBus> makeSessionBus(bool hasAnswered);
 
-/// Needs the application object. Connects to the session bus.
-[[nodiscard]] std::unique_ptr<SingleInstance> makeSingleInstance();
+/// Needs the application object; the status item needs a QApplication. Preferences are read here.
+[[nodiscard]] Hosts makeHosts(const std::shared_ptr<SessionBus> &bus);
+
+/// Needs the application object.
+[[nodiscard]] std::unique_ptr<SingleInstance>
+makeSingleInstance(const std::shared_ptr<SessionBus> &bus);
 
 } // namespace perchly

@@ -26,16 +26,16 @@ private Q_SLOTS:
     void nullHostsTouchNothing() {
         qputenv("PERCHLY_HOSTS", "null");
         const auto resetVariable = qScopeGuard([] { qunsetenv("PERCHLY_HOSTS"); });
-        const Hosts hosts = makeHosts();
+        const Hosts hosts = makeHosts(nullptr);
         QVERIFY(isComplete(hosts));
         hosts.preferences->setNumber(QStringLiteral("key"), 1);
         QVERIFY(!QFile::exists(file()));
-        QVERIFY(makeSingleInstance()->claim());
-        QVERIFY(makeSingleInstance()->claim());
+        QVERIFY(makeSingleInstance(nullptr)->claim());
+        QVERIFY(makeSingleInstance(nullptr)->claim());
     }
 
     void hostsAreCompleteWithoutADisplay() {
-        const Hosts hosts = makeHosts();
+        const Hosts hosts = makeHosts(makeSessionBus(false));
         QVERIFY(isComplete(hosts));
         hosts.preferences->setNumber(QStringLiteral("key"), 1);
         QVERIFY(QFile::exists(file()));

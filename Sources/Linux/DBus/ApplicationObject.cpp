@@ -4,14 +4,14 @@
 
 namespace perchly {
 
-ApplicationObject::ApplicationObject()
-    : m_bus(QStringLiteral("perchly-application")) {
-    connect(&m_bus, &SessionBus::connected, this, &ApplicationObject::offer);
+ApplicationObject::ApplicationObject(std::shared_ptr<SessionBus> bus)
+    : m_bus(std::move(bus)) {
+    connect(m_bus.get(), &SessionBus::connected, this, &ApplicationObject::offer);
     offer();
 }
 
 void ApplicationObject::offer() {
-    QDBusConnection bus = m_bus.connection();
+    QDBusConnection bus = m_bus->connection();
     // The object first: a call may follow the name at once.
     bus.registerObject(QStringLiteral("/org/perchly/Perchly"), this,
                        QDBusConnection::ExportAllSlots);

@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <QVariantMap>
 
+#include <memory>
+
 namespace perchly {
 
 /// The object "/org/perchly/Perchly" on the session bus, under the name "org.perchly.Perchly": the
@@ -15,7 +17,7 @@ class ApplicationObject : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 public:
-    ApplicationObject();
+    explicit ApplicationObject(std::shared_ptr<SessionBus> bus);
 
 public Q_SLOTS:
     void Activate(const QVariantMap &platformData);
@@ -31,7 +33,7 @@ Q_SIGNALS:
 private:
     void offer();
 
-    SessionBus m_bus;
+    std::shared_ptr<SessionBus> m_bus;
 };
 
 } // namespace perchly

@@ -9,8 +9,9 @@ namespace perchly {
 
 using namespace std::chrono_literals;
 
-LockedInstance::LockedInstance()
-    : m_folder(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation))
+LockedInstance::LockedInstance(std::shared_ptr<SessionBus> bus)
+    : m_bus(std::move(bus))
+    , m_folder(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation))
     , m_lock(m_folder + QStringLiteral("/perchly.lock")) {
     m_lock.setStaleLockTime(0); // a lock ends with its process, whatever its age
     connect(&m_server, &QLocalServer::newConnection, this, [this] {
@@ -64,7 +65,7 @@ void LockedInstance::listen() {
         QLocalServer::removeServer(path); // of an instance that was killed
         m_server.listen(path);
     }
-    m_object = std::make_unique<ApplicationObject>();
+    m_object = std::make_unique<ApplicationObject>(m_bus);
     connect(m_object.get(), &ApplicationObject::requested, this, &SingleInstance::requested);
 }
 

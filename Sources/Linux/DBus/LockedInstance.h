@@ -17,7 +17,7 @@ namespace perchly {
 class LockedInstance : public SingleInstance {
     Q_OBJECT
 public:
-    LockedInstance();
+    explicit LockedInstance(std::shared_ptr<SessionBus> bus);
 
     /// With an instance that does not answer it takes a second and says so on stderr. Where no lock
     /// can be written it reports that, too, and returns true: better two instances than none.
@@ -27,6 +27,7 @@ private:
     void listen();
     [[nodiscard]] bool knock(const QDeadlineTimer &deadline);
 
+    const std::shared_ptr<SessionBus> m_bus;
     QString m_folder;
     QLockFile m_lock;
     QLocalServer m_server;

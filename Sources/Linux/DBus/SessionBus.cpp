@@ -32,11 +32,11 @@ bool SessionBus::answers(std::chrono::milliseconds timeout) {
     return sd_bus_is_ready(bus.get()) > 0;
 }
 
-SessionBus::SessionBus(QString name)
+SessionBus::SessionBus(QString name, bool hasAnswered)
     : m_name(std::move(name)) {
     m_retry.setSingleShot(true);
     connect(&m_retry, &QTimer::timeout, this, &SessionBus::retry);
-    onAnswer(answers(1s));
+    onAnswer(hasAnswered);
 }
 
 SessionBus::~SessionBus() {

@@ -8,8 +8,8 @@
 
 namespace perchly {
 
-/// A connection to the session bus that reconnects when the bus restarts. It never
-/// waits for a bus that does not answer, apart from one second at the start. Main thread only.
+/// A connection to the session bus that reconnects when the bus restarts. It never waits for a bus
+/// that does not answer, apart from answers(). Main thread only.
 class SessionBus : public QObject {
     Q_OBJECT
 public:
@@ -17,8 +17,9 @@ public:
     /// also without an application object; takes about a millisecond with a bus that answers.
     [[nodiscard]] static bool answers(std::chrono::milliseconds timeout);
 
-    /// Connects. The name is the connection's own in this process.
-    explicit SessionBus(QString name);
+    /// Connects if the bus has just answered, else later. The name is the connection's own in this
+    /// process.
+    explicit SessionBus(QString name, bool hasAnswered = answers(std::chrono::seconds(1)));
     ~SessionBus() override;
 
     [[nodiscard]] bool isConnected() const { return connection().isConnected(); }

@@ -33,18 +33,19 @@ int main(int argc, char **argv) {
 
     QApplication application(argc, argv);
     windowSystem.reset();
+    const auto bus = makeSessionBus(busHider->hasAnswered());
     busHider.reset();
     QApplication::setApplicationName(QStringLiteral("perchly"));
     QApplication::setDesktopFileName(QStringLiteral("org.perchly.Perchly"));
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setPalette(Theme::palette());
 
-    const auto instance = makeSingleInstance();
+    const auto instance = makeSingleInstance(bus);
     if (!instance->claim()) {
         return 0;
     }
 
-    Hosts hosts = makeHosts();
+    Hosts hosts = makeHosts(bus);
     AppDelegate delegate(
         hosts,
         {.statusIcon = platedSymbolIcon(QStringLiteral("square.stack.3d.up")),
