@@ -4,9 +4,13 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <cstdlib>
+
 namespace perchly {
 
 namespace {
+
+constexpr qint64 maxExitTime = 1000; // milliseconds
 
 QByteArray requestFor(const QList<QUrl> &items, qsizetype index) {
     QJsonArray urls;
@@ -25,9 +29,18 @@ ProcessQuickLook::ProcessQuickLook(QString program)
     : m_program(std::move(program)) {
     m_process.setStandardOutputFile(QProcess::nullDevice());
     m_process.setStandardErrorFile(QProcess::nullDevice());
+    // A companion that has read a request stays for longer: this one was already quitting.
+    QObject::connect(&m_process, &QProcess::finished, &m_process,
+                     [this](int code, QProcess::ExitStatus status) {
+                         if (status == QProcess::NormalExit && code == EXIT_SUCCESS &&
+                             m_age.elapsed() < maxExitTime) {
+                             send();
+                         }
+                     });
 }
 
 ProcessQuickLook::~ProcessQuickLook() {
+    m_process.disconnect();
     // It has nothing to save.
     m_process.closeWriteChannel();
     m_process.kill();
@@ -38,10 +51,16 @@ void ProcessQuickLook::look(const QList<QUrl> &items, qsizetype index) {
     if (m_program.isEmpty() || index < 0 || index >= items.size()) {
         return;
     }
+    m_request = requestFor(items, index);
+    m_age.start();
+    send();
+}
+
+void ProcessQuickLook::send() {
     if (m_process.state() == QProcess::NotRunning) {
         m_process.start(m_program, {}, QProcess::WriteOnly);
     }
-    m_process.write(requestFor(items, index));
+    m_process.write(m_request);
 }
 
 } // namespace perchly

@@ -2,6 +2,8 @@
 
 #include "QuickLook.h"
 
+#include <QByteArray>
+#include <QElapsedTimer>
 #include <QProcess>
 #include <QString>
 
@@ -19,7 +21,11 @@ public:
     void look(const QList<QUrl> &items, qsizetype index) override;
 
 private:
+    void send();
+
     QString m_program;
+    QByteArray m_request;
+    QElapsedTimer m_age; ///< of the request
     QProcess m_process;
 };
 
