@@ -6,11 +6,17 @@
 #include "ShellActions.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 
 namespace perchly {
 
 namespace {
+
+constexpr std::array otherKeys{keys::shelfTheme,  keys::shelfAccent,  keys::shelfOpacity,
+                               keys::compactMode, keys::shelfEdge,    keys::openOnHover,
+                               keys::hoverDelay,  keys::leftWidget,   keys::rightWidget,
+                               keys::quickNote,   keys::focusMinutes, keys::breakMinutes};
 
 QString edgeTitle(ShelfEdge edge) {
     QString title = shelfEdgeName(edge);
@@ -28,12 +34,15 @@ ShelfPreferences::ShelfPreferences(Preferences &preferences, Displays &displays,
     , m_loginItem(loginItem)
     , m_shell(shell) {
     connect(&preferences, &Preferences::changed, this, [this](const QString &key) {
-        Q_EMIT changed();
         if (key == keys::shelfScale) {
             Q_EMIT scaleChanged();
+        } else if (key == keys::displayIndex) {
+            Q_EMIT displaysChanged();
+        } else if (std::ranges::find(otherKeys, key) != otherKeys.end()) {
+            Q_EMIT changed();
         }
     });
-    connect(&displays, &Displays::changed, this, &ShelfPreferences::changed);
+    connect(&displays, &Displays::changed, this, &ShelfPreferences::displaysChanged);
 }
 
 QStringList ShelfPreferences::themes() {

@@ -21,12 +21,12 @@ class ShelfPreferences : public QObject {
     Q_PROPERTY(QList<QString> themes READ themes CONSTANT FINAL)
     Q_PROPERTY(QList<QString> accents READ accents CONSTANT FINAL)
     Q_PROPERTY(QList<QString> edges READ edges CONSTANT FINAL)
-    Q_PROPERTY(QList<QString> displays READ displays NOTIFY changed FINAL)
+    Q_PROPERTY(QList<QString> displays READ displays NOTIFY displaysChanged FINAL)
     Q_PROPERTY(QString theme READ theme WRITE setTheme NOTIFY changed FINAL)
     Q_PROPERTY(QString accent READ accent WRITE setAccent NOTIFY changed FINAL)
     Q_PROPERTY(double opacity READ opacity WRITE setOpacity NOTIFY changed FINAL)
     Q_PROPERTY(bool compact READ compact WRITE setCompact NOTIFY changed FINAL)
-    Q_PROPERTY(int display READ display WRITE setDisplay NOTIFY changed FINAL)
+    Q_PROPERTY(int display READ display WRITE setDisplay NOTIFY displaysChanged FINAL)
     Q_PROPERTY(QString edge READ edge WRITE setEdge NOTIFY changed FINAL)
     Q_PROPERTY(double scale READ scale WRITE setScale NOTIFY scaleChanged FINAL)
     Q_PROPERTY(bool openOnHover READ openOnHover WRITE setOpenOnHover NOTIFY changed FINAL)
@@ -99,8 +99,10 @@ public:
     Q_INVOKABLE void refresh();
 
 Q_SIGNALS:
-    /// A preference, or the displays.
+    /// Another preference than those below.
     void changed();
+    /// The displays or the chosen one.
+    void displaysChanged();
     void scaleChanged();
     void loginChanged();
 
