@@ -23,6 +23,8 @@ inline constexpr QLatin1StringView quickNote("quickNote");
 
 inline constexpr QLatin1StringView focusMinutes("focusMinutes");
 inline constexpr QLatin1StringView breakMinutes("breakMinutes");
+inline constexpr int defaultFocusMinutes = 25;
+inline constexpr int defaultBreakMinutes = 5;
 inline constexpr QLatin1StringView focusDay("focusDay");
 inline constexpr QLatin1StringView focusSessions("focusSessions");
 inline constexpr QLatin1StringView focusTotalMinutes("focusTotalMinutes");

@@ -2,7 +2,6 @@
 
 #include "Displays.h"
 #include "LoginItem.h"
-#include "ShelfEdge.h"
 #include "ShellActions.h"
 
 #include <algorithm>
@@ -77,11 +76,23 @@ void ShelfPreferences::setDisplay(int index) {
 }
 
 QString ShelfPreferences::edge() const {
-    return edgeTitle(shelfEdgeFromName(text(keys::shelfEdge, "")).value_or(ShelfEdge::Top));
+    return edgeTitle(position().edge);
 }
 
 void ShelfPreferences::setEdge(const QString &edge) {
     m_stored.setString(keys::shelfEdge, edge.toLower());
+    m_shell.resize();
+}
+
+ShelfPosition ShelfPreferences::position() const {
+    return {shelfEdgeFromName(text(keys::shelfEdge, "")).value_or(ShelfEdge::Top),
+            number(keys::shelfEdgePosition, 0.5)};
+}
+
+void ShelfPreferences::dock(const ShelfPosition &position, qsizetype display) {
+    m_stored.setValues({{keys::shelfEdge, shelfEdgeName(position.edge)},
+                        {keys::shelfEdgePosition, position.position},
+                        {keys::displayIndex, double(display)}});
     m_shell.resize();
 }
 

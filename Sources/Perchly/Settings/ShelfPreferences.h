@@ -2,6 +2,7 @@
 
 #include "PreferenceKeys.h"
 #include "Preferences.h"
+#include "ShelfPosition.h"
 
 #include <QObject>
 #include <QString>
@@ -63,6 +64,9 @@ public:
     /// One of `edges`.
     [[nodiscard]] QString edge() const;
     void setEdge(const QString &edge);
+    [[nodiscard]] ShelfPosition position() const;
+    /// Puts the shelf at that place of the display with that index.
+    void dock(const ShelfPosition &position, qsizetype display);
     /// Always positive.
     [[nodiscard]] double scale() const;
     void setScale(double scale) { m_stored.setNumber(keys::shelfScale, scale); }
@@ -80,9 +84,13 @@ public:
     [[nodiscard]] QString note() const { return text(keys::quickNote, ""); }
     void setNote(const QString &note) { m_stored.setString(keys::quickNote, note); }
     /// The lengths of a focus session and a break as they are stored.
-    [[nodiscard]] int focusMinutes() const { return wholeNumber(keys::focusMinutes, 25); }
+    [[nodiscard]] int focusMinutes() const {
+        return wholeNumber(keys::focusMinutes, keys::defaultFocusMinutes);
+    }
     void setFocusMinutes(int minutes) { m_stored.setNumber(keys::focusMinutes, minutes); }
-    [[nodiscard]] int breakMinutes() const { return wholeNumber(keys::breakMinutes, 5); }
+    [[nodiscard]] int breakMinutes() const {
+        return wholeNumber(keys::breakMinutes, keys::defaultBreakMinutes);
+    }
     void setBreakMinutes(int minutes) { m_stored.setNumber(keys::breakMinutes, minutes); }
 
     /// Whether the program is started at login, as of the last refresh(). Setting it asks the

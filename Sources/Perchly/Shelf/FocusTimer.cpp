@@ -57,14 +57,15 @@ void ShelfModel::startCountdown(int minutes, const QString &activity) {
 
 void ShelfModel::focus() {
     m_isBreak = false;
-    m_plannedMinutes = storedMinutes(keys::focusMinutes, 25);
+    m_plannedMinutes = storedMinutes(keys::focusMinutes, keys::defaultFocusMinutes);
     startCountdown(m_plannedMinutes, QStringLiteral("Focus session"));
 }
 
 void ShelfModel::startBreak() {
     endFocus();
     m_isBreak = true;
-    startCountdown(storedMinutes(keys::breakMinutes, 5), QStringLiteral("Break"));
+    startCountdown(storedMinutes(keys::breakMinutes, keys::defaultBreakMinutes),
+                   QStringLiteral("Break"));
 }
 
 void ShelfModel::togglePause() {

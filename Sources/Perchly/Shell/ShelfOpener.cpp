@@ -1,10 +1,10 @@
 #include "ShelfOpener.h"
 
 #include "Hosts.h"
-#include "PreferenceKeys.h"
 #include "ShelfModel.h"
 #include "ShelfPanel.h"
 #include "ShelfPlacement.h"
+#include "ShelfPreferences.h"
 
 #include <algorithm>
 #include <utility>
@@ -15,7 +15,6 @@ using std::chrono::milliseconds;
 
 namespace {
 
-constexpr double defaultHoverDelay = 0.35;
 constexpr milliseconds settleDelay{500};
 constexpr milliseconds reducedSettleDelay{150};
 
@@ -27,9 +26,10 @@ milliseconds delayOf(double seconds) {
 
 } // namespace
 
-ShelfOpener::ShelfOpener(Hosts &hosts, ShelfModel &model, ShelfPlacement &placement,
-                         const ShelfPanel &panel)
+ShelfOpener::ShelfOpener(Hosts &hosts, const ShelfPreferences &preferences, ShelfModel &model,
+                         ShelfPlacement &placement, const ShelfPanel &panel)
     : m_hosts(hosts)
+    , m_preferences(preferences)
     , m_model(model)
     , m_placement(placement)
     , m_panel(panel) {}
@@ -45,7 +45,7 @@ void ShelfOpener::pointerAt(ScreenPoint pointer) {
     const ShelfSize size = m_model.expanded() ? ShelfSize::Expanded : ShelfSize::Compact;
     if (m_placement.frame(size).contains(pointer)) {
         m_closeTask.reset();
-        if (m_hosts.preferences->boolean(keys::openOnHover).value_or(true)) {
+        if (m_preferences.openOnHover()) {
             setExpanded(true);
         }
     } else if (m_model.expanded() && !m_closeTask) {
@@ -62,9 +62,8 @@ void ShelfOpener::watchForJumps(ScreenPoint pointer) {
 }
 
 void ShelfOpener::startCloseTask() {
-    const double seconds =
-        m_hosts.preferences->number(keys::hoverDelay).value_or(defaultHoverDelay);
-    m_closeTask = m_hosts.clock->after(delayOf(seconds), [this] { setExpanded(false); });
+    m_closeTask =
+        m_hosts.clock->after(delayOf(m_preferences.hoverDelay()), [this] { setExpanded(false); });
 }
 
 void ShelfOpener::setExpanded(bool expanded) {

@@ -9,14 +9,15 @@ struct Hosts;
 class ShelfModel;
 class ShelfPanel;
 class ShelfPlacement;
+class ShelfPreferences;
 
 /// Opens and closes the shelf: under the pointer, closing after a delay when it leaves, and in
 /// keyboard mode, in which the pointer does not matter. All arguments must outlive it. Main thread
 /// only.
 class ShelfOpener {
 public:
-    ShelfOpener(Hosts &hosts, ShelfModel &model, ShelfPlacement &placement,
-                const ShelfPanel &panel);
+    ShelfOpener(Hosts &hosts, const ShelfPreferences &preferences, ShelfModel &model,
+                ShelfPlacement &placement, const ShelfPanel &panel);
 
     /// The pointer is there: opens the shelf under it, or begins to close the open one.
     void pointerAt(ScreenPoint pointer);
@@ -45,6 +46,7 @@ private:
     void startSettleTask();
 
     Hosts &m_hosts;
+    const ShelfPreferences &m_preferences;
     ShelfModel &m_model;
     ShelfPlacement &m_placement;
     const ShelfPanel &m_panel;

@@ -6,7 +6,6 @@
 
 namespace perchly {
 
-class Preferences;
 class ShelfModel;
 class ShelfPanel;
 class ShelfPreferences;
@@ -15,8 +14,8 @@ class ShelfPreferences;
 /// outlive it. Main thread only.
 class ShelfPlacement {
 public:
-    ShelfPlacement(Displays &displays, Preferences &preferences,
-                   const ShelfPreferences &shelfPreferences, ShelfModel &model, ShelfPanel &panel);
+    ShelfPlacement(Displays &displays, ShelfPreferences &preferences, ShelfModel &model,
+                   ShelfPanel &panel);
 
     /// Follows a change of displays or preferences, unless the panel is being dragged.
     void update();
@@ -31,16 +30,16 @@ public:
     void dock(ScreenPoint at);
 
 private:
-    /// The one that the preferences name, or the nearest; nothing without displays.
-    [[nodiscard]] std::optional<qsizetype> displayIndex(const QList<Display> &displays) const;
+    struct Frames {
+        ScreenRect compact;
+        ScreenRect expanded;
+    };
 
     Displays &m_displays;
-    Preferences &m_preferences;
-    const ShelfPreferences &m_shelfPreferences;
+    ShelfPreferences &m_preferences;
     ShelfModel &m_model;
     ShelfPanel &m_panel;
-    std::optional<Display> m_display;
-    ShelfPosition m_position;
+    std::optional<Frames> m_frames; ///< none without a display
 };
 
 } // namespace perchly
