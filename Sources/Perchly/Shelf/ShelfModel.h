@@ -18,8 +18,8 @@ class Preferences;
 /// The shelf's observable state: whether it is open, how its collapsed form is laid out, its pinned
 /// widgets, the current track, and the focus timer.
 ///
-/// Every setter assigns and then announces, also when the value is the one it had. Optional strings
-/// are null (`isNull()`) when absent. Main thread only.
+/// Every setter but setMedia() assigns and then announces, also when the value is the one it had.
+/// Optional strings are null (`isNull()`) when absent. Main thread only.
 class ShelfModel : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool expanded READ expanded NOTIFY expandedChanged FINAL)
