@@ -16,7 +16,7 @@ ProcessScriptHost::ProcessScriptHost(QString program)
 Task ProcessScriptHost::run(const QStringList &arguments,
                             std::optional<std::chrono::milliseconds> limit, Completion completion) {
     return m_runs.run(
-        m_program, arguments, {.time = limit, .mostOutput = maxOutput}, OnStop::EndChild,
+        m_program, arguments, {.time = limit, .maxOutput = maxOutput}, OnStop::EndChild,
         [completion = std::move(completion)](const ChildResult &child) {
             completion(child.status == 0 ? std::optional(child.output) : std::nullopt);
         });

@@ -27,7 +27,7 @@ ChildProcess::ChildProcess(const QString &program, const QStringList &arguments,
     m_process->setArguments(arguments);
     m_process->setStandardInputFile(QProcess::nullDevice());
     m_process->setStandardErrorFile(QProcess::nullDevice());
-    if (limits.mostOutput == 0) {
+    if (limits.maxOutput == 0) {
         m_process->setStandardOutputFile(QProcess::nullDevice());
     }
 #if QT_VERSION >= QT_VERSION_CHECK(6, 7, 0)
@@ -101,7 +101,7 @@ void ChildProcess::readOutput() {
         return;
     }
     m_output += output;
-    if (m_output.size() > m_limits.mostOutput) {
+    if (m_output.size() > m_limits.maxOutput) {
         end();
     }
 }

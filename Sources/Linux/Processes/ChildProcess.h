@@ -15,7 +15,7 @@ namespace perchly {
 
 struct ChildLimits {
     std::optional<std::chrono::milliseconds> time = std::nullopt;
-    qsizetype mostOutput = 0;             ///< in bytes; with 0, the output goes nowhere
+    qsizetype maxOutput = 0;              ///< in bytes; with 0, the output goes nowhere
     std::chrono::milliseconds grace{500}; ///< from SIGTERM to SIGKILL
 };
 

@@ -33,7 +33,7 @@ private Q_SLOTS:
             QElapsedTimer timer;
             timer.start();
             m_result.reset();
-            const Task task = run(row.script, {.time = 1s, .mostOutput = 1000});
+            const Task task = run(row.script, {.time = 1s, .maxOutput = 1000});
             QVERIFY(!m_result);
             QTRY_VERIFY(m_result.has_value());
             QVERIFY2(timer.elapsed() < 2500, row.script);
