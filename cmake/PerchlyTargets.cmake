@@ -56,6 +56,18 @@ function(perchly_area name)
     endif()
 endfunction()
 
+# perchly_companion(<name> [MOC] SOURCES … LIBRARIES …)
+# The companion perchly-<name>, in the program's folder, where it looks for companions first.
+function(perchly_companion name)
+    cmake_parse_arguments(PARSE_ARGV 1 companion "MOC" "" "SOURCES;LIBRARIES")
+    add_executable(perchly-${name} ${companion_SOURCES})
+    target_link_libraries(perchly-${name} PRIVATE perchly_options ${companion_LIBRARIES})
+    add_dependencies(perchly perchly-${name})
+    set_target_properties(perchly-${name} PROPERTIES
+        AUTOMOC ${companion_MOC}
+        RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/Sources/Perchly/Shell)
+endfunction()
+
 # perchly_test(<name> SOURCES … [LIBRARIES …] [LABELS …])
 # A Qt Test executable run by CTest without a display.
 function(perchly_test name)
