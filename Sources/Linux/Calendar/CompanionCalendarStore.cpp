@@ -68,10 +68,7 @@ CompanionCalendarStore::CompanionCalendarStore(QString program, const QString &c
           ".ics")
     , m_serviceWatch(
           [this] { m_isStale = m_isStale || (!m_round && m_age.hasExpired(ownDoing.count())); }, "")
-    , m_last(std::make_shared<Round>()) {
-    m_pool.setMaxThreadCount(1);
-    m_pool.setExpiryTimeout(1000);
-}
+    , m_last(std::make_shared<Round>()) {}
 
 Task CompanionCalendarStore::run(const QStringList &arguments, ChildRuns::Completion completion) {
     return m_runs.run(m_program, arguments, {timeLimit, maxOutput}, OnStop::EndChild,
@@ -169,21 +166,21 @@ void CompanionCalendarStore::startRound(const Call &call) {
 
 /// Before they are read, so that no change in between is missed.
 void CompanionCalendarStore::watchFolders(const CalendarList &list) {
-    m_pool.start([this, list, round = std::weak_ptr(m_round)] {
-        for (auto [watch, folders] : {std::pair(&m_watch, &list.folders),
-                                      std::pair(&m_serviceWatch, &list.serviceFolders)}) {
-            watch->beginRound();
+    const auto watch = [this, list] {
+        for (auto [watched, folders] : {std::pair(&m_watch, &list.folders),
+                                        std::pair(&m_serviceWatch, &list.serviceFolders)}) {
+            watched->beginRound();
             for (const QString &folder : *folders) {
-                watch->add(QFile::encodeName(folder).toStdString());
+                watched->add(QFile::encodeName(folder).toStdString());
             }
-            watch->endRound();
+            watched->endRound();
         }
-        const auto go = [this, round, calendars = list.calendars] {
-            if (!round.expired()) {
-                readCalendars(calendars);
-            }
-        };
-        QMetaObject::invokeMethod(this, go, Qt::QueuedConnection);
+        return list.calendars;
+    };
+    m_workers.run(watch, [this, round = std::weak_ptr(m_round)](const auto &calendars) {
+        if (!round.expired()) {
+            readCalendars(calendars);
+        }
     });
 }
 

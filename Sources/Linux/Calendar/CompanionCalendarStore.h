@@ -4,9 +4,9 @@
 #include "CalendarQuestion.h"
 #include "CalendarReading.h"
 #include "ChildRuns.h"
+#include "Workers.h"
 
 #include <QElapsedTimer>
-#include <QThreadPool>
 
 #include <memory>
 #include <vector>
@@ -60,7 +60,7 @@ private:
     bool m_isCurrent = false;       ///< nothing changed since then
     bool m_isStale = false;         ///< the service or a calendar may have more to say by now
     QElapsedTimer m_age;
-    QThreadPool m_pool; ///< destroyed first: it waits for its thread
+    Workers m_workers{1};
 };
 
 } // namespace perchly

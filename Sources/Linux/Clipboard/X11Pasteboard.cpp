@@ -58,14 +58,12 @@ void X11Pasteboard::writeItems(const QList<QUrl> &urls) {
 }
 
 void X11Pasteboard::writeImage(const QByteArray &encoded) {
-    m_decoder.start([this, encoded, count = ++m_count] {
-        const CopiedImage image = copiedImage(encoded);
-        QMetaObject::invokeMethod(this, [this, image, count] {
-            if (count == m_count) { // nothing else was copied meanwhile
-                offer(image.png.isEmpty() ? nullptr : new OwnCopy(image));
-            }
-        });
-    });
+    const auto finish = [this, count = ++m_count](const CopiedImage &image) {
+        if (count == m_count) { // nothing else was copied meanwhile
+            offer(image.png.isEmpty() ? nullptr : new OwnCopy(image));
+        }
+    };
+    m_decoder.run([encoded] { return copiedImage(encoded); }, finish);
 }
 
 /// Null empties the clipboard.

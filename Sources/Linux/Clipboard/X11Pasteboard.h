@@ -1,10 +1,10 @@
 #pragma once
 
 #include "Pasteboard.h"
+#include "Workers.h"
 
 #include <QPointer>
 #include <QThread>
-#include <QThreadPool>
 
 namespace perchly {
 
@@ -38,7 +38,7 @@ private:
     QPointer<OwnCopy> m_offered; ///< until Qt drops it for another copy
     ClipboardReader *m_reader;   ///< belongs to the thread
     QThread m_thread;
-    QThreadPool m_decoder; ///< destroyed first: it waits for its thread
+    Workers m_decoder{1};
 };
 
 } // namespace perchly

@@ -61,20 +61,10 @@ PowerSources::Reading readFolder(const QString &folder) {
 } // namespace
 
 KernelPower::KernelPower(QString folder)
-    : m_folder(std::move(folder)) {
-    m_pool.setMaxThreadCount(1);
-    m_pool.setExpiryTimeout(1000);
-}
+    : m_folder(std::move(folder)) {}
 
 void KernelPower::read(Completion completion) {
-    m_pool.start([this, completion = std::move(completion)]() mutable {
-        QMetaObject::invokeMethod(
-            this,
-            [reading = readFolder(m_folder), completion = std::move(completion)] {
-                completion(reading);
-            },
-            Qt::QueuedConnection);
-    });
+    m_workers.run([this] { return readFolder(m_folder); }, std::move(completion));
 }
 
 } // namespace perchly

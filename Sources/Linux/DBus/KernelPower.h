@@ -1,9 +1,9 @@
 #pragma once
 
 #include "PowerSources.h"
+#include "Workers.h"
 
 #include <QString>
-#include <QThreadPool>
 
 namespace perchly {
 
@@ -17,7 +17,7 @@ public:
 
 private:
     QString m_folder;
-    QThreadPool m_pool; ///< destroyed first: it waits for the thread
+    Workers m_workers{1};
 };
 
 } // namespace perchly

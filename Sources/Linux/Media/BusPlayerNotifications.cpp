@@ -19,8 +19,6 @@ bool isPlayer(const QString &name) {
 
 BusPlayerNotifications::BusPlayerNotifications(std::shared_ptr<SessionBus> bus)
     : m_bus(std::move(bus)) {
-    m_pool.setMaxThreadCount(1);
-    m_pool.setExpiryTimeout(1000);
     m_watcher.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
     m_watcher.addWatchedService(QStringLiteral("org.mpris.MediaPlayer2*")); // the whole namespace
     connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
@@ -103,13 +101,9 @@ void BusPlayerNotifications::identify(const QPointer<WatchedPlayer> &player,
         announce(player, QStringLiteral("com.spotify.client.PlaybackStateChanged"));
         return;
     }
-    m_pool.start([this, player, name, desktopEntry] {
-        const auto music = findMusicApplication();
+    m_workers.run(findMusicApplication, [this, player, name, desktopEntry](const auto &music) {
         if (music && isPlayerOf(music->identifier, name, desktopEntry)) {
-            QMetaObject::invokeMethod(
-                this,
-                [this, player] { announce(player, QStringLiteral("com.apple.Music.playerInfo")); },
-                Qt::QueuedConnection);
+            announce(player, QStringLiteral("com.apple.Music.playerInfo"));
         }
     });
 }

@@ -3,10 +3,10 @@
 #include "PlayerNotifications.h"
 #include "SessionBus.h"
 #include "WatchedPlayer.h"
+#include "Workers.h"
 
 #include <QDBusServiceWatcher>
 #include <QPointer>
-#include <QThreadPool>
 
 #include <map>
 #include <memory>
@@ -40,7 +40,7 @@ private:
     QDBusServiceWatcher m_watcher;
     std::map<QString, std::unique_ptr<WatchedPlayer>> m_players;
     PlayerPresence m_presence = PlayerPresence::Unknown;
-    QThreadPool m_pool; ///< looks up the music application; destroyed first
+    Workers m_workers{1}; ///< look up the music application
 };
 
 } // namespace perchly

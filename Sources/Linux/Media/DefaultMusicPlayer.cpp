@@ -8,20 +8,13 @@
 namespace perchly {
 
 DefaultMusicPlayer::DefaultMusicPlayer(Applications &applications)
-    : m_applications(applications) {
-    m_pool.setMaxThreadCount(1);
-    m_pool.setExpiryTimeout(1000);
-}
+    : m_applications(applications) {}
 
 void DefaultMusicPlayer::open() {
-    m_pool.start([this] {
-        const auto application = findMusicApplication();
-        if (!application) {
-            return;
+    m_workers.run(findMusicApplication, [this](const auto &application) {
+        if (application) {
+            m_applications.open(QFile::decodeName(application->path.c_str()));
         }
-        const QString path = QFile::decodeName(QByteArray::fromStdString(application->path));
-        QMetaObject::invokeMethod(
-            &m_receiver, [this, path] { m_applications.open(path); }, Qt::QueuedConnection);
     });
 }
 

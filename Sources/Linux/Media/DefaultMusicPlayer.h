@@ -1,9 +1,7 @@
 #pragma once
 
 #include "MusicPlayer.h"
-
-#include <QObject>
-#include <QThreadPool>
+#include "Workers.h"
 
 namespace perchly {
 
@@ -19,8 +17,7 @@ public:
 
 private:
     Applications &m_applications;
-    QObject m_receiver;
-    QThreadPool m_pool; ///< destroyed first: it waits for the thread
+    Workers m_workers{1};
 };
 
 } // namespace perchly

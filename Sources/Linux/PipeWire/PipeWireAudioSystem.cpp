@@ -22,8 +22,6 @@ PipeWireAudioSystem::PipeWireAudioSystem(ApplicationFinder find, const QString &
     , m_graph(m_connection)
     , m_keeper(keeper)
     , m_retired(m_graph) {
-    m_pool.setMaxThreadCount(8); // one on a slow disk must not delay the others
-    m_pool.setExpiryTimeout(1000);
     connect(&m_graph, &AudioGraph::changed, this, &PipeWireAudioSystem::note);
 }
 
@@ -69,17 +67,14 @@ void PipeWireAudioSystem::findApplications() {
 }
 
 void PipeWireAudioSystem::find(AudioObject process, const Question &question) {
-    m_pool.start([this, process, question] {
-        const auto found = m_find(question.pid, question.hints);
-        const auto keep = [this, process, question, found] {
-            const auto lookup = m_lookups.find(process);
-            if (lookup != m_lookups.end() && lookup->question == question) {
-                lookup->found = found;
-                Q_EMIT changed();
-            }
-        };
-        QMetaObject::invokeMethod(this, keep, Qt::QueuedConnection);
-    });
+    const auto keep = [this, process, question](const auto &found) {
+        const auto lookup = m_lookups.find(process);
+        if (lookup != m_lookups.end() && lookup->question == question) {
+            lookup->found = found;
+            Q_EMIT changed();
+        }
+    };
+    m_workers.run([this, question] { return m_find(question.pid, question.hints); }, keep);
 }
 
 std::optional<QList<AudioProcess>> PipeWireAudioSystem::processes() const {

@@ -5,9 +5,9 @@
 #include "PipeWireConnection.h"
 #include "RetiredStreams.h"
 #include "RouteKeeper.h"
+#include "Workers.h"
 
 #include <QHash>
-#include <QThreadPool>
 
 #include <functional>
 #include <memory>
@@ -64,7 +64,7 @@ private:
     RetiredStreams m_retired;
     QHash<AudioObject, Lookup> m_lookups; ///< of every process that has played
     bool m_hasBeenComplete = false;
-    QThreadPool m_pool; ///< destroyed first: waits for running lookups
+    Workers m_workers{8}; ///< one on a slow disk must not delay the others
 };
 
 } // namespace perchly
