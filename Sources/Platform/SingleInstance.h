@@ -16,8 +16,8 @@ public:
     [[nodiscard]] virtual bool claim() = 0;
 
 Q_SIGNALS:
-    /// Another start, or the desktop, asked for one of "show", "search", "workspace", "mixer" and
-    /// "settings".
+    /// Another start, or the desktop, asked for "show", "search", "workspace", "mixer" or
+    /// "settings". Other actions are to be ignored.
     void requested(const QString &action);
 };
 

@@ -28,12 +28,7 @@ void ApplicationObject::Activate(const QVariantMap &) {
 
 void ApplicationObject::ActivateAction(const QString &action, const QVariantList &,
                                        const QVariantMap &) {
-    static const QStringList actions{QStringLiteral("show"), QStringLiteral("search"),
-                                     QStringLiteral("workspace"), QStringLiteral("mixer"),
-                                     QStringLiteral("settings")};
-    if (actions.contains(action)) {
-        Q_EMIT requested(action);
-    }
+    Q_EMIT requested(action);
 }
 
 void ApplicationObject::Open(const QStringList &, const QVariantMap &) {}

@@ -27,7 +27,7 @@ public Q_SLOTS:
     void Open(const QStringList &uris, const QVariantMap &platformData);
 
 Q_SIGNALS:
-    /// One of the actions that SingleInstance names.
+    /// Any text that another program sends.
     void requested(const QString &action);
 
 private:

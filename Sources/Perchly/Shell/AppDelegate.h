@@ -73,7 +73,7 @@ public:
     void handleReleased() override { m_drag.release(handlePosition()); }
     void handleCanceled() override { m_drag.cancel(handlePosition()); }
 
-    /// Performs an action requested by a second start or the desktop.
+    /// Performs an action requested by a second start or the desktop; ignores unknown ones.
     void perform(const QString &action);
 
 private:
