@@ -1,5 +1,8 @@
 #include "TrayFinder.h"
 
+#include "QtConnection.h"
+#include "XcbPointer.h"
+
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -7,7 +10,6 @@
 #include <QGuiApplication>
 
 #include <cstdlib>
-#include <memory>
 #include <utility>
 #include <xcb/xcb.h>
 
@@ -20,23 +22,10 @@ namespace {
 const QString service = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString path = QStringLiteral("/StatusNotifierWatcher");
 
-struct Free {
-    void operator()(void *memory) const { std::free(memory); }
-};
-
-template <class T>
-std::unique_ptr<T, Free> owned(T *reply) {
-    return std::unique_ptr<T, Free>(reply);
-}
-
-xcb_connection_t *display() {
-    const auto *native = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return native != nullptr ? native->connection() : nullptr;
-}
-
 xcb_atom_t atom(const QByteArray &name) {
-    const auto cookie = xcb_intern_atom(display(), 0, uint16_t(name.size()), name.constData());
-    const auto reply = owned(xcb_intern_atom_reply(display(), cookie, nullptr));
+    const auto cookie = xcb_intern_atom(qtConnection(), 0, uint16_t(name.size()), name.constData());
+    const XcbPointer<xcb_intern_atom_reply_t> reply(
+        xcb_intern_atom_reply(qtConnection(), cookie, nullptr));
     return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
 }
 
@@ -64,7 +53,7 @@ TrayFinder::TrayFinder(const QDBusConnection &bus, QObject *parent)
     if (m_bus.isConnected()) {
         watchService();
     }
-    if (display() != nullptr) {
+    if (qtConnection() != nullptr) {
         watchSelection();
     }
 }
@@ -106,8 +95,9 @@ void TrayFinder::watchSelection() {
 }
 
 bool TrayFinder::hasSelection() const {
-    const auto cookie = xcb_get_selection_owner(display(), m_selectionAtom);
-    const auto reply = owned(xcb_get_selection_owner_reply(display(), cookie, nullptr));
+    const auto cookie = xcb_get_selection_owner(qtConnection(), m_selectionAtom);
+    const XcbPointer<xcb_get_selection_owner_reply_t> reply(
+        xcb_get_selection_owner_reply(qtConnection(), cookie, nullptr));
     return reply && reply->owner != XCB_WINDOW_NONE;
 }
 
