@@ -70,7 +70,10 @@ OwnCopy::OwnCopy(const QList<QUrl> &items)
 QVariant OwnCopy::retrieveData(const QString &mimeType, QMetaType type) const {
     const QVariant data = QMimeData::retrieveData(mimeType, type);
     if (mimeType == pasteboardtype::tiff && data.toByteArray().isEmpty() && hasFormat(mimeType)) {
-        return encode(QImage::fromData(this->data(pasteboardtype::png)), "tiff");
+        if (m_tiff.isEmpty()) {
+            m_tiff = encode(QImage::fromData(this->data(pasteboardtype::png)), "tiff");
+        }
+        return m_tiff;
     }
     return data;
 }

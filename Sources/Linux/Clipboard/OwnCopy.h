@@ -31,6 +31,8 @@ protected:
 private:
     OwnCopy();
     void setTextForms(const QString &text);
+
+    mutable QByteArray m_tiff; ///< kept, as encoding takes long; empty until it is asked for
 };
 
 } // namespace perchly
