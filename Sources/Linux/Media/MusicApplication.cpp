@@ -1,22 +1,17 @@
 #include "MusicApplication.h"
 
+#include "GioOwned.h"
+
 #include <gio/gdesktopappinfo.h>
 
 #include <algorithm>
-#include <memory>
 #include <string_view>
 
 namespace perchly {
 
 namespace {
 
-struct Release {
-    void operator()(void *object) const { g_object_unref(object); }
-    void operator()(char **list) const { g_strfreev(list); }
-};
-
-using Application = std::unique_ptr<GAppInfo, Release>;
-using StringList = std::unique_ptr<char *, Release>;
+using Application = gio::Owned<GAppInfo>;
 
 MusicApplication described(GAppInfo *application) {
     std::string identifier = g_app_info_get_id(application);
@@ -27,7 +22,7 @@ MusicApplication described(GAppInfo *application) {
 }
 
 bool has(GAppInfo *application, const char *key, std::string_view start) {
-    const StringList values(
+    const gio::Owned<char *> values(
         g_desktop_app_info_get_string_list(G_DESKTOP_APP_INFO(application), key, nullptr));
     for (char **value = values.get(); value != nullptr && *value != nullptr; ++value) {
         if (std::string_view(*value).starts_with(start)) {
