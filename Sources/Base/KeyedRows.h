@@ -16,7 +16,7 @@ class KeyedRows : public QAbstractListModel {
     Q_PROPERTY(int count READ count NOTIFY countChanged FINAL)
 public:
     struct Row {
-        QString key; ///< rows with the same key are told apart by their order
+        QString key; ///< their order distinguishes rows with the same key
         QVariantList fields;
     };
     using Rows = QList<Row>;

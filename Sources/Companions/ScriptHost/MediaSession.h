@@ -16,7 +16,7 @@ public:
     /// counts.
     [[nodiscard]] bool load();
 
-    /// The player that owns the session; null when there is none.
+    /// The player that owns the session, or null.
     [[nodiscard]] const Player *find();
 
     /// Sends one of the numbers 0 (play), 1 (pause), 4 (next) and 5 (previous). True when the

@@ -12,10 +12,10 @@ using KeyFile = gio::Owned<GKeyFile>;
 /// Null unless the path is a regular file that can be read. Blocks. Any thread.
 [[nodiscard]] KeyFile readKeyFile(const QString &path);
 
-/// A value in the user's language; empty if there is none.
+/// A value in the user's language, or empty.
 [[nodiscard]] QString keyFileText(const KeyFile &file, const QByteArray &group, const char *key);
 
-/// A value of the main group of a desktop entry; empty if there is none.
+/// A value of the main group of a desktop entry, or empty.
 [[nodiscard]] QString desktopEntryText(const QString &path, const char *key);
 
 } // namespace perchly

@@ -11,8 +11,8 @@
 namespace perchly {
 
 /// The installed application that a process belongs to: by the desktop entry that it was launched
-/// from, by its systemd unit, or by the first of the names that is one's; by the names alone
-/// without a PID. Nothing when it is none, or one that menus do not show. An entry outside the data
+/// from, by its systemd unit, or by the first name that fits; by the names alone
+/// without a PID. Null if there is none that menus show. An entry outside the data
 /// folders is ignored. Reads files, so it may block. Any thread.
 [[nodiscard]] std::optional<RunningApplication>
 findRunningApplication(std::optional<std::int32_t> pid, const QStringList &names);

@@ -25,7 +25,7 @@ public:
         std::optional<std::int32_t> pid, const QStringList &hints)>;
 
     /// The keeper is the absolute path of the companion that sends streams back if Perchly is
-    /// killed; empty when there is none.
+    /// killed; may be empty.
     explicit PipeWireAudioSystem(ApplicationFinder find = {}, const QString &keeper = {},
                                  QObject *parent = nullptr);
     /// Waits at most a quarter of a second until the server has processed the end of routes, if any

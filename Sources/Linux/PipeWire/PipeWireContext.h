@@ -14,7 +14,7 @@ struct PipeWireContext {
 
 /// Makes loop and context on a thread of their own: libpipewire asks for real-time priority then,
 /// and waits for the session bus and the system bus without a timeout. The thread that takes the
-/// result enters the loop. A result that is no longer wanted is destroyed. Both are null if they
+/// result enters the loop. A result that nobody takes is destroyed. Both are null if they
 /// could not be made; there is no result if no thread could be started.
 [[nodiscard]] QFuture<PipeWireContext> makePipeWireContext();
 

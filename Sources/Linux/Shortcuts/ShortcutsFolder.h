@@ -21,8 +21,8 @@ struct Shortcut {
 /// of several lines are left out. Empty if there is no folder; nothing if it cannot be read.
 [[nodiscard]] std::optional<QList<Shortcut>> list();
 
-/// Makes the folder if there is none, with an explanation and a first shortcut in it. Returns the
-/// empty string, or the reason if it fails.
+/// Makes the folder if it does not exist, with an explanation and a first shortcut in it. Returns
+/// the empty string, or the reason if it fails.
 [[nodiscard]] QString prepare();
 
 } // namespace perchly::shortcutsfolder

@@ -13,7 +13,7 @@ class KeyboardFocus : public QObject {
 public:
     explicit KeyboardFocus(XcbConnection &connection);
 
-    /// The window with the focus; XCB_WINDOW_NONE if there is none or the server does not answer.
+    /// The window with the focus; XCB_WINDOW_NONE without a focus or if the server does not answer.
     [[nodiscard]] xcb_window_t current();
 
     /// Gives the focus to an unmanaged window that is shown, and remembers who had it.
