@@ -4,8 +4,8 @@
 
 namespace perchly {
 
-/// Names an object of the audio system: a process or an output. 0 is none. A number is not used
-/// again within a run of the program.
+/// Names an object of the audio system: a process or an output. 0 names no object. Numbers are
+/// not reused while the program runs.
 using AudioObject = std::uint32_t;
 
 /// A process that plays through a ring instead of to its own output. Destroying the route sends the

@@ -11,9 +11,9 @@
 namespace perchly {
 
 /// The installed application that a process belongs to: by the desktop entry that it was launched
-/// from, by its systemd unit, or by the first name that fits; by the names alone
-/// without a PID. Null if there is none that menus show. An entry outside the data
-/// folders is ignored. Reads files, so it may block. Any thread.
+/// from, by its systemd unit, or by the first name that fits; by the names alone without a PID.
+/// Null if menus show no such application. An entry outside the data folders is ignored. Reads
+/// files, so it may block. Any thread.
 [[nodiscard]] std::optional<RunningApplication>
 findRunningApplication(std::optional<std::int32_t> pid, const QStringList &names);
 

@@ -11,7 +11,7 @@
 namespace perchly {
 
 /// One player on the bus. Its change signals are often partial, so each burst of them is followed
-/// by one question for everything. Nothing blocks; no signal comes after its destruction.
+/// by one request for all properties. Nothing blocks; no signal comes after its destruction.
 class WatchedPlayer : public QObject {
     Q_OBJECT
 public:

@@ -16,7 +16,7 @@ namespace perchly {
 /// A connection to the X server beside Qt's: for events that Qt hides, and for replies with a
 /// timeout. A server that stalls delays the caller by half a second at most; after that, requests
 /// fail at once until the server sends something again. Once the server has closed the connection,
-/// or if there is none, requests are ignored and replies are null. Main thread only.
+/// or without a server, requests are ignored and replies are null. Main thread only.
 class XcbConnection : public QObject {
     Q_OBJECT
 public:

@@ -15,7 +15,7 @@ class RoundedRect : public QQuickPaintedItem {
     /// If valid, the fill is a gradient from `color` at the top to this at the bottom.
     Q_PROPERTY(QColor bottomColor MEMBER m_bottomColor NOTIFY changed FINAL)
     Q_PROPERTY(double radius MEMBER m_radius NOTIFY changed FINAL)
-    /// The border lies inside the rectangle; there is none while its width is 0.
+    /// The border lies inside the rectangle; a width of 0 hides it.
     Q_PROPERTY(QColor borderColor MEMBER m_borderColor NOTIFY changed FINAL)
     Q_PROPERTY(double borderWidth MEMBER m_borderWidth NOTIFY changed FINAL)
 public:

@@ -13,8 +13,8 @@ class ShelfModel;
 
 /// Carries out one playback command at a time. A player of the media session is read again, sent
 /// the command, and read until it has visibly obeyed, since browsers tend to accept a command and
-/// do nothing. Other players are told directly. Each failure leaves one sentence in the model.
-/// Main thread only; destroying it cancels the command.
+/// do nothing. Other players are sent the command without a check. Each failure leaves one sentence
+/// in the model. Main thread only; destroying it cancels the command.
 class MediaControl {
 public:
     /// All must outlive the control.

@@ -32,7 +32,7 @@ public:
     Q_INVOKABLE void addToShelf(const QString &name);
     /// Where the shortcuts are, with "~" for the user's home.
     [[nodiscard]] QString folder() const;
-    /// Shows that folder in the file manager, and makes it first if there is none.
+    /// Creates that folder if needed and shows it in the file manager.
     Q_INVOKABLE void openFolder();
 
 Q_SIGNALS:

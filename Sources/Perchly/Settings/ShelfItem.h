@@ -42,8 +42,8 @@ public:
     [[nodiscard]] QString shownName() const;
     /// Applications and shortcuts can be removed from the shelf, the rest only hidden.
     [[nodiscard]] bool removable() const;
-    /// What to show for the item: "widget" if it names one, else "shortcut", "application" or, if
-    /// it is none of them, the empty string.
+    /// What to show for the item: "widget" if it names one, else "shortcut" or "application";
+    /// empty for anything else.
     [[nodiscard]] QString kind() const;
     /// The widget's title; empty if the item is not a widget.
     [[nodiscard]] QString widgetTitle() const;

@@ -26,8 +26,8 @@ public:
     /// Moves the panel to the frame. `compactFrame` is where the collapsed shelf is, within it.
     void setFrame(const ScreenRect &frame, const ScreenRect &compactFrame, ShelfEdge edge);
 
-    /// Where the pointer event that is being handled happened; nothing if there is none. The
-    /// pointer itself may have moved on.
+    /// The position of the pointer event being handled, or nullopt. The pointer may have moved
+    /// since.
     [[nodiscard]] std::optional<ScreenPoint> eventPosition() const { return m_eventPosition; }
 
     /// The frame that the panel was last given.

@@ -28,8 +28,8 @@ public:
 
     void paint(QPainter *painter) override;
 
-    /// The picture, no larger than the size; null if there is none. Blocks; any thread, one at a
-    /// time.
+    /// The picture, no larger than the size; null if it cannot be decoded. Blocks; any thread, one
+    /// at a time.
     [[nodiscard]] static QImage decoded(const QByteArray &encoded, const QSize &maxSize);
 
 Q_SIGNALS:
