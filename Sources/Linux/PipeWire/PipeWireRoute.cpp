@@ -128,7 +128,7 @@ int PipeWireRoute::findProcess() const {
 
 void PipeWireRoute::send() {
     m_startLimit.stop();
-    m_move->begin();
+    m_move->begin(m_streams->captureNode());
     m_arrivalLimit.start();
 }
 

@@ -32,7 +32,7 @@ ProcessMove::~ProcessMove() {
     }
 }
 
-void ProcessMove::begin() {
+void ProcessMove::begin(std::uint32_t sink) {
     m_isUnderWay = true;
     // A stream that is moved while it is being connected plays at both places until it ends; so a
     // later one is moved when it plays.
@@ -44,13 +44,23 @@ void ProcessMove::begin() {
     });
     connect(&m_graph, &AudioGraph::streamRemoved, this, &ProcessMove::forget);
     connect(&m_graph.metadata(), &SessionMetadata::targetChanged, this, &ProcessMove::watch);
+    // While one client binds the table, PipeWire drops its events for all others; links it reports.
+    connect(&m_graph, &AudioGraph::linked, this,
+            [this, sink](std::uint32_t from, std::uint32_t to) {
+                if (to == sink && m_before.contains(from)) {
+                    m_arrived.insert(from);
+                } else if (m_arrived.contains(from) && !m_graph.serialOfOutput(to).isEmpty() &&
+                           !m_graph.wiring().connects(from, sink)) {
+                    endFor(from);
+                }
+            });
     for (const GraphStream *stream : m_graph.streamsOf(m_process)) {
         move(stream->node);
     }
 }
 
 void ProcessMove::move(std::uint32_t node) {
-    if (!m_before.contains(node) && m_graph.metadata().isBound()) {
+    if (!m_isTakenOver && !m_before.contains(node) && m_graph.metadata().isBound()) {
         m_graph.metadata().setTarget(node, m_target);
         note(node);
     }
@@ -82,11 +92,16 @@ void ProcessMove::watch(std::uint32_t node) {
     if (m_graph.metadata().target(node) == m_target) {
         m_arrived.insert(node);
     } else if (m_arrived.contains(node)) {
-        forget(node);
-        Q_EMIT takenOver();
+        endFor(node);
     } else {
         note(node);
     }
+}
+
+void ProcessMove::endFor(std::uint32_t node) {
+    m_isTakenOver = true;
+    forget(node);
+    Q_EMIT takenOver();
 }
 
 std::optional<StreamTarget> ProcessMove::originalTarget(std::uint32_t node) const {

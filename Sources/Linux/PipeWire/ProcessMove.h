@@ -23,7 +23,8 @@ public:
     /// Leaves streams where they are unless undo() was called.
     ~ProcessMove() override;
 
-    void begin();
+    /// The sink is the target's node.
+    void begin(std::uint32_t sink);
     /// Does nothing before begin(). Streams that somebody else has moved stay there.
     void undo();
 
@@ -31,12 +32,14 @@ public:
     [[nodiscard]] QList<std::uint32_t> streams() const { return m_before.keys(); }
 
 Q_SIGNALS:
-    /// Somebody else has moved one of the streams. From within a callback of the connection.
+    /// Somebody else has moved one of the streams; no more streams are moved. From within a
+    /// callback of the connection.
     void takenOver();
 
 private:
     void move(std::uint32_t node);
     void watch(std::uint32_t node);
+    void endFor(std::uint32_t node);
     void note(std::uint32_t node);
     void forget(std::uint32_t node);
     [[nodiscard]] std::optional<StreamTarget> originalTarget(std::uint32_t node) const;
@@ -47,8 +50,9 @@ private:
     StreamTarget m_target;
     QHash<std::uint32_t, std::optional<StreamTarget>>
         m_before;                  ///< the streams moved, and where each goes back to
-    QSet<std::uint32_t> m_arrived; ///< moved according to the table
+    QSet<std::uint32_t> m_arrived; ///< seen at the target, in the table or by a link
     bool m_isUnderWay = false;
+    bool m_isTakenOver = false;
 };
 
 } // namespace perchly

@@ -1,6 +1,7 @@
 #include "SoundMeter.h"
 #include "SoundSystem.h"
 
+#include <QRegularExpression>
 #include <QSocketNotifier>
 
 #include <unistd.h>
@@ -12,25 +13,17 @@ namespace {
 /// Frames of the server's cycle.
 constexpr std::size_t cycle = 1024;
 
-/// Moves all streams, as a user does. The session manager now and then misses a move, so it tries
-/// again.
-template <class Condition>
-bool moveUntil(const QString &sink, Condition condition) {
-    for (int attempt = 0; attempt < 3; ++attempt) {
-        const QString streams = output(QStringLiteral("pactl list short sink-inputs"));
-        for (const QString &line : streams.split(u'\n', Qt::SkipEmptyParts)) {
-            const QString stream = line.section(u'\t', 0, 0);
-            output(QStringLiteral("pactl move-sink-input %1 %2").arg(stream, sink));
-        }
-        if (condition()) {
-            return true;
-        }
+/// Moves all streams, as a user does. Not with pactl: if it ends before its server has passed the
+/// command on, the command is lost.
+void moveTo(const QString &sink) {
+    const QString sinks = output(QStringLiteral("pactl list short sinks"));
+    const QString serial = sinks.section(u'\t' + sink, 0, 0).section(u'\n', -1);
+    static const QRegularExpression id(QStringLiteral("object\\.id = \"(\\d+)\""));
+    auto found = id.globalMatch(output(QStringLiteral("pactl list sink-inputs")));
+    while (found.hasNext()) {
+        output(QStringLiteral("pw-metadata %1 target.object %2 Spa:Id")
+                   .arg(found.next().captured(1), serial));
     }
-    return false;
-}
-
-bool isMovedTo(const QString &sink, SoundMeter &meter) {
-    return moveUntil(sink, [&] { return meter.comesTo(toneLevel, 1500); });
 }
 
 /// Another program: mutes a process until stdin ends.
@@ -82,7 +75,10 @@ private Q_SLOTS:
         QVERIFY(atFirst.comesTo(toneLevel));
         for (const bool isChosen : {false, true}) {
             SoundMeter &meter = isChosen ? atSecond : atFirst;
-            QVERIFY(!isChosen || isMovedTo(second, meter));
+            if (isChosen) {
+                moveTo(second);
+                QVERIFY(meter.comesTo(toneLevel));
+            }
             // First as the user has just chosen it, then as the session manager remembers it.
             for (const Ending ending :
                  {Ending::Kill, Ending::Quit, Ending::PlayerEnds, Ending::Kill}) {
@@ -104,7 +100,8 @@ private Q_SLOTS:
                 QVERIFY(meter.comesTo(toneLevel));
             }
         }
-        QVERIFY(isMovedTo(first, atFirst)); // so that the next test's player goes by the default
+        moveTo(first); // so that the next test's player goes by the default
+        QVERIFY(atFirst.comesTo(toneLevel));
     }
 
     void otherProgramsAreNotRouted() {
@@ -157,11 +154,12 @@ private Q_SLOTS:
         const auto player = pulsePlayer();
         const auto route = sound.route(player);
         QTest::qWait(1500);
-        QVERIFY(moveUntil(
-            second, [&] { return QTest::qWaitFor([&] { return !route->isRunning(); }, 1500); }));
+        moveTo(second);
+        QTRY_VERIFY(!route->isRunning());
         route->stop();
         QVERIFY(atSecond.comesTo(toneLevel));
-        QVERIFY(moveUntil(first, [&] { return atSecond.comesTo(0, 1500); }));
+        moveTo(first);
+        QVERIFY(atSecond.comesTo(0));
     }
 
     void programThatForbidsMovingIsNotRouted() {
