@@ -19,9 +19,15 @@ public:
     /// Where the pointer is now. Asks the window system.
     [[nodiscard]] virtual ScreenPoint position() const = 0;
 
-    /// Polls the position a few times a second while on, to announce jumps made by other programs,
-    /// which the window system does not report as movement.
-    virtual void setPolling(bool on) = 0;
+    enum class Watch {
+        Nothing,
+        Movements,
+        /// Also jumps made by other programs, which the window system does not report as movement:
+        /// polls the position a few times a second.
+        Jumps
+    };
+    /// What to announce; movements after start().
+    virtual void watch(Watch watch) = 0;
 
 Q_SIGNALS:
     /// The pointer is there now, with or without a button held. Several movements may be announced

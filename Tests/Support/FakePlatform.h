@@ -20,7 +20,7 @@ class FakePointer : public PointerMonitor {
 public:
     void start() override {}
     ScreenPoint position() const override { return at; }
-    void setPolling(bool) override {}
+    void watch(Watch) override {}
 
     void moveTo(double x, double y) {
         at = {x, y};

@@ -74,7 +74,7 @@ class NullPointerMonitor : public PointerMonitor {
 public:
     void start() override {}
     ScreenPoint position() const override { return {}; }
-    void setPolling(bool) override {}
+    void watch(Watch) override {}
 };
 
 class NullKeyMonitor : public KeyMonitor {

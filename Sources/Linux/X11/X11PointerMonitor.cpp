@@ -4,6 +4,8 @@
 
 #include <xcb/xinput.h>
 
+#include <utility>
+
 namespace perchly {
 
 namespace {
@@ -31,9 +33,8 @@ void X11PointerMonitor::start() {
     if (!m_input.isAvailable()) {
         qWarning("The X server has no XInput 2: the pointer is polled.");
     }
-    m_input.select(XCB_INPUT_XI_EVENT_MASK_RAW_MOTION);
     static_cast<void>(position());
-    setPolling(false);
+    watch(Watch::Movements);
 }
 
 ScreenPoint X11PointerMonitor::position() const {
@@ -45,11 +46,15 @@ ScreenPoint X11PointerMonitor::position() const {
     return ScreenSpace::current().fromPixels(m_lastPixels);
 }
 
-void X11PointerMonitor::setPolling(bool on) {
-    if (!on && m_input.isAvailable()) {
-        m_poll.stop();
-    } else if (!m_poll.isActive()) {
+void X11PointerMonitor::watch(Watch watch) {
+    if (std::exchange(m_watch, watch) == watch) {
+        return;
+    }
+    m_input.select(watch == Watch::Nothing ? 0 : XCB_INPUT_XI_EVENT_MASK_RAW_MOTION);
+    if (watch == Watch::Jumps || (watch == Watch::Movements && !m_input.isAvailable())) {
         m_poll.start();
+    } else {
+        m_poll.stop();
     }
 }
 

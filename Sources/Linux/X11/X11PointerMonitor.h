@@ -18,7 +18,7 @@ public:
 
     void start() override;
     [[nodiscard]] ScreenPoint position() const override;
-    void setPolling(bool on) override;
+    void watch(Watch watch) override;
 
 private:
     void announce();
@@ -28,7 +28,8 @@ private:
     mutable XcbConnection m_connection;
     RawInput m_input{m_connection};
     mutable QPoint m_lastPixels; ///< where the pointer was last seen
-    bool m_hasMoved = false;     ///< since the last announcement
+    Watch m_watch = Watch::Nothing;
+    bool m_hasMoved = false; ///< since the last announcement
     QTimer m_rest;
     QTimer m_poll;
 };

@@ -57,8 +57,10 @@ void ShelfOpener::pointerAt(ScreenPoint pointer) {
 /// A pointer that jumps off the open shelf sends the panel a leave event. Polling is needed only
 /// where the frame is larger than the panel's shape.
 void ShelfOpener::watchForJumps(ScreenPoint pointer) {
-    m_hosts.pointer->setPolling(m_model.expanded() && !m_panel.takesPointer(pointer) &&
-                                m_placement.frame(ShelfSize::Expanded).contains(pointer));
+    const bool isNeeded = m_model.expanded() && !m_panel.takesPointer(pointer) &&
+                          m_placement.frame(ShelfSize::Expanded).contains(pointer);
+    m_hosts.pointer->watch(isNeeded ? PointerMonitor::Watch::Jumps
+                                    : PointerMonitor::Watch::Movements);
 }
 
 void ShelfOpener::startCloseTask() {
@@ -79,7 +81,7 @@ void ShelfOpener::setExpanded(bool expanded) {
         m_model.setExpanded(false);
         returnKeyboard();
         startSettleTask();
-        m_hosts.pointer->setPolling(false);
+        setKeyboardMode(false);
     }
 }
 
@@ -88,11 +90,15 @@ void ShelfOpener::startSettleTask() {
     m_settleTask = m_hosts.clock->after(delay, [this] { m_placement.place(ShelfSize::Compact); });
 }
 
+void ShelfOpener::setKeyboardMode(bool on) {
+    m_keyboardOpen = on;
+    m_hosts.pointer->watch(on ? PointerMonitor::Watch::Nothing : PointerMonitor::Watch::Movements);
+}
+
 void ShelfOpener::setKeyboardOpen(bool open) {
-    m_keyboardOpen = open;
+    setKeyboardMode(open);
     m_keyboardBorrowed = false;
     setExpanded(open);
-    m_hosts.pointer->setPolling(false);
     if (open) {
         m_hosts.panel->orderFront();
         m_hosts.panel->takeKeyboard();
@@ -123,20 +129,20 @@ void ShelfOpener::returnKeyboard() {
 }
 
 void ShelfOpener::closeForWindow() {
-    m_keyboardOpen = false;
+    setKeyboardMode(false);
     m_keyboardBorrowed = false;
     setExpanded(false);
 }
 
 void ShelfOpener::closeForDrag() {
-    if (std::exchange(m_keyboardOpen, false)) {
+    if (m_keyboardOpen) {
         m_hosts.panel->giveKeyboardBack();
     }
+    setKeyboardMode(false);
     returnKeyboard();
     m_closeTask.reset();
     m_settleTask.reset();
     m_model.setExpanded(false);
-    m_hosts.pointer->setPolling(false);
 }
 
 } // namespace perchly

@@ -41,6 +41,7 @@ public:
     void closeForDrag();
 
 private:
+    void setKeyboardMode(bool on);
     void watchForJumps(ScreenPoint pointer);
     void startCloseTask();
     void startSettleTask();

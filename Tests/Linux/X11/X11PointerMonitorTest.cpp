@@ -32,7 +32,7 @@ private Q_SLOTS:
         QVERIFY2(told <= duration / 12 + 4, qPrintable(QString::number(told)));
     }
 
-    void jumpsAreSeenOnlyWhilePolling() {
+    void jumpsAreSeenOnlyOnRequest() {
         X11PointerMonitor monitor;
         const QSignalSpy moved(&monitor, &PointerMonitor::moved);
         monitor.start();
@@ -45,11 +45,16 @@ private Q_SLOTS:
         QCOMPARE(moved.count(), 0);
 
         QCOMPARE(monitor.position(), (ScreenPoint{10, 789}));
-        monitor.setPolling(true);
+        monitor.watch(X11PointerMonitor::Watch::Jumps);
         QTest::qWait(600);
         QCOMPARE(moved.count(), 0);
         jump(20, 10);
         QTRY_COMPARE(moved.count(), 1);
+        monitor.watch(X11PointerMonitor::Watch::Nothing);
+        QCOMPARE(monitor.position(), (ScreenPoint{20, 789})); // the server has read the request
+        m_client.movePointer({600, 400});
+        QTest::qWait(300);
+        QCOMPARE(moved.count(), 1);
     }
 
 private:
