@@ -83,9 +83,9 @@ class DockingTest(SessionCase):
         ):
             partner = DragPartner(self.session, url)
             self.assertEqual(partner.drag_to(*places), "copy")
-            partner.close()
             self.screen.move_to(640, 100)
             self.screen.move_to(642, 100)
             self.tree.find(f"{count} held")
+            partner.close()  # the drop reads from it
             self.screen.move_to(*AWAY)
             self.tree.find(f"File shelf · {count} held")
