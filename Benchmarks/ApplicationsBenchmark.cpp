@@ -1,5 +1,4 @@
-// How long it takes to find the applications of this machine, and to search among them. Run without
-// arguments.
+// Times finding this machine's applications and searching them. Takes no arguments.
 
 #include "ApplicationCatalog.h"
 #include "DesktopCatalog.h"
@@ -23,7 +22,7 @@ using namespace perchly;
 
 namespace {
 
-/// As large as real entries: names and comments in many languages, and some actions.
+/// Has the size of real entries: names and comments in many languages, and some actions.
 QByteArray entryText(int number) {
     const QByteArray name = "Application " + QByteArray::number(number);
     QByteArray text = "[Desktop Entry]\nVersion=1.0\nType=Application\nName=" + name + "\n";
@@ -94,7 +93,7 @@ void measureSearch(const QList<FoundApplication> &applications) {
     InstalledApplications model;
     model.setProperty("library", QVariant::fromValue(&library));
     print("a scan's result into the rows", measure(5, [&](int) { library.refresh(); }));
-    // Typing a word and deleting it again, with the rows that a window shows.
+    // Types a word and deletes it again, with as many rows as a window shows.
     const QString word = QStringLiteral("cation 99");
     print("a key in the search", measure(400, [&](int key) {
               const auto length = std::abs(key % (2 * int(word.size())) - int(word.size()));
@@ -138,7 +137,7 @@ int main(int argc, char **argv) {
         run(application.arguments().at(1).toInt());
         return 0;
     }
-    // Each in a process of its own: GIO reads its folders once.
+    // Each in its own process, as GIO reads its folders only once.
     for (const char *count : {"300", "10000"}) {
         QProcess::execute(application.applicationFilePath(), {QString::fromLatin1(count)});
     }

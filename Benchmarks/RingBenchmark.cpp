@@ -12,7 +12,7 @@
 #include <memory>
 #include <vector>
 
-/// The time of a push and a pull, compared with other ways to carry and scale the same frames.
+/// Times a push and a pull, and other ways to copy and scale the same frames.
 namespace {
 
 constexpr uint32_t frames = 512;
@@ -26,7 +26,7 @@ struct Row {
     double best = std::numeric_limits<double>::max();
 };
 
-/// Keeps the compiler from leaving out work whose result nobody reads.
+/// Keeps the compiler from dropping work whose result is unused.
 void written(const void *memory) {
     asm volatile("" : : "r"(memory) : "memory");
 }
@@ -42,7 +42,7 @@ double nanoseconds(Work work) {
     return taken.count() / calls;
 }
 
-// The gain chain, and a ring of PipeWire's around it
+// PipeWire's ring with our gain
 
 #ifdef __x86_64__
 [[gnu::target("fma")]]
@@ -88,7 +88,7 @@ private:
     std::vector<char> m_memory = std::vector<char>(size);
 };
 
-// One way each
+// One copy in each direction
 
 class OurRing {
 public:
@@ -178,7 +178,7 @@ int main() {
                                     written(out->data());
                                 }));
         };
-        // A target that turns before the gain is there.
+        // The target changes before the gain reaches it.
         const auto turn = [&](OurRing &ring) {
             target = 1 - target;
             ring.gain(target);

@@ -1,9 +1,9 @@
 // The mixer's CPU time for PipeWire's events.
-//   RouteBenchmark route PID      routes the process until the standard input ends
-//   RouteBenchmark rounds PID N   routes it and lets it go so often, once a second each; says how
-//                                 long the first and the slowest other enabling held the thread
+//   RouteBenchmark route PID      routes the process until stdin ends
+//   RouteBenchmark rounds PID N   routes and releases it N times, a second each; prints how long
+//                                 the first and the slowest later routing blocked the thread
 //   RouteBenchmark idle           only follows the sound system
-//   RouteBenchmark list ROUNDS    microseconds of CPU for one reading of what plays
+//   RouteBenchmark list ROUNDS    prints the microseconds of CPU to list the programs that play
 #include "MixerRoute.h"
 #include "PipeWireAudioSystem.h"
 #include "RunningApplications.h"
@@ -72,7 +72,7 @@ std::unique_ptr<MixerRoute> routed(PipeWireAudioSystem &system, AudioObject proc
     return route;
 }
 
-/// Each stands for a second in which the process is routed and one in which it is not.
+/// Each round routes the process for a second and releases it for a second.
 void rounds(PipeWireAudioSystem &system, AudioObject process, int count) {
     double first = 0;
     double slowest = 0;

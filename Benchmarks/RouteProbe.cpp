@@ -1,8 +1,8 @@
-// Plays numbered frames to the default output and listens to what arrives there, both within the
-// server's own cycles. For each line on its standard input it answers with
-//   DELAY BREAKS FRAMES
-// since the last one: how many frames of delay there were (the most frequent number), how often the
-// numbers that arrived ceased to go on by one, and how many arrived.
+// Plays numbered frames to the default output and records what arrives there, in the server's own
+// cycles. For each line on stdin it prints
+// DELAY BREAKS FRAMES
+// since the last line: the most frequent delay in frames, how often the numbers did not continue by
+// one, and how many frames arrived.
 #include <pipewire/pipewire.h>
 #include <spa/param/audio/format-utils.h>
 
@@ -16,7 +16,7 @@
 
 namespace {
 
-/// They repeat after 87 seconds.
+/// Frame numbers repeat after 87 seconds.
 constexpr std::uint32_t numbers = 1U << 22; // exact as floats below 1
 constexpr float step = 1.0F / float(numbers);
 
@@ -25,7 +25,7 @@ struct Probe {
     pw_stream *player = nullptr;
     pw_stream *listener = nullptr;
     std::uint32_t next = 1;
-    std::int64_t madeAt = 0; ///< the moment of number 0 in the server's clock
+    std::int64_t madeAt = 0; ///< the server's time of frame 0
     std::uint32_t expected = 0;
     std::uint64_t breaks = 0;
     bool wasBroken = false;
@@ -33,7 +33,7 @@ struct Probe {
     std::map<std::int64_t, std::uint64_t> delays;
 };
 
-/// The server's clock in this cycle, in frames.
+/// The server's time in this cycle, in frames.
 std::int64_t now(pw_stream *stream) {
     pw_time time{};
     pw_stream_get_time_n(stream, &time, sizeof(time));

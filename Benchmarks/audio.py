@@ -1,9 +1,9 @@
 #!/usr/bin/python3
-"""Measures one program's sound on its way through Perchly, beside pw-loopback, on a sound system of its own.
+"""Measures one program's sound on its way through Perchly, and through pw-loopback, on its own sound system.
 
 Compare figures of one run only. Usage: audio.py FOLDER [--seconds N] [--underruns N] with the folder of
-RouteBenchmark and RouteProbe; --underruns is how long each way is listened to in the last part, in
-seconds, 600 by default; --only names the parts that are run.
+RouteBenchmark and RouteProbe; --underruns is how many seconds each way is measured in the last part, 600 by
+default; --only names the parts to run.
 """
 
 import argparse
@@ -24,12 +24,12 @@ LOOPBACK = [
     "--capture-props=media.class=Audio/Sink node.name=loop",
     "--playback-props=node.passive=true",
 ]
-# It never outlives a run that was cut off.
+# Ends with its parent, even if the benchmark is interrupted.
 BUSY_LOOP = "import os\nparent = os.getppid()\nwhile os.getppid() == parent: pass"
 
 
 class Partner:
-    """A process that is told things by lines and ends with its standard input."""
+    """A process that answers lines on stdin and ends when stdin closes."""
 
     def __init__(self, command, ready=False):
         self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
@@ -49,7 +49,7 @@ class Partner:
             self.process.wait()
 
     def ask(self):
-        """The numbers of its answer; of a probe: delay, breaks and frames since the last time."""
+        """Returns the numbers of its answer. A probe: delay, breaks and frames since the last call."""
         self.process.stdin.write("\n")
         self.process.stdin.flush()
         return [float(number) for number in self.process.stdout.readline().split()]
@@ -81,7 +81,7 @@ def latency(probe_program, route_program):
 
 
 def send_probe(sink):
-    """To that sink, or to the default output."""
+    """Sends the probe to the sink, or to the default output if it is None."""
     objects = json.loads(subprocess.check_output(["pw-dump"]))
     node = next(
         each["id"] for each in objects
@@ -92,7 +92,7 @@ def send_probe(sink):
 
 
 def handovers(probe_program, route_program, rounds=30):
-    """Breaks as a program is routed and let go, and as the session manager alone moves it to and fro."""
+    """Counts breaks while a program is routed and released, and while only the session manager moves it."""
     set_quantum(1024)
     with Partner(LOOPBACK), Partner([probe_program]) as probe:
         time.sleep(1)
@@ -168,7 +168,7 @@ def through_route(probe, route_program):
 
 
 def underruns(probe_program, route_program, seconds):
-    """Breaks beside a busy loop, and how many came in a second in which no thread at all ran in time."""
+    """Counts breaks beside a busy loop, and those in a second in which every thread was late."""
     quantum = 256
     set_quantum(quantum)
     busy = subprocess.Popen([sys.executable, "-c", BUSY_LOOP])
@@ -206,7 +206,7 @@ def main():
     options = arguments.parse_args()
     if "PERCHLY_TEST_SOUND" not in os.environ:
         os.execv(WRAPPER, [str(WRAPPER), sys.executable, *sys.argv])
-    os.environ["PIPEWIRE_CONFIG_NAME"] = "client-rt.conf"  # everybody's audio threads are real-time ones
+    os.environ["PIPEWIRE_CONFIG_NAME"] = "client-rt.conf"  # real-time audio threads for all clients
     folder = Path(options.folder).resolve()
     programs = (str(folder / "RouteProbe"), str(folder / "RouteBenchmark"))
     parts = {

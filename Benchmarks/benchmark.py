@@ -1,8 +1,8 @@
 #!/usr/bin/python3
-"""Measures Perchly from outside, in X sessions of its own, beside a dock and beside the noise.
+"""Measures Perchly, a dock and the machine's noise from outside, in separate X sessions.
 
-Every figure of one run comes from the same machine under the same load; compare figures of one run
-only. Usage: benchmark.py PROGRAM [--rounds N] [--seconds N]
+Compare figures of one run only: they come from the same machine under the same load.
+ Usage: benchmark.py PROGRAM [--rounds N] [--seconds N]
 """
 
 import argparse
@@ -52,7 +52,7 @@ def main():
 
 
 def root_painted(rounds):
-    """The same way as the program's start, by the smallest client there is."""
+    """Measures the start of a minimal client in the same way."""
     samples = []
     with measured_session(None) as session:
         for number in range(rounds):
@@ -141,7 +141,7 @@ def by_hot_key(session, rounds):
 
 
 def moving_pointer(screen):
-    """A pointer that moves about at 1,000 events a second, away from the shelf."""
+    """Moves the pointer at 1,000 events per second, away from the shelf."""
     state = {"next": time.monotonic(), "step": 1}
 
     def move():

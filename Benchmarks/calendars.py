@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Measures the companion that finds and reads calendars, in a home of its own.
+"""Measures the companion that finds and reads calendars, in its own home folder.
 
 Usage: calendars.py COMPANION [--rounds N]
 """
@@ -50,7 +50,7 @@ def main():
 
 
 def reading(companion, source):
-    """What Perchly runs to show the events of one calendar."""
+    """Returns the command by which Perchly reads one calendar."""
     return [companion, "list"], [companion, "events", str(NOW), str(NOW + WEEK), source]
 
 
@@ -71,7 +71,7 @@ def show(name, commands, environment, rounds):
 
 
 def make_events(count):
-    """Events of ten years, every tenth of which recurs."""
+    """Returns events of ten years; every tenth recurs."""
     chosen = random.Random(1)
     events = []
     for number in range(count):

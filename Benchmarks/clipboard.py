@@ -1,9 +1,9 @@
 #!/usr/bin/python3
-"""Measures how soon another program's copy is fetched, and what watching the clipboard costs, beside
-two clipboard managers.
+"""Measures how soon a copy in another program is fetched and what watching the clipboard costs, for
+Perchly and two clipboard managers.
 
-Each watches an X session of its own while this program copies texts and answers what it is asked;
-compare figures of one run only.
+Each watches its own X session while this program copies texts and answers requests for them. Compare
+figures of one run only.
 Usage: clipboard.py WATCHER [--rounds N] [--seconds N], WATCHER being build/Benchmarks/PasteboardWatcher.
 """
 
@@ -39,21 +39,21 @@ class Owner:
         self.texts = [self.display.get_atom(text) for text in TEXTS]
 
     def copy(self, text):
-        """Milliseconds from the copy to the first time its text is given; None if nobody asks."""
+        """Returns the milliseconds from the copy until its text is first fetched; None if it never is."""
         start = time.perf_counter()
         self.window.set_selection_owner(self.clipboard, X.CurrentTime)
         self.display.flush()
         fetched = None
         while time.perf_counter() < start + PATIENCE and fetched is None:
             fetched = self.answer(text)
-        # Those who ask for more forms are served, too.
+        # Serve requests for more formats, too.
         quiet = time.perf_counter() + 0.2
         while time.perf_counter() < quiet:
             self.answer(text)
         return fetched and (fetched - start) * 1e3
 
     def answer(self, text):
-        """Answers what there is to answer; gives the time when that was for the text."""
+        """Answers one request, if there is one; returns the time if it was for the text."""
         if not self.display.pending_events():
             time.sleep(0.00005)
             return None

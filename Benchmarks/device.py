@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Measures captures of the screen and previews from outside, beside other programs of the kind.
+"""Measures screen captures and previews from outside, and similar programs for comparison.
 
 From the command to the overlay beside `flameshot gui`; from the release of the button to the whole
 file beside `scrot -s`; from a request to the first preview of each kind, in a new companion each;
@@ -25,7 +25,7 @@ from processes import cpu_seconds
 from perchly_session.other_programs import moving_picture
 from perchly_session.waiting import wait_until
 
-AROUND = (400, 250, 480, 300)  # in the middle, where every preview's window is
+AROUND = (400, 250, 480, 300)  # in the middle, which every preview's window covers
 START, END = (300, 200), (899, 599)
 TEXT = "a line of text\n" * 5000
 PDF = b"""%PDF-1.4
@@ -108,7 +108,7 @@ def _end(process):
 
 
 def preview(session, companion, file, is_shown=None):
-    """Until something is painted, or until `is_shown` says so."""
+    """Waits until something is painted, or until `is_shown` returns true."""
     painting = Painting(session.screen, AROUND)
     since = time.perf_counter()
     process = subprocess.Popen(
@@ -128,7 +128,7 @@ def preview(session, companion, file, is_shown=None):
 
 
 def shows_video(screen):
-    """Whether the middle has the colours of our moving picture."""
+    """Whether the middle has the colours of the test video."""
     blue, green, red = screen.root.get_image(640, 380, 1, 1, X.ZPixmap, 0xFFFFFFFF).data[:3]
     return blue < 8 and (red > 240 or green > 120)
 
@@ -149,7 +149,7 @@ def samples(session, picture):
 
 
 def cost_of_polls(session):
-    """Milliseconds of CPU in 95 seconds at rest, with a calendar that may be read."""
+    """Returns the CPU milliseconds of 95 idle seconds, with access to a calendar."""
     calendar = session.home / ".calendars" / "all" / "all.ics"
     calendar.parent.mkdir(parents=True)
     calendar.write_text(calendars.calendar(calendars.make_events(10_000)), newline="")

@@ -14,7 +14,7 @@ AWAY = (200, 600)
 
 @contextmanager
 def measured_session(program, **options):
-    """A session whose pointer is away and whose programs do not serve a screen reader."""
+    """A session with the pointer far from the shelf and accessibility off."""
     session = Session(program, size=SIZE, **options)
     try:
         session.environment.pop("QT_LINUX_ACCESSIBILITY_ALWAYS_ON")
@@ -32,6 +32,6 @@ def install_applications(session, count):
 
 
 def high(values):
-    """All but one in a hundred are not above it."""
+    """Returns the 99th percentile."""
     ordered = sorted(values)
     return ordered[min(len(ordered) - 1, int(len(ordered) * 0.99))]

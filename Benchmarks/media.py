@@ -1,8 +1,8 @@
 #!/usr/bin/python3
-"""Measures what following a media player costs, beside the usual command-line tool.
+"""Measures the cost of following a media player, and that of playerctl.
 
-Both read the same player (mpv, silent) on a bus of their own, in turn, in one run; compare figures of
-one run only. Then the whole program follows that player in an X session of its own.
+Both read the same silent mpv in turn, on a separate bus; compare figures of one run only. Then the whole
+program follows that player in its own X session.
 Usage: media.py PROGRAM [--rounds N] [--seconds N], with the companion beside the program.
 """
 
@@ -29,7 +29,7 @@ INSIDE = "PERCHLY_BENCHMARK_INSIDE"
 
 
 def reading_script():
-    """The text that the program sends, from its source."""
+    """Returns the reading script from the program's source."""
     return SCRIPTS.read_text(encoding="utf-8").split('R"js(')[1].split(')js"')[0]
 
 
@@ -40,7 +40,7 @@ def command_script(number):
 
 
 def run(command):
-    """Wall and CPU milliseconds of one process, with its output thrown away."""
+    """Returns the wall and CPU milliseconds of one process; discards its output."""
     start = time.perf_counter()
     pid = os.posix_spawn(
         command[0], command, os.environ,
@@ -54,7 +54,7 @@ def run(command):
 
 
 def peak_megabytes(companion, script):
-    """Of a reading that stays for a moment to be looked at."""
+    """Returns the peak memory of a reading that is kept running long enough to measure."""
     script += "\nrun(); $.NSRunLoop.currentRunLoop.runUntilDate(0.5);"
     process = subprocess.Popen(
         [companion, "-l", "JavaScript", "-e", script], stdout=subprocess.DEVNULL
@@ -101,7 +101,7 @@ def measure(companion, script, rounds):
 
 
 def applied(companion, reading, rounds):
-    """From a press until the player says that it has obeyed: a fresh reading, then the command."""
+    """Measures from a press until the player confirms the command: a fresh reading, then the command."""
     bus = Gio.bus_get_sync(Gio.BusType.SESSION)
     heard = []
     bus.signal_subscribe(
@@ -141,7 +141,7 @@ def children_seconds(pid):
 
 
 def measure_program(program, seconds):
-    """The program with its shelf closed, first without a player and then with one that plays."""
+    """Measures the program with its shelf closed, first without a player and then with one that plays."""
     with measured_session(program) as session:
         pid = session.run().pid
         time.sleep(5)

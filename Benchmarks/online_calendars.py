@@ -1,7 +1,6 @@
 #!/usr/bin/python3
-"""Measures the companion that finds and reads calendars on those that only the desktop's service knows: the
-real one (package evolution-data-server), with a web calendar that somebody else has open, as on a
-desktop that shows it.
+"""Measures the companion that finds and reads calendars with Evolution Data Server (package
+evolution-data-server) and a web calendar, which another program has open as on a usual desktop.
 
 Usage: Tests/Linux/with-session-bus.sh Benchmarks/online_calendars.py COMPANION [--rounds N]
 """
@@ -88,7 +87,7 @@ def serve(content):
 
 
 def open_calendar(bus, uid, count):
-    """Returns when the service has it all; it stays open as long as this process is there."""
+    """Returns when the service has loaded the calendar, which stays open as long as this process runs."""
 
     def call(service, path, interface, method, *texts):
         argument = GLib.Variant(f"({'s' * len(texts)})", texts)

@@ -1,4 +1,4 @@
-"""Sees from outside when something has been painted on the screen."""
+"""Detects from outside when something is painted on the screen."""
 
 import select
 import time
@@ -10,7 +10,7 @@ DEADLINE = 10.0
 
 
 class Painting:
-    """Watches a strip of the screen. The X server tells of drawing; the picture decides."""
+    """Watches a strip of the screen: on DAMAGE events it compares pictures."""
 
     def __init__(self, screen, rect):
         self._display = screen.display
@@ -22,7 +22,7 @@ class Painting:
         self._before = self._picture()
 
     def wait(self, since):
-        """Milliseconds from `since`, a time.perf_counter(), until the strip looks different."""
+        """Returns the milliseconds from `since`, a time.perf_counter(), until the strip changes."""
         end = since + DEADLINE
         while time.perf_counter() < end:
             if self._picture() != self._before:
@@ -52,7 +52,7 @@ class Painting:
 
 
 def settle(screen, rect):
-    """Waits until the strip has been the same for a while: pictures come after their rows."""
+    """Waits until the strip stays the same for a while: icons are painted after their rows."""
     before, now = None, ()
     while now != before:
         time.sleep(0.3)
@@ -60,7 +60,7 @@ def settle(screen, rect):
 
 
 def keys_to_paint(screen, rect, keys, rounds):
-    """Milliseconds from each of the keys, again and again, until the strip looks different."""
+    """Presses the keys in turn; returns the milliseconds from each press until the strip changes."""
     settle(screen, rect)
     samples = []
     for key in keys * rounds:
@@ -68,7 +68,7 @@ def keys_to_paint(screen, rect, keys, rounds):
         painting = Painting(screen, rect)
         start = time.perf_counter()
         xtest.fake_input(screen.display, X.KeyPress, code)
-        xtest.fake_input(screen.display, X.KeyRelease, code)  # or it would repeat
+        xtest.fake_input(screen.display, X.KeyRelease, code)  # before it repeats
         screen.display.flush()
         samples.append(painting.wait(start))
         painting.close()

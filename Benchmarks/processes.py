@@ -1,11 +1,11 @@
-"""A process's CPU time and memory, from the kernel's counters."""
+"""Reads a process's CPU time and memory from the kernel."""
 
 import os
 import time
 
 
 def cpu_seconds(pid):
-    """Time that the process' threads have spent on a core."""
+    """Returns the CPU time of the process's threads."""
     total = 0
     for task in os.listdir(f"/proc/{pid}/task"):
         with open(f"/proc/{pid}/task/{task}/schedstat") as counters:
@@ -14,7 +14,7 @@ def cpu_seconds(pid):
 
 
 def wake_ups(pid):
-    """How often one of the process' threads has gone to sleep, and so how often it was woken."""
+    """Returns how often the process's threads went to sleep, and so how often they woke up."""
     total = 0
     for task in os.listdir(f"/proc/{pid}/task"):
         with open(f"/proc/{pid}/task/{task}/status") as status:
@@ -25,7 +25,7 @@ def wake_ups(pid):
 
 
 def proportional_megabytes(pid):
-    """Memory with shared pages divided among those who share them."""
+    """Returns the proportional memory (PSS): shared pages divided among their processes."""
     with open(f"/proc/{pid}/smaps_rollup") as rollup:
         for line in rollup:
             if line.startswith("Pss:"):
@@ -34,7 +34,7 @@ def proportional_megabytes(pid):
 
 
 def cost_of_a_minute(pid, seconds, meanwhile=None):
-    """CPU seconds a minute and wake-ups a second, while `meanwhile`, or nothing, happens."""
+    """Returns CPU seconds per minute and wake-ups per second while `meanwhile`, if given, runs."""
     cpu, woken, start = cpu_seconds(pid), wake_ups(pid), time.monotonic()
     while time.monotonic() - start < seconds:
         if meanwhile:
@@ -42,6 +42,6 @@ def cost_of_a_minute(pid, seconds, meanwhile=None):
         else:
             time.sleep(seconds - (time.monotonic() - start))
     span = time.monotonic() - start
-    # A thread that ends takes its counts with it.
+    # The counts of a thread disappear when it ends.
     cpu, woken = max(0, cpu_seconds(pid) - cpu), max(0, wake_ups(pid) - woken)
     return cpu * 60 / span, woken / span

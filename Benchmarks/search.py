@@ -1,8 +1,8 @@
 #!/usr/bin/python3
-"""Measures the search of the workspace window from outside: from a key to the painted rows.
+"""Measures the workspace search from outside: from a key to the painted rows.
 
-It looks through 2,000 applications, 30 copies, 200 snippets and 500 held links; rofi looks through
-the same applications in the same session. PERCHLY_DRAG_PARTNER names the tests' program that drags.
+Perchly searches 2,000 applications, 30 clips, 200 snippets and 500 held links; rofi searches the same
+applications in the same session. PERCHLY_DRAG_PARTNER is the path of the tests' drag program.
 Usage: search.py PROGRAM [--rounds N]
 """
 
@@ -21,10 +21,10 @@ from perchly_session.waiting import wait_until
 
 TITLE = "Perchly Workspace"
 OPEN = ("Control_L", "Alt_L", "k")
-ROWS = (340, 330, 500, 150)  # inside the list of either program
+ROWS = (340, 330, 500, 150)  # inside both programs' lists
 KEYS = ("1", "2", "3", "BackSpace", "BackSpace", "BackSpace")
 APPLICATIONS, COPIES, SNIPPETS, LINKS = 2000, 30, 200, 500
-SEARCH, FILES, CLIPBOARD = range(3)  # places in the picker
+SEARCH, FILES, CLIPBOARD = range(3)  # indices in the section picker
 
 
 def main():
@@ -67,7 +67,7 @@ def measure_perchly(session, rounds):
     screen.activate(window.id)
     wait_until(lambda: screen.focus() == window.id, "the keyboard back")
     choose(screen, CLIPBOARD)
-    for key in ("Tab", "space"):  # records from now on
+    for key in ("Tab", "space"):  # record clips from here on
         screen.key(key)
         time.sleep(0.2)
     for number in range(COPIES):
@@ -80,8 +80,8 @@ def measure_perchly(session, rounds):
 
 
 def choose(screen, section):
-    """From wherever the keyboard is: asking for the search puts it into the field, and the picker
-    is before that."""
+    """Chooses a section: the search hot key focuses the search field, and Shift+Tab the picker
+    before it."""
     screen.key(*OPEN)
     time.sleep(0.5)
     screen.key("Shift_L", "Tab")

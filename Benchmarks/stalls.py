@@ -1,8 +1,8 @@
 #!/usr/bin/python3
-"""Watches one processor: for each line on the standard input it answers by how many milliseconds a
-real-time thread that has nothing to do woke too late there, at most, since the last line.
+"""Watches one processor: for each line on stdin it prints by how many milliseconds an idle real-time thread
+woke too late there, at most, since the last line.
 
-Sound that breaks while this is longer than a cycle breaks in every program. Usage: stalls.py PROCESSOR
+While this is longer than an audio cycle, sound breaks in every program. Usage: stalls.py PROCESSOR
 """
 
 import os
@@ -15,7 +15,7 @@ PERIOD = 0.0005
 
 def main():
     os.sched_setaffinity(0, {int(sys.argv[1])})
-    # Above the sound system's own threads.
+    # Above PipeWire's own threads.
     try:
         os.sched_setscheduler(0, os.SCHED_FIFO, os.sched_param(95))
     except PermissionError:

@@ -1,9 +1,9 @@
 #!/usr/bin/python3
-"""Measures the program's windows from outside: from the key to the painted picture.
+"""Measures the program's windows from outside: from the request or key to the painted window.
 
-A window is opened for the first time in each of several runs of the program, then again and again in
-one; in the settings, a search through 10,000 applications is typed. The windows are opened as
-`perchly` started a second time opens them, by a message on the session's bus.
+Each of several runs opens a window for the first time; one run opens it repeatedly. In the settings, keys
+are typed into the search over 10,000 applications. A message on the session bus opens the windows, as a
+second start does.
 Usage: windows.py PROGRAM [--rounds N]
 """
 
@@ -31,7 +31,7 @@ SEARCH = ("1", "2", "3", "BackSpace", "BackSpace", "BackSpace")
 
 
 class Opener:
-    """Asks the running program for a window."""
+    """Asks the running program to show a window."""
 
     def __init__(self, session):
         self._bus = Gio.DBusConnection.new_for_address_sync(
@@ -108,7 +108,7 @@ def measure_opening(session, action, rounds):
 
 
 def rows_shown(screen):
-    """Whether the list holds more than the window's plain colour."""
+    """Whether the list shows anything but the window's background."""
     return len(set(screen.screenshot(ROWS).getdata())) > 20
 
 
@@ -124,7 +124,7 @@ def measure_search(session, rounds):
     wait_until(lambda: rows_shown(screen), "the list", timeout=60, interval=0.5)
     samples = keys_to_paint(screen, ROWS, SEARCH, rounds)
     memory = proportional_megabytes(program.pid)
-    screen.key("Tab")  # no caret blinks
+    screen.key("Tab")  # so that no caret blinks
     time.sleep(2)
     cpu, woken = cost_of_a_minute(program.pid, 20)
     program.stop()

@@ -30,8 +30,8 @@ namespace {
 
 static_assert(std::atomic<float>::is_always_lock_free);
 
-/// Calls `use(slot, first, count)` for each stretch of `count` neighbouring slots among the
-/// `frames` frames from the one numbered `index`, `first` frames on.
+/// Calls `use(slot, first, count)` for each contiguous stretch of slots that holds the `frames`
+/// frames from frame `index` on; `first` counts from `index`.
 template <typename Use>
 [[gnu::always_inline]] inline void forEachStretch(uint32_t index, size_t frames, Use use) {
     size_t first = 0;
@@ -52,7 +52,7 @@ struct Input {
     size_t frames = 0;
 };
 
-/// No samples at all when the list is not one to read from.
+/// Empty if the list cannot be read.
 Input readInput(const AudioBufferList *list) {
     if (list == nullptr || list->mNumberBuffers == 0) {
         return {};
@@ -96,7 +96,7 @@ void storeFrames(float *slots, const Input &input, size_t first, size_t count) {
     }
 }
 
-// Pulling. Always-inlined functions are compiled once for each kind of processor.
+// Pulling. Always-inlined functions are compiled once for each processor variant.
 
 [[gnu::always_inline]] inline float nextGain(float gain, float target) {
     return std::fma(target - gain, 0.004F, gain);
@@ -107,16 +107,16 @@ struct Multiply {
     [[gnu::always_inline]] float operator()(float sample) const { return sample * gain; }
 };
 
-/// The same product for a gain below the smallest normal number, where a muted gain comes to rest,
-/// without the arithmetic on such numbers that slows many processors down fifty times: a whole
-/// number of smallest steps, found in double precision.
+/// The same product for a subnormal gain, which a muted gain ends at. Arithmetic on subnormals is
+/// fifty times slower on many processors, so this computes a whole number of the smallest steps in
+/// double precision.
 struct MultiplyTiny {
     double steps;
 
     explicit MultiplyTiny(float gain)
         : steps(std::bit_cast<uint32_t>(gain)) {}
 
-    /// Whether the product stays among the numbers whose bits count steps.
+    /// Whether every product is small enough for its bits to count steps.
     [[gnu::always_inline]] bool canScale(const float *samples, size_t count) const {
         constexpr double stepsAtMost = 0x1p23;
         const auto limit = std::bit_cast<uint32_t>(float(stepsAtMost / std::max(steps, 1.0)));
@@ -178,7 +178,7 @@ struct PlanarOutput {
     }
 };
 
-/// Any other list, walked frame by frame.
+/// Any other list, frame by frame.
 struct AnyOutput {
     const AudioBuffer *buffers;
     size_t count;
@@ -210,7 +210,7 @@ struct AnyOutput {
     }
 };
 
-/// The frames of one pull: `held` of the ring's from the one numbered `index`, then silence.
+/// The frames of one pull: `held` frames of the ring from frame `index` on, then silence.
 struct Portion {
     uint32_t index;
     size_t held;
@@ -218,7 +218,7 @@ struct Portion {
     float target;
 };
 
-/// Whether the gain still moves. Near the target a step may round to no change; then it stays.
+/// Whether the gain still changes. Near the target a step may round to no change.
 [[gnu::always_inline]] inline bool moves(float gain, float target) {
     return nextGain(gain, target) != gain;
 }
@@ -234,7 +234,7 @@ template <typename Output>
     }
 }
 
-/// While the gain moves, each frame waits for the one before; from then on they are independent.
+/// While the gain moves, each frame depends on the one before; then they are independent.
 template <typename Output>
 [[gnu::always_inline]] inline void pullInto(AudioRingBuffer &ring, const Portion &portion,
                                             Output output) {
@@ -279,7 +279,7 @@ template <typename Output>
     }
 }
 
-// The same code for each kind of processor
+// The same code for each processor variant
 
 using Pull = void (*)(AudioRingBuffer &, const Portion &, const AudioBufferList &);
 
@@ -301,7 +301,7 @@ pullIn512(AudioRingBuffer &ring, const Portion &portion, const AudioBufferList &
 
 Pull bestPull() {
 #ifdef __x86_64__
-    // Older processors lower their clock for the widest vectors.
+    // Older processors lower their clock when they use the widest vectors.
     if (__builtin_cpu_supports("avx512vbmi2")) {
         return pullIn512;
     }
@@ -315,7 +315,7 @@ Pull bestPull() {
 } // namespace
 
 AudioRingBuffer *perchly_ring_create() {
-    // Written here, so that no page is first touched on an audio thread.
+    // Zeroed here, so that no audio thread is the first to touch a page.
     auto *ring = new (std::nothrow) AudioRingBuffer{};
     if (ring == nullptr) {
         return nullptr;

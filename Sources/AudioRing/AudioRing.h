@@ -3,9 +3,9 @@
 #include <stdint.h>
 
 /// A lock-free ring of stereo frames (32-bit floats) between one producer thread and one consumer
-/// thread, with a smoothed gain on the way out. It holds 32768 frames, 0.68 s at 48 kHz.
+/// thread, with a smoothed gain applied on pull. It holds 32768 frames, 0.68 s at 48 kHz.
 ///
-/// Push and pull are safe on real-time threads: they never wait, allocate or enter the system. No
+/// Push and pull are safe on real-time threads: they never wait, allocate or make system calls. No
 /// function checks the ring pointer.
 
 #ifdef __cplusplus
@@ -20,7 +20,7 @@ typedef struct AudioBuffer {
     void *mData; ///< 32-bit floats, or null
 } AudioBuffer;
 
-/// `mNumberBuffers` buffers, of which the array declares the first.
+/// `mNumberBuffers` buffers; the array declares only the first.
 typedef struct AudioBufferList {
     uint32_t mNumberBuffers;
     AudioBuffer mBuffers[1];
@@ -38,15 +38,15 @@ void perchly_ring_destroy(AudioRingBuffer *ring);
 /// NaN is ignored. One thread at a time.
 void perchly_ring_gain(AudioRingBuffer *ring, float gain);
 
-/// Appends the frames of `input`; those that do not fit are dropped. Two or more buffers of which
-/// the first has one channel are left and right; otherwise the first buffer alone counts: its one
-/// channel goes to both sides, or its first two are left and right. A null list, one without data,
-/// or a second buffer shorter than the first adds nothing. The producer's thread.
+/// Appends the frames of `input`; drops those that do not fit. If the first of several buffers has
+/// one channel, the first two are left and right. Otherwise only the first buffer counts: one
+/// channel goes to both sides, of more the first two are left and right. A null list, one without
+/// data, or a second buffer shorter than the first adds nothing. Call it on the producer's thread.
 void perchly_ring_push(AudioRingBuffer *ring, const AudioBufferList *input);
 
 /// Fills `frames` frames of `output`, as far as each buffer's size allows, with frames of the ring
-/// and then silence. Channels are numbered through all buffers: even ones get the left sample, odd
-/// ones the right. The consumer's thread.
+/// and then silence. Channels are numbered across all buffers: even ones get the left sample, odd
+/// ones the right. Call it on the consumer's thread.
 void perchly_ring_pull(AudioRingBuffer *ring, AudioBufferList *output, uint32_t frames);
 
 #ifdef __cplusplus

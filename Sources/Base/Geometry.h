@@ -3,8 +3,8 @@
 namespace perchly {
 
 /// A point in global screen coordinates: points (device-independent pixels), origin at the bottom
-/// left of the primary display, y growing upwards. Qt's own points are y-down; the two types do not
-/// convert into each other by accident, and the window-system side converts in one place.
+/// left of the primary display, y growing upwards. Qt's own points are y-down; there is no implicit
+/// conversion between the two types, and only the X11 hosts convert.
 struct ScreenPoint {
     double x = 0;
     double y = 0;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int rowRole = Qt::UserRole;
 
-/// Gives the second and later rows of a key keys of their own.
+/// Appends a number to repeated keys.
 void makeUnique(KeyedRows::Rows &rows) {
     QHash<QString, int> seen;
     for (KeyedRows::Row &row : rows) {

@@ -8,9 +8,8 @@
 
 namespace perchly {
 
-/// A list model for delegates that hold the keyboard or a drag: when the rows change, those that
-/// stay keep their delegates. Each field is a role; the role "row" is a map of all of them.
-/// Main thread only.
+/// A list model for delegates that hold the keyboard or a drag: rows that stay in the list keep
+/// their delegates. Each field is a role; the role "row" is a map of all of them. Main thread only.
 class KeyedRows : public QAbstractListModel {
     Q_OBJECT
     Q_PROPERTY(int count READ count NOTIFY countChanged FINAL)
@@ -41,8 +40,8 @@ Q_SIGNALS:
 protected:
     /// Replaces the rows, announcing only the differences.
     void setRows(Rows rows);
-    /// Replaces the rows by writing into those that exist: faster where most of them differ, as
-    /// making delegates takes longest.
+    /// Replaces the rows by overwriting the existing ones. Faster if most of them differ, as
+    /// creating delegates takes longest.
     void overwriteRows(Rows rows);
 
 private:

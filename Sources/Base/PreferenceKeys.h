@@ -38,8 +38,8 @@ inline constexpr QLatin1StringView launchGroups("launchGroups");
 inline constexpr QLatin1StringView persistSnippets("persistSnippets");
 inline constexpr QLatin1StringView pinnedSnippets("pinnedSnippets");
 
-/// The keys with long values. Each is stored in its own file, so that other changes do not write it
-/// again.
+/// Keys with long values. Each is stored in a file of its own, so that other changes do not rewrite
+/// it.
 inline constexpr QLatin1StringView longValues[] = {quickNote, shelfLibrary, savedLayouts,
                                                    launchGroups, pinnedSnippets};
 

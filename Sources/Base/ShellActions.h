@@ -7,8 +7,8 @@
 
 namespace perchly {
 
-/// The requests that areas and views make to the shell. They get this interface and never see the
-/// application's delegate itself. Main thread only.
+/// Requests of areas and views to the shell, so that they need not know its delegate. Main thread
+/// only.
 class ShellActions : public QObject {
     Q_OBJECT
 public:
@@ -16,7 +16,7 @@ public:
 
     /// Opens the shelf as if the pointer had reached it; it closes by the ordinary hover rules.
     Q_INVOKABLE virtual void showShelf() = 0;
-    /// Each of these collapses the shelf and brings its window, made on first use, to the front.
+    /// Each of these collapses the shelf and raises its window, which is created on first use.
     Q_INVOKABLE virtual void showSettings() = 0;
     Q_INVOKABLE virtual void showTools() = 0;
     Q_INVOKABLE virtual void showMixer() = 0;
@@ -24,29 +24,29 @@ public:
     Q_INVOKABLE virtual void showSearch() = 0;
     /// Hides the workspace window and collapses the shelf, for a capture of the screen.
     Q_INVOKABLE virtual void clearScreen() = 0;
-    /// Runs the shortcut or opens the application that the shelf's entry with that identifier
-    /// stands for; nothing for a widget.
+    /// Runs the shortcut or opens the application of the shelf entry with that identifier; does
+    /// nothing for a widget.
     Q_INVOKABLE virtual void launch(const QString &id) = 0;
     /// Ends the program.
     Q_INVOKABLE virtual void terminate() = 0;
 
     /// Opens the shelf in keyboard mode, or closes it when it is in that mode already.
     Q_INVOKABLE virtual void toggleKeyboardOpen() = 0;
-    /// Gives the shelf the keyboard when the user is about to type or choose in it, without
-    /// entering keyboard mode: it still closes when the pointer leaves, and then gives the keyboard
-    /// back. True if the shelf did not have it before; then returnKeyboard() may end that earlier.
+    /// Gives the shelf the keyboard before the user types or chooses in it, without entering
+    /// keyboard mode: it still closes when the pointer leaves, and then gives the keyboard back.
+    /// True if the shelf did not have it before; then returnKeyboard() may return it earlier.
     Q_INVOKABLE virtual bool takeKeyboard() = 0;
     Q_INVOKABLE virtual void returnKeyboard() = 0;
-    /// Recomputes the shelf's sizes and places it again; called after a change of its preferences.
+    /// Recomputes the shelf's size and places it again, after its preferences have changed.
     Q_INVOKABLE virtual void resize() = 0;
 
-    /// The pointer was pressed, moved and released on one of the areas by which the shelf is held.
-    /// Called while the event is handled: where it happened, the shell finds out itself, since the
-    /// shelf moves under the pointer.
+    /// The pointer was pressed, moved or released on a drag handle of the shelf. Call these while
+    /// the event is handled. The shell reads the position itself, since the shelf moves under the
+    /// pointer.
     Q_INVOKABLE virtual void handlePressed() = 0;
     Q_INVOKABLE virtual void handleMoved() = 0;
     Q_INVOKABLE virtual void handleReleased() = 0;
-    /// The press ended without a release: neither a click nor, unless a drag had begun, a drop.
+    /// The press ended without a release: a drop if a drag had begun, but never a click.
     Q_INVOKABLE virtual void handleCanceled() = 0;
 };
 

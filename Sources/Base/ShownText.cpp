@@ -6,10 +6,10 @@ namespace perchly {
 
 namespace {
 
-/// More than three lines of the widest window.
+/// More than three lines in the widest window.
 constexpr qsizetype maxShownCharacters = 2000;
 
-/// Marks of direction, soft hyphens and the like; not the joiners that scripts and emoji need.
+/// Direction marks, soft hyphens and the like, but not the joiners that scripts and emoji need.
 bool isUnseenMark(QChar character) {
     return character.category() == QChar::Other_Format && character != QChar(0x200c) &&
            character != QChar(0x200d);

@@ -8,17 +8,17 @@ namespace perchly {
 /// would reverse the text next to them.
 [[nodiscard]] QString inOneLine(QString text);
 
-/// Whether there is nothing to see in it.
+/// Whether the text has no visible characters.
 [[nodiscard]] bool showsNothing(const QString &text);
 
-/// The visible part of a name that another program gives itself, in one line; may be empty.
+/// The visible part of a name that another program reports, in one line; may be empty.
 [[nodiscard]] QString visibleName(const QString &name);
 
-/// The part of a text that fits into a row, from its first visible line on. Says so
-/// if there is nothing to see.
+/// The part of a text that fits into a row, starting with its first visible line. A placeholder if
+/// nothing is visible.
 [[nodiscard]] QString rowText(const QString &text);
 
-/// As much of the start as a row can show in the widest window.
+/// The start of the text, as much as a row can show in the widest window.
 [[nodiscard]] QString shownPart(const QString &text);
 
 } // namespace perchly

@@ -22,9 +22,9 @@ namespace perchly {
 /// and a pointer to a member. A member is a bool, a string, a UUID, an absolute URL, another
 /// record, or an optional or a list of these. Optional members are left out while they are empty.
 
-/// As it is stored: in capitals, with hyphens and without braces.
+/// The stored form: capitals, with hyphens, without braces.
 [[nodiscard]] QString identifierText(const QUuid &id);
-/// Only that form, in either case.
+/// Accepts only that form, in either case.
 [[nodiscard]] std::optional<QUuid> identifierFrom(const QJsonValue &value);
 
 template <class Value>
@@ -67,7 +67,7 @@ template <class Value>
         value = id.value_or(QUuid());
         return id.has_value();
     } else if constexpr (std::is_same_v<Value, QUrl>) {
-        // As it would be stored: some addresses can be written in two ways.
+        // In its stored form: some URLs can be written in two ways.
         value = QUrl(QUrl(json.toString()).toString(QUrl::FullyEncoded));
         return value.isValid() && !value.isRelative();
     } else if constexpr (requires { value.has_value(); }) {
@@ -94,7 +94,7 @@ template <class Record>
     return QJsonDocument(toJson(records).toArray()).toJson(QJsonDocument::Compact);
 }
 
-/// Nothing if the document is not an array of such records.
+/// nullopt if the document is not an array of such records.
 template <class Record>
 [[nodiscard]] std::optional<QList<Record>> decodeRecords(const QByteArray &document) {
     QList<Record> records;

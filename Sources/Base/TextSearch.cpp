@@ -15,7 +15,7 @@ bool isAscii(const QString &text) {
 } // namespace
 
 bool matchesSearch(const QString &text, const QString &search) {
-    // Some hundred kilobytes may be searched at each key: leave out what takes long where it can.
+    // Each key may search some hundred kilobytes, so try the fast comparison first.
     if (text.contains(search, Qt::CaseInsensitive)) {
         return true;
     }

@@ -5,9 +5,9 @@
 namespace perchly {
 
 QString timeOfDay(const QTime &time, const QLocale &locale) {
-    // Some locales' short form has seconds, or names the time zone.
+    // Some locales' short formats have seconds or a time zone.
     static const QRegularExpression seconds(QStringLiteral("[:.]?s+|\\s*t+"));
-    // Others have a letter for the part of the day that Qt would print as it is.
+    // Others have a letter for the part of the day, which Qt would print unchanged.
     static const QRegularExpression dayPart(QStringLiteral("[Bb]+"));
     QString format = locale.timeFormat(QLocale::ShortFormat);
     format.remove(seconds).replace(dayPart, QStringLiteral("AP"));

@@ -9,8 +9,8 @@ namespace perchly {
 
 /// Hour and minute in the locale's short format, "9:41 AM" or "09:41".
 [[nodiscard]] QString timeOfDay(const QTime &time, const QLocale &locale);
-/// The full weekday, the day and the short month, in the locale's order of the two:
-/// "Tuesday, Nov 24" or "Tuesday, 24 Nov".
+/// Full weekday, day and short month, the last two in the locale's order: "Tuesday, Nov 24" or
+/// "Tuesday, 24 Nov".
 [[nodiscard]] QString dayLine(const QDate &date, const QLocale &locale);
 /// "November 2026".
 [[nodiscard]] QString monthLine(const QDate &date, const QLocale &locale);

@@ -8,16 +8,16 @@
 
 namespace perchly {
 
-/// A kind of card that can be pinned to the shelf, in the order in which choosers list them.
+/// A kind of card that can be pinned to the shelf. Choosers list them in this order.
 enum class Widget { Clock, Timer, Music, Notes, Calendar };
 
 inline constexpr std::array allWidgets{Widget::Clock, Widget::Timer, Widget::Music, Widget::Notes,
                                        Widget::Calendar};
 
-/// The title shown to people, which is also the form in which a widget is stored.
+/// The title that users see, which is also the stored form.
 [[nodiscard]] QString widgetTitle(Widget widget);
 
-/// The widget with exactly that title, if there is one.
+/// The widget with exactly that title, if any.
 [[nodiscard]] std::optional<Widget> widgetFromTitle(QStringView title);
 
 } // namespace perchly

@@ -152,7 +152,7 @@ UnansweringBusHider::~UnansweringBusHider() {
 }
 
 WindowSystemChoice::WindowSystemChoice() {
-    // Otherwise five milliseconds pass after every change before it is drawn.
+    // By default Qt draws a change five milliseconds late.
     if (!qEnvironmentVariableIsSet(drawingDelay)) {
         m_setsDelay = qputenv(drawingDelay, "0");
     }
@@ -167,7 +167,7 @@ WindowSystemChoice::~WindowSystemChoice() {
         qunsetenv(platformName);
     }
     if (m_setsDelay) {
-        QWindow window; // Qt reads the variable at the first update request only
+        QWindow window; // Qt reads the variable only at the first update request
         window.create();
         window.requestUpdate();
         qunsetenv(drawingDelay);

@@ -13,13 +13,13 @@ namespace perchly {
 
 class SessionBus;
 
-/// The one place that chooses how the program reaches its surroundings. With PERCHLY_HOSTS=null in
-/// the environment it chooses the null implementations everywhere, apart from time. Services that
-/// are missing are reported on stderr, once each, apart from the system tray.
+/// The one place that chooses the hosts. With PERCHLY_HOSTS=null in the environment it chooses null
+/// implementations for everything but time. Missing services are reported on stderr, once each,
+/// except the system tray.
 
 /// Hides a session bus that does not answer from Qt, which would wait for it without a timeout. Qt
-/// looks for the bus once; the rest of the program, and what it starts, find it again when it
-/// answers. Make it first of all, and keep it until the application object is made.
+/// looks for the bus once; the program and its children find it again when it answers. Create it
+/// first, and keep it until the application object is created.
 class UnansweringBusHider {
 public:
     UnansweringBusHider();
@@ -30,13 +30,13 @@ public:
     [[nodiscard]] bool hasAnswered() const { return !m_address; }
 
 private:
-    std::optional<QByteArray> m_address; ///< the hidden one; a null array if there was none
+    std::optional<QByteArray> m_address; ///< the hidden address; a null array if there was none
 };
 
-/// Chooses Qt's platform plugin: xcb, also on a Wayland desktop, or none where no X server
-/// can be reached. QT_QPA_PLATFORM overrides. Make it before the application object, and keep it
-/// until that is made: an X server resets when its last client leaves. It leaves nothing in
-/// the environment, which started programs inherit.
+/// Chooses Qt's platform plugin: xcb, even on a Wayland desktop, or none if no X server can be
+/// reached. QT_QPA_PLATFORM overrides. Create it before the application object, and keep it until
+/// that exists: an X server resets when its last client leaves. Leaves nothing in the environment,
+/// which started programs inherit.
 class WindowSystemChoice {
 public:
     WindowSystemChoice();
@@ -54,7 +54,7 @@ private:
 /// null implementations.
 [[nodiscard]] std::shared_ptr<SessionBus> makeSessionBus(bool hasAnswered);
 
-/// Needs the application object; the status item needs a QApplication. Preferences are read here.
+/// Needs the application object, and a QApplication for the status item. Reads the preferences.
 [[nodiscard]] Hosts makeHosts(const std::shared_ptr<SessionBus> &bus);
 
 /// Needs the application object.

@@ -48,7 +48,7 @@ void add(Calendar &calendar, IcalPtr<icalcomponent> component) {
     }
 }
 
-/// libical gets no VCALENDAR line, so it returns event after event: one at a time is in memory.
+/// Without its VCALENDAR line, libical returns one event at a time, so that only one is in memory.
 void read(std::FILE *file, Calendar &calendar) {
     const auto nextLine = [](char *buffer, std::size_t size, void *from) {
         return std::fgets(buffer, int(size), static_cast<std::FILE *>(from));
@@ -87,7 +87,7 @@ void Calendar::addPlace(const QString &path) {
 }
 
 void Calendar::addText(const QByteArray &text) {
-    QByteArray copy = text; // fmemopen may write, but not in this mode
+    QByteArray copy = text; // fmemopen takes a mutable buffer
     read(fmemopen(copy.data(), std::size_t(copy.size()), "r"), *this);
 }
 

@@ -12,7 +12,7 @@
 
 namespace perchly {
 
-/// In seconds since 1970, UTC; the end is not part of it.
+/// In seconds since 1970, UTC; excludes the end.
 struct TimeWindow {
     std::int64_t from = 0;
     std::int64_t to = 0;
@@ -31,12 +31,12 @@ using IcalPtr = std::unique_ptr<Type, IcalDeleter>;
 
 struct Calendar {
     TimeWindow window;
-    /// Those that may take place in the window: all that recur, and all exceptions.
+    /// Events that may take place in the window: all recurring ones, and all exceptions.
     std::vector<IcalPtr<icalcomponent>> events;
-    std::map<std::string, IcalPtr<icaltimezone>> zones; ///< the calendar's own, by TZID
-    bool isWhole = true; ///< nothing was truncated, damaged or unreadable
+    std::map<std::string, IcalPtr<icaltimezone>> zones; ///< defined by the calendar, by TZID
+    bool isWhole = true; ///< no file was truncated, damaged or unreadable
 
-    /// Adds a file, or every *.ics file of a folder.
+    /// Adds a file, or every *.ics file in a folder.
     void addPlace(const QString &path);
     void addText(const QByteArray &text);
 };

@@ -28,7 +28,7 @@ QString textOf(const QString &path) {
     return isReadable ? QString::fromUtf8(file.read(maxSettingsBytes)) : QString();
 }
 
-/// An absolute path, up to the first part with a wildcard.
+/// Makes a path absolute and cuts it off before the first part with a wildcard.
 QString expanded(QString path) {
     static const QRegularExpression wildcard(u"/[^/]*[*?[].*"_s);
     if (path.startsWith("file:"_L1)) {
@@ -88,7 +88,7 @@ private:
         }
     }
 
-    /// What Evolution Data Server says about a folder of its own.
+    /// The source of one of Evolution Data Server's folders; empty for any other folder.
     [[nodiscard]] CalendarSource sourceOf(const QFileInfo &folder) const {
         const QString name = folder.fileName();
         const bool isOwn = folder.path() == data + u"/evolution/calendar"_s;
@@ -103,7 +103,7 @@ private:
 };
 
 QStringList configuredPlaces(const CalendarSources &sources) {
-    // In whatever section, quoted or not, "[$e]" for a value with variables.
+    // In any section, quoted or not; "[$e]" marks a value with variables.
     static const QRegularExpression setting(uR"(^\s*path(?:\[\$e\])?\s*=\s*(["']?)(.*)\1\s*$)"_s,
                                             QRegularExpression::MultilineOption |
                                                 QRegularExpression::CaseInsensitiveOption);
@@ -136,7 +136,7 @@ CalendarList findCalendars() {
     Search search(sources);
     for (const QString &path : configuredPlaces(sources)) {
         const QString place = expanded(path);
-        // Not the home folder, nor one around it.
+        // Not the home folder or one that contains it.
         if (!place.isEmpty() && place != u'/' &&
             !(QDir::homePath() + u'/').startsWith(place + u'/')) {
             search.lookIn(place);

@@ -4,7 +4,7 @@
 
 namespace perchly {
 
-/// Finds the calendars that programs keep as files, and does not open them: those that khal,
+/// Finds the calendars that programs keep as files, without opening them: those that khal,
 /// vdirsyncer, KDE and GNOME are configured with, and those in the usual folders.
 [[nodiscard]] CalendarList findCalendars();
 

@@ -33,7 +33,7 @@ QDBusMessage call(const QString &service, const QString &path, const QString &in
     return QDBusConnection::sessionBus().call(message, QDBus::Block, timeout);
 }
 
-/// Nothing unless the service answers.
+/// nullopt if the service does not answer.
 std::optional<CalendarSources> knownSources() {
     using Interfaces = QMap<QString, QVariantMap>;
     const QDBusMessage answer =
@@ -53,21 +53,21 @@ std::optional<CalendarSources> knownSources() {
     return sources;
 }
 
-/// Whether the source and all above it are shown.
+/// Whether the source and all its parents are shown.
 bool isShown(const CalendarSources &sources, const CalendarSource &source, int depth = 0) {
     const auto parent = sources.constFind(source.parent);
     return source.isShown && (parent == sources.cend() || depth == maxAncestors ||
                               isShown(sources, *parent, depth + 1));
 }
 
-/// An expression in the service's query language. It must not evaluate rules: a thousand take it
-/// seconds. Exceptions moved out of the window are needed, too.
+/// A query in the service's language. It avoids evaluating rules, which takes seconds for a
+/// thousand. Exceptions moved out of the window are needed, too.
 QString query(const TimeWindow &window) {
     const auto time = [](std::int64_t seconds) {
         return QDateTime::fromSecsSinceEpoch(seconds, QTimeZone::utc())
             .toString(u"'(make-time \"'yyyyMMdd'T'hhmmss'Z\")'"_s);
     };
-    // A day more, as the service does not know the zone of floating times.
+    // One day more, as the service does not know the zone of floating times.
     return u"(or (has-recurrences?) (occur-in-time-range? %1 %2))"_s.arg(
         time(window.from - secondsPerDay), time(window.to + secondsPerDay));
 }

@@ -79,7 +79,7 @@ private:
         m_event.recurrence.reset(icalcomponent_new(ICAL_VEVENT_COMPONENT));
         const icaltimetype start = byClock(m_event.start);
         add(icalproperty_new_dtstart(start));
-        add(icalproperty_new_rdate({start, {}})); // even if no rule names it
+        add(icalproperty_new_rdate({start, {}})); // even if no rule yields it
         for (icalproperty *property = first(ICAL_ANY_PROPERTY); property != nullptr;
              property = icalcomponent_get_next_property(m_event.component, ICAL_ANY_PROPERTY)) {
             const icalproperty_kind kind = icalproperty_isa(property);
@@ -104,7 +104,7 @@ private:
         icalrecurrencetype rule = icalproperty_get_rrule(property);
         if (icaltime_is_null_time(rule.until) == 0) {
             const CalendarTime until = timeOf(rule.until, property);
-            rule.until = withoutZone(until.isDay ? until.clock + secondsPerDay - 1 // that day too
+            rule.until = withoutZone(until.isDay ? until.clock + secondsPerDay - 1 // inclusive
                                      : icaltime_is_utc(rule.until) != 0
                                          ? m_event.start.zone->toClock(until.clock)
                                          : until.clock,
@@ -113,7 +113,7 @@ private:
         add(icalproperty_new_rrule(rule));
     }
 
-    /// A day stays a day: what it excludes is any time on it.
+    /// If either is a whole day, so is the result: it excludes any time on that day.
     [[nodiscard]] icaltimetype byClock(const CalendarTime &time) const {
         const bool isDay = time.isDay || m_event.start.isDay;
         return withoutZone(isDay ? time.clock : m_event.start.zone->toClock(time.moment()), isDay);

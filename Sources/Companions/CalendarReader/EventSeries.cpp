@@ -52,14 +52,14 @@ private:
         }
     }
 
-    /// How far an exception moves the occurrences after the one it replaces.
+    /// By how much an exception shifts the occurrences after the one it replaces.
     static std::int64_t shiftOf(const Event &event) {
         return event.replacesFollowing
                    ? event.start.clock - event.start.zone->toClock(event.replaced->moment())
                    : 0;
     }
 
-    /// By the clock, from a little before the window to a little after it.
+    /// In clock time, from `m_reach` before the window to `m_reach` after it.
     [[nodiscard]] std::set<std::int64_t> startsOf(const Event &master) const {
         const auto clock = [&master](std::int64_t moment) {
             return icaltime_from_timet_with_zone(master.start.zone->toClock(moment), 0, nullptr);
@@ -110,7 +110,7 @@ private:
     std::vector<const Event *> m_masters;
     std::vector<const Event *> m_exceptions;
     std::int64_t m_reach =
-        secondsPerDay; ///< how far an occurrence may be from its start by the rule
+        secondsPerDay; ///< max shift of an occurrence from its start by the rule
     std::vector<Occurrence> m_found;
 };
 

@@ -6,15 +6,15 @@ namespace perchly {
 
 /// One time at which an event takes place.
 struct Occurrence {
-    const Event *event = nullptr; ///< whose texts it has
+    const Event *event = nullptr; ///< provides the texts
     std::int64_t start = 0;       ///< in seconds since 1970, UTC
     std::int64_t end = 0;
-    std::int64_t original = 0; ///< the start by the rule, which stays the same when it is moved
+    std::int64_t original = 0; ///< the start by the rule, even if the occurrence was moved
     bool isOneOfMany = false;
 };
 
-/// When the events, which share a UID, take place in the window, at least in part: recurring ones
-/// by their rules, with exceptions applied. The occurrences point into the events.
+/// The occurrences, at least partly in the window, of events that share a UID: recurring events by
+/// their rules, with exceptions applied. They point into `events`.
 [[nodiscard]] std::vector<Occurrence> occurrencesOf(const std::vector<Event> &events,
                                                     const TimeWindow &window);
 

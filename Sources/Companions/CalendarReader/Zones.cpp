@@ -8,13 +8,13 @@ namespace perchly {
 namespace {
 
 QTimeZone systemZone(const QByteArray &name) {
-    // QTimeZone takes other words for zones, too.
+    // QTimeZone also accepts strings that are not zone names.
     const QString file = QStringLiteral("/usr/share/zoneinfo/") + QString::fromUtf8(name);
     const bool isName = !name.isEmpty() && !name.startsWith('/') && !name.contains("..");
     return isName && QFileInfo(file).isFile() ? QTimeZone(name) : QTimeZone();
 }
 
-/// By its name, or by the end of it: programs write "/example.org/2026_1/Europe/Berlin".
+/// Finds a zone by its name or its end: programs write "/example.org/2026_1/Europe/Berlin".
 QTimeZone namedZone(const QByteArray &name) {
     QTimeZone zone = systemZone(name);
     for (qsizetype slash = name.indexOf('/'); slash >= 0 && !zone.isValid();

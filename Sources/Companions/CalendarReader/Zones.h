@@ -10,7 +10,7 @@ namespace perchly {
 /// if they were UTC.
 class Zone {
 public:
-    /// The second counts unless it is null, and outlives this.
+    /// `own` is used unless it is null, and must outlive this.
     Zone(const QTimeZone &system, icaltimezone *own)
         : m_system(system)
         , m_own(own) {}
@@ -35,8 +35,8 @@ public:
     explicit Zones(const Calendar &calendar)
         : m_calendar(calendar) {}
 
-    /// An IANA name, whatever prefix it has, or a name of Windows; the calendar's own definition
-    /// for other names; this machine's zone for an empty or unknown one.
+    /// The system zone for an IANA name, with any prefix, or a Windows name; the calendar's
+    /// definition for other names; the local zone for an empty or unknown name.
     [[nodiscard]] const Zone &find(const std::string &name);
 
 private:

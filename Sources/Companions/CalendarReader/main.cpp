@@ -60,7 +60,7 @@ void write(QDataStream &stream, const Occurrence &occurrence) {
 void write(QDataStream &stream, const Calendar &calendar) {
     Zones zones(calendar);
     std::vector<std::vector<Event>> series;
-    QHash<QByteArray, std::size_t> numbers; // of the series, by UID
+    QHash<QByteArray, std::size_t> numbers; // index of the series, by UID
     for (const auto &component : calendar.events) {
         if (auto event = readEvent(component.get(), zones)) {
             const QByteArray uid = icalcomponent_get_uid(component.get());

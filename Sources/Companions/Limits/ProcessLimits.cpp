@@ -23,7 +23,7 @@ void limit(__rlimit_resource resource, rlim_t value) {
 } // namespace
 
 void limitProcess(unsigned megabytes) {
-    // Shorter than the parent's timeout, which is the last resort.
+    // Shorter than the parent's timeout.
     alarm(4);
     limit(RLIMIT_CPU, 3);
     limitResources(megabytes);

@@ -25,7 +25,7 @@ void FactsView::paintEvent(QPaintEvent *) {
     QPainter painter(this);
     QRect icon(0, 0, iconSide, iconSide);
     icon.moveCenter(rect().center() - QPoint(0, textHeight / 2));
-    const QIcon sheet(QStringLiteral(":/sheet.png")); // where the icon theme has nothing
+    const QIcon sheet(QStringLiteral(":/sheet.png")); // if the icon theme has no icon
     QIcon::fromTheme(m_facts.iconName, sheet).paint(&painter, icon);
     QRect line(24, icon.bottom() + 18, width() - 48, 22);
     painter.setFont(previewlook::font(15, QFont::DemiBold));

@@ -44,7 +44,7 @@ FileFacts factsOf(const QUrl &url) {
                 .iconName = QStringLiteral("text-html")};
     }
     const QFileInfo file(url.toLocalFile());
-    // Marks of direction could make the extension look like another one.
+    // Direction marks could disguise the extension.
     FileFacts facts{.name =
                         inOneLine(file.fileName().isEmpty() ? file.filePath() : file.fileName())};
     if (!file.exists()) {

@@ -5,7 +5,7 @@
 
 namespace perchly {
 
-/// What can be told of a file or link without looking far into it.
+/// Facts about a file or link, found without reading all of it.
 struct FileFacts {
     enum class Kind { Picture, Text, Pdf, Media, Other };
 
@@ -15,8 +15,8 @@ struct FileFacts {
     QString iconName = {}; ///< of the icon theme
 };
 
-/// Opens regular files only; anything else, and a missing file, keeps just its name.
-/// Blocks while the file is looked at; any thread.
+/// Opens only regular files. Anything else, and a missing file, has only a name. Blocks while
+/// reading; any thread.
 [[nodiscard]] FileFacts factsOf(const QUrl &url);
 
 } // namespace perchly

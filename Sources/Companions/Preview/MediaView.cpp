@@ -58,10 +58,10 @@ QLayout *MediaView::makeControls() {
     row->addWidget(&m_time);
     m_button.setFixedSize(36, 36);
     m_button.setIconSize(m_button.size());
-    m_button.setAutoDefault(true); // Return presses it, too
+    m_button.setAutoDefault(true); // so that Return presses it, too
     showPlaying(false);
     m_position.setAccessibleName(QStringLiteral("Position"));
-    m_position.setFocusPolicy(Qt::NoFocus); // left and right go from item to item
+    m_position.setFocusPolicy(Qt::NoFocus); // left and right switch items
     m_time.setFont(previewlook::font(11));
     QPalette palette = m_time.palette();
     palette.setColor(QPalette::WindowText, previewlook::secondary);
@@ -81,7 +81,7 @@ void MediaView::play() {
     ++m_tries;
     m_hasBegun = false;
     m_player = std::make_unique<QMediaPlayer>();
-    // With a sound that nobody takes, a video would stand still at its first picture.
+    // With audio but no output device, a video would stop at its first frame.
     if (!QMediaDevices::defaultAudioOutput().isNull()) {
         m_player->setAudioOutput(&m_sound);
     }
@@ -102,7 +102,7 @@ void MediaView::play() {
 }
 
 void MediaView::giveUp() {
-    // GStreamer gives a video up when its picture is not taken within a third of a second, which
+    // GStreamer aborts a video whose first frame is not taken within a third of a second, which
     // happens while decoders are loaded for the first time.
     if (m_hasBegun && m_tries < maxTries) {
         play();
@@ -146,7 +146,7 @@ void MediaView::show(const QVideoFrame &frame) {
     if (!std::exchange(m_hasBegun, true)) {
         m_stack.setCurrentWidget(&m_picture);
         QTimer::singleShot(1s, m_player.get(), [this] {
-            if (m_player->mediaStatus() == QMediaPlayer::LoadingMedia) { // it stands still
+            if (m_player->mediaStatus() == QMediaPlayer::LoadingMedia) { // playback is stuck
                 giveUp();
             }
         });
@@ -156,7 +156,7 @@ void MediaView::show(const QVideoFrame &frame) {
 
 void MediaView::updateProgress() {
     const qint64 position = m_player->position();
-    const qint64 duration = m_player->duration(); // 0 if it is not known
+    const qint64 duration = m_player->duration(); // 0 if unknown
     m_position.setRange(0, sliderValue(duration));
     if (!m_position.isSliderDown()) {
         m_position.setValue(sliderValue(position));

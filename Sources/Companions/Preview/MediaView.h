@@ -15,22 +15,21 @@
 
 namespace perchly {
 
-/// Plays the sound or video of one file, without its sound where there is nothing to hear it with.
-/// Sound alone shows the facts of its file. The first player that a user ever makes may take long:
-/// GStreamer looks through its plug-ins.
+/// Plays a sound or video file, muted if there is no audio output. For sound it shows the facts of
+/// the file. A user's very first player may take long to create: GStreamer scans its plug-ins.
 class MediaView : public QWidget {
     Q_OBJECT
 public:
     MediaView(const QString &path, const FileFacts &facts);
 
     void pause();
-    /// Pauses until resume() lets it go on, if it plays.
+    /// Pauses, if playing, until resume().
     void suspend();
     void resume();
 
 Q_SIGNALS:
-    /// It cannot be played. Delete the view without asking anything more of it, which would wait
-    /// for GStreamer.
+    /// The file cannot be played. Delete the view without any further call, which would wait for
+    /// GStreamer.
     void failed();
     /// The video's first frame, in pixels.
     void firstFrame(const QSize &size);
@@ -46,12 +45,12 @@ private:
 
     QUrl m_file;
     int m_tries = 0;
-    bool m_hasBegun = false; ///< this try has shown a frame
+    bool m_hasBegun = false; ///< this attempt has shown a frame
     bool m_isSuspended = false;
     QAudioOutput m_sound;
     QVideoSink m_video;
-    std::unique_ptr<QMediaPlayer> m_player; ///< ends before what it plays to
-    QWidget m_screen;                       ///< before its children, which it would delete
+    std::unique_ptr<QMediaPlayer> m_player; ///< declared so that it is destroyed before its outputs
+    QWidget m_screen;                       ///< destroyed after its child widgets
     FactsView m_facts;
     PictureView m_picture;
     QStackedLayout m_stack;

@@ -5,7 +5,7 @@
 
 namespace perchly {
 
-/// A picture as large as there is room, never larger than it is.
+/// A picture, scaled down to fit but never up.
 class PictureView : public QWidget {
     Q_OBJECT
 public:
@@ -18,7 +18,7 @@ protected:
 
 private:
     QImage m_picture;
-    QImage m_shown; ///< scaled to the room that there was last
+    QImage m_shown; ///< scaled to the last size
 };
 
 } // namespace perchly

@@ -15,7 +15,7 @@ namespace {
 
 constexpr qint64 maxTextBytes = 1 << 20;
 constexpr qint64 maxPdfBytes = 512 << 20;
-constexpr int maxPictureMegabytes = 512; // decoded
+constexpr int maxPictureMegabytes = 512; // when decoded
 constexpr qsizetype maxLineLength = 4000;
 
 QImage loadPicture(const QString &path, const QSize &largest) {
@@ -34,7 +34,7 @@ QImage loadPicture(const QString &path, const QSize &largest) {
     return picture.scaled(largest, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 
-/// Lines that a text view would take seconds to lay out are broken.
+/// Breaks lines that a text view would take seconds to lay out.
 QString withoutEndlessLines(const QString &text) {
     QString result;
     result.reserve(text.size());
@@ -50,8 +50,8 @@ QString withoutEndlessLines(const QString &text) {
     return result;
 }
 
-/// Null if it is no PDF that can be shown. The whole file is held, so that drawing its pages never
-/// waits for a disk.
+/// Null if it is not a PDF that can be shown. Keeps the whole file in memory, so that drawing pages
+/// never waits for a disk.
 std::shared_ptr<QPdfDocument> loadPdf(const QString &path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly) || file.size() > maxPdfBytes) {
@@ -69,7 +69,7 @@ std::shared_ptr<QPdfDocument> loadPdf(const QString &path) {
     return document;
 }
 
-/// Null if it is no text.
+/// Null if it is not text.
 QString loadText(const QString &path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {

@@ -11,17 +11,17 @@ class QPdfDocument;
 
 namespace perchly {
 
-/// A file as far as it is shown. What cannot be shown has the kind Other, and its facts remain.
+/// The content of a file, as far as it is shown. A file that cannot be shown has the kind Other.
 struct PreviewContent {
     FileFacts facts;
     QImage picture = {}; ///< for the kind Picture
-    QString text = {};   ///< for the kind Text: the beginning, a megabyte at most
-    /// For the kind Pdf, with its bytes in memory. It lives in the main thread.
+    QString text = {};   ///< for the kind Text: the start, at most a megabyte
+    /// For the kind Pdf, with its bytes in memory. Belongs to the main thread.
     std::shared_ptr<QPdfDocument> pdf = {};
 };
 
-/// Reads no more than is shown; pictures are scaled down to the given size in pixels. Sound and
-/// video are read by their player. Blocks; any thread.
+/// Reads only as much as is shown and scales pictures down to the given size in pixels. Leaves
+/// sound and video to the player. Blocks; any thread.
 [[nodiscard]] PreviewContent loadPreview(const QUrl &url, const QSize &maxPicture);
 
 } // namespace perchly

@@ -4,7 +4,7 @@
 #include <QFont>
 #include <QString>
 
-/// Colours and fonts of the preview window, the same as in the program.
+/// Colours and fonts of the preview window, the same as in the main program.
 namespace perchly::previewlook {
 
 inline constexpr QColor background(11, 13, 15);

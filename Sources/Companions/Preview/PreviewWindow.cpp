@@ -58,7 +58,7 @@ PreviewWindow::PreviewWindow()
     column->setSpacing(0);
     column->addWidget(&m_stack, 1);
     column->addWidget(&m_caption);
-    m_pool.setMaxThreadCount(4); // one that reads from a dead network is not waited for
+    m_pool.setMaxThreadCount(4); // so that a read from a dead network does not hold up the next
     addShortcuts();
 }
 
@@ -68,7 +68,7 @@ void PreviewWindow::addShortcuts() {
     for (const QKeySequence &keys : {QKeySequence(Qt::Key_Space), QKeySequence(Qt::Key_Escape),
                                      QKeySequence(Qt::CTRL | Qt::Key_W)}) {
         auto *closing = new QShortcut(keys, this, [this] { close(); });
-        closing->setAutoRepeat(false); // of the key that opened it
+        closing->setAutoRepeat(false); // the key that opened the window may still be held
     }
     new QShortcut(Qt::Key_Left, this, [this] { step(-1); });
     new QShortcut(Qt::Key_Right, this, [this] { step(1); });
@@ -77,7 +77,7 @@ void PreviewWindow::addShortcuts() {
 void PreviewWindow::handle(const PreviewRequest &request) {
     const QUrl shown = m_items.value(m_index);
     if (isVisible() && !isOnShownDesktop()) {
-        hide(); // and shows it on this desktop below
+        hide(); // present() shows it again, on this desktop
     }
     m_items = request.items;
     m_index = request.index;
@@ -105,9 +105,9 @@ void PreviewWindow::step(qsizetype by) {
 void PreviewWindow::showItem() {
     if (m_media != nullptr) {
         m_media->pause();
-        m_media->disconnect(this); // what it says is of another item from now on
+        m_media->disconnect(this); // its signals are about the previous item
     }
-    m_pool.clear(); // items skipped before they were read
+    m_pool.clear(); // drop items that were skipped before being read
     const QSize largest = (QSizeF(screen()->size()) * devicePixelRatioF()).toSize();
     m_pool.start([this, number = ++m_number, url = m_items.at(m_index), largest] {
         const PreviewContent content = loadPreview(url, largest);
@@ -159,7 +159,7 @@ void PreviewWindow::showPdf(const std::shared_ptr<QPdfDocument> &document) {
 }
 
 void PreviewWindow::showMedia() {
-    showFacts(); // and paint them before the first player keeps the thread busy
+    showFacts(); // painted before the first player blocks the thread
     QTimer::singleShot(shownSoon, this, [this, number = m_number] {
         if (number == m_number) {
             playMedia();
@@ -184,7 +184,7 @@ void PreviewWindow::playMedia() {
 void PreviewWindow::dropMedia() {
     if (m_media != nullptr) {
         m_media->disconnect(this);
-        m_media->deleteLater(); // it may be the one who asks for it
+        m_media->deleteLater(); // it may be the caller
         m_media = nullptr;
     }
 }
@@ -197,8 +197,8 @@ void PreviewWindow::present(QWidget *view, const QSize &wanted) {
     if (m_pdf != nullptr && view != m_pdf) {
         m_pdf->open(nullptr);
     }
-    const bool isSaid = (view == &m_facts || view == m_media) && wanted == factsSize; // by itself
-    m_caption.setText(isSaid ? QString() : m_current.details);
+    const bool inView = (view == &m_facts || view == m_media) && wanted == factsSize;
+    m_caption.setText(inView ? QString() : m_current.details);
     view->setFocus();
     const QRect room = screen()->availableGeometry();
     const QSize most(room.width() * 4 / 5, room.height() * 4 / 5 - captionHeight);
@@ -213,8 +213,8 @@ void PreviewWindow::present(QWidget *view, const QSize &wanted) {
     }
 }
 
-/// Around the window's middle, or the screen's before it is shown, inside the screen. The title bar
-/// counts.
+/// Centres the window on its old middle, or on the screen's if it is hidden, and keeps it and its
+/// title bar on the screen.
 void PreviewWindow::place(const QSize &size) {
     const QRect room = screen()->availableGeometry();
     QRect frame(QPoint(), size);
@@ -245,13 +245,13 @@ void PreviewWindow::comeToFront() {
 
 void PreviewWindow::hideEvent(QHideEvent *event) {
     QWidget::hideEvent(event);
-    if (event->spontaneous()) { // it is minimised
+    if (event->spontaneous()) { // minimised
         if (m_media != nullptr) {
             m_media->suspend();
         }
         return;
     }
-    setWindowState(windowState() & ~Qt::WindowMinimized); // it is not to come back like that
+    setWindowState(windowState() & ~Qt::WindowMinimized); // do not reopen minimised
     dropMedia();
     if (m_pdf != nullptr) {
         m_pdf->open(nullptr);

@@ -18,17 +18,17 @@ namespace perchly {
 class MediaView;
 class PdfView;
 
-/// The window of the preview. Left and right go from item to item; Space, Escape and Ctrl+W close
-/// it. What an item holds is read in the background; until it is there, and where it cannot be
-/// shown, its icon, name, kind and size stand for it. A minimised window stays open: what plays
-/// pauses until it is back, and a request brings it back.
+/// The window of the preview. Left and right switch items; Space, Escape and Ctrl+W close it. Items
+/// are read in the background; until then, or if an item cannot be shown, its icon, name, kind and
+/// size are shown. A minimised window stays open: playback pauses until it is restored, and a
+/// request restores it.
 class PreviewWindow : public QWidget {
     Q_OBJECT
 public:
     PreviewWindow();
     ~PreviewWindow() override;
 
-    /// Shows the item, or closes if it is shown already and `toggle` is set.
+    /// Shows the item, or closes the window if it shows that item already and `toggle` is set.
     void handle(const PreviewRequest &request);
 
 Q_SIGNALS:
@@ -57,14 +57,14 @@ private:
     KeyboardFocus m_focus;
     QList<QUrl> m_items;
     qsizetype m_index = 0;
-    int m_number = 0; ///< of the item that was asked for last
+    int m_number = 0; ///< counts the items requested, to ignore late results
     FileFacts m_current;
     QStackedWidget m_stack;
     FactsView m_facts;
     PictureView m_picture;
     QPlainTextEdit m_text;
-    PdfView *m_pdf = nullptr;     ///< made when first needed
-    MediaView *m_media = nullptr; ///< of the item that is shown, if it plays
+    PdfView *m_pdf = nullptr;     ///< created when first needed
+    MediaView *m_media = nullptr; ///< the player of the shown item, if it has one
     QLabel m_caption;
     QThreadPool m_pool;
 };

@@ -10,12 +10,12 @@ namespace perchly {
 /// One request of the main program.
 struct PreviewRequest {
     QList<QUrl> items;
-    qsizetype index = 0; ///< one of the items
+    qsizetype index = 0; ///< into `items`
     bool toggle = false;
 };
 
-/// Reads requests from standard input until it ends, and calls back on this thread: one to a line,
-/// a JSON object with "items", "index" and "toggle". Other lines are skipped. Blocks.
+/// Reads requests from stdin until it ends, and calls back on this thread. Each line is a JSON
+/// object with "items", "index" and "toggle"; other lines are skipped. Blocks.
 void readRequests(const std::function<void(const PreviewRequest &)> &handle);
 
 } // namespace perchly

@@ -16,10 +16,10 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr unsigned maxMegabytes = 1536;
-constexpr auto linger = 20s; ///< the next preview is there at once
+constexpr auto linger = 20s; ///< so that the next preview starts at once
 constexpr unsigned maxHangSeconds = 60;
 
-/// Ends the process by a signal when a file keeps the main thread busy for long.
+/// Kills the process when a file blocks the main thread for long.
 void watchForHangs(QTimer &heartbeat) {
     const auto beat = [] { alarm(maxHangSeconds); };
     QObject::connect(&heartbeat, &QTimer::timeout, beat);
@@ -31,10 +31,10 @@ void watchForHangs(QTimer &heartbeat) {
 
 int main(int argc, char **argv) {
     limitResources(maxMegabytes);
-    mallopt(M_ARENA_MAX, 2); // each reserves address space, and decoders have many threads
+    mallopt(M_ARENA_MAX, 2); // each arena reserves address space, and decoders have many threads
     qputenv("QT_QPA_PLATFORM", "xcb");
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORMTHEME")) {
-        qputenv("QT_QPA_PLATFORMTHEME", "generic"); // the desktop's theme would load GTK
+        qputenv("QT_QPA_PLATFORMTHEME", "generic"); // the desktop's platform theme would load GTK
     }
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("perchly-preview"));
@@ -48,7 +48,7 @@ int main(int argc, char **argv) {
     idle.setSingleShot(true);
     idle.setInterval(linger);
     QObject::connect(&idle, &QTimer::timeout, [&window] {
-        if (!window.isVisible()) { // moving to another desktop hides it for a moment
+        if (!window.isVisible()) { // moving to another desktop hides the window for a moment
             QApplication::quit();
         }
     });
@@ -63,5 +63,5 @@ int main(int argc, char **argv) {
         QMetaObject::invokeMethod(&application, &QCoreApplication::quit, Qt::QueuedConnection);
     }).detach();
     const int status = QApplication::exec();
-    std::_Exit(status); // a thread that waits for a file may never come back
+    std::_Exit(status); // a thread that reads a file may never return
 }

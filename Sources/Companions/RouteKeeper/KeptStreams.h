@@ -7,7 +7,7 @@
 
 namespace perchly {
 
-/// Where a stream goes, as the session manager names a device. Without a type, the session manager
+/// The target of a stream, in the session manager's terms. Without a type, the session manager
 /// decides.
 struct KeptTarget {
     std::string type;
@@ -17,8 +17,8 @@ struct KeptTarget {
 /// The streams that the program has moved, by node.
 class KeptStreams {
 public:
-    /// Reads bytes of "+NODE", "+NODE TYPE VALUE" with tabs between, or "-NODE", each with a zero
-    /// byte after it. Ignores anything else.
+    /// Reads zero-terminated strings: "+NODE", "+NODE TYPE VALUE" with tabs between, or "-NODE".
+    /// Ignores anything else.
     void read(std::string_view bytes);
 
     [[nodiscard]] std::map<std::uint32_t, KeptTarget> &streams() { return m_streams; }

@@ -1,5 +1,5 @@
-// Waits until its parent ends, and then sends back the streams that are still sent to the parent's
-// sinks. KeptStreams.h describes what it reads on stdin.
+// Waits until its parent ends, then redirects the streams that still go to the parent's sinks.
+// KeptStreams.h describes its input on stdin.
 #include "KeptStreams.h"
 #include "ProcessLimits.h"
 
@@ -43,8 +43,8 @@ void readUntilTheEnd(KeptStreams &kept) {
     }
 }
 
-/// Only for streams still sent to one of the parent's sinks: somebody may have moved them, and
-/// their numbers may have been reused.
+/// Only for streams that still go to one of the parent's sinks: others may have been moved, or
+/// their numbers reused.
 int onProperty(void *data, std::uint32_t subject, const char *key, const char *,
                const char *value) {
     auto &self = *static_cast<Return *>(data);
@@ -114,7 +114,7 @@ void sendBack(Return &self) {
     self.loop = pw_main_loop_new(nullptr);
     pw_context *context = pw_context_new(pw_main_loop_get_loop(self.loop), nullptr, 0);
     self.core = context != nullptr ? pw_context_connect(context, nullptr, 0) : nullptr;
-    // Without it the server has gone, and its streams with it.
+    // Without a core the server has gone, and its streams with it.
     if (self.core != nullptr) {
         pw_core_add_listener(self.core, &self.coreListener, &coreEvents, &self);
         self.registry = pw_core_get_registry(self.core, PW_VERSION_REGISTRY, 0);
@@ -134,7 +134,7 @@ void sendBack(Return &self) {
 } // namespace
 
 int main() {
-    // A signal to the whole group must not end it before its parent.
+    // A signal to the whole process group must not end it before its parent.
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         std::signal(signal, SIG_IGN);
     }

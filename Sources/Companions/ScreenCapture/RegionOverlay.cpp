@@ -54,7 +54,7 @@ RegionOverlay::RegionOverlay(QImage picture, QList<QRect> displays, double scale
 }
 
 // Fails until the window is mapped, and while another program, such as one with an open menu, holds
-// the keyboard. Qt does not say whether it grabbed the pointer, but the window is above all others.
+// the keyboard. Qt does not report a failed pointer grab, but this window is above all others.
 void RegionOverlay::grabInput() {
     setMouseGrabEnabled(true);
     if (setKeyboardGrabEnabled(true)) {
@@ -143,7 +143,7 @@ QRect RegionOverlay::sizePlate() const {
     QRect plate(QPoint(), plateSize(sizeText()));
     plate.moveCenter(m_region->center());
     plate.moveTop(m_region->bottom() + 1 + scaled(gap));
-    if (plate.bottom() > display.bottom()) { // above it instead, or else inside
+    if (plate.bottom() > display.bottom()) { // above the region, or else inside it
         plate.moveBottom(m_region->top() - 1 - scaled(gap));
     }
     if (plate.top() < display.top()) {
@@ -176,7 +176,7 @@ void RegionOverlay::drawPlate(QPainter &painter, const QRect &plate, const QStri
 
 void RegionOverlay::drawRegion(QPainter &painter) const {
     painter.drawImage(m_region->topLeft(), m_picture, *m_region);
-    // Outside the rectangle: the border hides nothing of the capture.
+    // Outside the rectangle, so that the border covers none of the capture.
     const int line = std::max(1, scaled(1.5));
     const int hair = std::max(1, scaled(1));
     const QRegion inner(*m_region);

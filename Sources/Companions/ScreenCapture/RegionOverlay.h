@@ -12,19 +12,19 @@
 
 namespace perchly {
 
-/// One window over all displays in which the user selects a rectangle. It shows the given picture
-/// of the displays, dimmed, with the selected rectangle at full brightness and its size beside it.
-/// It holds pointer and keyboard, and gives up after a minute without input: the screen cannot lock
-/// meanwhile. Everything is in pixels.
+/// A window over all displays in which the user selects a rectangle. It shows the given picture of
+/// the displays, dimmed, with the selected rectangle at full brightness and its size beside it. It
+/// grabs pointer and keyboard, and gives up after a minute without input, since the screen cannot
+/// lock meanwhile. Everything is in pixels.
 class RegionOverlay : public QRasterWindow {
     Q_OBJECT
 public:
-    /// The displays lie within the picture. Lines and text are `scale` times their normal size.
+    /// The displays lie within the picture. Lines and text are scaled by `scale`.
     RegionOverlay(QImage picture, QList<QRect> displays, double scale);
 
 Q_SIGNALS:
     void selected(const QRect &region);
-    /// Escape, another button than the first, or no input for a minute.
+    /// Escape, any button but the first, or a minute without input.
     void cancelled();
     /// Another program holds the keyboard and does not release it in time.
     void failed();
@@ -59,7 +59,7 @@ private:
     QTimer m_idle;
     QPoint m_pointer;
     std::optional<QPoint> m_start;
-    std::optional<QRect> m_region; ///< none before the drag, which a click does not start
+    std::optional<QRect> m_region; ///< none before a drag; a click does not start one
 };
 
 } // namespace perchly

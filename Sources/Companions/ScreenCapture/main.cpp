@@ -26,8 +26,8 @@ int fail(const char *what) {
     return failure;
 }
 
-/// The user's scale, for lines and text. Qt works in pixels here: one coordinate system over all
-/// displays.
+/// The user's scale, for lines and text. Then disables Qt's scaling: one coordinate system in
+/// pixels for all displays.
 double takeScaleFromQt() {
     const double factor = qEnvironmentVariable("QT_SCALE_FACTOR").toDouble();
     for (const char *name :
@@ -51,7 +51,7 @@ QList<QRect> displays() {
     return frames;
 }
 
-/// Writes a PNG that only its owner can read, completely or not at all. Empty, or the error.
+/// Writes a PNG that only its owner can read, completely or not at all. Returns any error.
 QString write(const QImage &picture, const QString &path) {
     umask(S_IRWXG | S_IRWXO);
     QSaveFile file(path);
@@ -69,7 +69,7 @@ QString write(const QImage &picture, const QString &path) {
 int choose(const QImage &picture, double scale, const QString &path) {
     RegionOverlay overlay(picture, displays(), std::clamp(scale, 1.0, 4.0));
     const auto finish = [&](int status) {
-        overlay.disconnect(); // later events do not count
+        overlay.disconnect(); // ignore later events
         QGuiApplication::exit(status);
     };
     QObject::connect(&overlay, &RegionOverlay::selected, [&](const QRect &region) {
@@ -99,7 +99,7 @@ int main(int argc, char **argv) {
     const QString path = QString::fromLocal8Bit(argv[3]);
     const double factor = takeScaleFromQt();
     qputenv("QT_QPA_PLATFORM", "xcb");
-    qputenv("QT_QPA_PLATFORMTHEME", "generic"); // the desktop's would load GTK
+    qputenv("QT_QPA_PLATFORMTHEME", "generic"); // the desktop's platform theme would load GTK
     QGuiApplication application(argc, argv);
 
     const QImage picture = takeRootPicture(connection.get());

@@ -52,7 +52,7 @@ bool MediaSession::send(int command) {
 }
 
 bool MediaSession::pause(const Player &player) {
-    // Before it stops playing, so that no reading in between sees it paused and not held.
+    // Store this before the player stops, so that no reading sees it paused but not held.
     storeMemory(hold(m_memory, player.busName));
     const bool paused = m_bus->call(player.busName, "Pause");
     if (!paused) {
@@ -62,7 +62,7 @@ bool MediaSession::pause(const Player &player) {
 }
 
 void MediaSession::setElapsedTime(double position) {
-    constexpr double maxPosition = 1e9; // far beyond any track, and far within 64 bits of µs
+    constexpr double maxPosition = 1e9; // far above any track's length, and within 64 bits of µs
     const Player *player = find();
     if (player == nullptr || !player->canSeek || !(std::abs(position) <= maxPosition)) {
         return;

@@ -9,21 +9,21 @@
 
 namespace perchly {
 
-/// The one player that the desktop's media keys would reach, looked for once by each object.
+/// The one player that the desktop's media keys would reach. Each object looks for it once.
 class MediaSession {
 public:
-    /// Connects to the bus and lists its players; false when it does not answer. The first call
-    /// counts.
+    /// Connects to the bus and lists its players; false when the bus does not answer. Only the
+    /// first call has an effect.
     [[nodiscard]] bool load();
 
     /// The player that owns the session, or null.
     [[nodiscard]] const Player *find();
 
-    /// Sends one of the numbers 0 (play), 1 (pause), 4 (next) and 5 (previous). True when the
-    /// player offers that and has answered in time; false also for any other number.
+    /// Sends one of the commands 0 (play), 1 (pause), 4 (next) and 5 (previous). True when the
+    /// player offers the command and has answered in time; false for any other number.
     [[nodiscard]] bool send(int command);
 
-    /// Moves to a position in seconds, if the player can; it takes another look to see whether.
+    /// Moves to a position in seconds, if the player, which is read again, can.
     void setElapsedTime(double position);
 
 private:

@@ -15,7 +15,7 @@ struct Close {
     void operator()(std::FILE *file) const { std::fclose(file); }
 };
 
-/// Empty without a runtime folder.
+/// Empty if there is no runtime folder.
 std::string memoryPath() {
     const char *folder = std::getenv("XDG_RUNTIME_DIR");
     return folder != nullptr ? std::string(folder) + "/perchly-players" : std::string();
@@ -28,7 +28,7 @@ PlayerMemory loadMemory() {
     const std::unique_ptr<std::FILE, Close> file(std::fopen(memoryPath().c_str(), "re"));
     int playing = 0;
     int held = 0;
-    std::array<char, 256> name{}; // no name on the bus is longer
+    std::array<char, 256> name{}; // longer than any bus name
     while (file && std::fscanf(file.get(), "%d %d %255s", &playing, &held, name.data()) == 3) {
         memory.push_back({name.data(), playing != 0, held != 0});
     }

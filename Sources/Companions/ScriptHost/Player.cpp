@@ -10,7 +10,7 @@ namespace perchly {
 
 namespace {
 
-/// Takes the variant that comes next if it holds that type; leaves it there otherwise.
+/// Reads the next variant if it holds that type; otherwise leaves it.
 template <class T>
 bool take(sd_bus_message *message, const char *type, T &value) {
     return sd_bus_message_read(message, "v", type, &value) > 0;
@@ -25,7 +25,7 @@ bool takeText(sd_bus_message *message, std::string &text) {
     return true;
 }
 
-/// Some players send one text where a list belongs.
+/// Some players send a single text instead of a list.
 bool takeTexts(sd_bus_message *message, std::string &text) {
     if (sd_bus_message_enter_container(message, 'v', "as") <= 0) {
         return takeText(message, text);
@@ -39,7 +39,7 @@ bool takeTexts(sd_bus_message *message, std::string &text) {
     return sd_bus_message_exit_container(message) >= 0;
 }
 
-/// Microseconds, in whichever type the player counts them.
+/// In microseconds, of any of the integer types that players use.
 bool takeTime(sd_bus_message *message, std::optional<double> &seconds) {
     double number = 0;
     std::int64_t whole = 0;
@@ -112,7 +112,7 @@ void readProperties(sd_bus_message *message, Player &player) {
         sd_bus_message_exit_container(message);
     }
     sd_bus_message_exit_container(message);
-    // A player may subtract what it has not yet played, and so be a little before the start.
+    // A player may subtract its buffered sound, and so report a time just before the start.
     if (player.position && *player.position < 0) {
         player.position = *player.position > -1 ? std::optional(0.0) : std::nullopt;
     }

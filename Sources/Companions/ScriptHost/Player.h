@@ -9,8 +9,8 @@ namespace perchly {
 
 enum class Playback { Stopped, Paused, Playing };
 
-/// A media player's properties on the bus. Times are in seconds and absent when the
-/// player gives none or an impossible one.
+/// A media player's properties on the bus. Times are in seconds; absent if the player gives none or
+/// an impossible one.
 struct Player {
     std::string busName;
     bool answered = false;
@@ -18,8 +18,8 @@ struct Player {
     std::string desktopEntry;
     Playback playback = Playback::Stopped;
     std::string title;
-    std::string artist;    ///< several are joined by ", "
-    std::string trackPath; ///< an object path; empty when the track has none
+    std::string artist;    ///< joined by ", " if there are several
+    std::string trackPath; ///< an object path; empty if the track has none
     std::optional<double> position;
     std::optional<double> length;
     bool canPlay = false;
@@ -28,14 +28,14 @@ struct Player {
     bool canGoPrevious = false;
     bool canSeek = false;
 
-    /// Something that can be shown is playing or paused.
+    /// Whether something that can be shown is playing or paused.
     [[nodiscard]] bool hasTrack() const {
         return answered && !title.empty() && playback != Playback::Stopped;
     }
     [[nodiscard]] bool isPlaying() const { return hasTrack() && playback == Playback::Playing; }
 };
 
-/// Takes over a reply to GetAll for either of a player's two interfaces.
+/// Reads a reply to GetAll of either of a player's two interfaces.
 void readProperties(sd_bus_message *reply, Player &player);
 
 } // namespace perchly

@@ -27,7 +27,7 @@ bool isPlayer(std::string_view name) {
            name != "org.mpris.MediaPlayer2.playerctld";
 }
 
-/// A question to one player under way.
+/// A pending request to one player.
 struct Question {
     Player *player = nullptr;
     int *open = nullptr;
@@ -55,7 +55,7 @@ std::int64_t toMicroseconds(double seconds) {
 } // namespace
 
 void PlayerBus::Close::operator()(sd_bus *bus) const {
-    sd_bus_close_unref(bus); // without a flush, which would wait for a dead bus
+    sd_bus_close_unref(bus); // does not flush, which would wait for a dead bus
 }
 
 std::optional<PlayerBus> PlayerBus::open() {
@@ -80,7 +80,7 @@ std::optional<std::vector<std::string>> PlayerBus::playerNames() {
         std::free(*name);
     }
     std::free(all);
-    std::ranges::sort(names); // the same choice among equals every time
+    std::ranges::sort(names); // so that the same of several equal players is chosen every time
     names.resize(std::min(names.size(), maxPlayers));
     return names;
 }

@@ -16,25 +16,25 @@ namespace perchly {
 /// The media players of the session bus. For one thread.
 class PlayerBus {
 public:
-    /// Connects; nothing when there is no bus.
+    /// Connects; nullopt if there is no bus.
     [[nodiscard]] static std::optional<PlayerBus> open();
 
-    /// The bus names of players, at most 24, without the one that only repeats others. Nothing when
+    /// The bus names of players, at most 24, without the one that only mirrors others. nullopt if
     /// the bus does not answer.
     [[nodiscard]] std::optional<std::vector<std::string>> playerNames();
 
-    /// Asks all of them at once and waits for their answers, at most until `limit`; at most until
-    /// `patience` once `isEnough` accepts the answers so far. A player that has not answered is in
-    /// the list all the same.
+    /// Asks all players at once and waits for their answers until `limit`, or only until `patience`
+    /// once `isEnough` accepts the answers so far. Players that have not answered are in the list,
+    /// too.
     [[nodiscard]] std::vector<Player>
     read(const std::vector<std::string> &names, std::chrono::microseconds patience,
          std::chrono::microseconds limit,
          const std::function<bool(const std::vector<Player> &)> &isEnough);
 
-    /// Calls a method of the player interface without arguments; true when it returned in time.
+    /// Calls a player method that takes no arguments; true if it returned in time.
     [[nodiscard]] bool call(const std::string &busName, const char *method);
 
-    /// Moves to a position (seconds) of the track with that object path, or by an offset.
+    /// Moves to a position (in seconds) in the track with that object path, or by an offset.
     [[nodiscard]] bool setPosition(const std::string &busName, const std::string &trackPath,
                                    double position);
     [[nodiscard]] bool seek(const std::string &busName, double offset);

@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr double seekSpan = 15;
-constexpr auto obeyTimeout = 1s; // the process has four
+constexpr auto obeyTimeout = 1s; // the process has four seconds
 
 constexpr std::array<std::string_view, 2> players{"com.spotify.client", "com.apple.Music"};
 constexpr std::array<std::string_view, 5> words{"playpause", "next track", "previous track",
@@ -26,7 +26,7 @@ struct Request {
     std::string_view word;
 };
 
-/// Compares whole texts, so that whatever was put into the two places stays in its place.
+/// Compares whole texts, so that the two inserted words can add nothing else.
 std::optional<Request> parse(std::string_view script) {
     for (const std::string_view player : players) {
         for (const std::string_view word : words) {
@@ -75,7 +75,7 @@ bool perform(PlayerBus &bus, const Player &player, std::string_view word) {
     return player.canSeek && bus.seek(player.busName, word == "rewind" ? -seekSpan : seekSpan);
 }
 
-/// Players answer a command first and then obey it: wait a moment for their state to follow.
+/// Players answer a command before they carry it out: wait a moment for their state to follow.
 Playback playbackAfter(PlayerBus &bus, const Player &player, std::string_view word) {
     Playback now = player.playback;
     const auto end = std::chrono::steady_clock::now() + obeyTimeout;

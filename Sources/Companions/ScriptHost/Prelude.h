@@ -2,8 +2,8 @@
 
 namespace perchly {
 
-/// What scripts may call, in their own language, over a few native functions that they cannot
-/// reach. Calls without parentheses, such as `.load`, are getters.
+/// The functions that scripts may call. They use a few native functions that scripts cannot reach.
+/// Calls without parentheses, such as `.load`, are getters.
 inline constexpr char prelude[] = R"js((function (global, native) {
     'use strict';
     function getters(table) {

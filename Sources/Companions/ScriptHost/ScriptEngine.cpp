@@ -16,8 +16,8 @@ namespace {
 
 using Engine = std::unique_ptr<duk_context, decltype(&duk_destroy_heap)>;
 
-// An error unwinds past these functions without running destructors, so they hold no object that
-// has one while they call the engine.
+// An error unwinds past these functions without running destructors, so they hold no object with a
+// destructor while they call the engine.
 
 MediaSession &sessionOf(duk_context *context) {
     duk_memory_functions memory;
@@ -59,7 +59,7 @@ duk_ret_t session(duk_context *context) {
     putText(context, "artist", player->artist);
     putText(context, "source", player->identity);
     putNumber(context, "elapsedTime", player->position);
-    // A timeline that cannot be moved along is none.
+    // Omit the length if the player cannot seek.
     putNumber(context, "duration", player->canSeek ? player->length : std::nullopt);
     putNumber(context, "rate", player->playback == Playback::Playing ? 1 : 0);
     return 1;
@@ -109,7 +109,7 @@ bool installBridge(duk_context *context) {
     return installed;
 }
 
-/// The script with `var` for each `let`, which the engine does not know.
+/// Replaces `let`, which the engine does not know, by `var`.
 std::string withoutLet(std::string_view script) {
     std::string text(script);
     for (auto at = text.find(" let "); at != text.npos; at = text.find(" let ", at)) {

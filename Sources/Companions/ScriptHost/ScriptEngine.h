@@ -8,9 +8,9 @@ namespace perchly {
 
 class MediaSession;
 
-/// Runs one script, which can reach the media session and nothing else. The result is what its
-/// function `run` returns, if it defines one, else the value of its last expression, as UTF-8;
-/// nothing when the script fails.
+/// Runs one script, which can reach only the media session. Returns, as UTF-8, the result of its
+/// function `run`, if it defines one, else the value of its last expression; nullopt if the script
+/// fails.
 [[nodiscard]] std::optional<std::string> runScript(std::string_view script, MediaSession &session);
 
 } // namespace perchly

@@ -7,7 +7,7 @@
 
 namespace perchly {
 
-/// A player as it was at the last look.
+/// A player as of the last reading.
 struct RememberedPlayer {
     std::string busName;
     bool playing = false;
@@ -17,26 +17,25 @@ struct RememberedPlayer {
     friend bool operator==(const RememberedPlayer &, const RememberedPlayer &) = default;
 };
 
-/// Players in the order in which they own the media session: the last to start comes first.
+/// Players in the order in which they own the media session: the last one started comes first.
 using PlayerMemory = std::vector<RememberedPlayer>;
 
-/// The memory after a look at the players. Those that have started to play come first, the others
-/// keep their order, new ones follow, and those that have gone are dropped. A player that did not
-/// answer stays as it was.
+/// Updates the memory after a reading of the players. Those that have started to play come first,
+/// the others keep their order, new ones follow, and those that have gone are dropped. A player
+/// that did not answer stays unchanged.
 [[nodiscard]] PlayerMemory remember(const PlayerMemory &before, const std::vector<Player> &players);
 
-/// The memory after we paused this player. Otherwise a pause would hand the session to another
-/// player, and the next press would go there.
+/// Updates the memory after we paused this player. Otherwise the pause would hand the session to
+/// another player, and the next press would go there.
 [[nodiscard]] PlayerMemory hold(PlayerMemory memory, const std::string &busName);
 
-/// The player that owns the session: the held one, else the first in that order that plays, else
-/// the first that is paused. One that is stopped or has no title never does. Null when there is
-/// none.
+/// The player that owns the session: the held one, else the first that plays, else the first that
+/// is paused, never one that is stopped or has no title. Null if there is no such player.
 [[nodiscard]] const Player *sessionOwner(const PlayerMemory &memory,
                                          const std::vector<Player> &players);
 
-/// The memory in a file of the runtime folder, which ends with the login; empty when it cannot be
-/// read. It is replaced as a whole.
+/// Reads the memory from its file in the runtime folder, which the end of the login removes; empty
+/// if it cannot be read. Writing replaces the whole file.
 [[nodiscard]] PlayerMemory loadMemory();
 void storeMemory(const PlayerMemory &memory);
 

@@ -26,8 +26,8 @@ int runJavaScript(std::string_view script) {
     return written && std::fflush(stdout) == 0 ? 0 : failure;
 }
 
-/// Player scripts have a program of their own beside this one: they need GIO, which would more than
-/// double the time of every reading.
+/// A program of its own, since player scripts need GIO, which would more than double the time of
+/// every reading.
 int runPlayerScript(char **arguments) {
     std::error_code error;
     auto path = std::filesystem::read_symlink("/proc/self/exe", error);

@@ -23,7 +23,7 @@ QCollator fileBrowserOrder() {
     QLocale locale = QLocale().collation();
     if (locale.language() == QLocale::C) {
         locale =
-            QLocale(QLocale::English, QLocale::UnitedStates); // C knows neither case nor numbers
+            QLocale(QLocale::English, QLocale::UnitedStates); // C sorts by bytes
     }
     QCollator collator(locale);
     collator.setCaseSensitivity(Qt::CaseInsensitive);

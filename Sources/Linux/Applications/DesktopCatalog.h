@@ -11,9 +11,9 @@ struct _GAppInfoMonitor;
 
 namespace perchly {
 
-/// The applications that GIO finds. A change in a subfolder of an applications folder is noticed
-/// with the next change in the folder itself, where installers update a cache. Changes need Qt's
-/// GLib event loop.
+/// The applications that GIO finds. A change in a subfolder of an applications folder is noticed at
+/// the next change in the folder itself, where installers update a cache. Needs Qt's GLib event
+/// loop to notice changes.
 class DesktopCatalog : public ApplicationCatalog {
     Q_OBJECT
 public:

@@ -7,15 +7,15 @@
 
 namespace perchly {
 
-/// Opens applications and links by GIO. Destroying it cancels pending launches; no completion is
-/// called after that.
+/// Opens applications and links with GIO. The destructor cancels pending launches, whose
+/// completions are then not called.
 class GioApplications : public Applications {
 public:
     explicit GioApplications(StartNotices notices = {});
 
     void launch(const QString &path, Completion completion = {}) override;
     void open(const QString &path, Completion completion = {}) override;
-    /// Found by the rules for icon themes, in the theme that is set when this is made.
+    /// Follows the rules for icon themes, in the theme set when this object was created.
     QImage icon(const QString &path, int side) override;
     void openUrl(const QUrl &url, Completion completion = {}) override;
 

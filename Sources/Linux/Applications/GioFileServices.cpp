@@ -16,8 +16,8 @@ namespace perchly {
 
 namespace {
 
-constexpr int fileManagerTimeout = 15'000;       // milliseconds; it may have to be started first
-constexpr std::chrono::seconds maxMailStart{30}; // xdg-email may stay until the mail is sent
+constexpr int fileManagerTimeout = 15'000;       // milliseconds; the file manager may have to start
+constexpr std::chrono::seconds maxMailStart{30}; // xdg-email may run until the mail is sent
 constexpr QLatin1StringView mailTarget("mail");
 
 QString mailProgram() {
@@ -31,13 +31,13 @@ QString fileError(const QUrl &url) {
                : QString();
 }
 
-/// Asks the file manager to select the file; false if there is none that can.
+/// Asks the file manager to select the file; false if no file manager can.
 bool showItem(const QUrl &file, GCancellable *cancellable) {
     const gio::Owned<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable, nullptr));
     if (!bus) {
         return false;
     }
-    g_dbus_connection_set_exit_on_close(bus.get(), FALSE); // a lost bus must not end the program
+    g_dbus_connection_set_exit_on_close(bus.get(), FALSE); // a lost bus must not end us
     const QByteArray uri = file.toEncoded(QUrl::FullyEncoded);
     const std::array<const char *, 2> uris{uri.constData(), nullptr};
     GVariant *reply = g_dbus_connection_call_sync(
@@ -60,7 +60,7 @@ QString revealFile(const QUrl &file, const StartNotices &notices, GCancellable *
     return giolaunch::url(QUrl::fromLocalFile(folder), notices, cancellable);
 }
 
-/// The content type of the file, or of the scheme; null without a file.
+/// The content type of the file, or of the link's scheme; null if the file is missing.
 QByteArray contentType(const QUrl &url, GCancellable *cancellable) {
     if (!url.isLocalFile()) {
         return "x-scheme-handler/" + url.scheme().toUtf8();
@@ -152,7 +152,7 @@ void GioFileServices::mail(const QUrl &url, const Completion &completion) {
                            ? QString()
                            : QStringLiteral("No e-mail program could be started."));
         };
-        // The mail outlives this program.
+        // The mail program outlives Perchly.
         *mail = m_mails.run(program, arguments, {}, OnStop::LeaveChild, finish);
     });
 }

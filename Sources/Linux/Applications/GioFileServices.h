@@ -22,7 +22,7 @@ private:
     void mail(const QUrl &url, const Completion &completion);
 
     const StartNotices m_notices;
-    ChildRuns m_mails{100}; // some last until the mail is sent
+    ChildRuns m_mails{100}; // xdg-email may run until the mail is sent
     std::list<Task> m_mailTasks;
     GioWorkers m_workers;
 };

@@ -39,7 +39,7 @@ void onDone(GObject *source, GAsyncResult *result, gpointer data) {
     outcome->done = true;
 }
 
-/// Starts the program by the bus daemon, which reports whether it could.
+/// Starts the program through the bus daemon, which reports failures.
 QString activate(GDesktopAppInfo *entry, GList *uris, GAppLaunchContext *context,
                  GCancellable *cancellable) {
     const Owned<GMainContext> loop(g_main_context_new());
@@ -53,7 +53,7 @@ QString activate(GDesktopAppInfo *entry, GList *uris, GAppLaunchContext *context
     return outcome.error;
 }
 
-/// The program's output goes to the journal, as from a desktop menu, or to /dev/null.
+/// Sends the program's output to the journal, as desktop menus do, or to /dev/null.
 int outputOf(GDesktopAppInfo *entry) {
     const char *name = g_app_info_get_executable(G_APP_INFO(entry));
     const int journal = sd_journal_stream_fd(name, LOG_INFO, 0);
@@ -85,7 +85,7 @@ QString launchWith(GDesktopAppInfo *entry, const QUrl &url, const StartNotices &
     return launch(entry, &uris, notices, cancellable);
 }
 
-/// The entry with its command line run by the system's terminal emulator; null if there is none.
+/// The entry with its command line run by x-terminal-emulator; null if it is not installed.
 Owned<GDesktopAppInfo> inSystemTerminal(const QString &path) {
     const Owned<GKeyFile> file(g_key_file_new());
     constexpr const char *group = G_KEY_FILE_DESKTOP_GROUP;

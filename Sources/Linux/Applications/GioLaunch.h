@@ -7,13 +7,13 @@
 
 struct _GCancellable;
 
-/// Opening applications and links by GIO. Each call blocks until the launch is done or cancelled,
-/// which takes as long as the started service needs to answer. Any thread, without an event loop.
-/// Each returns the empty string, or why nothing was opened.
+/// Opens applications and links with GIO. Each call blocks until the launch is done or cancelled,
+/// which may take as long as the started service needs to answer. Any thread, without an event
+/// loop. Each returns an empty string, or why nothing was opened.
 namespace perchly::giolaunch {
 
-/// Launches the desktop entry at this absolute path. An entry that needs a terminal gets one that
-/// GIO knows, or else x-terminal-emulator.
+/// Launches the desktop entry at this absolute path, in a terminal if it needs one: one that GIO
+/// knows, else x-terminal-emulator.
 [[nodiscard]] QString application(const QString &path, const StartNotices &notices,
                                   _GCancellable *cancellable);
 

@@ -14,7 +14,7 @@ struct Release {
     void operator()(GKeyFile *file) const { g_key_file_unref(file); }
 };
 
-/// A reference to a GLib object, or memory of GLib's, released at the end of its scope.
+/// A reference to a GLib object, or GLib memory, released at the end of its scope.
 template <class T>
 using Owned = std::unique_ptr<T, Release>;
 

@@ -8,8 +8,8 @@ struct _GCancellable;
 
 namespace perchly {
 
-/// Workers for calls of GIO, as a desktop entry may lie on a sleeping disk and a started service
-/// may take its time to answer. Destroying it cancels the calls under way.
+/// Worker threads for GIO calls, since a desktop entry may be on a sleeping disk and a service slow
+/// to answer. The destructor cancels pending calls.
 class GioWorkers {
 public:
     GioWorkers();

@@ -48,7 +48,7 @@ QStringList IconTheme::standardFolders() {
 
 QImage IconTheme::image(const QString &name, int side) {
     const QString found = QDir::isAbsolutePath(name) ? name : file(name, side);
-    // Not a regular file: reading could block forever.
+    // Reading anything but a regular file could block forever.
     if (found.isEmpty() || !QFileInfo(found).isFile()) {
         return {};
     }
@@ -125,7 +125,7 @@ void IconTheme::load(const QString &name) {
     }
     m_themes.append(theme);
     for (const QString &parent : parents) {
-        if (parent != QLatin1StringView("hicolor")) { // comes last
+        if (parent != QLatin1StringView("hicolor")) { // added last
             load(parent.trimmed());
         }
     }

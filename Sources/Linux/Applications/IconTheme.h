@@ -8,23 +8,23 @@
 
 namespace perchly {
 
-/// Finds and reads pictures by the rules for icon themes. Works on any thread, unlike QIcon, since
-/// the files may lie on a slow disk. A theme is read once, when it is first needed.
+/// Finds and reads pictures by the rules for icon themes. Unlike QIcon it works on any thread,
+/// since the files may be on a slow disk. Reads a theme once, when it is first needed.
 class IconTheme {
 public:
-    /// `folders` are searched in order for themes, and after them for pictures outside of themes.
-    /// The theme's name may be empty.
+    /// `folders` are searched in order for themes, and then for pictures outside themes. The
+    /// theme's name may be empty.
     IconTheme(const QString &theme, const QStringList &folders);
 
-    /// ~/.icons, `icons` in the data folders, and `pixmaps` there.
+    /// ~/.icons, and `icons` and `pixmaps` in the data folders.
     [[nodiscard]] static QStringList standardFolders();
 
-    /// The picture of that name, or in the file with that absolute path, as a desktop entry gives
-    /// it. At most `side` pixels wide and high, smaller only if there is none as large. Null if
-    /// there is none, or it cannot be read.
+    /// The picture with that name or, if it is an absolute path, in that file, as desktop entries
+    /// give it. At most `side` pixels wide and high, smaller only if no larger one exists. Null if
+    /// there is no picture or it cannot be read.
     [[nodiscard]] QImage image(const QString &name, int side);
 
-    /// The file that suits the size best; empty if there is none.
+    /// The file with the best size; empty if there is none.
     [[nodiscard]] QString file(const QString &name, int side);
 
 private:
@@ -45,7 +45,7 @@ private:
     const QString m_name;
     const QStringList m_folders;
     QMutex m_mutex;        ///< guards the loading of the themes
-    QList<Theme> m_themes; ///< the chosen one, those it inherits from, and the common one
+    QList<Theme> m_themes; ///< the chosen one, its parents, and hicolor
 };
 
 } // namespace perchly

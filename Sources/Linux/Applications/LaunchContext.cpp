@@ -50,7 +50,7 @@ void ReleaseLaunchContext::operator()(GAppLaunchContext *context) const {
 LaunchContext makeLaunchContext(const StartNotices &notices) {
     LaunchContext context(static_cast<GAppLaunchContext *>(g_object_new(contextType(), nullptr)));
     reinterpret_cast<NoticingContext *>(context.get())->notices = &notices;
-    // The new program could not use them: they were for our own start.
+    // These belong to our own start.
     g_app_launch_context_unsetenv(context.get(), "DESKTOP_STARTUP_ID");
     g_app_launch_context_unsetenv(context.get(), "XDG_ACTIVATION_TOKEN");
     return context;

@@ -12,7 +12,7 @@ namespace perchly {
 
 namespace {
 
-/// Accepts a folder as a choice, where QFileDialog would open it.
+/// Lets the user choose a folder, where QFileDialog would open it.
 class AnyFileDialog : public QFileDialog {
 public:
     using QFileDialog::QFileDialog;
@@ -63,7 +63,7 @@ public:
         , m_completion(std::move(completion)) {
         QObject::connect(m_dialog.get(), &QFileDialog::finished, &m_receiver,
                          [this](int result) { finish(result); });
-        m_dialog->winId(); // makes the window
+        m_dialog->winId(); // creates the window
         m_dialog->windowHandle()->setTransientParent(QGuiApplication::focusWindow());
         m_dialog->open();
     }
@@ -79,13 +79,13 @@ private:
         const QList<QUrl> chosen =
             result == QDialog::Accepted ? m_dialog->selectedUrls() : QList<QUrl>();
         m_dialog.reset();
-        const auto completion = std::move(m_completion); // outlives the task that it may destroy
+        const auto completion = std::move(m_completion); // it may destroy this object
         completion(chosen);
     }
 
     Dialog m_dialog;
     OpenPanel::Completion m_completion;
-    QObject m_receiver; ///< the dialog lives a little longer than the question
+    QObject m_receiver; ///< context of the connections: the dialog lives a little longer
 };
 
 } // namespace

@@ -15,13 +15,13 @@ namespace {
 
 using Entry = gio::Owned<GDesktopAppInfo>;
 
-/// The number may be "self".
+/// `number` may be "self".
 QByteArray processFile(const QString &number, const char *name) {
     QFile file(QStringLiteral("/proc/%1/%2").arg(number, QLatin1String(name)));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// The entry's path, which a launched program and all its children have in their environment.
+/// The desktop entry's path, from the environment of a launched program or its children.
 QString launchedEntry(std::int32_t pid) {
     QString path;
     bool isItself = false;
@@ -70,7 +70,7 @@ QString desktopUnitName(const QByteArray &groups, const QByteArray &ownGroups) {
     if (groups == ownGroups) {
         return {};
     }
-    // app-gnome-NAME-123.scope or app-NAME@456.service. Dashes of the name are written as \x2d.
+    // app-gnome-NAME-123.scope or app-NAME@456.service. Dashes in the name are written as \x2d.
     static const QRegularExpression unit(
         QStringLiteral("/app-(?:[^-/]+-)?([^-/@]+)(?:-\\d+\\.scope|(?:@[^/]*)?\\.service)$"));
     QString name = unit.match(QString::fromUtf8(groups).trimmed()).captured(1);
@@ -79,7 +79,7 @@ QString desktopUnitName(const QByteArray &groups, const QByteArray &ownGroups) {
 
 std::optional<RunningApplication> findRunningApplication(std::optional<std::int32_t> pid,
                                                          const QStringList &names) {
-    // Any program can set this path, so it may be a pipe or on a dead network disk.
+    // Any program can set this path, so it may name a pipe or a file on a dead network disk.
     const QString path = pid ? launchedEntry(*pid) : QString();
     if (isInApplicationFolders(path) && QFileInfo(path).isFile()) {
         const Entry entry(

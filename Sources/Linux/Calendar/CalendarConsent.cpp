@@ -39,7 +39,7 @@ QString CalendarConsent::remember(CalendarAccess access) {
 }
 
 void CalendarConsent::read() {
-    // Each time: while the folder does not exist, the watch is on its parent.
+    // Repeated, since the watch is on the parent folder while the folder does not exist.
     m_watch.beginRound();
     m_watch.add(QFile::encodeName(QFileInfo(m_path).path()).toStdString());
     m_watch.endRound();

@@ -7,11 +7,11 @@
 
 namespace perchly {
 
-/// The user's answer, in a small file that they can edit or remove while the program runs. Anything
-/// but a clear yes or no in it counts as never asked. Main thread only.
+/// The user's answer, in a small file that the user can edit or remove while the program runs.
+/// Anything but a clear yes or no counts as never asked. Main thread only.
 class CalendarConsent {
 public:
-    /// The file's absolute path; `changed` is called when the answer changes.
+    /// Takes the file's absolute path; calls `changed` when the answer changes.
     CalendarConsent(QString path, std::function<void()> changed);
 
     /// "perchly/permissions/calendars.json" in the user's configuration folder.
@@ -19,7 +19,7 @@ public:
 
     [[nodiscard]] CalendarAccess access() const { return m_access; }
 
-    /// Stores the answer. Empty, or why it holds for this run only.
+    /// Stores the answer. Returns an empty string, or why the answer holds only for this run.
     [[nodiscard]] QString remember(CalendarAccess access);
 
 private:
@@ -28,7 +28,7 @@ private:
     QString m_path;
     std::function<void()> m_changed = [] {};
     CalendarAccess m_access = CalendarAccess::NotAsked;
-    CalendarAccess m_stored = CalendarAccess::NotAsked; ///< in the file
+    CalendarAccess m_stored = CalendarAccess::NotAsked; ///< as read from the file
     FolderWatch m_watch;
 };
 

@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The look of the program's other windows.
+/// Matches the program's other windows.
 QString styleSheet() {
     return QStringLiteral(
         "QDialog { background: #0b0d0f; }"
@@ -90,7 +90,7 @@ public:
              {std::pair(isGranted ? u"Stop Reading"_s : u"Don’t Allow"_s, No),
               std::pair(isGranted ? u"Keep Reading"_s : u"Allow"_s, Yes)}) {
             auto *button = new QPushButton(text);
-            button->setAutoDefault(false); // Return alone does nothing
+            button->setAutoDefault(false); // so that Return alone does nothing
             QObject::connect(button, &QPushButton::clicked, m_dialog,
                              [this, code = result] { m_dialog->done(code); });
             row->addWidget(button);

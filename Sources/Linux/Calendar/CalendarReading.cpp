@@ -12,7 +12,7 @@ namespace {
 
 constexpr int maxKept = 5;
 
-/// Clamped, so that durations between moments do not overflow.
+/// Clamped, so that differences between moments do not overflow.
 QDataStream &operator>>(QDataStream &stream, Clock::TimePoint &moment) {
     using std::chrono::seconds;
     constexpr auto furthest = std::chrono::floor<seconds>(Clock::TimePoint::duration::max() / 2);
@@ -55,7 +55,7 @@ void CalendarReading::take(const QString &source, const QByteArray &answer, bool
     isRead = isRead && stream.status() == QDataStream::Ok;
     isComplete = isComplete && isRead;
     Contents &last = contents[source];
-    // A file that stays damaged is not just being written: show its readable part.
+    // A file that stays damaged is not just being written, so show its readable part.
     if (!isRead || (!now.isWhole && last.isWhole && last.kept < maxKept)) {
         ++last.kept;
     } else {
@@ -67,7 +67,7 @@ QList<CalendarEvent> CalendarReading::eventsBetween(Clock::TimePoint from,
                                                     Clock::TimePoint to) const {
     QList<CalendarEvent> events;
     QSet<CalendarEvent> known;
-    QHash<QString, int> counts; // of different events with the identifier
+    QHash<QString, int> counts; // of different events with the same identifier
     for (const FoundCalendar &calendar : list.calendars) {
         const QList<CalendarEvent> found = contents.value(calendar.source).events;
         for (const CalendarEvent &event : found) {

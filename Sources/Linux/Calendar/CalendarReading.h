@@ -12,7 +12,7 @@ struct CalendarReading {
     struct Contents {
         QList<CalendarEvent> events;
         bool isWhole = false;
-        int kept = 0; ///< number of readings that the events are older than this one
+        int kept = 0; ///< number of readings since the events were read
     };
 
     CalendarList list;
@@ -23,10 +23,10 @@ struct CalendarReading {
     /// Starts with the events of an earlier reading.
     CalendarReading(CalendarList found, const CalendarReading &earlier);
 
-    /// Takes the companion's answer about a calendar, or that it failed.
+    /// Takes the companion's answer for a calendar, or notes that the run failed.
     void take(const QString &source, const QByteArray &answer, bool isRead);
 
-    /// Those that take place between the moments, at least in part, without duplicates in other
+    /// The events that take place, at least partly, between the moments, without duplicates across
     /// calendars.
     [[nodiscard]] QList<CalendarEvent> eventsBetween(Clock::TimePoint from,
                                                      Clock::TimePoint to) const;

@@ -13,13 +13,13 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr int maxRuns = 3;     // at a time
-constexpr auto timeLimit = 6s; // the companion ends itself before
+constexpr int maxRuns = 3;     // at the same time
+constexpr auto timeLimit = 6s; // the companion ends itself earlier
 constexpr qsizetype maxOutput = qsizetype(16) << 20;
 constexpr std::chrono::milliseconds maxAge = 5min;
-constexpr std::chrono::milliseconds maxServiceAge = 15min; // reading it may make it download
+constexpr std::chrono::milliseconds maxServiceAge = 15min; // reading may make the service download
 constexpr std::chrono::milliseconds maxStaleAge = 1min;
-constexpr std::chrono::milliseconds ownDoing = 15s; // after a reading, the service writes, too
+constexpr std::chrono::milliseconds ownDoing = 15s; // the service also writes right after a reading
 constexpr auto readAhead = 24h;
 
 QString secondsOf(Clock::TimePoint moment) {
@@ -43,14 +43,14 @@ struct CompanionCalendarStore::Call {
     EventsCompletion completion;
 };
 
-/// One run that finds the calendars, and one for each of them.
+/// One run that finds the calendars, then one for each calendar.
 struct CompanionCalendarStore::Round {
     Clock::TimePoint from;
     Clock::TimePoint to;
     QByteArray zone = QTimeZone::systemTimeZoneId();
     CalendarReading reading;
     std::vector<Task> runs;
-    qsizetype open = 0; ///< calendars
+    qsizetype open = 0; ///< calendars still to read
 };
 
 CompanionCalendarStore::CompanionCalendarStore(QString program, const QString &consentFile, Ask ask)
@@ -75,7 +75,7 @@ Task CompanionCalendarStore::run(const QStringList &arguments, ChildRuns::Comple
                       std::move(completion));
 }
 
-/// Looks for calendars, then asks the user, then stores the answer.
+/// Finds calendars, then asks the user, then stores the answer.
 Task CompanionCalendarStore::requestAccess(AccessCompletion completion) {
     struct Request : ScheduledTask {
         Task step;
@@ -164,7 +164,7 @@ void CompanionCalendarStore::startRound(const Call &call) {
     }));
 }
 
-/// Before they are read, so that no change in between is missed.
+/// Call it before reading them, so that no change in between is missed.
 void CompanionCalendarStore::watchFolders(const CalendarList &list) {
     const auto watch = [this, list] {
         for (auto [watched, folders] : {std::pair(&m_watch, &list.folders),
@@ -203,10 +203,10 @@ void CompanionCalendarStore::readCalendars(const QList<FoundCalendar> &calendars
 }
 
 void CompanionCalendarStore::finishRound() {
-    // What takes long to start answers the next time; what fails again is left alone.
+    // A calendar that was only slow to start answers next time; one that fails again is left alone.
     m_isStale = !m_round->reading.isComplete && m_last->reading.isComplete;
     m_last = std::exchange(m_round, nullptr);
-    const bool isCurrent = std::exchange(m_isCurrent, true); // enough for those who waited
+    const bool isCurrent = std::exchange(m_isCurrent, true); // current enough for the pending calls
     answerWaiting();
     if (!m_round) {
         m_isCurrent = isCurrent;

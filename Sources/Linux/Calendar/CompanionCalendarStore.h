@@ -13,10 +13,10 @@
 
 namespace perchly {
 
-/// The calendars that a companion finds and reads, one run per calendar, so that a hostile or huge
-/// one costs only itself. It runs when calendars changed, and every few minutes in case that went
-/// unnoticed; in between, calls are answered from the last reading. What Evolution Data Server
-/// writes is read within a minute, not at once: asking it may be why it writes. No calendar is
+/// The calendars that a companion finds and reads. Each calendar has its own run, so that a hostile
+/// or huge one harms no other. The companion runs when calendars change, and every few minutes in
+/// case a change went unnoticed; in between, the last reading answers calls. Writes by Evolution
+/// Data Server are read within a minute, not at once, as reading it makes it write. No calendar is
 /// opened without the user's consent.
 class CompanionCalendarStore : public CalendarStore {
     Q_OBJECT
@@ -24,8 +24,8 @@ public:
     using Ask =
         std::function<Task(const QList<FoundCalendar> &, CalendarAccess, CalendarAnswer answer)>;
 
-    /// The companion's absolute path, empty if it is not installed; the file that stores the
-    /// consent; and how to ask for it, null if there is no way.
+    /// Takes the companion's absolute path, empty if it is not installed; the file that stores the
+    /// consent; and how to ask for it, null if nothing can ask.
     CompanionCalendarStore(QString program, const QString &consentFile, Ask ask);
 
     [[nodiscard]] CalendarAccess access() const override { return m_consent.access(); }
@@ -58,7 +58,7 @@ private:
     std::shared_ptr<Round> m_round; ///< in progress
     std::shared_ptr<Round> m_last;  ///< never null
     bool m_isCurrent = false;       ///< nothing changed since then
-    bool m_isStale = false;         ///< the service or a calendar may have more to say by now
+    bool m_isStale = false;         ///< the service or a calendar may now have more
     QElapsedTimer m_age;
     Workers m_workers{1};
 };

@@ -102,7 +102,7 @@ PasteboardContent ClipboardReader::contentFor(const PasteboardRequest &request) 
     const auto latest = std::chrono::steady_clock::now() + maxReadingTime;
     const SelectionAnswer targets =
         m_client->fetch(selection, m_client->atom("TARGETS"), maxTargetsBytes, latest);
-    // An owner that does not list its markers cannot be kept out of a history.
+    // Without a list of formats nothing tells whether a copy must stay out of a history.
     if (targets.outcome != Outcome::Delivered || targets.format != 32) {
         return {};
     }
@@ -129,10 +129,10 @@ PasteboardContent ClipboardReader::contentFor(const PasteboardRequest &request) 
         const xcb_atom_t target = m_client->atom(name);
         const SelectionAnswer answer = m_client->fetch(selection, target, maxBytes, latest);
         if (answer.outcome == Outcome::Silent) {
-            return {}; // asking a mute owner for more would take as long again
+            return {}; // asking an unresponsive owner again would take as long
         }
         if (answer.outcome == Outcome::TooLong) {
-            maxBytes = 0; // other formats of it are too long as well
+            maxBytes = 0; // the other formats are too long as well
         } else if (isImage && answer.format == 8 && answer.type == target &&
                    !answer.bytes.isEmpty()) {
             content.image = answer.bytes;
@@ -145,7 +145,7 @@ PasteboardContent ClipboardReader::contentFor(const PasteboardRequest &request) 
     return content;
 }
 
-/// Nothing for a refusal or an encoding that is not used any more.
+/// nullopt for a refusal or an obsolete encoding.
 std::optional<QString> ClipboardReader::textOf(const SelectionAnswer &answer) {
     const auto isOf = [&](const char *type) { return answer.type == m_client->atom(type); };
     const bool isUnicode =

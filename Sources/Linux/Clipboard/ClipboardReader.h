@@ -10,16 +10,16 @@
 
 namespace perchly {
 
-/// Follows the clipboard's owner and reads copies, one after the other, on a connection to the X
-/// server of its own. Lives in a thread that may block; only stop() is for other threads.
+/// Follows the clipboard's owner and reads copies, one after the other, on its own connection to
+/// the X server. Lives in a thread that may block; only stop() may be called from other threads.
 class ClipboardReader : public QObject {
     Q_OBJECT
 public:
-    /// Connects, or connects again. Call first.
+    /// Connects or reconnects. Call it first.
     void connectToServer();
 
-    /// Ends with readingEnded(). Its content is empty if another copy is made meanwhile, and for a
-    /// history also if copied() has reported more than `copies` before.
+    /// Emits readingEnded() when done. Its content is empty if another copy is made meanwhile and,
+    /// for a history, if copied() has already reported more than `copies`.
     void read(quint64 reading, const PasteboardRequest &request, quint64 copies);
 
     /// Ends the current reading and disconnects for good. Any thread.
@@ -36,7 +36,7 @@ private:
     [[nodiscard]] PasteboardContent contentFor(const PasteboardRequest &request);
     [[nodiscard]] std::optional<QString> textOf(const SelectionAnswer &answer);
 
-    std::mutex m_mutex; ///< held while `m_client` is replaced, and by stop()
+    std::mutex m_mutex; ///< held by stop() and while `m_client` is replaced
     bool m_isStopped = false;
     std::unique_ptr<SelectionClient> m_client;
     std::optional<CopyFilter> m_filter; ///< uses `m_client`

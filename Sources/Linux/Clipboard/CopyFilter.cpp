@@ -32,7 +32,7 @@ void CopyFilter::handleOwner(const SelectionClient::OwnerChange &change) {
     if (!isSet || change.owner == XCB_WINDOW_NONE) {
         m_released = change.timestamp;
         if (!isSet) {
-            m_owner = XCB_WINDOW_NONE; // the server may reuse its identifiers
+            m_owner = XCB_WINDOW_NONE; // the server may reuse its window IDs
         }
         return;
     }

@@ -26,18 +26,18 @@ public:
     explicit CopyFilter(SelectionClient &client)
         : m_client(client) {}
 
-    /// Follows each change of the clipboard's owner.
+    /// Follows a change of the clipboard's owner.
     void handleOwner(const SelectionClient::OwnerChange &change);
 
-    /// Remembers the present copy and removes image and text if it stays out. Ignores content
-    /// without types, as of a reading that was given up.
+    /// Remembers the current copy, and removes its image and text if it must stay out. Ignores
+    /// content without types, such as that of an abandoned reading.
     void apply(const PasteboardRequest &request, PasteboardContent &content);
 
 private:
     [[nodiscard]] bool isTakeOver() const;
 
     SelectionClient &m_client;
-    xcb_window_t m_owner = XCB_WINDOW_NONE;    ///< or the one that emptied the clipboard
+    xcb_window_t m_owner = XCB_WINDOW_NONE;    ///< or the window that emptied the clipboard
     std::optional<xcb_timestamp_t> m_released; ///< while there is no owner
     bool m_wasJustReleased = false;            ///< before the present copy
     std::optional<QByteArray> m_previous;      ///< digests, if the copies were read

@@ -11,7 +11,7 @@ namespace perchly {
 
 namespace {
 
-constexpr int fastest = 90; // the lightest compression of a PNG; TIFF has no choice
+constexpr int fastest = 90; // lightest PNG compression; TIFF has no levels
 
 QByteArray encode(const QImage &image, const char *format) {
     QByteArray bytes;
@@ -35,7 +35,7 @@ CopiedImage copiedImage(const QByteArray &encoded) {
 }
 
 OwnCopy::OwnCopy() {
-    setData(pasteboardtype::own, "1"); // first: a common clipboard manager loses the first format
+    setData(pasteboardtype::own, "1"); // some clipboard managers lose the first format
 }
 
 OwnCopy::OwnCopy(const QString &text)

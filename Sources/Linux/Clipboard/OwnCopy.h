@@ -8,21 +8,21 @@
 
 namespace perchly {
 
-/// An image as other programs ask for it.
+/// A copied image in the formats that other programs ask for.
 struct CopiedImage {
     QByteArray png;  ///< empty if the image does not decode
-    QByteArray tiff; ///< empty until it is asked for, unless the image was one
+    QByteArray tiff; ///< empty until requested, unless the image was a TIFF
 };
 
-/// The image that the bytes encode. Takes as long as decoding and encoding do. Any thread.
+/// Decodes and re-encodes the image, which may take long. Any thread.
 [[nodiscard]] CopiedImage copiedImage(const QByteArray &encoded);
 
-/// What this program copies, marked as its own.
+/// Data that Perchly copies, marked as its own.
 class OwnCopy : public QMimeData {
 public:
     explicit OwnCopy(const QString &text);
     explicit OwnCopy(const CopiedImage &image);
-    /// Files and links, and as text their paths and links, one a line.
+    /// Files and links, and as text their paths and links, one per line.
     explicit OwnCopy(const QList<QUrl> &items);
 
 protected:
@@ -32,7 +32,7 @@ private:
     OwnCopy();
     void setTextForms(const QString &text);
 
-    mutable QByteArray m_tiff; ///< kept, as encoding takes long; empty until it is asked for
+    mutable QByteArray m_tiff; ///< empty until requested, then kept, as encoding takes long
 };
 
 } // namespace perchly

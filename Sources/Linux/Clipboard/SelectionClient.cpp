@@ -84,7 +84,7 @@ bool SelectionClient::isSameClient(xcb_window_t one, xcb_window_t other) const {
 SelectionAnswer SelectionClient::fetch(xcb_atom_t selection, xcb_atom_t target, qsizetype maxBytes,
                                        TimePoint latest) {
     xcb_connection_t *x = m_connection.get();
-    // A window of its own, so that late data of another transfer is not mistaken for this one's.
+    // A separate window, so that late data of another transfer is not mistaken for this one's.
     const xcb_window_t window = xcb_generate_id(x);
     const quint32 events = XCB_EVENT_MASK_PROPERTY_CHANGE;
     xcb_create_window(x, XCB_COPY_FROM_PARENT, window, m_root, 0, 0, 1, 1, 0,
@@ -110,12 +110,12 @@ SelectionAnswer SelectionClient::receive(xcb_window_t window, qsizetype maxBytes
     if (!waitFor(window, XCB_SELECTION_NOTIFY, latest)) {
         return {};
     }
-    // A refusal comes without a property.
+    // A refusal has no property.
     SelectionAnswer whole = take(window, maxBytes);
     if (whole.type != atom("INCR")) {
         return whole;
     }
-    // Having taken the property asks for the first part.
+    // Taking the property requests the first part.
     whole = {.outcome = Outcome::Delivered};
     while (waitFor(window, XCB_PROPERTY_NOTIFY, latest)) {
         const SelectionAnswer part = take(window, maxBytes - whole.bytes.size());
@@ -123,7 +123,7 @@ SelectionAnswer SelectionClient::receive(xcb_window_t window, qsizetype maxBytes
             return part;
         }
         if (part.outcome == Outcome::Refused) {
-            continue; // taken upon an earlier event
+            continue; // taken on an earlier event
         }
         if (part.bytes.isEmpty()) {
             return whole;
@@ -169,7 +169,7 @@ SelectionAnswer SelectionClient::take(xcb_window_t window, qsizetype maxBytes) {
     SelectionAnswer answer{Outcome::Delivered, property->type, property->format, {}};
     const int length = xcb_get_property_value_length(property.get());
     if (property->bytes_after > 0) {
-        xcb_delete_property(x, window, name); // the server deletes only completely read properties
+        xcb_delete_property(x, window, name); // otherwise only a complete read deletes it
     }
     if (property->bytes_after > 0 || length > maxBytes) {
         answer.outcome = Outcome::TooLong;
@@ -183,7 +183,7 @@ SelectionAnswer SelectionClient::take(xcb_window_t window, qsizetype maxBytes) {
 XcbPointer<xcb_generic_event_t> SelectionClient::nextEvent() const {
     XcbPointer<xcb_generic_event_t> event(xcb_poll_for_event(m_connection.get()));
     if (!event) {
-        xcb_flush(m_connection.get()); // which may read events while the server does not read
+        xcb_flush(m_connection.get()); // may read events if the server is not reading
         event.reset(xcb_poll_for_queued_event(m_connection.get()));
     }
     return event;

@@ -14,7 +14,7 @@
 
 namespace perchly {
 
-/// One format of a copy, as its owner gave it.
+/// One format of a copy, as its owner sent it.
 struct SelectionAnswer {
     enum class Outcome {
         Delivered,
@@ -37,25 +37,25 @@ public:
     using OwnerChange = xcb_xfixes_selection_notify_event_t;
     using OwnerChanged = std::function<void(const OwnerChange &change)>;
 
-    /// Connects to the server named by DISPLAY. Reports each change of the clipboard's owner, from
-    /// within handleEvents() or fetch().
+    /// Connects to the server in DISPLAY. Reports each change of the clipboard's owner, from within
+    /// handleEvents() or fetch().
     explicit SelectionClient(OwnerChanged ownerChanged);
 
     /// False if the server is gone or cannot report owner changes.
     [[nodiscard]] bool isAlive() const;
-    /// Readable when handleEvents() has something to do. Each fetch() may leave events, too.
+    /// Readable when handleEvents() has something to do, which fetch() may also cause.
     [[nodiscard]] int descriptor() const { return xcb_get_file_descriptor(m_connection.get()); }
     void handleEvents();
-    /// Ends the connection and every wait for it. Any thread.
+    /// Ends the connection and every wait on it. Any thread.
     void shutDown() const { ::shutdown(descriptor(), SHUT_RDWR); }
 
     [[nodiscard]] xcb_atom_t atom(const QByteArray &name);
     [[nodiscard]] xcb_window_t ownerOf(xcb_atom_t selection) const;
     [[nodiscard]] bool isSameClient(xcb_window_t one, xcb_window_t other) const;
 
-    /// Asks the owner of a selection for one format and waits for all of it: until `latest`, for at
-    /// most three seconds at a time, and for CLIPBOARD until its owner changes. Once an owner
-    /// starts sending, it is read to the end, by later calls if this one gives up.
+    /// Requests one format from the owner of a selection and waits for all of it: until `latest`,
+    /// at most three seconds for each part, and for CLIPBOARD until its owner changes. Once an
+    /// owner starts sending, all of its data is read, by later calls if this one gives up.
     [[nodiscard]] SelectionAnswer fetch(xcb_atom_t selection, xcb_atom_t target, qsizetype maxBytes,
                                         TimePoint latest);
 
@@ -72,9 +72,9 @@ private:
     QHash<QByteArray, xcb_atom_t> m_atoms;
     xcb_window_t m_root = XCB_WINDOW_NONE;
     int m_ownerEvent = 0;                 ///< 0 if the server cannot report owner changes
-    xcb_atom_t m_fetched = XCB_ATOM_NONE; ///< the selection that fetch() asks for
+    xcb_atom_t m_fetched = XCB_ATOM_NONE; ///< the selection that fetch() reads
     bool m_isInterrupted = false;         ///< its owner changed since fetch() was called
-    QList<xcb_window_t> m_discarded;      ///< windows of transfers that were given up
+    QList<xcb_window_t> m_discarded;      ///< windows of abandoned transfers
 };
 
 } // namespace perchly

@@ -59,7 +59,7 @@ void X11Pasteboard::writeItems(const QList<QUrl> &urls) {
 
 void X11Pasteboard::writeImage(const QByteArray &encoded) {
     const auto finish = [this, count = ++m_count](const CopiedImage &image) {
-        if (count == m_count) { // nothing else was copied meanwhile
+        if (count == m_count) { // if nothing else was copied meanwhile
             offer(image.png.isEmpty() ? nullptr : new OwnCopy(image));
         }
     };
@@ -77,7 +77,7 @@ void X11Pasteboard::handleCopy(quint64 copies, quint32 owner) {
     if (m_offered) {
         const xcb_setup_t *setup = xcb_get_setup(qtConnection());
         if ((owner & ~setup->resource_id_mask) == setup->resource_id_base) {
-            return; // counted by the write
+            return; // the write has counted it
         }
     }
     ++m_count;

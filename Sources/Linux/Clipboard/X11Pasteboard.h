@@ -11,10 +11,10 @@ namespace perchly {
 class ClipboardReader;
 class OwnCopy;
 
-/// The clipboard of the X server. Reads in a thread with a connection of its own, however slow or
-/// hostile the owner of a copy is; that thread sleeps while nothing is copied. Writes through Qt,
-/// which hands our copy over to the clipboard manager when the application object is destroyed and
-/// waits up to five seconds for a manager that does not confirm it.
+/// The X server's clipboard. Reads in a thread with its own connection, as the owner of a copy may
+/// be slow or hostile; the thread sleeps while nothing is copied. Writes through Qt, which passes
+/// our copy to the clipboard manager when the application object is destroyed, and waits up to five
+/// seconds if the manager does not confirm.
 class X11Pasteboard : public Pasteboard {
     Q_OBJECT
 public:
@@ -33,9 +33,9 @@ private:
     void handleCopy(quint64 copies, quint32 owner);
 
     qint64 m_count = 0;
-    quint64 m_copies = 0; ///< all that the reader reported, also our own
+    quint64 m_copies = 0; ///< as counted by the reader, including ours
     quint64 m_lastReading = 0;
-    QPointer<OwnCopy> m_offered; ///< until Qt drops it for another copy
+    QPointer<OwnCopy> m_offered; ///< null once Qt drops it for another copy
     ClipboardReader *m_reader;   ///< belongs to the thread
     QThread m_thread;
     Workers m_decoder{1};

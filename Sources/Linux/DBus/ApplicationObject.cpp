@@ -12,10 +12,10 @@ ApplicationObject::ApplicationObject(std::shared_ptr<SessionBus> bus)
 
 void ApplicationObject::offer() {
     QDBusConnection bus = m_bus->connection();
-    // The object first: a call may follow the name at once.
+    // Register the object first: a call may follow the name at once.
     bus.registerObject(QStringLiteral("/org/perchly/Perchly"), this,
                        QDBusConnection::ExportAllSlots);
-    // QtDBus's own call waits for an answer.
+    // QtDBus's own registerService() waits for an answer.
     const QString busName = QStringLiteral("org.freedesktop.DBus");
     bus.send(QDBusMessage::createMethodCall(busName, QStringLiteral("/org/freedesktop/DBus"),
                                             busName, QStringLiteral("RequestName"))

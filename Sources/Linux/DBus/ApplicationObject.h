@@ -10,9 +10,9 @@
 
 namespace perchly {
 
-/// The object "/org/perchly/Perchly" on the session bus, under the name "org.perchly.Perchly": the
-/// desktop entry, its actions and shortcuts of the user's own reach the program through it. Only
-/// the slots are on the bus.
+/// The object "/org/perchly/Perchly" on the session bus, under the name "org.perchly.Perchly". The
+/// desktop entry, its actions and the user's own shortcuts reach the program through it. Only the
+/// slots are on the bus.
 class ApplicationObject : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
@@ -23,11 +23,11 @@ public Q_SLOTS:
     void Activate(const QVariantMap &platformData);
     void ActivateAction(const QString &action, const QVariantList &parameter,
                         const QVariantMap &platformData);
-    /// Ignored.
+    /// Does nothing; part of the interface.
     void Open(const QStringList &uris, const QVariantMap &platformData);
 
 Q_SIGNALS:
-    /// Any text that another program sends.
+    /// `action` may be any text that another program sends.
     void requested(const QString &action);
 
 private:

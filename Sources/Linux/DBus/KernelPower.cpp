@@ -16,7 +16,7 @@ QByteArray readFact(const QDir &supply, const char *name) {
     return file.open(QIODevice::ReadOnly) ? file.read(maxBytes).trimmed() : QByteArray();
 }
 
-/// The battery's capacity, in a unit that all batteries of a machine share.
+/// The battery's capacity, in the unit that all batteries of the machine use.
 double capacityOf(const QDir &supply) {
     const double energy = readFact(supply, "energy_full").toDouble();
     return std::max(energy > 0 ? energy : readFact(supply, "charge_full").toDouble(), 1.0);

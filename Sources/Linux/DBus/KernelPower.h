@@ -7,8 +7,8 @@
 
 namespace perchly {
 
-/// The machine's batteries, as one, from the kernel's folder of power supplies. It is read in the
-/// background, since the firmware takes its time. Batteries of devices such as mice do not count.
+/// The machine's batteries, combined into one, from the kernel's power supply folder. Read in the
+/// background, since the firmware may be slow. Ignores batteries of devices such as mice.
 class KernelPower : public PowerSources {
 public:
     explicit KernelPower(QString folder = QStringLiteral("/sys/class/power_supply"));

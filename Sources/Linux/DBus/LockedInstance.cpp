@@ -13,10 +13,10 @@ LockedInstance::LockedInstance(std::shared_ptr<SessionBus> bus)
     : m_bus(std::move(bus))
     , m_folder(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation))
     , m_lock(m_folder + QStringLiteral("/perchly.lock")) {
-    m_lock.setStaleLockTime(0); // a lock ends with its process, whatever its age
+    m_lock.setStaleLockTime(0); // a lock never expires while its process lives
     connect(&m_server, &QLocalServer::newConnection, this, [this] {
         while (m_server.hasPendingConnections()) {
-            delete m_server.nextPendingConnection(); // which is the answer
+            delete m_server.nextPendingConnection(); // accepting it is the answer
         }
         Q_EMIT requested(QStringLiteral("show"));
     });
@@ -31,7 +31,7 @@ bool LockedInstance::claim() {
                        stderr);
             break;
         }
-        // The other may be starting, with no socket yet, or ending, with no socket any more.
+        // The other instance may be starting, with no socket yet, or ending, with no socket left.
         if (knock(deadline)) {
             return false;
         }
@@ -62,7 +62,7 @@ bool LockedInstance::knock(const QDeadlineTimer &deadline) {
 void LockedInstance::listen() {
     const QString path = m_folder + QStringLiteral("/perchly.socket");
     if (m_lock.isLocked()) {
-        QLocalServer::removeServer(path); // of an instance that was killed
+        QLocalServer::removeServer(path); // left by a killed instance
         m_server.listen(path);
     }
     m_object = std::make_unique<ApplicationObject>(m_bus);

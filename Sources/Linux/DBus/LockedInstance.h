@@ -11,16 +11,16 @@
 
 namespace perchly {
 
-/// One instance for each user, by a lock in the runtime folder. A second one knocks at a socket
-/// beside it, which works without a session bus too. The instance with the lock is also reachable
+/// One instance per user, by a lock in the runtime folder. A second instance connects to a socket
+/// beside it, which also works without a session bus. The instance with the lock is also reachable
 /// over the session bus.
 class LockedInstance : public SingleInstance {
     Q_OBJECT
 public:
     explicit LockedInstance(std::shared_ptr<SessionBus> bus);
 
-    /// With an instance that does not answer it takes a second and says so on stderr. Where no lock
-    /// can be written it reports that, too, and returns true: better two instances than none.
+    /// Takes a second if the other instance does not answer, and reports that on stderr. If no lock
+    /// can be written, reports that, too, and returns true: better two instances than none.
     [[nodiscard]] bool claim() override;
 
 private:

@@ -19,7 +19,7 @@ const QString interface = QStringLiteral("org.freedesktop.portal.Settings");
 struct Setting {
     QLatin1StringView group;
     QLatin1StringView key;
-    double reduced; ///< the value that asks for less motion
+    double reduced; ///< the value that requests reduced motion
 };
 
 constexpr std::array settings{Setting{QLatin1StringView("org.freedesktop.appearance"),
@@ -42,7 +42,7 @@ PortalMotion::PortalMotion(std::shared_ptr<SessionBus> bus)
 void PortalMotion::follow() {
     QDBusConnection bus = m_bus->connection();
     if (bus.isConnected()) {
-        qRegisterMetaType<QDBusVariant>(); // before that QtDBus does not find the slot
+        qRegisterMetaType<QDBusVariant>(); // otherwise QtDBus does not find the slot
         bus.connect(portalService, path, interface, QStringLiteral("SettingChanged"), this,
                     SLOT(onSettingChanged(QString, QString, QDBusVariant)));
         m_watcher.setConnection(bus);
@@ -76,10 +76,10 @@ void PortalMotion::onSettingChanged(const QString &group, const QString &key,
     }
     QVariant content = value.variant();
     while (content.metaType() == QMetaType::fromType<QDBusVariant>()) {
-        content = content.value<QDBusVariant>().variant(); // Read wraps it twice
+        content = content.value<QDBusVariant>().variant(); // Read wraps the value twice
     }
     bool isNumber = false;
-    const double number = content.toDouble(&isNumber); // also of a flag, or of KDE's strings
+    const double number = content.toDouble(&isNumber); // also converts a bool, or KDE's strings
     if (!isNumber) {
         return;
     }

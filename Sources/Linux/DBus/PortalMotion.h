@@ -12,9 +12,9 @@ class QDBusVariant;
 
 namespace perchly {
 
-/// Whether the desktop asks for less motion, from the settings portal: its common key, GNOME's
-/// switch for animations, or no duration in KDE's animation speed. Follows changes and restarts of
-/// the portal and the bus; while nothing answers, the last known answer holds.
+/// Whether the desktop asks for reduced motion, from the settings portal: its common key, GNOME's
+/// switch for animations, or a zero animation duration in KDE. Follows changes and restarts of the
+/// portal and the bus; while nothing answers, the last answer holds.
 class PortalMotion : public Motion {
     Q_OBJECT
 public:

@@ -45,7 +45,7 @@ SessionBus::~SessionBus() {
 
 void SessionBus::onAnswer(bool answered) {
     if (answered) {
-        // QtDBus waits for the bus without a timeout: connect only to one that has just answered.
+        // QtDBus has no timeout for connecting, so connect only after the bus has answered.
         auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, m_name);
         if (bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
                         QStringLiteral("org.freedesktop.DBus.Local"),
@@ -55,7 +55,7 @@ void SessionBus::onAnswer(bool answered) {
         }
         QDBusConnection::disconnectFromBus(m_name);
     }
-    // At a busy login the answer may just have come too late.
+    // At a busy login the answer may just be late.
     m_retry.start(m_failures++ < 3 ? 3s : 30s);
 }
 

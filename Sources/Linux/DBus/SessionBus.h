@@ -8,26 +8,26 @@
 
 namespace perchly {
 
-/// A connection to the session bus that reconnects when the bus restarts. It never waits for a bus
-/// that does not answer, apart from answers(). Main thread only.
+/// A connection to the session bus that reconnects when the bus restarts. Never waits for a bus
+/// that does not answer, except in answers(). Main thread only.
 class SessionBus : public QObject {
     Q_OBJECT
 public:
-    /// Whether there is a session bus that lets us in and answers within the timeout. Any thread,
-    /// also without an application object; takes about a millisecond with a bus that answers.
+    /// Whether there is a session bus that accepts us and answers within the timeout. Any thread,
+    /// also without an application object; takes about a millisecond if the bus answers.
     [[nodiscard]] static bool answers(std::chrono::milliseconds timeout);
 
-    /// Connects if the bus has just answered, else later. The name is the connection's own in this
-    /// process.
+    /// Connects if the bus has just answered, else later. `name` is the connection's, unique in
+    /// this process.
     explicit SessionBus(QString name, bool hasAnswered = answers(std::chrono::seconds(1)));
     ~SessionBus() override;
 
     [[nodiscard]] bool isConnected() const { return connection().isConnected(); }
-    /// While not connected it behaves like an empty bus.
+    /// Behaves like an empty bus while not connected.
     [[nodiscard]] QDBusConnection connection() const { return QDBusConnection(m_name); }
 
 Q_SIGNALS:
-    /// Not for the connection made by the constructor.
+    /// Not emitted for a connection made by the constructor.
     void connected();
     void lost();
 

@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto delay = 300ms; // changes rarely come alone
+constexpr auto delay = 300ms; // changes usually come in groups
 
 constexpr unsigned gone = IN_DELETE_SELF | IN_MOVE_SELF | IN_IGNORED;
 constexpr unsigned ofEntries = IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_MOVE | IN_ATTRIB;
@@ -52,7 +52,7 @@ void FolderWatch::add(const std::string &folder) {
         path = path.parent_path();
         watch = inotify_add_watch(m_descriptor, path.c_str(), ofParent | always);
     }
-    const std::scoped_lock lock(m_mutex); // not while the kernel waits for a slow disk
+    const std::scoped_lock lock(m_mutex); // not held while the kernel waits for a slow disk
     m_round.insert(watch);
     m_watches.insert(watch);
 }

@@ -31,7 +31,7 @@ QString replace(const QString &path, const QByteArray &bytes, Durability durabil
         QDir().mkpath(QFileInfo(folder).absolutePath());
         QDir().mkdir(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
-    // Not QSaveFile: it always waits for the disk.
+    // Not QSaveFile, which always waits for the disk.
     QTemporaryFile file(target + QStringLiteral(".tmp-XXXXXX"));
     if (!file.open() || file.write(bytes) != bytes.size() || !file.flush()) {
         return file.errorString();
@@ -61,7 +61,7 @@ std::optional<QString> setAside(const QString &path) {
     do {
         aside = path + QStringLiteral(".kept-") + QString::number(++number);
     } while (QFileInfo::exists(aside));
-    // A folder and some file systems allow no second name.
+    // Folders and some file systems allow no hard links.
     const bool done =
         ::link(QFile::encodeName(path).constData(), QFile::encodeName(aside).constData()) == 0 ||
         QFile::rename(path, aside);

@@ -14,8 +14,8 @@
 
 namespace perchly {
 
-/// Players as the bus knows them. Every name of the kind counts, apart from the one that only
-/// repeats others; Spotify and the music application are listened to.
+/// Players found by their bus names: all count, except the one that only mirrors others. Listens to
+/// the changes of Spotify and the music application.
 class BusPlayerNotifications : public PlayerNotifications {
     Q_OBJECT
 public:
@@ -40,7 +40,7 @@ private:
     QDBusServiceWatcher m_watcher;
     std::map<QString, std::unique_ptr<WatchedPlayer>> m_players;
     PlayerPresence m_presence = PlayerPresence::Unknown;
-    Workers m_workers{1}; ///< look up the music application
+    Workers m_workers{1}; ///< to look up the music application
 };
 
 } // namespace perchly

@@ -7,10 +7,10 @@ namespace perchly {
 
 class Applications;
 
-/// Opens the user's application for music; see findMusicApplication.
+/// Opens the user's music application; see findMusicApplication.
 class DefaultMusicPlayer : public MusicPlayer {
 public:
-    /// The applications must outlive it.
+    /// `applications` must outlive it.
     explicit DefaultMusicPlayer(Applications &applications);
 
     void open() override;

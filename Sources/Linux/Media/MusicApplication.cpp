@@ -46,7 +46,7 @@ Application defaultFor(const char *type) {
     return Application(g_app_info_get_default_for_type(type, FALSE));
 }
 
-/// By name, so that the answer does not depend on the order of files in a folder.
+/// Sorted by name, so that the answer does not depend on the order of files in a folder.
 std::optional<MusicApplication> firstInstalled() {
     GList *all = g_app_info_get_all();
     std::optional<MusicApplication> first;
@@ -92,7 +92,7 @@ bool isPlayerOf(const std::string &identifier, const std::string &busName,
                 const std::string &desktopEntry) {
     constexpr std::string_view prefix = "org.mpris.MediaPlayer2.";
     std::string name = busName.substr(std::min(prefix.size(), busName.size()));
-    name.resize(std::min(name.find(".instance"), name.size())); // one of several that run at once
+    name.resize(std::min(name.find(".instance"), name.size())); // one of several running instances
     return !identifier.empty() && (isSame(desktopEntry, identifier) || isSame(name, identifier) ||
                                    isSame(lastWord(name), lastWord(identifier)));
 }

@@ -4,14 +4,14 @@ namespace perchly {
 
 namespace {
 
-/// A reading is a few kilobytes.
+/// A reading takes a few kilobytes.
 constexpr qsizetype maxOutput = 256 * 1024;
 
 } // namespace
 
 ProcessScriptHost::ProcessScriptHost(QString program)
     : m_program(std::move(program))
-    , m_runs(4) {} // a reading, a command, its verification, and one to spare
+    , m_runs(4) {} // a reading, a command, its verification, and one spare
 
 Task ProcessScriptHost::run(const QStringList &arguments,
                             std::optional<std::chrono::milliseconds> limit, Completion completion) {

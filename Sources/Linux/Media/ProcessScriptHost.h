@@ -10,7 +10,7 @@ namespace perchly {
 /// Runs the companion as child processes, at most four at a time.
 class ProcessScriptHost : public ScriptHost {
 public:
-    /// The companion's absolute path; empty when there is none.
+    /// Takes the companion's absolute path, empty if it is not installed.
     explicit ProcessScriptHost(QString program);
 
     [[nodiscard]] bool isRunnable() const override { return !m_program.isEmpty(); }

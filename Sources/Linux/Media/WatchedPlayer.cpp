@@ -24,7 +24,7 @@ WatchedPlayer::WatchedPlayer(const QDBusConnection &bus, QString name)
     m_burst.setSingleShot(true);
     m_burst.setInterval(50ms);
     connect(&m_burst, &QTimer::timeout, this, &WatchedPlayer::readState);
-    // Some answer only once they have started.
+    // Some players answer only after they have started.
     ask(rootInterface, 30s, [this](const QString &owner, const QVariantMap &properties) {
         m_owner = owner;
         Q_EMIT identified(properties.value(QStringLiteral("DesktopEntry")).toString());
@@ -32,7 +32,8 @@ WatchedPlayer::WatchedPlayer(const QDBusConnection &bus, QString name)
 }
 
 void WatchedPlayer::follow() {
-    // By the unique name: QtDBus would wait for the bus to learn who owns the other.
+    // Connect by the unique name: for a well-known one, QtDBus would wait for the bus to look up
+    // its owner.
     m_bus.connect(m_owner, playerPath, propertiesInterface, QStringLiteral("PropertiesChanged"),
                   {playerInterface}, QString(), this, SLOT(onPropertiesChanged()));
 }

@@ -11,19 +11,19 @@
 namespace perchly {
 
 /// One player on the bus. Its change signals are often partial, so each burst of them is followed
-/// by one request for all properties. Nothing blocks; no signal comes after its destruction.
+/// by one request for all properties. Nothing blocks; nothing is emitted after destruction.
 class WatchedPlayer : public QObject {
     Q_OBJECT
 public:
-    /// Asks the player who it is.
+    /// Asks the player for its identity.
     WatchedPlayer(const QDBusConnection &bus, QString name);
 
-    /// Listens to the player's changes. Call it once, after it was identified.
+    /// Listens to the player's changes. Call it once, after the player was identified.
     void follow();
 
 Q_SIGNALS:
     void identified(const QString &desktopEntry);
-    /// With the strings that PlayerNotifications gives.
+    /// `information` holds the strings of PlayerNotifications::received().
     void changed(const QVariantMap &information);
 
 private Q_SLOTS:
@@ -37,7 +37,7 @@ private:
 
     QDBusConnection m_bus;
     QString m_name;
-    QString m_owner; ///< the unique name from which its signals come
+    QString m_owner; ///< the unique name that its signals come from
     QTimer m_burst;
 };
 

@@ -14,7 +14,7 @@ namespace perchly {
 
 namespace {
 
-/// Calls a completion with the value from the event loop, unless it is destroyed before.
+/// Calls a completion with the value from the event loop, unless destroyed before.
 class Answer : public ScheduledTask {
 public:
     template <class Completion, class Value>
@@ -22,7 +22,7 @@ public:
         m_timer.setSingleShot(true);
         QObject::connect(&m_timer, &QTimer::timeout, &m_timer,
                          [completion = std::move(completion), value] {
-                             const auto action = completion; // outlives the task it may destroy
+                             const auto action = completion; // it may destroy this task
                              action(value);
                          });
         m_timer.start(0);
@@ -87,8 +87,8 @@ public:
     bool registerChord(int, Chord) override { return false; }
 };
 
-/// Only what Qt does for any window: the panel has its size and is shown, but the window system
-/// decides where it is and whether it has the keyboard.
+/// The panel as a plain Qt window: it has its size and is shown, but the window system decides its
+/// position and focus.
 class NullPanelHost : public PanelHost {
 public:
     void attach(QWindow *panel) override { m_panel = panel; }
@@ -233,7 +233,7 @@ public:
     }
 };
 
-/// No tool: nothing is listed and every run fails.
+/// Lists no shortcuts and fails every run.
 class NullShortcutsTool : public ShortcutsTool {
 public:
     Task execute(const QStringList &, Completion completion) override {

@@ -5,11 +5,10 @@
 
 namespace perchly {
 
-/// Hosts that answer as if there was nothing to ask. Only the clock is left empty, as time is never
-/// missing.
+/// Hosts for a program without a desktop. The clock is left empty, as every system has one.
 [[nodiscard]] Hosts nullHosts();
 
-/// Every instance is the only one.
+/// Always claims to be the only instance.
 [[nodiscard]] std::unique_ptr<SingleInstance> nullSingleInstance();
 
 } // namespace perchly

@@ -51,7 +51,7 @@ struct AudioGraph::Callbacks {
 
     static void clientInfo(void *data, const pw_client_info *info) {
         auto &client = *static_cast<GraphClient *>(data);
-        // Only an update of the properties carries them.
+        // Only a change of the properties includes them.
         if ((info->change_mask & PW_CLIENT_CHANGE_MASK_PROPS) != 0 && info->props != nullptr) {
             client.graph->read(client, *info->props);
         }
@@ -94,7 +94,7 @@ AudioGraph::AudioGraph(PipeWireConnection &connection, QObject *parent)
     m_announcement.setSingleShot(true);
     m_announcement.setInterval(announcementDelay);
     connect(&m_announcement, &QTimer::timeout, this, [this] {
-        // Forget processes that were still ending when their last stream went.
+        // Forget processes that had not yet ended when their last stream went.
         std::erase_if(m_known, [this](const auto &entry) {
             const Known known = entry.second;
             return !hasProcess(known.number);
@@ -106,7 +106,7 @@ AudioGraph::AudioGraph(PipeWireConnection &connection, QObject *parent)
     connect(&connection, &PipeWireConnection::connected, this, &AudioGraph::begin);
     connect(&connection, &PipeWireConnection::lost, this, &AudioGraph::clear);
     connect(&connection, &PipeWireConnection::answered, this, &AudioGraph::answered);
-    // Delayed: a session manager removes its table before it goes.
+    // Delayed, since a session manager removes its table before it exits.
     connect(&m_metadata, &SessionMetadata::defaultOutputChanged, &m_announcement,
             qOverload<>(&QTimer::start));
 }
@@ -176,7 +176,7 @@ void AudioGraph::add(std::uint32_t id, const char *type, const spa_dict &propert
                SessionMetadata::isDescribedBy(properties)) {
         m_metadata.bind(asRegistry(m_registry), id);
         m_announcement.start();
-        // While one client binds the table, PipeWire drops its events for all others.
+        // While a client binds the table, PipeWire drops its events for all others.
         QTimer::singleShot(recheckDelay, &m_metadata, [this, id] {
             if (m_metadata.isBound() && m_metadata.id() == id &&
                 m_metadata.defaultOutput().isEmpty()) {
@@ -243,7 +243,7 @@ void AudioGraph::read(GraphClient &client, const spa_dict &properties) {
     client.name = textOf(properties, PW_KEY_APP_NAME);
     client.applicationId = textOf(properties, PW_KEY_APP_ID);
     client.binary = textOf(properties, PW_KEY_APP_PROCESS_BINARY);
-    // Pids are per sandbox.
+    // Each sandbox has its own PIDs.
     const QString sandbox = textOf(properties, "pipewire.access.portal.app_id");
     if (client.applicationId.isEmpty()) {
         client.applicationId = sandbox;

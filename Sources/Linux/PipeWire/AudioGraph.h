@@ -15,9 +15,9 @@ namespace perchly {
 
 class PipeWireConnection;
 
-/// The server's objects: who plays, and where to. Clients and streams with the same pid
-/// are one process until it ends, since programs close and open connections. Numbers of processes
-/// are not used again; an output of the same name keeps its number. Main thread only.
+/// The server's objects: which processes play, and to which output. Clients and streams with the
+/// same PID are one process until it ends, since programs close and reopen connections. Process
+/// numbers are never reused; an output with the same name keeps its number. Main thread only.
 class AudioGraph : public QObject {
     Q_OBJECT
 public:
@@ -27,28 +27,27 @@ public:
     /// Whether all existing objects have been announced, and streams can be moved.
     [[nodiscard]] bool isComplete() const { return m_isComplete && m_metadata.isBound(); }
 
-    /// 0 when there is none. It is kept while the server is away.
+    /// 0 if there is none. Kept while the server is away.
     [[nodiscard]] AudioObject defaultOutput() const { return m_defaultOutput; }
 
     [[nodiscard]] QList<AudioProcess> processes() const;
     [[nodiscard]] bool hasProcess(AudioObject process) const;
     /// Null when there is none.
     [[nodiscard]] const GraphClient *clientOf(AudioObject process) const;
-    /// The pid as the kernel knows it; nothing when it is unknown, as in a sandbox.
+    /// The PID outside any sandbox; nullopt if unknown.
     [[nodiscard]] std::optional<std::int32_t> systemPidOf(AudioObject process) const;
     [[nodiscard]] QList<const GraphStream *> streamsOf(AudioObject process) const;
     /// Null when there is no such stream.
     [[nodiscard]] const GraphStream *stream(std::uint32_t node) const;
     /// 0 when there is no such stream.
     [[nodiscard]] AudioObject processOf(std::uint32_t node) const;
-    /// A number that is not used again; empty when the node is no output.
+    /// A number that is never reused; empty if the node is not an output.
     [[nodiscard]] QString serialOfOutput(std::uint32_t node) const;
-    /// The node; nothing when no output has that number.
+    /// The node; nullopt if no output has that number.
     [[nodiscard]] std::optional<std::uint32_t> outputOfSerial(const QString &serial) const;
 
     /// A stream was linked to this output as if it were the default. If the table says otherwise,
-    /// reads the table again: the server withholds its news while another program starts to read
-    /// it.
+    /// reads the table again: the server drops its events while another program binds it.
     void recheckDefault(std::uint32_t output);
 
     [[nodiscard]] SessionMetadata &metadata() { return m_metadata; }
@@ -59,9 +58,9 @@ Q_SIGNALS:
     /// for many changes.
     void changed();
 
-    // From within a callback of the connection:
-    /// A new stream, which may belong to no process yet, or one that now belongs to a process,
-    /// plays or pauses.
+    // Emitted from within a callback of the connection:
+    // A stream is new, even if it belongs to no process yet, now belongs to a process, plays or
+    // pauses.
     void streamChanged(std::uint32_t node);
     void streamRemoved(std::uint32_t node);
     void linked(std::uint32_t from, std::uint32_t to);
@@ -70,12 +69,12 @@ Q_SIGNALS:
 
 private:
     struct Callbacks;
-    /// A pid and its sandbox, or -1 and another identification.
+    /// A PID and its sandbox, or -1 and another identifier.
     using ProcessKey = std::pair<std::int64_t, QString>;
 
     struct Known {
         AudioObject number = 0;
-        std::optional<quint64> startTime; ///< nothing when unknown
+        std::optional<quint64> startTime; ///< nullopt if unknown
         QString bundleId;
     };
 

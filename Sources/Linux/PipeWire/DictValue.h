@@ -9,12 +9,12 @@
 
 namespace perchly {
 
-/// Empty when the key is missing.
+/// Empty if the key is missing.
 inline QString textOf(const spa_dict &properties, const char *key) {
     return QString::fromUtf8(spa_dict_lookup(&properties, key));
 }
 
-/// Nothing when the key is missing or its value is not a number.
+/// nullopt if the key is missing or its value is not a number.
 inline std::optional<std::uint32_t> numberOf(const spa_dict &properties, const char *key) {
     bool isNumber = false;
     const std::uint32_t number = textOf(properties, key).toUInt(&isNumber);

@@ -18,7 +18,7 @@ struct GraphClient {
     ProxyPointer proxy;
     spa_hook listener{};
     AudioObject process = 0;         ///< 0 until the client has been read
-    std::optional<std::int32_t> pid; ///< may be the sandbox's
+    std::optional<std::int32_t> pid; ///< may be the PID inside a sandbox
     QString name;                    ///< these are empty when unknown
     QString applicationId;
     QString binary;
@@ -31,7 +31,7 @@ struct GraphStream {
     ProxyPointer proxy;
     spa_hook listener{};
     std::optional<std::uint32_t> client;
-    AudioObject ownProcess = 0; ///< of a stream without client
+    AudioObject ownProcess = 0; ///< of a stream without a client
     bool isRunning = false;
     bool isEncoded = false;
     bool isFixed = false; ///< its program forbids moving it

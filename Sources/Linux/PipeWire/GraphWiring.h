@@ -28,7 +28,7 @@ public:
     /// Whether a link leads from one node to the other.
     [[nodiscard]] bool connects(std::uint32_t from, std::uint32_t to) const;
 
-    /// From 0 to 0 when there is no such link.
+    /// From 0 to 0 if there is no such link.
     [[nodiscard]] GraphLink link(std::uint32_t id) const { return m_links.value(id); }
 
 private:

@@ -6,17 +6,17 @@
 
 namespace perchly {
 
-/// Runs a handler on the main thread when a real-time thread asks for it. Main thread only, apart
-/// from signal().
+/// Runs a handler on the main thread when a real-time thread requests it. Main thread only, except
+/// signal().
 class LoopEvent {
 public:
-    /// The loop outlives it.
+    /// The loop must outlive it.
     LoopEvent(pw_loop *loop, std::function<void()> handler);
     ~LoopEvent();
     LoopEvent(const LoopEvent &) = delete;
     LoopEvent &operator=(const LoopEvent &) = delete;
 
-    /// Any thread; does not block. The handler runs soon, within a callback of the connection.
+    /// Any thread; does not block. The handler runs soon, in a callback of the connection.
     void signal();
 
 private:

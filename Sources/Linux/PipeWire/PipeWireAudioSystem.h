@@ -14,22 +14,22 @@
 
 namespace perchly {
 
-/// Processes and routes of PipeWire, with a session manager that moves streams on request. Connects
+/// PipeWire's processes and routes; needs a session manager that moves streams on request. Connects
 /// a moment after start(), when the shelf is visible, and again whenever the server comes back.
 class PipeWireAudioSystem : public AudioSystem {
     Q_OBJECT
 public:
-    /// Finds a running application by its pid and the name of its desktop entry or program, as far
+    /// Finds a running application by its PID and the name of its desktop entry or program, as far
     /// as these are known. May block. Called on threads of a pool, several at once.
     using ApplicationFinder = std::function<std::optional<RunningApplication>(
         std::optional<std::int32_t> pid, const QStringList &hints)>;
 
-    /// The keeper is the absolute path of the companion that sends streams back if Perchly is
-    /// killed; may be empty.
+    /// `keeper` is the absolute path of the companion that sends streams back if Perchly is killed;
+    /// may be empty.
     explicit PipeWireAudioSystem(ApplicationFinder find = {}, const QString &keeper = {},
                                  QObject *parent = nullptr);
-    /// Waits at most a quarter of a second until the server has processed the end of routes, if any
-    /// ended just now; for the companion as RouteKeeper does; and for the finder.
+    /// Waits at most a quarter of a second for the server to process the end of recent routes; also
+    /// for the companion, as RouteKeeper does, and for the finder.
     ~PipeWireAudioSystem() override;
 
     void start() override;
@@ -50,7 +50,7 @@ private:
     };
     struct Lookup {
         Question question;
-        std::optional<RunningApplication> found; ///< kept until a new question is answered
+        std::optional<RunningApplication> found; ///< kept until a newer lookup has finished
     };
 
     void note();
@@ -64,7 +64,7 @@ private:
     RetiredStreams m_retired;
     QHash<AudioObject, Lookup> m_lookups; ///< of every process that has played
     bool m_hasBeenComplete = false;
-    Workers m_workers{8}; ///< one on a slow disk must not delay the others
+    Workers m_workers{8}; ///< so that a slow disk delays only one lookup
 };
 
 } // namespace perchly

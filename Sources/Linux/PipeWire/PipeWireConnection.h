@@ -12,9 +12,9 @@
 
 namespace perchly {
 
-/// A connection to PipeWire that runs in the event loop and reconnects: it watches the folder of
-/// the server's socket, so a missing server costs nothing. Main thread only; neither start() nor
-/// the destructor waits for the buses that libpipewire asks for real-time priority.
+/// A connection to PipeWire in the event loop. It reconnects by watching the folder of the server's
+/// socket, so a missing server costs nothing. Main thread only; neither start() nor the destructor
+/// waits for the buses that libpipewire asks for real-time priority.
 class PipeWireConnection : public QObject {
     Q_OBJECT
 public:
@@ -30,20 +30,20 @@ public:
     [[nodiscard]] pw_core *core() const { return m_core.get(); }
 
     /// Waits until the server has processed all requests; for the end of the program. Must not be
-    /// called from within a callback of the connection.
+    /// called in a callback of the connection.
     void settle(std::chrono::milliseconds limit);
 
     /// Waits some microseconds until the real-time thread has finished its current work.
     void passRealTimeThread();
 
-    /// Asks the server to answer; answered() is emitted with this number then.
+    /// Asks the server to answer, upon which answered() is emitted with the returned number.
     int ask();
 
 Q_SIGNALS:
     void connected();
-    /// The server is gone: everything made through the core must be destroyed now.
+    /// The server is gone: destroy everything made through the core now.
     void lost();
-    /// From within a callback of the connection.
+    /// Emitted from within a callback of the connection.
     void answered(int number);
 
 private:

@@ -38,7 +38,7 @@ QFuture<PipeWireContext> makePipeWireContext() {
         made.finish();
     };
     try {
-        // Detached: a bus that never answers must not keep the program from ending.
+        // Detached, since a bus that never answers must not keep the program from ending.
         std::thread(makeOnThread, std::move(promise)).detach();
     } catch (const std::system_error &) {
         // The promise is destroyed, which ends the future.

@@ -6,16 +6,16 @@
 
 namespace perchly {
 
-/// What libpipewire needs before it can connect.
+/// libpipewire's objects that a connection needs.
 struct PipeWireContext {
     LoopPointer loop;
-    ContextPointer context; // goes before its loop
+    ContextPointer context; // destroyed before its loop
 };
 
-/// Makes loop and context on a thread of their own: libpipewire asks for real-time priority then,
-/// and waits for the session bus and the system bus without a timeout. The thread that takes the
-/// result enters the loop. A result that nobody takes is destroyed. Both are null if they
-/// could not be made; there is no result if no thread could be started.
+/// Creates loop and context on a separate thread, since libpipewire then asks for real-time
+/// priority and waits for both buses without a timeout. The thread that takes the result enters the
+/// loop. An unclaimed result is destroyed. Both members are null if creating them failed; there is
+/// no result if no thread could be started.
 [[nodiscard]] QFuture<PipeWireContext> makePipeWireContext();
 
 } // namespace perchly

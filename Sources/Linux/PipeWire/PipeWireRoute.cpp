@@ -17,13 +17,13 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// After this, the process is sent to the route even if its ends do not run yet.
+/// After this time, the process is sent to the route even if its ends do not run yet.
 constexpr auto startLimit = 500ms;
 
-/// After this, the sink no longer runs without the process' streams.
+/// After this time, the sink may stop running without the process's streams.
 constexpr auto arrivalLimit = 1s;
 
-/// How long news of another default output may take after the route plays there.
+/// How long news of another default output may take after the route plays to it.
 constexpr auto newsLimit = 500ms;
 
 QString failure(const char *what, int status) {
@@ -49,7 +49,7 @@ PipeWireRoute::PipeWireRoute(PipeWireConnection &connection, AudioGraph &graph, 
         if (m_streams->isMade()) {
             send();
         } else {
-            m_startLimit.start(); // the server is slow, and nothing is lost
+            m_startLimit.start(); // the server is slow, but no sound is lost
         }
     });
     m_arrivalLimit.setSingleShot(true);
@@ -84,7 +84,7 @@ QString PipeWireRoute::start(std::shared_ptr<AudioRingBuffer> ring) {
                        "→ Screen & System Audio Recording, then retry",
                        status);
     }
-    // PipeWire turns all formats into the stereo floats of the sink, except those that only the
+    // PipeWire converts all formats into the sink's stereo floats, except those that only the
     // device can decode.
     if (isAny(m_graph.streamsOf(m_process), &GraphStream::isEncoded)) {
         return QStringLiteral("This app’s audio format is not supported by the mixer yet.");

@@ -14,8 +14,8 @@ class AudioGraph;
 class PipeWireConnection;
 class RouteKeeper;
 
-/// One route through PipeWire: a sink for the process's streams, and a stream that
-/// plays the sink's sound. The streams are moved only when both run, so that nothing is lost.
+/// One route through PipeWire: a sink for the process's streams, and a stream that plays the sink's
+/// sound. Streams are moved only when both run, so that no sound is lost.
 class PipeWireRoute : public QObject, public AudioRoute {
     Q_OBJECT
 public:
@@ -23,16 +23,16 @@ public:
                   AudioObject process);
     ~PipeWireRoute() override;
 
-    /// Call it once. Empty when the route has started, else why not, for the user. The server is
-    /// not waited for.
+    /// Call it once. Returns an empty string if the route has started, else an error for the user.
+    /// Does not wait for the server.
     [[nodiscard]] QString start(std::shared_ptr<AudioRingBuffer> ring);
     [[nodiscard]] bool isRunning() const override;
 
 Q_SIGNALS:
-    /// The streams must be kept until the session manager has sent the process' streams back.
+    /// Keep the streams until the session manager has sent the process's streams back.
     void retired(std::shared_ptr<perchly::RouteStreams> streams, const QList<std::uint32_t> &sent);
-    /// isRunning() has turned false because the streams were moved by somebody else or cannot be
-    /// moved any more. Not emitted when the server takes an end away. May come from within a
+    /// isRunning() has turned false because another program moved the streams, or because they can
+    /// no longer be moved. Not emitted when the server removes an end. May come from within a
     /// callback of the connection.
     void stopped();
 
@@ -50,7 +50,7 @@ private:
     QTimer m_startLimit;
     QTimer m_arrivalLimit;
     QTimer m_recheck;
-    std::uint32_t m_playsTo = 0; ///< the output's node
+    std::uint32_t m_playsTo = 0; ///< node of the output
     bool m_isStarted = false;
 };
 

@@ -10,7 +10,7 @@ namespace perchly {
 
 namespace {
 
-/// The target that the user chose; the name of a route is left over from an earlier one.
+/// The target that the user chose, if any: the name of a route is left over from an earlier route.
 std::optional<StreamTarget> chosenByUser(const std::optional<StreamTarget> &target) {
     return target && QLatin1StringView(target->value).startsWith(RouteStreams::namePrefix)
                ? std::nullopt
@@ -34,8 +34,8 @@ ProcessMove::~ProcessMove() {
 
 void ProcessMove::begin(std::uint32_t sink) {
     m_isUnderWay = true;
-    // A stream that is moved while it is being connected plays at both places until it ends; so a
-    // later one is moved when it plays.
+    // A stream moved while it is being connected plays in both places until it ends; so a new
+    // stream is moved only once it plays.
     connect(&m_graph, &AudioGraph::streamChanged, this, [this](std::uint32_t node) {
         const GraphStream *stream = m_graph.stream(node);
         if (stream != nullptr && stream->isRunning && m_graph.processOf(node) == m_process) {
@@ -66,7 +66,7 @@ void ProcessMove::move(std::uint32_t node) {
     }
 }
 
-/// Notes where the stream goes back to, while the table still says so.
+/// Records the stream's target while the table still has it.
 void ProcessMove::note(std::uint32_t node) {
     const auto before = originalTarget(node);
     m_before.insert(node, before);
@@ -85,7 +85,7 @@ void ProcessMove::forget(std::uint32_t node) {
 }
 
 void ProcessMove::watch(std::uint32_t node) {
-    // Until our value has come back, older values may still arrive.
+    // Older values may still arrive until ours does.
     if (!m_before.contains(node)) {
         return;
     }
@@ -108,8 +108,8 @@ std::optional<StreamTarget> ProcessMove::originalTarget(std::uint32_t node) cons
     if (const auto target = chosenByUser(m_graph.metadata().target(node))) {
         return target;
     }
-    // The session manager forgets its own choice for the program when the target is removed, so
-    // that choice becomes a target.
+    // Setting a target makes the session manager forget the output that it remembers for the
+    // program, so that output becomes the target to restore.
     const auto remembered = m_graph.metadata().rememberedNode(node);
     const QString serial = remembered ? m_graph.serialOfOutput(*remembered) : QString();
     if (serial.isEmpty()) {

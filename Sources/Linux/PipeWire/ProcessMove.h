@@ -12,12 +12,12 @@ namespace perchly {
 class AudioGraph;
 class RouteKeeper;
 
-/// Sends all present and later streams of a process to one node, and back to where they were.
-/// Streams whose program forbids it stay where they are. Main thread only.
+/// Sends all current and later streams of a process to one node, and back to where they were.
+/// Streams whose program forbids moving stay. Main thread only.
 class ProcessMove : public QObject {
     Q_OBJECT
 public:
-    /// The target is the node's name: the session manager would remember a serial number for all
+    /// The target is a node name: the session manager would remember a serial number for all
     /// instances of the program.
     ProcessMove(AudioGraph &graph, RouteKeeper &keeper, AudioObject process, const QString &target);
     /// Leaves streams where they are unless undo() was called.

@@ -10,8 +10,8 @@ std::optional<quint64> processStartTime(std::int32_t pid) {
     if (!file.open(QIODevice::ReadOnly)) {
         return std::nullopt;
     }
-    // The name in parentheses may hold anything. After it come the state and, 19 fields later, the
-    // time.
+    // The name in parentheses may contain anything. After it come the state and, 19 fields later,
+    // the time.
     const QByteArray line = file.readAll();
     const QByteArrayList fields = line.mid(line.lastIndexOf(')') + 2).split(' ');
     constexpr qsizetype timeField = 19;

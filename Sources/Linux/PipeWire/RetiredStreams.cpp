@@ -30,7 +30,7 @@ void RetiredStreams::add(std::shared_ptr<RouteStreams> streams, const QList<std:
     m_timer.start();
 }
 
-/// Other streams that somebody sent there stay until the end, so they do not count.
+/// Streams that another program sent there stay until the end, so they do not count.
 bool RetiredStreams::isFed(const Retired &retired) const {
     return std::any_of(retired.sent.cbegin(), retired.sent.cend(), [&](std::uint32_t node) {
         return m_graph.wiring().connects(node, retired.streams->captureNode());
@@ -43,8 +43,8 @@ bool RetiredStreams::isOver(Retired &retired) const {
         return true;
     }
     if (age >= maxAge || (age >= minAge && !isFed(retired))) {
-        // They leave the graph before they are destroyed: the server's last messages hold
-        // descriptors that would leak otherwise.
+        // Take them out of the graph before destroying them: the server's last messages hold
+        // descriptors that would otherwise leak.
         retired.streams->leaveGraph();
         retired.isUnlinked = true;
     }

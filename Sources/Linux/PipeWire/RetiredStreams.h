@@ -14,7 +14,7 @@ namespace perchly {
 
 class AudioGraph;
 
-/// Keeps the streams of released routes until the session manager has sent the process' streams
+/// Keeps the streams of released routes until the session manager has sent the process's streams
 /// back, so that no sound is lost, and a moment longer: a stream that ends while the server is
 /// still connecting it leaks descriptors. Main thread only.
 class RetiredStreams : public QObject {
@@ -22,7 +22,7 @@ class RetiredStreams : public QObject {
 public:
     explicit RetiredStreams(const AudioGraph &graph, QObject *parent = nullptr);
 
-    /// The process' own streams, by the numbers of their nodes.
+    /// `sent` lists the nodes of the process's own streams.
     void add(std::shared_ptr<RouteStreams> streams, const QList<std::uint32_t> &sent);
     [[nodiscard]] bool isEmpty() const { return m_retired.empty(); }
 

@@ -11,7 +11,7 @@ namespace perchly {
 
 namespace {
 
-/// A list of two buffers: the second one follows the list, whose last member is the first.
+/// An AudioBufferList with two buffers: it contains the first, and the second follows it.
 struct PlanarStereo {
     AudioBufferList list;
     AudioBuffer right;
@@ -65,7 +65,7 @@ void RouteCycle::play(pw_stream *output) {
     }
 }
 
-/// Drops frames captured while nothing played: they would delay all later ones.
+/// Drops frames captured while nothing played, as they would delay all later ones.
 void RouteCycle::dropStaleFrames(std::uint32_t captured) {
     const std::uint64_t kept = m_hasPlayed ? captured : 0;
     while (m_captured - m_played > kept) {

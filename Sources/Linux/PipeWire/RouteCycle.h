@@ -13,8 +13,8 @@ namespace perchly {
 
 class LoopEvent;
 
-/// The real-time thread's work in each cycle of the server's graph: captured frames go into the
-/// ring, and within the same cycle, frames of the ring are played.
+/// The real-time thread's work in each cycle of the server's graph: it writes captured frames to
+/// the ring and plays frames of the ring, both within the same cycle.
 class RouteCycle {
 public:
     explicit RouteCycle(std::shared_ptr<AudioRingBuffer> ring)
@@ -22,18 +22,18 @@ public:
 
     // Main thread, before open().
     void setOutput(pw_stream *output) { m_output = output; }
-    /// Signalled after the second complete cycle: both ends run then, and there is a whole cycle of
-    /// time until the next one.
+    /// `running` is signalled after the second complete cycle, when both ends run and a whole cycle
+    /// is left until the next one.
     void setRunning(LoopEvent *running) { m_running = running; }
 
-    /// Starts using the ring. Before, nothing is captured and silence is played.
+    /// Starts using the ring. Until then nothing is captured and silence is played.
     void open() { m_isOpen.store(true, std::memory_order_release); }
 
-    /// Whether the output may be triggered: otherwise the main thread is preparing it.
+    /// Whether the output may be triggered; false while the main thread prepares it.
     void setOutputRuns(bool runs) { m_outputRuns.store(runs, std::memory_order_release); }
 
-    // The real-time thread, when the source has frames, and when the output wants some. Neither
-    // blocks or allocates.
+    // Called on the real-time thread when the source has frames or the output wants some. Neither
+    // blocks nor allocates.
     void capture(pw_stream *source);
     void play(pw_stream *output);
 

@@ -79,7 +79,7 @@ void RouteKeeper::forget(std::uint32_t node) {
 void RouteKeeper::dismiss() {
     if (m_companion != nullptr) {
         m_companion->closeWriteChannel();
-        m_companion = nullptr; // deleted when it has ended
+        m_companion = nullptr; // deleted when it ends
     }
 }
 

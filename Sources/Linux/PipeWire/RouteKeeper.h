@@ -9,18 +9,19 @@
 
 namespace perchly {
 
-/// Tells a companion where the streams of routed processes go if Perchly is killed: the session
-/// manager would send them to the default output. It runs while there are such streams and a few
-/// seconds longer. If it is killed, the next keep() starts another one. Main thread only.
+/// Tells a companion where to send the streams of routed processes if Perchly is killed, since the
+/// session manager would send them to the default output. The companion runs while there are such
+/// streams and a few seconds longer. If it is killed, the next keep() starts another. Main thread
+/// only.
 class RouteKeeper : public QObject {
     Q_OBJECT
 public:
-    /// The companion's absolute path; nothing is kept if it is empty.
+    /// Takes the companion's absolute path; does nothing if it is empty.
     explicit RouteKeeper(QString program, QObject *parent = nullptr);
-    /// Waits for companions to end, for at most a tenth of a second each, and then kills them.
+    /// Waits at most a tenth of a second for each companion to end, then kills it.
     ~RouteKeeper() override;
 
-    /// Where a stream goes back to; nothing leaves that to the session manager.
+    /// Stores a stream's target after the end; nullopt leaves it to the session manager.
     void keep(std::uint32_t node, const std::optional<StreamTarget> &target);
     void forget(std::uint32_t node);
 

@@ -44,10 +44,10 @@ pw_properties *RouteStreams::properties(const QString &name) const {
 }
 
 void RouteStreams::setGroups(pw_properties *properties) const {
-    // One driver for both ends, and no link from the playback to the sink.
+    // Both ends share one driver, and nothing links the playback to the sink.
     set(properties, PW_KEY_NODE_GROUP, m_uid);
     set(properties, PW_KEY_NODE_LINK_GROUP, m_uid);
-    // A new route must not start with the volume or target of an earlier one.
+    // A new route must not restore the volume or target of an earlier one.
     set(properties, "state.restore-props", QStringLiteral("false"));
     set(properties, "state.restore-target", QStringLiteral("false"));
 }
@@ -60,7 +60,7 @@ std::unique_ptr<StereoStream> RouteStreams::make(pw_properties *properties,
 int RouteStreams::openCapture() {
     pw_properties *made = properties(m_name);
     setGroups(made);
-    // A plain sink: PulseAudio streams sent to any other kind never start.
+    // Must be a plain sink: PulseAudio streams sent to any other kind never start.
     set(made, PW_KEY_MEDIA_CLASS, QStringLiteral("Audio/Sink"));
     set(made, PW_KEY_NODE_AUTOCONNECT, QStringLiteral("false"));
     set(made, PW_KEY_NODE_VIRTUAL, QStringLiteral("true"));
@@ -74,7 +74,7 @@ int RouteStreams::openCapture() {
 int RouteStreams::openPlayback() {
     pw_properties *made = properties(m_name + QStringLiteral(".playback"));
     setGroups(made);
-    // The output may rest while nothing is captured.
+    // The output may idle while nothing is captured.
     set(made, PW_KEY_NODE_PASSIVE, QStringLiteral("true"));
     m_playback = make(made, {play, &m_cycle});
     m_cycle.setOutput(m_playback->handle());

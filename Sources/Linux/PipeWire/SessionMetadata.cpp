@@ -68,7 +68,7 @@ void SessionMetadata::setTarget(std::uint32_t node, const std::optional<StreamTa
 }
 
 void SessionMetadata::remember(std::uint32_t node, std::uint32_t output) {
-    // It ignores a value that is already set.
+    // Cleared first: the session manager ignores a value that is already set.
     write(node, rememberedKey, std::nullopt);
     write(node, rememberedKey,
           StreamTarget{QByteArrayLiteral("Spa:Id"), QByteArray::number(output)});
@@ -94,7 +94,7 @@ void SessionMetadata::forget(std::uint32_t node) {
 
 int SessionMetadata::onProperty(void *data, std::uint32_t subject, const char *key,
                                 const char *type, const char *value) {
-    // A null key removes all of them.
+    // A null key means that all keys were removed.
     auto &self = *static_cast<SessionMetadata *>(data);
     for (const QByteArray &known : {targetKey, rememberedKey, defaultKey, chosenDefaultKey}) {
         if (key == nullptr || known == key) {

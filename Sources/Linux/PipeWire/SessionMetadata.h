@@ -13,7 +13,7 @@
 
 namespace perchly {
 
-/// Where a stream goes, as the session manager names a device.
+/// The target of a stream, in the session manager's terms.
 struct StreamTarget {
     QByteArray type;
     QByteArray value;
@@ -28,7 +28,7 @@ class SessionMetadata : public QObject {
 public:
     using QObject::QObject;
 
-    /// Whether these are the table's properties.
+    /// Whether these properties are the table's.
     [[nodiscard]] static bool isDescribedBy(const spa_dict &properties);
 
     void bind(pw_registry *registry, std::uint32_t id);
@@ -36,19 +36,19 @@ public:
     [[nodiscard]] bool isBound() const { return m_proxy != nullptr; }
     [[nodiscard]] std::uint32_t id() const { return m_id; }
 
-    /// Where somebody has sent the stream; nothing when the session manager decides.
+    /// Where the stream was sent explicitly; nullopt if the session manager decides.
     [[nodiscard]] std::optional<StreamTarget> target(std::uint32_t node) const;
     /// The node that the session manager remembers for the stream, if any.
     [[nodiscard]] std::optional<std::uint32_t> rememberedNode(std::uint32_t node) const;
-    /// Nothing lets the session manager decide. Needs a table.
+    /// nullopt lets the session manager decide. Needs a table.
     void setTarget(std::uint32_t node, const std::optional<StreamTarget> &target);
-    /// Makes the session manager remember an output for the stream's program, which it forgets
+    /// Makes the session manager remember an output for the stream's program. It forgets that
     /// whenever a target is set. Needs a table.
     void remember(std::uint32_t node, std::uint32_t output);
     /// Drops the entries of a stream that has gone.
     void forget(std::uint32_t node);
 
-    /// The node's name; empty when there is none.
+    /// The node's name; empty if there is none.
     [[nodiscard]] QString defaultOutput() const { return m_defaultOutput; }
     /// If one of our sinks was chosen as the default, restores the previous choice.
     void restoreDefaultOutput();
@@ -73,7 +73,7 @@ private:
     QHash<std::uint32_t, StreamTarget> m_targets;
     QHash<std::uint32_t, QByteArray> m_remembered;
     QString m_defaultOutput;
-    std::optional<StreamTarget> m_chosenDefault; ///< by the user; never one of our sinks
+    std::optional<StreamTarget> m_chosenDefault; ///< by the user, so never one of our sinks
     bool m_isOwnChosen = false;
 };
 

@@ -6,7 +6,7 @@
 
 namespace perchly {
 
-/// The next buffer of a stream, which is returned on destruction. For real-time threads.
+/// Takes the next buffer of a stream and returns it when destroyed. For real-time threads.
 class StreamBuffer {
 public:
     explicit StreamBuffer(pw_stream *stream);
@@ -14,17 +14,17 @@ public:
     StreamBuffer(const StreamBuffer &) = delete;
     StreamBuffer &operator=(const StreamBuffer &) = delete;
 
-    /// Whether there is one, with two channels.
+    /// Whether there is a buffer and it has two channels.
     explicit operator bool() const { return m_isStereo; }
 
-    // Only with two channels:
+    // Only if that is so:
 
-    /// How many frames it holds, and how many it asks for.
+    /// The number of frames that the buffer holds, or requests.
     [[nodiscard]] std::uint32_t frames() const;
     [[nodiscard]] std::uint32_t wantedFrames() const;
     /// The first sample of channel 0 or 1.
     [[nodiscard]] float *samples(int channel) const;
-    /// Marks so many frames as filled.
+    /// Marks that many frames as filled.
     void setFrames(std::uint32_t frames);
 
 private:

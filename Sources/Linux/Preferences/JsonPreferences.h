@@ -9,7 +9,7 @@
 namespace perchly {
 
 /// The preferences as JSON: one file for the settings, and beside it "<key>.json" for each of
-/// keys::longValues. PreferenceFile.h says how they are written.
+/// keys::longValues. PreferenceFile.h describes how they are written.
 ///
 /// A boolean, a number and a string stand as themselves, data as {"data": "…", "encoding":
 /// "utf-8"}. JSON values of other kinds read as absent and stay in the file. Numbers must be
@@ -17,8 +17,8 @@ namespace perchly {
 class JsonPreferences : public Preferences {
     Q_OBJECT
 public:
-    /// The absolute path of the settings. Long values that earlier versions kept in there count as
-    /// long as they have no file of their own.
+    /// Takes the absolute path of the settings file. Long values that earlier versions kept in it
+    /// count until they have files of their own.
     explicit JsonPreferences(const QString &path, QObject *parent = nullptr);
 
     /// "perchly/preferences.json" in the user's configuration folder.

@@ -61,8 +61,8 @@ PreferenceFile::~PreferenceFile() {
 void PreferenceFile::load() {
     const auto contents = wholefile::read(m_path);
     if (!contents.exists) {
-        // A user who deleted the file wants the defaults; one who lost it wants the backup, which
-        // the first set would replace.
+        // A user who deleted the file wants the defaults, but one who lost it wants the backup,
+        // which the first set() would replace.
         if (const auto kept = wholefile::setAside(m_backup)) {
             QFile::remove(m_backup);
             tell(QStringLiteral("no preferences at %1: starting with the defaults, the last copy "
@@ -133,9 +133,9 @@ QString PreferenceFile::write(const QByteArray &bytes) {
 }
 
 void PreferenceFile::backUp() {
-    m_pool.clear(); // jobs that wait for a slow disk are outdated
+    m_pool.clear(); // drop older jobs, which may wait for a slow disk
     m_pool.start([file = m_path, backup = m_backup, bytes = std::exchange(m_written, {})] {
-        // Only once the file itself is safe, so that one of the two always is.
+        // Only after the file itself is safe, so that one of the two always is.
         if (wholefile::flush(file).isEmpty()) {
             (void)wholefile::replace(backup, bytes, wholefile::Durability::Disk);
         }

@@ -9,7 +9,7 @@ namespace perchly {
 namespace {
 
 void signalSession(qint64 leader, int number) {
-    if (leader > 0) { // zero would mean this program
+    if (leader > 0) { // 0 would mean this program
         ::kill(-pid_t(leader), number);
     }
 }
@@ -62,7 +62,7 @@ ChildProcess::~ChildProcess() {
         signalSession(session, SIGTERM);
     }
     m_process->waitForFinished(int(m_limits.grace.count()));
-    signalSession(session, SIGKILL); // also for processes that the child leaves behind
+    signalSession(session, SIGKILL); // including processes that the child leaves behind
     m_process->waitForFinished();
 }
 
@@ -82,7 +82,7 @@ void ChildProcess::end() {
         m_state = State::Ending;
         const qint64 session = m_process->processId();
         signalSession(session, SIGTERM);
-        // Also for processes that the child leaves behind.
+        // This includes processes that the child leaves behind.
         QTimer::singleShot(m_limits.grace, parent(),
                            [session] { signalSession(session, SIGKILL); });
     }

@@ -15,7 +15,7 @@ namespace perchly {
 
 struct ChildLimits {
     std::optional<std::chrono::milliseconds> time = std::nullopt;
-    qsizetype maxOutput = 0;              ///< in bytes; with 0, the output goes nowhere
+    qsizetype maxOutput = 0;              ///< in bytes; 0 discards the output
     std::chrono::milliseconds grace{500}; ///< from SIGTERM to SIGKILL
 };
 
@@ -23,13 +23,13 @@ struct ChildLimits {
 enum class OnStop { EndChild, LeaveChild };
 
 struct ChildResult {
-    /// The exit status; nothing if the child did not start or was ended by a signal.
+    /// The exit status; nullopt if the child did not start or was ended by a signal.
     std::optional<int> status;
     QByteArray output;
 };
 
-/// One child process in a session of its own, without input and stderr. It does not wait for
-/// whatever keeps the child's output open after its exit. Main thread only.
+/// One child process in its own session, without stdin and stderr. After its exit it does not wait
+/// for other processes that keep its output open. Main thread only.
 class ChildProcess : public QObject {
     Q_OBJECT
 public:
@@ -38,7 +38,7 @@ public:
     /// The program is an absolute path.
     ChildProcess(const QString &program, const QStringList &arguments, const ChildLimits &limits,
                  OnStop onStop, Completion completion, QObject *parent);
-    /// Ends a child that is not to be left alone, and waits for its end.
+    /// Ends the child and waits for its end, unless OnStop::LeaveChild is set.
     ~ChildProcess() override;
 
     [[nodiscard]] bool isWaiting() const { return m_state == State::Waiting; }

@@ -11,16 +11,16 @@ public:
     /// Called once, never before `run` has returned.
     using Completion = ChildProcess::Completion;
 
-    /// More runs than `maxAtOnce` wait for their turn.
+    /// Further runs wait while `maxAtOnce` are active.
     explicit ChildRuns(int maxAtOnce)
         : m_maxAtOnce(maxAtOnce) {}
 
-    /// The program is an absolute path. Destroying the task stops the run, and its completion is
-    /// not called any more. This object outlives the task.
+    /// The program is an absolute path. Destroying the task stops the run without calling its
+    /// completion. This object must outlive the task.
     [[nodiscard]] Task run(const QString &program, const QStringList &arguments,
                            const ChildLimits &limits, OnStop onStop, Completion completion);
 
-    /// Ends the children of all runs, whose completions are then called.
+    /// Ends all runs, whose completions are then called.
     void endAll();
 
 private:

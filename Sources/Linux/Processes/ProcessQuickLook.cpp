@@ -29,7 +29,7 @@ ProcessQuickLook::ProcessQuickLook(QString program)
     : m_program(std::move(program)) {
     m_process.setStandardOutputFile(QProcess::nullDevice());
     m_process.setStandardErrorFile(QProcess::nullDevice());
-    // A companion that has read a request stays for longer: this one was already quitting.
+    // If it exits so soon after a request, it was already quitting and has not read the request.
     QObject::connect(&m_process, &QProcess::finished, &m_process,
                      [this](int code, QProcess::ExitStatus status) {
                          if (status == QProcess::NormalExit && code == EXIT_SUCCESS &&
@@ -41,7 +41,7 @@ ProcessQuickLook::ProcessQuickLook(QString program)
 
 ProcessQuickLook::~ProcessQuickLook() {
     m_process.disconnect();
-    // It has nothing to save.
+    // So that it quits; there is nothing to save.
     m_process.closeWriteChannel();
     m_process.kill();
     m_process.waitForFinished(200);

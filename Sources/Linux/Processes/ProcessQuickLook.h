@@ -9,12 +9,12 @@
 
 namespace perchly {
 
-/// Talks to the companion that has the preview's window, in lines of JSON on its input. The
-/// companion is started when there is something to show, and ends with this program, or some time
-/// after its window was closed.
+/// Controls the companion that shows the preview window, with lines of JSON on its stdin. The
+/// companion starts when there is something to show, and ends with this program or some time after
+/// its window was closed.
 class ProcessQuickLook : public QuickLook {
 public:
-    /// The companion's absolute path; empty when there is none.
+    /// Takes the companion's absolute path, empty if it is not installed.
     explicit ProcessQuickLook(QString program);
     ~ProcessQuickLook() override;
 
@@ -25,7 +25,7 @@ private:
 
     QString m_program;
     QByteArray m_request;
-    QElapsedTimer m_age; ///< of the request
+    QElapsedTimer m_age; ///< of the last request
     QProcess m_process;
 };
 

@@ -5,10 +5,10 @@
 
 namespace perchly {
 
-/// Runs the companion in which the user chooses a part of the screen.
+/// Runs the companion in which the user selects a part of the screen.
 class ProcessScreenCapture : public ScreenCapture {
 public:
-    /// The companion's absolute path; empty when there is none.
+    /// Takes the companion's absolute path, empty if it is not installed.
     explicit ProcessScreenCapture(QString program);
 
     [[nodiscard]] Task captureRegion(const QString &path, Completion completion) override;

@@ -7,9 +7,9 @@
 
 namespace perchly {
 
-/// Runs blocking work on threads that end when idle, and hands each result to the thread that made
-/// this object. Destroying it waits for the work that has begun; completions are not called after
-/// that.
+/// Runs blocking work on threads that end when idle, and delivers each result on the thread that
+/// created this object. The destructor waits for work that has begun; completions are not called
+/// after that.
 class Workers {
 public:
     explicit Workers(int maxThreads) {
@@ -31,7 +31,7 @@ public:
 
 private:
     QObject m_receiver;
-    QThreadPool m_pool; ///< destroyed first: it waits for the threads
+    QThreadPool m_pool; ///< destroyed first, as it waits for the threads
 };
 
 } // namespace perchly

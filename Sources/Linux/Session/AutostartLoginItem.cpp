@@ -19,7 +19,7 @@ namespace {
 constexpr QLatin1StringView entryName("/autostart/perchly.desktop");
 constexpr const char *enabledKey = "X-GNOME-Autostart-enabled";
 
-/// The path as one word of a desktop entry's Exec key.
+/// Quotes the path as one word of a desktop entry's Exec key.
 QByteArray commandWord(const QString &program) {
     QByteArray word = QFile::encodeName(program);
     for (const char special : {'\\', '"', '`', '$'}) {
@@ -30,7 +30,7 @@ QByteArray commandWord(const QString &program) {
     word.replace('\n', "\\n");
     word.replace('\r', "\\r");
     word.replace('\t', "\\t");
-    // Some desktops look up the first word without undoing the doubling.
+    // Some desktops look up the first word without undoing the doubled percent signs.
     return (word.contains('%') ? "env \"" : "\"") + word + '"';
 }
 
@@ -51,7 +51,7 @@ AutostartLoginItem::AutostartLoginItem(const QString &program)
 QString AutostartLoginItem::runningProgram() {
     const QString program = QCoreApplication::applicationFilePath();
     const QString image = qEnvironmentVariable("APPIMAGE");
-    // A terminal in another AppImage passes on its own variables.
+    // A terminal in another AppImage passes its own variables on.
     const QString folder = QFileInfo(qEnvironmentVariable("APPDIR")).canonicalFilePath();
     const bool isInImage = !folder.isEmpty() && program.startsWith(folder + u'/');
     return isInImage && QDir::isAbsolutePath(image) ? image : program;
@@ -107,7 +107,7 @@ LoginItem::Result AutostartLoginItem::unregisterProgram() {
         return {.message = QStringLiteral("“%1” could not be removed: %2.")
                                .arg(entry.fileName(), entry.errorString())};
     }
-    if (isEnabled()) { // by an entry of the system
+    if (isEnabled()) { // by a system-wide entry
         return write("[Desktop Entry]\nType=Application\nName=Perchly\nHidden=true\n",
                      Outcome::Unregistered);
     }

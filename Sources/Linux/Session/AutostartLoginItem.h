@@ -4,17 +4,18 @@
 
 namespace perchly {
 
-/// The login item as an entry in the autostart folders. The user's own folder hides an entry of the
-/// same name in the system's.
+/// The login item as an entry in the autostart folders. An entry in the user's folder hides one
+/// with the same name in a system folder.
 class AutostartLoginItem : public LoginItem {
 public:
-    /// The absolute path of the program that an entry made here starts.
+    /// Takes the absolute path of the program for new entries.
     explicit AutostartLoginItem(const QString &program);
 
     /// This program, or the AppImage that it runs from.
     [[nodiscard]] static QString runningProgram();
 
-    /// An entry and its program exist, and neither the user nor the desktop turned it off.
+    /// True if an entry and its program exist, and neither the user nor the desktop turned the
+    /// entry off.
     [[nodiscard]] bool isEnabled() const override;
     [[nodiscard]] Result registerProgram() override;
     [[nodiscard]] Result unregisterProgram() override;

@@ -22,10 +22,10 @@ public:
     TimerTask(milliseconds interval, bool singleShot, Clock::Action action) {
         m_timer.setInterval(std::clamp(interval, singleShot ? 0ms : 1ms, milliseconds(24h * 24)));
         m_timer.setSingleShot(singleShot);
-        // A coarse timer may fire early, which users see in short delays.
+        // A coarse timer may fire early, which users would notice in short delays.
         m_timer.setTimerType(interval <= 10s ? Qt::PreciseTimer : Qt::CoarseTimer);
         QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [action = std::move(action)] {
-            // The action may destroy the task and with it this closure.
+            // it may destroy this task and with it the closure
             const auto running = action;
             running();
         });
@@ -36,13 +36,13 @@ private:
     QTimer m_timer;
 };
 
-/// Runs an action once, from the event loop, when the wall clock reaches a moment, or earlier when
+/// Runs an action once, from the event loop, when the wall clock reaches a moment, or earlier if
 /// the clock is set or the machine wakes up. It costs one file descriptor and no wake-ups.
 class WallClockTask : public ScheduledTask {
 public:
     WallClockTask(Clock::TimePoint moment, Clock::Action action)
         : m_action(std::move(action)) {
-        // Zero would switch the timer off; any moment in the past is due at once.
+        // Zero would disarm the timer, so a moment in the past gets the smallest positive value.
         const nanoseconds due =
             std::max(std::chrono::ceil<nanoseconds>(moment.time_since_epoch()), nanoseconds(1));
         const seconds whole = std::chrono::floor<seconds>(due);
@@ -53,7 +53,7 @@ public:
         // Readable when due or when the clock was set; run the action in both cases.
         QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier, [this] {
             m_notifier.setEnabled(false);
-            const auto running = std::move(m_action); // which may destroy the task
+            const auto running = std::move(m_action); // it may destroy this task
             running();
         });
     }

@@ -5,8 +5,7 @@
 namespace perchly {
 
 /// The system's time, with timers in the thread's event loop. Delays of up to ten seconds are exact
-/// to about a millisecond, longer ones to a twentieth of their length, which saves wake-ups. A
-/// delay is cut to 24 days.
+/// to about a millisecond; longer ones to 5 %, which saves wake-ups. No delay exceeds 24 days.
 class QtClock : public Clock {
 public:
     [[nodiscard]] TimePoint now() const override;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::array handled{SIGTERM, SIGINT, SIGHUP};
 
-// A signal handler reaches only globals.
+// A signal handler can reach only globals.
 volatile std::sig_atomic_t eventFile = -1;
 
 void handle(int) {
@@ -27,12 +27,12 @@ void handle(int) {
 void setHandler(int number, void (*handler)(int)) {
     struct sigaction action = {};
     action.sa_handler = handler;
-    // The next signal gets its default action, which ends a program that hangs.
+    // The next signal has its default action, so that it ends a program that hangs.
     action.sa_flags = SA_RESTART | int(SA_RESETHAND);
     sigemptyset(&action.sa_mask);
     struct sigaction before = {};
     sigaction(number, nullptr, &before);
-    // A signal that the parent ignores stays ignored, as SIGHUP under nohup.
+    // Do not catch a signal that the parent ignores, such as SIGHUP under nohup.
     if (before.sa_handler != SIG_IGN) { // NOLINT: a system macro
         sigaction(number, &action, nullptr);
     }

@@ -4,9 +4,9 @@
 
 namespace perchly {
 
-/// Tells when SIGTERM, SIGINT or SIGHUP asks the process to end, so that it can clean up. The
-/// second such signal ends it at once. One object for the process; main thread only. Programs that
-/// this one starts are not affected.
+/// Reports SIGTERM, SIGINT or SIGHUP, so that the process can clean up before it ends. A second
+/// such signal ends the process at once. One object per process; main thread only. Does not affect
+/// child processes.
 class TerminationSignals : public QObject {
     Q_OBJECT
 public:

@@ -8,13 +8,13 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto runGrace = 2s; // to save its work
+constexpr auto runGrace = 2s; // time to save its work
 
 } // namespace
 
 struct FolderShortcutsTool::Call {
     Completion completion;
-    Task child; ///< once a shortcut runs
+    Task child; ///< set while a shortcut runs
 };
 
 struct FolderShortcutsTool::CallTask : ScheduledTask {
@@ -53,7 +53,7 @@ void FolderShortcutsTool::run(const QString &file, const std::shared_ptr<Call> &
         call->completion({.status = 1});
         return;
     }
-    // The shell also runs a script that names no interpreter.
+    // The shell also runs a script without an interpreter line.
     call->child =
         m_runs.run(QStringLiteral("/bin/sh"),
                    {QStringLiteral("-c"), QStringLiteral("cd || cd /; exec \"$0\""), file},

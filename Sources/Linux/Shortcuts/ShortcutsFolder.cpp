@@ -84,7 +84,7 @@ QString prepare() {
     }
     if (!error.isEmpty()) {
         QFile::remove(help);
-        QDir().rmdir(folder.path()); // so that the next call makes all of it
+        QDir().rmdir(folder.path()); // so that the next call creates everything
         return error;
     }
     QFile::setPermissions(first, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);

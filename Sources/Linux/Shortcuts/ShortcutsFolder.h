@@ -5,7 +5,7 @@
 
 #include <optional>
 
-/// The folder of the user's shortcuts. Any thread; all but path() read or write files.
+/// The folder of the user's shortcuts. Any thread; all functions but path() read or write files.
 namespace perchly::shortcutsfolder {
 
 struct Shortcut {
@@ -16,13 +16,13 @@ struct Shortcut {
 /// The absolute path, whether the folder exists or not.
 [[nodiscard]] QString path();
 
-/// The executable files, sorted by name. A name is the file's name without its extension; of two
-/// files with the same name, only the first counts. Hidden files, backups ending in "~" and names
-/// of several lines are left out. Empty if there is no folder; nothing if it cannot be read.
+/// The executable files, sorted by name. A name is the file's name without its extension; of files
+/// with the same name, only the first counts. Omits hidden files, backups ending in "~" and names
+/// with line breaks. Empty if there is no folder; nullopt if it cannot be read.
 [[nodiscard]] std::optional<QList<Shortcut>> list();
 
-/// Makes the folder if it does not exist, with an explanation and a first shortcut in it. Returns
-/// the empty string, or the reason if it fails.
+/// Creates the folder, if it does not exist, with an explanation and a first shortcut. Returns an
+/// empty string, or why it failed.
 [[nodiscard]] QString prepare();
 
 } // namespace perchly::shortcutsfolder

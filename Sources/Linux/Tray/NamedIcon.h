@@ -4,8 +4,8 @@
 
 namespace perchly {
 
-/// A picture with the name of a symbolic icon of the icon theme, which panels may show instead in
-/// their own colour.
+/// A picture that carries the name of a symbolic icon in the icon theme, which panels may show in
+/// their own colour instead.
 [[nodiscard]] QIcon namedIcon(const QString &name, const QIcon &picture);
 
 } // namespace perchly

@@ -70,7 +70,7 @@ void TrayFinder::watchService() {
 }
 
 void TrayFinder::askService() {
-    // Qt looks for a panel only once, so it must not look before there is one behind the service.
+    // Qt looks for a panel only once, so make sure that the service has one before it does.
     QDBusMessage call = QDBusMessage::createMethodCall(
         service, path, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
     call << service << QStringLiteral("IsStatusNotifierHostRegistered");

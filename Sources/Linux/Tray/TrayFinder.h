@@ -9,12 +9,12 @@
 namespace perchly {
 
 /// Waits for a panel that shows status icons. Newer panels offer a service on the session bus,
-/// older ones own an X selection; many do both, selection first, so the service gets a second to
+/// older ones own an X selection. Many do both, selection first, so the service gets a second to
 /// appear. Main thread only.
 class TrayFinder : public QObject, private QAbstractNativeEventFilter {
     Q_OBJECT
 public:
-    /// A bus that is not connected offers nothing, and neither does a platform other than X.
+    /// Finds nothing on a bus that is not connected, or on a platform other than X.
     explicit TrayFinder(const QDBusConnection &bus, QObject *parent = nullptr);
     ~TrayFinder() override;
 

@@ -34,14 +34,14 @@ void TrayStatusItem::show(const QIcon &icon, const QString &accessibleName,
     m_finder = std::make_unique<TrayFinder>(m_bus);
     QObject::connect(m_finder.get(), &TrayFinder::found, &m_menu, [this, icon, accessibleName] {
         makeTrayIcon(icon, accessibleName);
-        m_finder.release()->deleteLater(); // this is its own signal
+        m_finder.release()->deleteLater(); // the finder is emitting this signal
     });
 }
 
 void TrayStatusItem::fillMenu(const QList<StatusMenuEntry> &entries) {
     for (const StatusMenuEntry &entry : entries) {
         QString title = entry.title;
-        title.replace(QLatin1Char('&'), QStringLiteral("&&")); // no underlined letters
+        title.replace(QLatin1Char('&'), QStringLiteral("&&")); // a single & would underline a letter
         QAction *action = m_menu.addAction(title);
         action->setShortcut(entry.shortcut);
         action->setShortcutVisibleInContextMenu(true);

@@ -13,11 +13,11 @@ namespace perchly {
 
 class TrayFinder;
 
-/// A QSystemTrayIcon, made once there is a panel to show it; Qt follows restarts of that panel. A
-/// panel may show the installed symbolic icon instead of the picture. Needs a QApplication.
+/// A QSystemTrayIcon, created once there is a panel to show it; Qt handles restarts of that panel.
+/// A panel may show the installed symbolic icon instead of the picture. Needs a QApplication.
 class TrayStatusItem : public StatusItem {
 public:
-    /// The session bus, connected or not.
+    /// Takes the session bus, connected or not.
     explicit TrayStatusItem(const QDBusConnection &bus);
     ~TrayStatusItem() override;
 

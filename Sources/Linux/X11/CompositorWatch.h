@@ -4,7 +4,7 @@
 
 namespace perchly {
 
-/// Knows whether a compositor runs: each holds the same selection. Main thread only.
+/// Reports whether a compositor runs, by the owner of the compositor selection. Main thread only.
 class CompositorWatch : public QObject {
     Q_OBJECT
 public:
