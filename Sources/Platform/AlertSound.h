@@ -7,7 +7,7 @@ class AlertSound {
 public:
     virtual ~AlertSound() = default;
 
-    /// Plays it without blocking; silent where nothing can play it. Main thread only.
+    /// Plays it without blocking; silent if nothing can play it. Main thread only.
     virtual void play() = 0;
 };
 

@@ -9,41 +9,39 @@
 
 namespace perchly {
 
-/// An application that can be launched from here.
+/// An application that can be launched.
 struct FoundApplication {
-    QString path; ///< absolute, of its desktop entry, as the folders were given
+    QString path; ///< absolute path of its desktop entry, below the folder as given
     QString name; ///< in the user's language
 
     bool operator==(const FoundApplication &) const = default;
 };
 
-/// The applications of this machine, as desktop menus show them. Main thread only.
+/// This machine's applications, as desktop menus show them. Main thread only.
 class ApplicationCatalog : public QObject {
     Q_OBJECT
 public:
     /// Called once on the main thread, never before the call has returned, and not after the
-    /// catalog is destroyed. Any object that it needs must be held weakly.
+    /// catalog is destroyed. It must hold the objects that it needs weakly.
     using Completion = std::function<void(const QList<FoundApplication> &applications)>;
 
     using QObject::QObject;
 
-    /// Looks through the applications' folders on another thread: every application that the user
-    /// is to see, in the order of a file browser (by name under the user's locale, whatever the
-    /// case, numbers by their value). What cannot be read is left out. From the first call on,
-    /// changes are announced.
+    /// Searches the applications' folders on another thread and returns every application that
+    /// menus show, in a file browser's order (by name in the user's locale, ignoring case, with
+    /// numbers by value). Omits unreadable entries. Changes are announced from the first call on.
     virtual void find(Completion completion) = 0;
 
-    /// Names the applications of these desktop entries, wherever they are and whether or not menus
-    /// show them, in the order given. An entry that cannot be read has its file's name without the
-    /// extension. Reads on another thread.
+    /// Names the applications of these desktop entries, in any folder and even if menus do not show
+    /// them, in the order given. An unreadable entry gets its file name without the extension.
+    /// Reads on another thread.
     virtual void describe(const QStringList &paths, Completion completion) = 0;
 
-    /// Where a user who looks for an application starts.
+    /// The start folder for choosing applications.
     [[nodiscard]] virtual QString startFolder() const = 0;
 
 Q_SIGNALS:
-    /// One or more folders of applications changed, some moments ago; what they hold now is found
-    /// by `find`.
+    /// The applications' folders changed, some moments ago; find() returns their current content.
     void changed();
 };
 

@@ -8,28 +8,28 @@
 
 namespace perchly {
 
-/// Opening applications and links, as the desktop does it. Nothing blocks, and all but
-/// icon() is for the main thread.
+/// Opens applications and links as the desktop does. Nothing blocks, and all but icon() is for the
+/// main thread.
 class Applications {
 public:
-    /// Called once on the main thread: empty when it was opened, else why it was not.
+    /// Called once on the main thread with an empty string, or the error.
     using Completion = std::function<void(const QString &error)>;
 
     virtual ~Applications() = default;
 
-    /// Launches the application whose desktop entry has this absolute path, wherever it is: for
-    /// entries that the user has put on the shelf. Anything else is opened like openUrl() does.
+    /// Launches the application with the desktop entry at this absolute path, in any folder: for
+    /// entries that the user has put on the shelf. Opens anything else like openUrl().
     virtual void launch(const QString &path, Completion completion = {}) = 0;
 
-    /// The same for entries in the data folders. Any other desktop entry may be a download and is
-    /// opened like openUrl() does.
+    /// The same, only for entries in the data folders. Any other desktop entry may be a download
+    /// and is opened like openUrl().
     virtual void open(const QString &path, Completion completion = {}) = 0;
 
-    /// The application's own picture, to be shown `side` pixels wide and high; null if it has none.
-    /// Blocks while files are read, and may be called on any thread, also on several at once.
+    /// The application's picture, for display at `side` pixels wide and high; null if it has none.
+    /// Blocks while reading files; may be called on any thread, and on several at once.
     [[nodiscard]] virtual QImage icon(const QString &path, int side) = 0;
 
-    /// Opens a link or file with the user's own choice of program.
+    /// Opens a link or file with the user's default program.
     virtual void openUrl(const QUrl &url, Completion completion = {}) = 0;
 };
 

@@ -10,9 +10,9 @@
 
 namespace perchly {
 
-/// One occurrence of an event. A text that the event does not have is null.
+/// One occurrence of an event. A text that the event lacks is null.
 struct CalendarEvent {
-    /// Differs among the events of one answer, stays the same between answers.
+    /// Unique among the events of one answer, stable between answers.
     QString identifier = {};
     QString title = {};
     Clock::TimePoint start = {};
@@ -25,18 +25,18 @@ struct CalendarEvent {
     bool operator==(const CalendarEvent &) const = default;
 };
 
-/// The user's consent to reading their calendars; kept between runs.
+/// The user's consent to reading calendars; kept between runs.
 enum class CalendarAccess { NotAsked, Denied, Granted };
 
 /// The user's calendars. Nothing blocks; every completion is called once, after its call has
-/// returned, unless the call's task was destroyed before. The store outlives the tasks. Main thread
-/// only.
+/// returned, unless the call's task is destroyed first. The store must outlive the tasks. Main
+/// thread only.
 class CalendarStore : public QObject {
     Q_OBJECT
 public:
     struct Answer {
         CalendarAccess access = CalendarAccess::NotAsked;
-        QString error; ///< why the user could not be asked; empty if they were
+        QString error; ///< why the user could not be asked, or empty
     };
     using AccessCompletion = std::function<void(const Answer &answer)>;
     using EventsCompletion = std::function<void(const QList<CalendarEvent> &events)>;
@@ -47,17 +47,17 @@ public:
     /// False if the last answer may lack events because a calendar could not be read.
     [[nodiscard]] virtual bool isReadable() const { return true; }
 
-    /// Asks the user for consent, naming what would be read. A user who has given it is asked again
-    /// and can withdraw it. A question that is closed without an answer changes nothing.
+    /// Asks the user for consent and names what would be read. A user who has given consent is
+    /// asked again and can withdraw it. Closing the question without an answer changes nothing.
     [[nodiscard]] virtual Task requestAccess(AccessCompletion completion) = 0;
 
-    /// The events of all calendars that take place, at least in part, after `from` and before `to`,
-    /// not sorted. A calendar that can no longer be read has the events that were read last;
-    /// without consent there are none.
+    /// The events of all calendars that take place, at least partly, after `from` and before `to`,
+    /// unsorted. A calendar that can no longer be read keeps its last events; without consent there
+    /// are no events.
     [[nodiscard]] virtual Task events(Clock::TimePoint from, Clock::TimePoint to,
                                       EventsCompletion completion) = 0;
 
-    /// The next call reads the calendars, even if no change to them was noticed.
+    /// Makes the next call read the calendars even if no change was noticed.
     virtual void expectChange() = 0;
 
 Q_SIGNALS:

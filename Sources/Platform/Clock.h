@@ -6,9 +6,9 @@
 
 namespace perchly {
 
-/// A delayed or repeated action that has been scheduled. Destroying it cancels the action; that is
-/// allowed from within the action itself. Keep it in one field per purpose: assigning a new task to
-/// the field cancels the old one, and an action never outlives the object that holds its task.
+/// A scheduled action, delayed or repeated. Destroying it cancels the action, which may be done
+/// within the action itself. Keep it in one field per purpose: assigning a new task to the field
+/// cancels the old one, and an action never outlives the object that holds its task.
 class ScheduledTask {
 public:
     ScheduledTask() = default;
@@ -33,18 +33,17 @@ public:
     /// The first moment of the local calendar day that contains now().
     [[nodiscard]] virtual TimePoint startOfDay() const = 0;
 
-    /// The first moment of the local calendar day after that.
+    /// The first moment of the next local calendar day.
     [[nodiscard]] virtual TimePoint startOfNextDay() const = 0;
 
     /// Runs the action once, after the delay by the monotonic clock.
     [[nodiscard]] virtual Task after(std::chrono::milliseconds delay, Action action) = 0;
 
-    /// Runs the action again and again, the first time after one period.
+    /// Repeats the action, the first time after one period.
     [[nodiscard]] virtual Task every(std::chrono::milliseconds period, Action action) = 0;
 
-    /// Runs the action when the wall clock reaches the moment, and also whenever the wall clock was
-    /// set or the machine woke up before that: the action looks at now() itself and asks again.
-    /// It runs at most once.
+    /// Runs the action once, when the wall clock reaches the moment, or earlier if the clock was
+    /// set or the machine woke up: the action must check now() itself and schedule itself again.
     [[nodiscard]] virtual Task at(TimePoint moment, Action action) = 0;
 };
 

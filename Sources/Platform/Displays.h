@@ -15,7 +15,7 @@ struct Display {
     QString name = {};       ///< as the user knows it
     ScreenRect frame;        ///< the whole display
     ScreenRect visibleFrame; ///< without the area that docks and panels reserve on it
-    /// Height of a camera housing at the top, 0 without one, and the usable areas beside it.
+    /// Height of a camera housing at the top, 0 if there is none, and the usable areas beside it.
     double safeAreaTop = 0;
     std::optional<ScreenRect> auxiliaryTopLeftArea = std::nullopt;
     std::optional<ScreenRect> auxiliaryTopRightArea = std::nullopt;
@@ -29,11 +29,12 @@ class Displays : public QObject {
 public:
     using QObject::QObject;
 
-    /// In the system's order; empty when there is none.
+    /// In the system's order; empty if there is no display.
     [[nodiscard]] virtual QList<Display> list() const = 0;
 
 Q_SIGNALS:
-    /// Displays, their arrangement, resolution or reserved areas changed. list() is up to date.
+    /// Displays, their arrangement, resolution or reserved areas changed. list() is already
+    /// current.
     void changed();
 };
 

@@ -8,16 +8,16 @@
 
 namespace perchly {
 
-/// Revealing and sharing files and links by the desktop. Nothing blocks; every completion
-/// is called once, on the main thread and never before the call has returned. Main thread only.
+/// Reveals and shares files and links through the desktop. Nothing blocks; every completion is
+/// called once, on the main thread and never before the call has returned. Main thread only.
 class FileServices {
 public:
-    /// Empty when it was done, else why it was not.
+    /// Receives an empty string, or the error.
     using Completion = std::function<void(const QString &error)>;
 
-    /// Somewhere that a file or link can be sent.
+    /// A program to which a file or link can be sent.
     struct ShareTarget {
-        QString id; ///< for share(); means nothing elsewhere
+        QString id; ///< only for share()
         QString name;
         bool operator==(const ShareTarget &) const = default;
     };
@@ -25,8 +25,8 @@ public:
 
     virtual ~FileServices() = default;
 
-    /// Shows a local file or folder selected in the file manager, or the folder that it is in where
-    /// no file manager can select.
+    /// Shows a local file or folder selected in the file manager, or only its parent folder if no
+    /// file manager can select.
     virtual void reveal(const QUrl &file, Completion completion) = 0;
 
     /// The applications that open this type of file or link, the user's default first, then e-mail.

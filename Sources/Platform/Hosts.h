@@ -30,7 +30,7 @@
 
 namespace perchly {
 
-/// Everything that the program asks of its surroundings. No field is ever empty: a missing host is
+/// The interfaces to everything outside the program. No field is ever empty: a missing host is
 /// replaced by a null implementation. Members are destroyed in reverse order.
 struct Hosts {
     std::unique_ptr<Clock> clock;

@@ -6,7 +6,7 @@
 
 namespace perchly {
 
-/// Sees each key press in the program's own windows before they do. Main thread only.
+/// Sees each key press before the program's own windows do. Main thread only.
 class KeyMonitor {
 public:
     /// Returns true to consume the press.
@@ -14,7 +14,7 @@ public:
 
     virtual ~KeyMonitor() = default;
 
-    /// Installs the handler, replacing an earlier one.
+    /// Installs the handler, replacing any earlier one.
     virtual void start(Handler handler) = 0;
 };
 

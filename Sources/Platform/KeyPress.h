@@ -11,17 +11,17 @@ enum class Modifier { Shift = 1, Control = 2, Option = 4, Command = 8 };
 Q_DECLARE_FLAGS(Modifiers, Modifier)
 Q_DECLARE_OPERATORS_FOR_FLAGS(Modifiers)
 
-/// One key going down.
+/// A key press.
 struct KeyPress {
     Qt::Key key = Qt::Key_unknown;
     Modifiers modifiers;
     /// The key's characters without modifiers; empty for keys that type nothing.
     QString charactersIgnoringModifiers;
-    /// The key was down already and is still held.
+    /// Whether this is a key repeat.
     bool isRepeat = false;
 };
 
-/// A key with exactly the modifiers that must be held.
+/// A key and the exact modifiers to hold.
 struct Chord {
     Qt::Key key = Qt::Key_unknown;
     Modifiers modifiers;

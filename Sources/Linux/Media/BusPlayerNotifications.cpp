@@ -20,7 +20,7 @@ bool isPlayer(const QString &name) {
 BusPlayerNotifications::BusPlayerNotifications(std::shared_ptr<SessionBus> bus)
     : m_bus(std::move(bus)) {
     m_watcher.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
-    m_watcher.addWatchedService(QStringLiteral("org.mpris.MediaPlayer2*")); // all names that start like this
+    m_watcher.addWatchedService(QStringLiteral("org.mpris.MediaPlayer2*")); // and all below
     connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
             &BusPlayerNotifications::onOwnerChanged);
     connect(m_bus.get(), &SessionBus::lost, this, &BusPlayerNotifications::onBusLost);

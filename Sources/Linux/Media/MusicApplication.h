@@ -15,8 +15,7 @@ struct MusicApplication {
 /// The music application: the default for audio/mpeg, or else for audio/flac, if it is a music
 /// player; otherwise the first installed music player; otherwise that default, whatever it is. A
 /// music player has the category "Player" or opens audio files, and is not a tool for video,
-/// television, mixing, recording or making music. Reads many small files, so do not call it on the
-/// main thread.
+/// television, mixing, recording or making music. Reads many small files: not for the main thread.
 [[nodiscard]] std::optional<MusicApplication> findMusicApplication();
 
 /// Whether a player with that bus name and desktop entry is the application. Many players report no

@@ -32,8 +32,7 @@ WatchedPlayer::WatchedPlayer(const QDBusConnection &bus, QString name)
 }
 
 void WatchedPlayer::follow() {
-    // Connect by the unique name: for a well-known one, QtDBus would wait for the bus to look up
-    // its owner.
+    // By the unique name: for a well-known one, QtDBus would wait for a bus call.
     m_bus.connect(m_owner, playerPath, propertiesInterface, QStringLiteral("PropertiesChanged"),
                   {playerInterface}, QString(), this, SLOT(onPropertiesChanged()));
 }

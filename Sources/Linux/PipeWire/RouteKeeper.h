@@ -11,8 +11,7 @@ namespace perchly {
 
 /// Tells a companion where to send the streams of routed processes if Perchly is killed, since the
 /// session manager would send them to the default output. The companion runs while there are such
-/// streams and a few seconds longer. If it is killed, the next keep() starts another. Main thread
-/// only.
+/// streams and a few seconds longer. If it is killed, keep() restarts it. Main thread only.
 class RouteKeeper : public QObject {
     Q_OBJECT
 public:

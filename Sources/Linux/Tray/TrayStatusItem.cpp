@@ -41,7 +41,7 @@ void TrayStatusItem::show(const QIcon &icon, const QString &accessibleName,
 void TrayStatusItem::fillMenu(const QList<StatusMenuEntry> &entries) {
     for (const StatusMenuEntry &entry : entries) {
         QString title = entry.title;
-        title.replace(QLatin1Char('&'), QStringLiteral("&&")); // a single & would underline a letter
+        title.replace(QLatin1Char('&'), QStringLiteral("&&")); // a single & underlines a letter
         QAction *action = m_menu.addAction(title);
         action->setShortcut(entry.shortcut);
         action->setShortcutVisibleInContextMenu(true);

@@ -6,7 +6,7 @@ namespace perchly {
 
 namespace {
 
-// How long to wait for the window manager, if there is one, before moving the focus without it.
+// How long to wait for the window manager, if there is one, before setting the focus directly.
 constexpr std::chrono::milliseconds managerTimeout{150};
 constexpr quint32 fromPager = 2;
 
@@ -66,8 +66,8 @@ void KeyboardFocus::retakeFromNobody(xcb_window_t window) {
     }
 }
 
-// A window manager parks the focus on an unmanaged window of its own outside the screen. Some
-// toolkits hide theirs as well, but inside a visible window.
+// A window manager parks the focus on its own unmanaged window outside the screen. Some toolkits
+// have hidden focus windows as well, but inside a visible window.
 bool KeyboardFocus::isNobody(xcb_window_t holder) {
     if (holder == XCB_WINDOW_NONE || holder == XCB_INPUT_FOCUS_POINTER_ROOT ||
         holder == m_connection.root()) {
@@ -101,14 +101,13 @@ bool KeyboardFocus::isViewable(xcb_window_t window) {
     return answer && answer->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
-// Qt's time of the last event does not include hot keys, and a focus set with an old time is
-// ignored.
+// Qt's time of the last event ignores hot keys, and X ignores a focus request with an old time.
 bool KeyboardFocus::setFocus(xcb_window_t window) {
     return m_connection.succeeded({xcb_set_input_focus_checked(
         m_connection.get(), XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME)});
 }
 
-// Sent on Qt's connection, so that it arrives after the window was shown there.
+// Sent on Qt's connection, so that it arrives after Qt has shown the window.
 void KeyboardFocus::askWindowManager(xcb_window_t window) {
     xcb_client_message_event_t message{};
     message.response_type = XCB_CLIENT_MESSAGE;

@@ -6,7 +6,7 @@ namespace perchly {
 
 namespace {
 
-// The four directions of scrolling are buttons to the server.
+// X reports scrolling in four directions as buttons.
 constexpr quint32 firstWheelButton = 4;
 constexpr quint32 lastWheelButton = 7;
 

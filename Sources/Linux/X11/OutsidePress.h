@@ -4,14 +4,14 @@
 
 namespace perchly {
 
-/// Sees pointer buttons being pressed outside one window, whichever program receives the press.
-/// Scrolling does not count. Main thread only.
+/// Reports button presses outside one window, whichever program receives them. Ignores scrolling.
+/// Main thread only.
 class OutsidePress : public QObject {
     Q_OBJECT
 public:
     explicit OutsidePress(XcbConnection &connection);
 
-    /// Starts watching; stops with XCB_WINDOW_NONE.
+    /// Starts watching; XCB_WINDOW_NONE stops it.
     void watch(xcb_window_t window);
 
 Q_SIGNALS:

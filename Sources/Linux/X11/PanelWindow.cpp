@@ -56,7 +56,7 @@ void describePanel(XcbConnection &connection, xcb_window_t panel) {
                   connection.atom("_NET_WM_STATE_SKIP_PAGER")});
     setCardinals(panel, connection.atom("_NET_WM_DESKTOP"), XCB_ATOM_CARDINAL, {0xffffffff});
     setCardinals(panel, connection.atom("_COMPTON_SHADOW"), XCB_ATOM_CARDINAL, {0});
-    // While the window grows, its old content stays at the top centre until it is repainted.
+    // Keeps old content at the top centre while the window grows, until it is repainted.
     const quint32 gravity = XCB_GRAVITY_NORTH;
     xcb_change_window_attributes(qtConnection(), panel, XCB_CW_BIT_GRAVITY, &gravity);
     xcb_flush(qtConnection());

@@ -7,7 +7,7 @@ class QWindow;
 
 namespace perchly {
 
-/// X11 requests for the panel's window that Qt does not make, in order with Qt's own.
+/// Requests for the panel's window that Qt does not make, sent on Qt's connection.
 
 /// Sets flags and format; call it before the window is created.
 void preparePanel(QWindow &panel);
@@ -17,8 +17,8 @@ void describePanel(XcbConnection &connection, xcb_window_t panel);
 
 enum class Transparency { Available, Missing };
 
-/// Limits where the panel takes the pointer to the shape, in the window's pixels. Without
-/// transparency the rest is not shown either.
+/// Limits pointer input to the shape, in the window's pixels. Without transparency, the rest of the
+/// window is not shown either.
 void shapePanel(xcb_window_t panel, const QRegion &shape, Transparency transparency);
 
 /// Removes the shape. Not flushed.

@@ -9,7 +9,7 @@ namespace perchly {
 
 namespace {
 
-// X keycodes of the digit row, from 1 to 9 and then 0.
+// X keycodes of the digit row: 1 to 9, then 0.
 constexpr quint32 firstDigitKey = 10;
 constexpr quint32 lastDigitKey = 19;
 
@@ -18,7 +18,7 @@ QString charactersWithoutModifiers(const QKeyEvent &event) {
     if (physical >= firstDigitKey && physical <= lastDigitKey) {
         return QString::number((physical - firstDigitKey + 1) % 10);
     }
-    // Qt names printing keys by their character with Shift; other keys lie far above.
+    // Qt identifies printable keys by the character with Shift; other keys have much larger values.
     if (event.key() < Qt::Key_Space || event.key() >= Qt::Key_Escape) {
         return {};
     }
@@ -54,7 +54,7 @@ bool QtKeyMonitor::eventFilter(QObject *watched, QEvent *event) {
     }
     if (event->type() == QEvent::ShortcutOverride) {
         m_verdict = handle(*event);
-        event->setAccepted(*m_verdict); // keeps shortcuts from taking the press that follows
+        event->setAccepted(*m_verdict); // keeps shortcuts from consuming the press that follows
         return *m_verdict;
     }
     if (event->type() != QEvent::KeyPress) {

@@ -7,7 +7,7 @@ namespace perchly {
 RawInput::RawInput(XcbConnection &connection)
     : m_connection(connection) {
     const auto *extension = xcb_get_extension_data(connection.get(), &xcb_input_id);
-    // Before version 2.1 raw events stop while another program holds the pointer.
+    // Before version 2.1, raw events stop while another program grabs the pointer.
     if (extension && extension->present &&
         connection.reply<xcb_input_xi_query_version_reply_t>(
             xcb_input_xi_query_version(connection.get(), 2, 2))) {

@@ -20,14 +20,14 @@ public:
         double pixelRatio = 1;
     };
 
-    /// The primary display comes first. Without any, pixels count as points.
+    /// The primary display comes first. Without displays, a pixel is a point.
     explicit ScreenSpace(QList<Screen> screens);
 
     /// The current displays. Main thread only.
     [[nodiscard]] static ScreenSpace current();
 
-    /// The lower left corner of a pixel, so that the topmost row lies inside the display and the
-    /// row below a rectangle outside it. Uses the scale of the nearest display.
+    /// The bottom left corner of a pixel, so that the topmost row is inside the display and the row
+    /// below a rectangle is outside it. Uses the scale of the nearest display.
     [[nodiscard]] ScreenPoint fromPixels(QPoint pixels) const;
 
     /// The display's area in pixels, and an area of that display in the program's points.
@@ -37,7 +37,7 @@ public:
     [[nodiscard]] ScreenPoint fromQt(QPointF point) const;
     [[nodiscard]] ScreenRect fromQt(const QRectF &rect) const;
 
-    /// Rounds each edge to a whole point, so that what touches a display's edge still does.
+    /// Rounds each edge to a whole point, so that an edge on a display's edge stays there.
     [[nodiscard]] QRect toQt(const ScreenRect &rect) const;
 
     [[nodiscard]] const QList<Screen> &screens() const { return m_screens; }

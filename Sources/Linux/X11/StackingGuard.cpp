@@ -39,9 +39,9 @@ StackingGuard::StackingGuard(XcbConnection &connection)
     m_check.setSingleShot(true);
     connect(&m_check, &QTimer::timeout, this, &StackingGuard::check);
     connect(&connection, &XcbConnection::eventArrived, this, &StackingGuard::handleEvent);
-    // A translucent window gets no VisibilityNotify, so watch the managed windows too: their order
-    // and where they are. No single property is enough: some window managers leave the order alone
-    // when the first window comes.
+    // A translucent window gets no VisibilityNotify, so watch the order and positions of managed
+    // windows, too. No single property is enough: some window managers do not change the order when
+    // the first window appears.
     m_signs = {connection.atom("_NET_CLIENT_LIST_STACKING"), connection.atom("_NET_CLIENT_LIST"),
                connection.atom("_NET_ACTIVE_WINDOW")};
     connection.selectEvents(connection.root(),
@@ -69,7 +69,7 @@ void StackingGuard::handleEvent(const xcb_generic_event_t *event) {
     case XCB_CONFIGURE_NOTIFY:
         handleMove(*reinterpret_cast<const xcb_configure_notify_event_t *>(event));
         break;
-    case XCB_UNMAP_NOTIFY: // perhaps a menu or a screen lock that kept us from raising
+    case XCB_UNMAP_NOTIFY: // a closed menu or screen lock may have prevented a raise
         scheduleCheck();
         break;
     default:
@@ -77,11 +77,11 @@ void StackingGuard::handleEvent(const xcb_generic_event_t *event) {
     }
 }
 
-// Arrives for each step of any window that is dragged: ask the server nothing here.
+// Called for each step while any window is dragged, so it makes no server request.
 void StackingGuard::handleMove(const xcb_configure_notify_event_t &event) {
     const QRect area = rectOf(event);
     if (event.window != m_window) {
-        // An unmanaged window that raises itself must not make us raise ours in turn.
+        // If an unmanaged window raises itself, do not raise ours in turn.
         if (event.override_redirect == 0 && area.intersects(m_area)) {
             scheduleCheck();
         }
@@ -99,7 +99,7 @@ void StackingGuard::scheduleCheck() {
 }
 
 void StackingGuard::check() {
-    // Each time: at first the server may not know the window yet.
+    // Repeated, as the server may not have known the window at first.
     m_connection.selectEvents(m_window, XCB_EVENT_MASK_VISIBILITY_CHANGE);
     if (cover() != Cover::Unwanted) {
         return;
@@ -116,7 +116,7 @@ void StackingGuard::check() {
     Q_EMIT raiseWanted();
 }
 
-/// How the windows above cover ours. If one of them is allowed to, the panel is not raised at all.
+/// How the windows above cover ours. If one of them may cover it, the panel is not raised.
 StackingGuard::Cover StackingGuard::cover() {
     const auto geometryCookie = xcb_get_geometry(m_connection.get(), m_window);
     const auto treeCookie = xcb_query_tree(m_connection.get(), m_connection.root());

@@ -8,16 +8,16 @@
 
 namespace perchly {
 
-/// Notices when another window covers a window that should stay on top, and asks for a raise.
+/// Notices when another window covers a window that should stay on top, and asks to raise it.
 /// Menus, tooltips and notifications may cover it, and so may unmanaged windows that fill a
-/// display: they lock the screen. If another program keeps raising its window too, the guard pauses
-/// after a few requests until the watched window moves or grows. Main thread only.
+/// display, as they lock the screen. If another program keeps raising its window, too, the guard
+/// pauses after a few requests until the watched window moves or grows. Main thread only.
 class StackingGuard : public QObject {
     Q_OBJECT
 public:
     explicit StackingGuard(XcbConnection &connection);
 
-    /// The window to watch. The server may not know it yet.
+    /// Sets the window to watch, which the server may not know yet.
     void watch(xcb_window_t window);
 
 Q_SIGNALS:
@@ -36,10 +36,10 @@ private:
 
     XcbConnection &m_connection;
     xcb_window_t m_window = XCB_WINDOW_NONE;
-    QRect m_area;              ///< of the window, in the root's pixels
-    QList<xcb_atom_t> m_signs; ///< properties of the root that change with the order of windows
+    QRect m_area;              ///< the window's area, in the root's pixels
+    QList<xcb_atom_t> m_signs; ///< root properties that change with the order of windows
     QTimer m_check;
-    int m_raises = 0; ///< within the current period
+    int m_raises = 0; ///< in the current period
     QDeadlineTimer m_period;
 };
 

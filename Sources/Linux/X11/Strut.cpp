@@ -7,7 +7,7 @@ namespace perchly {
 
 namespace {
 
-// X coordinates have 16 bits; larger values are mistakes.
+// X coordinates have 16 bits; larger values are errors.
 int sane(quint32 value) {
     return value > quint32(std::numeric_limits<qint16>::max()) ? 0 : static_cast<int>(value);
 }

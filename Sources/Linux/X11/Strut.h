@@ -6,10 +6,10 @@
 
 namespace perchly {
 
-/// What one window, such as a dock, reserves along the edges of the X screen, in pixels.
+/// The space that one window, such as a dock, reserves along the X screen's edges, in pixels.
 struct Strut {
     struct Side {
-        int depth = 0; ///< measured from the X screen's edge, 0 for nothing
+        int depth = 0; ///< measured from the X screen's edge; 0 reserves nothing
         int first = 0; ///< the reserved range along that edge, both ends included
         int last = 0;
 
@@ -23,15 +23,14 @@ struct Strut {
     [[nodiscard]] bool isEmpty() const;
     bool operator==(const Strut &) const = default;
 
-    /// From the values of _NET_WM_STRUT_PARTIAL, or else of _NET_WM_STRUT. Impossible values
-    /// reserve nothing.
+    /// Reads _NET_WM_STRUT_PARTIAL, or else _NET_WM_STRUT. Impossible values reserve nothing.
     [[nodiscard]] static Strut fromProperties(const QList<quint32> &partial,
                                               const QList<quint32> &whole);
 };
 
 /// The part of a display without the struts, in pixels; the whole display if nothing would be left.
 ///
-/// A strut counts only for a display that it ends in: a panel between two displays has to reserve
+/// A strut affects only the display in which it ends: a panel between two displays must reserve
 /// everything up to the X screen's edge, but means only its own display.
 [[nodiscard]] QRect visibleArea(const QRect &display, QSize xScreen, const QList<Strut> &struts);
 

@@ -4,7 +4,7 @@ namespace perchly {
 
 namespace {
 
-// A desktop that starts or rearranges itself changes these many times in a row.
+// A desktop that starts or rearranges itself changes struts many times in a row.
 constexpr std::chrono::milliseconds strutSettleTime{30};
 constexpr std::chrono::milliseconds stallPause{500};
 
@@ -51,7 +51,7 @@ void StrutWatcher::refresh() {
             struts.append(strut);
         }
     }
-    // The last reply: with it, the others have come too.
+    // The last reply; the others have arrived before it.
     const auto geometry = m_connection.reply<xcb_get_geometry_reply_t>(geometryRequest);
     if (!geometry) {
         if (m_connection.isAlive()) {

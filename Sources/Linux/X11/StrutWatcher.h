@@ -7,8 +7,8 @@
 
 namespace perchly {
 
-/// Keeps the struts of all windows along the screen's edges. Empty without a window
-/// manager, which maintains the list of windows. Main thread only.
+/// The struts of all windows along the screen's edges. Empty without a window manager, which
+/// maintains the list of windows. Main thread only.
 class StrutWatcher : public QObject {
     Q_OBJECT
 public:

@@ -47,7 +47,7 @@ QList<Display> X11Displays::list() const {
         const ScreenSpace::Screen &screen = space.screens()[i];
         const QRect visible = visibleArea(ScreenSpace::pixelGeometry(screen),
                                           m_struts.xScreenSize(), m_struts.struts());
-        // The connector distinguishes displays of the same model.
+        // The connector tells displays of the same model apart.
         const QString connector = screens[i]->name();
         const bool isTwin = names.count(names[i]) > 1 && names[i] != connector;
         displays.append(

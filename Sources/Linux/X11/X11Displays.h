@@ -9,7 +9,7 @@ class QScreen;
 
 namespace perchly {
 
-/// Qt's screens, each with the area that docks and panels leave of it: Qt itself knows one such
+/// Qt's screens, each with the area that docks and panels leave free. Qt itself has only one such
 /// area for the whole desktop, which is wrong with several displays. No display has a camera
 /// housing.
 class X11Displays : public Displays {

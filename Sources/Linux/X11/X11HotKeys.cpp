@@ -6,7 +6,7 @@ namespace perchly {
 
 namespace {
 
-// A change of the layout arrives as a burst.
+// A layout change arrives as a burst.
 constexpr std::chrono::milliseconds keyboardSettleTime{50};
 
 constexpr quint16 lockModifiers = XCB_MOD_MASK_LOCK | XCB_MOD_MASK_2; // Caps Lock, Num Lock
@@ -21,13 +21,13 @@ quint16 maskOf(Modifiers modifiers) {
         mask(Modifier::Option, XCB_MOD_MASK_1) | mask(Modifier::Command, XCB_MOD_MASK_4));
 }
 
-// Latin-1 keysyms are the characters themselves.
+// Latin-1 keysyms equal their characters.
 xcb_keysym_t keysymOf(Qt::Key key) {
     const auto code = static_cast<xcb_keysym_t>(key);
     return key >= Qt::Key_A && key <= Qt::Key_Z ? code + ('a' - 'A') : code;
 }
 
-// The letter's place on a keyboard with Latin letters; keycodes are the same on all of Linux.
+// The letter's position on a Latin keyboard; keycodes are the same on all Linux systems.
 std::optional<xcb_keycode_t> physicalKeyOf(Qt::Key key) {
     constexpr QLatin1StringView rows("QWERTYUIOP    ASDFGHJKL     ZXCVBNM");
     constexpr int firstKeycode = 24;
@@ -81,7 +81,7 @@ void X11HotKeys::handleEvent(const xcb_generic_event_t *event) {
 void X11HotKeys::handlePress(const xcb_key_press_event_t &press) {
     const int held = press.state & 0xff & ~lockModifiers;
     for (auto [identifier, registration] : m_registrations.asKeyValueRange()) {
-        // Key repeat releases and presses at the same moment.
+        // A key repeat has a release and a press with the same time.
         if (registration.keycode == press.detail && registration.modifiers == held &&
             registration.releasedAt != press.time) {
             Q_EMIT pressed(identifier);
@@ -89,8 +89,8 @@ void X11HotKeys::handlePress(const xcb_key_press_event_t &press) {
     }
 }
 
-// Most announcements change nothing: another keyboard of the same layout was typed on. Releasing
-// the chord and grabbing it again would miss the press that caused them.
+// Most announcements change nothing: the user typed on another keyboard with the same layout.
+// Releasing and grabbing the chord again would miss the press that caused the announcement.
 void X11HotKeys::followKeyboardChange() {
     for (Registration &registration : m_registrations) {
         const auto keycode = keycodeFor(registration.chord.key);
@@ -104,8 +104,8 @@ void X11HotKeys::followKeyboardChange() {
     }
 }
 
-/// The key that writes this without modifiers, in the first layout if possible. When no layout has
-/// it, the key in that place on a Latin keyboard. Nothing as well if the server does not answer.
+/// The key that types this character without modifiers, in the first layout if possible; else the
+/// key in its position on a Latin keyboard. nullopt if the server does not answer.
 std::optional<xcb_keycode_t> X11HotKeys::keycodeFor(Qt::Key key) {
     if (!m_connection.isAlive()) {
         return std::nullopt;
@@ -113,7 +113,7 @@ std::optional<xcb_keycode_t> X11HotKeys::keycodeFor(Qt::Key key) {
     const xcb_keysym_t keysym = keysymOf(key);
     const std::unique_ptr<xcb_key_symbols_t, decltype(&xcb_key_symbols_free)> symbols(
         xcb_key_symbols_alloc(m_connection.get()), xcb_key_symbols_free);
-    if (!m_connection.sync()) { // or the next call would wait without a timeout
+    if (!m_connection.sync()) { // otherwise the next call would wait without a timeout
         return std::nullopt;
     }
     const XcbPointer<xcb_keycode_t[]> keycodes(xcb_key_symbols_get_keycode(symbols.get(), keysym));

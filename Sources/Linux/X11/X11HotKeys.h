@@ -10,15 +10,15 @@
 
 namespace perchly {
 
-/// Chords grabbed on the root window, with every state of Caps Lock and Num Lock. They follow a
-/// change of the keyboard layout. Option is Alt (Mod1), Command is Super (Mod4).
+/// Chords grabbed on the root window, in every state of Caps Lock and Num Lock. They follow changes
+/// of the keyboard layout. Option is Alt (Mod1), Command is Super (Mod4).
 class X11HotKeys : public HotKeys {
     Q_OBJECT
 public:
     X11HotKeys();
 
-    /// For letters, digits, Space and the other characters of Latin-1. False also if the server
-    /// does not answer in time.
+    /// Accepts letters, digits, Space and other Latin-1 characters. Also returns false if the
+    /// server does not answer in time.
     [[nodiscard]] bool registerChord(int identifier, Chord chord) override;
 
 private:

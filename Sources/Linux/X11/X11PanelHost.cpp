@@ -12,7 +12,7 @@ namespace perchly {
 
 namespace {
 
-// A window manager that loses the active window settles on another one within this time.
+// After losing the active window, a window manager activates another one within this time.
 constexpr std::chrono::milliseconds retakeDelay{60};
 
 void flushQt() {
@@ -57,8 +57,8 @@ void X11PanelHost::place(const ScreenRect &frame, const QMarginsF &margins) {
     if (geometry == m_panel->geometry()) {
         return;
     }
-    // Qt sends the new geometry at once. Until the shape follows, let the whole window take the
-    // pointer: a press that falls through the old shape in the new place would be lost.
+    // Qt sends the new geometry at once. Until the new shape follows, the whole window takes the
+    // pointer: otherwise a press through the old shape in the new place would be lost.
     if (geometry.size() != m_panel->size()) {
         m_shape.reset();
         unshapePanel(panelId());

@@ -16,8 +16,8 @@
 namespace perchly {
 
 /// The panel as an override-redirect window: above docks and full-screen windows, on every desktop,
-/// and never activated by a window manager. An input shape lets clicks fall through its margin;
-/// without a compositor the same shape cuts the margin off.
+/// and never activated by a window manager. An input shape lets clicks through its margin; without
+/// a compositor, the same shape cuts the margin off.
 class X11PanelHost : public PanelHost {
     Q_OBJECT
 public:

@@ -8,8 +8,8 @@
 
 namespace perchly {
 
-/// Follows the pointer by raw motion events. A mouse may send a thousand of them a second: after
-/// each announcement they stay in the socket for a few milliseconds. The last position of a
+/// Follows the pointer by raw motion events. A mouse may send a thousand of them per second, so
+/// after each announcement they stay in the socket for a few milliseconds. The last position of a
 /// movement is always announced. Without XInput 2 the pointer is polled.
 class X11PointerMonitor : public PointerMonitor {
     Q_OBJECT

@@ -25,7 +25,7 @@ XcbConnection::XcbConnection(QObject *parent)
         return;
     }
     m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
-    // libxcb asks for an extension when it is first used and then waits without a timeout.
+    // On first use of an extension libxcb queries it and waits without a timeout.
     for (xcb_extension_t *extension : {&xcb_input_id, &xcb_xfixes_id, &xcb_shape_id}) {
         xcb_prefetch_extension_data(m_connection, extension);
     }
@@ -54,7 +54,7 @@ bool XcbConnection::succeeded(const QList<xcb_void_cookie_t> &cookies) {
         }
         return false;
     }
-    bool result = true; // after sync() xcb_request_check does not wait
+    bool result = true; // after sync(), xcb_request_check does not wait
     for (const xcb_void_cookie_t cookie : cookies) {
         const XcbPointer<xcb_generic_error_t> error(xcb_request_check(m_connection, cookie));
         result = result && !error;

@@ -13,14 +13,14 @@ class QSocketNotifier;
 
 namespace perchly {
 
-/// A connection to the X server beside Qt's: for events that Qt hides, and for replies with a
-/// timeout. A server that stalls delays the caller by half a second at most; after that, requests
-/// fail at once until the server sends something again. Once the server has closed the connection,
-/// or without a server, requests are ignored and replies are null. Main thread only.
+/// A second connection to the X server, for events that Qt hides and for replies with a timeout. A
+/// stalled server delays the caller by at most half a second; after that, requests fail at once
+/// until the server sends something. Without a server, or once it has closed the connection,
+/// requests are ignored and replies are null. Main thread only.
 class XcbConnection : public QObject {
     Q_OBJECT
 public:
-    /// Connects to the server named by DISPLAY.
+    /// Connects to the server in DISPLAY.
     explicit XcbConnection(QObject *parent = nullptr);
     ~XcbConnection() override;
 
@@ -42,17 +42,17 @@ public:
     /// Whether requests sent by their _checked variants all succeeded; false on timeout.
     [[nodiscard]] bool succeeded(const QList<xcb_void_cookie_t> &cookies);
 
-    /// The atom of that name, created if needed; XCB_ATOM_NONE on timeout.
+    /// The atom with that name, created if needed; XCB_ATOM_NONE on timeout.
     [[nodiscard]] xcb_atom_t atom(const QByteArray &name);
 
-    /// The 32-bit values of a window's property; empty when absent or of another format.
+    /// The 32-bit values of a window's property; empty if absent or in another format.
     [[nodiscard]] QList<quint32> property(xcb_window_t window, xcb_atom_t name);
 
-    /// The same in two steps, for asking about many windows at once.
+    /// The same in two steps, to query many windows at once.
     [[nodiscard]] xcb_get_property_cookie_t requestProperty(xcb_window_t window, xcb_atom_t name);
     [[nodiscard]] QList<quint32> property(xcb_get_property_cookie_t cookie);
 
-    /// Sets the mask of events that are received from a window.
+    /// Sets the mask of events to receive from a window.
     void selectEvents(xcb_window_t window, quint32 mask);
 
     /// While off, events stay in the socket.
@@ -62,7 +62,7 @@ public:
     void drain();
 
 Q_SIGNALS:
-    /// The event is valid during the call only.
+    /// The event is valid only during the call.
     void eventArrived(const xcb_generic_event_t *event);
 
     /// All events that had arrived were emitted, or the server closed the connection.

@@ -4,7 +4,7 @@
 
 namespace perchly {
 
-/// One line on the battery, read now and at every refresh(). Main thread only.
+/// The battery's state in one line, read at once and on each refresh(). Main thread only.
 class Battery : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString line READ line NOTIFY lineChanged FINAL)

@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Enough for other programs to redraw what our windows covered.
+/// Time for other programs to redraw the areas that our windows covered.
 constexpr auto redrawTime = 80ms;
 
 QString newCaptureFile() {

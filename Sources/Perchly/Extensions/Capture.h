@@ -16,15 +16,15 @@ class Capture : public QObject {
     Q_PROPERTY(bool active READ active NOTIFY activeChanged FINAL)
     Q_PROPERTY(QString error READ error NOTIFY errorChanged FINAL)
 public:
-    /// All of these must outlive this object.
+    /// The arguments must outlive this object.
     Capture(ScreenCapture &capture, Clock &clock, ShellActions &shell, QObject *parent = nullptr);
 
-    /// The user is choosing what to capture, or is about to.
+    /// Whether the user is choosing a region, or is about to.
     [[nodiscard]] bool active() const { return m_active; }
-    /// Why the last capture failed; null if it did not.
+    /// Why the last capture failed; null if it succeeded.
     [[nodiscard]] QString error() const { return m_error; }
-    /// Moves the program's windows out of the way, lets the user choose a part of the screen,
-    /// announces its picture, and shows the workspace window. Nothing happens during a capture.
+    /// Hides the program's windows, lets the user choose a part of the screen, announces the
+    /// picture, and shows the workspace window. Does nothing during a capture.
     Q_INVOKABLE void start();
 
 Q_SIGNALS:

@@ -17,7 +17,7 @@ namespace perchly {
 
 namespace {
 
-/// The last part of the address's path, or the whole address without one.
+/// The last part of the URL's path, or the whole URL if it has no path.
 QString lastPathComponent(const QUrl &url) {
     const QString path = url.adjusted(QUrl::StripTrailingSlash).path();
     const QString name = path.mid(path.lastIndexOf(u'/') + 1);
@@ -92,7 +92,7 @@ void LaunchGroups::launch(const QUuid &id) {
     if (found == m_groups.cend()) {
         return;
     }
-    // The desktop may answer in another order than it was asked.
+    // Answers may arrive in another order than the requests.
     const auto lastFailed = std::make_shared<qsizetype>(-1);
     const QList<QUrl> urls = found->urls;
     for (qsizetype place = 0; place < urls.size(); ++place) {

@@ -20,7 +20,7 @@ class ShelfLibrary;
 struct LaunchGroup {
     QUuid id;
     QString name;
-    QList<QUrl> urls; ///< an application is its desktop entry's file; absolute, no two equal
+    QList<QUrl> urls; ///< absolute and distinct; an application is its desktop entry's file
 
     [[nodiscard]] static constexpr auto fields() {
         return std::tuple(std::pair(QLatin1StringView("id"), &LaunchGroup::id),
@@ -29,21 +29,21 @@ struct LaunchGroup {
     }
 };
 
-/// The launch groups, oldest first; as rows: "id", "name" and "contents", the names of what is
-/// opened. Every change is stored, or ignored if it is too large. Main thread only.
+/// The launch groups, oldest first. Row fields: "id", "name" and "contents", the names of the
+/// items. Every change is stored, or ignored if it is too large. Main thread only.
 class LaunchGroups : public perchly::KeyedRows {
     Q_OBJECT
 public:
-    /// All of these must outlive this object.
+    /// The arguments must outlive this object.
     LaunchGroups(Preferences &preferences, Applications &applications, const ShelfLibrary &library,
                  const HeldFiles &held, Notice notice, QObject *parent = nullptr);
 
     [[nodiscard]] const QList<LaunchGroup> &list() const { return m_groups; }
-    /// Saves the shown applications and the held files under the name, trimmed; a blank name does
-    /// nothing.
+    /// Saves the shown applications and the held files under the trimmed name; does nothing if it
+    /// is blank.
     Q_INVOKABLE void save(const QString &name);
-    /// Asks the desktop to open everything of the group, in order. A notice names the last one in
-    /// that order that cannot be opened.
+    /// Asks the desktop to open the group's items in order. If some cannot be opened, a notice
+    /// names the last of those.
     Q_INVOKABLE void launch(const QUuid &id);
     Q_INVOKABLE void remove(const QUuid &id);
 

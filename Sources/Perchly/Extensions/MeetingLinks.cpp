@@ -24,7 +24,7 @@ bool isMeetingHost(const QString &host) {
     });
 }
 
-/// Up to a closing bracket that was not opened in the link.
+/// The length up to a closing bracket that has no opening one in the link.
 qsizetype endOfBrackets(QStringView link) {
     constexpr QStringView opening = u"([{";
     constexpr QStringView closing = u")]}";
@@ -41,14 +41,14 @@ qsizetype endOfBrackets(QStringView link) {
     return link.size();
 }
 
-/// Without punctuation of the text around it.
+/// The link without brackets and punctuation of the text around it.
 QString trimmed(QStringView found) {
     QStringView link = found.first(endOfBrackets(found));
     while (!link.isEmpty() && QStringView(u".,;:!?'*_~…([{").contains(link.back())) {
         link.chop(1);
     }
     QString text = link.toString();
-    // HTML for "&", which hardly occurs in links.
+    // HTML for "&"; rare in plain links.
     text.replace(QLatin1StringView("&amp;"), QLatin1StringView("&"));
     return text;
 }
@@ -56,10 +56,9 @@ QString trimmed(QStringView found) {
 } // namespace
 
 QUrl findMeetingLink(const QString &text) {
-    // Ends at characters that end links in browsers, and at HTML entities other than "&amp;". A
-    // word that is not a scheme is skipped whole, and nothing is given back: trying the rest of a
-    // long word again at each letter takes seconds, and remembering every letter of a long link is
-    // more than the matcher's stack holds.
+    // Links end at characters that end links in browsers, and at HTML entities other than "&amp;".
+    // The pattern skips words that are not a scheme and never backtracks: retrying a long word at
+    // each letter takes seconds, and backtracking over a long link overflows the matcher's stack.
     static const QRegularExpression pattern(
         QStringLiteral(
             R"([A-Za-z][A-Za-z0-9+.\-]*+(*SKIP)://(?:(?!&(?:nbsp|lt|gt|quot|apos|#\d+|#x[\da-f]+);)[^\s<>"`\\|^“”«»‘’])++)"),

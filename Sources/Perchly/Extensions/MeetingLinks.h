@@ -5,10 +5,9 @@
 
 namespace perchly {
 
-/// The first link of the text that leads to a video meeting: to one of the hosts zoom.us,
-/// meet.google.com, teams.microsoft.com, teams.live.com and webex.com or below one, by "https" or
-/// "http" in lower case. The text is as people and programs write it: links stand in brackets and
-/// at the ends of sentences, and in HTML. Invalid without one. Any thread.
+/// The first link in the text to a video meeting: "https" or "http", in lower case, with the host
+/// zoom.us, meet.google.com, teams.microsoft.com, teams.live.com, webex.com or a subdomain. Handles
+/// links in brackets, at ends of sentences and in HTML. Invalid if there is no link. Any thread.
 [[nodiscard]] QUrl findMeetingLink(const QString &text);
 
 } // namespace perchly

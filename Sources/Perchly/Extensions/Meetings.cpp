@@ -16,7 +16,7 @@ namespace {
 
 constexpr auto window = 7 * 24h;
 
-/// Weekday, hour and minute, in the user's own zone and format.
+/// Weekday, hour and minute in the user's time zone and format.
 QString startText(const CalendarEvent &event) {
     const auto sinceEpoch = std::chrono::floor<std::chrono::milliseconds>(event.start);
     const auto start = QDateTime::fromMSecsSinceEpoch(sinceEpoch.time_since_epoch().count());
@@ -104,7 +104,7 @@ void Meetings::show(const QList<CalendarEvent> &events) {
     });
     std::ranges::stable_sort(upcoming, {}, &CalendarEvent::start);
     setEvents(upcoming);
-    // A permission that could not be stored shows meetings in this run, but the error stays.
+    // If the permission could not be stored, meetings are shown in this run, but the error stays.
     setMessage(!m_connectError.isEmpty() ? m_connectError
                : !upcoming.isEmpty()     ? QString()
                : m_calendars.isReadable()

@@ -9,10 +9,9 @@
 
 namespace perchly {
 
-/// The timed events of the next seven days, earliest start first, and those under way; empty
-/// without the user's permission to read the calendars. As rows: "title", "start" in words,
-/// "status", whether it is "running", and "link", where to join it, which may be empty.
-/// Main thread only.
+/// The current timed events and those of the next seven days, earliest start first; empty without
+/// the user's permission to read calendars. Row fields: "title", "start" in words, "status",
+/// "running", and "link" for joining, which may be empty. Main thread only.
 class Meetings : public perchly::KeyedRows {
     Q_OBJECT
     Q_PROPERTY(QString firstTitle READ firstTitle NOTIFY firstTitleChanged FINAL)
@@ -20,17 +19,17 @@ class Meetings : public perchly::KeyedRows {
 public:
     Meetings(CalendarStore &calendars, Clock &clock, QObject *parent = nullptr);
 
-    /// In one line; empty without a meeting.
+    /// In one line; empty if there is no meeting.
     [[nodiscard]] QString firstTitle() const;
-    /// What to say above the list; empty when nothing needs saying.
+    /// The message above the list, if any.
     [[nodiscard]] QString message() const { return m_message; }
 
-    /// Asks the user for permission, one question at a time, and then looks for meetings.
+    /// Asks the user for permission, one question at a time, then looks for meetings.
     Q_INVOKABLE void connectCalendar();
-    /// Looks for meetings; the last call counts. Call it twice a minute, as the rows tell the time
-    /// that is left.
+    /// Looks for meetings; the last call wins. Call it twice a minute, as the rows show the
+    /// remaining time.
     Q_INVOKABLE void refresh();
-    /// The same, from the calendars themselves, even if no change was announced.
+    /// Like refresh(), but reads the calendars again even if no change was announced.
     Q_INVOKABLE void readAgain();
 
 Q_SIGNALS:
@@ -46,9 +45,9 @@ private:
     CalendarStore &m_calendars;
     Clock &m_clock;
     QList<CalendarEvent> m_events;
-    QHash<QString, QUrl> m_links; ///< by identifier: finding one takes a while
+    QHash<QString, QUrl> m_links; ///< by identifier, since searching a text takes a while
     QString m_message;
-    QString m_connectError; ///< of the last question
+    QString m_connectError; ///< from the last question
     Task m_connecting;
     Task m_loading;
 };

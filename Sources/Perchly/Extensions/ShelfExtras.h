@@ -13,7 +13,7 @@ namespace perchly {
 struct Hosts;
 class Productivity;
 
-/// The extras of the workspace window: its section, their stores, and previews. Main thread only.
+/// The extras of the workspace window: the section, their stores, and previews. Main thread only.
 class ShelfExtras : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString section READ section WRITE setSection NOTIFY sectionChanged FINAL)
@@ -24,7 +24,7 @@ class ShelfExtras : public QObject {
     Q_PROPERTY(perchly::Battery *battery READ battery CONSTANT FINAL)
     Q_PROPERTY(perchly::Capture *capture READ capture CONSTANT FINAL)
 public:
-    /// Reads the battery and the meetings every 30 seconds. All of these must outlive the store.
+    /// Reads the battery and the meetings every 30 seconds. The arguments must outlive this object.
     ShelfExtras(Hosts &hosts, ShelfLibrary &library, Productivity &productivity,
                 ShellActions &shell, QObject *parent = nullptr);
 
@@ -39,8 +39,8 @@ public:
     [[nodiscard]] Battery *battery() { return &m_battery; }
     [[nodiscard]] Capture *capture() { return &m_capture; }
 
-    /// Shows a file or link in the preview's window, in front, or closes the preview if it shows
-    /// that already. From there the user may go on to the others of the list.
+    /// Shows a file or link in front in the preview window, or closes the window if it already
+    /// shows that. There the user can switch to the other items of the list.
     Q_INVOKABLE void togglePreview(const QUrl &url, const QList<QUrl> &among);
 
 Q_SIGNALS:

@@ -47,7 +47,7 @@ bool Snippets::pin(const QString &text) {
         return true;
     }
     const QList<Snippet> snippets = m_snippets + QList{Snippet{QUuid::createUuid(), text}};
-    // Even if they are not to be stored now: they may be later.
+    // Checked even if they are not stored now, as they may be later.
     if (!m_preferences.checkSize(keys::pinnedSnippets, encodeRecords(snippets))) {
         return false;
     }

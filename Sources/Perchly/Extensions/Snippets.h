@@ -11,7 +11,7 @@ namespace perchly {
 
 class Preferences;
 
-/// A short text that is kept for copying again.
+/// A short text kept for copying.
 struct Snippet {
     QUuid id;
     QString text;
@@ -22,8 +22,8 @@ struct Snippet {
     }
 };
 
-/// The pinned snippets, oldest first; as rows: "id", "label", cut to what can be shown, "isBlank"
-/// if there is nothing to see in it, and "text". Main thread only.
+/// The pinned snippets, oldest first. Row fields: "id", "label", cut to the shown part, "isBlank"
+/// if nothing in it is visible, and "text". Main thread only.
 class Snippets : public perchly::KeyedRows {
     Q_OBJECT
     Q_PROPERTY(bool persist READ persist WRITE setPersist NOTIFY persistChanged FINAL)
@@ -31,11 +31,11 @@ public:
     explicit Snippets(Preferences &preferences, QObject *parent = nullptr);
 
     [[nodiscard]] const QList<Snippet> &list() const { return m_snippets; }
-    /// Adds a text as it is. An empty one, and one that is pinned already, changes nothing. False
-    /// if there is no room for it.
+    /// Adds a text unchanged, unless it is empty or already pinned. Returns false if it is too
+    /// large to store.
     Q_INVOKABLE bool pin(const QString &text);
     Q_INVOKABLE void remove(const QUuid &id);
-    /// Whether pinned snippets outlive the run: turning it off deletes the stored ones.
+    /// Whether pinned snippets outlive the run. Turning this off deletes the stored ones.
     [[nodiscard]] bool persist() const;
     void setPersist(bool persist);
 

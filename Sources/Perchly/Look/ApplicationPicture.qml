@@ -1,14 +1,14 @@
 import QtQuick
 import Perchly.Look
 
-/// The picture of an application, which is read on another thread; a generic one if it has none,
-/// or is uninstalled. It is square.
+/// The square picture of an application, read on another thread; a generic one if the application
+/// has none or is uninstalled.
 Item {
     id: root
 
-    /// Of its desktop entry; empty shows the generic picture.
+    /// The desktop entry's path; empty shows the generic picture.
     required property string path
-    /// Pixels of the screen for one point here.
+    /// Screen pixels per point.
     property real pictureScale: Screen.devicePixelRatio
 
     Image {

@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// Text of a window in its normal size; as many lines as it needs.
+/// Window text of normal size, with as many lines as it needs.
 Label {
     Accessible.name: text
     Accessible.role: Accessible.StaticText

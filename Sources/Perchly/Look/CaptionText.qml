@@ -1,6 +1,6 @@
 import Perchly.Look
 
-/// A small remark.
+/// Small secondary text.
 BodyText {
     font.pixelSize: 11
 }

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Perchly.Look
 
-/// Text whose digits all take the same width, so that a running time does not tremble.
+/// Text with digits of equal width, so that a running time does not jitter.
 Row {
     id: root
 

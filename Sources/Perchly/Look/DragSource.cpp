@@ -66,7 +66,7 @@ void DragSource::setDragging(bool dragging) {
 
 void DragSource::mousePressEvent(QMouseEvent *event) {
     m_pressedAt = event->position();
-    setKeepMouseGrab(true); // a list around it would scroll instead
+    setKeepMouseGrab(true); // otherwise a list around it would scroll
     event->accept();
 }
 
@@ -77,13 +77,13 @@ void DragSource::mouseMoveEvent(QMouseEvent *event) {
         return;
     }
     setDragging(true);
-    // The drag has an event loop of its own, in which this event should be over.
+    // The drag runs its own event loop, so start it after this event.
     QMetaObject::invokeMethod(this, &DragSource::drag, Qt::QueuedConnection);
 }
 
 void DragSource::mouseReleaseEvent(QMouseEvent *event) {
     if (m_dragging) {
-        setDragging(false); // let go before the drag began, which would have no end then
+        setDragging(false); // released before the drag began, so the drag will not end it
     } else if (contains(event->position())) {
         Q_EMIT clicked();
     }
@@ -98,7 +98,7 @@ void DragSource::drag() {
         return;
     }
     const QPointer<DragSource> self(this);
-    // Not this item's: the row may go while it is dragged.
+    // Not owned by this item, whose row may disappear during the drag.
     auto *drag = new QDrag(QCoreApplication::instance());
     drag->setMimeData(mimeData(m_urls));
     if (!m_label.isEmpty()) {

@@ -8,28 +8,28 @@
 
 namespace perchly {
 
-/// A place from which files and links are dragged into any program, which gets them themselves, to
-/// copy: the originals are neither moved nor removed. Lay it behind a row's buttons; it takes the
-/// left button, also within a list that can be flicked.
+/// An area from which files and links can be dragged into any program. Only copies: the originals
+/// are neither moved nor removed. Place it behind a row's buttons; it takes the left button, even
+/// in a list that can be flicked.
 class DragSource : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT
-    /// The URLs to drag; if there are none, no drag starts.
+    /// The URLs to drag; no drag starts if there are none.
     Q_PROPERTY(QList<QUrl> urls MEMBER m_urls NOTIFY urlsChanged FINAL)
-    /// The text shown beside the pointer.
+    /// The text shown at the pointer.
     Q_PROPERTY(QString label MEMBER m_label NOTIFY labelChanged FINAL)
     Q_PROPERTY(bool dragging READ dragging NOTIFY draggingChanged FINAL)
 public:
     explicit DragSource(QQuickItem *parent = nullptr);
 
-    /// From when the drag begins until it was let go.
+    /// True from the start of the drag until the release.
     [[nodiscard]] bool dragging() const { return m_dragging; }
 
 Q_SIGNALS:
     void urlsChanged();
     void labelChanged();
     void draggingChanged();
-    /// Pressed and let go without a drag.
+    /// Pressed and released without a drag.
     void clicked();
 
 protected:

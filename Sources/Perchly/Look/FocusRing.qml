@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// Shows where the keyboard is: a ring around its parent.
+/// A ring around its parent that marks the keyboard focus.
 RoundedRect {
     id: root
 

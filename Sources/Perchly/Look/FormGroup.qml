@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// Rows of a form on one plate, from top to bottom.
+/// Form rows in a column on one plate.
 RoundedRect {
     id: root
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// A symbol without a plate until the pointer is over it. Its tooltip says what it does.
+/// A symbol that gets a plate when the pointer is over it. Its tooltip describes the action.
 PressButton {
     id: root
 

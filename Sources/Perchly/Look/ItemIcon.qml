@@ -1,16 +1,15 @@
 import QtQuick
 import Perchly.Look
 
-/// The square picture that stands for an entry of the shelf in lists. Empty for an entry that is of
-/// no kind.
+/// The square picture of a shelf entry in lists. Empty if `kind` is.
 Item {
     id: root
 
     /// "widget", "shortcut", "application" or empty.
     required property string kind
-    /// The widget's title, for a widget.
+    /// The widget's title, if it is a widget.
     property string widget: ""
-    /// The desktop entry, for an application.
+    /// The desktop entry's path, if it is an application.
     property string path: ""
 
     readonly property color tint: WidgetLook.color(root.widget)

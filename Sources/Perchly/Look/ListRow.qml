@@ -2,16 +2,16 @@ import QtQuick
 import QtQuick.Layouts
 import Perchly.Look
 
-/// A row of a ScrollList that says one thing, and has buttons for it at its end.
+/// A row of a ScrollList with a text and, at its end, buttons.
 RowCard {
     id: root
 
     property string text: ""
-    /// A small remark below the text.
+    /// Small secondary text below the text.
     property string detail: ""
     property alias label: label
     property int indent: 4
-    /// Before the text.
+    /// Items before the text.
     property alias leading: leading.data
     default property alias buttons: buttons.data
 

@@ -4,17 +4,17 @@ import QtQuick
 import QtQuick.Templates as T
 import Perchly.Look
 
-/// A list of words above the window's content, as wide as its parent and below or above it, where
-/// there is most room. It lives until it is closed.
+/// A list of options above the window's content, as wide as its parent and below or above it,
+/// wherever there is more room. Destroyed when closed.
 T.Popup {
     id: root
 
-    /// What assistive programs call it.
+    /// The accessible name.
     required property string label
     required property list<string> options
-    /// The option with a checkmark; -1 for none.
+    /// The option with the checkmark; -1 for none.
     required property int current
-    /// What gets the keyboard when it closes.
+    /// The item that gets the keyboard when the list closes.
     property Item opener: root.parent
 
     signal chosen(int index)
@@ -24,14 +24,14 @@ T.Popup {
         root.chosen(index);
     }
 
-    /// A held key, which may have opened the list, chooses nothing.
+    /// Ignores a held key, which may have opened the list.
     function chooseByKey(event: KeyEvent) {
         if (!event.isAutoRepeat && list.currentIndex >= 0) {
             root.choose(list.currentIndex);
         }
     }
 
-    /// Goes to the next option that begins with the typed text.
+    /// Goes to the next option that starts with the typed text.
     function find(typed: var) {
         const wanted = typed.toLocaleLowerCase();
         const fits = option => option.toLocaleLowerCase().startsWith(wanted);
@@ -44,7 +44,7 @@ T.Popup {
 
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
     focus: true
-    modal: true // a press beside it does nothing more than close it
+    modal: true // a press outside only closes it
     padding: 5
 
     background: RoundedRect {
@@ -54,7 +54,7 @@ T.Popup {
         radius: 10
     }
     onAboutToShow: {
-        root.contentItem.parent.Accessible.ignored = true; // the list says what it is
+        root.contentItem.parent.Accessible.ignored = true; // the list has the accessible name
         const gap = 4;
         const edge = 8;
         const top = root.parent.mapToItem(null, 0, 0).y;
@@ -157,7 +157,7 @@ T.Popup {
         }
     }
 
-    // It goes with what it belongs to and with its window.
+    // Closes with its parent and its window.
     Connections {
         target: root.parent
 

@@ -3,8 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Perchly.Look
 
-/// Chooses one of several words from a list that opens above the window's content. Space, Return and
-/// the arrow keys open it.
+/// Chooses an option from a list that opens above the window's content. Space, Return and the arrow
+/// keys open it.
 PressButton {
     id: root
 

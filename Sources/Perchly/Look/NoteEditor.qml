@@ -1,12 +1,12 @@
 import QtQuick
 import Perchly.Look
 
-/// A text of several lines that is edited in place. It scrolls by the wheel and with its cursor;
-/// Tab goes on to the next control.
+/// A multi-line text, edited in place. The wheel and the cursor scroll it; Tab goes to the next
+/// control.
 Flickable {
     id: root
 
-    /// What assistive programs call it.
+    /// The accessible name.
     required property string label
     /// Shown while there is no text.
     property string placeholder: ""
@@ -18,12 +18,12 @@ Flickable {
     property int maxLength: 20000
     property bool isTooLong: false
     readonly property real line: hint.implicitHeight
-    /// The text comes from `note`, not from the user; the editor may hold it a little changed,
-    /// as it knows one kind of blank and of line end only.
+    /// True while `note`, not the user, changes the text. The editor normalises blanks and line
+    /// ends, so its text may differ slightly from `note`.
     property bool filling: false
 
     signal edited(note: string)
-    /// The user pressed into the text.
+    /// The user pressed a button inside the text.
     signal pressed()
 
     function fill() {
@@ -50,7 +50,7 @@ Flickable {
     clip: true
     contentHeight: Math.max(root.height, edit.implicitHeight)
     contentWidth: root.width
-    // A drag selects; the wheel scrolls.
+    // A drag selects text; only the wheel scrolls.
     interactive: false
 
     onNoteChanged: root.fill()
@@ -103,7 +103,7 @@ Flickable {
             }
             root.isTooLong = edit.length > Math.max(root.maxLength, root.note.length);
             if (root.isTooLong) {
-                undoing.start(); // not while the editor inserts
+                undoing.start(); // not during the insertion
             } else {
                 root.edited(edit.text);
             }

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Perchly.Look
 
-/// The last notice of a store, with a button to be rid of it. Takes no room while there is none.
+/// The last notice of a store, with a button to dismiss it. Takes no space without a notice.
 RowLayout {
     id: root
 
@@ -27,7 +27,7 @@ RowLayout {
 
         onActivated: root.dismissed()
         onVisibleChanged: {
-            // Back to where the keyboard was.
+            // Return the keyboard to where it was.
             if (!button.visible && button.activeFocus) {
                 button.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason);
             }

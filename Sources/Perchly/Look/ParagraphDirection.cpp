@@ -12,7 +12,7 @@ void ParagraphDirection::apply() {
     QTextDocument &document = *m_document->textDocument();
     QTextOption option = document.defaultTextOption();
     option.setTextDirection(Qt::LayoutDirectionAuto);
-    option.setAlignment(Qt::AlignLeft); // where a paragraph begins
+    option.setAlignment(Qt::AlignLeft); // the right for right-to-left paragraphs
     document.setDefaultTextOption(option);
 }
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// A line of a form: a label and a MenuPicker.
+/// A form row with a label and a MenuPicker.
 Item {
     id: root
 

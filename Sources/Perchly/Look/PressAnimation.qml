@@ -1,6 +1,6 @@
 import QtQuick
 
-/// How a button goes down and comes up again.
+/// Animates a button's press and release.
 NumberAnimation {
     duration: 140
     easing.type: Easing.OutCubic

@@ -1,18 +1,18 @@
 import QtQuick
 import Perchly.Look
 
-/// A button around any content. While it is pressed its content is a little smaller
-/// and dimmer. Space and Return press it when it has the keyboard.
+/// A button around any content, which gets a little smaller and dimmer while pressed. Space and
+/// Return press it when it has the keyboard.
 MouseArea {
     id: root
 
-    /// What assistive programs call it.
+    /// The accessible name.
     required property string label
-    /// What it acts upon, for assistive programs.
+    /// The object of the action, for assistive programs.
     property string subject: ""
     property string toolTip: ""
-    /// Colour of the plate behind the content. Buttons of windows lay a RoundedRect there instead:
-    /// it looks better at odd scales, but takes more memory than the shelf's buttons may.
+    /// Colour of the plate behind the content. Buttons in windows use a RoundedRect instead, which
+    /// looks better at odd scales but takes too much memory for the shelf's many buttons.
     property color plate: "transparent"
     property real plateRadius: 8
     /// Scale of the content while the button is pressed.
@@ -20,8 +20,8 @@ MouseArea {
     property int focusInset: -3
     property int focusSideInset: root.focusInset
     property real focusRadius: root.plateRadius - root.focusInset
-    /// When it took the place of another button, in milliseconds as Date.now() tells: a second click
-    /// that was meant for that one does nothing.
+    /// When this button replaced another one, as Date.now() in milliseconds. Ignores the second
+    /// click of a double-click on that one.
     property double cameAt: 0
     readonly property int doubleClickTime: 500
     default property alias content: body.data
@@ -33,7 +33,7 @@ MouseArea {
             root.activated();
         }
     }
-    /// A held key presses once.
+    /// Ignores key repeats.
     function pressByKey(event: KeyEvent) {
         if (!event.isAutoRepeat) {
             root.press();

@@ -6,10 +6,10 @@ PressButton {
     id: root
 
     property string text: ""
-    /// The one that is most likely wanted: its plate has the accent.
+    /// Marks the default action: the plate has the accent colour.
     property bool prominent: false
     property int size: 13
-    /// What confirm() shows for a moment.
+    /// The text that confirm() shows for a moment.
     property string done: ""
 
     focusRadius: 10
@@ -19,7 +19,7 @@ PressButton {
     opacity: root.enabled ? 1 : 0.4
     pressedScale: 0.97
 
-    /// Call where nothing else shows that a press did something.
+    /// Confirms a press that has no other visible effect.
     function confirm() {
         confirming.restart();
     }

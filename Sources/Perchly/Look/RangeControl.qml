@@ -1,25 +1,25 @@
 import QtQuick
 import Perchly.Look
 
-/// A number between two ends that is changed by the arrow keys, Page Up and Down, Home and End, and
-/// by assistive programs. Bind `current` to it; `asked` asks for another one.
+/// A number in a range, changed by the arrow keys, Page Up and Down, Home and End, and by assistive
+/// programs. Bind `current` to it; `asked` requests a change.
 FocusScope {
     id: root
 
-    /// What assistive programs call it.
+    /// The accessible name.
     required property string label
     property real current: 0
     property real from: 0
     property real to: 1
-    /// What an arrow key changes; ten of them for a page.
+    /// The step of an arrow key; a page is ten steps.
     property real stepSize: (root.to - root.from) / 20
-    /// What assistive programs read and write.
+    /// The value that assistive programs read and write.
     property real value: root.current
 
     signal asked(real value)
 
     function ask(value: real) {
-        // Rounded to four decimals, to remove floating-point errors of repeated steps.
+        // Rounded to four decimals, which removes floating-point errors of repeated steps.
         const rounded = Math.round(value * 1e4) / 1e4;
         const wanted = Math.max(root.from, Math.min(root.to, rounded));
         if (wanted !== root.current) {

@@ -6,13 +6,13 @@
 
 namespace perchly {
 
-/// A rectangle with round corners, painted in one piece: Qt's own Rectangle shows seams at its
-/// corners where the shelf's scale, or the display's, is not a whole number.
+/// A rectangle with round corners, painted in one piece: Qt's Rectangle shows seams at its corners
+/// if the shelf's or the display's scale is not a whole number.
 class RoundedRect : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QColor color MEMBER m_color NOTIFY changed FINAL)
-    /// If valid, the fill is a gradient from `color` at the top to this at the bottom.
+    /// If valid, the fill is a gradient from `color` at the top to this colour at the bottom.
     Q_PROPERTY(QColor bottomColor MEMBER m_bottomColor NOTIFY changed FINAL)
     Q_PROPERTY(double radius MEMBER m_radius NOTIFY changed FINAL)
     /// The border lies inside the rectangle; a width of 0 hides it.

@@ -5,16 +5,16 @@ import Perchly.Look
 FocusScope {
     id: root
 
-    /// In a list, the row itself has the keyboard when none of its controls takes it.
+    /// The row itself takes the keyboard when none of its controls does.
     property bool takesKeyboard: true
-    /// It can have the keyboard beside its controls, too.
+    /// The row can have the keyboard although it has controls.
     property bool selectable: false
-    /// It has the keyboard, and none of its controls.
+    /// The row itself has the keyboard.
     readonly property bool selected: root.Window.activeFocusItem === root
     property int padding: 10
     property alias radius: plate.radius
     property alias color: plate.color
-    /// Lies between the plate and the content.
+    /// Items between the plate and the content.
     property alias underlay: underlay.data
     default property alias content: body.data
 

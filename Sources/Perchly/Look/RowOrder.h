@@ -7,14 +7,14 @@
 
 namespace perchly {
 
-/// Keeps a list's rows in the order in which they are seen, which is the one in which assistive
-/// programs read them; a list view keeps them as they were made. Also keeps them in the
-/// accessibility tree: Qt 6.8 hides rows that were laid out below the edge, even after they scroll
-/// into view. Does nothing while no such program runs. Main thread only.
+/// Keeps a list's rows in visual order, in which assistive programs then read them; a list view
+/// keeps them in order of creation. Also keeps them in the accessibility tree: Qt 6.8 hides rows
+/// that were laid out below the edge, even after they scroll into view. Does nothing while no
+/// assistive program runs. Main thread only.
 class RowOrder : public QObject, public QAccessible::ActivationObserver {
     Q_OBJECT
     QML_ELEMENT
-    /// The item that the rows lie in.
+    /// The parent item of the rows.
     Q_PROPERTY(QQuickItem *rows READ rows WRITE setRows NOTIFY rowsChanged FINAL)
 public:
     explicit RowOrder(QObject *parent = nullptr);

@@ -1,15 +1,14 @@
 import QtQuick
 import Perchly.Look
 
-/// A scrollable column. Its children are laid out from top to
-/// bottom, as wide as the area.
+/// A scrollable column whose children are as wide as the area.
 Item {
     id: root
 
     property alias spacing: column.spacing
     default property alias content: column.data
 
-    /// Scrolls to an item inside, once it has its place.
+    /// Scrolls to an item inside, once it is laid out.
     function reveal(item: Item) {
         revealing.item = item;
         revealing.restart();

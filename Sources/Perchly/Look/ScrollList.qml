@@ -1,19 +1,19 @@
 import QtQuick
 import Perchly.Look
 
-/// A list of rows that scrolls, and one stop for Tab: the arrows go from row to row and from a
-/// control to its neighbour, Home and End to the ends, and the list remembers where the keyboard
-/// was. In a row that needs the arrows for itself, Tab goes along the row before it leaves. Rows are
-/// focus scopes; one may have the keyboard as a whole: see `takesKeyboard` and `selectable` of
+/// A scrollable list of rows that is one stop for Tab. Up and Down switch rows, Left and Right
+/// switch controls, Home and End go to the ends, and the list remembers where the keyboard was. In
+/// a row whose controls need the arrows, Tab goes through the controls before it leaves. Rows are
+/// focus scopes; one may take the keyboard as a whole: see `takesKeyboard` and `selectable` of
 /// RowCard.
 Item {
     id: root
 
-    /// What assistive programs call it.
+    /// The accessible name.
     required property string label
     /// Shown while there are no rows.
     property string placeholder: ""
-    /// Gets the keyboard when the last row goes; without one, what follows the list does.
+    /// Gets the keyboard when the last row is removed; null leaves it to the item after the list.
     property Item fallback: null
     property alias model: view.model
     property alias delegate: view.delegate
@@ -22,16 +22,15 @@ Item {
     property alias reuseItems: view.reuseItems
     /// How far outside the view rows are kept ready, in points.
     property alias cacheBuffer: view.cacheBuffer
-    /// Its current row is the one that has the keyboard, or had it.
+    /// Its current row has, or last had, the keyboard.
     readonly property alias view: view
 
     property int lastControl: 0
     property Item lastRow: null
-    /// The row that was given the keyboard as a whole.
+    /// The row that has the keyboard as a whole.
     property Item whole: null
 
-    // These functions name no types, since compiled ahead of time they would read through items that
-    // are gone.
+    // These functions declare no types: compiled ahead of time, they would access deleted items.
 
     function rowOf(item) {
         let at = item;
@@ -41,7 +40,7 @@ Item {
         return at;
     }
 
-    /// The controls inside, also those that are disabled now, so that positions stay the same.
+    /// The controls inside, including disabled ones, so that positions stay the same.
     function controlsOf(item) {
         const found = [];
         for (const child of Array.from(item.children)) {
@@ -56,7 +55,7 @@ Item {
         return found;
     }
 
-    /// Where the control with the keyboard stands in its row; -1 is the row as a whole.
+    /// Position of the control with the keyboard in its row; -1 for the row as a whole.
     function focusedControl() {
         return view.activeFocus && view.currentItem ? root.controlsOf(view.currentItem).indexOf(scroller.focused) : -1;
     }
@@ -67,8 +66,8 @@ Item {
         row.forceActiveFocus(Qt.TabFocusReason);
     }
 
-    /// Gives the keyboard to the control at that position in the row, or to the next one to it that
-    /// takes it, or to the row itself, which is the position -1; false if none of them takes it.
+    /// Gives the keyboard to the control at `position` in the row, else to the nearest one that
+    /// takes it, else (or for -1) to the row itself. False if none takes it.
     function focusRow(index, position) {
         const at = Math.min(view.count - 1, index);
         view.positionViewAtIndex(at, ListView.Contain);
@@ -90,8 +89,8 @@ Item {
         return Boolean(found);
     }
 
-    /// As focusRow, in the first row from that one on, in steps of 1 or -1, that takes the keyboard;
-    /// where none does, it stays where it is.
+    /// Calls focusRow for `index` and further rows, in steps of 1 or -1, until one takes the
+    /// keyboard. If none does, it stays where it is.
     function focusFrom(index, step, position) {
         const here = view.activeFocus ? view.currentIndex : -1;
         const control = root.focusedControl();
@@ -101,7 +100,7 @@ Item {
             }
         }
         if (here >= 0 && index >= 0 && index < view.count) {
-            root.focusRow(here, control); // it may have been scrolled away
+            root.focusRow(here, control); // it may have been scrolled out of view
         }
         return false;
     }
@@ -114,7 +113,7 @@ Item {
                 root.whole = null;
                 root.lastControl = Math.max(0, root.controlsOf(row).indexOf(item));
             } else if (row !== view.currentItem || row === root.lastRow) {
-                root.whole = row; // else the view has made it the current one, as another is gone
+                root.whole = row; // else the view chose it, as another row was removed
             }
             if (row !== view.currentItem) {
                 view.currentIndex = view.indexAt(row.x, row.y + row.height / 2);
@@ -123,7 +122,7 @@ Item {
         root.lastRow = row;
     }
 
-    /// The keyboard stays where it was when what had it was removed or hidden.
+    /// Restores the keyboard after the item that had it was removed or hidden.
     function restore() {
         const item = scroller.focused;
         view.forceLayout();
@@ -138,7 +137,7 @@ Item {
         }
     }
 
-    /// The rows are other ones now: who enters begins with the first.
+    /// The rows were replaced, so the keyboard enters at the first.
     function startOver() {
         view.currentIndex = 0;
         root.lastControl = 0;
@@ -162,7 +161,7 @@ Item {
         event.accepted = view.activeFocus && root.focusFrom(view.currentIndex + distance, distance, root.focusedControl());
     }
 
-    /// Goes to the next control of the row, in steps of 1 or -1; false if there is none.
+    /// Goes to the next control in the row, in steps of 1 or -1; false if there is none.
     function moveAlong(step) {
         const row = view.activeFocus ? view.currentItem : null;
         const controls = row ? root.controlsOf(row) : [];
@@ -181,7 +180,7 @@ Item {
         return selects;
     }
 
-    /// The keyboard comes from outside.
+    /// Takes the keyboard from outside.
     function enter(step) {
         if (!root.focusRow(view.currentIndex, root.lastControl) && !root.focusFrom(0, 1, 0)) {
             root.leave(step);
@@ -189,7 +188,7 @@ Item {
     }
 
     function leave(step) {
-        // Qt does not find the next item from inside a hidden one.
+        // Qt cannot find the next item from inside a hidden one.
         const edge = !root.visible ? root : step > 0 ? after : before;
         const next = edge.nextItemInFocusChain(step > 0);
         next.forceActiveFocus(step > 0 ? Qt.TabFocusReason : Qt.BacktabFocusReason);
@@ -202,7 +201,7 @@ Item {
         }
     }
 
-    /// The page that is seen moves, and the keyboard with it.
+    /// Scrolls by a page and moves the keyboard with it.
     function page(event) {
         const control = root.focusedControl();
         const ends = [Qt.Key_Home, Qt.Key_End].indexOf(event.key);
@@ -225,7 +224,7 @@ Item {
 
     Accessible.name: root.label
     Accessible.role: Accessible.List
-    // Not the height of all rows: a layout would give it that for a moment, and all would be made.
+    // Not the height of all rows: a layout might apply it for a moment and create all of them.
     implicitHeight: 120
 
     Keys.onDownPressed: event => root.step(event, 1)
@@ -234,7 +233,7 @@ Item {
     Keys.onRightPressed: event => event.accepted = root.moveAlong(1)
     Keys.onUpPressed: event => root.step(event, -1)
 
-    // Shortcuts: a focused control would consume Tab before the list's Keys handlers.
+    // Shortcuts, since a focused control would consume Tab before the list's Keys handlers.
     Shortcut {
         enabled: view.activeFocus
         sequence: "Tab"
@@ -247,7 +246,7 @@ Item {
 
         onActivated: root.tab(-1)
     }
-    // Where Tab arrives from before the list and from behind it.
+    // Tab stops before and after the list.
     Item {
         id: before
 

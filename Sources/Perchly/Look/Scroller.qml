@@ -2,8 +2,8 @@ import QtQuick
 import QtQuick.Templates as T
 import Perchly.Look
 
-/// Scrolls the view below it: by the wheel, by Page Up and Down, by a thin bar at its right,
-/// and to the focused item inside it.
+/// Scrolls the view below it: by the wheel, by Page Up and Down, by a thin bar on its right, and to
+/// the focused item inside it.
 Item {
     id: root
 
@@ -21,7 +21,7 @@ Item {
         root.scrollTo(root.view.contentY - root.start + distance);
     }
 
-    // These name no types, since compiled ahead of time they would read through items that are gone.
+    // These declare no types: compiled ahead of time, they would access deleted items.
 
     /// Brings the item into view, with a little space around it.
     function reveal(item) {
@@ -44,7 +44,7 @@ Item {
         return false;
     }
 
-    /// What Page Up, Page Down, and with Control also Home and End do.
+    /// Handles Page Up and Page Down, and with Control also Home and End.
     function page(event: var) {
         const distance = 0.9 * root.view.height;
         const ends = event.modifiers & Qt.ControlModifier;

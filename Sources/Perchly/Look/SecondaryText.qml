@@ -1,6 +1,6 @@
 import Perchly.Look
 
-/// Text that explains, quieter than what it explains.
+/// Explanatory text in a quieter colour.
 BodyText {
     color: Theme.grey
 }

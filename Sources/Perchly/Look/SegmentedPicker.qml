@@ -3,12 +3,12 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Perchly.Look
 
-/// Chooses one of a few words that lie side by side. Tab reaches the chosen one, the arrow keys
+/// Chooses one of a few words that are side by side. Tab reaches the chosen one; the arrow keys
 /// choose its neighbours.
 Item {
     id: root
 
-    /// What assistive programs call it.
+    /// The accessible name.
     required property string label
     required property list<string> options
     required property string current

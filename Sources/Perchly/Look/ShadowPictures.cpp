@@ -7,7 +7,7 @@ namespace perchly {
 
 namespace {
 
-constexpr double strength = 0.42; ///< opacity right beside the rectangle
+constexpr double strength = 0.42; ///< opacity next to the rectangle
 
 /// Distance from a rounded rectangle's outline; negative inside.
 double distance(double x, double y, double halfSide, double radius) {
@@ -34,7 +34,7 @@ QImage ShadowPictures::requestImage(const QString &id, QSize *size, const QSize 
                 distance(x + 0.5 - side / 2.0, y + 0.5 - side / 2.0, side / 2.0 - spread, radius);
             const double outside = std::clamp(away + 0.5, 0.0, 1.0);
             const double near = std::clamp(1 - away / spread, 0.0, 1.0);
-            // A cube falls off softly and reaches nothing, with no visible rim, at the spread.
+            // A cube falls off softly and reaches zero, with no visible rim, at the spread.
             const double alpha = 255 * strength * outside * near * near * near;
             picture.setPixel(x, y, qRgba(0, 0, 0, int(std::lround(alpha))));
         }

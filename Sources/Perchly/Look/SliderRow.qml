@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// A line of a form: a label, a slider, and its value in words.
+/// A form row with a label, a slider, and its value in words.
 Item {
     id: root
 

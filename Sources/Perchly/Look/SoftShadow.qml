@@ -1,12 +1,12 @@
 import QtQuick
 import Perchly.Look
 
-/// The soft shadow around a rounded rectangle that fills the parent. Nothing is painted under the
-/// rectangle, so that it may be translucent.
+/// The soft shadow around a rounded rectangle that fills the parent. It leaves the rectangle itself
+/// clear, which may be translucent.
 BorderImage {
     id: root
 
-    /// Corner radius, and how far the shadow reaches, in points.
+    /// Corner radius and width of the shadow, in points.
     required property int radius
     required property int spread
     /// Scale of the rectangle.

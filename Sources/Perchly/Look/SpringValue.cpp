@@ -12,14 +12,14 @@ namespace {
 constexpr double response = 0.42;
 constexpr double dampingFraction = 0.88;
 constexpr double easeSeconds = 0.12;
-constexpr double nearlyThere = 0.0005; ///< of the way that a motion goes
+constexpr double nearlyThere = 0.0005; ///< as a fraction of the motion's distance
 
 constexpr double frequency = 2 * std::numbers::pi / response;
 constexpr double decay = dampingFraction * frequency;
 
 } // namespace
 
-/// One motion from where the value is, at the speed that it has, to the target.
+/// A motion from the current value, at its current speed, to the target.
 class SpringValue::Animation : public QAbstractAnimation {
 public:
     explicit Animation(SpringValue &owner)

@@ -8,9 +8,9 @@
 
 namespace perchly {
 
-/// A number that follows its target with the program's one spring: it takes about 0.42 s, hardly
-/// overshoots, and may be given another target on its way, keeping its speed. Where motion is
-/// reduced it eases out over 0.12 s instead. At rest it costs nothing.
+/// A number that follows its target with the program's one spring. A motion takes about 0.42 s,
+/// hardly overshoots, and keeps its speed when the target changes. With reduced motion the value
+/// eases out over 0.12 s instead. Costs nothing at rest.
 class SpringValue : public QObject, public QQmlParserStatus {
     Q_OBJECT
     Q_INTERFACES(QQmlParserStatus)
@@ -24,23 +24,23 @@ public:
     explicit SpringValue(QObject *parent = nullptr);
     ~SpringValue() override;
 
-    /// Setting it starts the motion, or jumps while `animated` is false. The first target, set
-    /// before the component is complete, is where the value starts.
+    /// Setting it starts the motion, or jumps if `animated` is false. The first target, set before
+    /// the component is complete, is the initial value.
     [[nodiscard]] double target() const { return m_target; }
     void setTarget(double target);
 
     [[nodiscard]] double value() const { return m_value; }
     [[nodiscard]] bool isRunning() const;
 
-    /// Ease instead of spring. A running motion restarts from where it is, in the new manner.
+    /// Ease instead of spring. Changing this restarts a running motion from its current value.
     [[nodiscard]] bool isReduced() const { return m_reduced; }
     void setReduced(bool reduced);
 
-    /// When false, the value is always the target. Turning it off ends a motion at its target.
+    /// If false, the value always equals the target. Turning it off ends a motion at its target.
     [[nodiscard]] bool isAnimated() const { return m_animated; }
     void setAnimated(bool animated);
 
-    /// Makes `value` both value and target at once, without motion.
+    /// Sets both value and target, without motion.
     Q_INVOKABLE void jumpTo(double value);
 
     void classBegin() override;

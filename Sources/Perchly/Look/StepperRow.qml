@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// A whole number in words, with buttons for one less and one more.
+/// A whole number in words, with buttons that decrease and increase it.
 RangeControl {
     id: root
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// A line of text with a switch at its end. A press anywhere on it asks for the other state; the
+/// A line of text with a switch at its end. A press anywhere on it requests the other state; the
 /// switch shows what `checked` is bound to.
 PressButton {
     id: root

@@ -1,12 +1,12 @@
 import QtQuick
 import Perchly.Look
 
-/// A symbol by its name, centred in a square of its own; nothing while the name is empty.
+/// A symbol by its name, centred in a square; empty if the name is.
 Item {
     id: root
 
     required property string name
-    /// As a type size: a symbol stands as high as capitals of that size with some air.
+    /// As a font size: a symbol is slightly higher than capitals of that size.
     property real size: 13
     property color color: Theme.text
     property bool bold: false

@@ -11,13 +11,13 @@ namespace perchly {
 
 namespace {
 
-// Of the whole side.
+// As a fraction of the side.
 constexpr double plateMargin = 1 / 16.0;
 constexpr double plateRadius = 0.22;
 constexpr double symbolSide = 0.625;
 
 void paintPlate(QPainter &painter, int side) {
-    // On whole pixels, so that a small plate has sharp edges.
+    // In whole pixels, so that a small plate has sharp edges.
     const double margin = std::round(side * plateMargin);
     QLinearGradient body(0, 0, 0, side);
     body.setColorAt(0, QColor(0x20, 0x24, 0x2b));
@@ -44,7 +44,7 @@ QIcon platedSymbolIcon(const QString &name) {
         painter.setRenderHint(QPainter::Antialiasing);
         paintPlate(painter, side);
         const qreal scale = side * symbolSide / std::max(bounds.width(), bounds.height());
-        // Mapped first: a path this small is flattened too coarsely by the painter's own scale.
+        // Scaled here, as QPainter would flatten such a small path too coarsely.
         const QTransform toPixels =
             QTransform::fromTranslate(-bounds.center().x(), -bounds.center().y()) *
             QTransform::fromScale(scale, scale) * QTransform::fromTranslate(side / 2.0, side / 2.0);

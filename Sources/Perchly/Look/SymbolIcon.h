@@ -5,8 +5,8 @@
 
 namespace perchly {
 
-/// A symbol in white on the dark plate of the program's own icon, so that it shows on any ground,
-/// in the sizes that panels ask for, 16 to 64 pixels. Null for an unknown name.
+/// A symbol in white on the dark plate of the program's icon, so that it shows on any background,
+/// in the sizes that panels use, 16 to 64 pixels. Null for an unknown name.
 [[nodiscard]] QIcon platedSymbolIcon(const QString &name);
 
 } // namespace perchly

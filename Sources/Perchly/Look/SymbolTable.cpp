@@ -23,7 +23,7 @@ constexpr const char *symbols =
     "xmark.circle.fill";
 
 QString loadFont() {
-    // The font is read where it lies in the program's image, without a copy.
+    // Used in place, without copying the font.
     const QResource resource(QStringLiteral(":/perchly/symbols/Framework7Icons-Regular.ttf"));
     Q_ASSERT(resource.compressionAlgorithm() == QResource::NoCompression);
     const int font = QFontDatabase::addApplicationFontFromData(QByteArray::fromRawData(

@@ -7,9 +7,8 @@
 
 namespace perchly {
 
-/// Every symbol that the program shows, by name. Each is one glyph of a font that is part of the
-/// program, reached by a ligature. The font is loaded when its family is first asked for. Main
-/// thread only.
+/// Every symbol that the program shows, by name. Each is a ligature glyph of a font built into the
+/// program. The font is loaded when its family is first needed. Main thread only.
 class SymbolTable : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -20,15 +19,14 @@ public:
 
     [[nodiscard]] static const QStringList &names();
 
-    /// The text that the font turns into the symbol's glyph. Empty for an unknown name, which is
-    /// also reported as a warning.
+    /// The text that the font renders as the symbol's glyph. Empty, with a warning, for an unknown
+    /// name.
     Q_INVOKABLE [[nodiscard]] static QString glyphText(const QString &name);
 
     /// The font's family name.
     [[nodiscard]] static QString family();
 
-    /// The symbol's outline in a square of side 1 with y growing downwards; empty for an unknown
-    /// name.
+    /// The symbol's outline in a unit square, y down; empty for an unknown name.
     [[nodiscard]] static QPainterPath outline(const QString &name);
 };
 

@@ -1,8 +1,8 @@
 import QtQuick
 import Perchly.Look
 
-/// A plain button of a symbol and a word, or of either alone. Its bounds are those of what it shows;
-/// a faint plate reaches a little further while the pointer is over it.
+/// A plain button with a symbol, a word, or both. Its bounds are those of its content; a faint
+/// plate extends a little further while the pointer is over it.
 PressButton {
     id: root
 

@@ -1,11 +1,11 @@
 import QtQuick
 import Perchly.Look
 
-/// A field for one line of text in a rounded border. Escape empties it before it does anything else.
+/// A one-line text field in a rounded border. Escape first clears it, then passes on.
 FocusScope {
     id: root
 
-    /// What assistive programs call it; its placeholder unless given.
+    /// The accessible name; by default the placeholder.
     property string label: root.placeholder
     property string placeholder: ""
     /// Shown before the text.
@@ -62,7 +62,7 @@ FocusScope {
             event.accepted = input.text !== "";
             input.clear();
         }
-        // A held key accepts once.
+        // Ignores key repeats.
         Keys.onReturnPressed: event => event.accepted = event.isAutoRepeat
         Keys.onEnterPressed: event => event.accepted = event.isAutoRepeat
         onAccepted: root.accepted()

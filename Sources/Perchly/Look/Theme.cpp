@@ -20,7 +20,7 @@ Theme *Theme::create(QQmlEngine *qmlEngine, QJSEngine *) {
 QString Theme::family() {
     static const QString chosen = [] {
         const QString preferred = QStringLiteral("Inter");
-        // Asking for one match is far cheaper than listing every family.
+        // Matching one font is far cheaper than listing every family.
         return QFontInfo(QFont(preferred)).family() == preferred
                    ? preferred
                    : QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();

@@ -11,8 +11,8 @@ class QQmlEngine;
 
 namespace perchly {
 
-/// What every view of the program shares: colours, the text's typeface, and whether motion is
-/// reduced. One for each QML engine.
+/// Shared by all views: colours, the typeface, and whether motion is reduced. One for each QML
+/// engine.
 class Theme : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -37,17 +37,17 @@ class Theme : public QObject {
     Q_PROPERTY(QColor row READ row CONSTANT FINAL)
     Q_PROPERTY(QColor line READ line CONSTANT FINAL)
 public:
-    /// Gives the engine ShadowPictures, too.
+    /// Also gives the engine ShadowPictures.
     static Theme *create(QQmlEngine *qmlEngine, QJSEngine *jsEngine);
 
-    /// Inter where it is installed, else the desktop's typeface.
+    /// Inter if it is installed, else the desktop's typeface.
     [[nodiscard]] static QString family();
 
-    /// Follows the desktop's setting; the root of a view keeps it up to date.
+    /// The desktop's setting; each root view keeps it up to date.
     [[nodiscard]] bool reduceMotion() const { return m_reduceMotion; }
     void setReduceMotion(bool reduce);
 
-    /// The user's accent; the shelf's view keeps it up to date for all windows.
+    /// The user's accent colour; the shelf's view keeps it up to date for all windows.
     [[nodiscard]] QColor accent() const { return m_accent; }
     void setAccent(const QColor &accent);
 
@@ -61,29 +61,29 @@ public:
     [[nodiscard]] static QColor cyan() { return QColor(100, 210, 255); }
     [[nodiscard]] static QColor grey() { return QColor(152, 152, 157); }
     [[nodiscard]] static QColor text() { return QColor(Qt::white); }
-    /// Of the cards that lie on the shelf's background.
+    /// The cards on the shelf's background.
     [[nodiscard]] static QColor card() { return QColor::fromRgbF(1, 1, 1, 0.045F); }
-    /// Of what floats above it: popovers, alerts, tooltips.
+    /// Everything above them: popovers, alerts, tooltips.
     [[nodiscard]] static QColor floating() { return QColor::fromRgbF(0.075F, 0.08F, 0.09F); }
-    /// Background of the ordinary windows.
+    /// The background of ordinary windows.
     [[nodiscard]] static QColor window() { return QColor::fromRgbF(0.045F, 0.05F, 0.06F); }
-    /// Of the rows and groups that lie on it.
+    /// The rows and groups on it.
     [[nodiscard]] static QColor row() { return QColor::fromRgbF(1, 1, 1, 0.05F); }
-    /// Of hairlines and of the outlines of fields.
+    /// Hairlines and the outlines of fields.
     [[nodiscard]] static QColor line() { return QColor::fromRgbF(1, 1, 1, 0.12F); }
 
-    /// These colours for what Qt draws, such as dialogs.
+    /// These colours for Qt's own widgets, such as dialogs.
     [[nodiscard]] static QPalette palette();
 
-    /// Where SoftShadow finds the picture for that radius and spread, in pixels.
+    /// The URL of SoftShadow's picture for that radius and spread, in pixels.
     Q_INVOKABLE [[nodiscard]] static QString shadow(int radius, int spread);
 
-    /// The accent stored under that name; mint for every other name.
+    /// The accent stored under that name; mint for any other name.
     Q_INVOKABLE [[nodiscard]] static QColor accentColor(const QString &name);
-    /// The background stored under that name; the near-black one for every other name. Opaque.
+    /// The background stored under that name, opaque; near-black for any other name.
     Q_INVOKABLE [[nodiscard]] static QColor backgroundColor(const QString &name);
 
-    /// Width of the widest digit of that font, for figures that change in place.
+    /// Width of the font's widest digit, for numbers that change in place.
     Q_INVOKABLE [[nodiscard]] static double digitWidth(const QFont &font);
 
 Q_SIGNALS:

@@ -1,14 +1,14 @@
 import QtQuick
 import Perchly.Look
 
-/// Gives its parent a tooltip: after the pointer has rested on it for a moment, the text appears in a
-/// small window of its own, since the collapsed shelf has no room for one. Until then there is none.
-/// An open tooltip follows changes of `text`.
+/// Gives its parent a tooltip: after the pointer has rested on it for a moment, the text appears in
+/// a separate window, since the collapsed shelf has no room for it. The window exists only then. An
+/// open tooltip follows changes of `text`.
 Item {
     id: root
 
     property string text: ""
-    /// Where the tooltip goes, if the display has room there: Qt.BottomEdge, Qt.LeftEdge or
+    /// The side of the tooltip, if the display has room there: Qt.BottomEdge, Qt.LeftEdge or
     /// Qt.RightEdge.
     property int side: Qt.BottomEdge
     readonly property bool shown: window.active
@@ -16,7 +16,7 @@ Item {
     function dismiss() {
         rest.stop();
         if (window.item) {
-            // Unloading it takes until the next turn of the event loop.
+            // Hidden first, since unloading takes until the next turn of the event loop.
             (window.item as ToolTipWindow).visible = false;
         }
         window.active = false;

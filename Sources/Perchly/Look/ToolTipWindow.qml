@@ -1,14 +1,14 @@
 import QtQuick
 import Perchly.Look
 
-/// A tooltip's window. It takes neither the keyboard nor the pointer.
+/// A tooltip's window, which takes neither keyboard nor pointer.
 Window {
     id: root
 
     readonly property alias text: label.text
     readonly property int gap: 8
     readonly property int padding: 10
-    /// How wide a line may be; a longer text has several.
+    /// Max width of a line; a longer text wraps.
     property real widest: 0
 
     /// Shows the text beside the item, inside the item's display.

@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// A number between two ends, also changed by a press on the track or a drag.
+/// A slider for a number in a range; a press on the track or a drag also changes it.
 RangeControl {
     id: root
 

@@ -14,7 +14,7 @@ struct Look {
     QColor color = Qt::transparent;
 };
 
-/// In the order of Widget's values.
+/// In the order of the enum Widget.
 Look lookOf(const QString &title) {
     static const std::array looks{Look{"clock", Theme::cyan()}, Look{"timer", Theme::orange()},
                                   Look{"music.note", Theme::pink()},

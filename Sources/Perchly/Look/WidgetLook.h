@@ -8,7 +8,7 @@
 
 namespace perchly {
 
-/// How the kinds of widgets look, by their titles.
+/// Symbols and colours of the kinds of widgets, by title.
 class WidgetLook : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -17,11 +17,11 @@ class WidgetLook : public QObject {
 public:
     using QObject::QObject;
 
-    /// Every title, in the order of choosers.
+    /// All titles, in the order of choosers.
     [[nodiscard]] static QStringList titles();
-    /// The symbol's name; empty for a text that is no title.
+    /// The symbol's name; empty for any other text.
     Q_INVOKABLE [[nodiscard]] static QString symbol(const QString &title);
-    /// The colour of its tile; transparent for a text that is no title.
+    /// The colour of its tile; transparent for any other text.
     Q_INVOKABLE [[nodiscard]] static QColor color(const QString &title);
 };
 

@@ -2,9 +2,9 @@ import QtQuick
 import QtQuick.Layouts
 import Perchly.Look
 
-/// The content of an ordinary window: its title, a line below it, and its content, laid out
-/// from top to bottom with Layout's attached properties. Its first control has the keyboard when it
-/// comes onto the screen, unless another one had it.
+/// The layout of an ordinary window: its title, a line below it, and its content, which uses
+/// Layout's attached properties. The first control gets the keyboard when the window appears,
+/// unless another control had it.
 FocusScope {
     id: root
 
@@ -12,17 +12,17 @@ FocusScope {
     property string subtitle: ""
     property int spacing: 16
     property int padding: 24
-    /// The window is never smaller than this.
+    /// The window's minimum width.
     property int minimumWidth: 0
     property int minimumHeight: 0
-    /// Beside the title, at the window's right.
+    /// Items beside the title, at the window's right.
     property alias accessory: accessory.data
     default property alias content: column.data
 
     readonly property bool shown: root.Window.window?.visible ?? false
     property bool complete: false
 
-    /// The window came onto the screen, for the first time or again.
+    /// The window was shown, for the first time or again.
     signal appeared()
 
     function focusFirst() {
@@ -49,7 +49,7 @@ FocusScope {
         color: Theme.window
     }
     MouseArea {
-        // A press beside everything leaves the field that has the keyboard.
+        // A press outside all controls takes the keyboard from a field.
         anchors.fill: parent
         onPressed: rest.forceActiveFocus()
     }

@@ -64,8 +64,8 @@ MediaReading decodeMediaReading(const QByteArray &json) {
 
 QString textToShow(const QString &text) {
     constexpr qsizetype maxLength = 1024;
-    // Zero-width spaces and joiners of words, direction marks and overrides, byte order marks. The
-    // joiners inside emoji and words stay.
+    // Zero-width spaces and word joiners, direction marks and overrides, byte order marks. Joiners
+    // inside emoji and words stay.
     static const QRegularExpression hidden(
         QStringLiteral("[\\x{200B}\\x{200E}\\x{200F}\\x{202A}-\\x{202E}\\x{2060}"
                        "\\x{2066}-\\x{2069}\\x{FEFF}]"));

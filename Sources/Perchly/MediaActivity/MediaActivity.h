@@ -9,10 +9,10 @@ namespace perchly {
 
 class ShelfModel;
 
-/// One item of the desktop's media session. Times are in seconds and absent when unknown.
+/// The current track of the desktop's media session. Times are in seconds, absent when unknown.
 struct MediaActivity {
     QString title;
-    QString artist; ///< empty when the player gives none
+    QString artist; ///< empty if the player gives none
     QString source; ///< the player's name for users
     bool playing = false;
     std::optional<double> elapsedTime;
@@ -20,26 +20,26 @@ struct MediaActivity {
 
     friend bool operator==(const MediaActivity &, const MediaActivity &) = default;
 
-    /// The player is a web browser, going by its name.
+    /// Whether the player is a web browser, judging by its name.
     [[nodiscard]] bool isBrowser() const;
 };
 
-/// A look at the session: it failed, or it found something, or it found that nothing is there.
+/// The result of reading the session: a failure, a track, or nothing.
 struct MediaReading {
     bool succeeded = false;
     std::optional<MediaActivity> activity;
 };
 
-/// Reads a JSON object with these fields' names as keys, or "null" for nothing. Anything else, and
-/// an object without its four required keys or with a value of another type, is a failed reading.
-/// Texts become fit to show.
+/// Reads a JSON object whose keys are these fields' names, or "null" for nothing. Anything else,
+/// and an object without its four required keys or with a value of a wrong type, is a failure.
+/// Texts are cleaned by textToShow().
 [[nodiscard]] MediaReading decodeMediaReading(const QByteArray &json);
 
-/// A text from a player on one line, at most 1024 characters long, without characters that are
-/// invisible or change the direction of the text around them.
+/// A player's text in one line, at most 1024 characters, without characters that are invisible or
+/// change the direction of the text around them.
 [[nodiscard]] QString textToShow(const QString &text);
 
-/// Takes one reading of the session into the model.
+/// Puts one reading of the session into the model.
 void applyMedia(ShelfModel &model, const std::optional<MediaActivity> &activity);
 
 } // namespace perchly

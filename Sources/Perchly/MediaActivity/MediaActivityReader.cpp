@@ -33,7 +33,7 @@ Task MediaActivityReader::send(MediaPlaybackCommand command, std::optional<doubl
 
 Task MediaActivityReader::tell(const QString &playerID, const QString &word,
                                TellCompletion completion) {
-    // The companion ends by itself long before.
+    // The companion's own timeout is shorter.
     return m_host.run({QStringLiteral("-e"), playerScript(playerID, word)}, 15s,
                       std::move(completion));
 }

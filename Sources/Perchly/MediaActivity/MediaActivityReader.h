@@ -16,8 +16,8 @@ class PlayerNotifications;
 class ScriptHost;
 
 /// Reads the desktop's media session and sends commands to it through scripts. Nothing blocks:
-/// results come on the main thread, never before the call has returned, and not at all once the
-/// task is destroyed. Several calls may be under way at once. Main thread only.
+/// results come on the main thread, never before the call has returned; destroying the task drops
+/// them. Several calls may run at once. Main thread only.
 class MediaActivityReader {
 public:
     using ReadCompletion = std::function<void(const MediaReading &reading)>;
@@ -30,16 +30,16 @@ public:
         , m_players(players)
         , m_clock(clock) {}
 
-    /// While no player runs there is nothing to read, and no process is started to find that out.
+    /// Starts no process while no player runs: the reading is then empty.
     [[nodiscard]] Task read(ReadCompletion completion);
 
-    /// Whether the player accepted the command. A seek needs its target in seconds; without one it
-    /// is not accepted and nothing is run.
+    /// Reports whether the player accepted the command. A seek without a target in seconds is not
+    /// accepted and runs nothing.
     [[nodiscard]] Task send(MediaPlaybackCommand command, std::optional<double> position,
                             SendCompletion completion);
 
-    /// Runs a command word in one player and gives the player's state after it; nothing when that
-    /// failed.
+    /// Sends a command word to one player and reports the player's state after it; nullopt on
+    /// failure.
     [[nodiscard]] Task tell(const QString &playerID, const QString &word,
                             TellCompletion completion);
 

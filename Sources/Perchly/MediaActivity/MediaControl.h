@@ -11,19 +11,19 @@ namespace perchly {
 class MediaActivityReader;
 class ShelfModel;
 
-/// Carries out one playback command at a time. A player of the media session is read again, sent
-/// the command, and read until it has visibly obeyed, since browsers tend to accept a command and
-/// do nothing. Other players are sent the command without a check. Each failure leaves one sentence
-/// in the model. Main thread only; destroying it cancels the command.
+/// Carries out one playback command at a time. For a player of the media session it reads the
+/// session, sends the command, and reads again until the command has taken effect, since browsers
+/// may accept a command and do nothing. It sends a command to other players without a check. A
+/// failure leaves one sentence in the model. Main thread only; the destructor cancels the command.
 class MediaControl {
 public:
-    /// All must outlive the control.
+    /// The arguments must outlive the control.
     MediaControl(ShelfModel &model, MediaActivityReader &reader, Clock &clock)
         : m_model(model)
         , m_reader(reader)
         , m_clock(clock) {}
 
-    /// Starts the command with this word, unless one is under way, and returns at once.
+    /// Starts the command word, unless another is running, and returns at once.
     void start(const QString &word);
 
 private:

@@ -6,14 +6,14 @@
 
 #include <optional>
 
-/// The scripts for the script host. Their texts are a protocol: not a letter may change.
+/// The scripts for the script host. Their texts are a protocol: do not change any character.
 namespace perchly {
 
 /// Prints the session as JSON.
 [[nodiscard]] QString readScript();
 
 /// Sends a command, or moves to a position in seconds, and prints whether the player accepted it.
-/// Nothing for a seek without a finite position.
+/// nullopt for a seek without a finite position.
 [[nodiscard]] std::optional<QString> sendScript(MediaPlaybackCommand command,
                                                 std::optional<double> position);
 

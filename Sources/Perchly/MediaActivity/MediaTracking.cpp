@@ -53,8 +53,8 @@ void MediaTracking::poll() {
     });
 }
 
-/// Without a player there is nothing to read until one starts. One that left while it was read is
-/// still shown, so read once more.
+/// Without a player there is nothing to read until one starts. If the player left during a reading,
+/// it is still shown, so read once more.
 void MediaTracking::rest() {
     m_poll.reset();
     const bool isLeft = m_players.presence() == PlayerPresence::None && m_model.media().isSystem;

@@ -13,9 +13,9 @@ class PlayerNotifications;
 class ScriptHost;
 class ShelfModel;
 
-/// Keeps the model's `media` current. A poll of the desktop's media session comes first;
-/// without one, the signals of the music application and Spotify are used.
-/// Carries out the commands that the model announces. Main thread only.
+/// Keeps the model's `media` current: polls the desktop's media session, or uses the signals of the
+/// music application and Spotify if it is empty. Also carries out the commands that the model
+/// announces. Main thread only.
 class MediaTracking : public QObject {
     Q_OBJECT
 public:
@@ -23,9 +23,9 @@ public:
     MediaTracking(ShelfModel &model, Clock &clock, ScriptHost &scripts,
                   PlayerNotifications &notifications, MusicPlayer &musicPlayer);
 
-    /// Reads the session now and again two seconds after each reading; while no player runs, only
-    /// when one starts or the user presses a button. A failed reading changes nothing, nor does one
-    /// that ends while a command is under way.
+    /// Reads the session at once and two seconds after each reading; while no player runs, only
+    /// when one starts or the user presses a button. A reading that fails, or ends while a command
+    /// is running, changes nothing.
     void startMediaMonitoring();
     void stopMediaMonitoring();
 

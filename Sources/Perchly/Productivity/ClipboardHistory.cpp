@@ -29,7 +29,7 @@ ClipboardHistory::ClipboardHistory(Pasteboard &pasteboard, Clock &clock, Notice 
     , m_count(pasteboard.changeCount()) {
     connect(&pasteboard, &Pasteboard::changed, this, &ClipboardHistory::watch);
     connect(this, &ClipboardHistory::searchChanged, this, [this] { setRows(matches()); });
-    m_pool.setMaxThreadCount(1); // one large picture at a time
+    m_pool.setMaxThreadCount(1); // decode one large picture at a time
     m_pool.setExpiryTimeout(1000);
 }
 
@@ -64,7 +64,7 @@ void ClipboardHistory::setPaused(bool paused) {
 }
 
 void ClipboardHistory::watch() {
-    // Looks at once, but never more often than the period allows; between copies nothing runs.
+    // Checks at once, but never more often than the period allows; nothing runs between copies.
     if (m_timer || m_pasteboard.changeCount() == m_count) {
         return;
     }
@@ -77,7 +77,7 @@ void ClipboardHistory::watch() {
     });
 }
 
-// Reads it all the same, so that the pasteboard recognises it if a clipboard manager takes it over.
+// Reads the copy without recording it, so that the pasteboard can recognise a take-over of it.
 void ClipboardHistory::skipPresentCopy() {
     m_count = m_pasteboard.changeCount();
     read([](const PasteboardContent &) {});
@@ -158,7 +158,7 @@ void ClipboardHistory::copyImage(const QUrl &url) {
         const QByteArray png = picturefile::asPng(url.toLocalFile());
         const auto finish = [this, url, png, number] {
             if (number != m_copyNumber) {
-                return; // something else was copied meanwhile
+                return; // another copy was made meanwhile
             }
             if (png.isEmpty()) {
                 copyPath(url);

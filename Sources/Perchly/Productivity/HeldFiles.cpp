@@ -22,12 +22,12 @@ bool isWebScheme(QStringView scheme) {
     return scheme == QLatin1StringView("https") || scheme == QLatin1StringView("http");
 }
 
-/// As it is written: QUrl converts it to lower case.
+/// As written, whereas QUrl converts it to lower case.
 QStringView schemeOf(QStringView text) {
     return text.left(text.indexOf(u':'));
 }
 
-/// One address for each file: some programs add this machine's name or encode more characters.
+/// One URL for each file: some programs add this machine's name or encode more characters.
 QUrl normalized(const QUrl &url) {
     const QString host = url.host();
     const bool here = host.isEmpty() || host == QLatin1StringView("localhost") ||
@@ -38,7 +38,7 @@ QUrl normalized(const QUrl &url) {
     QUrl result = url;
     result.setHost(QString());
     const QString path = result.toLocalFile();
-    // A name that is not UTF-8 lives in its encoded form only.
+    // A name that is not UTF-8 exists only in its encoded form.
     return path.contains(QChar::ReplacementCharacter) ? result : QUrl::fromLocalFile(path);
 }
 
@@ -47,7 +47,7 @@ QString shownLabel(const QUrl &url) {
     return showsNothing(label) ? url.fileName(QUrl::FullyEncoded) : label;
 }
 
-/// Its own: a file may lie on a disk that does not answer, which must not hold up anything else.
+/// A separate pool: a file on a disk that does not answer must not hold up anything else.
 QThreadPool &lookingThreads() {
     static QPointer<QThreadPool> pool;
     if (!pool) {

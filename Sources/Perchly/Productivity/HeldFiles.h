@@ -12,9 +12,9 @@ namespace perchly {
 
 class OpenPanel;
 
-/// The tray: files, folders and web links held for this run, oldest first, no two equal. As rows:
-/// "url", "label", "isFile" and "isPicture", which is found out in the background.
-/// Main thread only.
+/// The tray: files, folders and web links held for this run, oldest first, without duplicates. Row
+/// fields: "url", "label", "isFile" and "isPicture", which is determined in the background. Main
+/// thread only.
 class HeldFiles : public perchly::KeyedRows {
     Q_OBJECT
     Q_PROPERTY(QList<QUrl> urls READ urls NOTIFY changed FINAL)
@@ -22,18 +22,18 @@ public:
     explicit HeldFiles(OpenPanel &openPanel, QObject *parent = nullptr);
 
     [[nodiscard]] const QList<QUrl> &urls() const { return m_urls; }
-    /// Adds the URLs that are not held yet; only local files and http and https links.
+    /// Adds the URLs that are not held yet; accepts only local files and http and https links.
     Q_INVOKABLE void hold(const QList<QUrl> &urls);
-    /// The same for a dropped "text/uri-list", which shows how each scheme was written, unlike a
-    /// QUrl: links in capitals are not taken. False, and nothing happens, if it lists nothing.
+    /// The same for a dropped "text/uri-list", which unlike a QUrl keeps each scheme as written:
+    /// links in capitals are not accepted. Returns false and does nothing if it lists nothing.
     Q_INVOKABLE bool holdDropped(const QString &uriList);
-    /// Asks for files and folders and holds those chosen. Does nothing while it is asking.
+    /// Asks for files and folders and holds those chosen. Does nothing while already asking.
     Q_INVOKABLE void addFiles();
-    /// Holds a typed web link; false, and nothing happens, if it is not one.
+    /// Holds a typed web link. Returns false and does nothing if it is not one.
     Q_INVOKABLE bool addLink(const QString &text);
     Q_INVOKABLE void remove(const QUrl &url);
     Q_INVOKABLE void clear() { setUrls({}); }
-    /// Checks again which files are pictures; until that is known, they stay as they were.
+    /// Checks again which files are pictures; until then they keep their state.
     Q_INVOKABLE void lookAgain();
 
     /// The last part of a file's path, or the whole link.
@@ -50,7 +50,7 @@ private:
     OpenPanel &m_openPanel;
     Task m_asking;
     QList<QUrl> m_urls;
-    QHash<QUrl, bool> m_pictures; ///< false also for those not looked at yet
+    QHash<QUrl, bool> m_pictures; ///< false also for files not yet checked
     QSet<QUrl> m_looking;
     QTimer m_refreshSoon; ///< one refresh for many answers
 };

@@ -16,7 +16,7 @@ constexpr qint64 maxFileBytes = 256 << 20;
 bool isPicture(const QString &path) {
     const QFileInfo file(path);
     if (!file.isFile() || file.size() > maxFileBytes) {
-        return false; // a pipe would be waited for
+        return false; // opening a pipe would block
     }
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);
@@ -36,7 +36,7 @@ QByteArray asPng(const QString &path) {
         return {};
     }
     if (format == "png") {
-        QFile file(path); // as it is, with its metadata
+        QFile file(path); // unchanged, with its metadata
         return file.open(QIODevice::ReadOnly) ? file.read(maxFileBytes) : QByteArray();
     }
     QByteArray encoded;

@@ -11,8 +11,8 @@ namespace perchly {
 
 struct Hosts;
 
-/// The workspace: its stores, its last message, and what can be done with a file or link. Only the
-/// layouts outlive the run. Main thread only.
+/// The workspace: its stores, its last message, and the actions on a file or link. Only the layouts
+/// outlive the run. Main thread only.
 class Productivity : public QObject {
     Q_OBJECT
     Q_PROPERTY(perchly::HeldFiles *held READ held CONSTANT FINAL)
@@ -21,7 +21,7 @@ class Productivity : public QObject {
     Q_PROPERTY(perchly::SavedLayouts *layouts READ layouts CONSTANT FINAL)
     Q_PROPERTY(QString message READ message WRITE setMessage NOTIFY messageChanged FINAL)
 public:
-    /// All of these must outlive the store.
+    /// The arguments must outlive this object.
     Productivity(Hosts &hosts, ShelfLibrary &library, ShelfModel &model, QObject *parent = nullptr);
 
     [[nodiscard]] HeldFiles *held() { return &m_held; }
@@ -29,16 +29,16 @@ public:
     [[nodiscard]] Shortcuts *shortcuts() { return &m_shortcuts; }
     [[nodiscard]] SavedLayouts *layouts() { return &m_layouts; }
 
-    /// The last notice to the user; stays until dismissed or replaced.
+    /// The last notice to the user, kept until it is dismissed or replaced.
     [[nodiscard]] QString message() const { return m_message; }
     void setMessage(const QString &message);
     Q_INVOKABLE void dismissMessage() { setMessage({}); }
     [[nodiscard]] Notice notice();
 
-    // A failure of these becomes the message.
+    // A failure of one of these becomes the message.
 
     Q_INVOKABLE void open(const QUrl &url);
-    /// Launches the application of that desktop entry.
+    /// Launches the application with that desktop entry.
     Q_INVOKABLE void openApplication(const QString &path);
     Q_INVOKABLE void reveal(const QUrl &url);
     /// Answered by shareTargetsFound().

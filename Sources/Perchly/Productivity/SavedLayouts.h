@@ -11,11 +11,11 @@ class Preferences;
 class ShelfLibrary;
 class ShelfModel;
 
-/// How the shelf was set up when the user saved it under a name. Names need not be unique.
+/// A setup of the shelf that the user saved under a name. Names need not be unique.
 struct SavedLayout {
     QUuid id;
-    QString name;           ///< never empty, without white space at its ends
-    QList<ShelfItem> items; ///< the whole library, in its order
+    QString name;           ///< never empty, without surrounding white space
+    QList<ShelfItem> items; ///< the whole library, in order
     bool favoritesOnly = false;
     QString left; ///< titles of the pinned widgets
     QString right;
@@ -31,18 +31,18 @@ struct SavedLayout {
     }
 };
 
-/// Named setups of the shelf, oldest first; as rows: "id" and "name". Every change is stored, or
+/// Named setups of the shelf, oldest first. Row fields: "id" and "name". Every change is stored, or
 /// ignored if it is too large. Main thread only.
 class SavedLayouts : public perchly::KeyedRows {
     Q_OBJECT
 public:
-    /// Loads the layouts. What cannot be read stays stored until a layout is saved or deleted.
+    /// Loads the layouts. Unreadable data stays stored until a layout is saved or deleted.
     SavedLayouts(Preferences &preferences, ShelfLibrary &library, ShelfModel &model,
                  QObject *parent = nullptr);
 
-    /// Saves the present setup under the name, trimmed; a blank name does nothing.
+    /// Saves the current setup under the trimmed name; does nothing if it is blank.
     Q_INVOKABLE void save(const QString &name);
-    /// Restores a setup. Unknown widgets become the clock on the left and the timer on the right.
+    /// Restores a setup. An unknown widget becomes the clock on the left or the timer on the right.
     Q_INVOKABLE void apply(const QUuid &id);
     Q_INVOKABLE void remove(const QUuid &id);
 

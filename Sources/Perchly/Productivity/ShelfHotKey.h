@@ -8,17 +8,17 @@ class HotKeys;
 class Productivity;
 class ShellActions;
 
-/// The two chords that work whichever program has the keyboard: Control-Option-Space toggles the
-/// shelf in keyboard mode, Control-Option-K opens search. They are kept for the whole run.
+/// The two global chords: Control-Option-Space toggles the shelf in keyboard mode, Control-Option-K
+/// opens search. They stay registered for the whole run.
 class ShelfHotKey : public QObject {
     Q_OBJECT
 public:
-    /// All three must outlive this object.
+    /// The arguments must outlive this object.
     ShelfHotKey(HotKeys &hotKeys, ShellActions &shell, Productivity &productivity,
                 QObject *parent = nullptr);
 
-    /// Registers both chords. If one fails, the workspace shows a message; the
-    /// toggle's report wins when both fail. Call it once.
+    /// Registers both chords. If one fails, the workspace shows a message; if both fail, it shows
+    /// that for the toggle. Call it once.
     void registerChords();
 
 private:

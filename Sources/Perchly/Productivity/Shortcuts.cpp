@@ -48,7 +48,7 @@ void Shortcuts::run(const QString &name) {
     if (!m_busy.isNull()) {
         return;
     }
-    setBusy(name.isNull() ? QStringLiteral("") : name); // a name is present even if it is empty
+    setBusy(name.isNull() ? QStringLiteral("") : name); // not null, even if the name is
     m_run = m_tool.execute(
         {QStringLiteral("run"), name}, [this, name](const ShortcutsTool::Result &result) {
             const bool stopped = m_stopped;

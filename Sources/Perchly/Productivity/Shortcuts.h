@@ -10,29 +10,29 @@ class Applications;
 class ShelfLibrary;
 class ShortcutsTool;
 
-/// The user's shortcuts, in the order of the tool's last list: "name", and "label" to be shown.
-/// Main thread only.
+/// The user's shortcuts, in the order of the tool's last list. Row fields: "name", and "label" for
+/// display. Main thread only.
 class Shortcuts : public perchly::KeyedRows {
     Q_OBJECT
     Q_PROPERTY(QString busy READ busy NOTIFY busyChanged FINAL)
     Q_PROPERTY(QString folder READ folder CONSTANT FINAL)
 public:
-    /// All of these must outlive this object.
+    /// The arguments must outlive this object.
     Shortcuts(ShortcutsTool &tool, Applications &applications, ShelfLibrary &library, Notice notice,
               QObject *parent = nullptr);
 
-    /// Name of the shortcut that is running; null when none is.
+    /// Name of the running shortcut; null if none runs.
     [[nodiscard]] QString busy() const { return m_busy; }
-    /// Lists them again in the background; the last call counts. A failure becomes a notice.
+    /// Lists the shortcuts again in the background; the last call wins. A failure becomes a notice.
     Q_INVOKABLE void refresh();
-    /// Runs one and reports its end as a notice. Nothing happens while another runs.
+    /// Runs a shortcut and reports its end as a notice. Does nothing while another runs.
     Q_INVOKABLE void run(const QString &name);
-    /// Ends the running shortcut and what it has started; its end is reported when it comes.
+    /// Ends the running shortcut and its child processes; a notice reports the end.
     Q_INVOKABLE void stop();
     Q_INVOKABLE void addToShelf(const QString &name);
-    /// Where the shortcuts are, with "~" for the user's home.
+    /// The shortcuts folder, with "~" for the user's home.
     [[nodiscard]] QString folder() const;
-    /// Creates that folder if needed and shows it in the file manager.
+    /// Creates the folder if needed and shows it in the file manager.
     Q_INVOKABLE void openFolder();
 
 Q_SIGNALS:
@@ -47,7 +47,7 @@ private:
     ShelfLibrary &m_library;
     Notice m_notice;
     QString m_busy;
-    bool m_stopped = false; ///< the busy shortcut was asked to end
+    bool m_stopped = false; ///< stop() was called for the busy shortcut
     Task m_run;
     Task m_list;
 };

@@ -7,9 +7,9 @@
 
 namespace perchly {
 
-/// The library's installed applications that match a search, in their order: "item", the ShelfItem,
-/// "name", "path", which may be empty, and "added" if the shelf shows it already. Empty without a
-/// library. Main thread only.
+/// The library's installed applications that match a search, in the library's order. Row fields:
+/// "item", the ShelfItem, "name", "path", which may be empty, and "added" if the shelf already has
+/// it. Empty without a library. Main thread only.
 class InstalledApplications : public perchly::KeyedRows {
     Q_OBJECT
     Q_PROPERTY(perchly::ShelfLibrary *library MEMBER m_library NOTIFY libraryChanged REQUIRED FINAL)

@@ -27,23 +27,22 @@ struct ShelfItem {
 public:
     QString id;
     QString name;
-    std::optional<QString> widgetName = std::nullopt;   ///< a widget's title
-    std::optional<QString> path = std::nullopt;         ///< an application's desktop entry
-    std::optional<QString> shortcutName = std::nullopt; ///< a shortcut, as it is listed
+    std::optional<QString> widgetName = std::nullopt;   ///< title, if it is a widget
+    std::optional<QString> path = std::nullopt;         ///< desktop entry, if it is an application
+    std::optional<QString> shortcutName = std::nullopt; ///< listed name, if it is a shortcut
     bool visible = true;
     bool favorite = false;
 
     [[nodiscard]] static ShelfItem forWidget(Widget widget);
     [[nodiscard]] static ShelfItem forShortcut(const QString &name);
-    /// `path` is kept as given; the identifier is its form without dot segments.
+    /// Keeps `path` as given; the identifier is the path without dot segments.
     [[nodiscard]] static ShelfItem forApplication(const QString &path, const QString &name);
 
     /// The name as views show it: in one line, without direction marks.
     [[nodiscard]] QString shownName() const;
-    /// Applications and shortcuts can be removed from the shelf, the rest only hidden.
+    /// Applications and shortcuts can be removed from the shelf; other items only hidden.
     [[nodiscard]] bool removable() const;
-    /// What to show for the item: "widget" if it names one, else "shortcut" or "application";
-    /// empty for anything else.
+    /// "widget", "shortcut" or "application", in this order of precedence; empty for anything else.
     [[nodiscard]] QString kind() const;
     /// The widget's title; empty if the item is not a widget.
     [[nodiscard]] QString widgetTitle() const;

@@ -12,7 +12,7 @@ class ApplicationCatalog;
 class OpenPanel;
 class Preferences;
 
-/// The shelf's entries in their order; as rows, "entry" is the ShelfItem. Every change is stored
+/// The shelf's entries in order. Row field: "entry", the ShelfItem. Every change is stored
 /// immediately. Main thread only.
 class ShelfLibrary : public perchly::KeyedRows {
     Q_OBJECT
@@ -24,44 +24,44 @@ public:
     enum class Flag { Visible, Favorite };
     Q_ENUM(Flag)
 
-    /// Loads the stored library, or replaces what cannot be read with the five widgets. The hosts
-    /// must outlive the library.
+    /// Loads the stored library; unreadable data is replaced by the five widgets. The hosts must
+    /// outlive the library.
     ShelfLibrary(Preferences &preferences, ApplicationCatalog &catalog, OpenPanel &openPanel,
                  QObject *parent = nullptr);
 
     [[nodiscard]] const QList<ShelfItem> &items() const { return m_items; }
-    /// Nothing changes if they are too large to be stored.
+    /// Changes nothing if the items are too large to store.
     void setItems(const QList<ShelfItem> &items);
-    /// An entry is there that can be removed.
+    /// Whether any entry can be removed.
     [[nodiscard]] bool someRemovable() const;
 
-    /// When true, the shelf shows favorites only.
+    /// Whether the shelf shows only favorites.
     [[nodiscard]] bool favoritesOnly() const { return m_favoritesOnly; }
     void setFavoritesOnly(bool favoritesOnly);
 
-    /// Applications found on this machine, by name; empty until the first `refresh` is done, and
-    /// kept current from then on. A view shows them through InstalledApplications.
+    /// This machine's applications, by name; empty until the first refresh() is done, and current
+    /// from then on. A view shows them through InstalledApplications.
     [[nodiscard]] const QList<ShelfItem> &installed() const { return m_installed; }
 
-    /// Looks for applications again; returns at once. Of several searches the last to end counts.
+    /// Looks for applications again; returns at once. Of several searches, the last to end wins.
     Q_INVOKABLE void refresh();
 
-    /// Lets the user choose applications anywhere and adds them in order; returns at once.
+    /// Lets the user choose applications in any folder and adds them in order; returns at once.
     Q_INVOKABLE void browse();
 
     /// The visible entries: the strip shows them, and Ctrl+1 to Ctrl+9 launch the first nine.
     [[nodiscard]] QList<ShelfItem> shown() const;
 
-    /// Appends the item, or makes the one with its identifier visible again as it was.
+    /// Appends the item, or shows the existing one with its identifier again, unchanged.
     Q_INVOKABLE void add(const perchly::ShelfItem &item);
 
-    /// Inverts one flag of the item with that identifier, if there is one.
+    /// Inverts one flag of the item with that identifier, if any.
     Q_INVOKABLE void toggle(const QString &id, perchly::ShelfLibrary::Flag flag);
 
-    /// Swaps the item with the one `offset` places away; nothing happens past either end.
+    /// Swaps the item with the one `offset` places away; does nothing past either end.
     Q_INVOKABLE void move(const QString &id, qsizetype offset);
 
-    /// Removes every item with that identifier; nothing happens when there is none.
+    /// Removes every item with that identifier.
     Q_INVOKABLE void remove(const QString &id);
 
 Q_SIGNALS:

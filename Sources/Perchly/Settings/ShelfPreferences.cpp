@@ -98,7 +98,7 @@ void ShelfPreferences::dock(const ShelfPosition &position, qsizetype display) {
 
 double ShelfPreferences::scale() const {
     const double stored = number(keys::shelfScale, 1.0);
-    return stored > 0 ? stored : 1.0; // nothing can be shown at no size
+    return stored > 0 ? stored : 1.0; // a scale of 0 would show nothing
 }
 
 void ShelfPreferences::setLogin(bool login) {

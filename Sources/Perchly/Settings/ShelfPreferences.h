@@ -14,9 +14,8 @@ class Displays;
 class LoginItem;
 class ShellActions;
 
-/// What users can set about the shelf. Each value is the stored one, or its default where nothing,
-/// or nothing that fits, is stored; setting it stores it at once, and moves the shelf if needed.
-/// Main thread only.
+/// The user's settings of the shelf. Each value is the stored one, or a default if no valid value
+/// is stored; setting it stores it at once and moves the shelf if needed. Main thread only.
 class ShelfPreferences : public QObject {
     Q_OBJECT
     Q_PROPERTY(QList<QString> themes READ themes CONSTANT FINAL)
@@ -40,7 +39,7 @@ class ShelfPreferences : public QObject {
     Q_PROPERTY(bool login READ login WRITE setLogin NOTIFY loginChanged FINAL)
     Q_PROPERTY(QString error READ error NOTIFY loginChanged FINAL)
 public:
-    /// All of these must outlive this object.
+    /// The arguments must outlive this object.
     ShelfPreferences(Preferences &preferences, Displays &displays, LoginItem &loginItem,
                      ShellActions &shell, QObject *parent = nullptr);
 
@@ -58,14 +57,14 @@ public:
     void setOpacity(double opacity) { m_stored.setNumber(keys::shelfOpacity, opacity); }
     [[nodiscard]] bool compact() const { return flag(keys::compactMode, false); }
     void setCompact(bool compact) { m_stored.setBoolean(keys::compactMode, compact); }
-    /// Index of the display that the shelf is on: the last one if the chosen one is not attached.
+    /// Index of the shelf's display: the last one if the chosen display is not attached.
     [[nodiscard]] int display() const;
     void setDisplay(int index);
     /// One of `edges`.
     [[nodiscard]] QString edge() const;
     void setEdge(const QString &edge);
     [[nodiscard]] ShelfPosition position() const;
-    /// Puts the shelf at that place of the display with that index.
+    /// Puts the shelf at that position on the display with that index.
     void dock(const ShelfPosition &position, qsizetype display);
     /// Always positive.
     [[nodiscard]] double scale() const;
@@ -83,7 +82,7 @@ public:
     void setSavedRight(const QString &title) { m_stored.setString(keys::rightWidget, title); }
     [[nodiscard]] QString note() const { return text(keys::quickNote, ""); }
     void setNote(const QString &note) { m_stored.setString(keys::quickNote, note); }
-    /// The lengths of a focus session and a break as they are stored.
+    /// The stored lengths of a focus session and a break.
     [[nodiscard]] int focusMinutes() const {
         return wholeNumber(keys::focusMinutes, keys::defaultFocusMinutes);
     }
@@ -93,8 +92,8 @@ public:
     }
     void setBreakMinutes(int minutes) { m_stored.setNumber(keys::breakMinutes, minutes); }
 
-    /// Whether the program is started at login, as of the last refresh(). Setting it asks the
-    /// desktop; if that fails, `error` says why and the value stays as it is.
+    /// Whether the program starts at login, as of the last refresh(). Setting it asks the desktop;
+    /// on failure `error` says why and the value does not change.
     [[nodiscard]] bool login() const { return m_login; }
     void setLogin(bool login);
     /// Why the login item could not be changed; null until that happens.
@@ -102,14 +101,13 @@ public:
 
     /// Moves the shelf to the middle of the top edge.
     Q_INVOKABLE void resetPosition();
-    /// Asks the desktop about the login item and forgets the error. Call it each time that the
-    /// settings are shown.
+    /// Reads the login item again and clears the error. Call it each time the settings are shown.
     Q_INVOKABLE void refresh();
 
 Q_SIGNALS:
-    /// Another preference than those below.
+    /// A preference without a signal below has changed.
     void changed();
-    /// The displays or the chosen one.
+    /// The displays or the chosen display have changed.
     void displaysChanged();
     void scaleChanged();
     void loginChanged();
@@ -119,7 +117,7 @@ private:
     [[nodiscard]] double number(const QString &key, double absent) const;
     [[nodiscard]] int wholeNumber(const QString &key, int absent) const;
     [[nodiscard]] QString text(const QString &key, const char *absent) const;
-    /// The stored name if it is one of these, else the first of them.
+    /// The stored name if it is one of these, else the first of these.
     [[nodiscard]] QString choice(const QString &key, const QStringList &names) const;
 
     Preferences &m_stored;

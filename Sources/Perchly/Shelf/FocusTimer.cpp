@@ -1,5 +1,5 @@
-// The focus timer of the shelf model: a countdown against an absolute deadline, so that it stays
-// right however late its ticks come, and the day's totals.
+// The focus timer of the shelf model: a countdown to an absolute deadline, so that late ticks cause
+// no error, and the day's totals.
 
 #include "AlertSound.h"
 #include "PreferenceKeys.h"
@@ -30,7 +30,7 @@ double secondsSinceEpoch(Clock::TimePoint moment) {
 } // namespace
 
 int ShelfModel::storedMinutes(const QString &key, int defaultMinutes) const {
-    // A length stored by other means has no upper bound of its own: its seconds must fit an int.
+    // A length that was stored by other means may be too large: its seconds must fit into an int.
     constexpr qint64 max = std::numeric_limits<int>::max() / secondsPerMinute;
     const qint64 stored = m_preferences.wholeNumber(key).value_or(defaultMinutes);
     return int(std::clamp<qint64>(stored, 1, max));
@@ -100,8 +100,7 @@ void ShelfModel::refreshDay() {
     publish(m_todayMinutes, stored(keys::focusTotalMinutes), &ShelfModel::todayMinutesChanged);
 }
 
-/// A second's tick while a countdown runs. Otherwise only the day can change, so that is all that
-/// the program wakes up for.
+/// Ticks every second while a countdown runs; otherwise wakes up only when the day changes.
 void ShelfModel::scheduleTick() {
     m_ticker = m_running ? m_clock.every(tickPeriod, [this] { tick(); })
                          : m_clock.at(m_clock.startOfNextDay(), [this] {

@@ -6,13 +6,13 @@ namespace perchly {
 
 /// The current track and its player.
 struct Media {
-    bool active = false; ///< something plays or is paused
+    bool active = false; ///< playing or paused
     bool playing = false;
     QString title = QStringLiteral("Music");
     QString artist = QStringLiteral("");
     QString source = QStringLiteral("Apple Music"); ///< the player's name
-    bool isSystem = false;                          ///< it comes from the desktop's media session
-    /// Identifies the player that commands go to while the media session has nothing.
+    bool isSystem = false;                          ///< from the desktop's media session
+    /// The player that gets commands while the media session is empty.
     QString playerID = QStringLiteral("com.apple.Music");
     bool isBrowser = false;
     bool canSeek = false;

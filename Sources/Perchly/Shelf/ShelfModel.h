@@ -15,11 +15,11 @@ namespace perchly {
 class AlertSound;
 class Preferences;
 
-/// The shelf's observable state: whether it is open, how its collapsed form is laid out, its pinned
+/// The shelf's observable state: whether it is open, the layout of its collapsed form, its pinned
 /// widgets, the current track, and the focus timer.
 ///
-/// Every setter but setMedia() assigns and then announces, also when the value is the one it had.
-/// Optional strings are null (`isNull()`) when absent. Main thread only.
+/// Every setter but setMedia() assigns and announces, even if the value is unchanged. Absent
+/// strings are null (`isNull()`). Main thread only.
 class ShelfModel : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool expanded READ expanded NOTIFY expandedChanged FINAL)
@@ -53,20 +53,20 @@ public:
     ShelfModel(Clock &clock, Preferences &preferences, AlertSound &alertSound,
                QObject *parent = nullptr);
 
-    /// The shelf is open. Written by the shell only.
+    /// Whether the shelf is open. Only the shell sets it.
     [[nodiscard]] bool expanded() const { return m_expanded; }
     void setExpanded(bool expanded);
-    /// The shelf is being dragged: nothing else may move, open or close it.
+    /// Whether the shelf is being dragged: nothing else may move, open or close it.
     [[nodiscard]] bool dragging() const { return m_dragging; }
     void setDragging(bool dragging);
     /// The edge that the shelf is laid out for.
     [[nodiscard]] ShelfEdge dockEdge() const { return m_dockEdge; }
     [[nodiscard]] QString dockEdgeName() const { return shelfEdgeName(m_dockEdge); }
     void setDockEdge(ShelfEdge edge);
-    /// A focus session was started from a focus button; the strip makes room for a quiet message.
+    /// Whether a focus button started a focus session; the strip makes room for a quiet message.
     [[nodiscard]] bool quietFocus() const { return m_quietFocus; }
     void setQuietFocus(bool quiet);
-    /// The widget chooser is open, so the shelf must not close. Not announced.
+    /// Whether the widget chooser is open, which keeps the shelf open. Not announced.
     [[nodiscard]] bool choosingWidget() const { return m_choosingWidget; }
     Q_INVOKABLE void setChoosingWidget(bool choosing) { m_choosingWidget = choosing; }
 
@@ -85,7 +85,7 @@ public:
     [[nodiscard]] Widget right() const { return m_right; }
     [[nodiscard]] QString rightTitle() const { return widgetTitle(m_right); }
     void setRight(Widget widget);
-    /// By title; any other text gives the widget that the slot starts with.
+    /// Sets the widget by title; any other text sets the slot's default.
     Q_INVOKABLE void setLeftTitle(const QString &title);
     Q_INVOKABLE void setRightTitle(const QString &title);
 
@@ -103,15 +103,15 @@ public:
     [[nodiscard]] QString mediaSource() const { return m_media.source; }
     [[nodiscard]] bool mediaIsBrowser() const { return m_media.isBrowser; }
     [[nodiscard]] bool mediaCanSeek() const { return m_media.canSeek; }
-    /// Why the last playback command failed; absent until one does and after it was dismissed.
+    /// Why the last playback command failed; null if it succeeded or the error was dismissed.
     [[nodiscard]] QString controlError() const { return m_controlError; }
     void setControlError(const QString &error);
     Q_INVOKABLE void clearControlError() { setControlError({}); }
-    /// A playback command is under way.
+    /// Whether a playback command is running.
     [[nodiscard]] bool controlling() const { return m_controlling; }
     void setControlling(bool controlling);
 
-    /// The focus timer: seconds left, frozen while it is paused.
+    /// The focus timer's remaining seconds, frozen while paused.
     [[nodiscard]] int seconds() const { return m_seconds; }
     [[nodiscard]] bool running() const { return m_running; }
     /// Sessions and minutes completed on this local day.
@@ -120,18 +120,18 @@ public:
 
     /// Starts a focus session of the stored length.
     Q_INVOKABLE void focus();
-    /// Ends what runs, without credit, and starts a break of the stored length.
+    /// Ends a running session, without credit, and starts a break of the stored length.
     Q_INVOKABLE void startBreak();
     /// Pauses a running countdown or resumes a paused one; otherwise does nothing.
     Q_INVOKABLE void togglePause();
     /// Stops and clears the countdown.
     Q_INVOKABLE void endFocus();
-    /// The user pressed a playback control: "playpause", "next track", "previous track", "rewind"
-    /// or "forward". Only announced: MediaTracking carries it out.
+    /// Announces a playback control: "playpause", "next track", "previous track", "rewind" or
+    /// "forward". MediaTracking carries it out.
     Q_INVOKABLE void control(const QString &word) { Q_EMIT controlRequested(word); }
     /// The user wants to see the music application.
     Q_INVOKABLE void music() { Q_EMIT musicRequested(); }
-    /// Starts the totals again when the local day has changed, and loads them.
+    /// Loads the day's totals, which start at zero when the local day has changed.
     void refreshDay();
 
 Q_SIGNALS:
@@ -189,7 +189,7 @@ private:
     bool m_controlling = false;
     int m_seconds = 0;
     bool m_running = false;
-    bool m_isBreak = false; ///< of the countdown, or of the last one
+    bool m_isBreak = false; ///< of the current or last countdown
     int m_todaySessions = 0;
     int m_todayMinutes = 0;
     std::optional<Clock::TimePoint> m_deadline;

@@ -22,12 +22,12 @@ double clampedFraction(double position) {
     return std::isfinite(position) ? std::clamp(position, 0.0, 1.0) : 0.5;
 }
 
-/// Keeps an extent inside [low, high], at the low end when it does not fit.
+/// Limits an extent to [low, high]; it starts at `low` if it does not fit.
 double clampedOrigin(double origin, double extent, double low, double high) {
     return std::min(std::max(low, origin), high - extent);
 }
 
-/// The width of the camera housing; 0 without one.
+/// The width of the camera housing; 0 if there is none.
 double notchWidth(const Display &display) {
     const bool hasNotch =
         display.safeAreaTop > 0 && display.auxiliaryTopLeftArea && display.auxiliaryTopRightArea;

@@ -16,17 +16,17 @@ struct CompactSize {
 
 enum class ShelfSize { Compact, Expanded };
 
-/// The collapsed shelf's size at that place of that display.
+/// The collapsed shelf's size in that position on that display.
 [[nodiscard]] CompactSize compactSize(const ShelfPosition &place, const Display &display);
 
-/// The panel's frame. A position that is not finite counts as the middle, others are limited to the
+/// The panel's frame. A position that is not finite counts as the middle; others are limited to the
 /// edge. The frame never exceeds the display, or its visible frame on a side edge. Only the open
 /// shelf is scaled.
 [[nodiscard]] ScreenRect shelfFrame(ShelfSize size, const ShelfPosition &place, double scale,
                                     const Display &display);
 
-/// The place nearest to a point where the shelf is dropped on a display: on a tie the top, then the
-/// left. Near a camera housing the shelf snaps to the middle of the top edge.
+/// The position nearest to the drop point; on a tie the top, then the left. Near a camera housing,
+/// the shelf snaps to the middle of the top edge.
 [[nodiscard]] ShelfPosition dropPlace(ScreenPoint at, const Display &display);
 
 } // namespace perchly

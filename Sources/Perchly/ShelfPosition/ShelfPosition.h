@@ -4,8 +4,8 @@
 
 namespace perchly {
 
-/// A place for the shelf: an edge of a display and how far along it, as a fraction from 0 at the
-/// left or bottom end to 1 at the other.
+/// A position of the shelf: an edge of a display and a fraction along it, from 0 at the left or
+/// bottom end to 1 at the other end.
 struct ShelfPosition {
     ShelfEdge edge = ShelfEdge::Top;
     double position = 0.5;

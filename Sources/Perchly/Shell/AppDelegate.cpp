@@ -64,8 +64,8 @@ void AppDelegate::launch() {
 
 void AppDelegate::followPointer() {
     connect(m_hosts.pointer.get(), &PointerMonitor::moved, this, &AppDelegate::pointerAt);
-    // Queued: the panel must not be moved while it handles the event. The closed shelf opens by
-    // movement only, not when it comes to lie under a pointer at rest.
+    // Queued, since the panel must not be moved while it handles the event. The closed shelf opens
+    // only when the pointer moves, not when it appears under a resting pointer.
     connect(
         &m_panel, &ShelfPanel::crossed, this,
         [this] {
@@ -83,7 +83,7 @@ void AppDelegate::pointerAt(ScreenPoint pointer) {
     }
 }
 
-/// While a pointer event is handled, where that happened: the pointer itself may have gone on.
+/// The position of the pointer event being handled: the pointer itself may have moved on.
 ScreenPoint AppDelegate::handlePosition() const {
     const auto event = m_panel.eventPosition();
     return event ? *event : m_hosts.pointer->position();
@@ -149,7 +149,7 @@ void AppDelegate::clearScreen() {
     if (m_toolsWindow) {
         m_toolsWindow->hide();
     }
-    m_opener.closeForWindow(); // the workspace window takes the keyboard after the capture
+    m_opener.closeForWindow(); // the workspace window gets the keyboard after the capture
 }
 
 void AppDelegate::launch(const QString &id) {

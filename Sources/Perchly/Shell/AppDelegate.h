@@ -27,7 +27,7 @@ namespace perchly {
 
 struct Hosts;
 
-/// The icon and views that main.cpp gives the shell. An empty view leaves its window empty.
+/// The icon and views that main.cpp passes to the shell. An empty view leaves its window empty.
 struct ShellResources {
     QIcon statusIcon = {}; ///< also the windows' icon
     QUrl shelfView = {};
@@ -36,12 +36,12 @@ struct ShellResources {
     QUrl mixerView = {};
 };
 
-/// Owns every store and window for the whole run, and what drives the shelf: its placement,
-/// opening, dragging and keys. Main thread only.
+/// Owns every store and window for the whole run, and the objects that place, open and drag the
+/// shelf and handle its keys. Main thread only.
 class AppDelegate : public ShellActions {
     Q_OBJECT
 public:
-    /// Makes the stores. The hosts must outlive the delegate.
+    /// Creates the stores. The hosts must outlive the delegate.
     explicit AppDelegate(Hosts &hosts, ShellResources resources = {});
     ~AppDelegate() override;
 
@@ -51,7 +51,7 @@ public:
     [[nodiscard]] ShelfModel &model() { return m_model; }
     [[nodiscard]] ShelfLibrary &library() { return m_library; }
     [[nodiscard]] Productivity &productivity() { return m_productivity; }
-    /// Made on first use.
+    /// Created on first use.
     [[nodiscard]] ShelfExtras &extras();
     [[nodiscard]] ShelfOpener &opener() { return m_opener; }
 
@@ -87,7 +87,7 @@ private:
     ShellResources m_resources;
     FieldPasting m_fieldPasting;
     ShelfPreferences m_shelfPreferences;
-    QQmlEngine m_engine; // one for all windows: each of its own would cost memory and time
+    QQmlEngine m_engine; // shared by all windows, to save memory and time
 
     ShelfModel m_model;
     MediaTracking m_media;

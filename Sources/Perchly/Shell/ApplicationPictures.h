@@ -7,11 +7,11 @@ namespace perchly {
 class Applications;
 
 /// Gives views the icons of applications: "image://applications/" and the percent-encoded path of
-/// the desktop entry, in the requested size. Read on Qt's thread for images. An application without
-/// an icon gives a single transparent pixel.
+/// the desktop entry, in the requested size. Icons are read on Qt's image thread. An application
+/// without an icon gives a single transparent pixel.
 class ApplicationPictures : public QQuickImageProvider {
 public:
-    /// The applications must outlive the engine.
+    /// `applications` must outlive the engine.
     explicit ApplicationPictures(Applications &applications);
 
     QImage requestImage(const QString &id, QSize *size, const QSize &requestedSize) override;

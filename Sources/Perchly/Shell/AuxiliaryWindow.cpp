@@ -16,9 +16,9 @@ namespace perchly {
 
 namespace {
 
-constexpr QRgb background = 0xff0b0d0f; // the views' own color, until they are painted
+constexpr QRgb background = 0xff0b0d0f; // the views' own colour, until they are painted
 constexpr std::chrono::milliseconds rest{3000};
-constexpr int titleBarHeight = 32; // about what window managers take
+constexpr int titleBarHeight = 32; // roughly that of window managers
 
 } // namespace
 
@@ -33,7 +33,7 @@ AuxiliaryWindow::AuxiliaryWindow(QQmlEngine &engine, const WindowContent &conten
     setTitle(content.title);
     setColor(background);
     setResizeMode(SizeRootObjectToView);
-    setPersistentSceneGraph(false); // a hidden window keeps no textures
+    setPersistentSceneGraph(false); // frees the textures of a hidden window
     m_rest.setSingleShot(true);
     connect(&m_rest, &QTimer::timeout, this, &AuxiliaryWindow::giveMemoryBack);
     setGeometry(centred(content.size));
@@ -65,7 +65,7 @@ void AuxiliaryWindow::applyMinimumSize() {
 QRect AuxiliaryWindow::centred(const QSize &size) const {
     QRect frame(QPoint(), size);
     if (screen() != nullptr) {
-        // The title bar must stay in reach on a display that is too low for the window.
+        // Keeps the title bar reachable on a display that is too low for the window.
         const QRect room = screen()->availableGeometry().adjusted(0, titleBarHeight, 0, 0);
         frame.setSize(size.boundedTo(room.size()));
         frame.moveCenter(screen()->availableGeometry().center());
@@ -91,7 +91,7 @@ void AuxiliaryWindow::keyPressEvent(QKeyEvent *event) {
                         (event->key() == Qt::Key_W && event->modifiers() == Qt::ControlModifier);
     if (closes && !event->isAccepted()) {
         event->accept();
-        if (!event->isAutoRepeat()) { // a held key has closed something inside
+        if (!event->isAutoRepeat()) { // a held key may have closed something inside
             close();
         }
     }

@@ -10,16 +10,16 @@ struct WindowContent {
     enum class Buttons { CloseMinimizeMaximize, CloseMaximize };
 
     QString title;
-    QSize size; ///< of the content, in points
+    QSize size; ///< size of the content, in points
     Buttons buttons = Buttons::CloseMinimizeMaximize;
-    /// A local view; empty leaves the window empty. If its root has `minimumWidth` and
-    /// `minimumHeight`, the window gets no smaller.
+    /// A local view; empty leaves the window empty. If its root item has `minimumWidth` and
+    /// `minimumHeight`, they limit the window.
     QUrl view = {};
-    QVariantMap properties = {}; ///< that the view is made with
+    QVariantMap properties = {}; ///< initial properties of the view
 };
 
-/// One of the program's ordinary windows. Closing it (by its button, Ctrl+W, or Escape if nothing
-/// in the view uses that) only hides it: it comes back as it was. Main thread only.
+/// One of the program's ordinary windows. Closing it (by its button, Ctrl+W, or Escape unless the
+/// view uses that) only hides it; it reappears unchanged. Main thread only.
 class AuxiliaryWindow : public QQuickView {
     Q_OBJECT
 public:
@@ -35,7 +35,7 @@ private:
     void giveMemoryBack();
     [[nodiscard]] QRect centred(const QSize &size) const;
 
-    QTimer m_rest; ///< since it was closed
+    QTimer m_rest; ///< time since it was closed
 };
 
 } // namespace perchly

@@ -30,8 +30,8 @@ void placeCursor(QQuickItem *field, QPointF at) {
     field->setProperty("cursorPosition", position);
 }
 
-/// As an input method does: replaces the selection, keeps the field's limits and is undone in one
-/// step.
+/// Inserts like an input method: replaces the selection, respects the field's limits, and can be
+/// undone in one step.
 void insert(QQuickItem *field, const QString &text) {
     QInputMethodEvent event;
     event.setCommitString(text);
@@ -42,7 +42,7 @@ void insert(QQuickItem *field, const QString &text) {
 
 FieldPasting::FieldPasting(Pasteboard &pasteboard)
     : m_pasteboard(pasteboard) {
-    // On each change of the clipboard, fields ask its owner what it offers.
+    // On each change of the clipboard, fields would ask its owner for its formats.
     QGuiApplication::clipboard()->blockSignals(true);
     QCoreApplication::instance()->installEventFilter(this);
 }

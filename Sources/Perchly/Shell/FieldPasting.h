@@ -8,11 +8,10 @@ class QQuickItem;
 
 namespace perchly {
 
-/// Pastes into the text fields of all windows through the pasteboard, a moment later. Qt's own
-/// pasting asks the program that owns a copy on the main thread and hangs while that program does.
-/// Covers the paste keys and the middle button. Fields hear nothing of clipboard changes, so their
-/// `canPaste` is not reliable. Copying and cutting are left to Qt. Needs a QGuiApplication. Main
-/// thread only.
+/// Pastes into the text fields of all windows through the pasteboard, with a short delay. Qt's own
+/// pasting queries the owner of a copy on the main thread, and hangs if that program does. Handles
+/// the paste keys and the middle button. Fields get no clipboard changes, so their `canPaste` is
+/// unreliable. Leaves copying and cutting to Qt. Needs a QGuiApplication. Main thread only.
 class FieldPasting : public QObject {
     Q_OBJECT
 public:
@@ -28,7 +27,7 @@ private:
 
     Pasteboard &m_pasteboard;
     qsizetype m_pending = 0;
-    std::vector<Task> m_readings; ///< kept until all of them have ended
+    std::vector<Task> m_readings; ///< kept until all of them have finished
 };
 
 } // namespace perchly

@@ -45,7 +45,7 @@ void ShelfDrag::move(ScreenPoint to) {
 }
 
 void ShelfDrag::release(ScreenPoint at) {
-    move(at); // it may be the first event of the movement
+    move(at); // the release may come without an earlier movement
     if (!std::exchange(m_start, std::nullopt)) {
         return;
     }
@@ -64,7 +64,7 @@ void ShelfDrag::cancel(ScreenPoint at) {
 }
 
 void ShelfDrag::begin(ScreenPoint start) {
-    // The panel's own frame: for a moment after a collapse it is still the large one.
+    // The panel's actual frame: for a moment after a collapse it is still the large one.
     const ScreenRect frame = m_panel.frame();
     const double width = m_model.compactWidth();
     const double height = m_model.compactHeight();

@@ -11,8 +11,8 @@ class ShelfOpener;
 class ShelfPanel;
 class ShelfPlacement;
 
-/// Turns a press on the shelf's header into a click, which toggles keyboard mode, or, from 8
-/// points of movement on, a drag to another place. Positions are the pointer's. All arguments must
+/// Turns a press on the shelf's header into a click, which toggles keyboard mode, or, after 8
+/// points of movement, a drag to another position. Positions are the pointer's. The arguments must
 /// outlive it. Main thread only.
 class ShelfDrag {
 public:
@@ -21,7 +21,7 @@ public:
     void press(ScreenPoint at);
     void move(ScreenPoint to);
     void release(ScreenPoint at);
-    /// The press ends without a release: no click, but a drag still docks the shelf.
+    /// The press ends without a release: not a click, but a drag still docks the shelf.
     void cancel(ScreenPoint at);
 
 private:
@@ -33,7 +33,7 @@ private:
     ShelfOpener &m_opener;
     ShelfPanel &m_panel;
     std::optional<ScreenPoint> m_start;
-    ScreenPoint m_grab; ///< from the panel's top left corner, right and down
+    ScreenPoint m_grab; ///< offset from the panel's top left corner, right and down
 };
 
 } // namespace perchly

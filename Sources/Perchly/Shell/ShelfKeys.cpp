@@ -51,7 +51,7 @@ bool ShelfKeys::handleMenuKey(const KeyPress &press) {
 
 bool ShelfKeys::handleEscape(const KeyPress &press) {
     if (press.isRepeat) {
-        return true; // one press closes one thing
+        return true; // one press closes only one thing
     }
     if (!m_model.controlError().isEmpty()) {
         m_model.clearControlError();

@@ -9,8 +9,8 @@ class ShelfOpener;
 class ShellActions;
 struct KeyPress;
 
-/// The keys that the shelf takes while it has the keyboard, and those of the status menu in any of
-/// the program's windows. All arguments must outlive it. Main thread only.
+/// Handles the shelf's keys while it has the keyboard, and the status menu's keys in all of the
+/// program's windows. The arguments must outlive it. Main thread only.
 class ShelfKeys {
 public:
     ShelfKeys(PanelHost &panel, ShelfModel &model, const ShelfLibrary &library, ShelfOpener &opener,

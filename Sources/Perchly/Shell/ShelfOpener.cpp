@@ -18,7 +18,7 @@ namespace {
 constexpr milliseconds settleDelay{500};
 constexpr milliseconds reducedSettleDelay{150};
 
-/// From stored seconds, which may be any number.
+/// Converts stored seconds, which may be any number.
 milliseconds delayOf(double seconds) {
     constexpr double maxSeconds = 24 * 60 * 60;
     return milliseconds(qint64(std::clamp(seconds, 0.0, maxSeconds) * 1000));
@@ -54,7 +54,7 @@ void ShelfOpener::pointerAt(ScreenPoint pointer) {
     watchForJumps(pointer);
 }
 
-/// A pointer that jumps off the open shelf sends the panel a leave event. Polling is needed only
+/// The panel gets a leave event when the pointer jumps off the open shelf. Polling is needed only
 /// where the frame is larger than the panel's shape.
 void ShelfOpener::watchForJumps(ScreenPoint pointer) {
     const bool isNeeded = m_model.expanded() && !m_panel.takesPointer(pointer) &&

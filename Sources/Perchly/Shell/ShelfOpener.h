@@ -11,15 +11,14 @@ class ShelfPanel;
 class ShelfPlacement;
 class ShelfPreferences;
 
-/// Opens and closes the shelf: under the pointer, closing after a delay when it leaves, and in
-/// keyboard mode, in which the pointer does not matter. All arguments must outlive it. Main thread
-/// only.
+/// Opens and closes the shelf: under the pointer, closing with a delay after it leaves, and in
+/// keyboard mode, which ignores the pointer. The arguments must outlive it. Main thread only.
 class ShelfOpener {
 public:
     ShelfOpener(Hosts &hosts, const ShelfPreferences &preferences, ShelfModel &model,
                 ShelfPlacement &placement, const ShelfPanel &panel);
 
-    /// The pointer is there: opens the shelf under it, or begins to close the open one.
+    /// The pointer is at that point: opens the shelf under it, or starts to close the open shelf.
     void pointerAt(ScreenPoint pointer);
 
     /// Opens or closes the shelf, except while it is dragged.
@@ -30,14 +29,14 @@ public:
     void toggleKeyboardOpen();
 
     /// Gives the open shelf the keyboard outside keyboard mode, until it closes. True if the shelf
-    /// did not have it before; then returnKeyboard() may end that earlier.
+    /// did not have it before; then returnKeyboard() may return it earlier.
     bool takeKeyboard();
     void returnKeyboard();
 
     /// Closes the shelf for a window that takes the keyboard from it.
     void closeForWindow();
 
-    /// Closes the shelf for a drag, which decides itself where the panel is.
+    /// Closes the shelf for a drag, which places the panel itself.
     void closeForDrag();
 
 private:

@@ -15,7 +15,7 @@ namespace {
 
 constexpr double shadowMargin = 26;
 
-/// The sides of the frame that touch the display's edge cast no shadow.
+/// No shadow on the sides of the frame that touch the display's edge.
 QMarginsF shadowMargins(ShelfEdge edge) {
     const double left = edge == ShelfEdge::Left ? 0 : shadowMargin;
     const double top = edge == ShelfEdge::Top ? 0 : shadowMargin;
@@ -23,8 +23,8 @@ QMarginsF shadowMargins(ShelfEdge edge) {
     return {left, top, right, shadowMargin};
 }
 
-/// A rectangle with round corners except at the display's edge, in pixels. Built row by row:
-/// QRegion cuts the corners of a polygon off.
+/// A rectangle with round corners except at the display's edge, in pixels. Built row by row, as
+/// QRegion cuts off a polygon's corners.
 QRegion roundedRegion(const QRectF &rectangle, double radius, ShelfEdge edge) {
     QList<QRect> bands;
     for (int row = qRound(rectangle.top()); row < qRound(rectangle.bottom()); ++row) {

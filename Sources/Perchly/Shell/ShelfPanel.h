@@ -12,8 +12,8 @@ namespace perchly {
 
 class PanelHost;
 
-/// The shelf's window. It shows the shelf's view and is placed by its frame; a margin around the
-/// frame, except at the display's edge, holds its shadow. Main thread only.
+/// The shelf's window, which contains the shelf's view. It is placed by its frame; a margin around
+/// the frame, except at the display's edge, holds the shadow. Main thread only.
 class ShelfPanel : public QQuickView {
     Q_OBJECT
 public:
@@ -23,28 +23,28 @@ public:
     /// Loads a local view with its initial properties. An empty source leaves the panel empty.
     void load(const QUrl &source, const QVariantMap &properties);
 
-    /// Moves the panel to the frame. `compactFrame` is where the collapsed shelf is, within it.
+    /// Moves the panel to the frame. `compactFrame` is the collapsed shelf's frame within it.
     void setFrame(const ScreenRect &frame, const ScreenRect &compactFrame, ShelfEdge edge);
 
     /// The position of the pointer event being handled, or nullopt. The pointer may have moved
     /// since.
     [[nodiscard]] std::optional<ScreenPoint> eventPosition() const { return m_eventPosition; }
 
-    /// The frame that the panel was last given.
+    /// The last frame set.
     [[nodiscard]] const ScreenRect &frame() const { return m_frame; }
 
     /// Whether the panel receives the pointer at that point, so that leaving it emits `crossed`.
     [[nodiscard]] bool takesPointer(ScreenPoint point) const;
 
 Q_SIGNALS:
-    /// The pointer entered or left the shape, by moving or by a jump.
+    /// The pointer entered or left the shape, by moving or jumping.
     void crossed();
 
 protected:
     bool event(QEvent *event) override;
 
 private Q_SLOTS:
-    /// Takes the pointer only where the view shows the shelf.
+    /// Limits pointer input to the visible shelf.
     void applyShape();
 
 private:

@@ -10,23 +10,23 @@ class ShelfModel;
 class ShelfPanel;
 class ShelfPreferences;
 
-/// Where the shelf is: its display, its place on that, and the panel's frames. All arguments must
+/// Places the shelf: its display, its position there, and the panel's frames. The arguments must
 /// outlive it. Main thread only.
 class ShelfPlacement {
 public:
     ShelfPlacement(Displays &displays, ShelfPreferences &preferences, ShelfModel &model,
                    ShelfPanel &panel);
 
-    /// Follows a change of displays or preferences, unless the panel is being dragged.
+    /// Applies a change of displays or preferences, unless the panel is being dragged.
     void update();
 
-    /// The panel's frame in either size; empty without a display.
+    /// The panel's frame in either size; empty if there is no display.
     [[nodiscard]] ScreenRect frame(ShelfSize size) const;
 
     /// Moves the panel to the frame of that size.
     void place(ShelfSize size);
 
-    /// Docks the shelf at the place nearest to the point and stores that.
+    /// Docks the shelf at the position nearest to the point and stores that position.
     void dock(ScreenPoint at);
 
 private:
@@ -39,7 +39,7 @@ private:
     ShelfPreferences &m_preferences;
     ShelfModel &m_model;
     ShelfPanel &m_panel;
-    std::optional<Frames> m_frames; ///< none without a display
+    std::optional<Frames> m_frames; ///< nullopt if there is no display
 };
 
 } // namespace perchly

@@ -21,12 +21,12 @@ constexpr unsigned maxQuitSeconds = 5;
 }
 
 int main(int argc, char **argv) {
-    // Return freed memory of copies and pictures, megabytes each, to the system.
+    // Return freed memory of copies and pictures, which take megabytes each, to the system.
     mallopt(M_MMAP_THRESHOLD, 1 << 20);
     qSetMessagePattern(QStringLiteral("perchly: %{message}"));
     std::optional<UnansweringBusHider> busHider(std::in_place);
     std::optional<WindowSystemChoice> windowSystem(std::in_place);
-    // The software renderer takes half the time to the first frame and a third of the memory.
+    // The software renderer needs half the time to the first frame and a third of the memory.
     if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND")) {
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     }
@@ -58,8 +58,8 @@ int main(int argc, char **argv) {
     QObject::connect(&signals, &TerminationSignals::requested, &delegate, &AppDelegate::terminate);
     delegate.launch();
     const int status = QApplication::exec();
-    // Everything is stored when it changes. Threads that wait for a dead disk must not keep the
-    // process and with it the name that the next one needs.
+    // Everything is already stored. Threads that wait for a dead disk must not keep the process,
+    // and with it the name that the next instance needs.
     std::signal(SIGALRM, [](int) { _exit(EXIT_SUCCESS); });
     alarm(maxQuitSeconds);
     return status;

@@ -8,11 +8,11 @@ namespace perchly {
 
 /// A process that plays audio.
 struct AudioApp {
-    AudioObject id = 0; ///< the process in the audio system; the record's identity
+    AudioObject id = 0; ///< the process in the audio system; identifies the record
     QString name;
-    QString bundleId; ///< empty when it has none
+    QString bundleId; ///< empty if it has none
     std::int32_t pid = 0;
-    QString path; ///< of its application's desktop entry; empty when it has none
+    QString path; ///< path of the application's desktop entry; empty if it has none
 
     friend bool operator==(const AudioApp &, const AudioApp &) = default;
 };

@@ -23,7 +23,7 @@ void AudioAppList::refresh() {
         const auto found = m_levels.levels.find(app.id);
         const bool routed = found != m_levels.levels.end();
         const float level = routed ? found->second : 1.0F;
-        const int percent = int(level * 100); // in single precision, where 0.29 is 29 per cent
+        const int percent = int(level * 100); // in single precision, where 0.29 gives 29 per cent
         rows.append(
             {QString::number(app.id),
              {app.id, app.name, app.path, routed, level, percent, m_levels.muted.contains(app.id),

@@ -8,8 +8,7 @@
 
 namespace perchly {
 
-/// The volumes of the routed processes. A process has an entry exactly while it is
-/// routed.
+/// The volumes of the routed processes: exactly these have entries.
 struct MixerLevels {
     std::map<AudioObject, float> levels; ///< 0…1
     std::set<AudioObject> muted;
@@ -22,15 +21,15 @@ public:
     enum Role {
         IdRole = firstRole, ///< "appId"
         NameRole,           ///< "name"
-        PathRole,           ///< "path": the application's desktop entry; empty when it has none
+        PathRole,           ///< "path": the application's desktop entry; empty if it has none
         RoutedRole,         ///< "routed"
-        LevelRole,          ///< "level"; 1 when it is not routed
+        LevelRole,          ///< "level"; 1 if not routed
         PercentRole,        ///< "percent": the level, rounded down
         MutedRole,          ///< "muted"
-        ProcessRole,        ///< "process": which one, in words, if others have the same name
+        ProcessRole,        ///< "process": tells processes with the same name apart, in words
     };
 
-    /// The levels must outlive the list.
+    /// `levels` must outlive the list.
     explicit AudioAppList(const MixerLevels &levels, QObject *parent = nullptr);
 
     [[nodiscard]] const QList<AudioApp> &apps() const { return m_apps; }

@@ -47,7 +47,7 @@ VolumeMixer::VolumeMixer(AudioSystem &audio, Clock &clock, QObject *parent)
     , m_supported(audio.canRouteProcesses()) {
     connect(&audio, &AudioSystem::changed, this, [this] {
         if (m_routes.empty()) {
-            compareOutput(); // a route enabled before the next refresh plays there
+            compareOutput(); // a route enabled before the next refresh plays to it
         }
         const bool otherOutput = m_audio.defaultOutput() != m_output;
         if (m_audio.canRouteProcesses() != m_supported || otherOutput) {
@@ -68,7 +68,7 @@ void VolumeMixer::scheduleRefresh() {
         m_next = m_clock.after(refreshPeriod, [this] {
             m_next.reset();
             refresh();
-            // Only the state of routes changes without being announced.
+            // Routes do not announce changes of their state.
             if (!m_routes.empty()) {
                 scheduleRefresh();
             }

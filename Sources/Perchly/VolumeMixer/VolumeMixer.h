@@ -9,17 +9,17 @@
 
 namespace perchly {
 
-/// Lists the processes that play audio, and routes those that the user enables through a ring to
+/// Lists the processes that play audio, and routes those that the user enables through a ring, to
 /// set their level or mute them. Refreshes every two seconds while something is routed or has
-/// changed, ends routes when the default output changes or a process goes, and keeps the last
-/// message for the user. Nothing is stored. Main thread only.
+/// changed, ends routes when the default output changes or a process ends, and keeps the last
+/// message for the user. Stores nothing. Main thread only.
 class VolumeMixer : public QObject {
     Q_OBJECT
     Q_PROPERTY(perchly::AudioAppList *apps READ appList CONSTANT FINAL)
     Q_PROPERTY(QString error READ error NOTIFY errorChanged FINAL)
     Q_PROPERTY(bool supported READ supported NOTIFY supportedChanged FINAL)
 public:
-    /// Both must outlive the mixer. The owner of the audio system starts it.
+    /// Both arguments must outlive the mixer. The owner of the audio system starts it.
     VolumeMixer(AudioSystem &audio, Clock &clock, QObject *parent = nullptr);
     /// Ends all routes.
     ~VolumeMixer() override;
@@ -31,9 +31,9 @@ public:
     [[nodiscard]] AudioAppList *appList() { return &m_apps; }
     [[nodiscard]] const std::map<AudioObject, float> &levels() const { return m_levels.levels; }
     [[nodiscard]] const std::set<AudioObject> &muted() const { return m_levels.muted; }
-    /// The last failure or notice; null when there was none. It stays until the next one.
+    /// The last failure or notice, kept until the next one; null if there was none.
     [[nodiscard]] QString error() const { return m_error; }
-    /// The audio system can route a single process.
+    /// Whether the audio system can route a single process.
     [[nodiscard]] bool supported() const { return m_supported; }
 
     /// Checks the default output, the routes and the processes for changes.
@@ -43,9 +43,9 @@ public:
     /// Sends the process back to its own output and forgets its level and mute.
     Q_INVOKABLE void release(quint32 id);
     Q_INVOKABLE void releaseAll();
-    /// Sets the level of a routed process; does nothing for other ones.
+    /// Sets the level of a routed process; ignores others.
     Q_INVOKABLE void set(quint32 id, float volume);
-    /// Mutes or unmutes a routed process; does nothing for other ones.
+    /// Mutes or unmutes a routed process; ignores others.
     Q_INVOKABLE void mute(quint32 id);
 
 Q_SIGNALS:
@@ -68,9 +68,9 @@ private:
     AudioAppList m_apps{m_levels};
     QString m_error;
     std::map<AudioObject, std::unique_ptr<MixerRoute>> m_routes;
-    AudioObject m_output = 0; ///< seen at the last refresh; 0 before it
+    AudioObject m_output = 0; ///< at the last refresh; 0 before the first
     bool m_supported = false;
-    Task m_next; ///< the refresh that is due
+    Task m_next; ///< the next refresh
 };
 
 } // namespace perchly

@@ -4,7 +4,7 @@ import Perchly.Look
 import Perchly.Stores
 import Perchly.Extensions
 
-/// The battery, and captures of the screen.
+/// The battery and screen captures.
 ColumnLayout {
     id: root
 

@@ -1,6 +1,6 @@
 import QtQuick
 
-/// The unsaved text of the sections' fields, kept while their window exists.
+/// Unsaved text of the sections' fields, kept while their window exists.
 QtObject {
     property string query: ""
     property string link: ""

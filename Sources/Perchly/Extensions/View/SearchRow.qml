@@ -14,18 +14,18 @@ FocusScope {
     readonly property bool isTitle: root.kind === "title"
     readonly property bool isApp: root.kind === "app"
     readonly property bool isNote: root.kind === "note"
-    /// It is the note, and has the keyboard.
+    /// Whether this is the note and its editor has the keyboard.
     readonly property bool editing: (place.item as SearchNote)?.editing ?? false
     readonly property bool isFile: root.kind === "held" && String(root.target).startsWith("file:")
     readonly property var symbols: ({ clip: "doc.on.clipboard", held: "link", snippet: "pin.fill" })
 
-    /// What Return in the field opens.
+    /// Whether Return in the search field opens this row.
     property bool first: false
-    /// In the view's pool for reuse: hidden, from assistive programs too.
+    /// Kept in the view's pool for reuse; hidden, also from assistive programs.
     property bool pooled: false
     readonly property bool takesKeyboard: false
     readonly property bool selectable: false
-    /// The note's editor stands for its row. RowOrder reads this.
+    /// The note's editor represents the row. RowOrder reads this.
     readonly property bool hiddenFromReaders: root.isNote
 
     signal activated()

@@ -6,8 +6,8 @@ import Perchly.Look
 import Perchly.Stores
 import Perchly.Extensions
 
-/// One search over everything. Return opens the first application that matches; the arrows
-/// go through all rows, and typing goes on in the field wherever the keyboard is.
+/// One search over everything. Return opens the first matching application, the arrows go through
+/// all rows, and typing continues in the field wherever the keyboard is.
 ColumnLayout {
     id: root
 
@@ -20,7 +20,7 @@ ColumnLayout {
     readonly property SearchResults results: root.extras.search
     readonly property bool shown: root.Window.window?.visible ?? false
 
-    /// The panel appeared, or was asked for again.
+    /// Called when the panel appears or is requested again.
     function begin() {
         list.startOver();
         root.library.refresh();
@@ -72,7 +72,7 @@ ColumnLayout {
         }
     }
     Keys.onUpPressed: event => {
-        // The list has let it pass: there is no row above.
+        // The list has not accepted the key, so there is no row above.
         event.accepted = list.view.activeFocus;
         if (event.accepted) {
             root.toField();
@@ -118,7 +118,7 @@ ColumnLayout {
 
         Layout.fillHeight: true
         Layout.fillWidth: true
-        cacheBuffer: 0 // each key would write into those rows, too
+        cacheBuffer: 0 // each key would also rebuild rows outside the view
         label: "Search results"
         model: root.results
         reuseItems: true
@@ -132,7 +132,7 @@ ColumnLayout {
             onActivated: root.open(row.kind, row.target)
             onEdited: note => root.preferences.note = note
             onEditingChanged: {
-                if (row.editing || root.Window.active) { // not because another window has the keyboard
+                if (row.editing || root.Window.active) { // not because another window became active
                     root.results.editingNote = row.editing;
                 }
             }

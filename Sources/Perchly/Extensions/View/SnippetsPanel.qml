@@ -6,7 +6,7 @@ import Perchly.Look
 import Perchly.Stores
 import Perchly.Extensions
 
-/// Short texts that are kept for copying again.
+/// Short texts kept for copying.
 ColumnLayout {
     id: root
 

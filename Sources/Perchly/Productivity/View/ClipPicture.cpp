@@ -14,7 +14,7 @@ namespace perchly {
 
 namespace {
 
-/// Only these are ever copied into the history: no other plug-in should read it.
+/// The history holds only these formats, so no other plug-in should read the data.
 QByteArray formatOf(const QByteArray &encoded) {
     if (encoded.startsWith("\x89PNG")) {
         return "png";
@@ -39,7 +39,7 @@ QImage ClipPicture::decoded(const QByteArray &encoded, const QSize &maxSize) {
     if (format.isEmpty() || maxSize.isEmpty()) {
         return {};
     }
-    // A picture of a few megabytes may need a hundred while it is decoded.
+    // Decoding a picture of a few megabytes may take a hundred.
     static QMutex oneAtATime;
     const QMutexLocker lock(&oneAtATime);
     QBuffer buffer;

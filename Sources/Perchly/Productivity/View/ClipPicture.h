@@ -11,9 +11,9 @@
 
 namespace perchly {
 
-/// The picture of an entry of the clipboard history, fitted into the item and decoded in the
-/// background. Only the scaled picture is kept. Nothing is shown, and `found` is false, until then
-/// and where the entry holds neither a PNG nor a TIFF that can be decoded.
+/// The picture of a clip, fitted into the item and decoded in the background. Keeps only the scaled
+/// picture. Until then, and if the clip has no PNG or TIFF that can be decoded, the item is empty
+/// and `found` is false.
 class ClipPicture : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT
@@ -28,8 +28,8 @@ public:
 
     void paint(QPainter *painter) override;
 
-    /// The picture, no larger than the size; null if it cannot be decoded. Blocks; any thread, one
-    /// at a time.
+    /// The picture, at most that large; null if it cannot be decoded. Blocks; any thread, but one
+    /// call at a time runs.
     [[nodiscard]] static QImage decoded(const QByteArray &encoded, const QSize &maxSize);
 
 Q_SIGNALS:
@@ -48,10 +48,10 @@ private:
     void show(const QImage &picture);
 
     QPointer<ClipboardHistory> m_history;
-    QString m_clip; ///< the identifier
+    QString m_clip; ///< its identifier
     QImage m_picture;
-    QSize m_maxSize;  ///< in pixels, that the picture was decoded for
-    int m_number = 0; ///< of the last decoding
+    QSize m_maxSize;  ///< the size it was decoded for, in pixels
+    int m_number = 0; ///< number of the last decoding
 };
 
 } // namespace perchly

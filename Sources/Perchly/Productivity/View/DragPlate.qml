@@ -1,16 +1,16 @@
 import QtQuick
 import Perchly.Look
 
-/// The plate of something that can be dragged into another program, which gets the files and links
-/// themselves. Its children lie on top and handle their own presses.
+/// The plate of a file or link that can be dragged into another program, which gets the file or
+/// link itself. Its children lie on top and handle their own presses.
 RowCard {
     id: root
 
     property alias urls: source.urls
-    /// Shown beside the pointer while it is dragged.
+    /// The text at the pointer during a drag.
     property alias label: source.label
 
-    /// Pressed beside what lies on it, and not dragged.
+    /// Pressed outside its children, and not dragged.
     signal clicked()
 
     color: Qt.rgba(1, 1, 1, hover.hovered || source.dragging ? 0.08 : 0.06)

@@ -29,7 +29,7 @@ ColumnLayout {
     Connections {
         target: root.Window.window
 
-        // A file that is gone was deleted while another window was active.
+        // Files may have been deleted while another window was active.
         function onActiveChanged() {
             root.held.lookAgain();
         }
@@ -83,7 +83,7 @@ ColumnLayout {
         Accessible.role: Accessible.Grouping
         Layout.fillHeight: true
         Layout.fillWidth: true
-        Layout.minimumHeight: 120 // in the smallest window, with a notice
+        Layout.minimumHeight: 120 // the height in the smallest window, with a notice
         Layout.preferredHeight: root.some ? 240 : 180
         color: Qt.rgba(1, 1, 1, 0.025)
         radius: 12
@@ -94,11 +94,11 @@ ColumnLayout {
 
             onDropped: drop => {
                 if (!root.held.holdDropped(drop.getDataAsString("text/uri-list"))) {
-                    root.held.hold(drop.urls); // told in another form
+                    root.held.hold(drop.urls); // given as URLs in another format
                 }
                 drop.accept(Qt.CopyAction);
             }
-            // Only references are kept: a source that were told "move" would delete what it gave.
+            // Only references are kept, and a "move" would make the source delete its files.
             onEntered: drag => drag.accept(Qt.CopyAction)
             onPositionChanged: drag => drag.accept(Qt.CopyAction)
         }
@@ -116,7 +116,7 @@ ColumnLayout {
             anchors.margins: 10
             anchors.right: parent.right
             anchors.top: parent.top
-            height: 38 // so that three rows fit into the window's first size
+            height: 38 // lets three rows fit into the window's first size
             label: "Drag all " + root.held.count
             urls: root.held.urls
             visible: root.held.count > 1

@@ -3,8 +3,7 @@ import QtQuick.Layouts
 import Perchly.Look
 import Perchly.Stores
 
-/// One held file or link, with what can be done with it. While the row itself has the keyboard, the
-/// space bar shows a preview.
+/// One held file or link and its actions. Space shows a preview if the row itself has the keyboard.
 DragPlate {
     id: root
 

@@ -4,8 +4,8 @@ import Perchly.Look
 import Perchly.Stores
 import Perchly.Extensions
 
-/// The content of the workspace window: a picker, the section that it chose, and the store's last
-/// notice. Text typed into a section is kept while another one is shown.
+/// The content of the workspace window: a picker, the chosen section, and the store's last notice.
+/// Text typed into a section is kept while another is shown.
 WindowBody {
     id: root
 
@@ -15,7 +15,7 @@ WindowBody {
     required property ShelfPreferences preferences
     required property ShelfExtras extras
 
-    /// The sections in their order: their files, and what each of them is given.
+    /// The sections in order: their files and initial properties.
     readonly property var views: ({
         Search: ["../Extensions/SearchToolsView", ["drafts", "extras", "library", "preferences", "tools"]],
         Files: ["FilesSection", ["drafts", "extras", "tools"]],
@@ -34,7 +34,8 @@ WindowBody {
     /// The unsaved text of the sections' fields.
     readonly property ExtrasDrafts drafts: ExtrasDrafts {}
 
-    /// Shows the chosen section, or the device; who had the keyboard in the one before has it there.
+    /// Shows the chosen section, or else the device section, and moves the keyboard into it if the
+    /// previous section had it.
     function show() {
         const [file, needs] = root.views[root.section] ?? root.views.Device;
         const given = {};

@@ -4,7 +4,7 @@ import QtQuick
 import Perchly.Look
 import Perchly.Stores
 
-/// The button with the menu of programs that a file or link can be sent to.
+/// A button with a menu of programs to which a file or link can be sent.
 IconButton {
     id: root
 

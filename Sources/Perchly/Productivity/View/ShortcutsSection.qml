@@ -6,7 +6,7 @@ import Perchly.Look
 import Perchly.Stores
 import Perchly.Productivity
 
-/// The user's shortcuts, listed again whenever the section appears.
+/// The user's shortcuts, listed again each time the section appears.
 ColumnLayout {
     id: root
 
@@ -104,7 +104,7 @@ ColumnLayout {
                 visible: shortcut.running
 
                 onActivated: root.tools.shortcuts.stop()
-                onVisibleChanged: stop.cameAt = Date.now() // where “Run” was
+                onVisibleChanged: stop.cameAt = Date.now() // it replaces “Run”
             }
         }
     }

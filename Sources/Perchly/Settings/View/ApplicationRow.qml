@@ -14,10 +14,10 @@ RowCard {
     required property bool added
     required property ShelfLibrary library
 
-    /// Kept for another row: no longer accessible.
+    /// Kept for reuse, so not accessible.
     property bool pooled: false
 
-    /// It was added by a key, which its button does not take any more.
+    /// The application was added by a key; its button no longer takes the keyboard.
     signal addedByKey(index: int)
 
     Accessible.name: root.name

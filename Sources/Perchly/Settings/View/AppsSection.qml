@@ -5,7 +5,7 @@ import QtQuick.Layouts
 import Perchly.Look
 import Perchly.Stores
 
-/// The installed applications, to be added to the shelf.
+/// Installed applications that can be added to the shelf.
 ColumnLayout {
     id: root
 
@@ -18,7 +18,7 @@ ColumnLayout {
     }
 
     Keys.onUpPressed: event => {
-        // The list has let it pass: there is no row above.
+        // The list has not accepted the key, so there is no row above.
         event.accepted = list.view.activeFocus;
         if (event.accepted) {
             search.forceActiveFocus(Qt.BacktabFocusReason);
@@ -50,7 +50,7 @@ ColumnLayout {
 
         Layout.fillHeight: true
         Layout.fillWidth: true
-        cacheBuffer: 0 // each key would write into those rows, too
+        cacheBuffer: 0 // each key would also rebuild rows outside the view
         label: "Installed apps"
         placeholder: search.text !== "" ? "No app matches." : "No apps found yet."
         reuseItems: true

@@ -11,12 +11,12 @@ RowCard {
     required property var row
     required property ShelfLibrary library
     required property ScrollList list
-    /// Some row of the list has the last button.
+    /// Whether any row of the list has the last button.
     property bool someRemovable: true
 
     readonly property shelfItem entry: root.row.entry
 
-    /// At an end of the list the row itself has the keyboard, where one more press does nothing.
+    /// At an end of the list the row itself gets the keyboard, so that another press does nothing.
     function move(offset: int, button: Item) {
         root.library.move(root.entry.id, offset);
         if (button.activeFocus) {
@@ -97,7 +97,7 @@ RowCard {
 
             onActivated: root.library.remove(root.entry.id)
         }
-        // Keeps the columns of rows with and without the last button in line.
+        // Keeps columns aligned between rows with and without the last button.
         Item {
             implicitWidth: removeButton.implicitWidth
             visible: root.someRemovable && !root.entry.removable

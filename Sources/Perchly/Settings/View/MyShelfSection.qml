@@ -6,7 +6,7 @@ import Perchly.Look
 import Perchly.Stores
 import Perchly.Settings
 
-/// Every entry of the library, with what can be done with it.
+/// Every entry of the library and its actions.
 ColumnLayout {
     id: root
 

@@ -2,7 +2,7 @@ import QtQuick
 import Perchly.Look
 import Perchly.Stores
 
-/// How the shelf looks and behaves. Every change holds at once.
+/// Look and behaviour of the shelf. Every change takes effect at once.
 ScrollArea {
     id: root
 
@@ -87,7 +87,7 @@ ScrollArea {
             from: 0.85
             stepSize: 0.05
             text: "Shelf size"
-            // What arithmetic makes of 1.15 is a little less than 115 per cent.
+            // Floating-point 1.15 is a little less than 115 per cent.
             valueText: Math.floor(root.preferences.scale * 100 + 1e-9) + "%"
 
             onAsked: value => root.preferences.scale = value

@@ -33,7 +33,7 @@ WindowBody {
 
         onChosen: option => root.section = option
     }
-    // A section stays once it was made, so that going back to it takes no time.
+    // A section is kept once created, so that returning to it is instant.
     Item {
         Layout.fillHeight: true
         Layout.fillWidth: true

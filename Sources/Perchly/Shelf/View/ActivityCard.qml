@@ -3,7 +3,7 @@ import Perchly.Look
 import Perchly.Stores
 import Perchly.Shelf
 
-/// What goes on: the focus timer, else what plays, else one line.
+/// The current activity: the focus timer, else the track, else one line of text.
 Item {
     id: root
 
@@ -58,7 +58,7 @@ Item {
             anchors.horizontalCenter: parent.horizontalCenter
             color: root.look === "timer" ? Theme.orange : Theme.accentColor(root.preferences.accent)
             name: root.symbol
-            // A low card has no room for it above a row of controls.
+            // A low card has no room for the large size above a row of controls.
             size: root.low && root.look !== "idle" ? 14 : 22
         }
         Item {
@@ -105,7 +105,7 @@ Item {
                 to: 1
             }
         }
-        // If space is short, the names are elided first, not the player's controls.
+        // If space is short, names are elided first, not the player's controls.
         Item {
             id: second
 

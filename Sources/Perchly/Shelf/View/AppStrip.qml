@@ -5,7 +5,7 @@ import Perchly.Look
 import Perchly.Stores
 import Perchly.Shelf
 
-/// The shelf's entries, a page at a time: by the arrows, the wheel, a drag, or the keyboard.
+/// The shelf's entries in pages, turned by the arrows, the wheel, a drag, or the keyboard.
 Item {
     id: root
 
@@ -13,11 +13,11 @@ Item {
     required property ShelfLibrary library
     required property ShellActions shell
     required property PopoverLayer popovers
-    /// Pixels of the screen for one point here.
+    /// Screen pixels per point.
     property real pictureScale: 1
 
     readonly property int count: root.library.shown.length
-    /// How far the entries are shifted, at rest.
+    /// Horizontal shift of the entries at rest.
     property real offset: 0
     readonly property alias shift: position.value
     readonly property real lowest: StripPaging.lowest(root.count)
@@ -37,7 +37,7 @@ Item {
     Accessible.name: "Your shelf"
     Accessible.role: Accessible.Grouping
 
-    /// Turns the page and moves the focus along, so that no hidden entry has it.
+    /// Turns the page and moves the focus with it, so that no hidden entry has the focus.
     function page(on: bool) {
         if (on) {
             root.goOn();
@@ -132,7 +132,7 @@ Item {
                 const notch = Math.abs(turn) >= 120;
                 calm.restart();
                 if (wheel.swiped && !notch) {
-                    return; // the rest of a swipe that has paged already
+                    return; // the rest of a swipe that has already turned the page
                 }
                 wheel.turned += turn;
                 if (Math.abs(wheel.turned) >= 120) {

@@ -2,7 +2,7 @@ import QtQuick
 import Perchly.Look
 import Perchly.Shelf
 
-/// Today, and the way to what it brings.
+/// Today's date, with a button that opens the calendar.
 CardBody {
     id: root
 

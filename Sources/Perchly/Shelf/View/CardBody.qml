@@ -2,7 +2,7 @@ import QtQuick
 import Perchly.Stores
 import Perchly.Shelf
 
-/// What every card's content is given.
+/// Properties that all cards' contents share.
 Item {
     required property ShelfModel model
     required property ShelfPreferences preferences

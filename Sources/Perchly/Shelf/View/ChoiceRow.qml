@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// One thing to choose in a popover.
+/// One option in a popover.
 PressButton {
     id: root
 

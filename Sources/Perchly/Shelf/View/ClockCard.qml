@@ -2,7 +2,7 @@ import QtQuick
 import Perchly.Look
 import Perchly.Shelf
 
-/// The time of day and the day.
+/// The time of day and the date.
 CardBody {
     id: root
 

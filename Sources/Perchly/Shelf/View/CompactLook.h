@@ -4,11 +4,11 @@
 
 namespace perchly {
 
-/// What may go on, of which the collapsed shelf shows the most important.
+/// Current activities, of which the collapsed shelf shows the most important.
 struct CompactFacts {
-    QString busyShortcut = {}; ///< null while no shortcut runs
+    QString busyShortcut = {}; ///< null if no shortcut runs
     bool timerRuns = false;
-    int seconds = 0; ///< left on the focus timer
+    int seconds = 0; ///< remaining on the focus timer
     bool musicActive = false;
     bool playing = false;
     QString musicTitle = {};
@@ -28,7 +28,7 @@ struct CompactLook {
 /// The first that applies: a running shortcut, the focus timer, media, held files, nothing.
 [[nodiscard]] CompactLook compactLook(const CompactFacts &facts);
 
-/// "02:05"; minutes go on past 59.
+/// "02:05"; minutes continue past 59.
 [[nodiscard]] QString minutesAndSeconds(int seconds);
 
 } // namespace perchly

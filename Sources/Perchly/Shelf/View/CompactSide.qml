@@ -28,7 +28,7 @@ Item {
 
             Label {
                 anchors.centerIn: parent
-                // The space after the last letter is not part of the word.
+                // Compensates for the letter spacing after the last letter.
                 anchors.verticalCenterOffset: root.edge === "left" ? 0.75 : -0.75
                 elide: Text.ElideNone
                 font.bold: true

@@ -11,8 +11,8 @@
 
 namespace perchly {
 
-/// The collapsed shelf's text: the most important activity, as a symbol, a word and a
-/// title. The two stores are set once, in either order; until both are, everything is empty.
+/// The collapsed shelf's text: the most important activity, as a symbol, a word and a title. Set
+/// each of the two stores once; until both are set, everything is empty.
 class CompactStatus : public QObject {
     Q_OBJECT
     QML_ELEMENT

@@ -2,7 +2,7 @@ import QtQuick
 import Perchly.Look
 import Perchly.Shelf
 
-/// The collapsed shelf at the top: what goes on, to the left and right of a camera housing.
+/// The collapsed shelf at the top: the current activity, on both sides of a camera housing.
 Item {
     id: root
 

@@ -2,8 +2,8 @@ import QtQuick
 import Perchly.Look
 import Perchly.Stores
 
-/// An area by which the shelf is held: a click opens it in keyboard mode, a drag moves it. Which of
-/// the two a press becomes, the shell decides.
+/// A drag handle of the shelf: a click opens keyboard mode, a drag moves the shelf. The shell
+/// decides which of the two a press is.
 MouseArea {
     id: root
 
@@ -11,11 +11,11 @@ MouseArea {
     required property string label
     property string toolTip: ""
     property int toolTipSide: Qt.BottomEdge
-    /// A hovering pointer that has just opened the shelf is here by chance: no tooltip until it has
-    /// left.
+    /// True if the shelf opened under a resting pointer; suppresses the tooltip until the pointer
+    /// leaves.
     property bool byChance: false
 
-    /// A key that is held presses once.
+    /// Ignores key repeats.
     function pressByKey(event: KeyEvent) {
         if (!event.isAutoRepeat) {
             root.shell.toggleKeyboardOpen();

@@ -3,9 +3,9 @@ import Perchly.Look
 import Perchly.Stores
 import Perchly.Shelf
 
-/// The open shelf's content in its natural size: the header, the rows below it and, at a side, the
-/// edge by which it is dragged. Every row's height is known beforehand, so that the outline can grow
-/// to it without waiting for a layout.
+/// The open shelf's content in natural size: the header, the rows below it and, at a side, the edge
+/// for dragging. Every row's height is known in advance, so that the outline can grow without
+/// waiting for a layout.
 Item {
     id: root
 
@@ -16,10 +16,10 @@ Item {
     required property ShelfExtras extras
     required property ShellActions shell
     required property CompactStatus status
-    /// From 0, not there yet, to 1, fully there.
+    /// From 0 (hidden) to 1 (fully visible).
     property real appearance: 0
 
-    /// A chooser is open above the rest.
+    /// Whether a chooser is open above the content.
     readonly property alias choosing: popovers.open
     readonly property alias strip: strip
     readonly property color statusColor: root.model.running ? Theme.orange : Theme.accentColor(root.preferences.accent)

@@ -2,7 +2,7 @@ import QtQuick
 import Perchly.Look
 import Perchly.Shelf
 
-/// The open shelf's first row. Where a camera housing covers its middle, it keeps to both sides.
+/// The open shelf's first row, split in two by a camera housing.
 Item {
     id: root
 

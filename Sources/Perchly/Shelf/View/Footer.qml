@@ -2,7 +2,7 @@ import QtQuick
 import Perchly.Look
 import Perchly.Stores
 
-/// The open shelf's last line: the battery, and the way out.
+/// The open shelf's last line: the battery and the quit button.
 Item {
     id: root
 

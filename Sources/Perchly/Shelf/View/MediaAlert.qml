@@ -2,15 +2,15 @@ import QtQuick
 import Perchly.Look
 import Perchly.Stores
 
-/// Says, over the whole shelf, that a playback command failed, until the user dismisses it. Nothing
-/// behind it gets the keyboard meanwhile, but a text that the user is writing keeps it.
+/// An alert over the whole shelf after a failed playback command, until the user dismisses it.
+/// Nothing behind it gets the keyboard meanwhile, except a text that the user is writing.
 FocusScope {
     id: root
 
     required property ShelfModel model
     required property ShelfPreferences preferences
     required property real radius
-    /// That of the shelf's content.
+    /// Scale of the shelf's content.
     required property real contentScale
 
     readonly property string edge: root.model.dockEdge
@@ -47,7 +47,7 @@ FocusScope {
             again.start();
         }
     }
-    // Not while the keyboard is on its way.
+    // Delayed until the keyboard has arrived.
     Timer {
         id: again
 

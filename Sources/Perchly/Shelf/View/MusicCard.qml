@@ -2,7 +2,7 @@ import QtQuick
 import Perchly.Look
 import Perchly.Shelf
 
-/// What plays, how to command it, and the way to the music application.
+/// The current track, its controls, and a button that opens the music application.
 CardBody {
     id: root
 

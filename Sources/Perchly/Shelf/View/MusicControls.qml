@@ -1,7 +1,8 @@
 import QtQuick
 import Perchly.Stores
 
-/// Back, play or pause, and forward. A browser's tab cannot skip, but may be able to seek.
+/// Back, play or pause, and forward. In a browser, the outer buttons seek, if it can, instead of
+/// skipping.
 Row {
     id: root
 

@@ -2,7 +2,8 @@ import QtQuick
 import Perchly.Look
 import Perchly.Shelf
 
-/// A note that is kept as it is typed. It has the keyboard only after the user went there.
+/// The note, stored as it is typed. It gets the keyboard only when the user presses or tabs into
+/// it.
 CardBody {
     id: root
 
@@ -25,7 +26,7 @@ CardBody {
     NoteEditor {
         id: editor
 
-        // Whole lines, so that none is cut in two.
+        // Whole lines, so that none is cut off.
         height: Math.max(1, Math.floor(root.height / editor.line)) * editor.line
         label: "Quick note"
         note: root.preferences.note

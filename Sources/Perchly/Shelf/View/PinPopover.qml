@@ -2,14 +2,14 @@ import QtQuick
 import Perchly.Look
 import Perchly.Stores
 
-/// On which side to pin a widget.
+/// Lets the user choose the side to pin a widget on.
 Column {
     id: root
 
     required property ShelfModel model
     required property string widget
 
-    /// One of the sides was chosen.
+    /// A side was chosen.
     signal chosen(string side, string widget)
 
     spacing: 2

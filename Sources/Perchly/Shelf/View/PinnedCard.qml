@@ -3,7 +3,7 @@ import Perchly.Look
 import Perchly.Stores
 import Perchly.Shelf
 
-/// A pinned widget: its title, the menu that changes it, and what it shows.
+/// A pinned widget: its title, the menu that changes it, and its content.
 Item {
     id: root
 

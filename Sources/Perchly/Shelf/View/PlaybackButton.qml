@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// One of the playback controls. A new symbol grows in where the old one was.
+/// A playback control. A new symbol grows in place of the old one.
 PressButton {
     id: root
 

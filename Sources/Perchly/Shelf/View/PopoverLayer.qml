@@ -2,9 +2,9 @@ import QtQuick
 import Perchly.Look
 import Perchly.Stores
 
-/// Floats one chooser at a time above the open shelf, beside what it belongs to. While it does, the
-/// shelf does not close; Escape, a press elsewhere, another window's getting the keyboard, the
-/// shelf's closing, or the end of what it belongs to ends it.
+/// Shows one chooser at a time above the open shelf, beside its anchor item. The shelf does not
+/// close meanwhile. Escape, a press elsewhere, the activation of another window, the closing of the
+/// shelf, or the removal of the anchor closes the chooser.
 FocusScope {
     id: root
 
@@ -12,7 +12,7 @@ FocusScope {
     required property ShelfPreferences preferences
     required property ShellActions shell
 
-    /// The item that the chooser is attached to; null while it is closed.
+    /// The item to which the chooser is attached; null while closed.
     property Item anchorItem: null
     readonly property bool open: root.anchorItem !== null
     /// The widget whose side is being chosen, or empty.
@@ -37,7 +37,7 @@ FocusScope {
         return found;
     }
 
-    /// Gives the keyboard to the choice that is `by` places from the one that has it.
+    /// Moves the keyboard by that many choices.
     function step(by: int) {
         const rows = root.rows();
         const now = rows.findIndex(row => row.activeFocus);
@@ -108,7 +108,7 @@ FocusScope {
     visible: root.open
 
     onAnchorItemChanged: {
-        // What it belonged to is gone.
+        // The anchor was removed.
         if (root.anchorItem === null) {
             root.close();
         }
@@ -196,7 +196,7 @@ FocusScope {
             color: Theme.floating
             radius: 12
         }
-        // Where the arrow and the card meet there is no line.
+        // Covers the border between arrow and card.
         Rectangle {
             color: Theme.floating
             height: 2

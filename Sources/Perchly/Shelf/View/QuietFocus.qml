@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// Stands where the strip was while a quiet focus session runs.
+/// Replaces the strip during a quiet focus session.
 Column {
     topPadding: (120 - 26 - 8 - 18 - 4 - 14) / 2
 

@@ -1,7 +1,7 @@
 import QtQuick
 
-/// Where the shelf lies in its panel, collapsed, open and in between. Rectangles are in the panel's
-/// coordinates; lengths called natural are those of the open shelf before it is scaled.
+/// The shelf's geometry in its panel: collapsed, open and in between. Rectangles are in the panel's
+/// coordinates; natural lengths are those of the open shelf before scaling.
 QtObject {
     id: root
 
@@ -26,7 +26,7 @@ QtObject {
     readonly property real naturalWidth: root.rowsWidth + (root.onSide ? root.band : 0)
     readonly property real naturalHeight: root.contentHeight
 
-    /// The panel without the margin for the shadow.
+    /// The panel without the shadow margin.
     readonly property rect frame: {
         const left = root.edge === "left" ? 0 : root.shadowMargin;
         const right = root.edge === "right" ? 0 : root.shadowMargin;
@@ -37,8 +37,8 @@ QtObject {
 
     readonly property rect restRect: root.compactRect.width > 0 ? root.compactRect : root.docked(root.compactSize.width, root.compactSize.height)
 
-    /// The user's scale, or the largest below it with which the open shelf fits the panel, whose
-    /// whole pixels may take away less than one of its points.
+    /// The user's scale, or the largest smaller one with which the open shelf fits the panel. The
+    /// panel has whole pixels, so it may be smaller by up to a point.
     readonly property real scale: {
         const room = Math.min((root.frame.width + 0.99) / root.naturalWidth, (root.frame.height + 0.99) / Math.max(1, root.naturalHeight));
         return root.openness > 0 ? Math.min(root.wantedScale, room) : root.wantedScale;
@@ -49,7 +49,7 @@ QtObject {
         const height = Math.min(Math.round(root.naturalHeight * root.scale), Math.ceil(Math.max(root.frame.height, root.restRect.height)));
         const place = root.docked(width, height);
         if (root.onSide) {
-            // It opens around the strip as far as the display lets it.
+            // Opens around the strip, as far as the display allows.
             const middle = root.restRect.y + root.restRect.height / 2 - height / 2;
             const last = root.frame.y + root.frame.height - height;
             place.y = Math.round(Math.max(root.frame.y, Math.min(middle, last)));
@@ -68,14 +68,14 @@ QtObject {
         return rest + (open - rest) * root.openness;
     }
 
-    /// A rectangle of that size in the middle of the docked side.
+    /// A rectangle of that size, centred on the docked side.
     function docked(width: real, height: real): rect {
         const x = root.edge === "left" ? root.frame.x : root.edge === "right" ? root.frame.x + root.frame.width - width : root.frame.x + (root.frame.width - width) / 2;
         const y = root.onSide ? root.frame.y + (root.frame.height - height) / 2 : root.frame.y;
         return Qt.rect(Math.round(x), Math.round(y), width, height);
     }
 
-    /// A rectangle given in natural lengths from the open shelf's top left corner.
+    /// A rectangle in natural lengths, relative to the open shelf's top left corner.
     function onStage(x: real, y: real, width: real, height: real): rect {
         return Qt.rect(root.openRect.x + x * root.scale, root.openRect.y + y * root.scale, width * root.scale, height * root.scale);
     }

@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// The shelf's body. Its corners at the display's edge are square: the rounded rectangle reaches
+/// The shelf's body. Its corners at the display's edge are square: the rounded rectangle extends
 /// beyond that edge, where the panel ends.
 Item {
     id: root
@@ -9,11 +9,11 @@ Item {
     required property string edge
     required property color color
     required property real radius
-    /// The shelf is not at rest as a pill or strip; its scale then.
+    /// Whether the shelf is open or moving; and its scale then.
     required property bool opened
     required property real openScale
     required property bool shadowed
-    /// Drawn along the outline while something that can be dropped is held over the shelf.
+    /// Colour of the outline while something that can be dropped is over the shelf.
     required property color highlight
 
     readonly property real hidden: root.radius + 2

@@ -4,12 +4,12 @@ import Perchly.Stores
 import Perchly.Shelf
 
 /// The whole content of the shelf's panel: the pill at the top of the display or the strip at its
-/// side, and what it opens into.
+/// side, and the open shelf.
 ///
-/// The panel exceeds the drawn shelf: by `shadowMargin` on every side that does not lie at the
-/// display's edge, and, from just before the shelf opens until it has closed, by the room that the
-/// open shelf takes. The outline moves between `restRect` and `openRect` in it. `shapeRect` and
-/// `shapeRadius` tell the panel where the outline is at rest, for its mask and its input region.
+/// The panel is larger than the drawn shelf: by `shadowMargin` on every side but the display's
+/// edge, and, from just before the shelf opens until it has closed, by the space of the open shelf.
+/// The outline moves between `restRect` and `openRect`. `shapeRect` and `shapeRadius` give the
+/// panel the outline at rest, for its mask and its input region.
 FocusScope {
     id: root
 
@@ -21,12 +21,12 @@ FocusScope {
     required property ShellActions shell
     required property Motion motion
 
-    /// Whether the panel's pixels may be translucent. If not, nothing is drawn outside the outline
-    /// and the shelf opens and closes at once.
+    /// Whether the panel's pixels may be translucent. If not, nothing is drawn outside the outline,
+    /// and the shelf opens and closes without animation.
     property bool composited: true
     property real shadowMargin: 0
-    /// The collapsed shelf's frame in the panel's coordinates; the middle of the docked side while
-    /// it is empty.
+    /// The collapsed shelf's frame in the panel's coordinates. If empty, the middle of the docked
+    /// side.
     property rect compactRect: Qt.rect(0, 0, 0, 0)
 
     readonly property bool expanded: root.model.expanded
@@ -40,7 +40,7 @@ FocusScope {
     readonly property alias status: status
     readonly property alias openness: openness
     readonly property alias sideReveal: sideReveal
-    /// A chooser is open, which takes the next press wherever it is.
+    /// Whether a chooser is open, which takes the next press wherever it is.
     readonly property bool choosing: root.content?.choosing ?? false
     /// The open shelf's content; null until it is created.
     readonly property ExpandedContent content: expandedContent.item as ExpandedContent
@@ -67,12 +67,12 @@ FocusScope {
         edgeFade.target = 1;
     }
     onExpandedChanged: {
-        // The collapsed shelf is all header.
+        // All of the collapsed shelf is header.
         headerHandle.byChance = root.expanded && headerHandle.containsMouse;
         edgeHandle.byChance = headerHandle.byChance;
         root.reveal();
         if (!root.expanded) {
-            root.forceActiveFocus(); // not on a hidden button
+            root.forceActiveFocus(); // rather than on a hidden button
         }
     }
 
@@ -111,8 +111,8 @@ FocusScope {
     SpringValue {
         id: openness
 
-        // The panel of a dragged shelf is as small as the pill, so there is no room to close in. A
-        // capture must not see the shelf on its way.
+        // The panel of a dragged shelf is only as large as the pill, so it has no room for closing.
+        // A capture must not show the shelf closing.
         animated: root.composited && !root.model.dragging && !root.extras.capture.active
         reduced: root.motion.reduced
         target: root.expanded ? 1 : 0
@@ -174,7 +174,7 @@ FocusScope {
         }
     }
 
-    // The content is at its final position from the start; the growing outline uncovers it.
+    // The content is in its final position from the start; the growing outline uncovers it.
     Item {
         id: window
 
@@ -216,8 +216,7 @@ FocusScope {
         }
     }
 
-    // Opening for the first time must be as quick as ever after, so its content is created while
-    // the program is idle.
+    // The first opening must be as fast as later ones, so the content is created while idle.
     Timer {
         id: idle
 
@@ -239,12 +238,12 @@ FocusScope {
         onDropped: drop => {
             if (drop.hasUrls) {
                 if (!root.productivity.held.holdDropped(drop.getDataAsString("text/uri-list"))) {
-                    root.productivity.held.hold(drop.urls); // told in another form
+                    root.productivity.held.hold(drop.urls); // given as URLs in another format
                 }
                 drop.accept(Qt.CopyAction);
             }
         }
-        // Only references are kept: a source that were told "move" would delete what it gave.
+        // Only references are kept, and a "move" would make the source delete its files.
         onEntered: drag => {
             if (drag.hasUrls) {
                 drag.accept(Qt.CopyAction);

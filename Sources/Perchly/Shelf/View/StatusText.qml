@@ -1,8 +1,8 @@
 import QtQuick
 import Perchly.Look
 
-/// A status word, or a time whose digits keep their places. A new word fades in; a running time just
-/// changes.
+/// A status word, or a time with digits of equal width. A new word fades in; a running time does
+/// not.
 Item {
     id: root
 

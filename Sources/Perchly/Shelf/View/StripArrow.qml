@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// Pages the strip.
+/// Turns the strip's page.
 PressButton {
     id: root
 

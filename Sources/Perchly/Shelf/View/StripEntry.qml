@@ -9,7 +9,7 @@ PressButton {
 
     required property shelfItem entry
     required property ShellActions shell
-    /// Pixels of the screen for one point here.
+    /// Screen pixels per point.
     required property real pictureScale
 
     focusInset: 0

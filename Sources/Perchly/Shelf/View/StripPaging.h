@@ -5,8 +5,8 @@
 
 namespace perchly {
 
-/// How the strip of entries pages sideways. Offsets are in points: 0 shows the first entry, and
-/// `lowest` the last one.
+/// The strip's horizontal paging. Offsets are in points: 0 shows the first entry, `lowest` the
+/// last.
 class StripPaging : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -22,18 +22,18 @@ public:
     using QObject::QObject;
 
     Q_INVOKABLE [[nodiscard]] static double lowest(qsizetype entries);
-    /// The offset one step towards the first entry, and one towards the last.
+    /// The offset one step towards the first entry or the last.
     Q_INVOKABLE [[nodiscard]] static double previous(double offset);
     Q_INVOKABLE [[nodiscard]] static double next(double offset, qsizetype entries);
-    /// The offset after a drag that ended `translation` points to the right of where it began.
+    /// The offset after a drag that ended `translation` points to the right of its start.
     Q_INVOKABLE [[nodiscard]] static double dragged(double offset, double translation,
                                                     qsizetype entries);
-    /// The offset after as many steps as it takes to show the whole entry.
+    /// The offset after the steps needed to show the whole entry.
     Q_INVOKABLE [[nodiscard]] static double showing(qsizetype entry, double offset,
                                                     qsizetype entries);
-    /// Whether the whole entry is to be seen.
+    /// Whether the whole entry is visible.
     Q_INVOKABLE [[nodiscard]] static bool shows(qsizetype entry, double offset);
-    /// The entry that is shown whole and lies next to this one.
+    /// The completely visible entry nearest to this one.
     Q_INVOKABLE [[nodiscard]] static qsizetype nearest(qsizetype entry, double offset,
                                                        qsizetype entries);
 };

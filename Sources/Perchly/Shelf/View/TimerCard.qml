@@ -2,7 +2,7 @@ import QtQuick
 import Perchly.Look
 import Perchly.Shelf
 
-/// The focus timer: the time left in a session, or how long the next one will be.
+/// The focus timer: the remaining time of a session, or the length of the next one.
 CardBody {
     id: root
 

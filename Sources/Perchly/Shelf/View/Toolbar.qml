@@ -2,7 +2,7 @@ import QtQuick
 import Perchly.Look
 import Perchly.Stores
 
-/// The row of buttons that lead to the program's other windows.
+/// The row of buttons that open the program's other windows.
 Item {
     id: root
 

@@ -16,7 +16,7 @@ constexpr int minute = 60'000;
 WallTime::WallTime(QObject *parent)
     : QObject(parent) {
     m_timer.setSingleShot(true);
-    m_timer.setTimerType(Qt::PreciseTimer); // a coarse one may fire before the minute ends
+    m_timer.setTimerType(Qt::PreciseTimer); // a coarse timer may fire before the minute ends
     connect(&m_timer, &QTimer::timeout, this, &WallTime::refresh);
     refresh();
 }

@@ -7,8 +7,8 @@
 
 namespace perchly {
 
-/// The time and the date as they are shown. While it runs it wakes at the end of the minute, and
-/// every few seconds, as neither waking up nor setting the clock is announced.
+/// The time and the date as shown. While running, it wakes up at the end of each minute, and every
+/// few seconds, as nothing announces a wake-up or a clock change.
 class WallTime : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -20,7 +20,7 @@ class WallTime : public QObject {
 public:
     explicit WallTime(QObject *parent = nullptr);
 
-    /// Starting it updates every line at once.
+    /// Starting it updates all texts at once.
     [[nodiscard]] bool isRunning() const { return m_running; }
     void setRunning(bool running);
 

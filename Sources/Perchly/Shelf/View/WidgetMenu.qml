@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Perchly.Look
 
-/// Which widget to show on one side.
+/// Lets the user choose the widget on one side.
 Column {
     id: root
 

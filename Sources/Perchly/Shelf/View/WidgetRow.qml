@@ -2,7 +2,7 @@ import QtQuick
 import Perchly.Stores
 import Perchly.Shelf
 
-/// The row of cards: a pinned widget at each end and the activity between them.
+/// The row of cards: the pinned widgets at its ends and the activity between them.
 Item {
     id: root
 

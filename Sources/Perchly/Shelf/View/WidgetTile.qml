@@ -3,7 +3,7 @@ import Perchly.Look
 import Perchly.Stores
 import Perchly.Shelf
 
-/// A widget on the strip, which can be pinned from here.
+/// A widget on the strip; a press offers to pin it.
 PressButton {
     id: root
 

@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Perchly.Look
 import Perchly.Stores
 
-/// A process that plays audio: routed through the program or not, and its level while it is.
+/// A process that plays audio, with its level if it is routed through the program.
 RowCard {
     id: root
 
@@ -17,7 +17,7 @@ RowCard {
     required property bool muted
     required property string process
 
-    /// It was enabled here, and grows by its slider.
+    /// The user enabled the process, and its slider makes the row grow.
     signal enabledHere()
 
     /// The program's accessible name, which the buttons repeat.
@@ -28,7 +28,7 @@ RowCard {
     Accessible.role: Accessible.ListItem
     padding: 14
 
-    onRoutedChanged: route.cameAt = Date.now() // one word takes the other's place
+    onRoutedChanged: route.cameAt = Date.now() // the button's word changes in place
 
     ColumnLayout {
         spacing: 10
@@ -84,7 +84,7 @@ RowCard {
             IconButton {
                 Accessible.checkable: true
                 Accessible.checked: root.muted
-                Layout.leftMargin: -6 // the symbol lies below the name
+                Layout.leftMargin: -6 // aligns the symbol with the name above
                 color: root.muted ? Theme.grey : Theme.text
                 subject: root.subject
                 symbol: root.muted ? "speaker.slash.fill" : "speaker.2.fill"
