@@ -1,12 +1,12 @@
-# One way to declare an area, so that the rules of who may include whom hold everywhere:
-# an area's headers are visible only to the targets that link it.
+# One way to declare an area, so that the same include rules hold everywhere: an area's headers are
+# visible only to the targets that link it.
 
 add_library(perchly_options INTERFACE)
 target_compile_options(perchly_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
-    # An optimizing build reports it for every QPointer.
+    # Optimised builds report it for every QPointer.
     $<$<CONFIG:Debug>:-Wnull-dereference>
-    # A joined source looks like a header to it.
+    # With unity builds, GCC takes joined sources for headers.
     $<$<BOOL:${CMAKE_UNITY_BUILD}>:-Wno-subobject-linkage>
     $<$<BOOL:${PERCHLY_WERROR}>:-Werror>)
 target_compile_definitions(perchly_options INTERFACE
@@ -23,8 +23,8 @@ if(PERCHLY_SANITIZE)
 endif()
 
 # perchly_headers(<target> <scope> <headers> <sources>)
-# Makes the headers visible to those who link the target. A header without a source that includes it
-# first is compiled alone by the target all_verify_interface_header_sets.
+# Puts the headers on the include path of targets that link this one. The target
+# all_verify_interface_header_sets compiles a header alone unless a source includes it first.
 function(perchly_headers target scope headers sources)
     set(bare ${headers})
     list(TRANSFORM sources REPLACE "\\.cpp$" ".h")
@@ -37,8 +37,8 @@ function(perchly_headers target scope headers sources)
 endfunction()
 
 # perchly_area(<name> [MOC] HEADERS … [SOURCES …] [PUBLIC …] [PRIVATE …])
-# A static library perchly_<name> whose headers are included by their plain file names. MOC runs Qt's
-# meta-object compiler over it.
+# A static library perchly_<name> whose headers are included by file name alone. MOC runs Qt's
+# meta-object compiler on it.
 function(perchly_area name)
     cmake_parse_arguments(PARSE_ARGV 1 area "MOC" "" "HEADERS;SOURCES;PUBLIC;PRIVATE")
     if(area_SOURCES)
@@ -80,7 +80,7 @@ function(perchly_test name)
 endfunction()
 
 # perchly_qml_module(<name> URI … [SOURCES …] [HEADERS …] [QML_FILES …] [IMPORTS …]
-#                    [PUBLIC …] [PRIVATE …])
+# [PUBLIC …] [PRIVATE …])
 # A static QML module perchly_<name>, which the program and the tests link with its plugin. HEADERS
 # are the public ones among the sources.
 function(perchly_qml_module name)
@@ -102,8 +102,8 @@ function(perchly_qml_module name)
 endfunction()
 
 # perchly_join_generated(<target>)
-# Compiles the many small sources that Qt generates for a QML module in a few files, which takes a
-# tenth of the time. They are included as system headers, so our warnings are off in them.
+# Joins the many small sources that Qt generates for a QML module into a few files, which compile in
+# a tenth of the time. They are included as system headers, so that our warnings are off in them.
 function(perchly_join_generated target)
     get_target_property(generated ${target} SOURCES)
     list(FILTER generated INCLUDE REGEX "qmlcache|qmltyperegistrations")

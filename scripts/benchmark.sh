@@ -1,7 +1,6 @@
 #!/bin/sh
-# Builds Perchly as people run it, with all that the programs in Benchmarks need, and measures it
-# beside the machine's noise and other programs. Arguments go to Benchmarks/benchmark.py, for example
-# --rounds 20 --seconds 10.
+# Builds Perchly and the benchmarks, then measures Perchly, the machine's noise and other programs.
+# Arguments go to Benchmarks/benchmark.py, for example --rounds 20 --seconds 10.
 set -eu
 cd "$(dirname "$0")/.."
 

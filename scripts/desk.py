@@ -40,7 +40,7 @@ PAGE = "<title>Sea sounds</title><audio src='track.flac' autoplay loop controls>
 
 
 class Desk:
-    """Prepares a session that runs, before the program starts in it."""
+    """Prepares a running session before the program starts in it."""
 
     def __init__(self, session):
         self._session = session
@@ -65,7 +65,7 @@ class Desk:
         page = self._session.folder / "page.html"
         page.write_text(PAGE)
         options = [
-            "--no-sandbox",  # root has none
+            "--no-sandbox",  # root has no sandbox
             "--no-first-run",
             "--disable-background-networking",
             "--autoplay-policy=no-user-gesture-required",
@@ -74,7 +74,7 @@ class Desk:
         self._session.spawn("chromium", *options, page.as_uri())
 
     def _paint_wallpaper(self, screen):
-        """Hills in the morning, where compositors and window managers look for the wallpaper."""
+        """Draws morning hills and sets them as the wallpaper, also for compositors."""
         width, height = screen.width, screen.height
         sky = Image.new("RGB", (1, len(SKY)))
         sky.putdata(SKY)
@@ -132,7 +132,7 @@ class Desk:
 
 
 def _application_entries(names):
-    """Entries of the shelf for those that are installed."""
+    """Shelf entries for the installed applications."""
     folders = os.environ.get("XDG_DATA_DIRS", "/usr/local/share:/usr/share").split(":")
     for name in names:
         paths = (Path(folder, "applications", f"{name}.desktop") for folder in folders)

@@ -1,6 +1,6 @@
 #!/bin/sh
-# lint.sh [format|headers|qml|tidy…]: checks the sources, with all checks or those named. Fails and
-# says why if one does not pass.
+# lint.sh [format|headers|qml|tidy…]: runs the named checks of the sources, or all of them. Fails
+# with a message if one does not pass.
 set -euf
 cd "$(dirname "$0")/.."
 

@@ -1,6 +1,6 @@
 #!/bin/sh
-# Takes every picture in docs/ again with the program that scripts/run.sh has built. The applications
-# on the shelf are real packages, unpacked into a temporary folder rather than installed.
+# Takes every picture in docs/ again with the program that scripts/run.sh has built. The
+# applications on the shelf are real packages, unpacked into a temporary folder, not installed.
 set -eu
 cd "$(dirname "$0")/.."
 
@@ -8,7 +8,7 @@ applications=$(mktemp -d)
 trap 'rm -rf "$applications"' EXIT
 (
     cd "$applications"
-    # apt's own user may not write here
+    # because apt's own user may not write here
     apt-get download -q -o APT::Sandbox::User=root firefox-esr thunderbird libreoffice-common \
         libreoffice-writer libreoffice-calc inkscape audacity audacity-data
     for package in *.deb; do

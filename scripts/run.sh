@@ -1,12 +1,12 @@
 #!/bin/sh
-# Builds Perchly and starts it on the current display. Without one, it plays a short scene on a
-# virtual display and leaves pictures of it in out/.
+# Builds Perchly and starts it on the current display. Without a display it plays a short scene on a
+# virtual one and leaves pictures of it in out/.
 set -eu
 cd "$(dirname "$0")/.."
 
 echo "run: the first build takes about 3 minutes on 2 cores; later ones take seconds."
 if [ -n "${DISPLAY:-}" ]; then
-    scripts/setup.sh Building Running # and nothing that changes the desktop
+    scripts/setup.sh Building Running # nothing that changes the desktop
 else
     scripts/setup.sh Building Running Testing
 fi

@@ -24,12 +24,12 @@ OPEN_WIDTH = 660
 OPEN_WIDTH_AT_SIDE = 694
 REST_SECONDS = 0.3
 VOLUMES = (0.8, 0.4)
-DARK = 60  # red, green and blue together; the wallpaper is lighter
+DARK = 60  # sum of red, green and blue; the wallpaper is lighter
 FREE_PLACE = (1200, 930)
 
 
 class Scene(User):
-    """Goes through the program as a user does, by pointer and keyboard."""
+    """Uses the program as a user does, with pointer and keyboard."""
 
     def __init__(self, session, desk, folder):
         self._desk = desk
@@ -150,7 +150,7 @@ class Scene(User):
         self.picture(name, window.rect)
 
     def picture(self, name, rect):
-        """Takes the picture of a part of the screen at rest; a caret may blink."""
+        """Takes a picture of a part of the screen when only a caret may still blink."""
         picture, since = None, time.monotonic()
 
         def at_rest():

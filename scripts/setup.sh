@@ -1,10 +1,10 @@
 #!/bin/sh
-# setup.sh [SECTION…]: installs the missing packages of packages.txt, all of them or those of the
-# sections named (Building, Running, Checking, Testing, Measuring). Quick if none is missing.
+# setup.sh [SECTION…]: installs the missing packages of packages.txt, in all or the named sections
+# (Building, Running, Checking, Testing, Measuring). Quick if none is missing.
 set -eu
 cd "$(dirname "$0")/.."
 
-release=99 # testing and unstable have no number
+release=99 # testing and unstable have no release number
 if [ -r /etc/os-release ]; then
     release=$(. /etc/os-release && echo "${VERSION_ID:-99}")
 fi
@@ -18,7 +18,7 @@ if ! command -v dpkg-query >/dev/null; then
     exit 1
 fi
 
-# shellcheck disable=SC2086 # one word a package
+# shellcheck disable=SC2086 # one word per package
 installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' $wanted 2>/dev/null |
     sed -n 's/^installed //p' || true)
 missing=$(echo "$wanted" | grep -vxF "$installed" | tr '\n' ' ' || true)

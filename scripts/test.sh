@@ -1,6 +1,6 @@
 #!/bin/sh
-# Builds everything and runs every test: the areas over fake hosts, the views, the Linux hosts
-# against real services, and the program in X sessions of its own. Ends with CTest's summary.
+# Builds everything and runs every test: areas with fake hosts, views, Linux hosts with real
+# services, and the program in X sessions. Ends with CTest's summary.
 # test.sh asan|tsan builds with sanitizers; further arguments go to ctest.
 set -eu
 cd "$(dirname "$0")/.."
@@ -19,12 +19,12 @@ scripts/build.sh "$preset"
 build=build
 [ "$preset" = default ] || build=build-$preset
 
-# The tests see nothing of the user's desktop.
+# Hide the user's desktop from the tests.
 unset DISPLAY WAYLAND_DISPLAY DBUS_SESSION_BUS_ADDRESS
 XDG_RUNTIME_DIR=$(mktemp -d)
 export XDG_RUNTIME_DIR
 trap 'rm -rf "$XDG_RUNTIME_DIR"' EXIT
 export TSAN_OPTIONS="suppressions=$PWD/scripts/tsan.supp die_after_fork=0 ${TSAN_OPTIONS:-}"
 export LSAN_OPTIONS="suppressions=$PWD/scripts/lsan.supp print_suppressions=0 ${LSAN_OPTIONS:-}"
-# Most tests wait for servers, window managers and timers rather than for a processor.
+# Most tests wait for servers, window managers and timers, not for a processor.
 ctest --test-dir "$build" --output-on-failure -j "$((3 * $(nproc)))" "$@" </dev/null

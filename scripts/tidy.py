@@ -1,6 +1,5 @@
-"""tidy.py BUILD_FOLDER: runs clang-tidy on the sources of the program, in the batches in which they
-are compiled. A batch that passed is checked again when its command, a file that it includes or
-.clang-tidy changes."""
+"""tidy.py BUILD_FOLDER: runs clang-tidy on the program's sources in their compile batches. Checks a
+batch that passed again only if its command, an included file or .clang-tidy changes."""
 
 import hashlib
 import json
@@ -11,8 +10,8 @@ import sys
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
-# clang-tidy takes the sources of a batch for headers: report those of the program, not what Qt
-# generates, and analyze them.
+# clang-tidy treats the sources of a batch as headers: report and analyse the program's, but not
+# Qt's generated ones.
 OPTIONS = [
     f"-header-filter=^{re.escape(str(Path.cwd()))}/Sources/",
     "-extra-arg=-Xclang",

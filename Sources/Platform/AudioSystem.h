@@ -63,8 +63,7 @@ public:
     route(AudioObject process, std::shared_ptr<AudioRingBuffer> ring, QString &error) = 0;
 
 Q_SIGNALS:
-    /// Some getter's result may have changed. Several changes in quick succession are announced
-    /// once.
+    /// A getter's result may have changed. Several quick changes are announced once.
     void changed();
 };
 

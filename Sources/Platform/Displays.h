@@ -33,8 +33,7 @@ public:
     [[nodiscard]] virtual QList<Display> list() const = 0;
 
 Q_SIGNALS:
-    /// Displays, their arrangement, resolution or reserved areas changed. list() is already
-    /// current.
+    /// Displays, their arrangement, resolution or reserved areas changed. list() is current.
     void changed();
 };
 

@@ -4,7 +4,7 @@
 
 namespace perchly {
 
-/// Whether the program is started when the user logs in. The desktop keeps it, and the user may
+/// Whether the program starts when the user logs in. The desktop stores this, and the user may
 /// change it there at any time. Main thread only.
 class LoginItem {
 public:
@@ -12,18 +12,18 @@ public:
 
     struct Result {
         Outcome outcome = Outcome::Failed;
-        QString message = {}; ///< why it failed, for the user; else empty
+        QString message = {}; ///< the error for the user, or empty
     };
 
     virtual ~LoginItem() = default;
 
-    /// Whether the desktop starts the program at the next login, as far as it can be known now.
+    /// Whether the desktop will start the program at the next login, as far as is known.
     [[nodiscard]] virtual bool isEnabled() const = 0;
 
-    /// Has this program started from the next login on. On failure nothing has changed.
+    /// Makes the desktop start this program from the next login on. Changes nothing on failure.
     [[nodiscard]] virtual Result registerProgram() = 0;
 
-    /// Ends that. A program that is not registered is unregistered already.
+    /// Undoes registerProgram(). Succeeds if the program is not registered.
     [[nodiscard]] virtual Result unregisterProgram() = 0;
 };
 

@@ -4,14 +4,14 @@
 
 namespace perchly {
 
-/// Whether the user asked the desktop to reduce motion. Main thread only.
+/// Whether the user asked the desktop for reduced motion. Main thread only.
 class Motion : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool reduced READ isReduced NOTIFY changed FINAL)
 public:
     using QObject::QObject;
 
-    /// False while the desktop does not say.
+    /// False if the desktop has no answer.
     [[nodiscard]] virtual bool isReduced() const = 0;
 
 Q_SIGNALS:

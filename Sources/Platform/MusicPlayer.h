@@ -2,12 +2,12 @@
 
 namespace perchly {
 
-/// The user's own application for music. Nothing blocks. Main thread only.
+/// The user's music application. Nothing blocks. Main thread only.
 class MusicPlayer {
 public:
     virtual ~MusicPlayer() = default;
 
-    /// Starts it or brings it to the front; without one, nothing happens.
+    /// Starts it or brings it to the front; does nothing if there is none.
     virtual void open() = 0;
 };
 

@@ -14,26 +14,26 @@ namespace perchly {
 class OpenPanel {
 public:
     enum class Choice {
-        FilesAndFolders, ///< any of them, several at once
-        Applications     ///< desktop entries, several at once
+        FilesAndFolders, ///< one or more
+        Applications     ///< desktop entries, one or more
     };
 
     struct Request {
         QString title;
-        QString confirmLabel; ///< of the button that ends the choice; empty for the usual one
-        QString folder;       ///< where it starts; empty, or not there: wherever the dialog does
+        QString confirmLabel; ///< for the accept button; empty for the default
+        QString folder;       ///< start folder; if empty or missing, the dialog's default
         Choice choice = Choice::FilesAndFolders;
     };
 
-    /// Called once on the main thread, never before `ask` has returned: the chosen files in order,
-    /// or none if the user cancelled or there is no dialog to show.
+    /// Called once on the main thread, never before ask() has returned: with the chosen files in
+    /// order, or with none if the user cancelled or no dialog can be shown.
     using Completion = std::function<void(const QList<QUrl> &chosen)>;
 
     virtual ~OpenPanel() = default;
 
-    /// Shows the dialog over the program's active window, which takes no input until it is closed.
-    /// Destroying the task closes the dialog, and the completion is not called any more; that is
-    /// allowed from within the completion. The panel outlives the task.
+    /// Shows the dialog above the program's active window, which takes no input until the dialog is
+    /// closed. Destroying the task, which the completion may do, closes the dialog without calling
+    /// the completion. The panel must outlive the task.
     [[nodiscard]] virtual Task ask(const Request &request, Completion completion) = 0;
 };
 

@@ -14,7 +14,7 @@
 
 namespace perchly {
 
-/// Content and markers of a copy. A desktop's hints appear as the marker with the same meaning.
+/// Types and markers of a copy. A desktop's hints appear as the marker with the same meaning.
 namespace pasteboardtype {
 
 inline constexpr QLatin1StringView concealed("org.nspasteboard.ConcealedType");
@@ -27,69 +27,68 @@ inline constexpr QLatin1StringView text("text/plain");
 
 } // namespace pasteboardtype
 
-/// What to read: the last copy, or the text selected in any program, which the middle mouse button
-/// pastes.
+/// The source to read: the last copy, or the text selected in any program, which the middle mouse
+/// button pastes.
 enum class PasteboardSource { Copied, Selected };
 
-/// What to fetch. A limit of 0 leaves that kind out.
+/// The content to fetch. A limit of 0 omits that kind.
 struct PasteboardRequest {
     PasteboardSource source = PasteboardSource::Copied;
-    /// For a history. Image and text are left out of a copy that offers one of these types, of any
-    /// copy of content that was offered with one before, of Perchly's own copies, and of a copy
-    /// that a clipboard manager took over from another program. Needs both limits, and a read of
-    /// each copy, starting with the one that exists when the history is switched on.
+    /// For a history. Omits image and text of a copy that offers one of these types, of any copy
+    /// whose content was once offered with one, of Perchly's own copies, and of a copy that a
+    /// clipboard manager took over from another program. Needs both limits, and a read of each
+    /// copy, starting with the one that exists when the history is switched on.
     QStringList unwanted = {};
-    qsizetype maxImageBytes = 0; ///< in bytes as they are offered
+    qsizetype maxImageBytes = 0; ///< in bytes as offered
     qsizetype maxTextBytes = 0;  ///< in bytes of UTF-8
 };
 
 /// The fetched content: an image, a text or neither, never both.
 struct PasteboardContent {
-    /// The types from `pasteboardtype` that the copy offers. A copy without any has no content.
+    /// The types in `pasteboardtype` that the copy offers. Without any, there is no content.
     QStringList types = {};
-    /// The PNG, or the TIFF if no PNG is offered, unchanged. Empty if there is none, it is longer
-    /// than the limit, or it stays out of the history.
-    QByteArray image = {};
-    /// Fetched only if there is no image to return. Empty if there is none, it is longer than the
+    /// The PNG, or the TIFF if no PNG is offered, unchanged. Empty if there is none, it exceeds the
     /// limit, or it stays out of the history.
+    QByteArray image = {};
+    /// Fetched only if there is no image to return. Empty if there is none, it exceeds the limit,
+    /// or it stays out of the history.
     QString text = {};
 };
 
-/// The clipboard, on which programs copy. Nothing blocks, whatever the program that owns a copy
-/// does. Data longer than a limit is not kept in memory. Nothing is fetched without a request.
-/// Main thread only.
+/// The clipboard. Nothing blocks, even if the owner of a copy hangs. Data that exceeds a limit is
+/// not kept in memory. Nothing is fetched without a request. Main thread only.
 class Pasteboard : public QObject {
     Q_OBJECT
 public:
-    /// Called once on the main thread, never before `read` has returned.
+    /// Called once on the main thread, never before read() has returned.
     using Completion = std::function<void(const PasteboardContent &content)>;
 
     using QObject::QObject;
 
-    /// Grows with every copy in any program and with every write. A copy from before this object
-    /// existed is not counted. Cheap.
+    /// Grows with every copy in any program and with every write. Ignores a copy that is older than
+    /// this object. Cheap.
     [[nodiscard]] virtual qint64 changeCount() const = 0;
 
-    /// Fetches the present copy: first its types, then an image, then a text, as requested. The
-    /// content is empty if its owner does not answer for seconds or if another copy is made
-    /// meanwhile. Readings are done one after the other. Destroying the task drops its completion.
-    /// The pasteboard outlives the task.
+    /// Fetches the current copy: first its types, then an image, then a text, as requested. The
+    /// content is empty if its owner does not answer for seconds or another copy is made meanwhile.
+    /// Readings run one after the other. Destroying the task drops its completion. The pasteboard
+    /// must outlive the task.
     [[nodiscard]] virtual Task read(const PasteboardRequest &request, Completion completion) = 0;
 
-    /// Replaces the clipboard's content by a text.
+    /// Replaces the clipboard's content with a text.
     virtual void write(const QString &text) = 0;
 
-    /// Replaces the clipboard's content by an image, usually PNG or TIFF. Bytes that do not decode
-    /// as an image leave it empty. changeCount() counts the write, once, when the call returns;
-    /// the clipboard changes a moment later.
+    /// Replaces the clipboard's content with an image, usually PNG or TIFF; bytes that cannot be
+    /// decoded leave it empty. changeCount() counts the write once, when the call returns; the
+    /// clipboard changes a moment later.
     virtual void writeImage(const QByteArray &encoded) = 0;
 
-    /// Replaces the clipboard's content by files and links, at least one, for file managers to copy
-    /// and other programs to insert, and by their paths and links as text.
+    /// Replaces the clipboard's content with files and links, at least one, which file managers can
+    /// copy and other programs insert; also offers their paths and links as text.
     virtual void writeItems(const QList<QUrl> &urls) = 0;
 
 Q_SIGNALS:
-    /// changeCount() grew because of a copy that was not made by a write.
+    /// changeCount() grew because of a copy that was not one of our writes.
     void changed();
 };
 

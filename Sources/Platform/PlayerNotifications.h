@@ -5,7 +5,7 @@
 
 namespace perchly {
 
-/// Whether any media player runs. Unknown without a session bus, or before it has answered.
+/// Whether any media player runs. Unknown without a session bus, or until the bus has answered.
 enum class PlayerPresence { Unknown, None, Some };
 
 /// Change signals of the user's music application and Spotify. Main thread only.
@@ -17,7 +17,7 @@ public:
     /// Starts listening. Call it once.
     virtual void start() = 0;
 
-    /// Costs nothing to ask.
+    /// Cheap.
     [[nodiscard]] virtual PlayerPresence presence() const = 0;
 
 Q_SIGNALS:
@@ -25,8 +25,8 @@ Q_SIGNALS:
 
     /// A player's state has changed. The name is "com.apple.Music.playerInfo" or
     /// "com.spotify.client.PlaybackStateChanged"; the information holds strings for the keys
-    /// "Name", "Artist" and "Player State" ("Playing", "Paused" or "Stopped"); unknown ones are
-    /// left out.
+    /// "Name", "Artist" and "Player State" ("Playing", "Paused" or "Stopped"), omitting unknown
+    /// ones.
     void received(const QString &name, const QVariantMap &information);
 };
 

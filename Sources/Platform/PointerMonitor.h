@@ -6,8 +6,8 @@
 
 namespace perchly {
 
-/// Sees the pointer move anywhere on the screen, also while other programs hold it. Costs nothing
-/// while the pointer rests. Main thread only.
+/// Reports pointer movements anywhere on the screen, even while other programs grab the pointer.
+/// Costs nothing while the pointer rests. Main thread only.
 class PointerMonitor : public QObject {
     Q_OBJECT
 public:
@@ -16,7 +16,7 @@ public:
     /// Starts announcing movements.
     virtual void start() = 0;
 
-    /// Where the pointer is now. Asks the window system.
+    /// The pointer's current position. Asks the window system.
     [[nodiscard]] virtual ScreenPoint position() const = 0;
 
     enum class Watch {
@@ -30,8 +30,8 @@ public:
     virtual void watch(Watch watch) = 0;
 
 Q_SIGNALS:
-    /// The pointer is there now, with or without a button held. Several movements may be announced
-    /// as one.
+    /// The pointer moved here, with or without a button held. Several movements may be reported as
+    /// one.
     void moved(ScreenPoint position);
 };
 

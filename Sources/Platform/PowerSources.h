@@ -9,13 +9,13 @@
 
 namespace perchly {
 
-/// One thing that can power the machine, as it reports itself.
+/// A battery or another power source, as it describes itself.
 struct PowerSource {
     enum class Kind { InternalBattery, Other };
 
     Kind kind = Kind::Other;
-    /// How full it is and how much it holds, both in a unit of its own. Absent when it does not say
-    /// or says something that cannot be; never negative.
+    /// Current and full capacity, in a unit that differs between sources. Absent if the source
+    /// gives none or an impossible one; never negative.
     std::optional<std::int32_t> currentCapacity = std::nullopt;
     std::optional<std::int32_t> maxCapacity = std::nullopt;
     bool isCharging = false;
@@ -24,11 +24,11 @@ struct PowerSource {
     bool operator==(const PowerSource &) const = default;
 };
 
-/// What powers the machine. Nothing blocks. Main thread only.
+/// The machine's power sources. Nothing blocks. Main thread only.
 class PowerSources : public QObject {
     Q_OBJECT
 public:
-    /// The sources in the system's order; nullopt if they are unknown.
+    /// The sources in the system's order; nullopt if unknown.
     using Reading = std::optional<QList<PowerSource>>;
     /// Called once on the main thread, never before read() has returned, unless the object is
     /// destroyed first.

@@ -5,14 +5,14 @@
 
 namespace perchly {
 
-/// One window that previews a file, or shows a link's address, without opening it. Nothing
-/// that it shows is ever run. Nothing blocks. Main thread only.
+/// One window that previews a file, or shows a link's address, without opening it. Never runs any
+/// content. Nothing blocks. Main thread only.
 class QuickLook {
 public:
     virtual ~QuickLook() = default;
 
-    /// Shows the item of that index in front, or closes the window if it shows that item already.
-    /// From there the user may go on to the others. An invalid index does nothing.
+    /// Shows the item at that index in front, or closes the window if it already shows that item.
+    /// There the user can switch to the other items. An invalid index does nothing.
     virtual void look(const QList<QUrl> &items, qsizetype index) = 0;
 };
 

@@ -11,23 +11,23 @@
 
 namespace perchly {
 
-/// Runs the companion that speaks to media players, one process for each script. Nothing blocks:
-/// each run is watched by another thread. Main thread only.
+/// Runs the companion that talks to media players, one process per script. Nothing blocks. Main
+/// thread only.
 class ScriptHost {
 public:
-    /// Called once on the main thread, never before `run` has returned: the whole standard output
-    /// of a run that ended with status 0; nothing for one that did not, that could not be started,
-    /// that was ended at its limit, or that wrote more than any script has to say.
+    /// Called once on the main thread, never before run() has returned: with the standard output if
+    /// the status was 0; with nullopt if the run failed, could not start, exceeded its time limit,
+    /// or wrote too much.
     using Completion = std::function<void(const std::optional<QByteArray> &output)>;
 
     virtual ~ScriptHost() = default;
 
-    /// False while the companion is not installed.
+    /// False if the companion is not installed.
     [[nodiscard]] virtual bool isRunnable() const = 0;
 
-    /// Runs the companion with these arguments; at the limit, if there is one, the process is
-    /// ended. Destroying the task ends the process, and its completion is not called any more. The
-    /// host outlives the task.
+    /// Runs the companion with these arguments and kills it at the time limit, if there is one.
+    /// Destroying the task ends the process without calling its completion. The host must outlive
+    /// the task.
     [[nodiscard]] virtual Task run(const QStringList &arguments,
                                    std::optional<std::chrono::milliseconds> limit,
                                    Completion completion) = 0;

@@ -16,14 +16,14 @@ struct StatusMenuEntry {
     QKeySequence shortcut;
 };
 
-/// The program's item among the desktop's status icons, with its menu. Where the desktop has no
-/// place for such items nothing is shown, until one appears. Main thread only.
+/// The program's status icon and its menu. Hidden until the desktop has a place for such icons.
+/// Main thread only.
 class StatusItem {
 public:
     virtual ~StatusItem() = default;
 
-    /// Call it once. The icon is to show on light and dark panels alike; a desktop that has a
-    /// symbolic icon for the program shows that one instead.
+    /// Call it once. The icon must be visible on light and dark panels; a desktop with a symbolic
+    /// icon for the program shows that one instead.
     virtual void show(const QIcon &icon, const QString &accessibleName,
                       const QList<StatusMenuEntry> &menu) = 0;
 };

@@ -14,7 +14,7 @@ using Shapes = std::vector<BufferShape>;
 namespace {
 
 thread_local bool isRealTime = false;
-int realTimeAllocations = 0; ///< made while it is set
+int realTimeAllocations = 0; ///< while isRealTime is set
 
 enum class Layouts : uint8_t { Stereo, Planar, Any };
 
@@ -47,7 +47,7 @@ bool sameBytes(const Buffers &one, const Buffers &other) {
 
 } // namespace
 
-#ifndef __SANITIZE_ADDRESS__ // which has a malloc of its own
+#ifndef __SANITIZE_ADDRESS__ // the address sanitizer has its own malloc
 extern "C" void *__libc_malloc(size_t size);
 extern "C" [[gnu::visibility("default")]] void *malloc(size_t size) noexcept {
     realTimeAllocations += isRealTime;
@@ -84,14 +84,14 @@ private Q_SLOTS:
         constexpr std::array<float, 9> gains{
             0, 0.5F, 1, -0.5F, 3, 1e-40F, 1e-38F, 0.7F, std::numeric_limits<float>::quiet_NaN()};
         for (int round = 0; round < 6000; ++round) {
-            const bool gainSettles = round >= 3000; // then samples may have any bits
+            const bool gainSettles = round >= 3000; // from then on samples may have any bits
             const uint32_t maxFrames = random() % 16 ? 700 : 40000;
             if (random() % (gainSettles ? 150 : 4) == 0) {
                 const float gain = gains[random() % gains.size()];
                 perchly_ring_gain(ring.get(), gain);
                 plain.gain(gain);
             }
-            // At first, more than the ring holds.
+            // The first round pushes more than the ring holds.
             const uint32_t pushed = round == 0 ? 40000 : random() % maxFrames;
             Buffers input(
                 randomShapes(random, round && random() % 4 == 0 ? Layouts::Any : layouts, pushed));

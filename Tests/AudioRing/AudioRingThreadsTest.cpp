@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// The left sample of a frame, exact in a float and never silent. The right one is its negative.
+/// The left sample of a frame, exact in a float and never silent. The right sample is its negative.
 float leftOf(uint32_t number) {
     return float(number % 8388607 + 1);
 }
@@ -31,7 +31,7 @@ private Q_SLOTS:
             Random random{std::mt19937(1)};
             uint32_t next = 1;
             while (!ended) {
-                // Never more than fits, so that none is dropped.
+                // Never more than fits, so that no frame is dropped.
                 const uint32_t room = 32768 - (next - 1 - read.load(std::memory_order_relaxed));
                 const uint32_t count = std::min<uint32_t>(random() % 2000, room);
                 Buffers input({{2, count * 8}});

@@ -18,14 +18,14 @@ struct Random {
     uint32_t operator()() { return uint32_t(engine()); }
 };
 
-/// One buffer of a list: how many channels, how many bytes it owns up to, and whether it has data.
+/// One buffer of a list: its channels, the size that it declares, and whether it has data.
 struct BufferShape {
     uint32_t channels = 2;
     uint32_t bytes = 0;
     bool hasData = true;
 };
 
-/// A buffer list with memory of its own, and some of it behind the size that it owns up to.
+/// A buffer list and its memory, which extends beyond the declared sizes.
 class Buffers {
 public:
     explicit Buffers(const std::vector<BufferShape> &shapes);
@@ -33,7 +33,7 @@ public:
     AudioBufferList *list();
     float *samples(size_t buffer) { return m_samples[buffer].data(); }
     const std::vector<std::vector<float>> &all() const { return m_samples; }
-    /// Any 32 bits at all, or numbers around −1…1.
+    /// Arbitrary 32-bit patterns, or numbers around −1…1.
     void fill(Random &random, bool anyBits);
 
 private:
@@ -41,7 +41,7 @@ private:
     std::vector<AudioBuffer> m_list; // a count in front, then the buffers
 };
 
-/// The ring as one loop over samples says it.
+/// A reference implementation of the ring: one loop over samples.
 class PlainRing {
 public:
     void gain(float gain);

@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 namespace {
 
 struct MeetingsFixture {
-    /// Adds an event; its start and end count from now.
+    /// Adds an event; its start and end are relative to now.
     CalendarEvent &store(const char *title, Clock::TimePoint::duration start,
                          Clock::TimePoint::duration end) {
         fake.calendars.stored.append({.identifier = QString::number(fake.calendars.stored.size()),
@@ -98,7 +98,7 @@ private Q_SLOTS:
     void connectingAsksOnceAndShowsItsError() {
         MeetingsFixture f;
         f.meetings.connectCalendar();
-        f.meetings.connectCalendar(); // while it asks
+        f.meetings.connectCalendar(); // ignored while the user is being asked
         QCOMPARE(f.fake.calendars.questions.count(), 1U);
         QVERIFY(f.fake.calendars.questions.answer(CalendarStore::Answer())); // dismissed
         QCOMPARE(f.meetings.message(),
@@ -128,7 +128,7 @@ private Q_SLOTS:
         f.store("a", 1h, 2h);
         f.load();
         const QSignalSpy titles(&f.meetings, &Meetings::firstTitleChanged);
-        f.meetings.refresh(); // under way when it happens
+        f.meetings.refresh(); // running when access is withdrawn
         f.fake.calendars.granted = CalendarAccess::Denied;
         Q_EMIT f.fake.calendars.changed();
         QVERIFY(!f.fake.calendars.answerEvents());

@@ -1,8 +1,8 @@
 #!/bin/bash
-# Runs a command with a sound system of its own: PipeWire with two silent outputs, "first" (the
-# default) and "second", its session manager and its PulseAudio server, on a bus and in folders of
-# their own. The command may end and start them again:
-#   "$PERCHLY_TEST_SOUND" stop|start|wait
+# Runs a command with its own sound system: PipeWire with two silent outputs, "first" (the default)
+# and "second", a session manager and a PulseAudio server, on a separate bus and in separate
+# folders. The command may stop and start them:
+# "$PERCHLY_TEST_SOUND" stop|start|wait
 set -euo pipefail
 
 if [ -z "${PERCHLY_TEST_SOUND:-}" ]; then
@@ -29,7 +29,7 @@ launch() {
     disown
 }
 
-# Tries for ten seconds.
+# Retries for ten seconds.
 eventually() {
     for _ in $(seq 200); do
         "$@" && return 0

@@ -1,6 +1,6 @@
 #!/bin/sh
-# Runs a command with a session bus and a home of its own, which vanish with it. The bus starts no
-# services, so that the user's own desktop is not touched.
+# Runs a command with its own session bus and home folder, and removes them afterwards. The bus
+# starts no services, so that the user's desktop is not touched.
 set -eu
 
 folder=$(mktemp -d "${TMPDIR:-/tmp}/perchly-test.XXXXXX")

@@ -1,8 +1,8 @@
 #!/bin/bash
-# Runs a command on an X server of its own, with or without a window manager, which end with it:
-#   with-x-server.sh none|openbox|xfwm4 COMMAND [ARGUMENT …]
-# Folders and bus of its own are the matter of with-session-bus.sh. PERCHLY_TEST_SERVER_PID names the
-# server, so that the command can stop it.
+# Runs a command on its own X server, with or without a window manager, and ends them afterwards:
+# with-x-server.sh none|openbox|xfwm4 COMMAND [ARGUMENT …]
+# For separate folders and a bus, see with-session-bus.sh. PERCHLY_TEST_SERVER_PID is the server's
+# PID, so that the command can stop it.
 set -euo pipefail
 
 manager=$1
@@ -16,7 +16,7 @@ fail() {
     exit 1
 }
 
-# Tries for ten seconds.
+# Retries for ten seconds.
 eventually() {
     for _ in $(seq 200); do
         "$@" >/dev/null 2>&1 && return 0

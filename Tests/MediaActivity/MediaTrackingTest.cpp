@@ -12,7 +12,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// What the companion prints for a reading of one item.
+/// The companion's output for a reading of one track.
 QByteArray item(const QByteArray &title = "Song", const QByteArray &source = "Chromium",
                 const QByteArray &playing = "true", const QByteArray &elapsed = "100",
                 const QByteArray &duration = "200") {
@@ -21,7 +21,7 @@ QByteArray item(const QByteArray &title = "Song", const QByteArray &source = "Ch
            duration + "}\n";
 }
 
-/// A model that follows players, over a companion and a clock that the test drives.
+/// A model that follows players, with a fake companion and clock.
 struct MediaFixture {
     FakeHosts fake;
     ShelfModel model{fake.clock, fake.preferences, fake.alertSound};
@@ -57,14 +57,14 @@ const QMap<QString, QByteArray> outputs{
     {QStringLiteral("yes"), "true\n"},
     {QStringLiteral("no"), "false\n"}};
 
-/// The session has a playing item, and the user presses a button.
+/// A track of the session plays, and the user presses a button.
 struct PressFixture : MediaFixture {
     explicit PressFixture(const QString &word) {
         applyMedia(model, decodeMediaReading(item()).activity);
         model.control(word);
     }
 
-    /// Ends the next script, if need be after the pause before a verification.
+    /// Ends the next script, after the pause before a verification if needed.
     void answer(const QString &output) {
         if (fake.scriptHost.runs.count() == 0) {
             fake.clock.advance(300ms);
@@ -112,7 +112,7 @@ private Q_SLOTS:
         fixture.fake.clock.advance(2s);
         QVERIFY(!model.musicActive());
         const qsizetype atRest = fixture.fake.clock.scheduledTasks();
-        fixture.model.music(); // shown for a moment
+        fixture.model.music(); // shown for two seconds
         QCOMPARE(fixture.fake.musicPlayer.opened, 1);
         QCOMPARE(model.mediaSource(), QStringLiteral("Apple Music"));
         QCOMPARE(model.activity(), QStringLiteral("Music is open"));
@@ -122,7 +122,7 @@ private Q_SLOTS:
         QCOMPARE(fixture.fake.clock.scheduledTasks(), atRest);
         fixture.fake.playerNotifications.setPresence(PlayerPresence::Some);
         fixture.fake.playerNotifications.setPresence(PlayerPresence::None);
-        fixture.fake.scriptHost.answer(item()); // of a player that has left since
+        fixture.fake.scriptHost.answer(item()); // from a player that has left since
         QVERIFY(model.musicActive());
         fixture.fake.clock.advance(2s);
         QVERIFY(!model.musicActive());
@@ -131,7 +131,7 @@ private Q_SLOTS:
 
     void ignoresReadingsDuringACommand() {
         PollFixture fixture;
-        fixture.fake.clock.advance(2s); // a reading is under way
+        fixture.fake.clock.advance(2s); // starts a reading
         fixture.model.control(QStringLiteral("playpause"));
         fixture.fake.scriptHost.answer(item("Late"));
         QCOMPARE(fixture.model.musicTitle(), QStringLiteral("Song"));
@@ -161,7 +161,7 @@ private Q_SLOTS:
                  QStringLiteral("Spotify|com.spotify.client|A|A"));
         QCOMPARE(announce(music, 7), QStringLiteral("Apple Music|com.apple.Music|Music|Music"));
         QVERIFY(model.musicActive() && model.playing());
-        fixture.model.focus(); // whose line stays
+        fixture.model.focus(); // whose status line stays
         QCOMPARE(announce(music, QStringLiteral("B")),
                  QStringLiteral("Apple Music|com.apple.Music|B|Focus session"));
     }
@@ -170,7 +170,7 @@ private Q_SLOTS:
         PressFixture press(QStringLiteral("playpause"));
         press.model.control(QStringLiteral("next track")); // ignored
         QCOMPARE(press.fake.scriptHost.scripts, QStringList(readScript()));
-        press.answer(QStringLiteral("paused")); // elsewhere meanwhile
+        press.answer(QStringLiteral("paused")); // paused in the player meanwhile
         QCOMPARE(press.fake.scriptHost.scripts.last(), *sendScript(MediaPlaybackCommand::Play, {}));
         press.answer(QStringLiteral("yes"));
         press.fake.clock.advance(299ms);

@@ -5,8 +5,7 @@
 
 namespace perchly {
 
-/// A player that follows the test's script, on the bus while this object lives; see
-/// scripted_player.py.
+/// A scripted player, on the bus while this object lives; see scripted_player.py.
 class PlayerProcess {
 public:
     explicit PlayerProcess(const char *name, const QByteArray &script = "{}") {
@@ -21,10 +20,10 @@ public:
     ~PlayerProcess() {
         m_process.kill();
         m_process.waitForFinished();
-        QTest::qSleep(20); // the bus takes a moment to notice
+        QTest::qSleep(20); // until the bus has noticed
     }
 
-    /// The commands that reached it since the last call, joined by spaces.
+    /// The commands that the player received since the last call, joined by spaces.
     [[nodiscard]] QString commands() {
         QTest::qSleep(50);
         m_process.waitForReadyRead(50);

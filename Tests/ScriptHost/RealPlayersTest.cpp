@@ -34,14 +34,14 @@ private:
     QProcess m_process;
 };
 
-/// Follows players as the program does, with the real clock, companion and bus.
+/// Tracks players with the real clock, companion and bus.
 struct RealMedia {
     RealMedia() {
         notifications.start();
         tracking.startMediaMonitoring();
     }
 
-    /// Presses a button and waits until the command has ended, without an error.
+    /// Presses a button and waits until the command has ended; returns whether it succeeded.
     bool press(const char *word) {
         model.control(QString::fromUtf8(word));
         return QTest::qWaitFor([&] { return !model.controlling(); }, 15'000) &&

@@ -46,7 +46,7 @@ private Q_SLOTS:
 
     void readsPlayers_data() {
         QTest::addColumn<QByteArray>("player");
-        QTest::addColumn<QByteArray>("part"); ///< of the reading
+        QTest::addColumn<QByteArray>("part"); ///< the expected part of the reading
         const auto row = [](const QByteArray &player, const char *part) {
             QTest::newRow(player) << player << QByteArray(part);
         };
@@ -86,7 +86,7 @@ private Q_SLOTS:
 
     void choosesTheOwner_data() {
         QTest::addColumn<PlayerMemory>("before");
-        QTest::addColumn<QByteArray>("looks"); ///< each a name and a state; see below
+        QTest::addColumn<QByteArray>("looks"); ///< a name and a state each; see below
         QTest::addColumn<QByteArray>("after");
         QTest::addColumn<QByteArray>("owner");
         const auto row = [](const char *name, const PlayerMemory &before, const char *looks,
@@ -173,7 +173,7 @@ private Q_SLOTS:
         installApplication(QStringLiteral("org.example.Tunes"),
                            "Exec=true\nMimeType=audio/mpeg;\nCategories=Audio;Player;");
         PlayerProcess tunes("tunes");
-        QCOMPARE(tell("com.spotify.client", "playpause"), QByteArray("failed")); // does not run
+        QCOMPARE(tell("com.spotify.client", "playpause"), QByteArray("failed")); // not running
         PlayerProcess spotify("spotify");
         QCOMPARE(tell("com.spotify.client", "playpause"), QByteArray("paused"));
         QCOMPARE(tell("com.spotify.client", "forward"), QByteArray("paused"));

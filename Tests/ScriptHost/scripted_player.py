@@ -1,11 +1,11 @@
 #!/usr/bin/python3
-"""A media player whose state and behaviour the test decides.
+"""A media player with the state and behaviour that a test sets.
 
 Usage: scripted_player.py NAME JSON. The JSON object may hold "properties" (of the player interface,
 merged over a playing track), "metadata" (merged over its metadata), "identity", and "behaviour":
 "obeys", "refuses" (an error to every command), or "silent" (answers nothing at all). Values are
-given as [SIGNATURE, VALUE]; null leaves a key out. It writes "ready" once it is on the bus and then
-every command that reaches it.
+given as [SIGNATURE, VALUE]; null leaves a key out. It prints "ready" once it is on the bus, and then
+every command that it receives.
 """
 
 import json
@@ -40,7 +40,7 @@ class ScriptedPlayer:
         self.properties = PROPERTIES | script.get("properties", {})
         self.metadata = TRACK | script.get("metadata", {})
         self.bus = Gio.bus_get_sync(Gio.BusType.SESSION)
-        # A filter, not registered objects: GIO would check the values against the interface.
+        # A filter, as GIO would check the values of registered objects.
         self.bus.add_filter(self.on_message)
         Gio.bus_own_name_on_connection(
             self.bus, f"org.mpris.MediaPlayer2.{name}", Gio.BusNameOwnerFlags.NONE,
@@ -82,7 +82,7 @@ class ScriptedPlayer:
             self.properties["Position"] = ["x", arguments[1]]
         else:
             self.metadata["xesam:title"] = ["s", member]
-        for _ in range(5):  # many players send several partial signals for one change
+        for _ in range(5):  # many players send several partial signals per change
             self.bus.emit_signal(
                 None, PATH, "org.freedesktop.DBus.Properties", "PropertiesChanged",
                 GLib.Variant("(sa{sv}as)", (PLAYER, {}, ["Metadata"])),

@@ -1,6 +1,6 @@
 // Another program to drag from and to: a window at (700, 550). A press drags its arguments, which
-// are URLs, to copy or to move. Prints "accepted" when a drag may be dropped, the action ("copy",
-// "move" or "nothing") when one of its own ends, and one line of JSON for each drop on its window.
+// are URLs, to copy or move. Prints "accepted" when a drag may be dropped, the action ("copy",
+// "move" or "nothing") when its own drag ends, and a line of JSON for each drop on its window.
 
 #include <QApplication>
 #include <QDrag>

@@ -1,4 +1,4 @@
-"""Capturing a part of the screen, and previews of files."""
+"""Captures of a part of the screen, and previews of files."""
 
 import json
 import subprocess
@@ -51,7 +51,7 @@ class PreviewTest(SessionCase):
         wait_until(lambda: not self.windows(), why)
 
     def shows(self, title, colour=None):
-        """Waits for the window of that title, with that colour in its middle if one is given."""
+        """Waits for the window with that title and, if given, that colour in its middle."""
 
         def there():
             window = next(iter(self.windows()), None)
@@ -59,7 +59,7 @@ class PreviewTest(SessionCase):
                 return False
             x, y, width, height = window.rect
             if y + height > self.screen.height:
-                return False  # the window manager lets it fly in
+                return False  # still being moved in by the window manager
             middle = x + width // 2, y + height // 2 - 40
             return not colour or self.screen.shows(colour, *middle, 30)
 
@@ -76,7 +76,7 @@ class PreviewTest(SessionCase):
         program = f"{self.session.executable}-preview"
         self.preview = self.session.spawn(program, stdin=subprocess.PIPE)
         self.ask()
-        self.shows("a.mp4", GREEN)  # past its first picture, though nothing plays its sound
+        self.shows("a.mp4", GREEN)  # plays although there is no audio output
         for title in ("b.mp4", "c.txt"):
             self.screen.key("Right")
             self.shows(title)

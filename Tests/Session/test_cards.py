@@ -55,7 +55,7 @@ class CardsTest(SessionCase):
         player = ScriptedPlayer(self.session, behaviour="refuses")
         self.tree.find("Pause", "push button").press()
         player.expect("Pause")
-        self.screen.type_text(" a" * 40)  # while the alert comes up
+        self.screen.type_text(" a" * 40)  # while the alert appears
         self.expect_stored(quickNote=" a" * 40)
         self.assertEqual(self.tree.find("Media controls unavailable").description, REFUSED)
         self.click("OK")

@@ -15,7 +15,7 @@ class DockingTest(SessionCase):
         self.screen.key(*SEARCH)
         self.window(WORKSPACE)
         self.screen.move_to(*self.on_pill())
-        self.screen.key("Escape")  # the drag goes on while the window closes
+        self.screen.key("Escape")  # closing the window does not end the drag
         self.screen.drag(self.on_pill(), (4, 500))
         self.screen.move_to(*AWAY)
         self.expect_frame((0, 441, 34, 120), "the strip at the left edge")

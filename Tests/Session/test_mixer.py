@@ -1,4 +1,4 @@
-"""The mixer window on a sound system of its own."""
+"""The mixer window with a separate sound system."""
 
 from perchly_session.case import SessionCase
 from perchly_session.sound import Sound

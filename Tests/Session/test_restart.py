@@ -1,4 +1,4 @@
-"""A second start, and the desktop, reach the program that runs."""
+"""A second start, and the desktop, reach the running program."""
 
 import os
 import signal
@@ -13,13 +13,13 @@ NO_ANSWER = "perchly: another instance is running, but it does not answer: .*"
 
 class RestartTest(SessionCase):
     def start_again(self):
-        """A second start, which must end by itself."""
+        """Starts the program again, which must end by itself."""
         second = self.session.run(wait=False)
         self.assertEqual(second.process.wait(20), 0, second.errors())
         return second
 
     def test_a_second_start_shows_the_first_ones_shelf(self):
-        self.expected_errors = (NO_BUS, NO_ANSWER)  # eight starts make one another slow
+        self.expected_errors = (NO_BUS, NO_ANSWER)  # eight simultaneous starts are slow
         for bus in (True, False):
             with self.subTest(bus=bus):
                 self.start_session(bus=bus)
@@ -55,7 +55,7 @@ class RestartTest(SessionCase):
         for action in ("Workspace", "Volume Mixer", "Settings"):
             activate(action.rpartition(" ")[2].lower())
             self.window(f"Perchly {action}")
-        activate("quit")  # only the user may
+        activate("quit")  # ignored: only the user may quit
         call(*program, f"{interface}.Open", "(asa{sv})", ["file:///etc"], {})
         self.keeps_frame(PILL, "the pill", 0.3)
         call(*program, f"{interface}.Activate", "(a{sv})", {})

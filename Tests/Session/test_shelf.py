@@ -35,7 +35,7 @@ class ShelfTest(SessionCase):
         self.start_beside_other_window()
         self.screen.move_to(300, 0)
         self.keeps_frame(PILL, "the pill with the pointer beside it", 0.3)
-        self.screen.move_to(640, 0, step=400)  # the topmost pixels
+        self.screen.move_to(640, 0, step=400)  # the top row of pixels
         self.expect_open()
         self.screen.key("a")
         self.other.expect_typed("a")
@@ -60,7 +60,7 @@ class ShelfTest(SessionCase):
             self.screen.key(*TOGGLE)
             self.expect_open_with_keyboard()
         self.other.close()
-        time.sleep(0.3)  # the window manager looks for another window meanwhile
+        time.sleep(0.3)  # the window manager may look for another active window
         self.expect_open_with_keyboard()
         self.screen.key("Escape")
         self.expect_pill()
@@ -115,7 +115,7 @@ class ShelfTest(SessionCase):
         self.keeps_frame(PILL, "the pill", 0.5)
         self.other.typed()
         self.screen.hold(*TOGGLE)
-        time.sleep(1.2)  # the X server repeats a held key by now
+        time.sleep(1.2)  # long enough for key repeat
         self.screen.let_go(*TOGGLE)
         self.expect_open()
         self.assertNotIn(self.screen.code("space"), self.other.typed())
@@ -139,7 +139,7 @@ class ShelfTest(SessionCase):
         self.session.call("setxkbmap", "us", "-variant", "dvorak")
         hands = Screen(self.screen.name)
 
-        def opens():  # once the program has read the layout
+        def opens():  # after the program has read the layout
             hands.key(*SEARCH)
             return self.program.window(WORKSPACE)
 

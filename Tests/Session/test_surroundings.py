@@ -72,7 +72,7 @@ class SurroundingsTest(SessionCase):
                     icons = self.session.data_folder("icons/hicolor/symbolic/apps")
                     shutil.copy(SYMBOLIC_ICON, icons)
                 self.run_program()
-                for _ in range(2):  # panels may come late, and again
+                for _ in range(2):  # a panel may start late or restart
                     item = self.session.start_status_watcher()
                     self.assertEqual(len(item.menu()), 6)
                     icon = item.property("IconName")
@@ -101,7 +101,7 @@ class SurroundingsTest(SessionCase):
         wait_until(corner, "the other window in the pill's corner")
         between_texts = lambda: self.screen.shows(HALF_MIDNIGHT, 645, 17, 6)
         wait_until(between_texts, "half of both colours")
-        for point in ((471, 10), (640, 36)):  # on its shadow
+        for point in ((471, 10), (640, 36)):  # on the shelf's shadow
             self.leave()
             self.screen.click(*point)
             clicked = lambda: other.events(X.ButtonPress)
@@ -114,7 +114,7 @@ class SurroundingsTest(SessionCase):
         x, _, width, _ = self.program.frame()
 
         def cards():
-            """How many stretches of the cards' colour a row crosses where upper corners end."""
+            """Counts the runs of the cards' colour in the row just below the upper corners."""
             pixels = self.screen.screenshot((x, round(50 * 0.93), width, 1)).getdata()
             is_card = [max(map(abs, (r - 17, g - 18, b - 19))) < 2 for r, g, b in pixels]
             return sum(a and not b for a, b in zip(is_card, is_card[1:]))
@@ -144,7 +144,7 @@ class SurroundingsTest(SessionCase):
                 self.screen.maximize(own.id)
                 self.expect_above(own)
                 later = self.other_window((600, 0, 120, 300), managed=False).show()
-                time.sleep(0.3)  # so that only the opening raises the shelf
+                time.sleep(0.3)  # so that only the opening can raise the shelf
                 self.screen.move_to(*self.on_pill())
                 self.expect_above(later)
 
@@ -154,7 +154,7 @@ class SurroundingsTest(SessionCase):
         for rect, kind in (((0, 0, 1280, 800), "NORMAL"), ((600, 0, 120, 300), "POPUP_MENU")):
             with self.subTest(kind):
                 upper = self.other_window(rect, kind=kind, managed=False).show()
-                other.take_focus()  # and comes to lie over the pill
+                other.take_focus()  # now above the pill
                 self.screen.move_to(*self.on_pill())
                 time.sleep(0.3)
                 self.assertFalse(self.screen.is_above(self.program.panel().id, upper.id))

@@ -42,10 +42,10 @@ class WindowTest(SessionCase):
                 self.expect_pill()
                 self.assertEqual(first.rect[2:], (*size,))
                 resource = self.screen.resource(first.id)
-                self.assertIn("perchly", resource.get_wm_class())  # as the desktop entry says
+                self.assertIn("perchly", resource.get_wm_class())  # as in the desktop entry
                 self.assertGreater(len(self.screen.property(resource, "_NET_WM_ICON")), 16 * 16)
                 for put_away in (self.screen.close_window, self.screen.minimize):
-                    # The window may be there before it has sent everything about showing it.
+                    # The window may be visible before all of its requests are sent.
                     wait_until(self.program.rests, "the program at rest", interval=0)
                     put_away(first.id)
                     self.expect_closed(title)
@@ -76,7 +76,7 @@ class WindowTest(SessionCase):
         wait_until(ocean, "the shelf in the colour of the theme")
 
     def test_files_are_dropped_on_the_window_and_dragged_out(self):
-        self.start(size=(2400, 1000))  # beside the drag partner
+        self.start(size=(2400, 1000))  # room for the drag partner
         self.open_workspace("Files")
         partner = DragPartner(self.session, *URLS)
         x, y = self.tree.find("Drop here").centre

@@ -51,7 +51,7 @@ private Q_SLOTS:
             }
             QString after;
             for (int count = random.bounded(9); count > 0; --count) {
-                after += QChar(u'a' + random.bounded(6)); // some of them twice
+                after += QChar(u'a' + random.bounded(6)); // may repeat keys
             }
             const bool overwrites = random.bounded(4) == 0;
             overwrites ? rows.overwrite(after) : rows.set(after, round);

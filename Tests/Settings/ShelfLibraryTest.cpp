@@ -10,7 +10,7 @@ namespace perchly {
 
 namespace {
 
-/// Shortcuts by their names; "-a" is a hidden one and "a*" a favorite.
+/// Shortcuts by name; "-a" is hidden and "a*" a favorite.
 QList<ShelfItem> items(const QString &text) {
     QList<ShelfItem> result;
     for (QString name : text.split(u' ', Qt::SkipEmptyParts)) {
@@ -38,7 +38,7 @@ struct LibraryFixture {
         library.emplace(fake.preferences, fake.catalog, fake.openPanel);
     }
 
-    /// The entries, if they are what is stored.
+    /// The entries, if they match the stored ones.
     [[nodiscard]] QString entries() const {
         const QByteArray stored = fake.preferences.data(keys::shelfLibrary).value_or(QByteArray());
         const bool isStored = decodeRecords<ShelfItem>(stored) == library->items();
@@ -83,7 +83,7 @@ private Q_SLOTS:
         QCOMPARE(fixture.entries(), QStringLiteral("-a b* c* -d"));
         library.move(id("a"), 1);
         library.move(id("d"), -2);
-        library.move(id("d"), -2); // past the start
+        library.move(id("d"), -2); // before the start
         QCOMPARE(fixture.entries(), QStringLiteral("b* -d c* -a"));
         library.setItems(items(QStringLiteral("a b a")));
         library.remove(id("a"));
@@ -106,7 +106,7 @@ private Q_SLOTS:
         QVERIFY(!shown.field(0, "added").toBool());
         Q_EMIT fixture.fake.catalog.changed();
         fixture.library.reset();
-        fixture.fake.catalog.finish({}); // after the library is gone
+        fixture.fake.catalog.finish({}); // after the library is destroyed
     }
 
     void addsChosenApplications() {

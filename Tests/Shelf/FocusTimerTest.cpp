@@ -18,11 +18,11 @@ namespace {
 
 constexpr int maxMinutes = std::numeric_limits<int>::max() / 60;
 
-/// A model whose time moves by hand. Values stored before `start` are those of the last run.
+/// A model with a manual clock. Values stored before `start` are those of the last run.
 struct FocusFixture {
     FocusFixture() = default;
 
-    /// Begins at that time of a day, with four sessions of 100 minutes already done in it.
+    /// Starts at that time of day, with four sessions of 100 minutes already done.
     explicit FocusFixture(const QTime &time)
         : clock(Clock::TimePoint(std::chrono::milliseconds(
               QDateTime({2026, 9, 21}, time, Qt::UTC).toMSecsSinceEpoch()))) {
@@ -37,7 +37,7 @@ struct FocusFixture {
         return std::chrono::duration<double>(clock.startOfDay().time_since_epoch()).count();
     }
 
-    /// Sessions and minutes of today in the model, and as they are stored.
+    /// Today's sessions and minutes, in the model and as stored.
     QString totals() const {
         return QStringLiteral("%1 in %2, stored %3 in %4")
             .arg(model->todaySessions())
@@ -70,7 +70,7 @@ private Q_SLOTS:
         QCOMPARE(model.seconds(), 24 * 60);
         fixture.clock.advance(24min);
         QCOMPARE(model.activity(), QStringLiteral("Focus complete"));
-        model.togglePause(); // there is nothing to resume
+        model.togglePause(); // nothing to resume
         QVERIFY(!model.running() && !model.quietFocus());
         QCOMPARE(model.todaySessions(), 1);
         QCOMPARE(fixture.sound.played, 1);
@@ -88,7 +88,7 @@ private Q_SLOTS:
         QCOMPARE(fixture.sound.played, 1);
         model.focus();
         fixture.clock.advance(1min);
-        model.focus(); // starts again
+        model.focus(); // restarts
         QCOMPARE(model.seconds(), 25 * 60);
         model.togglePause();
         model.endFocus();
@@ -119,12 +119,12 @@ private Q_SLOTS:
         model.focus();
         fixture.clock.sleepFor(90'300ms);
         fixture.clock.advance(1s);
-        QCOMPARE(model.seconds(), 1409); // of 1408.7
+        QCOMPARE(model.seconds(), 1409); // rounded up from 1408.7
         model.togglePause();
         QCOMPARE(model.seconds(), 1409);
         model.togglePause();
         fixture.clock.sleepFor(26min);
-        model.togglePause(); // after the deadline, before a tick
+        model.togglePause(); // after the deadline, but before a tick
         QVERIFY(!model.running() && model.seconds() == 0);
     }
 
@@ -138,7 +138,7 @@ private Q_SLOTS:
         QCOMPARE(seconds.size(), before + 10);
         model.togglePause();
         const auto paused = seconds.size();
-        QCOMPARE(fixture.clock.scheduledTasks(), 1); // the end of the day
+        QCOMPARE(fixture.clock.scheduledTasks(), 1); // only the end of the day
         fixture.clock.advance(1h);
         QCOMPARE(seconds.size(), paused);
     }
@@ -152,7 +152,7 @@ private Q_SLOTS:
         QCOMPARE(fixture.preferences.number(keys::focusDay), fixture.today());
         fixture.clock.advance(15min);
         QCOMPARE(fixture.totals(), QStringLiteral("1 in 25, stored 1 in 25"));
-        // In single writes: killed in between, the totals would count for the wrong day or differ.
+        // Each in one write, so that a kill in between leaves consistent totals of the right day.
         QCOMPARE(fixture.preferences.written,
                  (QStringList{QStringLiteral("focusDay+focusSessions+focusTotalMinutes"),
                               QStringLiteral("focusSessions+focusTotalMinutes")}));

@@ -27,7 +27,7 @@ bool near(const ScreenRect &a, const ScreenRect &b) {
            1e-6;
 }
 
-/// Panels take up to a quarter of each side.
+/// Panels reserve up to a quarter of each side.
 class RandomDisplays {
 public:
     double between(double low, double high) {

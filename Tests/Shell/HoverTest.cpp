@@ -60,7 +60,7 @@ private Q_SLOTS:
     void closesWhenThePointerJumpsAway() {
         ShellFixture shell;
         shell.pointerOntoPill();
-        shell.fake.pointer.at = {100, 100}; // without a movement
+        shell.fake.pointer.at = {100, 100}; // jumps without a movement
         QEvent leave(QEvent::Leave);
         QCoreApplication::sendEvent(shell.fake.panel.panel, &leave);
         QCoreApplication::processEvents();

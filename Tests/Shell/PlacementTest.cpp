@@ -58,7 +58,7 @@ private Q_SLOTS:
         shell.delegate->toggleKeyboardOpen();
         drag(shell, {500, 890}, {1450, 300});
         QVERIFY(!shell.expanded() && !shell.fake.panel.keyboard);
-        // Held where it was pressed, 110 points from the left and 10 from the top.
+        // Held at the pressed point, 110 points from the left and 10 from the top.
         const ScreenRect dragged{1340, 276, 290, 34};
         QCOMPARE(shell.fake.panel.frame, dragged);
 

@@ -6,10 +6,10 @@
 
 namespace perchly {
 
-/// A launched delegate on the default fake display (1440 × 900, 40 points reserved at the bottom),
-/// its collapsed shelf at the top centre: (575, 866, 290, 34).
+/// A launched delegate on the default fake display (1440 × 900, 40 points reserved at the bottom).
+/// Its collapsed shelf is at the top centre: (575, 866, 290, 34).
 struct ShellFixture {
-    /// `prepare` runs before the delegate is made, to store preferences or change displays.
+    /// `prepare` runs before the delegate is created, to store preferences or change displays.
     explicit ShellFixture(const std::function<void(FakeHosts &)> &prepare = {}) {
         if (prepare) {
             prepare(fake);
@@ -31,7 +31,7 @@ inline constexpr ScreenRect expandedFrame{390, 381, 660, 519};
 
 } // namespace perchly
 
-/// Shows both rectangles when a comparison fails.
+/// Prints both rectangles when a comparison fails.
 inline char *toString(const perchly::ScreenRect &rectangle) {
     return qstrdup(qPrintable(QStringLiteral("(%1, %2, %3 × %4)")
                                   .arg(rectangle.x)

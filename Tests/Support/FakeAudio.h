@@ -7,7 +7,7 @@
 
 namespace perchly {
 
-/// A route that runs until the test says otherwise.
+/// A route that runs until the test stops it.
 struct FakeAudioRoute : QObject, AudioRoute {
     bool isRunning() const override { return running; }
 
@@ -40,7 +40,7 @@ public:
         return route;
     }
 
-    /// The route of the process; null when there is none.
+    /// The route of the process; null if there is none.
     [[nodiscard]] FakeAudioRoute *routeOf(AudioObject process) const {
         return m_routes.value(process);
     }
@@ -49,7 +49,7 @@ public:
     AudioObject output = 40;
     std::optional<QList<AudioProcess>> list{QList<AudioProcess>()};
     QHash<AudioObject, RunningApplication> applications; ///< by their processes
-    QString failure;                                     ///< of every further route
+    QString failure;                                     ///< makes every further route fail
 
 private:
     QHash<AudioObject, QPointer<FakeAudioRoute>> m_routes;

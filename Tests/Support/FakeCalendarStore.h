@@ -5,7 +5,7 @@
 
 namespace perchly {
 
-/// Calendars whose user and searches answer when the test says so.
+/// Calendars whose questions and searches the test answers.
 class FakeCalendarStore : public CalendarStore {
 public:
     using CalendarStore::CalendarStore;
@@ -20,7 +20,7 @@ public:
     bool isReadable() const override { return readable; }
     void expectChange() override { ++expectedChanges; }
 
-    /// Ends the search under way with the stored events; false without one.
+    /// Ends the oldest search with the stored events; false if there is none.
     bool answerEvents() { return searches.answer(stored); }
 
     CalendarAccess granted = CalendarAccess::NotAsked;

@@ -8,7 +8,7 @@
 
 namespace perchly {
 
-/// Time that moves only when a test moves it, in UTC.
+/// Time, in UTC, that only the test moves.
 class FakeClock : public Clock {
     using Span = std::chrono::milliseconds;
 
@@ -31,13 +31,13 @@ public:
             {m_elapsed + std::max(delay, Span(0)), Span(0), true, std::move(action)});
     }
 
-    /// Lets time pass and runs what becomes due, in order.
+    /// Lets time pass and runs due actions in order.
     void advance(Span span) {
         const Span end = m_elapsed + span;
         while (m_entries.count() > 0) {
             const auto next = std::ranges::min_element(
                 m_entries.all(), {}, [](const auto &entry) { return entry->due; });
-            const auto entry = *next; // outlives a task that the action destroys
+            const auto entry = *next; // the action may destroy its task
             if (entry->due > end) {
                 break;
             }
@@ -50,7 +50,7 @@ public:
         m_elapsed = end;
     }
 
-    /// The machine sleeps: the wall clock goes on, timers do not, and then it wakes up.
+    /// The machine sleeps and wakes up: the wall clock advances, timers do not.
     void sleepFor(Span span) { setWallClock(m_now + span); }
 
     /// The user sets the wall clock.
@@ -78,7 +78,7 @@ private:
         if (entry->period > Span(0)) {
             entry->due += entry->period;
         } else if (!m_entries.remove(entry)) {
-            return; // cancelled meanwhile
+            return; // cancelled by an earlier action
         }
         entry->action();
     }

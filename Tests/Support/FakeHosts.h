@@ -11,8 +11,8 @@
 
 namespace perchly {
 
-/// A platform of fakes, and of null hosts where no test needs more. The program is given `hosts`;
-/// the test holds the fakes themselves, which live as long as `hosts` does.
+/// Fake hosts, and null hosts where no test needs more. Give `hosts` to the program; the fakes live
+/// as long as `hosts`.
 class FakeHosts {
     template <class Fake>
     static Fake &install(auto &field) {

@@ -5,14 +5,14 @@
 
 namespace perchly {
 
-/// A pasteboard whose readings end when the test says so.
+/// A pasteboard whose readings the test answers.
 class FakePasteboard : public Pasteboard {
 public:
-    /// What a program offers.
+    /// The formats that a program offers.
     struct Offer {
         QByteArray png = {};
         QString text = {};
-        QList<QUrl> urls = {}; ///< which this program wrote
+        QList<QUrl> urls = {}; ///< written by this program
     };
 
     qint64 changeCount() const override { return m_count; }
@@ -32,7 +32,7 @@ public:
         Q_EMIT changed();
     }
 
-    /// Answers the first pending reading with the present content; false without one.
+    /// Answers the oldest pending reading with the current content; false if there is none.
     bool answer() {
         return m_readings.answer(PasteboardContent{.image = offered.png, .text = offered.text});
     }

@@ -34,7 +34,7 @@ class FakeKeys : public KeyMonitor {
 public:
     void start(Handler newHandler) override { handler = std::move(newHandler); }
 
-    /// True when the press was consumed.
+    /// True if the press was consumed.
     bool press(Qt::Key key, Modifiers modifiers = {}, const QString &characters = {},
                bool isRepeat = false) {
         return handler && handler({key, modifiers, characters, isRepeat});
@@ -90,8 +90,8 @@ public:
         asked.append({url, std::move(completion)});
     }
 
-    QStringList opened;                       ///< paths and addresses, in order
-    QList<std::pair<QUrl, Completion>> asked; ///< the same, to be answered
+    QStringList opened;                       ///< paths and URLs, in order
+    QList<std::pair<QUrl, Completion>> asked; ///< the same, still to be answered
 };
 
 class FakeMotion : public Motion {
@@ -128,7 +128,7 @@ public:
     int played = 0;
 };
 
-/// Applications that are found and described when the test says so.
+/// Applications whose searches and descriptions the test answers.
 class FakeApplicationCatalog : public ApplicationCatalog {
 public:
     void find(Completion completion) override { searches.append(std::move(completion)); }
@@ -138,12 +138,12 @@ public:
     }
     QString startFolder() const override { return {}; }
 
-    /// Ends a search under way, by default the oldest.
+    /// Ends a running search, by default the oldest.
     void finish(const QList<FoundApplication> &applications, qsizetype search = 0) {
         searches.takeAt(search)(applications);
     }
 
-    QList<Completion> searches; ///< under way
+    QList<Completion> searches; ///< running
     QStringList described;
 };
 
@@ -165,7 +165,7 @@ public:
     Reading reading = QList<PowerSource>();
 };
 
-/// Remembers which items it was asked for, from the one to show first.
+/// Records the requested items, starting with the one to show first.
 class FakeQuickLook : public QuickLook {
 public:
     void look(const QList<QUrl> &items, qsizetype index) override { shown = items.mid(index); }
@@ -173,7 +173,7 @@ public:
     QList<QUrl> shown;
 };
 
-/// A capture that ends when the test says so.
+/// A capture that the test ends.
 class FakeScreenCapture : public ScreenCapture {
 public:
     Task captureRegion(const QString &, Completion completion) override {
@@ -183,7 +183,7 @@ public:
     PendingCalls<Completion> captures;
 };
 
-/// A tool whose calls end when the test says so.
+/// A tool whose calls the test ends.
 class FakeShortcutsTool : public ShortcutsTool {
 public:
     Task execute(const QStringList &arguments, Completion completion) override {

@@ -5,7 +5,7 @@
 
 namespace perchly {
 
-/// A companion whose runs end when the test says so.
+/// A companion whose runs the test ends.
 class FakeScriptHost : public ScriptHost {
 public:
     bool isRunnable() const override { return true; }
@@ -15,7 +15,7 @@ public:
         return runs.add(std::move(completion));
     }
 
-    /// The first run under way ends well, or fails; false without one.
+    /// Lets the oldest run succeed or fail; false if there is none.
     bool answer(const QByteArray &output) { return runs.answer(output); }
     bool fail() { return runs.answer(std::nullopt); }
 

@@ -7,7 +7,7 @@
 
 namespace perchly {
 
-/// Lets writing files fail while the result lives, as on a full disk. For tests only.
+/// Makes writes to files fail while the result lives, as on a full disk. For tests only.
 [[nodiscard]] inline auto fillDisk() {
     std::signal(SIGXFSZ, SIG_IGN);
     rlimit before = {};

@@ -7,8 +7,8 @@
 
 namespace perchly {
 
-/// The unanswered calls of a fake, oldest first. A call whose task is destroyed is
-/// forgotten. The tasks must not outlive this object.
+/// The unanswered calls of a fake, oldest first. Destroying a call's task removes the call. The
+/// tasks must not outlive this object.
 template <class Call>
 class PendingCalls {
 public:
@@ -17,14 +17,13 @@ public:
         return std::make_unique<Handle>(*this, m_calls.back());
     }
 
-    /// Answers the oldest of calls that are completions, which may destroy its task; false without
-    /// one.
+    /// Calls the oldest completion, which may destroy its task; false if there is none.
     bool answer(const auto &value) {
         const auto oldest = m_calls.empty() ? nullptr : m_calls.front();
         return remove(oldest) && ((*oldest)(value), true);
     }
 
-    /// False if it is not pending any more.
+    /// False if the call is no longer pending.
     bool remove(const std::shared_ptr<Call> &call) { return std::erase(m_calls, call) > 0; }
 
     [[nodiscard]] const std::vector<std::shared_ptr<Call>> &all() const { return m_calls; }

@@ -6,7 +6,7 @@
 
 namespace perchly {
 
-/// Records the calls to the shell.
+/// Records calls to the shell.
 class RecordingShell : public ShellActions {
 public:
     void showShelf() override { calls.append(QStringLiteral("showShelf")); }

@@ -9,13 +9,13 @@ namespace perchly {
 
 using TestFactory = std::unique_ptr<QObject> (*)();
 
-/// The test classes of one executable. `main` runs them one after the other.
+/// The test classes of an executable, which `main` runs in turn.
 inline std::vector<TestFactory> &testFactories() {
     static std::vector<TestFactory> factories;
     return factories;
 }
 
-/// `const RegisteredTest<MyTest> registered;` in MyTest's own file adds it to the executable.
+/// `const RegisteredTest<MyTest> registered;` in MyTest's file adds it to the executable.
 template <class Test>
 struct RegisteredTest {
     RegisteredTest() {

@@ -16,7 +16,7 @@ QByteArray encoded(const QSize &size, const char *format) {
     return buffer.data();
 }
 
-/// A PNG whose header claims 60,000 × 60,000 pixels; its data end after a few.
+/// A PNG whose header claims 60,000 × 60,000 pixels, but with only a few bytes of data.
 QByteArray hugePng() {
     return QByteArray::fromBase64(
         "iVBORw0KGgoAAAANSUhEUgAA6mAAAOpgCAIAAAAPsOIVAAAADElEQVR4nGNgIB0AAAA0AAF2Xq7DAAAAAElFTkSu"

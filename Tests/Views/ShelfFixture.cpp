@@ -22,7 +22,7 @@ void visit(QAccessibleInterface *thing, const std::function<void(QAccessibleInte
     }
 }
 
-/// The last accessible thing in the item's window that is wanted.
+/// The last accessible object in the item's window that matches.
 QAccessibleInterface *last(QQuickItem *item,
                            const std::function<bool(QAccessibleInterface &)> &wanted) {
     QAccessibleInterface *found = nullptr;

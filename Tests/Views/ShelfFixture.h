@@ -14,7 +14,7 @@
 
 namespace perchly {
 
-/// The stores that a view is given, over fake hosts, and what a test needs to drive them.
+/// The stores for a view, with fake hosts, and the controls that tests need.
 class ShelfFixture : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -45,22 +45,21 @@ public:
     Q_INVOKABLE void prefer(const QString &key, const QVariant &value);
     /// The stored value of a key.
     Q_INVOKABLE QVariant stored(const QString &key) const;
-    /// Something by Debussy plays in Firefox, as a web page (`isBrowser`) or as a player.
+    /// Firefox plays something by Debussy, as a web page (`isBrowser`) or as a player.
     Q_INVOKABLE void setMedia(const QString &title, bool isBrowser, bool canSeek);
     /// The commands sent to players since the last call.
     Q_INVOKABLE QStringList takeCommands() { return std::exchange(m_commands, {}); }
-    /// Replaces the shelf's entries by applications of those names, after the widgets of those
-    /// titles. The desktop entry of one is "/apps/" and its name.
+    /// Replaces the shelf's entries with the widgets of those titles, then applications with those
+    /// names. An application's desktop entry is "/apps/" and its name.
     Q_INVOKABLE void fill(const QStringList &widgets, const QStringList &applications);
-    /// Ends the search for applications that a view began, with those in "/apps/"; false without
-    /// one.
+    /// Ends the view's search for applications with those in "/apps/"; false if none is running.
     Q_INVOKABLE bool install(const QStringList &names);
-    /// From now on the applications of those names play sound. Their initials must differ.
+    /// From now on the applications with those names play sound. Their initials must differ.
     Q_INVOKABLE void play(const QStringList &names);
     Q_INVOKABLE bool choosingWidget() const { return m_model.choosingWidget(); }
     Q_INVOKABLE void advance(int seconds);
 
-    /// The paths and links opened since the last call; for an application, its entry's file.
+    /// The paths and links opened since the last call; an application as its entry's file.
     Q_INVOKABLE QStringList takeOpened();
     /// The text on the clipboard.
     Q_INVOKABLE QString copied() const { return m_fakes.pasteboard.offered.text; }
@@ -69,14 +68,14 @@ public:
 
     /// "Button: Search" for every accessible object in the item's window, in order.
     Q_INVOKABLE static QStringList accessibleWithin(QQuickItem *item);
-    /// Whether an accessible thing in the item's window has that description.
+    /// Whether an accessible object in the item's window has that description.
     Q_INVOKABLE static bool describedAs(QQuickItem *item, const QString &description);
-    /// Presses the last accessible thing of that name, as an assistive program does; false without
-    /// one.
+    /// Presses the last accessible object with that name, like an assistive program; false if there
+    /// is none.
     Q_INVOKABLE static bool pressAccessible(QQuickItem *within, const QString &name);
-    /// Sets the value of the last accessible thing of that name; false without one.
+    /// Sets the value of the last accessible object with that name; false if there is none.
     Q_INVOKABLE static bool setAccessible(QQuickItem *within, const QString &name, double value);
-    /// Sends the repeat of a held key.
+    /// Sends a key repeat.
     Q_INVOKABLE static void repeatKey(QQuickItem *item, int key);
     /// The texts of all tooltips on the screen.
     Q_INVOKABLE static QStringList toolTips();

@@ -8,7 +8,7 @@ ViewTestCase {
     readonly property ShelfView view: root.made as ShelfView
     property Component viewComponent: Component { ShelfView {} }
 
-    /// Makes the view collapsed at that edge.
+    /// Creates the collapsed view at that edge.
     function open(edge: string) {
         root.fixture.dock(edge);
         root.make(root.viewComponent, {
@@ -25,14 +25,14 @@ ViewTestCase {
         wait(0);
     }
 
-    /// Gives the panel the room that the shell gives it for a frame of that size.
+    /// Sizes the panel as the shell does for a frame of that size.
     function fit(width: real, height: real) {
         const side = root.view.edge !== "top";
         root.view.width = width + (side ? 1 : 2) * root.view.shadowMargin;
         root.view.height = height + (side ? 2 : 1) * root.view.shadowMargin;
     }
 
-    /// Opens the shelf as the shell does, and waits for its motion to end.
+    /// Opens the shelf, as the shell does, and waits until it has stopped moving.
     function expand() {
         const side = root.view.edge !== "top";
         const scale = root.fixture.preferences.scale;

@@ -10,7 +10,7 @@ namespace perchly {
 
 namespace {
 
-/// Animation time that moves only when a test moves it.
+/// Animation time that only the test moves.
 class ManualDriver : public QAnimationDriver {
 public:
     void run(int milliseconds) {
@@ -50,7 +50,7 @@ private Q_SLOTS:
         QCOMPARE(spring.value(), 100.0);
         QVERIFY(!spring.isRunning());
 
-        // Another target on the way does not stop it abruptly.
+        // A new target does not stop the motion abruptly.
         spring.setTarget(0);
         startTime();
         m_driver.run(100);

@@ -10,7 +10,7 @@ namespace perchly {
 class SymbolsTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    /// A name that the font does not know would be drawn as several letters or as another font's.
+    /// A name that the font does not know would appear as letters or in another font.
     void everySymbolIsOneGlyph() {
         for (const QString &name : SymbolTable::names()) {
             QTextLayout layout(SymbolTable::glyphText(name), QFont(SymbolTable::family()));

@@ -2,7 +2,7 @@ import QtQuick
 import QtTest
 import Perchly.Tests
 
-/// A test of a view over fake stores, without motion. Any warning fails it.
+/// A test of a view with fake stores and without animations. Any warning fails it.
 TestCase {
     id: root
 

@@ -6,7 +6,7 @@
 #include <QQuickWindow>
 #include <QtQuickTest>
 
-/// Prepares the engine that each of the QML files beside this one is run in.
+/// Prepares the QML engine for each of the QML test files in this folder.
 class Setup : public QObject {
     Q_OBJECT
 public Q_SLOTS:

@@ -5,7 +5,7 @@ ShelfTestCase {
     id: root
 
     readonly property var names: ["a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k", "l", "m", "n"]
-    /// In the view: the middle of the strip's first entry.
+    /// In the view: the centre of the strip's first entry.
     readonly property real firstX: 26 + 20 + 32 + 33
     readonly property real entryY: 34 + 12 + 145 + 20 + 16 + 20 + 44
     readonly property AppStrip strip: root.view?.content?.strip ?? null
@@ -28,7 +28,7 @@ ShelfTestCase {
         root.openWith(14);
         root.press("Previous icons");
         compare(root.strip.offset, 0);
-        // A swipe is many small turns and pages once.
+        // A swipe is many small wheel events, but turns only one page.
         for (let turn = 0; turn < 30; ++turn) {
             mouseWheel(root.view, root.firstX, root.entryY, -15, 0);
         }
@@ -56,7 +56,7 @@ ShelfTestCase {
     function test_keyboardPagesAndReachesHiddenEntries() {
         root.openWith(14);
         root.view.forceActiveFocus();
-        root.tab(5); // both menus, the session, the settings, the first entry
+        root.tab(5); // past both menus, the session and the settings to the first entry
         keyClick(Qt.Key_Return);
         compare(root.fixture.takeCalls(), ["launch /apps/a"]);
         root.fixture.repeatKey(root.view, Qt.Key_Return);

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Perchly.Look
 
-/// The list with its own keys, between two buttons.
+/// A list, with its keys, between two buttons.
 ViewTestCase {
     id: root
 
@@ -57,7 +57,7 @@ ViewTestCase {
         }
     }
 
-    /// Makes a list of that many rows of two buttons.
+    /// Creates a list with that many rows of two buttons.
     function open(count: int) {
         root.make(root.listComponent, {});
         root.made.forceActiveFocus();
@@ -78,7 +78,7 @@ ViewTestCase {
         root.open(40);
         root.reach([Qt.Key_Tab], "row0a");
         root.reach([Qt.Key_Right, Qt.Key_Right], "row0b");
-        root.reach([Qt.Key_Down, Qt.Key_Down], "row2a"); // there b is disabled
+        root.reach([Qt.Key_Down, Qt.Key_Down], "row2a"); // where b is disabled
         root.reach([Qt.Key_Tab], "after");
         root.reach([Qt.Key_Backtab], "row2a");
         root.reach([Qt.Key_Backtab], "before");
@@ -102,7 +102,7 @@ ViewTestCase {
         root.reach([], "row1a");
         root.rows.model.remove(1);
         root.reach([], "row2a");
-        root.rows.model.insert(0, { name: "all", buttons: 3 }); // which can be selected as a whole
+        root.rows.model.insert(0, { name: "all", buttons: 3 }); // selectable as a whole
         root.reach([Qt.Key_Up, Qt.Key_Up, Qt.Key_Left], "all");
         root.rows.model.clear();
         root.reach([], "after");

@@ -3,7 +3,7 @@ import QtQuick
 ShelfTestCase {
     id: root
 
-    /// The accessible things on the activity card.
+    /// The accessible objects on the activity card.
     function activity(): list<string> {
         const all = root.everything();
         return all.slice(all.indexOf("Grouping: Activity") + 1, all.lastIndexOf("Button: Change pinned widget") - 1);
@@ -16,7 +16,7 @@ ShelfTestCase {
     function test_chooserPinsAnotherWidget() {
         root.open("top");
         root.expand();
-        root.press("Change pinned widget"); // the last of that name: the right card's
+        root.press("Change pinned widget"); // the last with that name: the right card's
         const all = root.everything();
         const menu = all.indexOf("PopupMenu: Change pinned widget");
         compare(all.slice(menu + 1, menu + 6), ["Button: Clock", "Button: Focus timer", "Button: Music", "Button: Quick note", "Button: Calendar"]);
@@ -77,7 +77,7 @@ ShelfTestCase {
         keyClick(Qt.Key_End, Qt.ControlModifier);
         keyClick("a");
         compare(root.fixture.stored("quickNote"), "milka");
-        // The editor has one kind of blank and line end; showing a note must not change it.
+        // The editor normalises blanks and line ends; showing a note must not change it.
         root.fixture.prefer("quickNote", "te\u00a0a\r\n");
         compare(root.fixture.stored("quickNote"), "te\u00a0a\r\n");
         const longest = "x".repeat(20000);

@@ -26,7 +26,7 @@ ShelfTestCase {
         compare(root.view.layout.outline.y, 26);
         root.view.compactRect = Qt.rect(26 + 660, 26 + 519 - 120, 34, 120);
         compare(root.view.layout.outline.y, 26 + 519 - 429);
-        root.fit(600, 400); // a small display
+        root.fit(600, 400); // as on a small display
         verify(root.view.layout.outline.width <= 602 && root.view.layout.outline.height <= 402);
     }
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Settings
 
-/// The settings window's content in its smallest size, used by keyboard alone.
+/// The content of the smallest settings window, used by keyboard alone.
 ViewTestCase {
     id: root
 
@@ -23,7 +23,7 @@ ViewTestCase {
         return Array.from(root.fixture.library.shown, item => item.id);
     }
 
-    /// How many accessible things there are of that kind and name.
+    /// Counts accessible objects with that role and name.
     function count(thing: string): int {
         return root.everything().filter(found => found === thing).length;
     }
@@ -31,7 +31,7 @@ ViewTestCase {
     function test_entriesHaveTheirButtonsInOrder() {
         root.fixture.fill(["Clock"], ["b"]);
         root.open("My shelf");
-        tryVerify(() => root.count("ListItem: b") === 1); // when the list has its height
+        tryVerify(() => root.count("ListItem: b") === 1); // once the list has its height
         compare(root.everything(), [
             "Heading: Make it your shelf",
             "StaticText: Choose your widgets and apps. Changes save automatically.",
@@ -53,12 +53,12 @@ ViewTestCase {
         compare(root.count("Button: Show"), 1);
         keyClick(Qt.Key_Space); // the same button shows it again
         root.go([Qt.Key_Right, Qt.Key_Right]); // past the star; the first arrow is disabled
-        for (const place of [1, 2, 2]) { // at the end it stays there
+        for (const place of [1, 2, 2]) { // the third time it is already at the end
             keyClick(Qt.Key_Space);
             compare(root.shown().indexOf("widget:Clock"), place);
         }
         root.go([Qt.Key_Home, Qt.Key_Right, Qt.Key_Right, Qt.Key_Right, Qt.Key_Right, Qt.Key_Right]);
-        for (const [subject, left] of [["a", 2], ["b", 1], ["Clock", 1]]) { // which has no such button
+        for (const [subject, left] of [["a", 2], ["b", 1], ["Clock", 1]]) { // Clock has no button
             tryVerify(() => root.Window.activeFocusItem?.["subject"] === subject);
             keyClick(Qt.Key_Return);
             compare(root.shown().length, left);
@@ -76,7 +76,7 @@ ViewTestCase {
         keyClick(Qt.Key_Escape);
         tryVerify(() => root.count("Button: Add") === 3);
         keyClick(Qt.Key_Down);
-        for (const shown of [["/apps/a"], ["/apps/a", "/apps/b"]]) { // the keyboard goes on to the next
+        for (const shown of [["/apps/a"], ["/apps/a", "/apps/b"]]) { // moves to the next row
             keyClick(Qt.Key_Space);
             compare(root.shown(), shown);
             compare(root.count("Button: Added"), shown.length);

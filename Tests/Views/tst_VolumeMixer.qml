@@ -1,19 +1,19 @@
 import QtQuick
 import Perchly.VolumeMixer
 
-/// The mixer window's content in its smallest size.
+/// The content of the smallest mixer window.
 ViewTestCase {
     id: root
 
     property Component viewComponent: Component { VolumeMixerView {} }
 
-    /// Opens the window beside applications that play.
+    /// Opens the window while those applications play.
     function open(names: var) {
         root.fixture.play(names);
         root.make(root.viewComponent, { mixer: root.fixture.mixer, height: 430, width: 580 });
     }
 
-    /// The visible control of that name.
+    /// The visible control with that name.
     function control(name: string): var {
         const find = item => item.visible && item["label"] === name ? item : Array.from(item.children).map(find).find(Boolean);
         return find(root.made);
@@ -44,7 +44,7 @@ ViewTestCase {
 
     function test_dragContinuesWhileTheListChanges() {
         root.open(["Music", "Radio"]);
-        root.press("Enable"); // the last one
+        root.press("Enable"); // Radio's, the last one
         const slider = root.control("Radio volume");
         mousePress(slider, slider.width * 0.75, 10);
         root.fixture.play(["Radio"]);

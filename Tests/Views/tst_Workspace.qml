@@ -37,7 +37,7 @@ ViewTestCase {
         root.settle();
     }
 
-    /// Rows are made before the next frame.
+    /// Waits for a frame, before which rows are created.
     function settle() {
         wait(40);
     }
@@ -52,7 +52,7 @@ ViewTestCase {
         }
     }
 
-    /// That these are there in this order, perhaps with others between them.
+    /// Verifies that these exist in this order, perhaps with others in between.
     function expectInOrder(names: var) {
         const all = root.everything();
         let at = -1;
@@ -156,7 +156,7 @@ ViewTestCase {
         compare(root.fixture.takeOpened(), ["file:///apps/Mail"]);
         keyClick(Qt.Key_Down);
         keyClick(Qt.Key_Down);
-        // New results leave the keyboard where it is; typing goes on in the field.
+        // New results leave the keyboard in its row; typing continues in the field.
         root.fixture.productivity.held.hold(["https://mail.example/"]);
         root.fixture.library.refresh();
         verify(root.fixture.install(["Mac", "Mail", "Ma-il"]));
@@ -172,7 +172,7 @@ ViewTestCase {
             keyClick(Qt.Key_Tab);
         }
         keyClick(Qt.Key_A, Qt.ControlModifier);
-        root.enter("tea"); // no longer found, but it stays while it is edited
+        root.enter("tea"); // no longer a match, but kept while being edited
         compare(root.fixture.stored("quickNote"), "tea");
         root.expectInOrder(["EditableText: Quick note"]);
         keyClick(Qt.Key_Tab);
@@ -188,7 +188,7 @@ ViewTestCase {
             keyClick(key);
             compare(root.fixture.stored("focusMinutes"), minutes);
         }
-        root.press("Less"); // the last one
+        root.press("Less"); // the last one: the break's
         compare(root.fixture.stored("breakMinutes"), 4);
         root.push("Start focus");
         verify(root.fixture.model.quietFocus);

@@ -21,7 +21,7 @@ AudioProcess playing(AudioObject object, std::int32_t pid) {
     return {.object = object, .pid = pid, .isRunningOutput = true, .bundleId = {}};
 }
 
-/// How loud a route plays once its gain has settled.
+/// The level of a routed process once its gain has settled.
 float heard(const FakeAudioSystem &audio, AudioObject process) {
     std::array<float, 30'000> samples{};
     samples.fill(1);
@@ -58,13 +58,13 @@ private Q_SLOTS:
         };
         for (const Row &row : {
                  Row{{1, 101, true, id}, QStringLiteral("Music")},
-                 Row{{7, 101, true, id}, id}, // no application known
+                 Row{{7, 101, true, id}, id}, // unknown application
                  Row{{7, 4312, true, {}}, QStringLiteral("Audio process 4312")},
                  Row{{11, 101, true, id}, QStringLiteral("Good exe.gnp")},
-                 Row{{12, 101, true, id}, id}, // an invisible name
+                 Row{{12, 101, true, id}, id}, // name without visible characters
                  Row{{1, 101, false, id}, {}}, Row{{1, 101, {}, id}, {}},
                  Row{{1, {}, true, id}, {}}, Row{{1, own, true, id}, {}},
-                 Row{{1, own, true, id, true}, QStringLiteral("Music")}, // in a sandbox
+                 Row{{1, own, true, id, true}, QStringLiteral("Music")}, // the sandbox's own PID
              }) {
             m_audio->list = QList{row.process};
             m_mixer->refresh();
@@ -104,7 +104,7 @@ private Q_SLOTS:
         m_clock->advance(2s);
         QCOMPARE(names(), QStringList(QStringLiteral("Radio")));
         m_mixer->enable(2);
-        m_audio->routeOf(2)->running = false; // not announced
+        m_audio->routeOf(2)->running = false; // without a signal
         m_clock->advance(2s);
         QCOMPARE(m_mixer->error(), routeStopped);
         m_audio->list.reset(); // unreadable
@@ -135,7 +135,7 @@ private Q_SLOTS:
         m_mixer->enable(1);
         QCOMPARE(heard(*m_audio, 1), 1.0F);
         m_mixer->set(1, 0.29F);
-        m_mixer->enable(1); // again
+        m_mixer->enable(1); // no effect on a routed process
         QCOMPARE(heard(*m_audio, 1), 0.29F);
         m_mixer->refresh();
         QCOMPARE(m_mixer->appList()->index(0).data(AudioAppList::PercentRole).toInt(), 29);

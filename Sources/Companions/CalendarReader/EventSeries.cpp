@@ -109,8 +109,7 @@ private:
     const TimeWindow m_window;
     std::vector<const Event *> m_masters;
     std::vector<const Event *> m_exceptions;
-    std::int64_t m_reach =
-        secondsPerDay; ///< max shift of an occurrence from its start by the rule
+    std::int64_t m_reach = secondsPerDay; ///< max shift of an occurrence from its start by the rule
     std::vector<Occurrence> m_found;
 };
 

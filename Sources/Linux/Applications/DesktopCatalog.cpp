@@ -22,8 +22,7 @@ constexpr auto changeDelay = 300ms;
 QCollator fileBrowserOrder() {
     QLocale locale = QLocale().collation();
     if (locale.language() == QLocale::C) {
-        locale =
-            QLocale(QLocale::English, QLocale::UnitedStates); // C sorts by bytes
+        locale = QLocale(QLocale::English, QLocale::UnitedStates); // C sorts by bytes
     }
     QCollator collator(locale);
     collator.setCaseSensitivity(Qt::CaseInsensitive);

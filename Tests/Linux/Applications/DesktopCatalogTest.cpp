@@ -35,7 +35,7 @@ private Q_SLOTS:
         QVERIFY(changed.wait());
         QVERIFY(!changed.wait(700));
         QCOMPARE(found().size(), before + 100);
-        QVERIFY(!changed.wait(700)); // reading is no change
+        QVERIFY(!changed.wait(700)); // reading alone announces no change
         QVERIFY(m_folder.remove(QStringLiteral("new2.desktop")));
         QVERIFY(changed.wait());
         QCOMPARE(found().size(), before + 99);

@@ -22,7 +22,7 @@ public Q_SLOTS:
 
 } // namespace
 
-/// Launches real programs, which write what they were started with.
+/// Launches real programs, which record how they were started.
 class GioOpeningTest : public QObject {
     Q_OBJECT
 

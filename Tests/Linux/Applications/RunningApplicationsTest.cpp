@@ -40,7 +40,7 @@ private Q_SLOTS:
                                .arg(path)});
             QVERIFY(process.waitForStarted());
             const auto pid = std::int32_t(process.processId());
-            // Before the shell's exec, the variables are not there yet.
+            // The variables appear only after the shell's exec.
             QTRY_VERIFY(readFile(QStringLiteral("/proc/%1/comm").arg(pid)).startsWith("sleep"));
             const auto found = findRunningApplication(pid, {});
             QCOMPARE(found ? found->path : QString(), path == installed ? path : QString());

@@ -36,7 +36,7 @@ constexpr Clock::TimePoint to = from + std::chrono::days(14);
 
 } // namespace
 
-/// The real companion over real files, in a home of its own.
+/// The real companion reading real files in a separate home folder.
 class CompanionCalendarStoreTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
@@ -73,7 +73,7 @@ private Q_SLOTS:
         QFile::remove(path("work"));
         qputenv("TZ", zone.isEmpty() ? "Europe/Berlin" : zone);
         writeFile(path("own"), calendar(components));
-        // The same events in another calendar are the same events.
+        // Identical events in another calendar count once.
         writeFile(path("copy"), calendar(components).replace("\n", "\r\n").prepend("\xEF\xBB\xBF"));
         QTEST(shown(*granted()), "expected");
     }
@@ -162,14 +162,14 @@ private Q_SLOTS:
         QCOMPARE(titles(*store), QStringList(u"First"_s));
         QCOMPARE(QFile::permissions(CalendarConsent::defaultPath()) & QFile::ReadOther,
                  QFile::Permissions());
-        QCOMPARE(titles(*make()), QStringList(u"First"_s)); // the next program run
-        m_answer.reset();                                   // closed
+        QCOMPARE(titles(*make()), QStringList(u"First"_s)); // in the next run of the program
+        m_answer.reset();                                   // the user closes the question
         QCOMPARE(request(*store).access, CalendarAccess::Granted);
         m_answer = false;
         QCOMPARE(request(*store).access, CalendarAccess::Denied);
         QCOMPARE(titles(*store), QStringList());
         QCOMPARE(make()->access(), CalendarAccess::Denied);
-        for (const auto &[content, access] : // edited meanwhile
+        for (const auto &[content, access] : // edited while the program runs
              {std::pair("{\"readCalendars\": \"yes\"", CalendarAccess::NotAsked),
               std::pair("{\"readCalendars\": true}", CalendarAccess::Granted)}) {
             writeFile(CalendarConsent::defaultPath(), content);
@@ -219,7 +219,7 @@ private Q_SLOTS:
         OnlineCalendars online;
         online.add("local", "[Calendar]\nBackendName=local\n", text({"No"}));
         QCOMPARE(titles(*granted()), QStringList(u"First"_s));
-        QCOMPARE(online.questions, 0); // nothing to ask it for
+        QCOMPARE(online.questions, 0); // no reason to call the service
         online.add("web", "[Calendar]\nBackendName=webcal\nSelected=true\n",
                    text({"Team"}, ";TZID=Ours:20260319T120000"));
         online.add("off", "Enabled=false\n[Calendar]\nBackendName=caldav\n", text({"Off"}));
@@ -280,7 +280,7 @@ private Q_SLOTS:
         static_cast<void>(store->events(from, to, [&](const auto &) { ++answers; }));
         static_cast<void>(store->requestAccess([&](const auto &) { ++answers; }));
         const Task waiting = store->events(from, to + 1h, [&](const auto &) { ++answers; });
-        QTest::qWait(1); // it reads
+        QTest::qWait(1); // until reading has started
         store.reset();
         QTest::qWait(100);
         QCOMPARE(answers, 0);
@@ -317,7 +317,7 @@ private:
         return await(CalendarStore::Answer{.error = u"(no answer)"_s},
                      [&](const auto &take) { return store.requestAccess(take); });
     }
-    /// The events of the two weeks from the 20th of March 2026.
+    /// The events of the two weeks from 20 March 2026.
     static QList<CalendarEvent> ask(CalendarStore &store, std::chrono::seconds timeout = 10s) {
         return await(
             QList<CalendarEvent>({{.title = u"(no answer)"_s}}),
@@ -331,8 +331,7 @@ private:
         titles.sort();
         return titles;
     }
-    /// Sorted lines: "0323T0800+60 Title" begins on the 23rd at eight o'clock UTC and takes an
-    /// hour.
+    /// Sorted lines: "0323T0800+60 Title" starts on the 23rd at 08:00 UTC and takes an hour.
     static QStringList shown(CalendarStore &store, std::chrono::seconds timeout = 10s) {
         QStringList lines;
         for (const CalendarEvent &event : ask(store, timeout)) {
@@ -353,8 +352,8 @@ private:
     }
 
     const QString m_calendars = QDir::homePath() + u"/.calendars"_s;
-    QStringList m_asked;          ///< names and places in the question
-    std::optional<bool> m_answer; ///< to it
+    QStringList m_asked;          ///< names and places in the last question
+    std::optional<bool> m_answer; ///< the user's answer
 };
 
 QTEST_GUILESS_MAIN(CompanionCalendarStoreTest)

@@ -10,7 +10,7 @@
 
 namespace perchly {
 
-/// What readers see of Evolution Data Server: its bus objects, on an own connection, and its files.
+/// A fake Evolution Data Server: its bus objects, on a separate connection, and its files.
 class OnlineCalendars : public QDBusVirtualObject {
     Q_OBJECT
 public:
@@ -23,7 +23,7 @@ public:
     }
     ~OnlineCalendars() override { QDBusConnection::disconnectFromBus(m_bus.name()); }
 
-    /// The lines follow the name, which is the UID.
+    /// `name` is the UID; the lines follow it in the key file.
     void add(const char *uid, const QByteArray &lines, const QByteArray &events) {
         const QString name = QString::fromLatin1(uid);
         const QByteArray text = "[Data Source]\nDisplayName=" + QByteArray(uid) + '\n' + lines;
@@ -51,8 +51,8 @@ public:
     }
 
     int questions = 0;
-    QStringList opened; ///< calendars
-    /// The service or the calendar "web" does not answer, or that calendar has an error.
+    QStringList opened; ///< UIDs of the calendars opened
+    /// The service or the calendar "web" does not answer, or that calendar fails.
     enum class Failure { None, Frozen, CalendarFrozen, CalendarError } failure = Failure::None;
 
 private:
@@ -82,7 +82,7 @@ private:
     const QString service = QStringLiteral("org.gnome.evolution.dataserver.Calendar8");
     QDBusConnection m_bus =
         QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("online"));
-    /// With other words or another number of arguments, the real service finds nothing.
+    /// For a query in any other form, the real service finds nothing.
     const QRegularExpression m_query{QStringLiteral(
         R"(^\(or \(has-recurrences\?\) \(occur-in-time-range\? (\(make-time "\d{8}T\d{6}Z"\) ?){2}\)\)$)")};
     Objects m_sources;

@@ -30,7 +30,7 @@ private Q_SLOTS:
     }
 
     void pasteReplacesTheSelectionWithoutWaiting_data() {
-        QTest::addColumn<QString>("keys"); // or none for the middle button
+        QTest::addColumn<QString>("keys"); // empty for the middle button
         QTest::addColumn<QString>("text");
         QTest::newRow("edit") << u"Shift+Ins"_s << u"one naïve\npaste"_s;
         QTest::newRow("edit") << u"Ctrl+V, Ctrl+V"_s << u"one naïve\npastenaïve\npaste"_s;
@@ -58,7 +58,7 @@ private Q_SLOTS:
         for (int i = 0; i < sequence.count(); ++i)
             press(target, sequence[uint(i)]);
         if (!sequence.isEmpty())                                         // a click processes events
-            QCOMPARE(target->property("text").toString(), u"one two"_s); // pasting has not waited
+            QCOMPARE(target->property("text").toString(), u"one two"_s); // pasting does not wait
         QTest::qWait(100);
         QTRY_COMPARE(target->property("text").toString(), text);
         for (int i = 0; i < sequence.count(); ++i)

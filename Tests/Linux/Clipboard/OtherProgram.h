@@ -5,10 +5,10 @@
 
 namespace perchly {
 
-/// Another program that owns the clipboard. Ends with this object. For tests only.
+/// Another program that owns the clipboard, ended with this object. For tests only.
 class OtherProgram {
 public:
-    /// Starts selection_owner.py with these words and waits until it owns the clipboard.
+    /// Starts selection_owner.py with these arguments and waits until it owns the clipboard.
     explicit OtherProgram(const QString &words) {
         m_process.start(QStringLiteral(SELECTION_OWNER), words.split(u' '));
         if (!waitFor("owns"))
@@ -29,11 +29,11 @@ public:
         return QTest::qWaitFor([&] { return hasSaid(text); }, 30'000);
     }
 
-    /// What xclip gets for this target; null for nothing.
+    /// The output of xclip for this target; null if it gets nothing.
     [[nodiscard]] static QByteArray paste(const QString &target) {
         QProcess process;
         process.startCommand(QStringLiteral("xclip -selection clipboard -o -target ") + target);
-        // This program's event loop may have to answer it.
+        // This program may have to answer xclip from its event loop.
         const bool hasEnded =
             QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; });
         return hasEnded && process.exitCode() == 0 ? process.readAllStandardOutput() : QByteArray();

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Reads as the history does.
+/// Reads like the history.
 PasteboardContent read(Pasteboard &pasteboard, const std::function<void()> &meanwhile = nullptr) {
     std::optional<PasteboardContent> content;
     const Task task = pasteboard.read({.unwanted = {pasteboardtype::concealed},
@@ -80,13 +80,13 @@ private Q_SLOTS:
     void hugeCopyIsDrainedAndDiscarded() {
         OtherProgram other(u"--increments=200000 image/png:100000000 UTF8_STRING=small"_s);
         QTRY_COMPARE(m_pasteboard->changeCount(), 1);
-        rusage before{}; // memory in kilobytes
+        rusage before{}; // in kilobytes
         rusage after{};
         getrusage(RUSAGE_SELF, &before);
         QCOMPARE(read(*m_pasteboard).text, u"small"_s);
         QVERIFY(other.waitFor("gave"));
         getrusage(RUSAGE_SELF, &after);
-#ifndef __SANITIZE_ADDRESS__ // which keeps freed memory
+#ifndef __SANITIZE_ADDRESS__ // the address sanitizer keeps freed memory
         QVERIFY(after.ru_maxrss - before.ru_maxrss < 20'000);
 #endif
     }
@@ -124,7 +124,7 @@ private Q_SLOTS:
     void copiesAreCountedOnce() {
         OtherProgram other(u"UTF8_STRING=a"_s);
         QTRY_COMPARE(m_pasteboard->changeCount(), 1);
-        other.kill(); // which is no copy
+        other.kill(); // an exit is not a copy
         m_pasteboard->write(u"ours"_s);
         m_pasteboard->writeImage("no image");
         QCOMPARE(m_pasteboard->changeCount(), 3);
@@ -168,10 +168,10 @@ private Q_SLOTS:
         QTRY_COMPARE(OtherProgram::paste(target), expected);
     }
 
-    /// One program copies, exits or not, and another one copies.
+    /// One program copies and may exit; then another one copies.
     void takeOversAreNotRecorded_data() {
         QTest::addColumn<QString>("first");
-        QTest::addColumn<int>("exitTime"); // milliseconds before the second copy; -1 to remain
+        QTest::addColumn<int>("exitTime"); // milliseconds before the second copy; -1 if it stays
         QTest::addColumn<QString>("second");
         QTest::addColumn<bool>("isRecorded");
         const auto a = u"UTF8_STRING=a"_s;

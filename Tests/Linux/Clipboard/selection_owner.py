@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-# Another program that has copied something:
+# A program that owns the clipboard:
 #   selection_owner.py [OPTION …] TARGET=TEXT | TARGET@FILE | TARGET:SIZE …
 # Takes the clipboard and says "owns", and "asked TARGET" at each request.
 # Options: --increments=BYTES  gives longer data in parts of this size, and says "gave" after the last
@@ -20,7 +20,7 @@ from Xlib.protocol import event
 
 def parsed(words):
     for word in words:
-        # A target may contain a "=" itself, as "text/plain;charset=utf-8" does.
+        # A target itself may contain "=", as in "text/plain;charset=utf-8".
         name, separator, text = word.rpartition("=")
         if separator:
             yield name, os.fsencode(text)

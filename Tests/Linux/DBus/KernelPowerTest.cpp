@@ -7,7 +7,7 @@ using namespace perchly;
 
 namespace {
 
-/// "80 charging mains" for a battery.
+/// Describes a battery as "80 charging mains".
 QString read(const QString &folder) {
     KernelPower power(folder);
     QString text;

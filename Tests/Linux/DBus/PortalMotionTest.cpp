@@ -13,7 +13,7 @@ const QString gnome = QStringLiteral("org.gnome.desktop.interface enable-animati
 const QString kde = QStringLiteral("org.kde.kdeglobals.KDE AnimationDurationFactor");
 const QString common = QStringLiteral("org.freedesktop.appearance reduced-motion");
 
-/// A settings portal on a connection of its own.
+/// A settings portal on a separate connection.
 class Portal : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
@@ -69,10 +69,10 @@ private Q_SLOTS:
             portal.change(kde, QStringLiteral("0"));
             portal.change(gnome, true);
             QTest::qWait(50);
-            QVERIFY(motion.isReduced()); // KDE still says so
+            QVERIFY(motion.isReduced()); // KDE still reduces motion
         }
         QTest::qWait(50);
-        QVERIFY(motion.isReduced()); // no animations because a portal crashed
+        QVERIFY(motion.isReduced()); // a crashed portal must not turn animations on
         Portal portal({{kde, 1}});
         QTRY_VERIFY(!motion.isReduced());
         portal.change(common, 1U);

@@ -34,7 +34,7 @@ private Q_SLOTS:
         QCOMPARE(applications.opened, QStringList());
         install("films", "AudioVideo;Video;Player;", "audio/mpeg;");
         chooseApplication("audio/mpeg", "films");
-        QTRY_COMPARE(found(), std::string("films")); // better than nothing
+        QTRY_COMPARE(found(), std::string("films")); // for lack of a music player
         install("b.mixer", "Audio;Mixer;", "audio/mpeg;");
         install("c.tunes", "AudioVideo;Audio;", "audio/x-whatever;");
         install("d.first", "Audio;Player;");

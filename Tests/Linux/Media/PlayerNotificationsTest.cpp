@@ -18,7 +18,7 @@ void call(const QString &player, const QString &method) {
                                        QStringLiteral("org.mpris.MediaPlayer2.Player"), method));
 }
 
-/// Calls until a change is announced: changes before the player is followed are lost.
+/// Repeats the call until a change is announced, as changes are lost before the player is followed.
 QVariantList callUntilHeard(const QString &player, const QString &method, QSignalSpy &heard) {
     for (int attempt = 0; heard.isEmpty() && attempt < 10; ++attempt) {
         call(player, method);
@@ -62,7 +62,7 @@ private Q_SLOTS:
                      announcement("com.apple.Music.playerInfo", "Next", "Playing"));
             call(QStringLiteral("another"), QStringLiteral("Pause"));
             QTest::qWait(200);
-            QCOMPARE(received.count(), 0); // one for each burst, and none for other players
+            QCOMPARE(received.count(), 0); // one per burst, and none for other players
             BusPlayerNotifications later(bus);
             later.start();
             QTRY_COMPARE(later.presence(), PlayerPresence::Some);

@@ -21,8 +21,8 @@ using namespace perchly;
 
 namespace {
 
-/// From now on, this thread and its new threads must ask a bus for real-time priority, as ordinary
-/// programs must.
+/// From here on, this thread and its new threads must ask a bus for real-time priority, as in
+/// ordinary programs.
 void giveUpRealTimeRights() {
     const rlimit none{};
     ::setrlimit(RLIMIT_RTPRIO, &none);
@@ -64,20 +64,20 @@ private Q_SLOTS:
     }
 
     void audioThreadHasRealTimePriority() {
-        const bool isAllowed = mayTakeRealTimePriority(); // without asking a bus
+        const bool isAllowed = mayTakeRealTimePriority(); // without the help of a bus
         PipeWireConnection connection;
         connection.start();
         QTRY_VERIFY(connection.core() != nullptr);
-        connection.passRealTimeThread(); // PipeWire 1.1 and later start the thread at its first use
+        connection.passRealTimeThread(); // PipeWire 1.1 and later start the thread on first use
         QTRY_COMPARE(hasRealTimeThread(), isAllowed);
     }
 
     void silentBusDoesNotBlock() {
         giveUpRealTimeRights();
-        auto bus = std::make_unique<QLocalServer>(); // accepts and never says a word
+        auto bus = std::make_unique<QLocalServer>(); // accepts connections but never answers
         QVERIFY(bus->listen(m_bus));
         const qsizetype before = threads().size();
-        std::make_unique<PipeWireConnection>()->start(); // and gone again
+        std::make_unique<PipeWireConnection>()->start(); // and destroys it at once
         QTRY_VERIFY(bus->hasPendingConnections());
         PipeWireConnection connection;
         QSignalSpy answered(&connection, &PipeWireConnection::answered);
@@ -94,7 +94,7 @@ private Q_SLOTS:
         QCOMPARE(answered.last().at(0).toInt(), number);
         connection.passRealTimeThread();
         QVERIFY(!hasRealTimeThread());
-        QTRY_VERIFY(threads().size() <= before + 1); // the connection's own
+        QTRY_VERIFY(threads().size() <= before + 1); // the connection's own thread
     }
 
 private:

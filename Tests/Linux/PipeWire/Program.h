@@ -15,7 +15,7 @@ constexpr float toneLevel = 0.25F;
 
 using Program = std::unique_ptr<QProcess>;
 
-/// Starts a program, which is killed with its QProcess.
+/// Starts a program that is killed when its QProcess is destroyed.
 inline Program startProgram(const QString &name, const QStringList &arguments) {
     auto program = std::make_unique<QProcess>();
     program->setProcessChannelMode(QProcess::ForwardedErrorChannel);
@@ -51,7 +51,7 @@ inline Program nativePlayer(const QStringList &arguments = {}) {
     return player;
 }
 
-/// Runs a command of words without spaces while the event loop goes on; returns its stdout.
+/// Runs a command, split at spaces, while the event loop runs; returns its stdout.
 inline QString output(const QString &command) {
     QProcess process;
     process.startCommand(command);

@@ -10,7 +10,7 @@ using namespace perchly;
 
 namespace {
 
-/// Frames of the server's cycle.
+/// Frames per cycle of the server.
 constexpr std::size_t cycle = 1024;
 
 /// Moves all streams, as a user does. Not with pactl: if it ends before its server has passed the
@@ -26,7 +26,7 @@ void moveTo(const QString &sink) {
     }
 }
 
-/// Another program: mutes a process until stdin ends.
+/// Acts as another program that mutes a process until stdin ends.
 int mute(std::int32_t pid) {
     SoundSystem sound;
     QString error;
@@ -52,7 +52,7 @@ private Q_SLOTS:
             QVERIFY(meter.comesTo(toneLevel));
             meter.clear();
             const auto route = sound.route(player);
-            QTest::qWait(1300); // until the sink may rest
+            QTest::qWait(1300); // until the sink may idle
             QVERIFY(route->isRunning());
             QVERIFY(meter.maxSilence() <= 2 * cycle);
             for (const float gain : {0.5F, 0.0F, 1.0F}) {
@@ -111,13 +111,13 @@ private Q_SLOTS:
         QVERIFY(meter.comesTo(toneLevel));
         const auto route = sound.route(routed, 0);
         QVERIFY(meter.comesTo(0));
-        // Another process of the same program, and other kinds.
+        // Another process of the same program, and a native client.
         for (int round = 0; round < 3; ++round) {
             const auto other = round == 1 ? nativePlayer() : pulsePlayer();
             QVERIFY(meter.comesTo(toneLevel));
             other->kill();
             QVERIFY(meter.comesTo(0));
-            // Until the session manager has saved what it learnt.
+            // Until the session manager has saved its state.
             QTest::qWait(round == 1 ? 1200 : 0);
         }
     }
@@ -129,7 +129,7 @@ private Q_SLOTS:
         const auto route = sound.route(player, 0.5F);
         QVERIFY(meter.comesTo(toneLevel / 2));
         player->write("+");
-        QVERIFY(meter.comesTo(toneLevel)); // two streams at half their level
+        QVERIFY(meter.comesTo(toneLevel)); // two streams at half level
         player->write("--");
         QVERIFY(meter.comesTo(0));
         player->write("+");

@@ -10,7 +10,7 @@
 
 namespace perchly {
 
-/// Listens to what an output plays, in stereo at 48 kHz.
+/// Records an output's sound, in stereo at 48 kHz.
 class SoundMeter {
 public:
     explicit SoundMeter(const QString &output) {
@@ -31,7 +31,7 @@ public:
     }
     Q_DISABLE_COPY_MOVE(SoundMeter)
 
-    /// Whether the peak of 120 ms comes to this value, within 1 %. The event loop runs meanwhile.
+    /// Waits, running the event loop, until the peak over 120 ms is `wanted` within 1 %.
     [[nodiscard]] bool comesTo(float wanted, int timeout = 4000) {
         constexpr std::size_t samples = 120 * std::size_t(48) * 2;
         QElapsedTimer time;
@@ -52,13 +52,13 @@ public:
         return false;
     }
 
-    /// Starts listening again.
+    /// Discards everything heard so far.
     void clear() {
         static_cast<void>(heard());
         m_heard.clear();
     }
 
-    /// Frames of the longest silence since then.
+    /// The longest silence since clear(), in frames.
     [[nodiscard]] std::size_t maxSilence() {
         std::size_t longest = 0;
         std::size_t length = 0;

@@ -61,7 +61,7 @@ private Q_SLOTS:
         setDefault(first);
         QTRY_COMPARE(sound.system.defaultOutput(), before);
 
-        // The user chooses the route itself.
+        // The user makes the route itself the default output.
         int changes = 0;
         connect(&sound.system, &AudioSystem::changed, this, [&] {
             if (sound.system.defaultOutput() != before) {
@@ -76,7 +76,7 @@ private Q_SLOTS:
         setDefault(QStringLiteral("perchly.") +
                    sinks.section(QStringLiteral("perchly."), 1).section(u'\t', 0, 0));
         QTRY_COMPARE(changes, 1);
-        QVERIFY(atFirst.comesTo(toneLevel, 500)); // the default before is chosen again at once
+        QVERIFY(atFirst.comesTo(toneLevel, 500)); // the previous default is restored at once
         QTRY_COMPARE(sound.system.defaultOutput(), before);
     }
 
@@ -109,7 +109,7 @@ private Q_SLOTS:
             const QString name = hints.value(0) + QString::number(pid.value_or(0));
             return mayBlock ? std::optional(RunningApplication{name, {}}) : std::nullopt;
         });
-        // The system has a process of that number, too.
+        // PID 2 also exists outside the sandboxes.
         const QString properties =
             QStringLiteral("application.process.id=2 pipewire.access.portal.app_id=");
         const auto one = pulsePlayer(properties + QStringLiteral("org.example.One"));
@@ -156,7 +156,7 @@ private Q_SLOTS:
             QString error;
             auto route = MixerRoute::make(sound.system, process, error);
             QVERIFY2(route, qPrintable(error));
-            // Most are released before the process has been sent there, the last ones afterwards.
+            // Most routes are released before the process has moved, the last ones afterwards.
             const bool isWhole = round >= 39;
             QTest::qWait(isWhole ? 200 : round % 4 * 15);
             route.reset();
@@ -167,7 +167,7 @@ private Q_SLOTS:
             }
         }
         QTRY_COMPARE(tracesOfRoutes(), QString());
-        // PipeWire keeps the memory of each of the two outputs that have driven the graph.
+        // PipeWire keeps memory for both outputs that have driven the graph.
         QTRY_VERIFY2(openFiles().size() <= *files + 2, qPrintable(openFiles().join(u'\n')));
     }
 

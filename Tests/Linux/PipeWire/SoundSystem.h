@@ -12,7 +12,7 @@ namespace perchly {
 inline const QString first = QStringLiteral("first");
 inline const QString second = QStringLiteral("second");
 
-/// The nodes of routes, and where streams were sent.
+/// Lists routes' nodes and the targets of streams, which should all be gone.
 inline QString tracesOfRoutes() {
     const QStringList lines = output(QStringLiteral("pw-dump")).split(u'\n');
     return (lines.filter(QStringLiteral("\"node.name\": \"perchly.")) +
@@ -41,7 +41,7 @@ public:
         return std::nullopt;
     }
 
-    /// 0 if the process does not play within a while.
+    /// 0 if the process does not play in time.
     [[nodiscard]] AudioObject waitForProcess(qint64 pid) const {
         std::optional<AudioProcess> found;
         const auto plays = [&] {
@@ -51,7 +51,7 @@ public:
         return QTest::qWaitFor(plays, 5000) ? found->object : 0;
     }
 
-    /// The player's route, once it plays.
+    /// Routes the player once it plays.
     [[nodiscard]] std::unique_ptr<MixerRoute> route(const Program &player, float gain = 1) {
         QString error;
         auto route = MixerRoute::make(system, waitForProcess(player->processId()), error);

@@ -1,6 +1,5 @@
-// Plays a constant signal through as many streams as stdin says: "+" opens one, "-" closes one, "p"
-// pauses and "r" resumes all of them. The session manager may not move the streams of "TonePlayer
-// fixed".
+// Plays a constant signal through several streams. On stdin, "+" opens one, "-" closes one, "p"
+// pauses and "r" resumes all. The session manager may not move the streams of "TonePlayer fixed".
 #include <pipewire/pipewire.h>
 #include <spa/param/audio/format-utils.h>
 

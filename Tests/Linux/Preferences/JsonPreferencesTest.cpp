@@ -22,7 +22,7 @@ class JsonPreferencesTest : public QObject {
 private Q_SLOTS:
     void init() {
         m_folder.emplace();
-        // A percent sign in the path must not be taken for a place marker.
+        // QString::arg() must not replace a percent sign in the path.
         m_path = m_folder->filePath(QStringLiteral("%1 %2/perchly/preferences.json"));
         m_backup = m_path + QStringLiteral(".bak");
     }
@@ -42,7 +42,7 @@ private Q_SLOTS:
         }
     }
 
-    /// A program that is killed after a set keeps its values.
+    /// So a program killed after a set keeps its values.
     void changeIsSavedBeforeItIsAnnounced() {
         JsonPreferences preferences(m_path);
         QStringList announced;
@@ -114,7 +114,7 @@ private Q_SLOTS:
         QTRY_COMPARE(failed.size(), 1);
         QCOMPARE(JsonPreferences(m_path).number(key), 1.0);
         QCOMPARE(preferences->number(key), 2.0);
-        preferences->setNumber(other, 2); // as in memory, but not in the file
+        preferences->setNumber(other, 2); // the value in memory, but not in the file
         QCOMPARE(JsonPreferences(m_path).number(key), 2.0);
         failToSet(3);
         preferences.reset();

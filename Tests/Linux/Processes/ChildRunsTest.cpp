@@ -28,7 +28,7 @@ private Q_SLOTS:
                  Row{"echo err >&2; cat; echo out", 0, "out\n"}, Row{"exit 3", 3, ""},
                  Row{"kill -9 $$", -1, ""}, Row{"", -1, ""}, // no such program
                  Row{"exec yes", -1, ""}, Row{"trap '' TERM; while :; do sleep 1; done", -1, ""},
-                 Row{"sleep 3 &", 0, ""}, // which keeps the output open
+                 Row{"sleep 3 &", 0, ""}, // the child of the shell keeps the output open
              }) {
             QElapsedTimer timer;
             timer.start();

@@ -16,7 +16,7 @@ QRgb colourAt(int x, int y) {
     return qRgb(x * 7 % 256, y * 5 % 256, (x + y) % 256);
 }
 
-/// A window over the whole screen in which every pixel is known.
+/// Shows a window over the whole screen with a known colour in every pixel.
 void showPattern(const XClient &other) {
     const xcb_window_t window = other.makeWindow(QRect({}, screenSize), XClient::Managed::No);
     const xcb_gcontext_t context = xcb_generate_id(other.get());
@@ -61,7 +61,7 @@ private Q_SLOTS:
         QTRY_VERIFY(overlayHoldsKeyboard());
         drag({20, 20}, {20, 20}); // selects nothing
         drag(from, to);
-        m_user.movePointer({640, 400}); // too late to count
+        m_user.movePointer({640, 400}); // after the release, so it is ignored
         QTRY_COMPARE(m_status.value_or(-9), 0);
         const QImage picture(m_path);
         QCOMPARE(picture.size(), QSize(569, 624));
@@ -83,7 +83,7 @@ private Q_SLOTS:
         xcb_ungrab_keyboard(m_user.get(), XCB_CURRENT_TIME);
         m_user.sync();
         QTRY_VERIFY(overlayHoldsKeyboard());
-        m_run.reset(); // the companion ends with its task
+        m_run.reset(); // destroying the task ends the companion
         QTRY_VERIFY(!overlayHoldsKeyboard());
         QVERIFY(!m_status);
     }

@@ -37,7 +37,7 @@ private Q_SLOTS:
         for (int kind = 0; kind < 3; ++kind) {
             Task task;
             QString text;
-            // A sanitizer sees a use of the captured string after its closure is gone.
+            // A sanitizer detects use of the captured string after the closure is destroyed.
             const auto action = [&task, &text, own = QString(64, u'x')] {
                 task.reset();
                 text += own;

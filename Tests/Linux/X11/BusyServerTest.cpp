@@ -21,7 +21,7 @@ void tellServer(int signal) {
 
 } // namespace
 
-/// The server stalls.
+/// Tests with a stopped X server.
 class BusyServerTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
@@ -77,7 +77,7 @@ private Q_SLOTS:
         connection.selectEvents(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
         const xcb_atom_t atom = connection.atom("PERCHLY_TEST");
         m_client.setProperty(m_client.root(), "PERCHLY_TEST", XCB_ATOM_CARDINAL, {1});
-        // The reply comes after the event.
+        // The reply arrives after the event.
         QCOMPARE(connection.property(connection.root(), atom), QList<quint32>{1});
         QCOMPARE(events, 0);
         QTRY_COMPARE(events, 1);

@@ -73,16 +73,16 @@ private Q_SLOTS:
         offer({QUrl(QStringLiteral("https://example.org/slip"))});
         const QSignalSpy dragged(source(), &DragSource::draggingChanged);
         const QPoint start = m_window->position() + QPoint(100, 60);
-        const XClient user; // faster than this program reads events
+        const XClient user; // its release comes before this program reads any event
         user.movePointer(start);
         user.pressButton();
         user.movePointer(start + QPoint(0, 40));
         user.releaseButton();
-        QTRY_COMPARE(dragged.count(), 2); // a drag without a pressed button would not end
+        QTRY_COMPARE(dragged.count(), 2); // a drag started after the release would not end
     }
 
 private:
-    /// The line that the target prints for the drop.
+    /// The line of JSON that the target prints for the drop.
     QByteArray dropped() {
         QByteArray line;
         const auto isDropped = [&] {

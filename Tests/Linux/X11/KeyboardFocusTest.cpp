@@ -13,7 +13,7 @@ private Q_SLOTS:
         show(m_panel);
         m_other = m_client.makeWindow({100, 300, 300, 200});
         show(m_other);
-        QTest::qWait(100); // the window manager places it
+        QTest::qWait(100); // until the window manager has placed the window
         give(m_other);
         QTRY_COMPARE(m_focus.current(), m_other);
     }
@@ -39,7 +39,7 @@ private Q_SLOTS:
     void takingTheFocusCancelsAnActivation() {
         const xcb_window_t late = m_client.makeWindow({100, 600, 100, 50}, XClient::Managed::No);
         m_focus.activate(late);
-        QTest::qWait(250); // the window manager does not know the window
+        QTest::qWait(250); // the window manager does not know this window
         m_focus.take(m_panel);
         QCOMPARE(m_focus.current(), m_panel);
         show(late);

@@ -10,7 +10,7 @@ namespace {
 using Screens = QList<ScreenSpace::Screen>;
 
 const Screens oneDisplay{{QRect(0, 0, 1280, 800), 1}};
-// The primary display stands on the right; the other one is taller and twice as dense.
+// The primary display is on the right; the other one is taller and has twice the pixel density.
 const Screens mixedDisplays{{QRect(3840, 200, 1920, 1080), 1}, {QRect(0, 0, 1920, 1200), 2}};
 
 constexpr QSize xScreen(3200, 1080);
@@ -37,10 +37,10 @@ private Q_SLOTS:
             return QPointF(point.x, point.y);
         };
         QCOMPARE(points(oneDisplay, {100, 799}), QPointF(100, 0));
-        // The origin is the primary display's, wherever that is.
+        // The origin is the primary display's, wherever it is.
         QCOMPARE(points(mixedDisplays, {3840, 200}), QPointF(0, 1079));
         QCOMPARE(points(mixedDisplays, {1000, 500}), QPointF(-3340, 1029.5));
-        // A place beside all displays belongs to the nearest.
+        // A point outside all displays belongs to the nearest display.
         QCOMPARE(points(mixedDisplays, {3850, 190}), QPointF(10, 1089));
         QCOMPARE(points({}, {5, 6}), QPointF(5, -7));
     }
@@ -52,7 +52,7 @@ private Q_SLOTS:
         }
         const ScreenRect area = space.fromPixels(QRect(0, 80, 3840, 2320), space.screens()[1]);
         QCOMPARE(area, (ScreenRect{-3840, 80, 1920, 1160}));
-        // Fractions leave no gap at the edges.
+        // Fractions leave no gaps at the edges.
         const ScreenSpace one(oneDisplay);
         const QRect right = one.toQt({1280 - 763.4, 100.2, 763.4, 570.9});
         QCOMPARE(right.x() + right.width(), 1280);
@@ -77,9 +77,9 @@ private Q_SLOTS:
         QCOMPARE(left({leftOfRight}), leftDisplay);
         QCOMPARE(left({topOfLeft, whole({0, 0, 50, 0})}), QRect(0, 50, 1920, 1030));
         QCOMPARE(left({whole({40, 0, 0, 60})}), QRect(40, 0, 1880, 1020));
-        QCOMPARE(left({whole({0, 0, 700, 700})}), leftDisplay); // would leave nothing
+        QCOMPARE(left({whole({0, 0, 700, 700})}), leftDisplay); // would leave nothing visible
         QVERIFY(whole({0xffffffff, 0, 0, 70000}).isEmpty());
-        // The newer property counts, even if it reserves nothing.
+        // The newer property takes precedence, even if it reserves nothing.
         QVERIFY(Strut::fromProperties(QList<quint32>(12, 0), {0, 0, 30, 0}).isEmpty());
     }
 };

@@ -11,8 +11,8 @@
 
 namespace perchly {
 
-/// Another program on the X server, which can also play the user: it moves the pointer and presses
-/// its button. Everything has reached the server when a call returns.
+/// Another program on the X server, which can also act as the user: it moves the pointer and
+/// presses its button. When a call returns, the server has handled everything.
 class XClient {
 public:
     XClient() {
@@ -33,7 +33,7 @@ public:
             xcb_intern_atom_reply(m_connection, cookie, nullptr));
         return reply->atom;
     }
-    /// Waits until the server has handled everything sent.
+    /// Waits until the server has handled all requests.
     void sync() const {
         free(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
     }

@@ -70,7 +70,7 @@ class Node:
         self._call("Action.DoAction", "(i)", names.index("Press"))
 
     def walk(self):
-        """This element and all below it."""
+        """This element and all its descendants."""
         yield self
         for child in self._call("Accessible.GetChildren"):
             yield from Node(self.address[0], *child).walk()
@@ -86,7 +86,7 @@ class Accessibility:
         self._process = process
 
     def every(self, wanted):
-        """The true values of wanted(node) over all showing elements."""
+        """The true results of wanted(node) for all showing elements."""
 
         def read():
             try:

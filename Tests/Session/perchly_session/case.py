@@ -1,4 +1,4 @@
-"""The base of the session tests, and what they do with the program."""
+"""The base class of the session tests, and common actions on the program."""
 
 import os
 import re
@@ -17,18 +17,18 @@ OPEN = (310, 0, 660, 429)
 AWAY = (640, 740)
 WORKSPACE = "Perchly Workspace"
 NO_BUS = "perchly: no session bus: .*"
-GONE = "perchly: Could not find accessible on path: .*"  # a test asked for a removed object
+GONE = "perchly: Could not find accessible on path: .*"  # a test queried a removed object
 WINDOW_MANAGER = os.environ.get("PERCHLY_WINDOW_MANAGER", "openbox")
 
 
 class User:
-    """What tests and the scene do with self.program, self.screen and self.tree."""
+    """Actions of tests and the scene on self.program, self.screen and self.tree."""
 
     def click(self, name, role="push button", subject=None):
         self.screen.click(*self.tree.find(name, role, subject).centre)
 
     def window(self, title):
-        """Waits for a window with the keyboard."""
+        """Waits until the window with this title has the keyboard."""
         window = wait_until(lambda: self.program.window(title), title)
         wait_until(lambda: self.screen.focus() == window.id, f"{title} with the keyboard")
         return window
@@ -62,7 +62,7 @@ class SessionCase(unittest.TestCase, User):
     expected_errors = ()
 
     def start_session(self, **options):
-        """Ends the test's session before this one, with its programs."""
+        """Ends any earlier session of the test, with its programs."""
         self.doCleanups()
         options = {"window_manager": WINDOW_MANAGER} | options
         self.session = Session(os.environ["PERCHLY_PROGRAM"], **options)
@@ -71,7 +71,7 @@ class SessionCase(unittest.TestCase, User):
         self.screen.move_to(*AWAY, step=100)
 
     def start(self, preferences=None, **options):
-        """A session with the program in it."""
+        """Starts a session and the program in it."""
         self.start_session(**options)
         self.session.store(**(preferences or {}))
         self.run_program()

@@ -1,4 +1,4 @@
-"""Programs beside Perchly: windows, hot keys, the clipboard, drag and drop, media players."""
+"""Other programs: windows, hot keys, the clipboard, drag and drop, media players."""
 
 import json
 import os
@@ -16,8 +16,8 @@ MPV = ("mpv", "--no-config", "--no-terminal")
 
 
 class OtherWindow:
-    """A window that remembers key and button presses; not shown yet. state and kind end the names
-    of its _NET_WM_STATE and _NET_WM_WINDOW_TYPE."""
+    """A window, hidden at first, that records key and button presses. state and kind are the ends of
+    its _NET_WM_STATE and _NET_WM_WINDOW_TYPE."""
 
     def __init__(self, screen, rect=(200, 300, 400, 200), state=None, kind=None, managed=True):
         self.screen = screen
@@ -43,7 +43,7 @@ class OtherWindow:
         self.display = None
 
     def events(self, kind):
-        """Those of this kind since the last call; others are dropped."""
+        """Returns events of this kind since the last call and drops all others."""
         self.display.sync()
         taken = [self.display.next_event() for _ in range(self.display.pending_events())]
         return [event for event in taken if event.type == kind]
@@ -119,7 +119,7 @@ class DragPartner:
         self._process.wait()
 
     def drag_to(self, *places):
-        """Drags its URLs by way of the places; returns the action of the drop."""
+        """Drags its URLs along the places; returns the action of the drop."""
         return self._drag(self.PLACE, *places)
 
     def drag_from(self, start):
@@ -145,7 +145,7 @@ class DragPartner:
 
 
 def moving_picture(file):
-    """Makes a video of three seconds, a moment in red, then in green, with a tone."""
+    """Creates a video of three seconds with a tone, red for a moment, then green."""
     picture = "av://lavfi:color=c=red:s=64x48:r=10:d=0.3,tpad=stop_duration=2.7:color=green"
     options = ("--audio-file=av://lavfi:sine=d=3", "--ovc=mpeg4", "--oac=aac", f"--o={file}")
     subprocess.run([*MPV, picture, *options], check=True, timeout=20)
@@ -153,7 +153,7 @@ def moving_picture(file):
 
 
 class ScriptedPlayer:
-    """A player that behaves as told, see Tests/ScriptHost/scripted_player.py."""
+    """A scripted player, see Tests/ScriptHost/scripted_player.py."""
 
     def __init__(self, session, **script):
         command = (sys.executable, "-B", str(SCRIPTED_PLAYER), "scripted", json.dumps(script))
@@ -161,7 +161,7 @@ class ScriptedPlayer:
         self.expect("ready")
 
     def expect(self, word):
-        """Waits for the next command that reaches the player."""
+        """Waits until the player receives this command."""
         line = self._process.stdout.readline().decode().split()
         if not line or line[0] != word:
             raise AssertionError(f"the player was asked {line}, not {word}")

@@ -13,7 +13,7 @@ from .waiting import wait_until
 STEP_PIXELS = 8
 STEP_SECONDS = 0.004
 PRESS_SECONDS = 0.1
-KEY_SECONDS = 0.01  # a press at the time of a release would look like key repeat
+KEY_SECONDS = 0.01  # so that a press does not look like key repeat
 
 
 # A mapped window; rect is (x, y, width, height) on the screen.
@@ -21,7 +21,7 @@ Window = namedtuple("Window", "id title rect")
 
 
 class Screen:
-    """A client of the session's X server that acts and looks as a user does."""
+    """A client of the session's X server that acts and sees like a user."""
 
     def __init__(self, name):
         self.name = name
@@ -53,7 +53,7 @@ class Screen:
         time.sleep(rest)
 
     def move_by(self, dx, dy, rest=0.0):
-        """One relative motion event; programs that listen to raw motion see it, too."""
+        """Sends one relative motion event, which raw motion listeners see, too."""
         self._fake(X.MotionNotify, True, x=dx, y=dy, rest=rest)
 
     def move_to(self, x, y, step=STEP_PIXELS, pause=STEP_SECONDS):
@@ -111,13 +111,13 @@ class Screen:
     # Windows
 
     def focus(self):
-        """The id of the window with the keyboard, or 0 for none and the root."""
+        """The id of the window with the keyboard; 0 if it is the root or there is none."""
         window = self.display.get_input_focus().focus
         return 0 if isinstance(window, int) or window.id == self.root.id else window.id
 
     def manages_windows(self):
-        """Whether the window manager manages a new window. It announces itself before it does, and
-        may miss windows mapped in between."""
+        """Whether the window manager manages a new window. It announces itself earlier, and may miss
+        windows mapped in between."""
         window = self.root.create_window(0, 0, 50, 50, 0, X.CopyFromParent)
         window.map()
         try:
@@ -141,7 +141,7 @@ class Screen:
         return frames == [w.id for w in self.root.query_tree().children if w.id in frames]
 
     def top_level(self, number):
-        """The root's child that is or holds the window."""
+        """The root's child that is, or contains, the window."""
         parent = self.resource(number).query_tree().parent
         return number if not parent or parent.id == self.root.id else self.top_level(parent.id)
 
@@ -153,7 +153,7 @@ class Screen:
         )
 
     def input_frame(self, window):
-        """Where the window takes the pointer, as (x, y, width, height) on the screen."""
+        """The bounds of the window's input shape, as (x, y, width, height) on the screen."""
         found = self.resource(window.id).shape_get_rectangles(shape.SK.Input).rectangles
         if not found:
             return window.rect
@@ -161,7 +161,7 @@ class Screen:
         right, bottom = max(r.x + r.width for r in found), max(r.y + r.height for r in found)
         return window.rect[0] + left, window.rect[1] + top, right - left, bottom - top
 
-    # What task bars and pagers ask of the window manager
+    # Requests of task bars and pagers to the window manager
 
     def close_window(self, number):
         self._ask(number, "_NET_CLOSE_WINDOW", X.CurrentTime, 2, 0, 0, 0)
@@ -208,7 +208,7 @@ class Screen:
             origin = self.root.translate_coords(window, 0, 0)
             title = bytes(self.property(window, "_NET_WM_NAME")).decode()
         except (error.BadWindow, error.BadDrawable):
-            return None  # it went away meanwhile
+            return None  # closed meanwhile
         if attributes.map_state != X.IsViewable or attributes.win_class != X.InputOutput:
             return None
         return Window(window.id, title, (origin.x, origin.y, geometry.width, geometry.height))

@@ -40,7 +40,7 @@ class Program:
         return self.process.poll() is None
 
     def rests(self):
-        """Whether the program waits for events: it sleeps, and uses no CPU time, for a while."""
+        """Whether the program is idle: for a while it sleeps and uses no CPU time."""
         seen = set()
         for _ in range(6):
             fields = Path(f"/proc/{self.pid}/stat").read_text().rpartition(")")[2].split()
@@ -49,7 +49,7 @@ class Program:
         return len(seen) == 1 and seen.pop()[0] == "S"
 
     def wake_ups(self):
-        """How often any of the program's threads has gone to sleep so far."""
+        """How often the program's threads have gone to sleep so far."""
         tasks = Path(f"/proc/{self.pid}/task").glob("*/status")
         lines = (line for task in tasks for line in task.read_text().splitlines())
         return sum(int(line.split()[1]) for line in lines if line.startswith("voluntary"))
@@ -70,7 +70,7 @@ class Program:
         return self.window("Perchly")
 
     def frame(self):
-        """Where the shelf is, as (x, y, width, height), without its shadow; or None."""
+        """The shelf's frame (x, y, width, height) without its shadow, or None."""
         panel = self.panel()
         return panel and self._session.screen.input_frame(panel)
 
@@ -83,14 +83,14 @@ class Program:
         return self.process.wait(10)
 
     def kill(self):
-        """Ends the program as a crash does and waits until the X server has noticed."""
+        """Kills the program, as in a crash, and waits until the X server has noticed."""
         self.process.kill()
         self.process.wait()
         wait_until(lambda: not self.windows(), "the windows of a killed program gone")
 
 
 class Session:
-    """Runs until stop() and touches nothing of the user's own desktop.
+    """An isolated session that runs until stop() and leaves the user's desktop alone.
 
     window_manager is "openbox", "xfwm4" (without its compositor), "xfwm4 compositor" or None. bus
     says whether Perchly may reach the session bus; the window manager always can.
@@ -138,7 +138,7 @@ class Session:
         self._stack.close()
 
     def run(self, wait=True):
-        """Starts the program and waits for its shelf, and until it rests."""
+        """Starts the program and waits until its shelf is shown and it is idle."""
         program = Program(self)
         self.programs.append(program)
         if wait:
@@ -186,7 +186,7 @@ class Session:
         wait_until(lambda: owner() != X.NONE, "a compositor")
 
     def start_status_watcher(self):
-        """Starts the desktop's place for status icons."""
+        """Starts a watcher for status icons."""
         watcher = StatusWatcher(self.bus_address)
         self._stack.callback(watcher.close)
         return watcher
@@ -199,7 +199,7 @@ class Session:
         """Starts another program, which ends with the session."""
         with open(log or self.folder / "services.log", "ab") as file:
             service = subprocess.Popen(
-                # A killed test leaves nothing running.
+                # Kills it with a killed test.
                 ("setpriv", "--pdeathsig", "KILL", *command),
                 env=self.environment,
                 cwd=self.folder,
@@ -212,7 +212,7 @@ class Session:
         return service
 
     def _spawn_and_hear(self, *command):
-        """Starts another program and returns the line that it writes when it is ready."""
+        """Starts another program and returns the line that it prints when ready."""
         line = self.spawn(*command, stdout=subprocess.PIPE).stdout.readline().decode().strip()
         assert line, (self.folder / "services.log").read_text(errors="replace")
         return line

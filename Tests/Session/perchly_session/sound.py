@@ -16,7 +16,7 @@ PEAK = 0.25
 
 
 class Sound:
-    """Start it before the program. It ends with the session."""
+    """A sound system; start it before the program. Ends with the session."""
 
     def __init__(self, session):
         self._session = session
@@ -36,7 +36,7 @@ class Sound:
         self._session.spawn(*MPV, "--ao=pipewire", f"av://lavfi:aevalsrc={TONE}|{TONE}")
 
     def level(self):
-        """The output's current peak, relative to the tone's."""
+        """The output's current peak, relative to that of the tone."""
         command = ["pw-record", "--target", "output", "-P", "{ stream.capture.sink=true }"]
         command += ["--format", "f32", "--rate", "48000", "--channels", "2", "-"]
         recorder = self._session.spawn(*command, stdout=subprocess.PIPE)

@@ -1,4 +1,4 @@
-"""The desktop's place for status icons, and the program's item in it."""
+"""A watcher for status icons, and the program's item."""
 
 import threading
 
@@ -17,7 +17,7 @@ MENU = "com.canonical.dbusmenu"
 
 
 class StatusWatcher:
-    """Owns the name by which programs find the desktop's status icons, until close()."""
+    """Owns the bus name of the desktop's status icons until close()."""
 
     def __init__(self, address):
         self._bus = connect(address)
@@ -44,7 +44,7 @@ class StatusWatcher:
         invocation.return_value(None)
 
     def property(self, name):
-        """A property of the item that was registered last."""
+        """A property of the last registered item."""
 
         def read():
             try:

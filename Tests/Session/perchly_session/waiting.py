@@ -1,4 +1,4 @@
-"""Waiting for a state instead of for a time."""
+"""Waits for conditions instead of fixed times."""
 
 import time
 

@@ -34,8 +34,8 @@ WindowBody {
     /// The unsaved text of the sections' fields.
     readonly property ExtrasDrafts drafts: ExtrasDrafts {}
 
-    /// Shows the chosen section, or else the device section, and moves the keyboard into it if the
-    /// previous section had it.
+    /// Shows the chosen section, or else the device section. The keyboard moves from section to
+    /// section.
     function show() {
         const [file, needs] = root.views[root.section] ?? root.views.Device;
         const given = {};

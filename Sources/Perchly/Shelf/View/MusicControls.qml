@@ -1,8 +1,7 @@
 import QtQuick
 import Perchly.Stores
 
-/// Back, play or pause, and forward. In a browser, the outer buttons seek, if it can, instead of
-/// skipping.
+/// Back, play or pause, and forward. For a browser, back and forward seek, if it can.
 Row {
     id: root
 

@@ -2,8 +2,7 @@ import QtQuick
 import Perchly.Look
 import Perchly.Shelf
 
-/// The note, stored as it is typed. It gets the keyboard only when the user presses or tabs into
-/// it.
+/// The note, stored as it is typed. Never takes the keyboard unless the user moves there.
 CardBody {
     id: root
 
