@@ -58,7 +58,7 @@ extern "C" [[gnu::visibility("default")]] void *malloc(size_t size) noexcept {
 class AudioRingTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void playsTheSameBytesAsAPlainLoop_data() {
+    void outputMatchesTheReferenceRing_data() {
         QTest::addColumn<Layouts>("layouts");
         QTest::addColumn<bool>("hasPlayedForADay");
         QTest::newRow("one stereo buffer") << Layouts::Stereo << false;
@@ -67,7 +67,7 @@ private Q_SLOTS:
         QTest::newRow("32-bit frame counters wrap") << Layouts::Stereo << true;
     }
 
-    void playsTheSameBytesAsAPlainLoop() {
+    void outputMatchesTheReferenceRing() {
         QFETCH(Layouts, layouts);
         QFETCH(bool, hasPlayedForADay);
         Random random{std::mt19937(20)};

@@ -63,7 +63,7 @@ private Q_SLOTS:
         QVERIFY(expected > 100000);
     }
 
-    void gainSetByAnotherThreadNeverJumps() {
+    void gainChangesFromAnotherThreadAreSmooth() {
         const Ring ring(perchly_ring_create());
         std::atomic<bool> ended = false;
         std::thread producer([&] {

@@ -65,7 +65,7 @@ private Q_SLOTS:
         QTEST(findMeetingLink(QString::fromUtf8(QTest::currentDataTag())).toString(), "link");
     }
 
-    void findsLinksAfterLongTexts() {
+    void findsLinksAfterLongText() {
         const QString link = QStringLiteral("https://zoom.us/j/1");
         for (const char *before : {"%1 ", "%1://%1 ", "https://x.org/%1 ", "%1:%1 ://"}) {
             const QString text = QString::fromLatin1(before).arg(QString(64'000, u'a'));
@@ -123,7 +123,7 @@ private Q_SLOTS:
         QCOMPARE(f.meetings.message(), QStringLiteral("No meetings in the next seven days."));
     }
 
-    void withdrawnAccessEmptiesTheList() {
+    void withdrawnConsentEmptiesTheList() {
         MeetingsFixture f;
         f.store("a", 1h, 2h);
         f.load();

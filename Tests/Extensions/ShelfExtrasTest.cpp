@@ -80,7 +80,7 @@ private Q_SLOTS:
         QCOMPARE(f.fake.preferences.data(keys::launchGroups), QByteArray("[]"));
     }
 
-    void snippetsAreStoredOnlyWhenAsked() {
+    void snippetsAreStoredOnlyIfEnabled() {
         ExtrasFixture f;
         Snippets &snippets = *f.extras.snippets();
         for (const char *text : {"abc", "", "ABC", "abc", "  "}) {
@@ -122,7 +122,7 @@ private Q_SLOTS:
         }
     }
 
-    void searchComparesLettersInTheUsersLanguage() {
+    void searchIgnoresCaseInTheUsersLanguage() {
         const QLocale before;
         QLocale::setDefault(QLocale(QStringLiteral("tr_TR")));
         const bool turkish = matchesSearch(QStringLiteral("İSTANBUL"), QStringLiteral("istanbul"));
@@ -150,7 +150,7 @@ private Q_SLOTS:
                  QStringLiteral("100% · Plugged in"));
     }
 
-    void failedCaptureIsReportedUntilTheNext() {
+    void captureErrorStaysUntilTheNextCapture() {
         ExtrasFixture f;
         Capture &capture = *f.extras.capture();
         for (const int status : {1, 0}) {
@@ -167,7 +167,7 @@ private Q_SLOTS:
         }
     }
 
-    void previewStartsAtItsFile() {
+    void previewStartsAtTheRequestedFile() {
         ExtrasFixture f;
         const QList<QUrl> files = urls("file:///a file:///b file:///c");
         f.extras.togglePreview(files.at(1), files);

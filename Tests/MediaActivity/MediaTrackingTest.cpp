@@ -105,7 +105,7 @@ private Q_SLOTS:
         QCOMPARE(fixture.fake.scriptHost.runs.count(), 0U);
     }
 
-    void restsWithoutAPlayer() {
+    void stopsPollingWithoutAPlayer() {
         PollFixture fixture;
         const ShelfModel &model = fixture.model;
         fixture.fake.playerNotifications.setPresence(PlayerPresence::None);
@@ -140,7 +140,7 @@ private Q_SLOTS:
         QVERIFY(!fixture.model.musicActive());
     }
 
-    void followsAnnouncementsWithoutASession() {
+    void usesPlayerSignalsWithoutASession() {
         PollFixture fixture;
         const ShelfModel &model = fixture.model;
         const auto announce = [&](const QString &player, const QVariant &title) {
@@ -166,7 +166,7 @@ private Q_SLOTS:
                  QStringLiteral("Apple Music|com.apple.Music|B|Focus session"));
     }
 
-    void sendsWhatTheFreshReadingAsksFor() {
+    void playOrPauseDependsOnAFreshReading() {
         PressFixture press(QStringLiteral("playpause"));
         press.model.control(QStringLiteral("next track")); // ignored
         QCOMPARE(press.fake.scriptHost.scripts, QStringList(readScript()));
@@ -191,7 +191,7 @@ private Q_SLOTS:
         QCOMPARE(target(MediaPlaybackCommand::Forward, 195, 200), 200);
     }
 
-    void commandsEnd_data() {
+    void commandsEndWithTheRightError_data() {
         QTest::addColumn<QString>("word");
         QTest::addColumn<QString>("answers");
         QTest::addColumn<QString>("error");
@@ -215,7 +215,7 @@ private Q_SLOTS:
         row("seek near its target", "forward", "plays yes off endless near", {});
     }
 
-    void commandsEnd() {
+    void commandsEndWithTheRightError() {
         QFETCH(const QString, word);
         QFETCH(const QString, answers);
         PressFixture press(word);
@@ -227,7 +227,7 @@ private Q_SLOTS:
         QTEST(press.model.controlError(), "error");
     }
 
-    void tellsPlayersOutsideTheSession() {
+    void sendsCommandsToPlayersOutsideTheSession() {
         MediaFixture fixture;
         Q_EMIT fixture.fake.playerNotifications.received(
             QStringLiteral("com.spotify.client.PlaybackStateChanged"), {});

@@ -36,7 +36,7 @@ QByteArray pdf() {
 class PreviewContentTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void showsWhatItCanRead() {
+    void contentDecidesTheKindOfPreview() {
         struct Case {
             const char *name;
             QByteArray bytes;

@@ -48,7 +48,7 @@ const QByteArray picture("\x89PNG…");
 class ClipboardHistoryTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void keepsThirtyAndSkipsTheSameTextAgain() {
+    void keepsThirtyClipsAndSkipsRepeatedTexts() {
         ClipboardFixture fixture;
         fixture.copy(QStringLiteral("a"));
         QCOMPARE(fixture.fake.pasteboard.asked.first().unwanted,
@@ -84,7 +84,7 @@ private Q_SLOTS:
         QCOMPARE(fixture.labels(), QStringLiteral("on"));
     }
 
-    void dropsACopyThatIsBeingRead() {
+    void clearingDropsACopyBeingRead() {
         const std::function<void(ClipboardHistory &)> actions[]{
             [](auto &history) { history.setEnabled(false); },
             [](auto &history) { history.setPaused(true); }, [](auto &history) { history.clear(); },
@@ -101,7 +101,7 @@ private Q_SLOTS:
         }
     }
 
-    void readsOnlyCopiesAndAtMostEvery800Milliseconds() {
+    void readsAtMostEvery800Milliseconds() {
         ClipboardFixture fixture;
         FakePasteboard &pasteboard = fixture.fake.pasteboard;
         for (int number = 0; number < 5; ++number) {

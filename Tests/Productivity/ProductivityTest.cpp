@@ -46,7 +46,7 @@ private Q_SLOTS:
             QStringLiteral("file:///a file:///a[1](b) file:///%FF%5B file:///%FE%5B http://b"));
     }
 
-    void takesDroppedAndTypedLinksWithLowerCaseSchemes() {
+    void acceptsOnlyLinksWithLowerCaseSchemes() {
         ToolsFixture f;
         QVERIFY(f.held.holdDropped(
             QStringLiteral("# a comment\r\nHTTPS://a.example/\r\nhttps://b.example/\r\n\r\n"
@@ -61,7 +61,7 @@ private Q_SLOTS:
                                                        "https://example.org/%C3%A4?q=1#part"));
     }
 
-    void labelsHeldFilesByTheirNames() {
+    void labelsHeldFilesByName() {
         ToolsFixture f;
         f.held.addFiles();
         f.fake.openPanel.dialogs.answer(
@@ -138,7 +138,7 @@ private Q_SLOTS:
         QCOMPARE(f.fake.preferences.data(keys::savedLayouts), QByteArray("[]"));
     }
 
-    void shortcutsStayWhenTheNextListFails() {
+    void failedListKeepsEarlierShortcuts() {
         ToolsFixture f;
         Shortcuts &shortcuts = *f.tools.shortcuts();
         shortcuts.refresh();
@@ -173,7 +173,7 @@ private Q_SLOTS:
         QCOMPARE(f.fake.shortcuts.stops, 1);
     }
 
-    void shortcutsFolderIsMadeAndOpened() {
+    void shortcutsFolderIsCreatedAndOpened() {
         ToolsFixture f;
         f.tools.shortcuts()->openFolder();
         QCOMPARE(f.fake.applications.opened, QStringList(QStringLiteral("file:///shortcuts")));

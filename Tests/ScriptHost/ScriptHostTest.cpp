@@ -71,7 +71,7 @@ private Q_SLOTS:
         QVERIFY2(reading.contains(part), reading.constData());
     }
 
-    void givesUpHangingPlayers() {
+    void hangingPlayersTimeOut() {
         const PlayerProcess silent("a_silent", R"({"behaviour": "silent"})");
         const PlayerProcess paused("paused", titled("Paused", "Paused"));
         QElapsedTimer timer;
@@ -84,7 +84,7 @@ private Q_SLOTS:
         QVERIFY(timer.elapsed() < 900);
     }
 
-    void choosesTheOwner_data() {
+    void choosesTheSessionOwner_data() {
         QTest::addColumn<PlayerMemory>("before");
         QTest::addColumn<QByteArray>("looks"); ///< a name and a state each; see below
         QTest::addColumn<QByteArray>("after");
@@ -109,7 +109,7 @@ private Q_SLOTS:
             "+a-b", "b");
     }
 
-    void choosesTheOwner() {
+    void choosesTheSessionOwner() {
         QFETCH(const PlayerMemory, before);
         QFETCH(const QByteArray, looks);
         std::vector<Player> players;
@@ -134,7 +134,7 @@ private Q_SLOTS:
         QTEST(QByteArray(owner != nullptr ? owner->busName.c_str() : ""), "owner");
     }
 
-    void lastToStartOwnsTheSession() {
+    void lastStartedPlayerOwnsTheSession() {
         const PlayerProcess first("b", titled("First"));
         QVERIFY(read().contains("First"));
         {
@@ -169,7 +169,7 @@ private Q_SLOTS:
         QTEST(player.commands(), "reached");
     }
 
-    void playerScriptsReachTheirPlayer() {
+    void playerScriptsReachTheNamedPlayer() {
         installApplication(QStringLiteral("org.example.Tunes"),
                            "Exec=true\nMimeType=audio/mpeg;\nCategories=Audio;Player;");
         PlayerProcess tunes("tunes");
@@ -184,7 +184,7 @@ private Q_SLOTS:
         QCOMPARE(tunes.commands(), QStringLiteral("Next"));
     }
 
-    void scriptsReachOnlyPlayers() {
+    void scriptsCanReachOnlyPlayers() {
         QCOMPARE(evaluate(QStringLiteral("[typeof native, typeof Duktape].join()")),
                  QByteArray("undefined,undefined"));
         QCOMPARE(evaluate(QStringLiteral("while (true) {}")), QByteArray("failed"));

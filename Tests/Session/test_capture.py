@@ -18,7 +18,7 @@ class CaptureTest(SessionCase):
         numbers = self.session.call(*command, check=False).split()
         return [window for number in numbers for window in self.screen.windows_of(int(number))]
 
-    def test_a_capture_is_held_and_previewed(self):
+    def test_capture_is_held_and_previewed(self):
         self.start(size=(1600, 900))
         self.screen.key(*TOGGLE)
         self.click("Capture")
@@ -65,7 +65,7 @@ class PreviewTest(SessionCase):
 
         wait_until(there, f"{title} in {colour}", timeout=20)
 
-    def test_a_preview_goes_from_file_to_file_and_stays_while_out_of_sight(self):
+    def test_preview_switches_files_and_survives_minimising(self):
         self.start_session()
         video = moving_picture(self.session.folder / "video.mp4")
         text, broken = b"a line of text\n" * 100, b"x" * 5000

@@ -23,7 +23,7 @@ class CardsTest(SessionCase):
         self.screen.click(410, 106)
         self.expect_keyboard()
 
-    def test_a_chooser_keeps_the_shelf_open_until_it_ends(self):
+    def test_chooser_keeps_the_shelf_open(self):
         self.open_beside_other_window()
         for end in (lambda: self.screen.key("Escape"), lambda: self.screen.click(200, 660)):
             self.hover()
@@ -37,7 +37,7 @@ class CardsTest(SessionCase):
             self.screen.move_by(3, 0)
             self.expect_pill()
 
-    def test_a_note_survives_a_kill_and_gives_the_keyboard_back(self):
+    def test_note_survives_a_kill_and_returns_the_keyboard(self):
         self.open_note()
         self.screen.type_text("tea and\nmilk")
         self.expect_stored(quickNote="tea and\nmilk")
@@ -50,7 +50,7 @@ class CardsTest(SessionCase):
         self.hover()
         self.expect_stored(quickNote="tea and\nmilk")
 
-    def test_an_alert_takes_no_key_from_the_note(self):
+    def test_alert_does_not_take_keys_from_the_note(self):
         self.open_note()
         player = ScriptedPlayer(self.session, behaviour="refuses")
         self.tree.find("Pause", "push button").press()
@@ -63,7 +63,7 @@ class CardsTest(SessionCase):
         self.screen.type_text("b")
         self.expect_stored(quickNote=" a" * 40 + "b")
 
-    def test_an_entry_is_launched_by_click_and_digit(self):
+    def test_click_and_digit_launch_entries(self):
         self.start_session()
         traces = [self.session.folder / f"launched{number}" for number in range(2)]
         paths = [str(self.session.install(t.name, f'sh -c "env >{t}"')) for t in traces]

@@ -9,7 +9,7 @@ from perchly_session.waiting import wait_until
 
 
 class DockingTest(SessionCase):
-    def test_it_docks_where_it_is_dropped_and_stays_there_after_a_restart(self):
+    def test_shelf_docks_where_dropped_and_stays_after_a_restart(self):
         kept = {"shelfTheme": "Ocean", "shelfAccent": "Orange", "aKeyOfALaterVersion": "kept"}
         self.start(kept | {"openOnHover": False})
         self.screen.key(*SEARCH)
@@ -30,7 +30,7 @@ class DockingTest(SessionCase):
         self.screen.key("Escape")
         self.expect_frame((0, 441, 34, 120), "the strip")
 
-    def test_a_quick_drag_counts_where_it_starts_and_ends(self):
+    def test_quick_drag_uses_press_and_release_positions(self):
         self.start({"openOnHover": False})
         self.screen.move_to(600, 20)
         xtest.fake_input(self.screen.display, X.ButtonPress, 1)
@@ -41,7 +41,7 @@ class DockingTest(SessionCase):
         self.screen.display.sync()
         self.expect_frame((1246, 261, 34, 120), "the strip at the right edge")
 
-    def test_it_follows_displays_and_docks_of_the_desktop(self):
+    def test_shelf_follows_display_and_dock_changes(self):
         right_half = (640, 0, 640, 800)
         stored = {"shelfEdge": "right", "shelfEdgePosition": 0.0, "displayIndex": 1}
         self.start_session()
@@ -66,7 +66,7 @@ class DockingTest(SessionCase):
         dock.close()
         self.expect_frame((1246, 680, 34, 120), "the strip in the corner")
 
-    def test_everything_is_twice_as_large_at_scale_two(self):
+    def test_scale_two_doubles_all_sizes(self):
         self.start(scale=2)
         self.expect_frame((350, 0, 580, 68), "the pill")
         self.screen.move_to(640, 60)

@@ -8,7 +8,7 @@ NAME = "mpv Media Player"
 
 
 class MixerTest(SessionCase):
-    def test_a_program_is_turned_down_muted_and_given_back(self):
+    def test_program_is_turned_down_muted_and_released(self):
         self.start_session()
         self.sound = Sound(self.session)
         item = self.session.start_status_watcher()

@@ -18,7 +18,7 @@ class RestartTest(SessionCase):
         self.assertEqual(second.process.wait(20), 0, second.errors())
         return second
 
-    def test_a_second_start_shows_the_first_ones_shelf(self):
+    def test_second_start_shows_the_running_shelf(self):
         self.expected_errors = (NO_BUS, NO_ANSWER)  # eight simultaneous starts are slow
         for bus in (True, False):
             with self.subTest(bus=bus):
@@ -34,7 +34,7 @@ class RestartTest(SessionCase):
                 self.expect_open()
                 self.assertTrue(self.program.running())
 
-    def test_a_first_that_hangs_holds_the_second_up_shortly(self):
+    def test_hanging_instance_delays_a_second_start_briefly(self):
         self.expected_errors = (NO_ANSWER,)
         self.start()
         os.kill(self.program.pid, signal.SIGSTOP)

@@ -31,7 +31,7 @@ class ShelfTest(SessionCase):
 
     # Hovering
 
-    def test_hovering_opens_and_leaves_the_keyboard(self):
+    def test_hovering_opens_without_taking_the_keyboard(self):
         self.start_beside_other_window()
         self.screen.move_to(300, 0)
         self.keeps_frame(PILL, "the pill with the pointer beside it", 0.3)
@@ -47,7 +47,7 @@ class ShelfTest(SessionCase):
 
     # The keyboard
 
-    def test_the_chord_opens_and_either_key_closes(self):
+    def test_chord_opens_and_chord_or_escape_closes(self):
         self.start_beside_other_window()
         self.screen.key(*TOGGLE)
         self.expect_open_with_keyboard()
@@ -85,7 +85,7 @@ class ShelfTest(SessionCase):
         self.expect_pill()
         self.assertEqual(self.screen.focus(), third.id, "the keyboard was taken from its user")
 
-    def test_without_a_bus_and_a_window_manager_the_keyboard_comes_back(self):
+    def test_keyboard_returns_without_bus_and_window_manager(self):
         self.expected_errors = (NO_BUS,)
         self.start_beside_other_window(bus=False, window_manager=None)
         self.hover()
@@ -102,7 +102,7 @@ class ShelfTest(SessionCase):
 
     # The chords
 
-    def test_locks_do_not_matter_and_other_modifiers_do(self):
+    def test_chord_ignores_lock_keys_but_not_modifiers(self):
         self.start_beside_other_window()
         for key, bit in LOCK_KEYS.items():
             self.screen.key(key)
@@ -134,7 +134,7 @@ class ShelfTest(SessionCase):
         self.screen.key(*SEARCH)
         self.window(WORKSPACE)
 
-    def test_the_chords_follow_the_keyboard_layout(self):
+    def test_chords_follow_the_keyboard_layout(self):
         self.start()
         self.session.call("setxkbmap", "us", "-variant", "dvorak")
         hands = Screen(self.screen.name)

@@ -33,7 +33,7 @@ class SurroundingsTest(SessionCase):
 
     # Missing and broken services
 
-    def test_without_a_bus_the_icon_is_in_a_tray(self):
+    def test_icon_appears_in_a_tray_without_a_bus(self):
         self.expected_errors = (NO_BUS,)
         self.start(bus=False)
         tray = self.session.spawn("trayer", "--edge", "bottom")
@@ -44,7 +44,7 @@ class SurroundingsTest(SessionCase):
 
         wait_until(docked, "the icon in the tray")
 
-    def test_a_bus_that_never_answers_holds_nothing_up(self):
+    def test_silent_bus_delays_nothing(self):
         self.expected_errors = (NO_BUS,)
         self.start_session()
         with socket.socket(socket.AF_UNIX) as silent:
@@ -56,7 +56,7 @@ class SurroundingsTest(SessionCase):
             self.expect_hover_and_chord()
             self.assertRegex(self.program.errors(), NO_BUS)
 
-    def test_without_a_display_it_runs_and_says_so(self):
+    def test_missing_display_is_reported(self):
         self.expected_errors = ("perchly: no X display: .*",)
         self.start_session(window_manager=None)
         self.session.environment["DISPLAY"] = ":9999"
@@ -64,7 +64,7 @@ class SurroundingsTest(SessionCase):
         wait_until(program.errors, "a message about the display")
         wait_while(program.running, "the program without a display", 0.5)
 
-    def test_the_status_icon_comes_with_a_panel_and_suits_it(self):
+    def test_status_icon_matches_the_panel(self):
         for installed in (False, True):
             with self.subTest(installed=installed):
                 self.start_session()
@@ -89,7 +89,7 @@ class SurroundingsTest(SessionCase):
 
     # Compositors
 
-    def test_a_compositor_lets_the_window_below_through(self):
+    def test_window_below_shows_through_with_a_compositor(self):
         self.start_session()
         other = self.other_window(state="FULLSCREEN").take_focus()
         self.session.store(shelfOpacity=0.5)
@@ -123,7 +123,7 @@ class SurroundingsTest(SessionCase):
 
     # Stacking
 
-    def test_above_full_screen_windows(self):
+    def test_shelf_stays_above_full_screen_windows(self):
         self.start()
         window = self.other_window(state="FULLSCREEN").show()
         self.expect_above(window)
@@ -132,7 +132,7 @@ class SurroundingsTest(SessionCase):
         self.expect_above(window)
         self.expect_hover_and_chord()
 
-    def test_above_windows_that_move_or_grow(self):
+    def test_shelf_stays_above_windows_that_move_or_grow(self):
         for manager in {WINDOW_MANAGER, WINDOW_MANAGER.replace("xfwm4", "xfwm4 compositor")}:
             with self.subTest(manager):
                 self.start(window_manager=manager)
@@ -148,7 +148,7 @@ class SurroundingsTest(SessionCase):
                 self.screen.move_to(*self.on_pill())
                 self.expect_above(later)
 
-    def test_below_screen_locks_and_menus(self):
+    def test_shelf_stays_below_screen_locks_and_menus(self):
         self.start()
         other = self.other_window((300, 0, 400, 200))
         for rect, kind in (((0, 0, 1280, 800), "NORMAL"), ((600, 0, 120, 300), "POPUP_MENU")):

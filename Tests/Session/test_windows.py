@@ -29,7 +29,7 @@ OCEAN = (5, 20, 36)
 
 
 class WindowTest(SessionCase):
-    def test_the_status_item_opens_windows_and_quits(self):
+    def test_status_item_opens_windows_and_quits(self):
         self.start()
         item = self.session.start_status_watcher()
         self.assertEqual([entry[1:] for entry in item.menu()], MENU)
@@ -56,7 +56,7 @@ class WindowTest(SessionCase):
         item.choose("Quit Perchly")
         self.assertEqual(self.program.process.wait(10), 0)
 
-    def test_settings_change_the_shelf_at_once(self):
+    def test_settings_apply_at_once(self):
         self.start_session(size=(2080, 800))
         self.session.add_monitor(0, (0, 0, 1280, 800))
         self.session.add_monitor(1, (1280, 0, 800, 600))
@@ -90,7 +90,7 @@ class WindowTest(SessionCase):
         self.tree.find(COPIED)
         self.assertEqual(pasted(self.session), "/etc/hosts")
 
-    def test_the_search_launches_an_application(self):
+    def test_search_launches_an_application(self):
         self.start_session()
         trace = self.session.folder / "trace"
         self.session.install("Zebra", f"touch {trace}")
@@ -102,7 +102,7 @@ class WindowTest(SessionCase):
         self.screen.key("Return")
         wait_until(trace.exists, "the application")
 
-    def test_a_shortcut_runs(self):
+    def test_shortcut_runs(self):
         self.start_session()
         trace = self.session.folder / "trace"
         script = self.session.data_folder("perchly/shortcuts") / "Make tea.sh"
@@ -114,7 +114,7 @@ class WindowTest(SessionCase):
         self.tree.find("Finished: Make tea")
         self.assertEqual(trace.read_text(), "x\n")
 
-    def test_meetings_are_shown_while_the_user_allows(self):
+    def test_meetings_are_shown_only_with_consent(self):
         self.start_session()
         (self.session.home / ".calendars" / "work").mkdir(parents=True)
         self.run_program()

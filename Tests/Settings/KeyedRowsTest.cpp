@@ -38,7 +38,7 @@ struct Letters : KeyedRows {
 class KeyedRowsTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void keepsIndexesOfRowsThatStay() {
+    void remainingRowsKeepTheirIndexes() {
         Letters rows;
         const QAbstractItemModelTester tester(
             &rows, QAbstractItemModelTester::FailureReportingMode::QtTest);
@@ -65,7 +65,7 @@ private Q_SLOTS:
         }
     }
 
-    void announcesOnlyWhatChanged() {
+    void announcesOnlyChanges() {
         Letters rows;
         rows.set(QStringLiteral("abcd"));
         const QSignalSpy removed(&rows, &QAbstractItemModel::rowsRemoved);

@@ -54,7 +54,7 @@ struct LibraryFixture {
 class ShelfLibraryTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void replacesAnUnreadableLibraryByTheWidgets() {
+    void unreadableLibraryIsReplacedByTheWidgets() {
         const LibraryFixture fixture(QByteArray("[{\"id\":"));
         QCOMPARE(fixture.entries(), QStringLiteral("Clock Focus timer Music Quick note Calendar"));
         QCOMPARE(LibraryFixture(QByteArray("[]")).entries(), QString());

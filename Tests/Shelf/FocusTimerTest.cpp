@@ -57,7 +57,7 @@ struct FocusFixture {
 class FocusTimerTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void focusPausesAndCountsOnceComplete() {
+    void completedFocusSessionCountsOnce() {
         FocusFixture fixture;
         ShelfModel &model = fixture.start();
         model.setQuietFocus(true);
@@ -113,7 +113,7 @@ private Q_SLOTS:
         QCOMPARE(lengths(maxMinutes + 1.0), QPair(maxMinutes, maxMinutes));
     }
 
-    void pausingRoundsUpAndLateTicksDoNotAddUp() {
+    void pausingRoundsUpAndLateTicksAddNoError() {
         FocusFixture fixture;
         ShelfModel &model = fixture.start();
         model.focus();
@@ -128,7 +128,7 @@ private Q_SLOTS:
         QVERIFY(!model.running() && model.seconds() == 0);
     }
 
-    void wakesEachSecondOnlyWhileItRuns() {
+    void wakesEachSecondOnlyWhileRunning() {
         FocusFixture fixture;
         ShelfModel &model = fixture.start();
         const QSignalSpy seconds(&model, &ShelfModel::secondsChanged);
@@ -158,7 +158,7 @@ private Q_SLOTS:
                               QStringLiteral("focusSessions+focusTotalMinutes")}));
     }
 
-    void sessionThatEndedInSleepCountsOnWaking() {
+    void sessionThatEndsDuringSleepCountsOnWakeUp() {
         FocusFixture fixture({14, 0});
         fixture.start().focus();
         fixture.clock.sleepFor(20h);
@@ -168,7 +168,7 @@ private Q_SLOTS:
         QCOMPARE(fixture.sound.played, 1);
     }
 
-    void settingTheWallClockMovesTheDayAndTheRemainder() {
+    void wallClockChangesAffectDayAndRemainingTime() {
         FocusFixture fixture({12, 0});
         ShelfModel &model = fixture.start();
         fixture.clock.setWallClock(fixture.clock.now() + 3h);

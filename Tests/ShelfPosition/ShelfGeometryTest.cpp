@@ -53,7 +53,7 @@ private:
 class ShelfGeometryTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void pillsGrowAroundACameraHousing() {
+    void pillGrowsAroundACameraHousing() {
         Display deeper = housed;
         deeper.safeAreaTop = 38;
         QCOMPARE(compactSize({Top, 0.5}, plain), (CompactSize{290, 34, 0}));
@@ -62,7 +62,7 @@ private Q_SLOTS:
         QCOMPARE(compactSize({Left, 0.5}, housed), (CompactSize{34, 120, 0}));
     }
 
-    void framesFollowEdgePositionAndScale() {
+    void frameDependsOnEdgePositionAndScale() {
         struct Case {
             const char *name;
             ShelfSize size;
@@ -82,7 +82,7 @@ private Q_SLOTS:
         }
     }
 
-    void dropsDockAtTheNearestEdge() {
+    void dropDocksAtTheNearestEdge() {
         const Display usual{.frame = {0, 0, 1000, 800}, .visibleFrame = {50, 100, 900, 600}};
         QCOMPARE(dropPlace({100, 800}, usual), (ShelfPosition{Top, 0.1}));
         QCOMPARE(dropPlace({990, 250}, usual), (ShelfPosition{Right, 0.25}));
@@ -91,7 +91,7 @@ private Q_SLOTS:
         QVERIFY(dropPlace({756 - 241, 975}, housed).position < 0.4);
     }
 
-    void frameIsAlwaysInsideItsArea() {
+    void frameNeverExceedsItsArea() {
         RandomDisplays random;
         for (int i = 0; i < 10'000; ++i) {
             const Display display = random.display(1);
@@ -107,7 +107,7 @@ private Q_SLOTS:
         }
     }
 
-    void droppingAShelfInItsPlaceChangesNothing() {
+    void droppingTheShelfInPlaceChangesNothing() {
         RandomDisplays random;
         for (int i = 0; i < 5'000; ++i) {
             const Display display = random.display(800);

@@ -8,7 +8,7 @@ using namespace perchly;
 class KeysTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void answersOnlyItsOwnKeys() {
+    void handlesOnlyItsOwnKeys() {
         ShellFixture shell;
         FakeKeys &keys = shell.fake.keys;
         constexpr Modifiers controlOption = Modifier::Control | Modifier::Option;
@@ -26,7 +26,7 @@ private Q_SLOTS:
         QVERIFY(!shell.expanded());
     }
 
-    void borrowedKeyboardGoesBackWithTheShelf() {
+    void closingReturnsABorrowedKeyboard() {
         ShellFixture shell;
         QVERIFY2(!shell.delegate->takeKeyboard(), "the collapsed shelf took it");
         shell.pointerOntoPill();
@@ -42,7 +42,7 @@ private Q_SLOTS:
         QVERIFY2(shell.fake.panel.keyboard, "keyboard mode lost it");
     }
 
-    void launchesTheShownEntryOfADigit() {
+    void digitLaunchesTheShownEntry() {
         ShellFixture shell;
         const auto application = [](const QString &name) {
             return ShelfItem::forApplication(QStringLiteral("/apps/") + name, name);
@@ -67,7 +67,7 @@ private Q_SLOTS:
                  (QStringList{QStringLiteral("/apps/three"), QStringLiteral("/apps/one")}));
     }
 
-    void reportsHotKeysHeldByOthers() {
+    void reportsHotKeysTakenByOtherPrograms() {
         const auto message = [](const QSet<int> &heldByOthers) {
             ShellFixture shell([&](FakeHosts &fake) { fake.hotKeys.heldByOthers = heldByOthers; });
             return shell.delegate->productivity().message();

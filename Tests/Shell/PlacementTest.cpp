@@ -40,7 +40,7 @@ private Q_SLOTS:
         QCOMPARE(shell.fake.panel.frame.width, 792);
     }
 
-    void dragsFromEightPointsOn() {
+    void dragStartsAtEightPoints() {
         const auto clicks = [](double dx, double dy) {
             ShellFixture shell;
             drag(shell, onPill, {onPill.x + dx, onPill.y + dy});

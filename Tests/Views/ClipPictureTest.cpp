@@ -28,7 +28,7 @@ QByteArray hugePng() {
 class ClipPictureTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void decodesPicturesSmallOrNotAtAll_data() {
+    void decodesPicturesToTheShownSize_data() {
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QSize>("size");
         QTest::newRow("a large PNG") << encoded({700, 350}, "PNG") << QSize(70, 35);
@@ -38,7 +38,7 @@ private Q_SLOTS:
         QTest::newRow("another format") << encoded({7, 5}, "BMP") << QSize(0, 0);
     }
 
-    void decodesPicturesSmallOrNotAtAll() {
+    void decodesPicturesToTheShownSize() {
         QFETCH(QByteArray, bytes);
         QTEST(ClipPicture::decoded(bytes, {70, 50}).size(), "size");
     }

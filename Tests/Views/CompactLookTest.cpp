@@ -8,7 +8,7 @@ namespace perchly {
 class CompactLookTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void showsTheMostImportantThing() {
+    void showsTheMostImportantActivity() {
         CompactFacts facts{.busyShortcut = QStringLiteral("Resize images"),
                            .timerRuns = true,
                            .seconds = 125,

@@ -24,7 +24,7 @@ ShelfTestCase {
         mouseRelease(root.view, fromX + byX, root.entryY);
     }
 
-    function test_arrowsAndWheelPage() {
+    function test_arrowsAndWheelTurnThePage() {
         root.openWith(14);
         root.press("Previous icons");
         compare(root.strip.offset, 0);
@@ -42,7 +42,7 @@ ShelfTestCase {
         compare(root.strip.offset, 0);
     }
 
-    function test_dragPagesAndLaunchesNothing() {
+    function test_dragTurnsThePageWithoutLaunching() {
         root.openWith(10);
         root.drag(root.firstX + 400, -60);
         tryCompare(root.strip, "shift", -230);
@@ -53,7 +53,7 @@ ShelfTestCase {
         compare(root.fixture.takeCalls(), ["launch /apps/b"]);
     }
 
-    function test_keyboardPagesAndReachesHiddenEntries() {
+    function test_keyboardReachesHiddenEntries() {
         root.openWith(14);
         root.view.forceActiveFocus();
         root.tab(5); // past both menus, the session and the settings to the first entry

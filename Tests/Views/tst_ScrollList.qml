@@ -91,7 +91,7 @@ ViewTestCase {
         root.reach([Qt.Key_Backtab], "before");
     }
 
-    function test_keyboardStaysWhenRowsComeAndGo() {
+    function test_focusSurvivesInsertedAndRemovedRows() {
         root.open(3);
         root.reach([Qt.Key_Tab, Qt.Key_Down, Qt.Key_Right], "row1b");
         root.rows.model.insert(0, { name: "first", buttons: 2 });

@@ -33,7 +33,7 @@ ShelfTestCase {
         verify(root.view.choosing);
     }
 
-    function test_chooserEnds_data() {
+    function test_chooserCloses_data() {
         return [
             { tag: "at a press elsewhere, which does nothing more", end: () => mouseClick(root.view, 26 + 20 + 20, 365) },
             { tag: "when the shelf closes", end: () => root.fixture.setExpanded(false) },
@@ -41,7 +41,7 @@ ShelfTestCase {
         ];
     }
 
-    function test_chooserEnds(data) {
+    function test_chooserCloses(data) {
         root.open("top");
         root.expand();
         root.press("Pin Focus timer");
@@ -52,7 +52,7 @@ ShelfTestCase {
         compare(root.fixture.takeCalls(), ["takeKeyboard", "returnKeyboard"]);
     }
 
-    function test_activityCardShowsTheMostImportantThing() {
+    function test_activityCardShowsTheMostImportantActivity() {
         root.open("top");
         root.expand();
         compare(root.activity(), ["StaticText: Ready when you are", "StaticText: Your current activity lives here"]);
@@ -68,7 +68,7 @@ ShelfTestCase {
         compare(root.fixture.model.activity, "Ready when you are");
     }
 
-    function test_noteIsStoredOnlyByTyping() {
+    function test_noteIsStoredOnlyWhenTyped() {
         root.fixture.prefer("leftWidget", "Quick note");
         root.fixture.prefer("quickNote", "milk");
         root.open("top");
@@ -93,7 +93,7 @@ ShelfTestCase {
         }
     }
 
-    function test_playbackControlsSeekInBrowsers() {
+    function test_playbackButtonsSeekInBrowsers() {
         root.fixture.prefer("rightWidget", "Music");
         root.open("top");
         root.expand();

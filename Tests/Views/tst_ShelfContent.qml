@@ -3,14 +3,14 @@ import QtQuick
 ShelfTestCase {
     id: root
 
-    function test_opensAgainstItsEdge_data() {
+    function test_opensAtItsEdge_data() {
         return [
             { tag: "top", edge: "top", scale: 1, outline: Qt.rect(26, 0, 660, 429) },
             { tag: "right, smaller", edge: "right", scale: 0.85, outline: Qt.rect(26, 65, 590, 365) }
         ];
     }
 
-    function test_opensAgainstItsEdge(data) {
+    function test_opensAtItsEdge(data) {
         root.fixture.prefer("shelfScale", data.scale);
         root.open(data.edge);
         compare(root.view.shapeRect, root.view.layout.outline);
@@ -19,7 +19,7 @@ ShelfTestCase {
         compare(root.view.shapeRect, data.outline);
     }
 
-    function test_opensInsideItsRoom() {
+    function test_openShelfFitsItsPanel() {
         root.open("right");
         root.view.compactRect = Qt.rect(26 + 660, 26, 34, 120);
         root.expand();
@@ -39,7 +39,7 @@ ShelfTestCase {
         compare(root.fixture.takeCalls(), ["toggleKeyboardOpen"]);
     }
 
-    function test_openShelfHasEveryButtonInOrder() {
+    function test_openShelfHasAllButtonsInOrder() {
         root.fixture.prefer("leftWidget", "Calendar");
         root.open("left");
         root.fixture.productivity.held.hold(["file:///tmp/a", "https://example.org"]);
@@ -62,7 +62,7 @@ ShelfTestCase {
         ].join("\n"));
     }
 
-    function test_focusRunsAQuietSession() {
+    function test_focusButtonStartsAQuietSession() {
         root.open("top");
         root.expand();
         root.press("Focus");
@@ -90,7 +90,7 @@ ShelfTestCase {
         compare(root.fixture.takeCalls(), ["pressed", "moved", "moved", "released"]);
     }
 
-    function test_tooltipFollowsItsText() {
+    function test_tooltipFollowsTextChanges() {
         root.open("top");
         mouseMove(root.view, 100, 15);
         wait(300);

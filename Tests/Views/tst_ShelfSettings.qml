@@ -28,7 +28,7 @@ ViewTestCase {
         return root.everything().filter(found => found === thing).length;
     }
 
-    function test_entriesHaveTheirButtonsInOrder() {
+    function test_entriesHaveAllButtonsInOrder() {
         root.fixture.fill(["Clock"], ["b"]);
         root.open("My shelf");
         tryVerify(() => root.count("ListItem: b") === 1); // once the list has its height

@@ -63,7 +63,7 @@ ViewTestCase {
         }
     }
 
-    function test_sectionsHaveTheirTextsInOrder() {
+    function test_sectionsHaveAllTextsInOrder() {
         root.open("Search");
         for (const [section, texts] of [
             ["Search", ["EditableText: Search apps, notes, clipboard, and files", "Heading: Apps",
@@ -114,7 +114,7 @@ ViewTestCase {
         verify(!root.has("Button: Dismiss"));
     }
 
-    function test_draftsSurviveAnotherSectionAndAreSaved() {
+    function test_draftsSurviveSectionChanges() {
         root.fixture.fill([], ["one"]);
         root.open("Files");
         root.view.drafts.link = "https://example.org";

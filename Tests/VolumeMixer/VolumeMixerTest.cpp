@@ -86,7 +86,7 @@ private Q_SLOTS:
         QCOMPARE(names(), sorted);
     }
 
-    void programsOfOneNameShowTheirPids() {
+    void programsWithTheSameNameShowTheirPids() {
         m_audio->applications.insert(2, {QStringLiteral("Music"), {}});
         m_mixer->refresh();
         QCOMPARE(m_mixer->appList()->index(0).data(AudioAppList::ProcessRole).toString(),
@@ -146,7 +146,7 @@ private Q_SLOTS:
         QCOMPARE(heard(*m_audio, 1), 0.6F);
     }
 
-    void routesEnd() {
+    void releaseAndOutputChangesEndRoutes() {
         struct Row {
             std::function<void(VolumeMixer &, FakeAudioSystem &)> event;
             std::set<AudioObject> left;
@@ -183,7 +183,7 @@ private Q_SLOTS:
         }
     }
 
-    void outputChangeWithoutRoutesShowsNoError() {
+    void outputChangeWithoutRoutesIsNoError() {
         m_mixer->refresh();
         for (const AudioObject output : {0U, 41U}) {
             m_audio->output = output;

@@ -41,7 +41,7 @@ private Q_SLOTS:
         QCOMPARE(found().size(), before + 99);
     }
 
-    void entriesAnywhereAreDescribed() {
+    void entriesInAnyFolderAreDescribed() {
         const QString elsewhere = QDir::tempPath() + QStringLiteral("/elsewhere.desktop");
         writeFile(elsewhere, "[Desktop Entry]\nType=Application\nName=Else\nExec=not-there\n");
         QStringList names;
@@ -52,7 +52,7 @@ private Q_SLOTS:
                                          QStringLiteral("Hidden")}));
     }
 
-    void destroyedCatalogNeverAnswers() {
+    void destroyedCatalogNeverCompletes() {
         bool told = false;
         std::make_unique<DesktopCatalog>()->find([&](const auto &) { told = true; });
         QTest::qWait(50);

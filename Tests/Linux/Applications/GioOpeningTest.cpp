@@ -90,7 +90,7 @@ private Q_SLOTS:
         QVERIFY2(own == QStringLiteral("null") || !mark().contains(own), qPrintable(mark()));
     }
 
-    void terminalEmulatorOfTheSystemIsUsed() {
+    void systemTerminalEmulatorIsUsed() {
         const QByteArray path = qgetenv("PATH");
         const auto reset = qScopeGuard([&] { qputenv("PATH", path); });
         const QDir programs(m_data.filePath(QStringLiteral("bin")));
@@ -102,7 +102,7 @@ private Q_SLOTS:
         QTRY_COMPARE(mark(), QStringLiteral("a program terminal inside"));
     }
 
-    void startIsNoticedUntilItFails() {
+    void failedStartWithdrawsItsNotice() {
         QMutex mutex;
         QByteArrayList withdrawn;
         GioApplications applications({.begin = [](const QByteArray &) { return "start"; },
@@ -120,7 +120,7 @@ private Q_SLOTS:
         QCOMPARE(withdrawn, QByteArrayList({"start"}));
     }
 
-    void failuresAreExplained() {
+    void failuresReportAnError() {
         GioApplications applications;
         GioFileServices services;
         const auto lastError = [this] { return m_errors.isEmpty() ? QString() : m_errors.last(); };

@@ -21,7 +21,7 @@ private Q_SLOTS:
               "[Icon Theme]\nDirectories=64x64/apps\n[64x64/apps]\nSize=64\n");
     }
 
-    void fileOfTheBestSizeIsFound() {
+    void fileWithTheBestSizeIsFound() {
         struct Row {
             const char *files;
             const char *name;
@@ -47,7 +47,7 @@ private Q_SLOTS:
         }
     }
 
-    void picturesFitTheSize() {
+    void picturesAreScaledToTheSize() {
         save("wide.png", {300, 150});
         write("drawn.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='16' height='16'>"
                            "<rect width='16' height='16' fill='#f00'/></svg>");
@@ -58,7 +58,7 @@ private Q_SLOTS:
         QCOMPARE(drawn.pixelColor(99, 99), QColor(Qt::red));
     }
 
-    void iconOfAnEntryIsRead() {
+    void desktopEntryIconIsRead() {
         save("mine.png", {64, 64});
         write("broken.png", "no picture");
         GioApplications applications;

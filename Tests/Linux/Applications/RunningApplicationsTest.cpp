@@ -15,7 +15,7 @@ private Q_SLOTS:
         installApplication(QStringLiteral("player"), "Exec=true\nName=Player");
     }
 
-    void clientNamesFindApplications() {
+    void applicationIsFoundByClientName() {
         const auto found = [](std::optional<std::int32_t> pid, const char *names) {
             const auto application =
                 findRunningApplication(pid, QString::fromLatin1(names).split(u' '));
@@ -27,7 +27,7 @@ private Q_SLOTS:
         QCOMPARE(found(own, "nobody player org.example.Tone"), QStringLiteral("Player"));
     }
 
-    void launchedProcessIsFoundByItsEntry() {
+    void applicationIsFoundByItsLaunchEntry() {
         const QString installed = desktopEntryPath(QStringLiteral("org.example.Tone"));
         const QString copy = QDir::tempPath() + QStringLiteral("/copy.desktop");
         QVERIFY(QFile::copy(installed, copy));
@@ -49,7 +49,7 @@ private Q_SLOTS:
         }
     }
 
-    void systemdUnitNamesTheEntry() {
+    void systemdUnitContainsTheEntryName() {
         const auto name = [](const QByteArray &unit) {
             return desktopUnitName("4:memory:/\n0::/user.slice/app.slice/" + unit + "\n", "0::/");
         };

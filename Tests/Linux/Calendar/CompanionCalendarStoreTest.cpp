@@ -50,7 +50,7 @@ private Q_SLOTS:
         m_answer = true;
     }
 
-    void eventTimesAreRight_data() {
+    void eventsTakePlaceAtTheirTimes_data() {
         QTest::addColumn<QByteArray>("zone");
         QTest::addColumn<QByteArray>("components");
         QTest::addColumn<QStringList>("expected");
@@ -67,7 +67,7 @@ private Q_SLOTS:
         }
     }
 
-    void eventTimesAreRight() {
+    void eventsTakePlaceAtTheirTimes() {
         QFETCH(QByteArray, components);
         QFETCH(QByteArray, zone);
         QFile::remove(path("work"));
@@ -78,7 +78,7 @@ private Q_SLOTS:
         QTEST(shown(*granted()), "expected");
     }
 
-    void eventHasTheTextsOfItsFile() {
+    void eventTextsAreReadFromTheFile() {
         writeFile(path("work"), calendar(vevent("DTSTART:20260324T120000Z\nLOCATION:R\xC3\xBC\n"
                                                 "DESCRIPTION:1\\n2\nURL:https://x.org/\n"
                                                 "BEGIN:VALARM\nDESCRIPTION:no\nDURATION:PT5M\n"
@@ -93,7 +93,7 @@ private Q_SLOTS:
         QCOMPARE(event.end, event.start);
     }
 
-    void hostileCalendarsLeaveTheOthersReadable() {
+    void hostileCalendarsDoNotAffectOthers() {
         const QByteArray rule = "DTSTART:20200101T000000Z\nRRULE:FREQ=";
         QByteArray many;
         for (int number = 0; number < 20'000; ++number) {
@@ -114,7 +114,7 @@ private Q_SLOTS:
         QVERIFY2(found.size() < 10'000, qPrintable(QString::number(found.size())));
     }
 
-    void calendarsAreFoundWhereProgramsKeepThem() {
+    void calendarsOfOtherProgramsAreFound() {
         const auto expanded = [](QString path) {
             return path.replace(u"HOME"_s, QDir::homePath())
                 .replace(u"CONFIG"_s, qEnvironmentVariable("XDG_CONFIG_HOME"))
@@ -192,7 +192,7 @@ private Q_SLOTS:
         QCOMPARE(titles(*store), QStringList(u"Third"_s));
     }
 
-    void tornFileKeepsItsEventsForAWhile() {
+    void eventsOfATruncatedFileAreKeptForAWhile() {
         write("home", {"Other"});
         const auto store = granted();
         QCOMPARE(titles(*store).size(), 2);

@@ -49,7 +49,7 @@ private Q_SLOTS:
         read(*m_pasteboard);
     }
 
-    void bestFormIsRead_data() {
+    void bestFormatIsRead_data() {
         QTest::addColumn<QString>("owner");
         QTest::addColumn<int>("image"); // in bytes
         QTest::addColumn<QString>("text");
@@ -68,7 +68,7 @@ private Q_SLOTS:
             << u"--increments=65536 image/png:5000001 image/tiff:8 STRING=a"_s << 0 << u"a"_s;
     }
 
-    void bestFormIsRead() {
+    void bestFormatIsRead() {
         QFETCH(const QString, owner);
         const OtherProgram other(owner);
         QTRY_COMPARE(m_pasteboard->changeCount(), 1);
@@ -136,7 +136,7 @@ private Q_SLOTS:
         QCOMPARE(m_pasteboard->changeCount(), 5);
     }
 
-    void copyIsPastedElsewhere_data() {
+    void otherProgramsCanPasteOurCopy_data() {
         QTest::addColumn<QString>("kind");
         QTest::addColumn<QByteArray>("expected");
         QTest::newRow("UTF8_STRING") << u"text"_s << QByteArray("ü🙂");
@@ -152,7 +152,7 @@ private Q_SLOTS:
             << u"links"_s << QByteArray("/tmp/ä b.txt\nhttps://example.org/?q=1");
     }
 
-    void copyIsPastedElsewhere() {
+    void otherProgramsCanPasteOurCopy() {
         QFETCH(const QString, kind);
         QFETCH(const QByteArray, expected);
         const QString target = QString::fromLatin1(QTest::currentDataTag());
@@ -169,7 +169,7 @@ private Q_SLOTS:
     }
 
     /// One program copies and may exit; then another one copies.
-    void takeOversAreNotRecorded_data() {
+    void clipboardManagerTakeOversAreNotRecorded_data() {
         QTest::addColumn<QString>("first");
         QTest::addColumn<int>("exitTime"); // milliseconds before the second copy; -1 if it stays
         QTest::addColumn<QString>("second");
@@ -196,7 +196,7 @@ private Q_SLOTS:
             << manager + u"UTF8_STRING=aa"_s << true;
     }
 
-    void takeOversAreNotRecorded() {
+    void clipboardManagerTakeOversAreNotRecorded() {
         QFETCH(const QString, first);
         QFETCH(const int, exitTime);
         QFETCH(const QString, second);

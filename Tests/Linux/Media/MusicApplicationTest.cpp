@@ -46,7 +46,7 @@ private Q_SLOTS:
         QTRY_COMPARE(applications.opened, QStringList{desktopEntryPath(QStringLiteral("e.flac"))});
     }
 
-    void recognizesPlayersByTheirNames() {
+    void recognizesPlayersByName() {
         QVERIFY(isPlayerOf("org.example.Tunes", "org.mpris.MediaPlayer2.tunes.instance42", ""));
         QVERIFY(isPlayerOf("org.example.Tunes", "x", "org.example.tunes"));
         QVERIFY(!isPlayerOf("org.example.Tunes", "org.mpris.MediaPlayer2.tune", "radio"));

@@ -63,7 +63,7 @@ private Q_SLOTS:
         }
     }
 
-    void audioThreadHasRealTimePriority() {
+    void audioThreadGetsRealTimePriority() {
         const bool isAllowed = mayTakeRealTimePriority(); // without the help of a bus
         PipeWireConnection connection;
         connection.start();

@@ -122,7 +122,7 @@ private Q_SLOTS:
         }
     }
 
-    void laterStreamsAndPausesStayRouted() {
+    void newAndPausedStreamsStayRouted() {
         SoundSystem sound;
         SoundMeter meter(first);
         const auto player = nativePlayer();
@@ -162,7 +162,7 @@ private Q_SLOTS:
         QVERIFY(atSecond.comesTo(0));
     }
 
-    void programThatForbidsMovingIsNotRouted() {
+    void fixedStreamsAreNotRouted() {
         SoundSystem sound;
         const auto player = nativePlayer({QStringLiteral("fixed")});
         QString error;

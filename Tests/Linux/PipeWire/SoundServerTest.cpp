@@ -40,7 +40,7 @@ class SoundServerTest : public QObject {
 private Q_SLOTS:
     void cleanup() { setDefault(first); }
 
-    void defaultOutputIsFollowedUnderRoutes() {
+    void defaultOutputIsFollowedWhileRouting() {
         SoundSystem sound;
         SoundMeter atFirst(first);
         SoundMeter atSecond(second);
@@ -80,7 +80,7 @@ private Q_SLOTS:
         QTRY_COMPARE(sound.system.defaultOutput(), before);
     }
 
-    void serverRestartEndsRoutesAndBringsTheListBack() {
+    void serverRestartEndsRoutesAndRestoresTheList() {
         SoundSystem sound;
         auto player = nativePlayer();
         const AudioObject output = sound.system.defaultOutput();
@@ -103,7 +103,7 @@ private Q_SLOTS:
         QTRY_COMPARE(tracesOfRoutes(), QString());
     }
 
-    void pidsArePerSandboxAndLookedUpOffTheMainThread() {
+    void equalPidsInSandboxesAreDistinguished() {
         const SoundSystem sound([](std::optional<std::int32_t> pid, const QStringList &hints) {
             const bool mayBlock = QThread::currentThread() != qApp->thread();
             const QString name = hints.value(0) + QString::number(pid.value_or(0));
@@ -132,7 +132,7 @@ private Q_SLOTS:
                                  {QStringLiteral("plain%1").arg(plain->processId()), false}}));
     }
 
-    void streamMayEndWhileItsRouteIsMade() {
+    void streamMayEndWhileItsRouteStarts() {
         SoundSystem sound;
         for (int delay = 0; delay < 60; delay += 6) {
             const auto player = nativePlayer();

@@ -60,7 +60,7 @@ private Q_SLOTS:
         QCOMPARE(announced, QStringList({key, key, key, other, key}));
     }
 
-    void damagedOrDeletedFileIsSetAside() {
+    void damagedFileOrStaleBackupIsSetAside() {
         int number = 0;
         for (const char *bytes : {"{\"key\": tr", "", "[1, 2]"}) {
             writeFile(m_path, bytes);
@@ -80,7 +80,7 @@ private Q_SLOTS:
         QCOMPARE(readFile(m_backup + QStringLiteral(".kept-1")), last);
     }
 
-    void backupReplacesATornFile() {
+    void backupReplacesATruncatedFile() {
         JsonPreferences(m_path).setNumber(key, 49); // the destructor waits for the backup
         const QByteArray whole = readFile(m_path);
         QCOMPARE(readFile(m_backup), whole);
@@ -101,7 +101,7 @@ private Q_SLOTS:
         QCOMPARE(JsonPreferences(m_path).value(keys::quickNote), std::nullopt);
     }
 
-    void failedWriteIsRetriedWithTheNext() {
+    void nextSetRetriesAFailedWrite() {
         JsonPreferences(m_path).setNumber(key, 1);
         auto preferences = std::make_unique<JsonPreferences>(m_path);
         QSignalSpy failed(preferences.get(), &Preferences::failed);
@@ -121,7 +121,7 @@ private Q_SLOTS:
         QCOMPARE(JsonPreferences(m_path).number(key), 3.0);
     }
 
-    void symbolicLinkIsWrittenThrough() {
+    void writesThroughASymbolicLink() {
         const QString real = m_folder->filePath(QStringLiteral("dotfiles/perchly.json"));
         writeFile(real, "{\"other\": 1}");
         QDir().mkpath(QFileInfo(m_path).path());

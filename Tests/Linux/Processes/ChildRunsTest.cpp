@@ -64,7 +64,7 @@ private Q_SLOTS:
         QTRY_VERIFY(kill(marked(), 0) != 0);
     }
 
-    void extraRunsWait() {
+    void runsBeyondTheLimitWait() {
         ChildRuns runs(1);
         Task first = run("exec sleep 60", {}, OnStop::EndChild, &runs);
         const Task second = run("exit 5", {}, OnStop::EndChild, &runs);

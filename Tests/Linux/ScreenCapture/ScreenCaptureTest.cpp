@@ -53,7 +53,7 @@ private Q_SLOTS:
         showPattern(m_user);
     }
 
-    void keepsThePixelsAcrossDisplays() {
+    void captureAcrossDisplaysIsPixelExact() {
         const QPoint from(901, 700);
         const QPoint to(333, 77);
         qputenv("QT_SCALE_FACTOR", "1.5");
@@ -73,7 +73,7 @@ private Q_SLOTS:
         QVERIFY(!(QFile::permissions(m_path) & (QFile::ReadGroup | QFile::ReadOther)));
     }
 
-    void waitsBrieflyForAHeldKeyboard() {
+    void waitsBrieflyForAGrabbedKeyboard() {
         QVERIFY(grabKeyboard());
         start();
         QTRY_COMPARE_WITH_TIMEOUT(m_status.value_or(0), 1, 4000);

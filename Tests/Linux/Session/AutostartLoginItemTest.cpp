@@ -36,7 +36,7 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(m_entry));
     }
 
-    void entriesOfDesktopAndSystemCount() {
+    void desktopAndSystemCanChangeTheEntry() {
         AutostartLoginItem item(m_program);
         for (const char *line : {"X-GNOME-Autostart-enabled=false", "TryExec=/nowhere"}) {
             QVERIFY(item.registerProgram().outcome == Outcome::Registered);
@@ -55,7 +55,7 @@ private Q_SLOTS:
         QVERIFY(item.isEnabled());
     }
 
-    void onlyItsOwnAppImageIsRegistered() {
+    void onlyOurOwnAppImageIsRegistered() {
         const QString own = QCoreApplication::applicationFilePath();
         qputenv("APPIMAGE", "/opt/Perchly.AppImage");
         qputenv("APPDIR", QFile::encodeName(m_config.path()));
@@ -66,7 +66,7 @@ private Q_SLOTS:
         QCOMPARE(AutostartLoginItem::runningProgram(), own);
     }
 
-    void failureNamesTheFile() {
+    void errorNamesTheFile() {
         AutostartLoginItem item(m_program);
         writeFile(m_config.filePath(QStringLiteral("autostart")), "a file");
         const auto result = item.registerProgram();

@@ -8,7 +8,7 @@ using namespace std::chrono_literals;
 class QtClockTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void wallClockActionRunsOnce() {
+    void wallClockActionRunsOnlyOnce() {
         const auto moment = m_clock.now() + 30ms;
         int count = 0;
         const Task task = m_clock.at(moment, [&] {

@@ -31,7 +31,7 @@ private Q_SLOTS:
         QCOMPARE(names, QByteArrayList({"100%", "Version 1.2", "a", "a.b", "b", "Ä ö", "שלום"}));
     }
 
-    void runReturnsTheStatusOfTheShortcut() {
+    void runReturnsTheShortcutsStatus() {
         const QString file = m_folder.filePath(QStringLiteral("x.sh"));
         writeProgram(file, {});
         for (const auto &[script, expected] : {
@@ -46,7 +46,7 @@ private Q_SLOTS:
         QCOMPARE(result({QStringLiteral("run"), QStringLiteral("../shortcuts/x")}), "1 ");
     }
 
-    void folderIsCreatedOnceWithAnExample() {
+    void folderIsCreatedOnceWithAnExampleShortcut() {
         QCOMPARE(prepare(), QString());
         QCOMPARE(result({QStringLiteral("list")}), "0 Say hello");
         QVERIFY(m_folder.remove(QStringLiteral("Say hello.sh")));

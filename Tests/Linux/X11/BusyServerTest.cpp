@@ -38,7 +38,7 @@ private Q_SLOTS:
         server.join();
     }
 
-    void stoppedServerDelaysOnceAndKeepsTheStruts() {
+    void stoppedServerDelaysOnceAndStrutsAreKept() {
         const xcb_window_t panel = m_client.makeWindow({0, 0, 1280, 30});
         const auto reserve = [&](quint32 height) {
             m_client.setProperty(panel, "_NET_WM_STRUT", XCB_ATOM_CARDINAL, {0, 0, height, 0});

@@ -51,7 +51,7 @@ private Q_SLOTS:
 
     void cleanup() { m_window.reset(); }
 
-    void anotherProgramGetsTheDropOfADestroyedSource() {
+    void dropSucceedsAfterTheSourceIsDestroyed() {
         const QStringList urls{QStringLiteral("file:///tmp/a%20%25%0A%23%C3%A4%D7%90.txt"),
                                QStringLiteral("https://example.org/%C3%A4?b=1#c")};
         const QString text = QStringLiteral("/tmp/a %\n#äא.txt\nhttps://example.org/%C3%A4?b=1#c");

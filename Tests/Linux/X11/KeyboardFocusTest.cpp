@@ -36,7 +36,7 @@ private Q_SLOTS:
         QCOMPARE(m_focus.current(), inner);
     }
 
-    void takingTheFocusCancelsAnActivation() {
+    void takingTheFocusCancelsAPendingActivation() {
         const xcb_window_t late = m_client.makeWindow({100, 600, 100, 50}, XClient::Managed::No);
         m_focus.activate(late);
         QTest::qWait(250); // the window manager does not know this window

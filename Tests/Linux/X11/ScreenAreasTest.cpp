@@ -31,7 +31,7 @@ Strut whole(const QList<quint32> &values) {
 class ScreenAreasTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void pixelsBecomePoints() {
+    void pixelsAreConvertedToPoints() {
         const auto points = [](const Screens &screens, QPoint pixels) {
             const ScreenPoint point = ScreenSpace(screens).fromPixels(pixels);
             return QPointF(point.x, point.y);
@@ -59,7 +59,7 @@ private Q_SLOTS:
         QCOMPARE(one.toQt({244, 800 - 622.8, 792, 622.8}), QRect(244, 0, 792, 623));
     }
 
-    void strutsReserveOnTheirDisplay() {
+    void strutsReserveSpaceOnTheirDisplay() {
         const auto left = [](const QList<Strut> &struts) {
             return visibleArea(leftDisplay, xScreen, struts);
         };

@@ -11,7 +11,7 @@ class X11PointerMonitorTest : public QObject {
 private Q_SLOTS:
     void init() { m_client.movePointer({600, 400}); }
 
-    void floodOfMovementsIsAnnouncedRarelyButTheLast() {
+    void movementsAreThrottledExceptTheLast() {
         X11PointerMonitor monitor;
         ScreenPoint last;
         int told = 0;
