@@ -25,7 +25,7 @@ from perchly_session.session import Session  # noqa: E402
 from processes import cost_of_a_minute, proportional_megabytes  # noqa: E402
 
 TEXTS = ("UTF8_STRING", "text/plain;charset=utf-8", "text/plain", "STRING")
-PATIENCE = 5
+TIMEOUT = 5
 
 
 class Owner:
@@ -44,7 +44,7 @@ class Owner:
         self.window.set_selection_owner(self.clipboard, X.CurrentTime)
         self.display.flush()
         fetched = None
-        while time.perf_counter() < start + PATIENCE and fetched is None:
+        while time.perf_counter() < start + TIMEOUT and fetched is None:
             fetched = self.answer(text)
         # Serve requests for more formats, too.
         quiet = time.perf_counter() + 0.2

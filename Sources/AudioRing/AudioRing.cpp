@@ -118,8 +118,8 @@ struct MultiplyTiny {
 
     /// Whether every product is small enough for its bits to count steps.
     [[gnu::always_inline]] bool canScale(const float *samples, size_t count) const {
-        constexpr double stepsAtMost = 0x1p23;
-        const auto limit = std::bit_cast<uint32_t>(float(stepsAtMost / std::max(steps, 1.0)));
+        constexpr double maxSteps = 0x1p23;
+        const auto limit = std::bit_cast<uint32_t>(float(maxSteps / std::max(steps, 1.0)));
         uint32_t largest = 0;
         for (size_t sample = 0; sample < count; ++sample) {
             largest = std::max(largest, std::bit_cast<uint32_t>(samples[sample]) & ~signBit);
@@ -238,7 +238,7 @@ template <typename Output>
 template <typename Output>
 [[gnu::always_inline]] inline void pullInto(AudioRingBuffer &ring, const Portion &portion,
                                             Output output) {
-    constexpr size_t framesPerLook = 16;
+    constexpr size_t framesPerCheck = 16;
     const float target = portion.target;
     float gain = ring.currentGain;
     const auto pullStretch = [&](size_t slot, size_t first, size_t count)
@@ -246,7 +246,7 @@ template <typename Output>
         const float *slots = ring.samples + 2 * slot;
         size_t frame = 0;
         while (frame < count && moves(gain, target)) {
-            const size_t end = std::min(frame + framesPerLook, count);
+            const size_t end = std::min(frame + framesPerCheck, count);
             for (; frame < end; ++frame) {
                 gain = nextGain(gain, target);
                 output.put(first + frame, slots[2 * frame] * gain, slots[2 * frame + 1] * gain);

@@ -17,7 +17,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto shownSoon = 30ms;
+constexpr auto playDelay = 30ms;
 
 constexpr QSize minSize(380, 260);
 constexpr QSize factsSize(460, 320);
@@ -160,7 +160,7 @@ void PreviewWindow::showPdf(const std::shared_ptr<QPdfDocument> &document) {
 
 void PreviewWindow::showMedia() {
     showFacts(); // painted before the first player blocks the thread
-    QTimer::singleShot(shownSoon, this, [this, number = m_number] {
+    QTimer::singleShot(playDelay, this, [this, number = m_number] {
         if (number == m_number) {
             playMedia();
         }
@@ -197,8 +197,8 @@ void PreviewWindow::present(QWidget *view, const QSize &wanted) {
     if (m_pdf != nullptr && view != m_pdf) {
         m_pdf->open(nullptr);
     }
-    const bool inView = (view == &m_facts || view == m_media) && wanted == factsSize;
-    m_caption.setText(inView ? QString() : m_current.details);
+    const bool viewShowsDetails = (view == &m_facts || view == m_media) && wanted == factsSize;
+    m_caption.setText(viewShowsDetails ? QString() : m_current.details);
     view->setFocus();
     const QRect room = screen()->availableGeometry();
     const QSize most(room.width() * 4 / 5, room.height() * 4 / 5 - captionHeight);

@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr unsigned maxMegabytes = 1536;
-constexpr auto linger = 20s; ///< so that the next preview starts at once
+constexpr auto idleTimeout = 20s; ///< so that the next preview starts at once
 constexpr unsigned maxHangSeconds = 60;
 
 /// Kills the process when a file blocks the main thread for long.
@@ -46,7 +46,7 @@ int main(int argc, char **argv) {
     PreviewWindow window;
     QTimer idle;
     idle.setSingleShot(true);
-    idle.setInterval(linger);
+    idle.setInterval(idleTimeout);
     QObject::connect(&idle, &QTimer::timeout, [&window] {
         if (!window.isVisible()) { // moving to another desktop hides the window for a moment
             QApplication::quit();

@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto grabTimeout = 1s;
-constexpr auto betweenGrabs = 20ms;
+constexpr auto grabRetryDelay = 20ms;
 constexpr auto idleTimeout = 60s;
 
 constexpr QColor plateColor(11, 13, 15, 235);
@@ -63,7 +63,7 @@ void RegionOverlay::grabInput() {
     if (m_grabDeadline.hasExpired()) {
         Q_EMIT failed();
     } else {
-        m_grab.start(betweenGrabs);
+        m_grab.start(grabRetryDelay);
     }
 }
 

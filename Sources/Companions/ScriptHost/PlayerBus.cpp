@@ -86,7 +86,7 @@ std::optional<std::vector<std::string>> PlayerBus::playerNames() {
 }
 
 std::vector<Player>
-PlayerBus::read(const std::vector<std::string> &names, microseconds patience, microseconds limit,
+PlayerBus::read(const std::vector<std::string> &names, microseconds softLimit, microseconds limit,
                 const std::function<bool(const std::vector<Player> &)> &isEnough) {
     std::vector<Player> players(names.size());
     std::vector<Question> questions(names.size());
@@ -109,7 +109,7 @@ PlayerBus::read(const std::vector<std::string> &names, microseconds patience, mi
     const auto start = steady_clock::now();
     while (open > 0) {
         const auto waited = std::chrono::duration_cast<microseconds>(steady_clock::now() - start);
-        const microseconds until = isEnough(players) ? patience : limit;
+        const microseconds until = isEnough(players) ? softLimit : limit;
         if (waited >= until) {
             break;
         }

@@ -23,11 +23,10 @@ public:
     /// the bus does not answer.
     [[nodiscard]] std::optional<std::vector<std::string>> playerNames();
 
-    /// Asks all players at once and waits for their answers until `limit`, or only until `patience`
-    /// once `isEnough` accepts the answers so far. Players that have not answered are in the list,
-    /// too.
+    /// Asks all players at once and waits until `limit`, or only until `softLimit` once `isEnough`
+    /// accepts the answers so far. Includes players that did not answer.
     [[nodiscard]] std::vector<Player>
-    read(const std::vector<std::string> &names, std::chrono::microseconds patience,
+    read(const std::vector<std::string> &names, std::chrono::microseconds softLimit,
          std::chrono::microseconds limit,
          const std::function<bool(const std::vector<Player> &)> &isEnough);
 

@@ -15,10 +15,10 @@ constexpr int maxKept = 5;
 /// Clamped, so that differences between moments do not overflow.
 QDataStream &operator>>(QDataStream &stream, Clock::TimePoint &moment) {
     using std::chrono::seconds;
-    constexpr auto furthest = std::chrono::floor<seconds>(Clock::TimePoint::duration::max() / 2);
+    constexpr auto maxSeconds = std::chrono::floor<seconds>(Clock::TimePoint::duration::max() / 2);
     qint64 time = 0;
     stream >> time;
-    moment = Clock::TimePoint(std::clamp(seconds(time), -furthest, furthest));
+    moment = Clock::TimePoint(std::clamp(seconds(time), -maxSeconds, maxSeconds));
     return stream;
 }
 

@@ -19,7 +19,7 @@ constexpr qsizetype maxOutput = qsizetype(16) << 20;
 constexpr std::chrono::milliseconds maxAge = 5min;
 constexpr std::chrono::milliseconds maxServiceAge = 15min; // reading may make the service download
 constexpr std::chrono::milliseconds maxStaleAge = 1min;
-constexpr std::chrono::milliseconds ownDoing = 15s; // the service also writes right after a reading
+constexpr std::chrono::milliseconds echoTime = 15s; // reading makes the service write
 constexpr auto readAhead = 24h;
 
 QString secondsOf(Clock::TimePoint moment) {
@@ -67,7 +67,7 @@ CompanionCalendarStore::CompanionCalendarStore(QString program, const QString &c
           },
           ".ics")
     , m_serviceWatch(
-          [this] { m_isStale = m_isStale || (!m_round && m_age.hasExpired(ownDoing.count())); }, "")
+          [this] { m_isStale = m_isStale || (!m_round && m_age.hasExpired(echoTime.count())); }, "")
     , m_last(std::make_shared<Round>()) {}
 
 Task CompanionCalendarStore::run(const QStringList &arguments, ChildRuns::Completion completion) {

@@ -11,12 +11,12 @@ namespace perchly {
 
 namespace {
 
-constexpr int fastest = 90; // lightest PNG compression; TIFF has no levels
+constexpr int lightestCompression = 90; // for PNG; TIFF has no levels
 
 QByteArray encode(const QImage &image, const char *format) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
-    return image.save(&buffer, format, fastest) ? bytes : QByteArray();
+    return image.save(&buffer, format, lightestCompression) ? bytes : QByteArray();
 }
 
 } // namespace

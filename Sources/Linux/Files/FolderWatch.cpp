@@ -17,8 +17,8 @@ namespace {
 constexpr auto delay = 300ms; // changes usually come in groups
 
 constexpr unsigned gone = IN_DELETE_SELF | IN_MOVE_SELF | IN_IGNORED;
-constexpr unsigned ofEntries = IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_MOVE | IN_ATTRIB;
-constexpr unsigned ofParent = IN_CREATE | IN_MOVED_TO;
+constexpr unsigned entryEvents = IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_MOVE | IN_ATTRIB;
+constexpr unsigned parentEvents = IN_CREATE | IN_MOVED_TO;
 constexpr unsigned always = IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR | IN_MASK_ADD;
 
 } // namespace
@@ -47,10 +47,10 @@ void FolderWatch::beginRound() {
 
 void FolderWatch::add(const std::string &folder) {
     std::filesystem::path path(folder);
-    int watch = inotify_add_watch(m_descriptor, path.c_str(), ofEntries | always);
+    int watch = inotify_add_watch(m_descriptor, path.c_str(), entryEvents | always);
     while (watch < 0 && path.has_relative_path()) {
         path = path.parent_path();
-        watch = inotify_add_watch(m_descriptor, path.c_str(), ofParent | always);
+        watch = inotify_add_watch(m_descriptor, path.c_str(), parentEvents | always);
     }
     const std::scoped_lock lock(m_mutex); // not held while the kernel waits for a slow disk
     m_round.insert(watch);

@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto startDelay = 300ms;
-constexpr auto farewellLimit = 250ms;
+constexpr auto settleTimeout = 250ms;
 
 } // namespace
 
@@ -28,7 +28,7 @@ PipeWireAudioSystem::PipeWireAudioSystem(ApplicationFinder find, const QString &
 PipeWireAudioSystem::~PipeWireAudioSystem() {
     // The last requests must reach the server.
     if (!m_retired.isEmpty()) {
-        m_connection.settle(farewellLimit);
+        m_connection.settle(settleTimeout);
     }
 }
 

@@ -18,13 +18,13 @@ using namespace std::chrono_literals;
 namespace {
 
 /// After this time, the process is sent to the route even if its ends do not run yet.
-constexpr auto startLimit = 500ms;
+constexpr auto startTimeout = 500ms;
 
 /// After this time, the sink may stop running without the process's streams.
-constexpr auto arrivalLimit = 1s;
+constexpr auto arrivalTimeout = 1s;
 
 /// How long news of another default output may take after the route plays to it.
-constexpr auto newsLimit = 500ms;
+constexpr auto newsTimeout = 500ms;
 
 QString failure(const char *what, int status) {
     return QStringLiteral("%1 (%2).").arg(QString::fromUtf8(what)).arg(status);
@@ -44,7 +44,7 @@ PipeWireRoute::PipeWireRoute(PipeWireConnection &connection, AudioGraph &graph, 
     , m_keeper(keeper)
     , m_process(process) {
     m_startLimit.setSingleShot(true);
-    m_startLimit.setInterval(startLimit);
+    m_startLimit.setInterval(startTimeout);
     connect(&m_startLimit, &QTimer::timeout, this, [this] {
         if (m_streams->isMade()) {
             send();
@@ -53,10 +53,10 @@ PipeWireRoute::PipeWireRoute(PipeWireConnection &connection, AudioGraph &graph, 
         }
     });
     m_arrivalLimit.setSingleShot(true);
-    m_arrivalLimit.setInterval(arrivalLimit);
+    m_arrivalLimit.setInterval(arrivalTimeout);
     connect(&m_arrivalLimit, &QTimer::timeout, this, [this] { m_streams->letSinkIdle(); });
     m_recheck.setSingleShot(true);
-    m_recheck.setInterval(newsLimit);
+    m_recheck.setInterval(newsTimeout);
     connect(&m_recheck, &QTimer::timeout, this, [this] { m_graph.recheckDefault(m_playsTo); });
     connect(&graph, &AudioGraph::moverLost, this, &PipeWireRoute::interrupt);
     connect(&graph, &AudioGraph::linked, this, [this](std::uint32_t from, std::uint32_t to) {

@@ -12,7 +12,7 @@ namespace {
 constexpr double response = 0.42;
 constexpr double dampingFraction = 0.88;
 constexpr double easeSeconds = 0.12;
-constexpr double nearlyThere = 0.0005; ///< as a fraction of the motion's distance
+constexpr double tolerance = 0.0005; ///< as a fraction of the motion's distance
 
 constexpr double frequency = 2 * std::numbers::pi / response;
 constexpr double decay = dampingFraction * frequency;
@@ -51,8 +51,8 @@ protected:
         const double value = m_owner.m_reduced ? ease(seconds) : spring(seconds);
         const double left = std::abs(value - m_owner.m_target);
         const bool arrived = m_owner.m_reduced ? seconds >= easeSeconds
-                                               : left <= nearlyThere * m_way &&
-                                                     std::abs(m_speed) <= nearlyThere * 20 * m_way;
+                                               : left <= tolerance * m_way &&
+                                                     std::abs(m_speed) <= tolerance * 20 * m_way;
         if (arrived) {
             stop();
         }

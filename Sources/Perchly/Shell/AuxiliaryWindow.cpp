@@ -17,7 +17,7 @@ namespace perchly {
 namespace {
 
 constexpr QRgb background = 0xff0b0d0f; // the views' own colour, until they are painted
-constexpr std::chrono::milliseconds rest{3000};
+constexpr std::chrono::milliseconds releaseDelay{3000};
 constexpr int titleBarHeight = 32; // roughly that of window managers
 
 } // namespace
@@ -78,7 +78,7 @@ bool AuxiliaryWindow::event(QEvent *event) {
     if (event->type() == QEvent::Close) {
         event->ignore();
         hide();
-        m_rest.start(rest);
+        m_rest.start(releaseDelay);
         return true;
     }
     return QQuickView::event(event);
