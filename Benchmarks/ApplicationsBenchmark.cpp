@@ -22,7 +22,7 @@ using namespace perchly;
 
 namespace {
 
-/// Has the size of real entries: names and comments in many languages, and some actions.
+/// As large as a real entry: names and comments in many languages, and some actions.
 QByteArray entryText(int number) {
     const QByteArray name = "Application " + QByteArray::number(number);
     QByteArray text = "[Desktop Entry]\nVersion=1.0\nType=Application\nName=" + name + "\n";
@@ -72,7 +72,7 @@ void print(const char *what, const Times &times) {
     std::printf("  %-52s median %9.3f ms   p99 %9.3f ms\n", what, times.median, times.p99);
 }
 
-/// Answers at once.
+/// Answers every call at once.
 class FixedCatalog : public ApplicationCatalog {
 public:
     explicit FixedCatalog(const QList<FoundApplication> &applications)

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Measures one program's sound on its way through Perchly, and through pw-loopback, on its own sound system.
+"""Measures one program's sound through Perchly and through pw-loopback, on a separate sound system.
 
 Compare figures of one run only. Usage: audio.py FOLDER [--seconds N] [--underruns N] with the folder of
 RouteBenchmark and RouteProbe; --underruns is how many seconds each way is measured in the last part, 600 by

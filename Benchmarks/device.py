@@ -1,9 +1,9 @@
 #!/usr/bin/python3
 """Measures screen captures and previews from outside, and similar programs for comparison.
 
-From the command to the overlay beside `flameshot gui`; from the release of the button to the whole
-file beside `scrot -s`; from a request to the first preview of each kind, in a new companion each;
-the CPU time of reading the battery and the meetings every 30 seconds, over a minute and a half.
+Compares the time from command to overlay with `flameshot gui`, and from button release to complete file
+with `scrot -s`. Also measures the first preview of each kind, in a new companion each, and the CPU time of
+reading the battery and the meetings every 30 seconds.
 Usage: device.py PROGRAM [--rounds N]
 """
 

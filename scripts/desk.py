@@ -74,7 +74,7 @@ class Desk:
         self._session.spawn("chromium", *options, page.as_uri())
 
     def _paint_wallpaper(self, screen):
-        """Draws morning hills and sets them as the wallpaper, also for compositors."""
+        """Draws a wallpaper of morning hills and sets it for compositors and window managers."""
         width, height = screen.width, screen.height
         sky = Image.new("RGB", (1, len(SKY)))
         sky.putdata(SKY)
@@ -132,7 +132,7 @@ class Desk:
 
 
 def _application_entries(names):
-    """Shelf entries for the installed applications."""
+    """Returns shelf entries for the installed applications."""
     folders = os.environ.get("XDG_DATA_DIRS", "/usr/local/share:/usr/share").split(":")
     for name in names:
         paths = (Path(folder, "applications", f"{name}.desktop") for folder in folders)

@@ -150,7 +150,7 @@ class Scene(User):
         self.picture(name, window.rect)
 
     def picture(self, name, rect):
-        """Takes a picture of a part of the screen when only a caret may still blink."""
+        """Takes a picture of a part of the screen once it is still, apart from a blinking caret."""
         picture, since = None, time.monotonic()
 
         def at_rest():

@@ -20,7 +20,7 @@ OPTIONS = [
 
 
 def batches(build):
-    """Each batch's file and a digest of all that its result depends on."""
+    """Returns each batch's file and a digest of everything that affects its result."""
     root = str(Path.cwd())
     dependencies, output = {}, None
     for line in subprocess.check_output(["ninja", "-C", build, "-t", "deps"], text=True).splitlines():

@@ -107,9 +107,9 @@ struct Multiply {
     [[gnu::always_inline]] float operator()(float sample) const { return sample * gain; }
 };
 
-/// The same product for a subnormal gain, which a muted gain ends at. Arithmetic on subnormals is
-/// fifty times slower on many processors, so this computes a whole number of the smallest steps in
-/// double precision.
+/// The same product for a subnormal gain, as after muting. Arithmetic on subnormals is fifty times
+/// slower on many processors, so this computes a whole number of the smallest steps in double
+/// precision.
 struct MultiplyTiny {
     double steps;
 

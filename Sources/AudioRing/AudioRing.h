@@ -34,14 +34,14 @@ AudioRingBuffer *perchly_ring_create(void);
 /// Frees the ring; null is accepted. No other call may be running or follow.
 void perchly_ring_destroy(AudioRingBuffer *ring);
 
-/// Asks for a gain, clamped to 0…1; the consumer approaches it by 0.4 % of the distance a frame.
-/// NaN is ignored. One thread at a time.
+/// Sets the target gain, clamped to 0…1; the consumer approaches it by 0.4 % of the distance per
+/// frame. Ignores NaN. One thread at a time.
 void perchly_ring_gain(AudioRingBuffer *ring, float gain);
 
 /// Appends the frames of `input`; drops those that do not fit. If the first of several buffers has
-/// one channel, the first two are left and right. Otherwise only the first buffer counts: one
-/// channel goes to both sides, of more the first two are left and right. A null list, one without
-/// data, or a second buffer shorter than the first adds nothing. Call it on the producer's thread.
+/// one channel, the first two buffers are left and right. Otherwise only the first buffer counts:
+/// its only channel goes to both sides, or its first two are left and right. Ignores a null list,
+/// one without data, and a second buffer shorter than the first. For the producer's thread.
 void perchly_ring_push(AudioRingBuffer *ring, const AudioBufferList *input);
 
 /// Fills `frames` frames of `output`, as far as each buffer's size allows, with frames of the ring

@@ -23,7 +23,7 @@ public:
     /// The role of the first field; the others follow.
     static constexpr int firstRole = Qt::UserRole + 1;
 
-    /// The names of the fields, in their order.
+    /// The field names, in order.
     explicit KeyedRows(const QByteArrayList &names, QObject *parent = nullptr);
 
     [[nodiscard]] int count() const { return int(m_rows.size()); }

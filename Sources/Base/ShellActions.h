@@ -7,7 +7,7 @@
 
 namespace perchly {
 
-/// Requests of areas and views to the shell, so that they need not know its delegate. Main thread
+/// The requests that areas and views make to the shell, without knowing its delegate. Main thread
 /// only.
 class ShellActions : public QObject {
     Q_OBJECT

@@ -18,7 +18,7 @@ namespace perchly {
 /// nothing is visible.
 [[nodiscard]] QString rowText(const QString &text);
 
-/// The start of the text, as much as a row can show in the widest window.
+/// As much of the text's start as fits into a row of the widest window.
 [[nodiscard]] QString shownPart(const QString &text);
 
 } // namespace perchly

@@ -24,7 +24,7 @@ namespace perchly {
 
 /// The stored form: capitals, with hyphens, without braces.
 [[nodiscard]] QString identifierText(const QUuid &id);
-/// Accepts only that form, in either case.
+/// Accepts only that form, in upper or lower case.
 [[nodiscard]] std::optional<QUuid> identifierFrom(const QJsonValue &value);
 
 template <class Value>

@@ -11,7 +11,7 @@ namespace perchly {
 
 /// An application that can be launched.
 struct FoundApplication {
-    QString path; ///< absolute path of its desktop entry, below the folder as given
+    QString path; ///< absolute path of its desktop entry, not canonicalised
     QString name; ///< in the user's language
 
     bool operator==(const FoundApplication &) const = default;

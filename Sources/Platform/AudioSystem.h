@@ -13,7 +13,7 @@ struct AudioRingBuffer;
 
 namespace perchly {
 
-/// A process that uses the audio system, as far as it can be read.
+/// A process that uses the audio system; unknown fields are empty.
 struct AudioProcess {
     AudioObject object = 0;
     std::optional<std::int32_t> pid;

@@ -17,7 +17,7 @@ public:
     /// Starts listening. Call it once.
     virtual void start() = 0;
 
-    /// Cheap.
+    /// Cheap to call.
     [[nodiscard]] virtual PlayerPresence presence() const = 0;
 
 Q_SIGNALS:

@@ -12,7 +12,7 @@ public:
     virtual ~QuickLook() = default;
 
     /// Shows the item at that index in front, or closes the window if it already shows that item.
-    /// There the user can switch to the other items. An invalid index does nothing.
+    /// In the window the user can switch to the other items. An invalid index does nothing.
     virtual void look(const QList<QUrl> &items, qsizetype index) = 0;
 };
 

@@ -29,7 +29,7 @@ QList<QUrl> urls(const char *text) {
     return QUrl::fromStringList(QString::fromLatin1(text).split(u' '));
 }
 
-/// The kinds and labels, joined by "|"; only the first letter of a title.
+/// The kinds and labels, joined by "|"; a title only by its first letter.
 QString search(SearchResults &results, const char *query) {
     results.setProperty("query", QString::fromUtf8(query));
     QStringList shown;

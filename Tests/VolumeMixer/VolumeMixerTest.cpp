@@ -64,7 +64,7 @@ private Q_SLOTS:
                  Row{{12, 101, true, id}, id}, // name without visible characters
                  Row{{1, 101, false, id}, {}}, Row{{1, 101, {}, id}, {}},
                  Row{{1, {}, true, id}, {}}, Row{{1, own, true, id}, {}},
-                 Row{{1, own, true, id, true}, QStringLiteral("Music")}, // the sandbox's own PID
+                 Row{{1, own, true, id, true}, QStringLiteral("Music")}, // our PID in a sandbox
              }) {
             m_audio->list = QList{row.process};
             m_mixer->refresh();

@@ -60,8 +60,8 @@ bool isShown(const CalendarSources &sources, const CalendarSource &source, int d
                               isShown(sources, *parent, depth + 1));
 }
 
-/// A query in the service's language. It avoids evaluating rules, which takes seconds for a
-/// thousand. Exceptions moved out of the window are needed, too.
+/// A query in the service's language. It must not evaluate rules: a thousand take seconds. It must
+/// also find exceptions that were moved out of the window.
 QString query(const TimeWindow &window) {
     const auto time = [](std::int64_t seconds) {
         return QDateTime::fromSecsSinceEpoch(seconds, QTimeZone::utc())

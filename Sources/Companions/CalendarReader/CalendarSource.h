@@ -16,7 +16,7 @@ struct CalendarSource {
     bool isOnlineAccount = false;
     bool isShown = true; ///< neither disabled nor hidden
 
-    /// Local calendars are read as files; birthdays and weather are all-day.
+    /// Whether to ask the service: local calendars are files; birthdays and weather are all-day.
     [[nodiscard]] bool isOfService() const {
         return !kind.isEmpty() && kind != u"local" && kind != u"contacts" && kind != u"weather";
     }

@@ -2,8 +2,8 @@
 
 namespace perchly {
 
-/// Limits the process: a signal ends it after 4 seconds, or 3 of CPU time, and limitResources()
-/// applies. Call it once, first.
+/// Limits the process: a signal ends it after 4 seconds, or 3 of CPU time. Also calls
+/// limitResources(). Call it once, first.
 void limitProcess(unsigned megabytes = 256);
 
 /// Limits the address space, disables core files, and forbids gaining privileges by running another

@@ -14,7 +14,7 @@ inline constexpr QColor mint(102, 212, 207);
 
 [[nodiscard]] QFont font(int pixels, QFont::Weight weight = QFont::Normal);
 
-/// For everything that Qt draws: slim scroll bars, no frames.
+/// The style sheet of the window's Qt widgets: slim scroll bars, no frames.
 [[nodiscard]] QString styleSheet();
 
 } // namespace perchly::previewlook

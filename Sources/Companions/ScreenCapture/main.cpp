@@ -26,8 +26,8 @@ int fail(const char *what) {
     return failure;
 }
 
-/// The user's scale, for lines and text. Then disables Qt's scaling: one coordinate system in
-/// pixels for all displays.
+/// Returns the user's scale, for lines and text, and turns Qt's scaling off, so that all displays
+/// share one coordinate system in pixels.
 double takeScaleFromQt() {
     const double factor = qEnvironmentVariable("QT_SCALE_FACTOR").toDouble();
     for (const char *name :

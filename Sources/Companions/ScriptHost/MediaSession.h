@@ -23,7 +23,7 @@ public:
     /// player offers the command and has answered in time; false for any other number.
     [[nodiscard]] bool send(int command);
 
-    /// Moves to a position in seconds, if the player, which is read again, can.
+    /// Reads the player again and, if it can seek, moves to a position in seconds.
     void setElapsedTime(double position);
 
 private:

@@ -80,7 +80,7 @@ std::optional<std::vector<std::string>> PlayerBus::playerNames() {
         std::free(*name);
     }
     std::free(all);
-    std::ranges::sort(names); // so that the same of several equal players is chosen every time
+    std::ranges::sort(names); // makes the choice among equal players stable
     names.resize(std::min(names.size(), maxPlayers));
     return names;
 }

@@ -13,7 +13,7 @@ struct sd_bus;
 
 namespace perchly {
 
-/// The media players of the session bus. For one thread.
+/// The media players of the session bus. Use it on one thread only.
 class PlayerBus {
 public:
     /// Connects; nullopt if there is no bus.

@@ -34,8 +34,8 @@ using PlayerMemory = std::vector<RememberedPlayer>;
 [[nodiscard]] const Player *sessionOwner(const PlayerMemory &memory,
                                          const std::vector<Player> &players);
 
-/// Reads the memory from its file in the runtime folder, which the end of the login removes; empty
-/// if it cannot be read. Writing replaces the whole file.
+/// Loads the memory from a file in the runtime folder, which lasts until logout; empty if it cannot
+/// be read. Storing replaces the whole file.
 [[nodiscard]] PlayerMemory loadMemory();
 void storeMemory(const PlayerMemory &memory);
 

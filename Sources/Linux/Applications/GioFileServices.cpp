@@ -37,7 +37,7 @@ bool showItem(const QUrl &file, GCancellable *cancellable) {
     if (!bus) {
         return false;
     }
-    g_dbus_connection_set_exit_on_close(bus.get(), FALSE); // a lost bus must not end us
+    g_dbus_connection_set_exit_on_close(bus.get(), FALSE); // survive a lost bus
     const QByteArray uri = file.toEncoded(QUrl::FullyEncoded);
     const std::array<const char *, 2> uris{uri.constData(), nullptr};
     GVariant *reply = g_dbus_connection_call_sync(

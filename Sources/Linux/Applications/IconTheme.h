@@ -19,9 +19,9 @@ public:
     /// ~/.icons, and `icons` and `pixmaps` in the data folders.
     [[nodiscard]] static QStringList standardFolders();
 
-    /// The picture with that name or, if it is an absolute path, in that file, as desktop entries
-    /// give it. At most `side` pixels wide and high, smaller only if no larger one exists. Null if
-    /// there is no picture or it cannot be read.
+    /// The picture that a desktop entry names, by an icon's name or an absolute path. At most
+    /// `side` pixels wide and high, smaller only if no larger one exists. Null if there is no
+    /// picture or it cannot be read.
     [[nodiscard]] QImage image(const QString &name, int side);
 
     /// The file with the best size; empty if there is none.

@@ -4,8 +4,8 @@
 
 namespace perchly {
 
-/// QFileDialog, which shows the desktop's dialog if Qt has a theme plugin or portal for it. Qt
-/// draws the dialog that chooses files and folders alike, which no desktop's dialog can. Needs a
+/// QFileDialog, which shows the desktop's dialog if Qt has a theme plugin or portal for it. To
+/// choose files and folders alike it shows Qt's dialog, as the desktops' cannot. Needs a
 /// QApplication and a window system.
 class QtOpenPanel : public OpenPanel {
 public:

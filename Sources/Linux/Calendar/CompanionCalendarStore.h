@@ -15,9 +15,9 @@ namespace perchly {
 
 /// The calendars that a companion finds and reads. Each calendar has its own run, so that a hostile
 /// or huge one harms no other. The companion runs when calendars change, and every few minutes in
-/// case a change went unnoticed; in between, the last reading answers calls. Writes by Evolution
-/// Data Server are read within a minute, not at once, as reading it makes it write. No calendar is
-/// opened without the user's consent.
+/// case a change went unnoticed; in between, the last reading answers calls. Changes by Evolution
+/// Data Server are read within a minute, not at once, since reading makes it write, too. No
+/// calendar is opened without the user's consent.
 class CompanionCalendarStore : public CalendarStore {
     Q_OBJECT
 public:

@@ -20,7 +20,7 @@ struct KnownTarget {
     QLatin1StringView type;
 };
 
-/// Images and texts are asked for in this order.
+/// Images and texts are requested in this order.
 constexpr std::array knownTargets{
     KnownTarget{"org.nspasteboard.ConcealedType", pasteboardtype::concealed},
     KnownTarget{"x-kde-passwordManagerHint", pasteboardtype::concealed},

@@ -16,11 +16,11 @@ namespace perchly {
 ///  - the previous owner, another client, released the clipboard less than two seconds before;
 ///  - the new owner is the client that owns CLIPBOARD_MANAGER;
 ///  - the content is the same: equal text (the paths, for files) or an image with equal pixels.
-/// A user who copies the same content in another program takes the clipboard from its owner, or
-/// later, so that copy is recorded. The take-over of a copy that was not read completely, as
-/// from a program that exits at once, is recorded. Content that was marked once stays out for the
-/// rest of the run, with markers or without. Keeps digests only, in memory. Not for the main
-/// thread.
+/// A user's copy of the same content in another program is recorded, as that program takes the
+/// clipboard from its owner, or takes it later. So is the take-over of a copy that was not read
+/// completely, for example because its owner exited at once. Content that was marked once stays
+/// out for the rest of the run, even without markers. Keeps only digests, in memory. Not for the
+/// main thread.
 class CopyFilter {
 public:
     explicit CopyFilter(SelectionClient &client)
@@ -39,7 +39,7 @@ private:
     SelectionClient &m_client;
     xcb_window_t m_owner = XCB_WINDOW_NONE;    ///< or the window that emptied the clipboard
     std::optional<xcb_timestamp_t> m_released; ///< while there is no owner
-    bool m_wasJustReleased = false;            ///< before the present copy
+    bool m_wasJustReleased = false;            ///< before the current copy
     std::optional<QByteArray> m_previous;      ///< digests, if the copies were read
     std::optional<QByteArray> m_present;
     QSet<QByteArray> m_marked;

@@ -11,7 +11,7 @@ namespace perchly {
 
 namespace {
 
-/// Receives the content, unless it is destroyed before.
+/// Receives the content, unless destroyed first.
 struct PasteboardReading : QObject, ScheduledTask {};
 
 } // namespace

@@ -36,7 +36,7 @@ private:
     quint64 m_copies = 0; ///< as counted by the reader, including ours
     quint64 m_lastReading = 0;
     QPointer<OwnCopy> m_offered; ///< null once Qt drops it for another copy
-    ClipboardReader *m_reader;   ///< belongs to the thread
+    ClipboardReader *m_reader;   ///< lives in the thread
     QThread m_thread;
     Workers m_decoder{1};
 };

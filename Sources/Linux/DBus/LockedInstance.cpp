@@ -16,7 +16,7 @@ LockedInstance::LockedInstance(std::shared_ptr<SessionBus> bus)
     m_lock.setStaleLockTime(0); // a lock never expires while its process lives
     connect(&m_server, &QLocalServer::newConnection, this, [this] {
         while (m_server.hasPendingConnections()) {
-            delete m_server.nextPendingConnection(); // accepting it is the answer
+            delete m_server.nextPendingConnection(); // accepting the connection is the answer
         }
         Q_EMIT requested(QStringLiteral("show"));
     });

@@ -59,8 +59,7 @@ Q_SIGNALS:
     void changed();
 
     // Emitted from within a callback of the connection:
-    // A stream is new, even if it belongs to no process yet, now belongs to a process, plays or
-    // pauses.
+    // A stream was added (perhaps without a process), was assigned to a process, plays or pauses.
     void streamChanged(std::uint32_t node);
     void streamRemoved(std::uint32_t node);
     void linked(std::uint32_t from, std::uint32_t to);

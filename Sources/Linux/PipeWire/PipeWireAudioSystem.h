@@ -28,8 +28,8 @@ public:
     /// may be empty.
     explicit PipeWireAudioSystem(ApplicationFinder find = {}, const QString &keeper = {},
                                  QObject *parent = nullptr);
-    /// Waits at most a quarter of a second for the server to process the end of recent routes; also
-    /// for the companion, as RouteKeeper does, and for the finder.
+    /// Waits at most a quarter of a second for the server to end recent routes. Also waits for the
+    /// companion (see ~RouteKeeper) and for the finder.
     ~PipeWireAudioSystem() override;
 
     void start() override;

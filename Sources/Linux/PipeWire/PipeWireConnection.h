@@ -36,7 +36,7 @@ public:
     /// Waits some microseconds until the real-time thread has finished its current work.
     void passRealTimeThread();
 
-    /// Asks the server to answer, upon which answered() is emitted with the returned number.
+    /// Requests an answer from the server; answered() is then emitted with the returned number.
     int ask();
 
 Q_SIGNALS:

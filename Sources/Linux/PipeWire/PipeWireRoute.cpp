@@ -23,7 +23,7 @@ constexpr auto startTimeout = 500ms;
 /// After this time, the sink may stop running without the process's streams.
 constexpr auto arrivalTimeout = 1s;
 
-/// How long news of another default output may take after the route plays to it.
+/// How long a route may play to a new default output before the change is announced.
 constexpr auto newsTimeout = 500ms;
 
 QString failure(const char *what, int status) {

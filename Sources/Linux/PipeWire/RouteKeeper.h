@@ -20,7 +20,7 @@ public:
     /// Waits at most a tenth of a second for each companion to end, then kills it.
     ~RouteKeeper() override;
 
-    /// Stores a stream's target after the end; nullopt leaves it to the session manager.
+    /// Stores where a stream goes if Perchly is killed; nullopt leaves that to the session manager.
     void keep(std::uint32_t node, const std::optional<StreamTarget> &target);
     void forget(std::uint32_t node);
 

@@ -17,7 +17,7 @@ public:
     /// Whether there is a buffer and it has two channels.
     explicit operator bool() const { return m_isStereo; }
 
-    // Only if that is so:
+    // Only for a buffer with two channels:
 
     /// The number of frames that the buffer holds, or requests.
     [[nodiscard]] std::uint32_t frames() const;

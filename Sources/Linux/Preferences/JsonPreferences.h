@@ -11,14 +11,14 @@ namespace perchly {
 /// The preferences as JSON: one file for the settings, and beside it "<key>.json" for each of
 /// keys::longValues. PreferenceFile.h describes how they are written.
 ///
-/// A boolean, a number and a string stand as themselves, data as {"data": "…", "encoding":
-/// "utf-8"}. JSON values of other kinds read as absent and stay in the file. Numbers must be
-/// finite, since JSON has no others.
+/// Booleans, numbers and strings are stored as such, data as {"data": "…", "encoding": "utf-8"}.
+/// JSON values of other kinds read as absent and stay in the file. Numbers must be finite, since
+/// JSON has no others.
 class JsonPreferences : public Preferences {
     Q_OBJECT
 public:
-    /// Takes the absolute path of the settings file. Long values that earlier versions kept in it
-    /// count until they have files of their own.
+    /// Takes the absolute path of the settings file. Long values that earlier versions stored in it
+    /// are used until they have files of their own.
     explicit JsonPreferences(const QString &path, QObject *parent = nullptr);
 
     /// "perchly/preferences.json" in the user's configuration folder.

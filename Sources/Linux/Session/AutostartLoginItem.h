@@ -14,7 +14,7 @@ public:
     /// This program, or the AppImage that it runs from.
     [[nodiscard]] static QString runningProgram();
 
-    /// True if an entry and its program exist, and nothing (user or desktop) turned the entry off.
+    /// True if an entry and its program exist and the entry was not turned off.
     [[nodiscard]] bool isEnabled() const override;
     [[nodiscard]] Result registerProgram() override;
     [[nodiscard]] Result unregisterProgram() override;

@@ -70,7 +70,7 @@ void TrayFinder::watchService() {
 }
 
 void TrayFinder::askService() {
-    // Qt looks for a panel only once, so make sure that the service has one before it does.
+    // Qt looks for a panel only once, so wait until the service has one.
     QDBusMessage call = QDBusMessage::createMethodCall(
         service, path, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
     call << service << QStringLiteral("IsStatusNotifierHostRegistered");

@@ -22,7 +22,7 @@ std::mutex &mutex() {
     return theMutex;
 }
 
-/// The server's time, from a property change, by which it has handled all earlier requests.
+/// The server's time, taken from a property change, after all earlier requests were handled.
 std::optional<xcb_timestamp_t> serverTime(xcb_connection_t *connection) {
     const xcb_window_t window = xcb_generate_id(connection);
     const quint32 mask = XCB_EVENT_MASK_PROPERTY_CHANGE;

@@ -58,7 +58,7 @@ void X11PanelHost::place(const ScreenRect &frame, const QMarginsF &margins) {
         return;
     }
     // Qt sends the new geometry at once. Until the new shape follows, the whole window takes the
-    // pointer: otherwise a press through the old shape in the new place would be lost.
+    // pointer: otherwise a press in the new area but outside the old shape would be lost.
     if (geometry.size() != m_panel->size()) {
         m_shape.reset();
         unshapePanel(panelId());

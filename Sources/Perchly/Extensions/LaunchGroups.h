@@ -42,8 +42,8 @@ public:
     /// Saves the shown applications and the held files under the trimmed name; does nothing if it
     /// is blank.
     Q_INVOKABLE void save(const QString &name);
-    /// Asks the desktop to open the group's items in order. If some cannot be opened, a notice
-    /// names the last of those.
+    /// Asks the desktop to open the group's items in order. A notice names the last item that
+    /// failed, if any.
     Q_INVOKABLE void launch(const QUuid &id);
     Q_INVOKABLE void remove(const QUuid &id);
 

@@ -40,7 +40,7 @@ public:
     [[nodiscard]] Capture *capture() { return &m_capture; }
 
     /// Shows a file or link in front in the preview window, or closes the window if it already
-    /// shows that. There the user can switch to the other items of the list.
+    /// shows that item. There the user can switch to the other items of the list.
     Q_INVOKABLE void togglePreview(const QUrl &url, const QList<QUrl> &among);
 
 Q_SIGNALS:

@@ -12,7 +12,7 @@ void ParagraphDirection::apply() {
     QTextDocument &document = *m_document->textDocument();
     QTextOption option = document.defaultTextOption();
     option.setTextDirection(Qt::LayoutDirectionAuto);
-    option.setAlignment(Qt::AlignLeft); // the right for right-to-left paragraphs
+    option.setAlignment(Qt::AlignLeft); // mirrored for right-to-left text
     document.setDefaultTextOption(option);
 }
 

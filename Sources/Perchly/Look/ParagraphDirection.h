@@ -7,8 +7,8 @@
 
 namespace perchly {
 
-/// Gives each paragraph of an editor the direction of its own script, where the editor uses that of
-/// the first paragraph for all. Main thread only.
+/// Gives each paragraph of an editor the direction of its own script; by default all have that of
+/// the first paragraph. Main thread only.
 class ParagraphDirection : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -17,7 +17,7 @@ class ParagraphDirection : public QObject {
 public:
     using QObject::QObject;
 
-    /// Call it after each change of the text, upon which the editor resets the direction.
+    /// Call it after each change of the text, since the editor then resets the direction.
     Q_INVOKABLE void apply();
 
 private:

@@ -20,8 +20,8 @@ MouseArea {
     property int focusInset: -3
     property int focusSideInset: root.focusInset
     property real focusRadius: root.plateRadius - root.focusInset
-    /// When this button replaced another one, as Date.now() in milliseconds. Ignores the second
-    /// click of a double-click on that one.
+    /// When this button replaced another, by Date.now(): the second click of a double-click on the
+    /// other is then ignored.
     property double cameAt: 0
     readonly property int doubleClickTime: 500
     default property alias content: body.data

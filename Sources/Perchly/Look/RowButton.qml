@@ -1,6 +1,6 @@
 import Perchly.Look
 
-/// A button of a row in a list.
+/// A button in a list row.
 PushButton {
     required subject
 

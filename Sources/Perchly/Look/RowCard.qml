@@ -5,11 +5,11 @@ import Perchly.Look
 FocusScope {
     id: root
 
-    /// The row itself takes the keyboard when none of its controls does.
+    /// Whether the row itself takes the keyboard when none of its controls can.
     property bool takesKeyboard: true
-    /// The row can have the keyboard although it has controls.
+    /// Whether the row itself can take the keyboard even if it has controls.
     property bool selectable: false
-    /// The row itself has the keyboard.
+    /// Whether the row itself has the keyboard.
     readonly property bool selected: root.Window.activeFocusItem === root
     property int padding: 10
     property alias radius: plate.radius

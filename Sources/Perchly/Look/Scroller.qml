@@ -44,7 +44,7 @@ Item {
         return false;
     }
 
-    /// Handles Page Up and Page Down, and with Control also Home and End.
+    /// Handles Page Up and Page Down and, with Control, Home and End.
     function page(event: var) {
         const distance = 0.9 * root.view.height;
         const ends = event.modifiers & Qt.ControlModifier;

@@ -34,7 +34,7 @@ QImage ShadowPictures::requestImage(const QString &id, QSize *size, const QSize 
                 distance(x + 0.5 - side / 2.0, y + 0.5 - side / 2.0, side / 2.0 - spread, radius);
             const double outside = std::clamp(away + 0.5, 0.0, 1.0);
             const double near = std::clamp(1 - away / spread, 0.0, 1.0);
-            // A cube falls off softly and reaches zero, with no visible rim, at the spread.
+            // The cube fades smoothly to zero at the spread, without a visible rim.
             const double alpha = 255 * strength * outside * near * near * near;
             picture.setPixel(x, y, qRgba(0, 0, 0, int(std::lround(alpha))));
         }

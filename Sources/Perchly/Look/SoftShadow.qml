@@ -1,8 +1,8 @@
 import QtQuick
 import Perchly.Look
 
-/// The soft shadow around a rounded rectangle that fills the parent. It leaves the rectangle itself
-/// clear, which may be translucent.
+/// The soft shadow around a rounded rectangle that fills the parent. The rectangle's own area stays
+/// clear, as it may be translucent.
 BorderImage {
     id: root
 

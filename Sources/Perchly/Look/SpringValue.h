@@ -32,7 +32,7 @@ public:
     [[nodiscard]] double value() const { return m_value; }
     [[nodiscard]] bool isRunning() const;
 
-    /// Ease instead of spring. Changing this restarts a running motion from its current value.
+    /// Whether to ease instead of spring. A change restarts a motion from the current value.
     [[nodiscard]] bool isReduced() const { return m_reduced; }
     void setReduced(bool reduced);
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// A one-line text field in a rounded border. Escape first clears it, then passes on.
+/// A one-line text field in a rounded border. Escape clears it; if it is empty, Escape passes on.
 FocusScope {
     id: root
 

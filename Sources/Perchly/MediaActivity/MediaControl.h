@@ -23,14 +23,14 @@ public:
         , m_reader(reader)
         , m_clock(clock) {}
 
-    /// Starts the command word, unless another is running, and returns at once.
+    /// Starts the command with this word, unless another is running, and returns at once.
     void start(const QString &word);
 
 private:
     struct Command {
         QString word;
         MediaPlaybackCommand kind = MediaPlaybackCommand::Play;
-        QString source; ///< as shown when the user pressed, like the title
+        QString source; ///< as shown at the press, like the title
         QString title;
         std::optional<double> target;
         int attempts = 0;

@@ -8,7 +8,7 @@ namespace perchly {
 
 struct MediaActivity;
 
-/// Scripts send the first four by these numbers.
+/// Scripts send the first four by number.
 enum class MediaPlaybackCommand { Play = 0, Pause = 1, Next = 4, Previous = 5, Rewind, Forward };
 
 /// Resolves a button's command word: "playpause", "next track", "previous track", "rewind" or

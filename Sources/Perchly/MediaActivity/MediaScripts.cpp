@@ -47,7 +47,7 @@ constexpr auto playerText = R"(tell application id "%1"
 return player state as string
 end tell)";
 
-/// The shortest decimal text for exactly this number, with a fraction or an exponent.
+/// The shortest decimal text that reads back as this number, with a fraction or an exponent.
 QString decimal(double number) {
     const bool isTiny = number != 0 && std::abs(number) < 1e-4;
     const auto text = QString::number(number, isTiny ? 'g' : 'f', QLocale::FloatingPointShortest);

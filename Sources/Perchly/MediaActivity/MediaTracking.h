@@ -13,9 +13,9 @@ class PlayerNotifications;
 class ScriptHost;
 class ShelfModel;
 
-/// Keeps the model's `media` current: polls the desktop's media session, or uses the signals of the
-/// music application and Spotify if it is empty. Also carries out the commands that the model
-/// announces. Main thread only.
+/// Keeps the model's `media` current by polling the desktop's media session, or, while that is
+/// empty, from the signals of the music application and Spotify. Also carries out the commands that
+/// the model announces. Main thread only.
 class MediaTracking : public QObject {
     Q_OBJECT
 public:

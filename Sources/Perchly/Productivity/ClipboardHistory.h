@@ -30,7 +30,7 @@ struct Clip {
     [[nodiscard]] bool isImage() const { return !image.isEmpty(); }
 };
 
-/// The copies of this session, if the user enabled the history, and writes to the clipboard. The
+/// The copies of this session, if the user enabled the history. Also writes to the clipboard. The
 /// rows are the clips that match the search: "id", "label", cut to the shown part, "isBlank" if
 /// nothing in it is visible, "isImage" and "text". Main thread only.
 class ClipboardHistory : public perchly::KeyedRows {

@@ -25,7 +25,7 @@ public:
     /// Adds the URLs that are not held yet; accepts only local files and http and https links.
     Q_INVOKABLE void hold(const QList<QUrl> &urls);
     /// The same for a dropped "text/uri-list", which unlike a QUrl keeps each scheme as written:
-    /// links in capitals are not accepted. Returns false and does nothing if it lists nothing.
+    /// links in capitals are not accepted. Returns false and does nothing if there are no URLs.
     Q_INVOKABLE bool holdDropped(const QString &uriList);
     /// Asks for files and folders and holds those chosen. Does nothing while already asking.
     Q_INVOKABLE void addFiles();

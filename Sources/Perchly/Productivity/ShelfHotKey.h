@@ -17,8 +17,8 @@ public:
     ShelfHotKey(HotKeys &hotKeys, ShellActions &shell, Productivity &productivity,
                 QObject *parent = nullptr);
 
-    /// Registers both chords. If one fails, the workspace shows a message; if both fail, it shows
-    /// that for the toggle. Call it once.
+    /// Registers both chords. If one fails, the workspace shows a message; if both fail, only the
+    /// toggle's. Call it once.
     void registerChords();
 
 private:

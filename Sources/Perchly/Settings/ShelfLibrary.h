@@ -52,7 +52,7 @@ public:
     /// The visible entries: the strip shows them, and Ctrl+1 to Ctrl+9 launch the first nine.
     [[nodiscard]] QList<ShelfItem> shown() const;
 
-    /// Appends the item, or shows the existing one with its identifier again, unchanged.
+    /// Appends the item, or unhides the existing one with its identifier.
     Q_INVOKABLE void add(const perchly::ShelfItem &item);
 
     /// Inverts one flag of the item with that identifier, if any.

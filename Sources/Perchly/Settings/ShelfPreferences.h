@@ -105,7 +105,7 @@ public:
     Q_INVOKABLE void refresh();
 
 Q_SIGNALS:
-    /// A preference without a signal below has changed.
+    /// A preference without a signal of its own has changed.
     void changed();
     /// The displays or the chosen display have changed.
     void displaysChanged();
@@ -117,7 +117,7 @@ private:
     [[nodiscard]] double number(const QString &key, double absent) const;
     [[nodiscard]] int wholeNumber(const QString &key, int absent) const;
     [[nodiscard]] QString text(const QString &key, const char *absent) const;
-    /// The stored name if it is one of these, else the first of these.
+    /// The stored name if `names` contains it, else the first of `names`.
     [[nodiscard]] QString choice(const QString &key, const QStringList &names) const;
 
     Preferences &m_stored;

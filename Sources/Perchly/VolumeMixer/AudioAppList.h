@@ -8,7 +8,7 @@
 
 namespace perchly {
 
-/// The volumes of the routed processes: exactly these have entries.
+/// The volumes of the routed processes; no other process has an entry.
 struct MixerLevels {
     std::map<AudioObject, float> levels; ///< 0…1
     std::set<AudioObject> muted;

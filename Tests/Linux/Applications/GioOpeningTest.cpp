@@ -71,7 +71,7 @@ private Q_SLOTS:
         QTRY_COMPARE(mark(), QStringLiteral("a program perchlytest:a%20b?c=%2F plain"));
         const QString download = m_data.filePath(QStringLiteral("download.desktop"));
         QVERIFY(QFile::copy(desktopEntryPath(QStringLiteral("plain")), download));
-        applications.open(download, recorder()); // is not run
+        applications.open(download, recorder()); // must not be run
         QTRY_COMPARE(mark(), QStringLiteral("a program %1 second").arg(download));
         applications.launch(download, recorder());
         QTRY_COMPARE(mark(), QStringLiteral("a program plain"));

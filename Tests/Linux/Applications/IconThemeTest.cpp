@@ -30,7 +30,7 @@ private Q_SLOTS:
         };
         const char *sizes = "Shine/16/apps/a.png Shine/48/apps/a.png";
         for (const Row &row : {
-                 Row{sizes, "a", 30, "Shine/48/apps/a.png"}, // rather larger than smaller
+                 Row{sizes, "a", 30, "Shine/48/apps/a.png"}, // larger is preferred
                  Row{sizes, "a.png", 16, "Shine/16/apps/a.png"},
                  Row{"Shine/16/apps/b.png Shine/any/apps/b.svg", "b", 100, "Shine/any/apps/b.svg"},
                  Row{"Plain/32/apps/c.png Shine/16/apps/c.png", "c", 32, "Shine/16/apps/c.png"},

@@ -1,13 +1,13 @@
 #!/usr/bin/python3
 # A program that owns the clipboard:
 #   selection_owner.py [OPTION …] TARGET=TEXT | TARGET@FILE | TARGET:SIZE …
-# Takes the clipboard and says "owns", and "asked TARGET" at each request.
-# Options: --increments=BYTES  gives longer data in parts of this size, and says "gave" after the last
+# Takes the clipboard and prints "owns", and "asked TARGET" on each request.
+# Options: --increments=BYTES  sends longer data in parts of this size, and prints "gave" after the last
 #          --dies-after=PARTS  is killed after that many parts
 #          --mute=TARGET       never answers a request for it
-#          --kills=TARGET      cuts off the X connection of a program that asks for it
+#          --kills=TARGET      closes the X connection of a program that requests it
 #          --primary=          takes the primary selection instead
-#          --manager=          is the clipboard manager, too
+#          --manager=          also acts as the clipboard manager
 
 import os
 import signal

@@ -77,8 +77,7 @@ class Node:
 
 
 class Accessibility:
-    """Finds the showing elements of a process. The tree may change while it is read: a search
-    starts again then."""
+    """Finds the visible elements of a process. A search restarts if the tree changes meanwhile."""
 
     def __init__(self, session_address, process):
         service = connect(session_address), "org.a11y.Bus", "/org/a11y/bus"
@@ -86,7 +85,7 @@ class Accessibility:
         self._process = process
 
     def every(self, wanted):
-        """The true results of wanted(node) for all showing elements."""
+        """The true results of wanted(node) for all visible elements."""
 
         def read():
             try:

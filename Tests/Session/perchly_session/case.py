@@ -54,8 +54,8 @@ class User:
 
 
 class SessionCase(unittest.TestCase, User):
-    """Gives each test a session under the window manager PERCHLY_WINDOW_MANAGER, and leaves a
-    picture of it when the test fails. A line on the program's stderr fails the test, unless one of
+    """Gives each test a session under the window manager PERCHLY_WINDOW_MANAGER, and saves a
+    screenshot if the test fails. A line on the program's stderr fails the test, unless one of
     `expected_errors` matches it."""
 
     maxDiff = None
@@ -81,7 +81,7 @@ class SessionCase(unittest.TestCase, User):
         self.tree = self.program.accessibility()
 
     def other_window(self, *arguments, **options):
-        """Another program's window, not shown yet."""
+        """Creates another program's window, hidden at first."""
         other = OtherWindow(self.screen, *arguments, **options)
         self.addCleanup(other.close)
         return other

@@ -119,7 +119,7 @@ class DragPartner:
         self._process.wait()
 
     def drag_to(self, *places):
-        """Drags its URLs along the places; returns the action of the drop."""
+        """Drags its URLs through the positions; returns the action of the drop."""
         return self._drag(self.PLACE, *places)
 
     def drag_from(self, start):

@@ -55,7 +55,7 @@ class Program:
         return sum(int(line.split()[1]) for line in lines if line.startswith("voluntary"))
 
     def errors(self):
-        """Its output on stdout and stderr."""
+        """The program's output on stdout and stderr."""
         return self._log.read_text(errors="replace")
 
     def windows(self):

@@ -39,7 +39,7 @@ QImage ClipPicture::decoded(const QByteArray &encoded, const QSize &maxSize) {
     if (format.isEmpty() || maxSize.isEmpty()) {
         return {};
     }
-    // Decoding a picture of a few megabytes may take a hundred.
+    // Decoding a picture of a few megabytes may take a hundred megabytes.
     static QMutex oneAtATime;
     const QMutexLocker lock(&oneAtATime);
     QBuffer buffer;

@@ -11,9 +11,9 @@
 
 namespace perchly {
 
-/// The picture of a clip, fitted into the item and decoded in the background. Keeps only the scaled
-/// picture. Until then, and if the clip has no PNG or TIFF that can be decoded, the item is empty
-/// and `found` is false.
+/// The picture of a clip, fitted into the item. It is decoded in the background, and only the
+/// scaled picture is kept. Before that, or without a PNG or TIFF that can be decoded, the item is
+/// empty and `found` is false.
 class ClipPicture : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT
@@ -28,8 +28,8 @@ public:
 
     void paint(QPainter *painter) override;
 
-    /// The picture, at most that large; null if it cannot be decoded. Blocks; any thread, but one
-    /// call at a time runs.
+    /// The picture, at most that large; null if it cannot be decoded. Blocks; any thread, but calls
+    /// run one at a time.
     [[nodiscard]] static QImage decoded(const QByteArray &encoded, const QSize &maxSize);
 
 Q_SIGNALS:

@@ -34,8 +34,8 @@ WindowBody {
     /// The unsaved text of the sections' fields.
     readonly property ExtrasDrafts drafts: ExtrasDrafts {}
 
-    /// Shows the chosen section, or else the device section. The keyboard moves from section to
-    /// section.
+    /// Shows the chosen section, or else the device section. It gets the keyboard if the old one
+    /// had it.
     function show() {
         const [file, needs] = root.views[root.section] ?? root.views.Device;
         const given = {};

@@ -11,7 +11,7 @@ RowCard {
     required property var row
     required property ShelfLibrary library
     required property ScrollList list
-    /// Whether any row of the list has the last button.
+    /// Whether any row of the list has a Remove button.
     property bool someRemovable: true
 
     readonly property shelfItem entry: root.row.entry
@@ -97,7 +97,7 @@ RowCard {
 
             onActivated: root.library.remove(root.entry.id)
         }
-        // Keeps columns aligned between rows with and without the last button.
+        // Keeps columns aligned between rows with and without a Remove button.
         Item {
             implicitWidth: removeButton.implicitWidth
             visible: root.someRemovable && !root.entry.removable

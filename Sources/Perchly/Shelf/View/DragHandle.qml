@@ -2,7 +2,7 @@ import QtQuick
 import Perchly.Look
 import Perchly.Stores
 
-/// A drag handle of the shelf: a click opens keyboard mode, a drag moves the shelf. The shell
+/// A drag handle of the shelf: a click toggles keyboard mode, a drag moves the shelf. The shell
 /// decides which of the two a press is.
 MouseArea {
     id: root
@@ -11,8 +11,8 @@ MouseArea {
     required property string label
     property string toolTip: ""
     property int toolTipSide: Qt.BottomEdge
-    /// True if the shelf opened under a resting pointer; suppresses the tooltip until the pointer
-    /// leaves.
+    /// True if the shelf opened with the pointer over this handle; suppresses the tooltip until the
+    /// pointer leaves.
     property bool byChance: false
 
     /// Ignores key repeats.

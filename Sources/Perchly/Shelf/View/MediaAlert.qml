@@ -47,7 +47,7 @@ FocusScope {
             again.start();
         }
     }
-    // Delayed until the keyboard has arrived.
+    // Delayed until the focus change is complete.
     Timer {
         id: again
 

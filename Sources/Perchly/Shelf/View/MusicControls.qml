@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Stores
 
-/// Back, play or pause, and forward. For a browser, back and forward seek, if it can.
+/// Back, play or pause, and forward. In a browser, back and forward seek, if possible.
 Row {
     id: root
 

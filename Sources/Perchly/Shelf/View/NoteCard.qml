@@ -2,7 +2,7 @@ import QtQuick
 import Perchly.Look
 import Perchly.Shelf
 
-/// The note, stored as it is typed. Never takes the keyboard unless the user moves there.
+/// The note, stored as it is typed. Takes the keyboard only when the user moves it there.
 CardBody {
     id: root
 

@@ -37,8 +37,8 @@ QtObject {
 
     readonly property rect restRect: root.compactRect.width > 0 ? root.compactRect : root.docked(root.compactSize.width, root.compactSize.height)
 
-    /// The user's scale, or the largest smaller one with which the open shelf fits the panel. The
-    /// panel has whole pixels, so it may be smaller by up to a point.
+    /// The user's scale, or the largest smaller one with which the open shelf fits the panel.
+    /// Rounding to whole pixels may make the panel up to a point smaller.
     readonly property real scale: {
         const room = Math.min((root.frame.width + 0.99) / root.naturalWidth, (root.frame.height + 0.99) / Math.max(1, root.naturalHeight));
         return root.openness > 0 ? Math.min(root.wantedScale, room) : root.wantedScale;

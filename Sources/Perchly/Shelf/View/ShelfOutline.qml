@@ -9,7 +9,7 @@ Item {
     required property string edge
     required property color color
     required property real radius
-    /// Whether the shelf is open or moving; and its scale then.
+    /// Whether the shelf is open or moving, and its scale meanwhile.
     required property bool opened
     required property real openScale
     required property bool shadowed

@@ -67,7 +67,7 @@ FocusScope {
         edgeFade.target = 1;
     }
     onExpandedChanged: {
-        // All of the collapsed shelf is header.
+        // The whole collapsed shelf is its header.
         headerHandle.byChance = root.expanded && headerHandle.containsMouse;
         edgeHandle.byChance = headerHandle.byChance;
         root.reveal();

@@ -22,7 +22,7 @@ public:
     using QObject::QObject;
 
     Q_INVOKABLE [[nodiscard]] static double lowest(qsizetype entries);
-    /// The offset one step towards the first entry or the last.
+    /// The offset after one step towards the first or the last entry.
     Q_INVOKABLE [[nodiscard]] static double previous(double offset);
     Q_INVOKABLE [[nodiscard]] static double next(double offset, qsizetype entries);
     /// The offset after a drag that ended `translation` points to the right of its start.
