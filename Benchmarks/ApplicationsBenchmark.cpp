@@ -1,4 +1,4 @@
-// Times finding this machine's applications and searching them. Takes no arguments.
+// Measures how long finding and searching this machine's applications takes. No arguments.
 
 #include "ApplicationCatalog.h"
 #include "DesktopCatalog.h"

@@ -46,7 +46,7 @@ void perchly_ring_push(AudioRingBuffer *ring, const AudioBufferList *input);
 
 /// Fills `frames` frames of `output`, as far as each buffer's size allows, with frames of the ring
 /// and then silence. Channels are numbered across all buffers: even ones get the left sample, odd
-/// ones the right. Call it on the consumer's thread.
+/// ones the right. For the consumer's thread.
 void perchly_ring_pull(AudioRingBuffer *ring, AudioBufferList *output, uint32_t frames);
 
 #ifdef __cplusplus

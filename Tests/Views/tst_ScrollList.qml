@@ -108,7 +108,7 @@ ViewTestCase {
         root.reach([], "after");
     }
 
-    function test_wheelAndBarScroll() {
+    function test_wheelAndScrollBarScroll() {
         root.open(40);
         const view = root.rows.view;
         mouseWheel(root.rows, 50, 50, 0, -120);

@@ -26,7 +26,7 @@ int runJavaScript(std::string_view script) {
     return written && std::fflush(stdout) == 0 ? 0 : failure;
 }
 
-/// A program of its own, since player scripts need GIO, which would more than double the time of
+/// Uses a separate program, since player scripts need GIO, which would more than double the time of
 /// every reading.
 int runPlayerScript(char **arguments) {
     std::error_code error;

@@ -20,7 +20,7 @@ class ShelfLibrary;
 struct LaunchGroup {
     QUuid id;
     QString name;
-    QList<QUrl> urls; ///< absolute and distinct; an application is its desktop entry's file
+    QList<QUrl> urls; ///< absolute and distinct; desktop entries for applications
 
     [[nodiscard]] static constexpr auto fields() {
         return std::tuple(std::pair(QLatin1StringView("id"), &LaunchGroup::id),

@@ -71,7 +71,7 @@ private Q_SLOTS:
         QCOMPARE(presence.count(), 3);
     }
 
-    void busMayAnswerLateAndEnd() {
+    void presenceIsUnknownWithoutABus() {
         const auto busPid = pid_t(qEnvironmentVariableIntValue("PERCHLY_TEST_BUS_PID"));
         kill(busPid, SIGSTOP);
         BusPlayerNotifications notifications(std::make_shared<SessionBus>(QStringLiteral("late")));

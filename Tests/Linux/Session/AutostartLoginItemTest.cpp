@@ -36,7 +36,7 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(m_entry));
     }
 
-    void desktopAndSystemCanChangeTheEntry() {
+    void disabledAndSystemWideEntriesAreHonoured() {
         AutostartLoginItem item(m_program);
         for (const char *line : {"X-GNOME-Autostart-enabled=false", "TryExec=/nowhere"}) {
             QVERIFY(item.registerProgram().outcome == Outcome::Registered);

@@ -69,7 +69,7 @@ private Q_SLOTS:
         QVERIFY(!drop[QLatin1StringView("may move")].toBool());
     }
 
-    void releaseBeforeTheDragStartsEndsIt() {
+    void earlyReleaseCancelsTheDrag() {
         offer({QUrl(QStringLiteral("https://example.org/slip"))});
         const QSignalSpy dragged(source(), &DragSource::draggingChanged);
         const QPoint start = m_window->position() + QPoint(100, 60);
