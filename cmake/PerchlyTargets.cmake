@@ -4,7 +4,7 @@
 add_library(perchly_options INTERFACE)
 target_compile_options(perchly_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
-    # Optimised builds report it for every QPointer.
+    # Optimised builds report it for each QPointer.
     $<$<CONFIG:Debug>:-Wnull-dereference>
     # With unity builds, GCC takes joined sources for headers.
     $<$<BOOL:${CMAKE_UNITY_BUILD}>:-Wno-subobject-linkage>

@@ -14,7 +14,7 @@ namespace perchly {
 class SessionBus;
 
 /// The one place that chooses the hosts. With PERCHLY_HOSTS=null in the environment it chooses null
-/// implementations for everything but time. Missing services are reported on stderr, once each,
+/// implementations for all but the clock. Missing services are reported on stderr, once each,
 /// except the system tray.
 
 /// Hides a session bus that does not answer from Qt, which would wait for it without a timeout. Qt

@@ -15,7 +15,7 @@ struct Display {
     QString name = {};       ///< as the user knows it
     ScreenRect frame;        ///< the whole display
     ScreenRect visibleFrame; ///< without the area that docks and panels reserve on it
-    /// Height of a camera housing at the top, 0 if there is none, and the usable areas beside it.
+    /// Height of a camera housing at the top, or 0, and the usable areas beside it.
     double safeAreaTop = 0;
     std::optional<ScreenRect> auxiliaryTopLeftArea = std::nullopt;
     std::optional<ScreenRect> auxiliaryTopRightArea = std::nullopt;

@@ -7,7 +7,7 @@ class MusicPlayer {
 public:
     virtual ~MusicPlayer() = default;
 
-    /// Starts it or brings it to the front; does nothing if there is none.
+    /// Starts it or brings it to the front; does nothing without such an application.
     virtual void open() = 0;
 };
 

@@ -47,11 +47,11 @@ struct PasteboardRequest {
 struct PasteboardContent {
     /// The types in `pasteboardtype` that the copy offers. Without any, there is no content.
     QStringList types = {};
-    /// The PNG, or the TIFF if no PNG is offered, unchanged. Empty if there is none, it exceeds the
-    /// limit, or it stays out of the history.
+    /// The PNG, or the TIFF if no PNG is offered, unchanged. Empty if no image is offered, it
+    /// exceeds the limit, or it stays out of the history.
     QByteArray image = {};
-    /// Fetched only if there is no image to return. Empty if there is none, it exceeds the limit,
-    /// or it stays out of the history.
+    /// Fetched only if there is no image to return. Empty if no text is offered, it exceeds the
+    /// limit, or it stays out of the history.
     QString text = {};
 };
 

@@ -40,7 +40,7 @@ public:
         return route;
     }
 
-    /// The route of the process; null if there is none.
+    /// The route of the process, or null.
     [[nodiscard]] FakeAudioRoute *routeOf(AudioObject process) const {
         return m_routes.value(process);
     }

@@ -20,7 +20,7 @@ public:
     bool isReadable() const override { return readable; }
     void expectChange() override { ++expectedChanges; }
 
-    /// Ends the oldest search with the stored events; false if there is none.
+    /// Ends the oldest search with the stored events; false if no search is running.
     bool answerEvents() { return searches.answer(stored); }
 
     CalendarAccess granted = CalendarAccess::NotAsked;

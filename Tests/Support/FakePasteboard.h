@@ -32,7 +32,7 @@ public:
         Q_EMIT changed();
     }
 
-    /// Answers the oldest pending reading with the current content; false if there is none.
+    /// Answers the oldest pending reading with the current content; false if nothing is pending.
     bool answer() {
         return m_readings.answer(PasteboardContent{.image = offered.png, .text = offered.text});
     }

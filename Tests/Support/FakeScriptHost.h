@@ -15,7 +15,7 @@ public:
         return runs.add(std::move(completion));
     }
 
-    /// Lets the oldest run succeed or fail; false if there is none.
+    /// Lets the oldest run succeed or fail; false if nothing is running.
     bool answer(const QByteArray &output) { return runs.answer(output); }
     bool fail() { return runs.answer(std::nullopt); }
 

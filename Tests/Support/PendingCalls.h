@@ -17,7 +17,7 @@ public:
         return std::make_unique<Handle>(*this, m_calls.back());
     }
 
-    /// Calls the oldest completion, which may destroy its task; false if there is none.
+    /// Calls the oldest completion, which may destroy its task; false if nothing is pending.
     bool answer(const auto &value) {
         const auto oldest = m_calls.empty() ? nullptr : m_calls.front();
         return remove(oldest) && ((*oldest)(value), true);

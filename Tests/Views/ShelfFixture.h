@@ -52,7 +52,7 @@ public:
     /// Replaces the shelf's entries with the widgets of those titles, then applications with those
     /// names. An application's desktop entry is "/apps/" and its name.
     Q_INVOKABLE void fill(const QStringList &widgets, const QStringList &applications);
-    /// Ends the view's search for applications with those in "/apps/"; false if none is running.
+    /// Ends the view's search for applications with those in "/apps/"; false without a search.
     Q_INVOKABLE bool install(const QStringList &names);
     /// From now on the applications with those names play sound. Their initials must differ.
     Q_INVOKABLE void play(const QStringList &names);
@@ -66,14 +66,14 @@ public:
     /// The calls to the shell since the last call.
     Q_INVOKABLE QStringList takeCalls() { return std::exchange(m_shell.calls, {}); }
 
-    /// "Button: Search" for every accessible object in the item's window, in order.
+    /// "Button: Search" for each accessible object in the item's window, in order.
     Q_INVOKABLE static QStringList accessibleWithin(QQuickItem *item);
     /// Whether an accessible object in the item's window has that description.
     Q_INVOKABLE static bool describedAs(QQuickItem *item, const QString &description);
-    /// Presses the last accessible object with that name, like an assistive program; false if there
-    /// is none.
+    /// Presses the last accessible object with that name, like an assistive program; false without
+    /// such an object.
     Q_INVOKABLE static bool pressAccessible(QQuickItem *within, const QString &name);
-    /// Sets the value of the last accessible object with that name; false if there is none.
+    /// Sets the value of the last accessible object with that name; false without such an object.
     Q_INVOKABLE static bool setAccessible(QQuickItem *within, const QString &name, double value);
     /// Sends a key repeat.
     Q_INVOKABLE static void repeatKey(QQuickItem *item, int key);

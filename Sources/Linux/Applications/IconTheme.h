@@ -24,7 +24,7 @@ public:
     /// picture or it cannot be read.
     [[nodiscard]] QImage image(const QString &name, int side);
 
-    /// The file with the best size; empty if there is none.
+    /// The file with the best size, or empty.
     [[nodiscard]] QString file(const QString &name, int side);
 
 private:

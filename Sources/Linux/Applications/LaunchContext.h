@@ -14,7 +14,7 @@ struct ReleaseLaunchContext {
 using LaunchContext = std::unique_ptr<_GAppLaunchContext, ReleaseLaunchContext>;
 
 /// The environment in which GIO launches programs: ours without its startup identifiers, and with a
-/// startup notice for every application that supports them. The notices must outlive the context.
+/// startup notice for each application that supports them. The notices must outlive the context.
 /// Use it on one thread at a time.
 [[nodiscard]] LaunchContext makeLaunchContext(const StartNotices &notices);
 

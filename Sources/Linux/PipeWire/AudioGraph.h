@@ -27,12 +27,12 @@ public:
     /// Whether all existing objects have been announced, and streams can be moved.
     [[nodiscard]] bool isComplete() const { return m_isComplete && m_metadata.isBound(); }
 
-    /// 0 if there is none. Kept while the server is away.
+    /// 0 if there is no output. Kept while the server is away.
     [[nodiscard]] AudioObject defaultOutput() const { return m_defaultOutput; }
 
     [[nodiscard]] QList<AudioProcess> processes() const;
     [[nodiscard]] bool hasProcess(AudioObject process) const;
-    /// Null when there is none.
+    /// Null if there is no client.
     [[nodiscard]] const GraphClient *clientOf(AudioObject process) const;
     /// The PID outside any sandbox; nullopt if unknown.
     [[nodiscard]] std::optional<std::int32_t> systemPidOf(AudioObject process) const;

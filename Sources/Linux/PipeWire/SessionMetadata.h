@@ -48,7 +48,7 @@ public:
     /// Drops the entries of a stream that has gone.
     void forget(std::uint32_t node);
 
-    /// The node's name; empty if there is none.
+    /// The node's name, or empty.
     [[nodiscard]] QString defaultOutput() const { return m_defaultOutput; }
     /// If one of our sinks was chosen as the default, restores the previous choice.
     void restoreDefaultOutput();

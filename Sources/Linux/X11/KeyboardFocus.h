@@ -13,7 +13,7 @@ class KeyboardFocus : public QObject {
 public:
     explicit KeyboardFocus(XcbConnection &connection);
 
-    /// The window with the focus; XCB_WINDOW_NONE if there is none or the server does not answer.
+    /// The window with the focus; XCB_WINDOW_NONE if none has it or the server does not answer.
     [[nodiscard]] xcb_window_t current();
 
     /// Gives the focus to a shown unmanaged window and remembers the window that had it.

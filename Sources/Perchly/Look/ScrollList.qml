@@ -161,7 +161,7 @@ Item {
         event.accepted = view.activeFocus && root.focusFrom(view.currentIndex + distance, distance, root.focusedControl());
     }
 
-    /// Goes to the next control in the row, in steps of 1 or -1; false if there is none.
+    /// Goes to the next control in the row, in steps of 1 or -1; false at the end.
     function moveAlong(step) {
         const row = view.activeFocus ? view.currentItem : null;
         const controls = row ? root.controlsOf(row) : [];

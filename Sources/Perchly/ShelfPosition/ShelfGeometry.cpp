@@ -27,7 +27,7 @@ double clampedOrigin(double origin, double extent, double low, double high) {
     return std::min(std::max(low, origin), high - extent);
 }
 
-/// The width of the camera housing; 0 if there is none.
+/// The width of the camera housing, or 0.
 double notchWidth(const Display &display) {
     const bool hasNotch =
         display.safeAreaTop > 0 && display.auxiliaryTopLeftArea && display.auxiliaryTopRightArea;

@@ -37,7 +37,7 @@ class Screen:
         return self.display.create_resource_object("window", number)
 
     def property(self, window, name):
-        """The values of a property, empty if there is none."""
+        """The values of a property; empty if it is not set."""
         found = window.get_full_property(self.atom(name), X.AnyPropertyType)
         return found.value if found else ()
 
@@ -111,7 +111,7 @@ class Screen:
     # Windows
 
     def focus(self):
-        """The id of the window with the keyboard; 0 if it is the root or there is none."""
+        """The id of the window with the keyboard; 0 if it is the root or no window has it."""
         window = self.display.get_input_focus().focus
         return 0 if isinstance(window, int) or window.id == self.root.id else window.id
 
