@@ -50,7 +50,7 @@ private Q_SLOTS:
         m_answer = true;
     }
 
-    void eventsTakePlaceAtTheirTimes_data() {
+    void eventTimesFollowRulesAndZones_data() {
         QTest::addColumn<QByteArray>("zone");
         QTest::addColumn<QByteArray>("components");
         QTest::addColumn<QStringList>("expected");
@@ -67,7 +67,7 @@ private Q_SLOTS:
         }
     }
 
-    void eventsTakePlaceAtTheirTimes() {
+    void eventTimesFollowRulesAndZones() {
         QFETCH(QByteArray, components);
         QFETCH(QByteArray, zone);
         QFile::remove(path("work"));
