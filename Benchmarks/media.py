@@ -80,7 +80,7 @@ def start_player(folder, environment):
     status = ["playerctl", "status"]
     while subprocess.run(status, capture_output=True, env=environment).stdout != b"Playing\n":
         if time.monotonic() > deadline:
-            raise SystemExit("mpv did not come onto the bus")
+            raise SystemExit("mpv did not appear on the bus")
         time.sleep(0.05)
     return player
 

@@ -30,7 +30,7 @@ def proportional_megabytes(pid):
         for line in rollup:
             if line.startswith("Pss:"):
                 return int(line.split()[1]) / 1024
-    raise AssertionError(f"process {pid} tells no proportional size")
+    raise AssertionError(f"process {pid} has no proportional size")
 
 
 def cost_of_a_minute(pid, seconds, meanwhile=None):

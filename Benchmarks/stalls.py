@@ -19,7 +19,7 @@ def main():
     try:
         os.sched_setscheduler(0, os.SCHED_FIFO, os.sched_param(95))
     except PermissionError:
-        sys.exit("stalls.py: needs the right to real-time scheduling, for example root's")
+        sys.exit("stalls.py: needs the right to real-time scheduling, for example as root")
     longest = 0.0
     due = time.monotonic() + PERIOD
     while True:

@@ -14,7 +14,7 @@ scripts/build.sh default perchly
 
 program=build/Sources/Perchly/Shell/perchly
 if [ -n "${DISPLAY:-}" ]; then
-    echo "run: Perchly hangs at the top of the screen: point at it, or press Ctrl+Alt+Space."
+    echo "run: Perchly is at the top of the screen: point at it, or press Ctrl+Alt+Space."
     exec "$program"
 fi
 echo "run: there is no display, so Perchly plays a short scene on a virtual one."

@@ -183,7 +183,7 @@ def main():
             sys.exit(f"Perchly wrote to stderr:\n{errors}")
         wanted = {picture.name for picture in (ROOT / "docs").glob("*.png")}
         if missing := wanted - scene.pictures:
-            sys.exit(f"no step of the scene leaves {missing}")
+            sys.exit(f"no step of the scene takes {missing}")
     except AssertionError:
         failure = Path(tempfile.gettempdir()) / "perchly-scene-failure.png"
         session.screen.screenshot().save(failure)

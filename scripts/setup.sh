@@ -13,7 +13,7 @@ wanted=$(awk -v sections=" $* " -v release="${release%%.*}" '
     /^[^#]/ && (on || sections == "  ") { split($0, names, "|"); print names[2] && release < 13 ? names[2] : names[1] }
     ' scripts/packages.txt)
 if ! command -v dpkg-query >/dev/null; then
-    echo "setup: this is not a Debian system. Install what corresponds to these packages:" >&2
+    echo "setup: this is not a Debian system. Install the equivalents of these packages:" >&2
     echo "$wanted" >&2
     exit 1
 fi
@@ -30,12 +30,12 @@ if [ "$(id -u)" -eq 0 ]; then
 elif command -v sudo >/dev/null && { sudo -n true 2>/dev/null || { [ -t 0 ] && sudo -v; }; }; then
     as_root=sudo
 else
-    echo "setup: packages are missing, and installing them needs root rights. Run as root:" >&2
+    echo "setup: packages are missing, and installing them needs root. Run as root:" >&2
     echo "apt-get update && $install" >&2
     exit 1
 fi
 
 echo "setup: installing $missing"
-$as_root apt-get update -q || echo "setup: apt-get update failed; trying with the lists that are there" >&2
+$as_root apt-get update -q || echo "setup: apt-get update failed; using the existing package lists" >&2
 # shellcheck disable=SC2086 # as above
 $as_root env DEBIAN_FRONTEND=noninteractive $install </dev/null

@@ -126,7 +126,7 @@ QString PreferenceFile::write(const QByteArray &bytes) {
         if (!kept) {
             return QStringLiteral("what stands there cannot be moved aside");
         }
-        tell(QStringLiteral("kept what stood there as %1").arg(*kept));
+        tell(QStringLiteral("kept the previous file as %1").arg(*kept));
     }
     m_damaged = false;
     return wholefile::replace(m_path, bytes, wholefile::Durability::System);
