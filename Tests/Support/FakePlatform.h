@@ -157,7 +157,7 @@ public:
     PendingCalls<Completion> dialogs;
 };
 
-/// Answers at once.
+/// Power sources that answer at once.
 class FakePowerSources : public PowerSources {
 public:
     void read(Completion completion) override { completion(reading); }
