@@ -22,11 +22,11 @@ public:
     enum class Watch {
         Nothing,
         Movements,
-        /// Also jumps made by other programs, which the window system does not report as movement:
-        /// polls the position a few times a second.
+        /// Also reports jumps made by other programs, which the window system does not report as
+        /// movement: polls the position a few times a second.
         Jumps
     };
-    /// What to announce; movements after start().
+    /// Sets which events to report; movements after start().
     virtual void watch(Watch watch) = 0;
 
 Q_SIGNALS:

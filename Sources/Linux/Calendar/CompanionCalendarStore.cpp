@@ -164,7 +164,7 @@ void CompanionCalendarStore::startRound(const Call &call) {
     }));
 }
 
-/// Call it before reading them, so that no change in between is missed.
+/// Call it before reading the calendars, so that no change in between is missed.
 void CompanionCalendarStore::watchFolders(const CalendarList &list) {
     const auto watch = [this, list] {
         for (auto [watched, folders] : {std::pair(&m_watch, &list.folders),

@@ -44,7 +44,7 @@ void ProcessMove::begin(std::uint32_t sink) {
     });
     connect(&m_graph, &AudioGraph::streamRemoved, this, &ProcessMove::forget);
     connect(&m_graph.metadata(), &SessionMetadata::targetChanged, this, &ProcessMove::watch);
-    // While one client binds the table, PipeWire drops its events for all others; links it reports.
+    // While a client binds the table, PipeWire drops table events for all others, but not links.
     connect(&m_graph, &AudioGraph::linked, this,
             [this, sink](std::uint32_t from, std::uint32_t to) {
                 if (to == sink && m_before.contains(from)) {

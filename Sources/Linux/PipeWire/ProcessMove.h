@@ -23,16 +23,16 @@ public:
     /// Leaves streams where they are unless undo() was called.
     ~ProcessMove() override;
 
-    /// The sink is the target's node.
+    /// `sink` is the target's node.
     void begin(std::uint32_t sink);
-    /// Does nothing before begin(). Streams that somebody else has moved stay there.
+    /// Does nothing before begin(). Streams that another program has moved stay there.
     void undo();
 
     /// The nodes of the streams that were moved to the target.
     [[nodiscard]] QList<std::uint32_t> streams() const { return m_before.keys(); }
 
 Q_SIGNALS:
-    /// Somebody else has moved one of the streams; no more streams are moved. From within a
+    /// Another program has moved one of the streams, so no more streams are moved. Emitted in a
     /// callback of the connection.
     void takenOver();
 
@@ -49,7 +49,7 @@ private:
     AudioObject m_process;
     StreamTarget m_target;
     QHash<std::uint32_t, std::optional<StreamTarget>>
-        m_before;                  ///< the streams moved, and where each goes back to
+        m_before;                  ///< the original target of each moved stream
     QSet<std::uint32_t> m_arrived; ///< seen at the target, in the table or by a link
     bool m_isUnderWay = false;
     bool m_isTakenOver = false;

@@ -27,7 +27,7 @@ private:
 
     mutable XcbConnection m_connection;
     RawInput m_input{m_connection};
-    mutable QPoint m_lastPixels; ///< where the pointer was last seen
+    mutable QPoint m_lastPixels; ///< the last known position
     Watch m_watch = Watch::Nothing;
     bool m_hasMoved = false; ///< since the last announcement
     QTimer m_rest;

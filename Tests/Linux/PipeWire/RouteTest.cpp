@@ -13,8 +13,8 @@ namespace {
 /// Frames per cycle of the server.
 constexpr std::size_t cycle = 1024;
 
-/// Moves all streams, as a user does. Not with pactl: if it ends before its server has passed the
-/// command on, the command is lost.
+/// Moves all streams, as a user does. Not with pactl: the command is lost if pactl ends before its
+/// server has passed it on.
 void moveTo(const QString &sink) {
     const QString sinks = output(QStringLiteral("pactl list short sinks"));
     const QString serial = sinks.section(u'\t' + sink, 0, 0).section(u'\n', -1);
@@ -79,7 +79,7 @@ private Q_SLOTS:
                 moveTo(second);
                 QVERIFY(meter.comesTo(toneLevel));
             }
-            // First as the user has just chosen it, then as the session manager remembers it.
+            // First with the user's choice, then with the session manager's memory of it.
             for (const Ending ending :
                  {Ending::Kill, Ending::Quit, Ending::PlayerEnds, Ending::Kill}) {
                 const Program owner =
@@ -100,7 +100,7 @@ private Q_SLOTS:
                 QVERIFY(meter.comesTo(toneLevel));
             }
         }
-        moveTo(first); // so that the next test's player goes by the default
+        moveTo(first); // so that the next test's player uses the default
         QVERIFY(atFirst.comesTo(toneLevel));
     }
 

@@ -32,7 +32,7 @@ private Q_SLOTS:
         QVERIFY2(told <= duration / 12 + 4, qPrintable(QString::number(told)));
     }
 
-    void jumpsAreSeenOnlyOnRequest() {
+    void jumpsAreReportedOnlyOnRequest() {
         X11PointerMonitor monitor;
         const QSignalSpy moved(&monitor, &PointerMonitor::moved);
         monitor.start();
