@@ -24,6 +24,8 @@ WINDOW_MANAGERS = {
     "xfwm4 compositor": ("xfwm4", "--compositor=on"),
 }
 KEPT_VARIABLES = ("PATH", "LD_LIBRARY_PATH", "QT_QUICK_BACKEND")
+# Qt's animation timer when one QML Timer stops before another has started
+QT_NOISE = "perchly: QUnifiedTimer::stopAnimationDriver: driver is not running\n"
 FOLDERS = {"HOME": "home", "XDG_RUNTIME_DIR": "runtime", "TMPDIR": "tmp"}
 
 
@@ -55,8 +57,8 @@ class Program:
         return sum(int(line.split()[1]) for line in lines if line.startswith("voluntary"))
 
     def errors(self):
-        """The program's output on stdout and stderr."""
-        return self._log.read_text(errors="replace")
+        """The program's output on stdout and stderr, without QT_NOISE."""
+        return self._log.read_text(errors="replace").replace(QT_NOISE, "")
 
     def windows(self):
         return self._session.screen.windows_of(self.pid)
