@@ -123,14 +123,15 @@ QStringList ShelfFixture::takeOpened() {
 
 QStringList ShelfFixture::accessibleWithin(QQuickItem *item) {
     QStringList found;
+    const auto roles = QMetaEnum::fromType<QAccessible::Role>();
     visit(QAccessible::queryAccessibleInterface(item->window()), [&](QAccessibleInterface &thing) {
         const QString name = thing.text(QAccessible::Name);
-        if (name.isEmpty() || thing.role() == QAccessible::Window) {
-            return;
+        if (auto *object = qobject_cast<QQuickItem *>(thing.object()); object && !name.isEmpty()) {
+            const QLatin1String role(roles.valueToKey(thing.role()));
+            // Qt 6.4 does not put this into the accessible state, later versions do.
+            const QLatin1String state(object->isEnabled() ? "" : " (disabled)");
+            found.append(QStringLiteral("%1: %2%3").arg(role, name, state));
         }
-        const QString role =
-            QString::fromLatin1(QMetaEnum::fromType<QAccessible::Role>().valueToKey(thing.role()));
-        found.append(role + QStringLiteral(": ") + name);
     });
     return found;
 }

@@ -66,7 +66,8 @@ public:
     /// The calls to the shell since the last call.
     Q_INVOKABLE QStringList takeCalls() { return std::exchange(m_shell.calls, {}); }
 
-    /// "Button: Search" for each accessible object in the item's window, in order.
+    /// "Button: Search" or "Button: Pin (disabled)" for each accessible object in the item's
+    /// window, in order.
     Q_INVOKABLE static QStringList accessibleWithin(QQuickItem *item);
     /// Whether an accessible object in the item's window has that description.
     Q_INVOKABLE static bool describedAs(QQuickItem *item, const QString &description);

@@ -45,7 +45,7 @@ ViewTestCase {
                     PushButton {
                         required property int index
 
-                        enabled: row.name !== "row2" || index !== 1
+                        usable: row.name !== "row2" || index !== 1
                         text: row.name + "ab"[index]
                         visible: index < row.buttons
                     }

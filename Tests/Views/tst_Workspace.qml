@@ -72,14 +72,14 @@ ViewTestCase {
                        "StaticText: Drop here"]],
             ["Clipboard", ["CheckBox: Enable clipboard history for this session", "CheckBox: Pause",
                            "Button: Clear history", "EditableText: Search copied text"]],
-            ["Layouts", ["EditableText: Layout name, e.g. Work", "Button: Save current"]],
+            ["Layouts", ["EditableText: Layout name, e.g. Work", "Button: Save current (disabled)"]],
             ["Shortcuts", ["Heading: Run your Apple Shortcuts", "Button: Refresh", "Button: Open folder"]],
             ["Meetings", ["Button: Connect Calendar", "Button: Refresh",
                           "StaticText: Connect Calendar to see upcoming meetings.", "List: Meetings"]],
-            ["Launch", ["EditableText: Workspace name", "Button: Save current"]],
-            ["Snippets", ["EditableText: New snippet", "Button: Pin", "CheckBox: Keep pinned snippets after quitting"]],
+            ["Launch", ["EditableText: Workspace name", "Button: Save current (disabled)"]],
+            ["Snippets", ["EditableText: New snippet", "Button: Pin (disabled)", "CheckBox: Keep pinned snippets after quitting"]],
             ["Focus", ["SpinBox: Focus: 25 minutes", "SpinBox: Break: 5 minutes", "StaticText: 00:00",
-                       "Button: Start focus", "Button: Start break", "Button: Resume", "Button: End",
+                       "Button: Start focus", "Button: Start break", "Button: Resume (disabled)", "Button: End",
                        "StaticText: Today: 0 focus sessions · 0 minutes"]],
             ["Battery", ["Button: Refresh battery", "Button: Capture screen region"]]
         ]) {
@@ -93,8 +93,8 @@ ViewTestCase {
         root.fixture.productivity.held.hold(["file:///tmp/a%20b.txt", "https://a.example/"]);
         root.settle();
         root.expectInOrder(["StaticText: Drag all 2", "ListItem: a b.txt", "Button: Preview", "Button: Reveal",
-            "Button: Copy path / link", "Button: Copy image", "Button: Share", "Button: Remove",
-            "ListItem: https://a.example/", "Button: Copy path / link", "Button: Copy image", "Button: Share",
+            "Button: Copy path / link", "Button: Copy image (disabled)", "Button: Share", "Button: Remove",
+            "ListItem: https://a.example/", "Button: Copy path / link", "Button: Copy image (disabled)", "Button: Share",
             "Button: Remove"]);
         root.goTo("Copy all", Qt.Key_Tab);
         keyClick(Qt.Key_Tab);

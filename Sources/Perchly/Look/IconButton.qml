@@ -13,13 +13,13 @@ PressButton {
     implicitHeight: 30
     implicitWidth: 30
     label: root.toolTip
-    opacity: root.enabled ? 1 : 0.25
+    opacity: root.usable ? 1 : 0.25
 
     RoundedRect {
         anchors.fill: parent
         color: Qt.rgba(1, 1, 1, 0.09)
         radius: 8
-        visible: root.enabled && root.containsMouse
+        visible: root.usable && root.containsMouse
     }
     Symbol {
         anchors.centerIn: parent

@@ -3,7 +3,7 @@ import Perchly.Look
 
 /// A button around any content, which gets a little smaller and dimmer while pressed. Space and
 /// Return press it when it has the keyboard.
-MouseArea {
+Item {
     id: root
 
     /// The accessible name.
@@ -24,12 +24,17 @@ MouseArea {
     /// other is then ignored.
     property double cameAt: 0
     readonly property int doubleClickTime: 500
+    /// Bind this instead of `enabled`: a button that becomes unusable while it has the keyboard keeps
+    /// it, and is disabled, for assistive programs too, when the keyboard moves on.
+    property bool usable: true
+    readonly property alias pressed: area.pressed
+    readonly property alias containsMouse: area.containsMouse
     default property alias content: body.data
 
     signal activated()
 
     function press() {
-        if (root.enabled) {
+        if (root.usable) {
             root.activated();
         }
     }
@@ -45,49 +50,56 @@ MouseArea {
     Accessible.focused: root.activeFocus
     Accessible.name: root.label
     Accessible.role: Accessible.Button
-    activeFocusOnTab: root.enabled || root.activeFocus
-    cursorShape: root.enabled ? Qt.PointingHandCursor : Qt.ArrowCursor
-    hoverEnabled: true
+    activeFocusOnTab: root.enabled
+    enabled: root.usable || root.activeFocus
 
     Accessible.onPressAction: root.press()
     Keys.onReturnPressed: event => root.pressByKey(event)
     Keys.onEnterPressed: event => root.pressByKey(event)
     Keys.onSpacePressed: event => root.pressByKey(event)
-    onClicked: {
-        if (Date.now() - root.cameAt > root.doubleClickTime) {
-            root.activated();
-        }
-    }
 
-    Item {
-        id: body
-
-        readonly property bool held: root.pressed && root.containsMouse
+    MouseArea {
+        id: area
 
         anchors.fill: parent
-        opacity: body.held ? 0.7 : 1
-        scale: body.held && !Theme.reduceMotion ? root.pressedScale : 1
+        cursorShape: root.usable ? Qt.PointingHandCursor : Qt.ArrowCursor
+        enabled: root.usable
+        hoverEnabled: true
 
-        Behavior on opacity { PressAnimation {} }
-        Behavior on scale { PressAnimation {} }
-
-        Rectangle {
-            anchors.fill: parent
-            color: root.plate
-            radius: root.plateRadius
-            visible: root.plate.a > 0
+        onClicked: {
+            if (Date.now() - root.cameAt > root.doubleClickTime) {
+                root.activated();
+            }
         }
-    }
 
-    FocusRing {
-        anchors.bottomMargin: root.focusInset
-        anchors.leftMargin: root.focusSideInset
-        anchors.rightMargin: root.focusSideInset
-        anchors.topMargin: root.focusInset
-        radius: root.focusRadius
-        shown: root.activeFocus
-    }
-    ToolTipArea {
-        text: root.toolTip
+        Item {
+            id: body
+
+            anchors.fill: parent
+            opacity: area.containsPress ? 0.7 : 1
+            scale: area.containsPress && !Theme.reduceMotion ? root.pressedScale : 1
+
+            Behavior on opacity { PressAnimation {} }
+            Behavior on scale { PressAnimation {} }
+
+            Rectangle {
+                anchors.fill: parent
+                color: root.plate
+                radius: root.plateRadius
+                visible: root.plate.a > 0
+            }
+        }
+
+        FocusRing {
+            anchors.bottomMargin: root.focusInset
+            anchors.leftMargin: root.focusSideInset
+            anchors.rightMargin: root.focusSideInset
+            anchors.topMargin: root.focusInset
+            radius: root.focusRadius
+            shown: root.activeFocus
+        }
+        ToolTipArea {
+            text: root.toolTip
+        }
     }
 }

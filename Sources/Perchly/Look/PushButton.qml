@@ -16,7 +16,7 @@ PressButton {
     implicitHeight: root.size + 17
     implicitWidth: Math.max(64, Math.ceil(word.implicitWidth) + 2 * root.size)
     label: root.text
-    opacity: root.enabled ? 1 : 0.4
+    opacity: root.usable ? 1 : 0.4
     pressedScale: 0.97
 
     /// Confirms a press that has no other visible effect.
@@ -27,7 +27,7 @@ PressButton {
     RoundedRect {
         anchors.fill: parent
         color: root.prominent ? Qt.darker(Theme.accent, root.containsMouse ? 1.08 : 1)
-                              : Qt.rgba(1, 1, 1, root.containsMouse && root.enabled ? 0.15 : 0.1)
+                              : Qt.rgba(1, 1, 1, root.containsMouse && root.usable ? 0.15 : 0.1)
         radius: 8
     }
     Label {

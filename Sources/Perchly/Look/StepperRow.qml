@@ -22,12 +22,12 @@ RangeControl {
 
         IconButton {
             activeFocusOnTab: false
-            enabled: root.current > root.from
             height: 28
             size: 12
             subject: root.label
             symbol: "minus"
             toolTip: "Less"
+            usable: root.current > root.from
             width: 34
 
             onActivated: root.ask(root.current - 1)
@@ -41,12 +41,12 @@ RangeControl {
         IconButton {
             activeFocusOnTab: false
             anchors.right: parent.right
-            enabled: root.current < root.to
             height: 28
             size: 12
             subject: root.label
             symbol: "plus"
             toolTip: "More"
+            usable: root.current < root.to
             width: 34
 
             onActivated: root.ask(root.current + 1)

@@ -32,9 +32,9 @@ ColumnLayout {
         implicitHeight: 1
     }
     PushButton {
-        enabled: !root.extras.capture.active
-        prominent: enabled
+        prominent: usable
         text: root.extras.capture.active ? "Capturing…" : "Capture screen region"
+        usable: !root.extras.capture.active
 
         onActivated: root.extras.capture.start()
     }

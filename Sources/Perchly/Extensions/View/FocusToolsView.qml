@@ -77,8 +77,8 @@ ColumnLayout {
             onActivated: root.model.startBreak()
         }
         PushButton {
-            enabled: root.model.seconds > 0
             text: root.model.running ? "Pause" : "Resume"
+            usable: root.model.seconds > 0
 
             onActivated: root.model.togglePause()
         }

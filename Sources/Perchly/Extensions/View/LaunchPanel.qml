@@ -14,7 +14,7 @@ ColumnLayout {
     required property ExtrasDrafts drafts
 
     function save() {
-        if (save.enabled) {
+        if (save.usable) {
             root.extras.groups.save(field.text);
             field.input.clear();
         }
@@ -40,8 +40,8 @@ ColumnLayout {
             id: save
 
             Layout.preferredHeight: field.height
-            enabled: field.text.trim() !== ""
             text: "Save current"
+            usable: field.text.trim() !== ""
 
             onActivated: root.save()
         }

@@ -15,7 +15,7 @@ ColumnLayout {
     required property ExtrasDrafts drafts
 
     function pin() {
-        if (pin.enabled && root.extras.snippets.pin(field.text)) {
+        if (pin.usable && root.extras.snippets.pin(field.text)) {
             field.input.clear();
         }
     }
@@ -40,8 +40,8 @@ ColumnLayout {
             id: pin
 
             Layout.preferredHeight: field.height
-            enabled: field.text !== ""
             text: "Pin"
+            usable: field.text !== ""
 
             onActivated: root.pin()
         }

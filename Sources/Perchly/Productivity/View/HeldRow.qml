@@ -86,9 +86,9 @@ DragPlate {
                 onActivated: root.tools.clipboard.copyPath(root.row.url)
             }
             RowButton {
-                enabled: root.row.isPicture
                 subject: root.label
                 text: "Copy image"
+                usable: root.row.isPicture
 
                 onActivated: root.tools.clipboard.copyImage(root.row.url)
             }

@@ -15,7 +15,7 @@ ColumnLayout {
     required property ExtrasDrafts drafts
 
     function save() {
-        if (save.enabled) {
+        if (save.usable) {
             root.tools.layouts.save(field.text);
             field.input.clear();
         }
@@ -44,8 +44,8 @@ ColumnLayout {
         PushButton {
             id: save
 
-            enabled: field.text.trim() !== ""
             text: "Save current"
+            usable: field.text.trim() !== ""
 
             onActivated: root.save()
         }

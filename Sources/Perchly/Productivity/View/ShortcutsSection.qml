@@ -90,9 +90,9 @@ ColumnLayout {
                 }
             }
             RowButton {
-                enabled: root.tools.shortcuts.busy === ""
                 subject: shortcut.text
                 text: "Run"
+                usable: root.tools.shortcuts.busy === ""
 
                 onActivated: root.tools.shortcuts.run(shortcut.row.name)
             }

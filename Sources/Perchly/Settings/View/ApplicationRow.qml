@@ -61,9 +61,9 @@ RowCard {
             id: button
 
             Layout.minimumWidth: 72
-            enabled: !root.added
             subject: root.name
             text: root.added ? "Added" : "Add"
+            usable: !root.added
 
             onActivated: {
                 const hadKeyboard = button.activeFocus;

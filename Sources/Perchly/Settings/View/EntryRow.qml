@@ -17,11 +17,11 @@ RowCard {
     readonly property shelfItem entry: root.row.entry
 
     /// At an end of the list the row itself gets the keyboard, so that another press does nothing.
-    function move(offset: int, button: Item) {
+    function move(offset: int, button: IconButton) {
         root.library.move(root.entry.id, offset);
         if (button.activeFocus) {
             root.list.view.positionViewAtIndex(root.index, ListView.Contain);
-            if (!button.enabled) {
+            if (!button.usable) {
                 root.list.select(root);
             }
         }
@@ -70,20 +70,20 @@ RowCard {
         IconButton {
             id: earlier
 
-            enabled: root.index > 0
             subject: root.entry.name
             symbol: "arrow.up"
             toolTip: "Move earlier"
+            usable: root.index > 0
 
             onActivated: root.move(-1, earlier)
         }
         IconButton {
             id: later
 
-            enabled: root.index < root.list.count - 1
             subject: root.entry.name
             symbol: "arrow.down"
             toolTip: "Move later"
+            usable: root.index < root.list.count - 1
 
             onActivated: root.move(1, later)
         }

@@ -100,9 +100,9 @@ Item {
 
         anchors.left: parent.left
         anchors.verticalCenter: parent.verticalCenter
-        enabled: root.offset < 0
         symbol: "chevron.left"
         toolTip: "Previous icons"
+        usable: root.offset < 0
         visible: root.count > 0
         onActivated: root.goBack()
     }
@@ -239,9 +239,9 @@ Item {
 
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
-        enabled: root.lowest < root.offset
         symbol: "chevron.right"
         toolTip: "More icons"
+        usable: root.lowest < root.offset
         visible: root.count > 0
         onActivated: root.goOn()
     }

@@ -11,8 +11,8 @@ PressButton {
     implicitHeight: 28
     implicitWidth: 30
     label: root.toolTip
-    opacity: root.enabled ? 1 : 0.35
-    plate: Qt.rgba(1, 1, 1, root.enabled && root.containsMouse ? 0.14 : 0.08)
+    opacity: root.usable ? 1 : 0.35
+    plate: Qt.rgba(1, 1, 1, root.usable && root.containsMouse ? 0.14 : 0.08)
 
     onSymbolChanged: {
         if (!Theme.reduceMotion) {

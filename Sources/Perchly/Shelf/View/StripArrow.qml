@@ -11,12 +11,12 @@ PressButton {
     implicitHeight: 34
     implicitWidth: 24
     label: root.toolTip
-    plate: Qt.rgba(1, 1, 1, !root.enabled ? 0.02 : root.containsMouse ? 0.11 : 0.06)
+    plate: Qt.rgba(1, 1, 1, !root.usable ? 0.02 : root.containsMouse ? 0.11 : 0.06)
 
     Symbol {
         anchors.centerIn: parent
         bold: true
-        color: Qt.rgba(1, 1, 1, root.enabled ? 0.75 : 0.15)
+        color: Qt.rgba(1, 1, 1, root.usable ? 0.75 : 0.15)
         name: root.symbol
         size: 10
     }
