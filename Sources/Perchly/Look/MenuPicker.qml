@@ -26,7 +26,6 @@ PressButton {
     Accessible.role: Accessible.ComboBox
     implicitHeight: 30
     implicitWidth: 180
-    opacity: root.enabled ? 1 : 0.4
     pressedScale: 1
 
     Keys.onDownPressed: root.show()

@@ -27,12 +27,10 @@ FocusScope {
         }
     }
 
-    Accessible.focusable: root.enabled
     Accessible.focused: root.activeFocus
     Accessible.name: root.label
-    activeFocusOnTab: root.enabled || root.activeFocus
+    activeFocusOnTab: true
     implicitHeight: 28
-    opacity: root.enabled ? 1 : 0.4
 
     Accessible.onDecreaseAction: root.ask(root.current - root.stepSize)
     Accessible.onIncreaseAction: root.ask(root.current + root.stepSize)

@@ -18,10 +18,8 @@ Item {
     signal chosen(string option)
 
     function choose(index: int) {
-        if (index >= 0 && index < root.options.length) {
-            root.chosen(root.options[index]);
-            segments.itemAt(index).forceActiveFocus();
-        }
+        root.chosen(root.options[index]);
+        segments.itemAt(index).forceActiveFocus();
     }
 
     Accessible.name: root.label

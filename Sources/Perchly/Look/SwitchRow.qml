@@ -20,7 +20,6 @@ PressButton {
     implicitHeight: 28
     implicitWidth: Math.ceil(words.implicitWidth) + 60
     label: root.text
-    opacity: root.enabled ? 1 : 0.4
     pressedScale: 1
 
     Accessible.onToggleAction: root.press()

@@ -17,7 +17,6 @@ PressButton {
     focusRadius: 8
     implicitHeight: Math.max(row.implicitHeight, 16)
     implicitWidth: row.implicitWidth
-    opacity: root.enabled ? 1 : 0.35
     pressedScale: 1
 
     Rectangle {
@@ -28,7 +27,7 @@ PressButton {
         anchors.topMargin: -5
         color: Qt.rgba(1, 1, 1, root.pressed ? 0.11 : 0.075)
         radius: 8
-        visible: root.enabled && root.containsMouse
+        visible: root.containsMouse
     }
 
     Row {

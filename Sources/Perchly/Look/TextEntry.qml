@@ -19,7 +19,6 @@ FocusScope {
     activeFocusOnTab: true
     implicitHeight: 32
     implicitWidth: 200
-    opacity: root.enabled ? 1 : 0.4
 
     RoundedRect {
         anchors.fill: parent
@@ -93,7 +92,7 @@ FocusScope {
         subject: root.label
         symbol: "xmark.circle.fill"
         toolTip: "Clear"
-        visible: root.enabled && input.text !== ""
+        visible: input.text !== ""
 
         onActivated: {
             input.clear();

@@ -16,7 +16,7 @@ RangeControl {
 
     MouseArea {
         anchors.fill: parent
-        cursorShape: root.enabled ? Qt.PointingHandCursor : Qt.ArrowCursor
+        cursorShape: Qt.PointingHandCursor
         preventStealing: true
 
         onPositionChanged: mouse => root.askAt(mouse.x)
