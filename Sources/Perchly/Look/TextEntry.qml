@@ -1,32 +1,43 @@
 import QtQuick
+import QtQuick.Templates as T
 import Perchly.Look
 
 /// A one-line text field in a rounded border. Escape clears it; if it is empty, Escape passes on.
-FocusScope {
+T.TextField {
     id: root
 
-    /// The accessible name; by default the placeholder.
-    property string label: root.placeholder
+    /// Shown while there is no text, and the accessible name.
     property string placeholder: ""
     /// Shown before the text.
     property string symbol: ""
-    property alias text: input.text
-    readonly property alias input: input
 
-    /// Return was pressed.
-    signal accepted()
-
-    activeFocusOnTab: true
+    Accessible.name: root.placeholder
+    clip: true
+    color: Theme.text
+    font.family: Theme.family
+    font.pixelSize: 13
     implicitHeight: 32
     implicitWidth: 200
+    leftPadding: root.symbol !== "" ? icon.width + 18 : 10
+    rightPadding: clear.visible ? 30 : 10
+    selectedTextColor: Theme.text
+    selectionColor: Qt.rgba(1, 1, 1, 0.26)
+    verticalAlignment: TextInput.AlignVCenter
 
-    RoundedRect {
-        anchors.fill: parent
-        borderColor: input.activeFocus ? Theme.accent : Theme.line
-        borderWidth: input.activeFocus ? 2 : 1
+    background: RoundedRect {
+        borderColor: root.activeFocus ? Theme.accent : Theme.line
+        borderWidth: root.activeFocus ? 2 : 1
         color: Qt.rgba(1, 1, 1, 0.06)
         radius: 8
     }
+    Keys.onEscapePressed: event => {
+        event.accepted = root.text !== "";
+        root.clear();
+    }
+    // Ignores key repeats.
+    Keys.onReturnPressed: event => event.accepted = event.isAutoRepeat
+    Keys.onEnterPressed: event => event.accepted = event.isAutoRepeat
+
     Symbol {
         id: icon
 
@@ -38,45 +49,14 @@ FocusScope {
         size: 12
         visible: root.symbol !== ""
     }
-    TextInput {
-        id: input
-
-        Accessible.description: root.placeholder !== root.label ? root.placeholder : ""
-        Accessible.name: root.label
-        Accessible.role: Accessible.EditableText
-        anchors.fill: parent
-        anchors.leftMargin: root.symbol !== "" ? icon.width + 18 : 10
-        anchors.rightMargin: clear.visible ? 30 : 10
-        clip: true
-        color: Theme.text
-        focus: true
-        font.family: Theme.family
-        font.pixelSize: 13
-        selectByMouse: true
-        selectedTextColor: Theme.text
-        selectionColor: Qt.rgba(1, 1, 1, 0.26)
-        verticalAlignment: TextInput.AlignVCenter
-
-        Keys.onEscapePressed: event => {
-            event.accepted = input.text !== "";
-            input.clear();
-        }
-        // Ignores key repeats.
-        Keys.onReturnPressed: event => event.accepted = event.isAutoRepeat
-        Keys.onEnterPressed: event => event.accepted = event.isAutoRepeat
-        onAccepted: root.accepted()
-    }
-    HoverHandler {
-        cursorShape: Qt.IBeamCursor
-    }
     Label {
-        anchors.left: input.left
-        anchors.right: input.right
-        anchors.verticalCenter: parent.verticalCenter
+        anchors.fill: parent
+        anchors.leftMargin: root.leftPadding
+        anchors.rightMargin: root.rightPadding
         color: Theme.grey
         font.pixelSize: 13
         text: root.placeholder
-        visible: input.text === "" && input.preeditText === ""
+        visible: root.text === "" && root.preeditText === ""
     }
     IconButton {
         id: clear
@@ -89,14 +69,14 @@ FocusScope {
         implicitHeight: 24
         implicitWidth: 24
         size: 12
-        subject: root.label
+        subject: root.placeholder
         symbol: "xmark.circle.fill"
         toolTip: "Clear"
-        visible: input.text !== ""
+        visible: root.text !== ""
 
         onActivated: {
-            input.clear();
-            input.forceActiveFocus();
+            root.clear();
+            root.forceActiveFocus();
         }
     }
 }

@@ -16,7 +16,7 @@ ColumnLayout {
     function save() {
         if (save.usable) {
             root.extras.groups.save(field.text);
-            field.input.clear();
+            field.clear();
         }
     }
 

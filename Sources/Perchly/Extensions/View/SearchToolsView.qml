@@ -26,7 +26,7 @@ ColumnLayout {
         root.library.refresh();
         root.results.editingNote = false;
         field.forceActiveFocus(Qt.ShortcutFocusReason);
-        field.input.selectAll();
+        field.selectAll();
     }
 
     function open(kind: string, target: var) {
@@ -68,7 +68,7 @@ ColumnLayout {
         event.accepted = typed && !field.activeFocus;
         if (event.accepted) {
             root.toField();
-            field.input.insert(field.input.length, event.text);
+            field.insert(field.length, event.text);
         }
     }
     Keys.onUpPressed: event => {

@@ -16,7 +16,7 @@ ColumnLayout {
 
     function pin() {
         if (pin.usable && root.extras.snippets.pin(field.text)) {
-            field.input.clear();
+            field.clear();
         }
     }
 

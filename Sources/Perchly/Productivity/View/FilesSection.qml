@@ -20,7 +20,7 @@ ColumnLayout {
 
     function addLink() {
         if (root.held.addLink(field.text)) {
-            field.input.clear();
+            field.clear();
         }
     }
 

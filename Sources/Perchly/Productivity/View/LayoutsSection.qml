@@ -17,7 +17,7 @@ ColumnLayout {
     function save() {
         if (save.usable) {
             root.tools.layouts.save(field.text);
-            field.input.clear();
+            field.clear();
         }
     }
 
