@@ -33,7 +33,8 @@ int mute(std::int32_t pid) {
     const auto route = MixerRoute::make(sound.system, sound.waitForProcess(pid), error);
     route->setGain(0);
     const QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
-    QObject::connect(&input, &QSocketNotifier::activated, qApp, &QCoreApplication::quit);
+    QObject::connect(&input, &QSocketNotifier::activated, QCoreApplication::instance(),
+                     &QCoreApplication::quit);
     return QCoreApplication::exec();
 }
 

@@ -105,7 +105,8 @@ private Q_SLOTS:
 
     void equalPidsInSandboxesAreDistinguished() {
         const SoundSystem sound([](std::optional<std::int32_t> pid, const QStringList &hints) {
-            const bool mayBlock = QThread::currentThread() != qApp->thread();
+            const bool mayBlock =
+                QThread::currentThread() != QCoreApplication::instance()->thread();
             const QString name = hints.value(0) + QString::number(pid.value_or(0));
             return mayBlock ? std::optional(RunningApplication{name, {}}) : std::nullopt;
         });
