@@ -3,7 +3,6 @@
 #include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 
 namespace perchly {
 
@@ -25,16 +24,22 @@ WatchedPlayer::WatchedPlayer(const QDBusConnection &bus, QString name)
     m_burst.setInterval(50ms);
     connect(&m_burst, &QTimer::timeout, this, &WatchedPlayer::readState);
     // Some players answer only after they have started.
-    ask(rootInterface, 30s, [this](const QString &owner, const QVariantMap &properties) {
-        m_owner = owner;
+    ask(rootInterface, 30s, [this](const QVariantMap &properties) {
         Q_EMIT identified(properties.value(QStringLiteral("DesktopEntry")).toString());
     });
 }
 
 void WatchedPlayer::follow() {
     // By the unique name: for a well-known one, QtDBus would wait for a bus call.
-    m_bus.connect(m_owner, playerPath, propertiesInterface, QStringLiteral("PropertiesChanged"),
-                  {playerInterface}, QString(), this, SLOT(onPropertiesChanged()));
+    const QString bus = QStringLiteral("org.freedesktop.DBus");
+    QDBusMessage call = QDBusMessage::createMethodCall(bus, QStringLiteral("/org/freedesktop/DBus"),
+                                                       bus, QStringLiteral("GetNameOwner"));
+    call << m_name;
+    send(call, 30s, [this](const QVariant &owner) {
+        m_bus.connect(owner.toString(), playerPath, propertiesInterface,
+                      QStringLiteral("PropertiesChanged"), {playerInterface}, QString(), this,
+                      SLOT(onPropertiesChanged()));
+    });
 }
 
 void WatchedPlayer::onPropertiesChanged() {
@@ -44,7 +49,7 @@ void WatchedPlayer::onPropertiesChanged() {
 }
 
 void WatchedPlayer::readState() {
-    ask(playerInterface, 1s, [this](const QString &, const QVariantMap &properties) {
+    ask(playerInterface, 1s, [this](const QVariantMap &properties) {
         const auto metadata = qdbus_cast<QVariantMap>(properties.value(QStringLiteral("Metadata")));
         const QString state = properties.value(QStringLiteral("PlaybackStatus")).toString();
         QVariantMap information{{QStringLiteral("Player State"), state}};
@@ -62,17 +67,22 @@ void WatchedPlayer::readState() {
 }
 
 void WatchedPlayer::ask(const QString &interface, std::chrono::milliseconds timeout,
-                        const Answer &answer) {
+                        const std::function<void(const QVariantMap &)> &answer) {
     QDBusMessage call = QDBusMessage::createMethodCall(m_name, playerPath, propertiesInterface,
                                                        QStringLiteral("GetAll"));
     call << interface;
     call.setAutoStartService(false);
+    send(call, timeout,
+         [answer](const QVariant &properties) { answer(qdbus_cast<QVariantMap>(properties)); });
+}
+
+void WatchedPlayer::send(const QDBusMessage &call, std::chrono::milliseconds timeout,
+                         const std::function<void(const QVariant &)> &answer) {
     auto *pending = new QDBusPendingCallWatcher(m_bus.asyncCall(call, int(timeout.count())), this);
     connect(pending, &QDBusPendingCallWatcher::finished, this, [pending, answer] {
         pending->deleteLater();
-        const QDBusPendingReply<QVariantMap> reply = *pending;
-        if (!reply.isError()) {
-            answer(reply.reply().service(), reply.value());
+        if (!pending->isError()) {
+            answer(pending->reply().arguments().value(0));
         }
     });
 }

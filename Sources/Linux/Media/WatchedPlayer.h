@@ -30,14 +30,15 @@ private Q_SLOTS:
     void onPropertiesChanged();
 
 private:
-    using Answer = std::function<void(const QString &owner, const QVariantMap &properties)>;
-
-    void ask(const QString &interface, std::chrono::milliseconds timeout, const Answer &answer);
+    /// Asks for all properties. Not answered if the call fails, like send().
+    void ask(const QString &interface, std::chrono::milliseconds timeout,
+             const std::function<void(const QVariantMap &)> &answer);
+    void send(const QDBusMessage &call, std::chrono::milliseconds timeout,
+              const std::function<void(const QVariant &)> &answer);
     void readState();
 
     QDBusConnection m_bus;
     QString m_name;
-    QString m_owner; ///< the unique name that its signals come from
     QTimer m_burst;
 };
 
