@@ -4,6 +4,8 @@
 
 #include <QTemporaryDir>
 
+#include <sys/stat.h>
+
 namespace perchly {
 
 class IconThemeTest : public QObject {
@@ -56,6 +58,25 @@ private Q_SLOTS:
         const QImage drawn = theme.image(m_folder->filePath(QStringLiteral("drawn.svg")), 100);
         QCOMPARE(drawn.size(), QSize(100, 100));
         QCOMPARE(drawn.pixelColor(99, 99), QColor(Qt::red));
+    }
+
+    void svgThatNamesOtherFilesIsNotDrawn() {
+        const QString pipe = m_folder->filePath(QStringLiteral("pipe"));
+        QCOMPARE(mkfifo(qPrintable(pipe), 0600), 0);
+        const QByteArray link = "<svg width='9' height='9' xmlns:xlink='x'><image width='9' "
+                                "height='9' xlink:href='%1'/></svg>";
+        const QByteArray toPipe = QByteArray(link).replace("%1", pipe.toUtf8());
+        IconTheme theme({}, {m_folder->path()});
+        for (const QByteArray &svg : {
+                 toPipe,
+                 QByteArray(link).replace("%1", "data:image/png;base64," + toPipe.toBase64()),
+                 "<?xml-stylesheet type=\"text/css\" href=\"" + pipe.toUtf8() + "\"?>" + link,
+             }) {
+            write("a.svg", svg);
+            QVERIFY(theme.image(QStringLiteral("a"), 9).isNull());
+        }
+        write("a.svg", QByteArray(link).replace("%1", "data:image/png;base64,"));
+        QCOMPARE(theme.image(QStringLiteral("a"), 9).size(), QSize(9, 9));
     }
 
     void desktopEntryIconIsRead() {
