@@ -93,8 +93,7 @@ void addDesktop(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
         tellOnce("no session bus: status icon, portals and control by other programs are missing");
     }
     hosts.preferences = std::make_unique<JsonPreferences>(JsonPreferences::defaultPath());
-    hosts.statusItem = std::make_unique<TrayStatusItem>(
-        bus->isConnected() ? QDBusConnection::sessionBus() : QDBusConnection(QString()));
+    hosts.statusItem = std::make_unique<TrayStatusItem>(bus);
     const StartNotices notices{.begin = startupsequence::begin,
                                .withdraw = startupsequence::withdraw};
     hosts.applications = std::make_unique<GioApplications>(notices);

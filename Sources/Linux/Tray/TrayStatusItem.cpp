@@ -23,19 +23,24 @@ QString symbolicIconName() {
 
 } // namespace
 
-TrayStatusItem::TrayStatusItem(const QDBusConnection &bus)
-    : m_bus(bus) {}
+TrayStatusItem::TrayStatusItem(std::shared_ptr<SessionBus> bus)
+    : m_bus(std::move(bus)) {}
 
 TrayStatusItem::~TrayStatusItem() = default;
 
 void TrayStatusItem::show(const QIcon &icon, const QString &accessibleName,
                           const QList<StatusMenuEntry> &menu) {
     fillMenu(menu);
-    m_finder = std::make_unique<TrayFinder>(m_bus);
-    QObject::connect(m_finder.get(), &TrayFinder::found, &m_menu, [this, icon, accessibleName] {
-        makeTrayIcon(icon, accessibleName);
-        m_finder.release()->deleteLater(); // the finder is emitting this signal
-    });
+    const auto findTray = [this, icon, accessibleName] {
+        m_trayIcon.reset();
+        m_finder = std::make_unique<TrayFinder>(m_bus->connection());
+        QObject::connect(m_finder.get(), &TrayFinder::found, &m_menu, [this, icon, accessibleName] {
+            makeTrayIcon(icon, accessibleName);
+            m_finder.release()->deleteLater(); // the finder is emitting this signal
+        });
+    };
+    QObject::connect(m_bus.get(), &SessionBus::connected, &m_menu, findTray);
+    findTray();
 }
 
 void TrayStatusItem::fillMenu(const QList<StatusMenuEntry> &entries) {

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "SessionBus.h"
 #include "StatusItem.h"
 
-#include <QDBusConnection>
 #include <QIcon>
 #include <QMenu>
 #include <QSystemTrayIcon>
@@ -13,12 +13,12 @@ namespace perchly {
 
 class TrayFinder;
 
-/// A QSystemTrayIcon, created once there is a panel to show it; Qt handles restarts of that panel.
-/// A panel may show the installed symbolic icon instead of the picture. Needs a QApplication.
+/// A QSystemTrayIcon, created once there is a panel to show it. Qt handles restarts of that panel;
+/// a restart of the session bus creates the icon again. A panel may show the installed symbolic
+/// icon instead of the picture. Needs a QApplication.
 class TrayStatusItem : public StatusItem {
 public:
-    /// Takes the session bus, connected or not.
-    explicit TrayStatusItem(const QDBusConnection &bus);
+    explicit TrayStatusItem(std::shared_ptr<SessionBus> bus);
     ~TrayStatusItem() override;
 
     void show(const QIcon &icon, const QString &accessibleName,
@@ -28,7 +28,7 @@ private:
     void fillMenu(const QList<StatusMenuEntry> &entries);
     void makeTrayIcon(const QIcon &icon, const QString &accessibleName);
 
-    QDBusConnection m_bus;
+    const std::shared_ptr<SessionBus> m_bus;
     QMenu m_menu;
     std::unique_ptr<TrayFinder> m_finder;
     std::unique_ptr<QSystemTrayIcon> m_trayIcon;

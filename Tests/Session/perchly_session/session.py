@@ -125,11 +125,10 @@ class Session:
         self.home = self.folder / FOLDERS["HOME"]
         self.preferences_file = self.home / ".config" / "perchly" / "preferences.json"
         server = "Xvfb -displayfd 1 -nolisten tcp -noreset -screen 0 {}x{}x24".format(*size)
-        self.environment["DISPLAY"] = ":" + self._spawn_and_hear(*server.split())
+        self.environment["DISPLAY"] = ":" + self._spawn_and_hear(*server.split())[1]
         self.screen = Screen(self.environment["DISPLAY"])
         self._stack.callback(self.screen.display.close)
-        options = (f"--config-file={BUS_CONFIGURATION}", f"--address={self.bus_address}")
-        self._spawn_and_hear("dbus-daemon", "--nofork", "--print-address", *options)
+        self._bus = self._start_bus()
         if self.window_manager:
             self.spawn(*WINDOW_MANAGERS[self.window_manager])
             wait_until(self.screen.manages_windows, f"{self.window_manager} at work", interval=0)
@@ -138,6 +137,14 @@ class Session:
 
     def stop(self):
         self._stack.close()
+
+    def restart_bus(self):
+        _end(self._bus)
+        self._bus = self._start_bus()
+
+    def _start_bus(self):
+        options = (f"--config-file={BUS_CONFIGURATION}", f"--address={self.bus_address}")
+        return self._spawn_and_hear("dbus-daemon", "--nofork", "--print-address", *options)[0]
 
     def run(self, wait=True):
         """Starts the program and waits until its shelf is shown and it is idle."""
@@ -214,10 +221,11 @@ class Session:
         return service
 
     def _spawn_and_hear(self, *command):
-        """Starts another program and returns the line that it prints when ready."""
-        line = self.spawn(*command, stdout=subprocess.PIPE).stdout.readline().decode().strip()
+        """Starts another program; returns it and the line that it prints when ready."""
+        program = self.spawn(*command, stdout=subprocess.PIPE)
+        line = program.stdout.readline().decode().strip()
         assert line, (self.folder / "services.log").read_text(errors="replace")
-        return line
+        return program, line
 
 
 def _end(service):
