@@ -26,7 +26,8 @@ public:
     /// hold its shadow. A new size removes the shape: set the new one right afterwards.
     virtual void place(const ScreenRect &frame, const QMarginsF &margins) = 0;
 
-    /// Shows the panel above the other windows without taking the keyboard.
+    /// Shows the panel above the other windows, except menus, notifications and screen locks,
+    /// without taking the keyboard.
     virtual void orderFront() = 0;
 
     /// Limits pointer input to the shape, in the window's device pixels (y down). Clicks elsewhere

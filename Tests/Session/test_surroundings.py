@@ -150,15 +150,19 @@ class SurroundingsTest(SessionCase):
                 self.screen.move_to(*self.on_pill())
                 self.expect_above(later)
 
-    def test_shelf_stays_below_screen_locks_and_menus(self):
+    def test_shelf_stays_below_screen_locks_and_notifications(self):
         self.start()
         other = self.other_window((300, 0, 400, 200))
-        for rect, kind in (((0, 0, 1280, 800), "NORMAL"), ((600, 0, 120, 300), "POPUP_MENU")):
+        for rect, kind in (((0, 0, 1280, 800), "NORMAL"), ((600, 0, 120, 300), "NOTIFICATION")):
             with self.subTest(kind):
                 upper = self.other_window(rect, kind=kind, managed=False).show()
                 other.take_focus()  # now above the pill
-                self.screen.move_to(*self.on_pill())
-                time.sleep(0.3)
-                self.assertFalse(self.screen.is_above(self.program.panel().id, upper.id))
-                upper.close()
+                upper.window.raise_window()  # as a screen lock does
+                upper.display.sync()
+                self.screen.key(*TOGGLE)
+                self.expect_open()
                 self.expect_above(other)
+                self.assertTrue(self.screen.is_above(upper.id, self.program.panel().id))
+                self.screen.key(*TOGGLE)
+                self.expect_pill()
+                upper.close()

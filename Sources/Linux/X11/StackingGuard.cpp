@@ -101,7 +101,8 @@ void StackingGuard::scheduleCheck() {
 void StackingGuard::check() {
     // Repeated, as the server may not have known the window at first.
     m_connection.selectEvents(m_window, XCB_EVENT_MASK_VISIBILITY_CHANGE);
-    if (cover() != Cover::Unwanted) {
+    const Above above = windowsAbove();
+    if (!above.isCovered) {
         return;
     }
     if (m_period.hasExpired()) {
@@ -113,26 +114,42 @@ void StackingGuard::check() {
         return;
     }
     ++m_raises;
-    Q_EMIT raiseWanted();
+    raiseBelow(above.ceiling);
 }
 
-/// How the windows above cover ours. If one of them may cover it, the panel is not raised.
-StackingGuard::Cover StackingGuard::cover() {
+void StackingGuard::raise() {
+    raiseBelow(windowsAbove().ceiling);
+}
+
+void StackingGuard::raiseBelow(xcb_window_t ceiling) {
+    const bool isTop = ceiling == XCB_WINDOW_NONE;
+    const quint32 top[]{XCB_STACK_MODE_ABOVE};
+    const quint32 below[]{ceiling, XCB_STACK_MODE_BELOW};
+    const int mask = XCB_CONFIG_WINDOW_STACK_MODE | (isTop ? 0 : XCB_CONFIG_WINDOW_SIBLING);
+    xcb_configure_window(m_connection.get(), m_window, quint16(mask), isTop ? top : below);
+    xcb_flush(m_connection.get());
+}
+
+/// Stops at the ceiling: ours does not rise above it.
+StackingGuard::Above StackingGuard::windowsAbove() {
     const auto geometryCookie = xcb_get_geometry(m_connection.get(), m_window);
     const auto treeCookie = xcb_query_tree(m_connection.get(), m_connection.root());
     const auto geometry = m_connection.reply<xcb_get_geometry_reply_t>(geometryCookie);
     const auto tree = m_connection.reply<xcb_query_tree_reply_t>(treeCookie);
     if (!geometry || !tree) {
-        return Cover::None;
+        return {};
     }
     m_area = rectOf(*geometry);
     const xcb_window_t *windows = xcb_query_tree_children(tree.get());
     const xcb_window_t *end = windows + xcb_query_tree_children_length(tree.get());
-    Cover result = Cover::None;
-    for (const auto *window = std::find(windows, end, m_window); window != end; ++window) {
-        result = *window == m_window ? result : std::max(result, coverBy(*window));
+    Above above;
+    const auto *window = std::find(windows, end, m_window);
+    while (window != end && ++window != end && above.ceiling == XCB_WINDOW_NONE) {
+        const Cover cover = coverBy(*window);
+        above.isCovered = above.isCovered || cover == Cover::Unwanted;
+        above.ceiling = cover == Cover::Allowed ? *window : above.ceiling;
     }
-    return result;
+    return above;
 }
 
 StackingGuard::Cover StackingGuard::coverBy(xcb_window_t window) {

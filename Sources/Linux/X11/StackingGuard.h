@@ -8,10 +8,10 @@
 
 namespace perchly {
 
-/// Notices when another window covers a window that should stay on top, and asks to raise it.
-/// Menus, tooltips and notifications may cover it, and so may unmanaged windows that fill a
-/// display, as they lock the screen. If another program keeps raising its window, too, the guard
-/// pauses after a few requests until the watched window moves or grows. Main thread only.
+/// Raises a window that should stay on top when another one covers it. Menus, tooltips and
+/// notifications may cover it, and so may unmanaged windows that fill a display, as they lock the
+/// screen. If another program keeps raising its window, too, the guard pauses after a few raises
+/// until the watched window moves or grows. Main thread only.
 class StackingGuard : public QObject {
     Q_OBJECT
 public:
@@ -20,17 +20,22 @@ public:
     /// Sets the window to watch, which the server may not know yet.
     void watch(xcb_window_t window);
 
-Q_SIGNALS:
-    void raiseWanted();
+    /// Raises it now, above all windows that may not cover it. Flush Qt's requests first.
+    void raise();
 
 private:
     enum class Cover { None, Unwanted, Allowed };
+    struct Above {
+        bool isCovered = false;                 ///< by a window that may not
+        xcb_window_t ceiling = XCB_WINDOW_NONE; ///< the lowest window that may cover ours
+    };
 
     void handleEvent(const xcb_generic_event_t *event);
     void handleMove(const xcb_configure_notify_event_t &event);
     void scheduleCheck();
     void check();
-    [[nodiscard]] Cover cover();
+    void raiseBelow(xcb_window_t ceiling);
+    [[nodiscard]] Above windowsAbove();
     [[nodiscard]] Cover coverBy(xcb_window_t window);
     [[nodiscard]] bool mayCover(xcb_window_t window);
 

@@ -39,7 +39,6 @@ X11PanelHost::X11PanelHost() {
             });
         }
     });
-    connect(&m_stacking, &StackingGuard::raiseWanted, this, &X11PanelHost::raise);
 }
 
 void X11PanelHost::attach(QWindow *panel) {
@@ -68,7 +67,8 @@ void X11PanelHost::place(const ScreenRect &frame, const QMarginsF &margins) {
 
 void X11PanelHost::orderFront() {
     m_panel->show();
-    raise();
+    flushQt();
+    m_stacking.raise();
 }
 
 void X11PanelHost::setShape(const QRegion &shape) {
@@ -137,13 +137,6 @@ void X11PanelHost::applyShape() {
     shapePanel(panelId(), *m_shape,
                isComposited() ? Transparency::Available : Transparency::Missing);
     flushQt();
-}
-
-void X11PanelHost::raise() {
-    if (m_panel && m_panel->isVisible()) {
-        m_panel->raise();
-        flushQt();
-    }
 }
 
 quint32 X11PanelHost::panelId() const {

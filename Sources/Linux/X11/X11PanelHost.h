@@ -40,7 +40,6 @@ protected:
 private:
     void prepareNativeWindow();
     void applyShape();
-    void raise();
     [[nodiscard]] quint32 panelId() const;
 
     mutable XcbConnection m_connection;
