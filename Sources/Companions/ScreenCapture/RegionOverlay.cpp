@@ -8,6 +8,7 @@
 #include <QPaintEvent>
 
 #include <algorithm>
+#include <xcb/screensaver.h>
 
 namespace perchly {
 
@@ -51,6 +52,21 @@ RegionOverlay::RegionOverlay(QImage picture, QList<QRect> displays, double scale
     m_idle.setSingleShot(true);
     connect(&m_idle, &QTimer::timeout, this, &RegionOverlay::cancelled);
     m_idle.start(idleTimeout);
+    watchScreenSaver();
+}
+
+void RegionOverlay::watchScreenSaver() {
+    const auto *extension = xcb_get_extension_data(m_connection.get(), &xcb_screensaver_id);
+    const int type = extension == nullptr ? -1 : extension->first_event + XCB_SCREENSAVER_NOTIFY;
+    connect(&m_connection, &XcbConnection::eventArrived, this, [this, type](const auto *event) {
+        const auto *notice = reinterpret_cast<const xcb_screensaver_notify_event_t *>(event);
+        if (event->response_type == type && notice->state == XCB_SCREENSAVER_STATE_ON) {
+            Q_EMIT cancelled();
+        }
+    });
+    xcb_screensaver_select_input(m_connection.get(), m_connection.root(),
+                                 XCB_SCREENSAVER_EVENT_NOTIFY_MASK);
+    xcb_flush(m_connection.get());
 }
 
 // Fails until the window is mapped, and while another program, such as one with an open menu, holds

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "XcbConnection.h"
+
 #include <QDeadlineTimer>
 #include <QFont>
 #include <QImage>
@@ -14,8 +16,8 @@ namespace perchly {
 
 /// A window over all displays in which the user selects a rectangle. It shows the given picture of
 /// the displays, dimmed, with the selected rectangle at full brightness and its size beside it. It
-/// grabs pointer and keyboard, and gives up after a minute without input, since the screen cannot
-/// lock meanwhile. Everything is in pixels.
+/// grabs pointer and keyboard, and gives up after a minute without input or when the screen saver
+/// starts, since the screen cannot lock meanwhile. Everything is in pixels.
 class RegionOverlay : public QRasterWindow {
     Q_OBJECT
 public:
@@ -24,7 +26,7 @@ public:
 
 Q_SIGNALS:
     void selected(const QRect &region);
-    /// Escape, any button but the first, or a minute without input.
+    /// Escape, any button but the first, a minute without input, or the screen saver.
     void cancelled();
     /// Another program holds the keyboard and does not release it in time.
     void failed();
@@ -38,6 +40,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void watchScreenSaver();
     void grabInput();
     void follow(const QPoint &pointer);
     [[nodiscard]] QRect displayAt(const QPoint &pixel) const;
@@ -57,6 +60,7 @@ private:
     QDeadlineTimer m_grabDeadline;
     QTimer m_grab;
     QTimer m_idle;
+    XcbConnection m_connection;
     QPoint m_pointer;
     std::optional<QPoint> m_start;
     std::optional<QRect> m_region; ///< none before a drag; a click does not start one

@@ -88,6 +88,15 @@ private Q_SLOTS:
         QVERIFY(!m_status);
     }
 
+    void givesUpWhenTheScreenSaverStarts() {
+        start();
+        QTRY_VERIFY(overlayHoldsKeyboard());
+        xcb_force_screen_saver(m_user.get(), XCB_SCREEN_SAVER_ACTIVE);
+        m_user.sync();
+        QTRY_COMPARE(m_status.value_or(0), 1);
+        xcb_force_screen_saver(m_user.get(), XCB_SCREEN_SAVER_RESET);
+    }
+
 private:
     void start() {
         m_run = m_capture.captureRegion(m_path, [this](int status) { m_status = status; });
