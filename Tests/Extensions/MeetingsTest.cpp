@@ -113,10 +113,12 @@ private Q_SLOTS:
 
     void reportsUnreadableCalendars() {
         MeetingsFixture f;
+        f.store("of another calendar", 1h, 2h);
         f.fake.calendars.readable = false;
         f.load();
         QCOMPARE(f.meetings.message(), QStringLiteral("Your calendars could not all be read."));
         f.fake.calendars.readable = true;
+        f.fake.calendars.stored.clear();
         f.meetings.readAgain();
         QCOMPARE(f.fake.calendars.expectedChanges, 1);
         QVERIFY(f.fake.calendars.answerEvents());

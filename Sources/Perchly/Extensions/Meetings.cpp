@@ -105,11 +105,10 @@ void Meetings::show(const QList<CalendarEvent> &events) {
     std::ranges::stable_sort(upcoming, {}, &CalendarEvent::start);
     setEvents(upcoming);
     // If the permission could not be stored, meetings are shown in this run, but the error stays.
-    setMessage(!m_connectError.isEmpty() ? m_connectError
-               : !upcoming.isEmpty()     ? QString()
-               : m_calendars.isReadable()
-                   ? QStringLiteral("No meetings in the next seven days.")
-                   : QStringLiteral("Your calendars could not all be read."));
+    setMessage(!m_connectError.isEmpty()   ? m_connectError
+               : !m_calendars.isReadable() ? QStringLiteral("Your calendars could not all be read.")
+               : upcoming.isEmpty()        ? QStringLiteral("No meetings in the next seven days.")
+                                           : QString());
 }
 
 void Meetings::setEvents(const QList<CalendarEvent> &events) {
