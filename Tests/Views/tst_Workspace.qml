@@ -146,6 +146,23 @@ ViewTestCase {
         compare(drafts.link + drafts.layoutName + drafts.groupName + drafts.snippet, "");
     }
 
+    function test_largeLaunchGroupAsksFirst() {
+        root.fixture.productivity.held.hold(Array.from({length: 21}, (_, number) => "https://a.example/" + number));
+        root.fixture.extras.groups.save("Day");
+        root.open("Launch");
+        root.goTo("Launch", Qt.Key_Tab);
+        for (const [answer, count] of [[Qt.Key_Escape, 0], [Qt.Key_Return, 21]]) {
+            keyClick(Qt.Key_Return);
+            root.settle();
+            root.expectInOrder(["ListItem: Day", "StaticText: Open 21 items?", "Button: Open", "Button: Cancel"]);
+            verify(root.focusedOn("Open"));
+            keyClick(answer);
+            root.settle();
+            compare(root.fixture.takeOpened().length, count);
+            verify(root.focusedOn("Launch"));
+        }
+    }
+
     function test_searchWorksByKeyboardAlone() {
         root.fixture.prefer("quickNote", "Buy milk");
         root.open("Search");

@@ -29,7 +29,7 @@ QString lastPathComponent(const QUrl &url) {
 LaunchGroups::LaunchGroups(Preferences &preferences, Applications &applications,
                            const ShelfLibrary &library, const HeldFiles &held, Notice notice,
                            QObject *parent)
-    : KeyedRows({"id", "name", "contents"}, parent)
+    : KeyedRows({"id", "name", "contents", "size"}, parent)
     , m_preferences(preferences)
     , m_applications(applications)
     , m_library(library)
@@ -54,8 +54,9 @@ void LaunchGroups::show(const QList<LaunchGroup> &groups) {
             labels.append(inOneLine(HeldFiles::labelOf(url)));
         }
         const QString id = group.id.toString();
-        rows.append(
-            {id, {id, inOneLine(group.name), shownPart(labels.join(QStringLiteral(", ")))}});
+        rows.append({id,
+                     {id, inOneLine(group.name), shownPart(labels.join(QStringLiteral(", "))),
+                      labels.size()}});
     }
     setRows(rows);
 }

@@ -29,8 +29,9 @@ struct LaunchGroup {
     }
 };
 
-/// The launch groups, oldest first. Row fields: "id", "name" and "contents", the names of the
-/// items. Every change is stored, or ignored if it is too large. Main thread only.
+/// The launch groups, oldest first. Row fields: "id", "name", "contents", the names of the items,
+/// and "size", their number. Every change is stored, or ignored if it is too large. Main thread
+/// only.
 class LaunchGroups : public perchly::KeyedRows {
     Q_OBJECT
 public:

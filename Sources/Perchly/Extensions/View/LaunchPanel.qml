@@ -13,6 +13,9 @@ ColumnLayout {
     required property ShelfExtras extras
     required property ExtrasDrafts drafts
 
+    /// Larger groups are opened only after a confirmation.
+    readonly property int maxUnasked: 20
+
     function save() {
         if (save.usable) {
             root.extras.groups.save(field.text);
@@ -63,11 +66,18 @@ ColumnLayout {
             id: group
 
             required property var row
+            property bool asks: false
 
             Accessible.description: group.detail
-            detail: group.row.contents
+            detail: group.asks ? `Open ${group.row.size} items?` : group.row.contents
             label.font.weight: Font.Medium
             text: group.row.name
+
+            Keys.onEscapePressed: event => {
+                event.accepted = group.asks;
+                group.asks = false;
+            }
+            onAsksChanged: open.cameAt = remove.cameAt = Date.now() // guards against a double click
 
             leading: Symbol {
                 Layout.rightMargin: 4
@@ -77,16 +87,32 @@ ColumnLayout {
             }
 
             RowButton {
-                subject: group.text
-                text: "Launch"
+                id: open
 
-                onActivated: root.extras.groups.launch(group.row.id)
+                prominent: group.asks
+                subject: group.asks ? group.detail : group.text
+                text: group.asks ? "Open" : "Launch"
+
+                onActivated: {
+                    group.asks = !group.asks && group.row.size > root.maxUnasked;
+                    if (!group.asks) {
+                        root.extras.groups.launch(group.row.id);
+                    }
+                }
             }
             RowButton {
-                subject: group.text
-                text: "Delete"
+                id: remove
 
-                onActivated: root.extras.groups.remove(group.row.id)
+                subject: group.asks ? group.detail : group.text
+                text: group.asks ? "Cancel" : "Delete"
+
+                onActivated: {
+                    if (group.asks) {
+                        group.asks = false;
+                    } else {
+                        root.extras.groups.remove(group.row.id);
+                    }
+                }
             }
         }
     }
