@@ -1,6 +1,7 @@
 """Captures of a part of the screen, and previews of files."""
 
 import json
+import socket
 import subprocess
 import time
 
@@ -68,11 +69,15 @@ class PreviewTest(SessionCase):
     def test_preview_switches_files_and_survives_minimising(self):
         self.start_session()
         video = moving_picture(self.session.folder / "video.mp4")
-        text, broken = b"a line of text\n" * 100, b"x" * 5000
+        text, broken = b"a line of text\n" * 100, b"\x00" * 5000
         contents = {"a.mp4": video, "b.mp4": broken, "c.txt": text, "d.mp4": video, "e.mp4": video}
         for name, content in contents.items():
             (self.session.folder / name).write_bytes(content)
         self.urls = [(self.session.folder / name).as_uri() for name in contents]
+        network = socket.create_server(("127.0.0.1", 0))
+        network.setblocking(False)
+        self.addCleanup(network.close)
+        self.session.environment["PULSE_SERVER"] = "tcp:%s:%d" % network.getsockname()
         program = f"{self.session.executable}-preview"
         self.preview = self.session.spawn(program, stdin=subprocess.PIPE)
         self.ask()
@@ -103,3 +108,5 @@ class PreviewTest(SessionCase):
         self.shows("a.mp4", GREEN)
         self.ask(toggle=True)
         self.expect_no_window("the preview closed")
+        with self.assertRaises(BlockingIOError, msg="it reached the network"):
+            network.accept()

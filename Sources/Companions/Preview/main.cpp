@@ -36,6 +36,10 @@ int main(int argc, char **argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORMTHEME")) {
         qputenv("QT_QPA_PLATFORMTHEME", "generic"); // the desktop's platform theme would load GTK
     }
+    // GStreamer scans its plug-ins without running a program, and follows no manifest.
+    qputenv("GST_REGISTRY_FORK", "no");
+    qputenv("GST_PLUGIN_FEATURE_RANK",
+            "hlsdemux:0,hlsdemux2:0,dashdemux:0,dashdemux2:0,mssdemux:0,mssdemux2:0,sdpdemux:0");
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("perchly-preview"));
     QApplication::setDesktopFileName(QStringLiteral("org.perchly.Perchly"));
@@ -44,6 +48,7 @@ int main(int argc, char **argv) {
     QTimer heartbeat;
     watchForHangs(heartbeat);
     PreviewWindow window;
+    confineProcess();
     QTimer idle;
     idle.setSingleShot(true);
     idle.setInterval(idleTimeout);

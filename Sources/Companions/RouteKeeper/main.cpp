@@ -134,6 +134,7 @@ void sendBack(Return &self) {
 } // namespace
 
 int main() {
+    limitResources(256);
     // A signal to the whole process group must not end it before its parent.
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         std::signal(signal, SIG_IGN);

@@ -1,4 +1,5 @@
 #include "ConnectWithTimeout.h"
+#include "ProcessLimits.h"
 #include "RegionOverlay.h"
 #include "RootPicture.h"
 
@@ -18,8 +19,9 @@ namespace {
 
 constexpr int failure = 1;
 constexpr int usage = 64;
-constexpr unsigned startTimeout = 10; // seconds until the overlay shows
-constexpr int fastCompression = 85;   // Qt's value for zlib's lowest level
+constexpr unsigned maxMegabytes = 2048; // three displays of 8K, four times in memory
+constexpr unsigned startTimeout = 10;   // seconds until the overlay shows
+constexpr int fastCompression = 85;     // Qt's value for zlib's lowest level
 
 int fail(const char *what) {
     std::fprintf(stderr, "perchly-screencapture: %s\n", what);
@@ -91,6 +93,7 @@ int main(int argc, char **argv) {
         std::fputs("usage: perchly-screencapture -i -x FILE\n", stderr);
         return usage;
     }
+    limitResources(maxMegabytes);
     alarm(startTimeout);
     const XConnectionPointer connection = connectWithTimeout();
     if (!connection) {
@@ -101,6 +104,7 @@ int main(int argc, char **argv) {
     qputenv("QT_QPA_PLATFORM", "xcb");
     qputenv("QT_QPA_PLATFORMTHEME", "generic"); // the desktop's platform theme would load GTK
     QGuiApplication application(argc, argv);
+    confineProcess();
 
     const QImage picture = takeRootPicture(connection.get());
     if (picture.isNull()) {

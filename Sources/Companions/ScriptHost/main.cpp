@@ -39,15 +39,15 @@ int runPlayerScript(char **arguments) {
 } // namespace
 
 int main(int count, char **arguments) {
-    limitProcess();
     const auto argument = [&](int index) {
         return index < count ? std::string_view(arguments[index]) : std::string_view();
     };
-    if (count == 5 && argument(1) == "-l" && argument(2) == "JavaScript" && argument(3) == "-e") {
-        return runJavaScript(argument(4));
-    }
     if (count == 3 && argument(1) == "-e") {
         return runPlayerScript(arguments);
+    }
+    limitProcess(); // forbids running that program
+    if (count == 5 && argument(1) == "-l" && argument(2) == "JavaScript" && argument(3) == "-e") {
+        return runJavaScript(argument(4));
     }
     std::fputs("usage: perchly-scripthost [-l JavaScript] -e TEXT\n", stderr);
     return usage;
