@@ -51,6 +51,8 @@ private Q_SLOTS:
             {"empty.txt", "", Kind::Text},
             {"binary.txt", QByteArray(100, '\0'), Kind::Other},
             {"another encoding.txt", "caf\xe9", Kind::Text},
+            {"manifest.mp4", "#EXTM3U\nhttp://127.0.0.1/a.ts", Kind::Text},
+            {"not a manifest.mp4", QByteArray(100, '\0'), Kind::Media},
             {"document.pdf", pdf(), Kind::Pdf},
             {"ends early.pdf", "%PDF-1.4", Kind::Other},
         };

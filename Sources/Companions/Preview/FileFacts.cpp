@@ -13,6 +13,12 @@ namespace perchly {
 
 namespace {
 
+bool isText(const QMimeType &type) {
+    static const std::array texts{QStringLiteral("text/plain"), QStringLiteral("application/json"),
+                                  QStringLiteral("application/xml")};
+    return std::ranges::any_of(texts, [&](const QString &text) { return type.inherits(text); });
+}
+
 FileFacts::Kind kindOf(const QMimeType &type) {
     const QString name = type.name();
     if (name == QLatin1StringView("application/pdf")) {
@@ -21,14 +27,27 @@ FileFacts::Kind kindOf(const QMimeType &type) {
     if (name.startsWith(QLatin1StringView("image/"))) {
         return FileFacts::Kind::Picture;
     }
-    if (name.startsWith(QLatin1StringView("audio/")) ||
-        name.startsWith(QLatin1StringView("video/"))) {
-        return FileFacts::Kind::Media;
+    if (isText(type)) { // also playlists, which are called audio
+        return FileFacts::Kind::Text;
     }
-    static const std::array texts{QStringLiteral("text/plain"), QStringLiteral("application/json"),
-                                  QStringLiteral("application/xml")};
-    const auto isText = [&](const QString &text) { return type.inherits(text); };
-    return std::ranges::any_of(texts, isText) ? FileFacts::Kind::Text : FileFacts::Kind::Other;
+    const bool isMedia = name.startsWith(QLatin1StringView("audio/")) ||
+                         name.startsWith(QLatin1StringView("video/"));
+    return isMedia ? FileFacts::Kind::Media : FileFacts::Kind::Other;
+}
+
+/// Goes by the name, or by the content if the name is ambiguous or says sound or video for a text:
+/// a player would follow the links of a manifest.
+QMimeType typeOf(const QFileInfo &file) {
+    const QMimeDatabase types;
+    if (!file.isFile()) {
+        return types.mimeTypeForFile(file, QMimeDatabase::MatchExtension);
+    }
+    const QMimeType type = types.mimeTypeForFile(file);
+    if (kindOf(type) == FileFacts::Kind::Media) {
+        const QMimeType content = types.mimeTypeForFile(file, QMimeDatabase::MatchContent);
+        return isText(content) ? content : type;
+    }
+    return type;
 }
 
 QString capitalized(const QString &text) {
@@ -52,8 +71,7 @@ FileFacts factsOf(const QUrl &url) {
         facts.iconName = QStringLiteral("unknown");
         return facts;
     }
-    const QMimeType type = QMimeDatabase().mimeTypeForFile(
-        file, file.isFile() ? QMimeDatabase::MatchDefault : QMimeDatabase::MatchExtension);
+    const QMimeType type = typeOf(file);
     facts.details = type.isDefault() ? QStringLiteral("Document") : capitalized(type.comment());
     facts.iconName = type.iconName();
     if (file.isFile()) {
