@@ -1,5 +1,7 @@
 #include "CopyFilter.h"
 
+#include "CopiedPicture.h"
+
 #include <QCryptographicHash>
 #include <QImage>
 
@@ -15,7 +17,11 @@ constexpr xcb_timestamp_t maxTakeOverMilliseconds = 2'000;
 QByteArray digestOf(const PasteboardContent &content) {
     QCryptographicHash hash(QCryptographicHash::Sha256);
     hash.addData(content.text.toUtf8());
-    const QImage image = QImage::fromData(content.image).convertToFormat(QImage::Format_RGBA8888);
+    QImage image;
+    if (const auto format = copiedPictureFormat(content.image); !format.isEmpty()) {
+        image.loadFromData(content.image, format.constData());
+        image.convertTo(QImage::Format_RGBA8888);
+    }
     if (image.isNull()) {
         hash.addData(content.image);
     } else {

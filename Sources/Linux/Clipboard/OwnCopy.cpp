@@ -1,10 +1,10 @@
 #include "OwnCopy.h"
 
+#include "CopiedPicture.h"
 #include "Pasteboard.h"
 
 #include <QBuffer>
 #include <QImage>
-#include <QImageReader>
 #include <QStringList>
 
 namespace perchly {
@@ -22,12 +22,9 @@ QByteArray encode(const QImage &image, const char *format) {
 } // namespace
 
 CopiedImage copiedImage(const QByteArray &encoded) {
-    QBuffer buffer;
-    buffer.setData(encoded);
-    QImageReader reader(&buffer);
-    const QByteArray format = reader.format();
-    const QImage image = reader.read();
-    if (image.isNull()) {
+    const QByteArray format = copiedPictureFormat(encoded);
+    QImage image;
+    if (format.isEmpty() || !image.loadFromData(encoded, format.constData())) {
         return {};
     }
     return {.png = format == "png" ? encoded : encode(image, "png"),
@@ -71,7 +68,7 @@ QVariant OwnCopy::retrieveData(const QString &mimeType, QMetaType type) const {
     const QVariant data = QMimeData::retrieveData(mimeType, type);
     if (mimeType == pasteboardtype::tiff && data.toByteArray().isEmpty() && hasFormat(mimeType)) {
         if (m_tiff.isEmpty()) {
-            m_tiff = encode(QImage::fromData(this->data(pasteboardtype::png)), "tiff");
+            m_tiff = encode(QImage::fromData(this->data(pasteboardtype::png), "png"), "tiff");
         }
         return m_tiff;
     }

@@ -1,5 +1,7 @@
 #include "ClipPicture.h"
 
+#include "CopiedPicture.h"
+
 #include <QBuffer>
 #include <QCoreApplication>
 #include <QImageReader>
@@ -12,20 +14,6 @@
 
 namespace perchly {
 
-namespace {
-
-/// The history holds only these formats, so no other plug-in should read the data.
-QByteArray formatOf(const QByteArray &encoded) {
-    if (encoded.startsWith("\x89PNG")) {
-        return "png";
-    }
-    const bool isTiff = encoded.startsWith(QByteArray::fromRawData("II*\0", 4)) ||
-                        encoded.startsWith(QByteArray::fromRawData("MM\0*", 4));
-    return isTiff ? QByteArray("tiff") : QByteArray();
-}
-
-} // namespace
-
 ClipPicture::ClipPicture(QQuickItem *parent)
     : QQuickPaintedItem(parent) {
     connect(this, &ClipPicture::clipChanged, this, [this] {
@@ -35,7 +23,7 @@ ClipPicture::ClipPicture(QQuickItem *parent)
 }
 
 QImage ClipPicture::decoded(const QByteArray &encoded, const QSize &maxSize) {
-    const QByteArray format = formatOf(encoded);
+    const QByteArray format = copiedPictureFormat(encoded);
     if (format.isEmpty() || maxSize.isEmpty()) {
         return {};
     }
