@@ -17,6 +17,7 @@
 #include "NullHosts.h"
 #include "PipeWireAudioSystem.h"
 #include "PortalMotion.h"
+#include "ProcessPictureReader.h"
 #include "ProcessQuickLook.h"
 #include "ProcessScreenCapture.h"
 #include "ProcessScriptHost.h"
@@ -104,6 +105,9 @@ void addDesktop(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
     hosts.scriptHost = companion<ProcessScriptHost>(
         "perchly-scripthost", "perchly-scripthost is not installed: what players play is missing");
     hosts.shortcuts = std::make_unique<FolderShortcutsTool>();
+    hosts.pictures = companion<ProcessPictureReader>(
+        "perchly-picturereader", "perchly-picturereader is not installed: pictures of files cannot "
+                                 "be copied");
     hosts.fileServices = std::make_unique<GioFileServices>(notices);
     hosts.calendars = calendarStore();
     hosts.power = std::make_unique<KernelPower>();

@@ -16,6 +16,7 @@
 #include "OpenPanel.h"
 #include "PanelHost.h"
 #include "Pasteboard.h"
+#include "PictureReader.h"
 #include "PlayerNotifications.h"
 #include "PointerMonitor.h"
 #include "PowerSources.h"
@@ -51,6 +52,7 @@ struct Hosts {
     std::unique_ptr<PlayerNotifications> playerNotifications;
     std::unique_ptr<MusicPlayer> musicPlayer;
     std::unique_ptr<Pasteboard> pasteboard;
+    std::unique_ptr<PictureReader> pictures;
     std::unique_ptr<AudioSystem> audio;
     std::unique_ptr<ShortcutsTool> shortcuts;
     std::unique_ptr<FileServices> fileServices;

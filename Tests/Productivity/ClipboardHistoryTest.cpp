@@ -38,7 +38,7 @@ struct ClipboardFixture {
     }
 
     FakeHosts fake;
-    ClipboardHistory history{fake.pasteboard, fake.clock, [](const QString &) {}};
+    ClipboardHistory history{fake.pasteboard, fake.pictures, fake.clock, [](const QString &) {}};
 };
 
 const QByteArray picture("\x89PNG…");

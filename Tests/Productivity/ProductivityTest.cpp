@@ -80,14 +80,14 @@ private Q_SLOTS:
     void findsAndCopiesPictures() {
         const QTemporaryDir folder;
         const QUrl picture = QUrl::fromLocalFile(folder.filePath(QStringLiteral("picture")));
-        const QUrl broken = QUrl::fromLocalFile(folder.filePath(QStringLiteral("broken.png")));
         QVERIFY(QImage(3, 2, QImage::Format_RGB32).save(picture.toLocalFile(), "PNG"));
-        writeFile(broken.toLocalFile(), readFile(picture.toLocalFile()).left(40));
         ToolsFixture f;
         f.tools.clipboard()->copyImage(picture);
-        QTRY_COMPARE(QImage::fromData(f.fake.pasteboard.offered.png).size(), QSize(3, 2));
-        f.tools.clipboard()->copyImage(broken);
-        QTRY_COMPARE(f.fake.pasteboard.offered.text, broken.toLocalFile());
+        f.fake.pictures.readings.answer(QByteArray("PNG"));
+        QCOMPARE(f.fake.pasteboard.offered.png, QByteArray("PNG"));
+        f.tools.clipboard()->copyImage(picture);
+        f.fake.pictures.readings.answer(QByteArray());
+        QCOMPARE(f.fake.pasteboard.offered.text, picture.toLocalFile());
         f.held.hold({picture});
         QTRY_VERIFY(f.held.field(0, "isPicture").toBool());
         QVERIFY(QFile::remove(picture.toLocalFile()));

@@ -40,6 +40,7 @@ public:
         install<FakePlayerNotifications>(hosts.playerNotifications);
     FakeMusicPlayer &musicPlayer = install<FakeMusicPlayer>(hosts.musicPlayer);
     FakePasteboard &pasteboard = install<FakePasteboard>(hosts.pasteboard);
+    FakePictureReader &pictures = install<FakePictureReader>(hosts.pictures);
     FakeAudioSystem &audio = install<FakeAudioSystem>(hosts.audio);
     FakeShortcutsTool &shortcuts = install<FakeShortcutsTool>(hosts.shortcuts);
     FakeCalendarStore &calendars = install<FakeCalendarStore>(hosts.calendars);

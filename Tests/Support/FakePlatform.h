@@ -157,6 +157,16 @@ public:
     PendingCalls<Completion> dialogs;
 };
 
+/// A reader whose readings end when the test says so.
+class FakePictureReader : public PictureReader {
+public:
+    Task readAsPng(const QString &, Completion completion) override {
+        return readings.add(std::move(completion));
+    }
+
+    PendingCalls<Completion> readings;
+};
+
 /// Power sources that answer at once.
 class FakePowerSources : public PowerSources {
 public:

@@ -217,6 +217,13 @@ private:
     qint64 m_count = 0;
 };
 
+class NullPictureReader : public PictureReader {
+public:
+    Task readAsPng(const QString &, Completion completion) override {
+        return std::make_unique<Answer>(std::move(completion), QByteArray());
+    }
+};
+
 class NullAudioSystem : public AudioSystem {
 public:
     void start() override {}
@@ -317,6 +324,7 @@ Hosts nullHosts() {
     hosts.musicPlayer = std::make_unique<NullMusicPlayer>();
     hosts.audio = std::make_unique<NullAudioSystem>();
     hosts.pasteboard = std::make_unique<NullPasteboard>();
+    hosts.pictures = std::make_unique<NullPictureReader>();
     hosts.shortcuts = std::make_unique<NullShortcutsTool>();
     hosts.fileServices = std::make_unique<NullFileServices>();
     hosts.calendars = std::make_unique<NullCalendarStore>();

@@ -1,7 +1,7 @@
 #include "ClipboardHistory.h"
 
 #include "Pasteboard.h"
-#include "PictureFile.h"
+#include "PictureReader.h"
 #include "ShownText.h"
 #include "TextSearch.h"
 
@@ -20,17 +20,16 @@ constexpr qsizetype maxTextBytes = 100'000;
 
 } // namespace
 
-ClipboardHistory::ClipboardHistory(Pasteboard &pasteboard, Clock &clock, Notice notice,
-                                   QObject *parent)
+ClipboardHistory::ClipboardHistory(Pasteboard &pasteboard, PictureReader &pictures, Clock &clock,
+                                   Notice notice, QObject *parent)
     : KeyedRows({"id", "label", "isBlank", "isImage", "text"}, parent)
     , m_pasteboard(pasteboard)
+    , m_pictures(pictures)
     , m_clock(clock)
     , m_notice(std::move(notice))
     , m_count(pasteboard.changeCount()) {
     connect(&pasteboard, &Pasteboard::changed, this, &ClipboardHistory::watch);
     connect(this, &ClipboardHistory::searchChanged, this, [this] { setRows(matches()); });
-    m_pool.setMaxThreadCount(1); // decode one large picture at a time
-    m_pool.setExpiryTimeout(1000);
 }
 
 void ClipboardHistory::setClips(const QList<Clip> &clips) {
@@ -126,7 +125,7 @@ void ClipboardHistory::copy(const Clip &clip) {
 
 void ClipboardHistory::finishCopy() {
     m_reading.reset();
-    ++m_copyNumber;
+    m_decoding.reset();
     m_count = m_pasteboard.changeCount();
     m_notice(QStringLiteral("Copied. Paste into your app with ⌘V."));
 }
@@ -154,19 +153,13 @@ void ClipboardHistory::copyImage(const QUrl &url) {
         copyPath(url);
         return;
     }
-    m_pool.start([this, url, number = ++m_copyNumber] {
-        const QByteArray png = picturefile::asPng(url.toLocalFile());
-        const auto finish = [this, url, png, number] {
-            if (number != m_copyNumber) {
-                return; // another copy was made meanwhile
-            }
-            if (png.isEmpty()) {
-                copyPath(url);
-            } else {
-                copy(Clip::ofImage(png));
-            }
-        };
-        QMetaObject::invokeMethod(this, finish, Qt::QueuedConnection);
+    m_decoding = m_pictures.readAsPng(url.toLocalFile(), [this, url](const QByteArray &png) {
+        const Task task = std::move(m_decoding);
+        if (png.isEmpty()) {
+            copyPath(url);
+        } else {
+            copy(Clip::ofImage(png));
+        }
     });
 }
 

@@ -5,13 +5,13 @@
 #include "Notice.h"
 
 #include <QByteArray>
-#include <QThreadPool>
 #include <QUrl>
 #include <QUuid>
 
 namespace perchly {
 
 class Pasteboard;
+class PictureReader;
 struct PasteboardContent;
 
 /// One entry of the clipboard history: a text or a picture. C++ copies share their data.
@@ -40,7 +40,7 @@ class ClipboardHistory : public perchly::KeyedRows {
     Q_PROPERTY(QString search MEMBER m_search NOTIFY searchChanged FINAL)
 public:
     /// Starts watching the clipboard. Its current content is never recorded.
-    ClipboardHistory(Pasteboard &pasteboard, Clock &clock, Notice notice,
+    ClipboardHistory(Pasteboard &pasteboard, PictureReader &pictures, Clock &clock, Notice notice,
                      QObject *parent = nullptr);
 
     /// Newest first, at most 30.
@@ -84,17 +84,17 @@ private:
     void finishCopy();
 
     Pasteboard &m_pasteboard;
+    PictureReader &m_pictures;
     Clock &m_clock;
     Notice m_notice;
     QList<Clip> m_clips;
     QString m_search;
     bool m_enabled = false;
     bool m_paused = false;
-    qint64 m_count;       ///< the last change count seen, or that of our own copy
-    int m_copyNumber = 0; ///< number of the last copy requested
-    Task m_timer;         ///< runs until the clipboard may be checked again
+    qint64 m_count; ///< the last change count seen, or that of our own copy
+    Task m_timer;   ///< runs until the clipboard may be checked again
     Task m_reading;
-    QThreadPool m_pool; ///< destroyed first, as it waits for its threads
+    Task m_decoding; ///< of the picture to copy
 };
 
 } // namespace perchly

@@ -1,11 +1,13 @@
 #include "HeldFiles.h"
 
 #include "OpenPanel.h"
-#include "PictureFile.h"
 #include "ShownText.h"
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QMimeDatabase>
 #include <QPointer>
 #include <QSysInfo>
 #include <QThreadPool>
@@ -40,6 +42,15 @@ QUrl normalized(const QUrl &url) {
     const QString path = result.toLocalFile();
     // A name that is not UTF-8 exists only in its encoded form.
     return path.contains(QChar::ReplacementCharacter) ? result : QUrl::fromLocalFile(path);
+}
+
+/// Whether a regular file starts like a picture that Qt can read. No image plug-in parses it.
+bool isPicture(const QString &path) {
+    static const QList<QByteArray> readable = QImageReader::supportedMimeTypes();
+    const QMimeDatabase types;
+    return QFileInfo(path).isFile() && // a pipe would be waited for
+           readable.contains(
+               types.mimeTypeForFile(path, QMimeDatabase::MatchContent).name().toLatin1());
 }
 
 QString shownLabel(const QUrl &url) {
@@ -164,8 +175,7 @@ void HeldFiles::look(const QUrl &url) {
     }
     m_looking.insert(url);
     lookingThreads().start([url, store = QPointer(this)] {
-        const bool isPicture = picturefile::isPicture(url.toLocalFile());
-        const auto finish = [url, isPicture, store] {
+        const auto finish = [url, isPicture = isPicture(url.toLocalFile()), store] {
             if (!store) {
                 return;
             }

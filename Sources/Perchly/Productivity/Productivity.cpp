@@ -11,7 +11,7 @@ Productivity::Productivity(Hosts &hosts, ShelfLibrary &library, ShelfModel &mode
     : QObject(parent)
     , m_hosts(hosts)
     , m_held(*hosts.openPanel)
-    , m_clipboard(*hosts.pasteboard, *hosts.clock, notice())
+    , m_clipboard(*hosts.pasteboard, *hosts.pictures, *hosts.clock, notice())
     , m_shortcuts(*hosts.shortcuts, *hosts.applications, library, notice())
     , m_layouts(*hosts.preferences, library, model) {
     connect(hosts.preferences.get(), &Preferences::failed, this, [this](const QString &reason) {

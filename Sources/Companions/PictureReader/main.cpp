@@ -1,0 +1,59 @@
+#include "ProcessLimits.h"
+
+#include <QBuffer>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QImageReader>
+
+#include <cstdio>
+#include <cstdlib>
+
+using namespace perchly;
+
+namespace {
+
+constexpr int usage = 64;
+constexpr unsigned maxMegabytes = 1024;
+constexpr unsigned maxSeconds = 20;
+constexpr qint64 maxFileBytes = 256 << 20;
+constexpr int fastCompression = 85; // Qt's value for zlib's lowest level
+
+QByteArray asPng(const QString &path) {
+    QFile file(path);
+    // Not a regular file: reading could block forever.
+    if (!QFileInfo(path).isFile() || file.size() > maxFileBytes ||
+        !file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    QImageReader reader(&file);
+    reader.setAutoTransform(true);
+    const QByteArray format = reader.format();
+    const QImage picture = reader.read();
+    if (picture.isNull()) {
+        return {};
+    }
+    if (format == "png") {
+        file.seek(0);
+        return file.readAll(); // as it is, with its metadata
+    }
+    QBuffer encoded;
+    picture.save(&encoded, "PNG", fastCompression);
+    return encoded.data();
+}
+
+} // namespace
+
+/// Writes the picture of a file to stdout, as a PNG.
+int main(int argc, char **argv) {
+    limitProcess(maxMegabytes, maxSeconds);
+    if (argc != 2) {
+        std::fputs("usage: perchly-picturereader FILE\n", stderr);
+        return usage;
+    }
+    qputenv("QT_QPA_PLATFORM", "offscreen"); // for the fonts of an SVG
+    const QGuiApplication application(argc, argv);
+    const QByteArray png = asPng(QFile::decodeName(argv[1]));
+    const auto size = std::size_t(png.size());
+    const bool isWritten = std::fwrite(png.constData(), 1, size, stdout) == size;
+    return size > 0 && isWritten && std::fflush(stdout) == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+}

@@ -1,0 +1,26 @@
+#include "ProcessPictureReader.h"
+
+namespace perchly {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto timeLimit = 30s; // the companion ends itself before
+constexpr qsizetype maxPngBytes = 256 << 20;
+
+} // namespace
+
+ProcessPictureReader::ProcessPictureReader(QString program)
+    : m_program(std::move(program))
+    , m_runs(1) {}
+
+Task ProcessPictureReader::readAsPng(const QString &path, Completion completion) {
+    return m_runs.run(m_program, {path}, {.time = timeLimit, .maxOutput = maxPngBytes},
+                      OnStop::EndChild,
+                      [completion = std::move(completion)](const ChildResult &result) {
+                          completion(result.status == 0 ? result.output : QByteArray());
+                      });
+}
+
+} // namespace perchly
