@@ -36,6 +36,10 @@ public:
     /// The first moment of the next local calendar day.
     [[nodiscard]] virtual TimePoint startOfNextDay() const = 0;
 
+    /// The time since the machine started, including sleep. Setting the wall clock does not change
+    /// it.
+    [[nodiscard]] virtual std::chrono::nanoseconds uptime() const = 0;
+
     /// Runs the action once, after the delay by the monotonic clock.
     [[nodiscard]] virtual Task after(std::chrono::milliseconds delay, Action action) = 0;
 
@@ -43,7 +47,8 @@ public:
     [[nodiscard]] virtual Task every(std::chrono::milliseconds period, Action action) = 0;
 
     /// Runs the action once, when the wall clock reaches the moment, or earlier if the clock was
-    /// set or the machine woke up: the action must check now() itself and schedule itself again.
+    /// set, the machine woke up or the time zone changed: the action must check now() itself and
+    /// schedule itself again.
     [[nodiscard]] virtual Task at(TimePoint moment, Action action) = 0;
 };
 

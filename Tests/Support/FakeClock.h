@@ -19,6 +19,7 @@ public:
     TimePoint now() const override { return m_now; }
     TimePoint startOfDay() const override { return std::chrono::floor<std::chrono::days>(m_now); }
     TimePoint startOfNextDay() const override { return startOfDay() + std::chrono::days(1); }
+    std::chrono::nanoseconds uptime() const override { return m_elapsed + m_slept; }
     Task after(Span delay, Action action) override {
         return m_entries.add({m_elapsed + delay, Span(0), false, std::move(action)});
     }
@@ -51,7 +52,10 @@ public:
     }
 
     /// The machine sleeps and wakes up: the wall clock advances, timers do not.
-    void sleepFor(Span span) { setWallClock(m_now + span); }
+    void sleepFor(Span span) {
+        m_slept += span;
+        setWallClock(m_now + span);
+    }
 
     /// The user sets the wall clock.
     void setWallClock(TimePoint now) {
@@ -84,7 +88,8 @@ private:
     }
 
     TimePoint m_now;
-    Span m_elapsed{0};
+    Span m_elapsed{0}; ///< by which timers run
+    Span m_slept{0};
     PendingCalls<Entry> m_entries;
 };
 

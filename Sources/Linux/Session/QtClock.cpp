@@ -5,6 +5,8 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <ctime>
+#include <sys/inotify.h>
 #include <sys/timerfd.h>
 #include <unistd.h>
 
@@ -37,10 +39,11 @@ private:
 };
 
 /// Runs an action once, from the event loop, when the wall clock reaches a moment, or earlier if
-/// the clock is set or the machine wakes up. It costs one file descriptor and no wake-ups.
+/// the clock is set, the machine wakes up or the time zone changes. It costs two file descriptors
+/// and no wake-ups.
 class WallClockTask : public ScheduledTask {
 public:
-    WallClockTask(Clock::TimePoint moment, Clock::Action action)
+    WallClockTask(Clock::TimePoint moment, const QByteArray &zoneFile, Clock::Action action)
         : m_action(std::move(action)) {
         // Zero would disarm the timer, so a moment in the past gets the smallest positive value.
         const nanoseconds due =
@@ -50,22 +53,35 @@ public:
         when.it_value.tv_sec = whole.count();
         when.it_value.tv_nsec = (due - whole).count();
         ::timerfd_settime(m_timer, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &when, nullptr);
-        // Readable when due or when the clock was set; run the action in both cases.
-        QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier, [this] {
-            m_notifier.setEnabled(false);
-            const auto running = std::move(m_action); // it may destroy this task
-            running();
-        });
+        // Another zone replaces the link.
+        ::inotify_add_watch(m_zone, zoneFile.constData(), IN_DONT_FOLLOW | IN_ATTRIB | IN_MODIFY);
+        // The timer is readable when due or when the clock was set.
+        for (QSocketNotifier *notifier : {&m_timerNotifier, &m_zoneNotifier}) {
+            QObject::connect(notifier, &QSocketNotifier::activated, notifier, [this] { run(); });
+        }
     }
     ~WallClockTask() override {
-        m_notifier.setEnabled(false);
+        stop();
         ::close(m_timer);
+        ::close(m_zone);
     }
 
 private:
+    void stop() {
+        m_timerNotifier.setEnabled(false);
+        m_zoneNotifier.setEnabled(false);
+    }
+    void run() {
+        stop();
+        const auto running = std::move(m_action); // it may destroy this task
+        running();
+    }
+
     Clock::Action m_action;
     const int m_timer = ::timerfd_create(CLOCK_REALTIME, TFD_NONBLOCK | TFD_CLOEXEC);
-    QSocketNotifier m_notifier{m_timer, QSocketNotifier::Read};
+    const int m_zone = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+    QSocketNotifier m_timerNotifier{m_timer, QSocketNotifier::Read};
+    QSocketNotifier m_zoneNotifier{m_zone, QSocketNotifier::Read};
 };
 
 Clock::TimePoint startOfDay(Clock::TimePoint moment, qint64 daysLater) {
@@ -88,6 +104,12 @@ Clock::TimePoint QtClock::startOfNextDay() const {
     return perchly::startOfDay(now(), 1);
 }
 
+nanoseconds QtClock::uptime() const {
+    timespec time = {};
+    ::clock_gettime(CLOCK_BOOTTIME, &time);
+    return seconds(time.tv_sec) + nanoseconds(time.tv_nsec);
+}
+
 Task QtClock::after(milliseconds delay, Action action) {
     return std::make_unique<TimerTask>(delay, true, std::move(action));
 }
@@ -97,7 +119,7 @@ Task QtClock::every(milliseconds period, Action action) {
 }
 
 Task QtClock::at(TimePoint moment, Action action) {
-    return std::make_unique<WallClockTask>(moment, std::move(action));
+    return std::make_unique<WallClockTask>(moment, m_zoneFile, std::move(action));
 }
 
 } // namespace perchly

@@ -1,5 +1,5 @@
-// The focus timer of the shelf model: a countdown to an absolute deadline, so that late ticks cause
-// no error, and the day's totals.
+// The focus timer of the shelf model: a countdown to a deadline by the machine's uptime, so that
+// late ticks cause no error, and the day's totals.
 
 #include "AlertSound.h"
 #include "PreferenceKeys.h"
@@ -40,7 +40,7 @@ int ShelfModel::remainingSeconds(int withoutDeadline) const {
     if (!m_deadline) {
         return withoutDeadline;
     }
-    return limitedToInt(std::chrono::ceil<Seconds>(*m_deadline - m_clock.now()).count());
+    return limitedToInt(std::chrono::ceil<Seconds>(*m_deadline - m_clock.uptime()).count());
 }
 
 void ShelfModel::setRunning(bool running) {
@@ -50,7 +50,7 @@ void ShelfModel::setRunning(bool running) {
 
 void ShelfModel::startCountdown(int minutes, const QString &activity) {
     publish(m_seconds, minutes * secondsPerMinute, &ShelfModel::secondsChanged);
-    m_deadline = m_clock.now() + Seconds(m_seconds);
+    m_deadline = m_clock.uptime() + Seconds(m_seconds);
     setRunning(true);
     setActivity(activity);
 }
@@ -74,7 +74,7 @@ void ShelfModel::togglePause() {
         m_deadline.reset();
         setRunning(false);
     } else if (m_seconds >= 1) {
-        m_deadline = m_clock.now() + Seconds(m_seconds);
+        m_deadline = m_clock.uptime() + Seconds(m_seconds);
         setRunning(true);
     }
 }

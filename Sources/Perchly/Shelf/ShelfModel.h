@@ -111,7 +111,9 @@ public:
     [[nodiscard]] bool controlling() const { return m_controlling; }
     void setControlling(bool controlling);
 
-    /// The focus timer's remaining seconds, frozen while paused.
+    /// The focus timer's remaining seconds, frozen while paused. They count down while the machine
+    /// sleeps, too: a session that ran out meanwhile completes once, within a second of waking up.
+    /// Setting the wall clock or the time zone affects only the day that the session counts for.
     [[nodiscard]] int seconds() const { return m_seconds; }
     [[nodiscard]] bool running() const { return m_running; }
     /// Sessions and minutes completed on this local day.
@@ -192,7 +194,7 @@ private:
     bool m_isBreak = false; ///< of the current or last countdown
     int m_todaySessions = 0;
     int m_todayMinutes = 0;
-    std::optional<Clock::TimePoint> m_deadline;
+    std::optional<std::chrono::nanoseconds> m_deadline; ///< by Clock::uptime()
     int m_plannedMinutes = 25; ///< of the last focus session; credited when it completes
     Task m_ticker;
 };

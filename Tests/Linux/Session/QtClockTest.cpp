@@ -1,6 +1,10 @@
 #include "QtClock.h"
 
+#include <QFile>
+#include <QTemporaryDir>
 #include <QTest>
+
+#include <cstdio>
 
 using namespace perchly;
 using namespace std::chrono_literals;
@@ -18,6 +22,21 @@ private Q_SLOTS:
         const Task past = m_clock.at(Clock::TimePoint(), [&] { count += 10; });
         QCOMPARE(count, 0);
         QTRY_COMPARE(count, 11);
+    }
+
+    void wallClockActionRunsWhenTheZoneChanges() {
+        const QTemporaryDir folder;
+        const auto link = [&folder](const char *name, const QString &zone) {
+            const QString path = folder.filePath(QString::fromLatin1(name));
+            return QFile::link(zone, path) ? QFile::encodeName(path) : QByteArray();
+        };
+        const QByteArray localtime = link("localtime", QStringLiteral("Europe/Berlin"));
+        const QByteArray other = link("other", QStringLiteral("Asia/Tokyo"));
+        QtClock clock(localtime);
+        int count = 0;
+        const Task task = clock.at(clock.now() + 1h, [&count] { ++count; });
+        QCOMPARE(std::rename(other, localtime), 0);
+        QTRY_COMPARE(count, 1);
     }
 
     void destroyedTaskNeverRuns() {
