@@ -123,6 +123,8 @@ private Q_SLOTS:
         QCOMPARE(f.fake.calendars.expectedChanges, 1);
         QVERIFY(f.fake.calendars.answerEvents());
         QCOMPARE(f.meetings.message(), QStringLiteral("No meetings in the next seven days."));
+        f.fake.clock.sleepFor(8h);
+        QCOMPARE(f.fake.calendars.expectedChanges, 2);
     }
 
     void withdrawnConsentEmptiesTheList() {

@@ -46,6 +46,14 @@ Meetings::Meetings(CalendarStore &calendars, Clock &clock, QObject *parent)
     , m_clock(clock)
     , m_message(QStringLiteral("Connect Calendar to see upcoming meetings.")) {
     connect(&calendars, &CalendarStore::changed, this, &Meetings::refresh);
+    followDay();
+}
+
+void Meetings::followDay() {
+    m_day = m_clock.at(m_clock.startOfNextDay(), [this] {
+        readAgain();
+        followDay();
+    });
 }
 
 QString Meetings::firstTitle() const {

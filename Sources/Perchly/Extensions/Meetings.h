@@ -29,7 +29,8 @@ public:
     /// Looks for meetings; the last call wins. Call it twice a minute, as the rows show the
     /// remaining time.
     Q_INVOKABLE void refresh();
-    /// Like refresh(), but reads the calendars again even if no change was announced.
+    /// Like refresh(), but reads the calendars again even if no change was announced. Also called
+    /// when the machine wakes up and when the day or the time zone changes.
     Q_INVOKABLE void readAgain();
 
 Q_SIGNALS:
@@ -37,6 +38,7 @@ Q_SIGNALS:
     void messageChanged();
 
 private:
+    void followDay();
     void show(const QList<CalendarEvent> &events);
     void setEvents(const QList<CalendarEvent> &events);
     void setMessage(const QString &message);
@@ -50,6 +52,7 @@ private:
     QString m_connectError; ///< from the last question
     Task m_connecting;
     Task m_loading;
+    Task m_day;
 };
 
 } // namespace perchly
