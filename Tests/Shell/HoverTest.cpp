@@ -68,6 +68,29 @@ private Q_SLOTS:
         QVERIFY(!shell.expanded());
     }
 
+    void staysOpenForTheOutcomeOfACommand() {
+        ShellFixture shell;
+        ShelfModel &model = shell.delegate->model();
+        const auto isOpenLater = [&shell] {
+            QCoreApplication::processEvents();
+            shell.fake.clock.advance(350ms);
+            return shell.expanded();
+        };
+        shell.pointerOntoPill();
+        shell.pointerAway();
+        model.setControlling(true);
+        QVERIFY(isOpenLater());
+        model.setControlling(false);
+        model.setControlError(QStringLiteral("It failed."));
+        QVERIFY(isOpenLater());
+        model.clearControlError();
+        shell.pointerAway();
+        QVERIFY(!isOpenLater());
+        model.setControlError(QStringLiteral("It failed, too late."));
+        shell.pointerOntoPill();
+        QVERIFY(model.controlError().isNull());
+    }
+
     void chooserAndKeyboardCancelAPendingCollapse() {
         ShellFixture shell;
         shell.pointerOntoPill();

@@ -12,7 +12,12 @@ ShelfModel::ShelfModel(Clock &clock, Preferences &preferences, AlertSound &alert
     scheduleTick();
 }
 
+bool ShelfModel::staysOpen() const {
+    return m_expanded && (m_choosingWidget || m_controlling || !m_controlError.isEmpty());
+}
+
 void ShelfModel::setExpanded(bool expanded) {
+    setControlError({}); // a closed shelf cannot show it, and later it would be stale
     publish(m_expanded, expanded, &ShelfModel::expandedChanged);
 }
 

@@ -53,7 +53,8 @@ public:
     ShelfModel(Clock &clock, Preferences &preferences, AlertSound &alertSound,
                QObject *parent = nullptr);
 
-    /// Whether the shelf is open. Only the shell sets it.
+    /// Whether the shelf is open. Only the shell sets it. Opening and closing clear the control
+    /// error.
     [[nodiscard]] bool expanded() const { return m_expanded; }
     void setExpanded(bool expanded);
     /// Whether the shelf is being dragged: nothing else may move, open or close it.
@@ -110,6 +111,9 @@ public:
     /// Whether a playback command is running.
     [[nodiscard]] bool controlling() const { return m_controlling; }
     void setControlling(bool controlling);
+    /// Whether the open shelf must not close by itself: a chooser or a control error is shown, or a
+    /// playback command is running that may end in one.
+    [[nodiscard]] bool staysOpen() const;
 
     /// The focus timer's remaining seconds, frozen while paused. They count down while the machine
     /// sleeps, too: a session that ran out meanwhile completes once, within a second of waking up.

@@ -64,16 +64,17 @@ void AppDelegate::launch() {
 
 void AppDelegate::followPointer() {
     connect(m_hosts.pointer.get(), &PointerMonitor::moved, this, &AppDelegate::pointerAt);
-    // Queued, since the panel must not be moved while it handles the event. The closed shelf opens
-    // only when the pointer moves, not when it appears under a resting pointer.
-    connect(
-        &m_panel, &ShelfPanel::crossed, this,
-        [this] {
-            if (m_model.expanded()) {
-                pointerAt(m_hosts.pointer->position());
-            }
-        },
-        Qt::QueuedConnection);
+    // The closed shelf opens only when the pointer moves, not when it appears under a resting
+    // pointer.
+    const auto checkPointer = [this] {
+        if (m_model.expanded()) {
+            pointerAt(m_hosts.pointer->position());
+        }
+    };
+    // Queued, since the panel must not be moved while it handles the event.
+    connect(&m_panel, &ShelfPanel::crossed, this, checkPointer, Qt::QueuedConnection);
+    // Queued, since a failed command sets its error next.
+    connect(&m_model, &ShelfModel::controllingChanged, this, checkPointer, Qt::QueuedConnection);
     m_hosts.pointer->start();
 }
 

@@ -38,7 +38,7 @@ void ShelfOpener::pointerAt(ScreenPoint pointer) {
     if (m_keyboardOpen || m_model.dragging()) {
         return;
     }
-    if (m_model.choosingWidget()) {
+    if (m_model.staysOpen()) {
         m_closeTask.reset();
         return;
     }
