@@ -54,9 +54,12 @@ struct LibraryFixture {
 class ShelfLibraryTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void unreadableLibraryIsReplacedByTheWidgets() {
-        const LibraryFixture fixture(QByteArray("[{\"id\":"));
-        QCOMPARE(fixture.entries(), QStringLiteral("Clock Focus timer Music Quick note Calendar"));
+    void unreadableLibraryIsKeptUntilTheFirstChange() {
+        const QByteArray damaged("[{\"id\":");
+        LibraryFixture fixture(damaged);
+        QCOMPARE(text(fixture.library->items()),
+                 QStringLiteral("Clock Focus timer Music Quick note Calendar"));
+        QCOMPARE(fixture.fake.preferences.data(keys::shelfLibrary), damaged);
         QCOMPARE(LibraryFixture(QByteArray("[]")).entries(), QString());
     }
 

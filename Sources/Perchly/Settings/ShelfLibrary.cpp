@@ -43,7 +43,6 @@ ShelfLibrary::ShelfLibrary(Preferences &preferences, ApplicationCatalog &catalog
     connect(&catalog, &ApplicationCatalog::changed, this, &ShelfLibrary::refresh);
     const QByteArray stored = preferences.data(keys::shelfLibrary).value_or(QByteArray());
     show(decodeRecords<ShelfItem>(stored).value_or(defaultItems()));
-    preferences.setData(keys::shelfLibrary, encodeRecords(m_items));
     setFavoritesOnly(preferences.boolean(keys::favoritesOnly).value_or(false));
 }
 

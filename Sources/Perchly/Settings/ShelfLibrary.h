@@ -24,8 +24,8 @@ public:
     enum class Flag { Visible, Favorite };
     Q_ENUM(Flag)
 
-    /// Loads the stored library; unreadable data is replaced by the five widgets. The hosts must
-    /// outlive the library.
+    /// Loads the stored library. If it is missing or unreadable, shows the five widgets and leaves
+    /// the stored value until the first change. The hosts must outlive the library.
     ShelfLibrary(Preferences &preferences, ApplicationCatalog &catalog, OpenPanel &openPanel,
                  QObject *parent = nullptr);
 
