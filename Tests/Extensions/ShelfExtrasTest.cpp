@@ -8,7 +8,9 @@
 #include "TestRegistry.h"
 #include "TextSearch.h"
 
+#include <QTemporaryDir>
 #include <QTest>
+#include <QThreadPool>
 
 namespace perchly {
 
@@ -165,6 +167,28 @@ private Q_SLOTS:
             QCOMPARE(f.shell.calls.join(u' '), QStringLiteral("clearScreen showTools"));
             f.shell.calls.clear();
         }
+    }
+
+    void oldCapturesAreRemovedUnlessStored() {
+        const QTemporaryDir folder;
+        qputenv("TMPDIR", QFile::encodeName(folder.path()));
+        const QString id = QStringLiteral("00000000-0000-0000-0000-00000000000");
+        for (const auto &[name, days] :
+             {std::pair(id + u'A', 2), {id + u'B', 2}, {id + u'C', 0}, {QStringLiteral("x"), 2}}) {
+            QFile file(folder.filePath(QStringLiteral("Perchly-%1.png").arg(name)));
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            QVERIFY(file.setFileTime(QDateTime::currentDateTime().addDays(-days),
+                                     QFile::FileModificationTime));
+        }
+        ExtrasFixture f;
+        f.tools.held()->hold(
+            {QUrl::fromLocalFile(folder.filePath(QStringLiteral("Perchly-%1B.png").arg(id)))});
+        f.extras.groups()->save(QStringLiteral("Pictures"));
+        Capture::removeOld(f.fake.preferences);
+        QThreadPool::globalInstance()->waitForDone();
+        qunsetenv("TMPDIR");
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).join(u' ').remove(id),
+                 QStringLiteral("Perchly-B.png Perchly-C.png Perchly-x.png"));
     }
 
     void previewStartsAtTheRequestedFile() {

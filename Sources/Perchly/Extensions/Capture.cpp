@@ -1,11 +1,18 @@
 #include "Capture.h"
 
+#include "PreferenceKeys.h"
+#include "Preferences.h"
 #include "ScreenCapture.h"
 #include "ShellActions.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
+#include <QThreadPool>
 #include <QUuid>
+
+#include <unistd.h>
 
 namespace perchly {
 
@@ -28,6 +35,24 @@ Capture::Capture(ScreenCapture &capture, Clock &clock, ShellActions &shell, QObj
     , m_capture(capture)
     , m_clock(clock)
     , m_shell(shell) {}
+
+void Capture::removeOld(const Preferences &preferences) {
+    const QByteArray stored = preferences.data(keys::launchGroups).value_or(QByteArray()) +
+                              preferences.data(keys::pinnedSnippets).value_or(QByteArray());
+    QThreadPool::globalInstance()->start([stored] {
+        static const QRegularExpression ownName(
+            QStringLiteral("^Perchly-[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}\\.png$"));
+        const auto dayAgo = QDateTime::currentDateTime().addDays(-1);
+        const auto files = QDir::temp().entryInfoList({QStringLiteral("Perchly-*.png")},
+                                                      QDir::Files | QDir::NoSymLinks);
+        for (const QFileInfo &file : files) {
+            if (ownName.match(file.fileName()).hasMatch() && file.ownerId() == ::geteuid() &&
+                file.lastModified() < dayAgo && !stored.contains(file.fileName().toLatin1())) {
+                QFile::remove(file.filePath());
+            }
+        }
+    });
+}
 
 void Capture::start() {
     if (m_active) {

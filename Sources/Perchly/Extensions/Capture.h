@@ -7,6 +7,7 @@
 
 namespace perchly {
 
+class Preferences;
 class ScreenCapture;
 class ShellActions;
 
@@ -18,6 +19,10 @@ class Capture : public QObject {
 public:
     /// The arguments must outlive this object.
     Capture(ScreenCapture &capture, Clock &clock, ShellActions &shell, QObject *parent = nullptr);
+
+    /// Deletes captures older than a day, unless a stored launch group or snippet names them. Works
+    /// in the background.
+    static void removeOld(const Preferences &preferences);
 
     /// Whether the user is choosing a region, or is about to.
     [[nodiscard]] bool active() const { return m_active; }

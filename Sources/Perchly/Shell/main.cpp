@@ -57,6 +57,7 @@ int main(int argc, char **argv) {
     const TerminationSignals signals;
     QObject::connect(&signals, &TerminationSignals::requested, &delegate, &AppDelegate::terminate);
     delegate.launch();
+    Capture::removeOld(*hosts.preferences);
     const int status = QApplication::exec();
     // Everything is already stored. Threads that wait for a dead disk must not keep the process,
     // and with it the name that the next instance needs.
