@@ -29,6 +29,10 @@ public:
     /// continues, since it may hold the user's unsaved work. The host must outlive the task.
     [[nodiscard]] virtual Task execute(const QStringList &arguments, Completion completion) = 0;
 
+    /// The name of a shortcut that an earlier instance of the program left running, or null.
+    /// stopRuns() then ends it, too. `ended` is called once, when it has ended.
+    [[nodiscard]] virtual QString resume(std::function<void()> ended) = 0;
+
     /// Ends the running shortcuts and their child processes: SIGTERM, then SIGKILL some seconds
     /// later. Their completions are called when they have ended.
     virtual void stopRuns() = 0;

@@ -200,6 +200,7 @@ public:
         started.append(arguments.join(u' '));
         return calls.add(std::move(completion));
     }
+    QString resume(std::function<void()>) override { return {}; }
     void stopRuns() override { ++stops; }
     QString folder() const override { return QStringLiteral("/shortcuts"); }
     void prepareFolder(FolderCompletion completion) override { completion(folderError); }

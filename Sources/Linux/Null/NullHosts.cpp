@@ -246,6 +246,7 @@ public:
     Task execute(const QStringList &, Completion completion) override {
         return std::make_unique<Answer>(std::move(completion), Result());
     }
+    QString resume(std::function<void()>) override { return {}; }
     void stopRuns() override {}
     QString folder() const override { return {}; }
     void prepareFolder(FolderCompletion completion) override {

@@ -80,12 +80,15 @@ void ChildProcess::end() {
         QMetaObject::invokeMethod(this, &ChildProcess::finish, Qt::QueuedConnection);
     } else if (m_state == State::Running) {
         m_state = State::Ending;
-        const qint64 session = m_process->processId();
-        signalSession(session, SIGTERM);
-        // This includes processes that the child leaves behind.
-        QTimer::singleShot(m_limits.grace, parent(),
-                           [session] { signalSession(session, SIGKILL); });
+        endSession(m_process->processId(), m_limits.grace, parent());
     }
+}
+
+void ChildProcess::endSession(qint64 leader, std::chrono::milliseconds grace,
+                              const QObject *context) {
+    signalSession(leader, SIGTERM);
+    // This includes processes that the leader leaves behind.
+    QTimer::singleShot(grace, context, [leader] { signalSession(leader, SIGKILL); });
 }
 
 void ChildProcess::abandon() {

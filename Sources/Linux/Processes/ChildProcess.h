@@ -52,6 +52,9 @@ public:
     /// when the child has exited.
     void end();
 
+    /// The same for any session. Destroying the context cancels the SIGKILL.
+    static void endSession(qint64 leader, std::chrono::milliseconds grace, const QObject *context);
+
     /// Drops the completion and, with OnStop::EndChild, ends the child.
     void abandon();
 

@@ -16,7 +16,17 @@ Shortcuts::Shortcuts(ShortcutsTool &tool, Applications &applications, ShelfLibra
     , m_tool(tool)
     , m_applications(applications)
     , m_library(library)
-    , m_notice(std::move(notice)) {}
+    , m_notice(std::move(notice)) {
+    // Its exit status is unknown.
+    m_busy = tool.resume([guard = QPointer(this)] {
+        if (guard && guard->m_stopped) {
+            guard->m_notice(QStringLiteral("Stopped: ") + guard->m_busy);
+        }
+        if (guard) {
+            guard->setBusy({});
+        }
+    });
+}
 
 void Shortcuts::refresh() {
     m_list = m_tool.execute({QStringLiteral("list")}, [this](const ShortcutsTool::Result &result) {

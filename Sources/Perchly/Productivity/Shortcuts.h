@@ -17,7 +17,8 @@ class Shortcuts : public perchly::KeyedRows {
     Q_PROPERTY(QString busy READ busy NOTIFY busyChanged FINAL)
     Q_PROPERTY(QString folder READ folder CONSTANT FINAL)
 public:
-    /// The arguments must outlive this object.
+    /// Shows a shortcut that an earlier instance of the program left running as busy. The arguments
+    /// must outlive this object.
     Shortcuts(ShortcutsTool &tool, Applications &applications, ShelfLibrary &library, Notice notice,
               QObject *parent = nullptr);
 

@@ -46,6 +46,21 @@ private Q_SLOTS:
         QCOMPARE(result({QStringLiteral("run"), QStringLiteral("../shortcuts/x")}), "1 ");
     }
 
+    void shortcutOfAnEarlierInstanceCanBeStopped() {
+        writeProgram(m_folder.filePath(QStringLiteral("Long one.sh")), "> $MARK; exec sleep 60");
+        auto tool = std::make_unique<FolderShortcutsTool>();
+        Task run =
+            tool->execute({QStringLiteral("run"), QStringLiteral("Long one")}, [](const auto &) {});
+        QTRY_VERIFY(QFile::exists(m_mark));
+        run.reset();
+        tool.reset();
+        int ends = 0;
+        QCOMPARE(m_tool.resume([&ends] { ++ends; }), QStringLiteral("Long one"));
+        m_tool.stopRuns();
+        QTRY_COMPARE(ends, 1);
+        QVERIFY(m_tool.resume({}).isNull());
+    }
+
     void folderIsCreatedOnceWithAnExampleShortcut() {
         QCOMPARE(prepare(), QString());
         QCOMPARE(result({QStringLiteral("list")}), "0 Say hello");
