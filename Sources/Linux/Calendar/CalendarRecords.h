@@ -31,11 +31,24 @@ inline QDataStream &operator>>(QDataStream &stream, FoundCalendar &calendar) {
     return stream >> calendar.name >> calendar.place >> calendar.source;
 }
 
+/// Unlike Qt's operator, reserves no memory for a count that may be wrong.
+template <class Item>
+void readList(QDataStream &stream, QList<Item> &list) {
+    quint32 count = 0;
+    stream >> count;
+    for (quint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
+        stream >> list.emplaceBack();
+    }
+}
+
 inline QDataStream &operator<<(QDataStream &stream, const CalendarList &list) {
     return stream << list.calendars << list.folders << list.serviceFolders << list.isServiceMute;
 }
 inline QDataStream &operator>>(QDataStream &stream, CalendarList &list) {
-    return stream >> list.calendars >> list.folders >> list.serviceFolders >> list.isServiceMute;
+    readList(stream, list.calendars);
+    readList(stream, list.folders);
+    readList(stream, list.serviceFolders);
+    return stream >> list.isServiceMute;
 }
 
 } // namespace perchly
