@@ -2,10 +2,10 @@
 
 #include "MediaPlaybackCommand.h"
 #include "ShelfModel.h"
+#include "ShownText.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -64,17 +64,11 @@ MediaReading decodeMediaReading(const QByteArray &json) {
 
 QString textToShow(const QString &text) {
     constexpr qsizetype maxLength = 1024;
-    // Zero-width spaces and word joiners, direction marks and overrides, byte order marks. Joiners
-    // inside emoji and words stay.
-    static const QRegularExpression hidden(
-        QStringLiteral("[\\x{200B}\\x{200E}\\x{200F}\\x{202A}-\\x{202E}\\x{2060}"
-                       "\\x{2066}-\\x{2069}\\x{FEFF}]"));
-    static const QRegularExpression control(QStringLiteral("\\p{Cc}"));
     QString shown = text.left(maxLength);
-    if (!shown.isEmpty() && shown.back().isHighSurrogate()) {
+    if (text.size() > maxLength && shown.back().isHighSurrogate()) {
         shown.chop(1);
     }
-    return shown.remove(hidden).replace(control, QStringLiteral(" ")).simplified();
+    return inOneLine(shown).simplified();
 }
 
 void applyMedia(ShelfModel &model, const std::optional<MediaActivity> &activity) {
