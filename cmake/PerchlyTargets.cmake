@@ -7,7 +7,7 @@ target_compile_options(perchly_options INTERFACE
     # Optimised builds report it for each QPointer.
     $<$<CONFIG:Debug>:-Wnull-dereference>
     # With unity builds, GCC takes joined sources for headers.
-    $<$<BOOL:${CMAKE_UNITY_BUILD}>:-Wno-subobject-linkage>
+    $<$<AND:$<CXX_COMPILER_ID:GNU>,$<BOOL:${CMAKE_UNITY_BUILD}>>:-Wno-subobject-linkage>
     $<$<BOOL:${PERCHLY_WERROR}>:-Werror>)
 target_compile_definitions(perchly_options INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS
@@ -77,6 +77,22 @@ function(perchly_test name)
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen" LABELS "unit;${test_LABELS}" TIMEOUT 120)
+endfunction()
+
+# perchly_fuzz(<name> [SOURCES …] [LIBRARIES …])
+# A libFuzzer executable of <name>.cpp, built by the target "fuzz". SOURCES are paths in Sources: single
+# files of libraries that take long to build. Their folders are on the include path.
+function(perchly_fuzz name)
+    cmake_parse_arguments(PARSE_ARGV 1 fuzz "" "" "SOURCES;LIBRARIES")
+    list(TRANSFORM fuzz_SOURCES PREPEND ${PROJECT_SOURCE_DIR}/Sources/)
+    add_executable(${name} ${name}.cpp Fuzz.cpp Fuzz.h ${fuzz_SOURCES})
+    foreach(source IN LISTS fuzz_SOURCES)
+        cmake_path(GET source PARENT_PATH folder)
+        target_include_directories(${name} PRIVATE ${folder})
+    endforeach()
+    target_link_libraries(${name} PRIVATE perchly_options Qt6::Core ${fuzz_LIBRARIES})
+    target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+    add_dependencies(fuzz ${name})
 endfunction()
 
 # perchly_qml_module(<name> URI … [SOURCES …] [HEADERS …] [QML_FILES …] [IMPORTS …]
