@@ -61,6 +61,7 @@ void SessionBus::onAnswer(bool answered) {
 
 void SessionBus::onDisconnected() {
     QDBusConnection::disconnectFromBus(m_name);
+    m_name += u'+'; // QDBusServiceWatcher ignores a new connection with the same name
     m_failures = 0;
     m_retry.start(3s);
     Q_EMIT lost();
