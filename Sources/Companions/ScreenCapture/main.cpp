@@ -9,7 +9,9 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
+#include <sys/prctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -95,6 +97,7 @@ int main(int argc, char **argv) {
     }
     limitResources(maxMegabytes);
     alarm(startTimeout);
+    prctl(PR_SET_PDEATHSIG, SIGKILL); // the overlay grabs pointer and keyboard
     const XConnectionPointer connection = connectWithTimeout();
     if (!connection) {
         return fail("there is no X display to capture");
