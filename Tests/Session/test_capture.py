@@ -14,11 +14,6 @@ GREEN = (0, 128, 0)
 
 
 class CaptureTest(SessionCase):
-    def windows_of(self, companion):
-        command = ("pgrep", "-f", f"^{self.session.executable}-{companion}")
-        numbers = self.session.call(*command, check=False).split()
-        return [window for number in numbers for window in self.screen.windows_of(int(number))]
-
     def test_capture_is_held_and_previewed(self):
         self.start(size=(1600, 900))
         self.screen.key(*TOGGLE)

@@ -83,13 +83,15 @@ class Accessibility:
         service = connect(session_address), "org.a11y.Bus", "/org/a11y/bus"
         self._bus = connect(call(*service, "org.a11y.Bus.GetAddress")[0])
         self._process = process
+        self._root = None
 
     def every(self, wanted):
         """The true results of wanted(node) for all visible elements."""
 
         def read():
             try:
-                found = [(wanted(node), node) for node in self._application().walk()]
+                self._root = self._root or self._application()
+                found = [(wanted(node), node) for node in self._root.walk()]
                 return [[value for value, node in found if value and node.has(SHOWING)]]
             except (GLib.Error, LookupError):
                 return None

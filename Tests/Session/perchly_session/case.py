@@ -21,8 +21,14 @@ GONE = "perchly: Could not find accessible on path: .*"  # a test queried a remo
 WINDOW_MANAGER = os.environ.get("PERCHLY_WINDOW_MANAGER", "openbox")
 
 
+def unexpected_errors(program, *expected):
+    """The lines on its stderr that none of the patterns matches."""
+    known = "|".join((GONE, *expected))
+    return [line for line in program.errors().splitlines() if not re.fullmatch(known, line)]
+
+
 class User:
-    """Actions of tests and the scene on self.program, self.screen and self.tree."""
+    """Actions of tests and the scene on self.session, self.program, self.screen and self.tree."""
 
     def click(self, name, role="push button", subject=None):
         self.screen.click(*self.tree.find(name, role, subject).centre)
@@ -46,6 +52,15 @@ class User:
         self.click("Tools", "combo box")
         self.click(name, "list item")
         self.tree.find("Tools", "combo box", name)
+
+    def windows_of(self, companion):
+        command = ("pgrep", "-f", f"^{self.session.executable}-{companion}")
+        numbers = self.session.call(*command, check=False).split()
+        return [window for number in numbers for window in self.screen.windows_of(int(number))]
+
+    def expect_stored(self, **values):
+        stored = lambda: {key: self.session.preferences().get(key) for key in values}
+        wait_until(lambda: stored() == values, f"{values} stored")
 
     def on_pill(self):
         """The middle of the shelf."""
@@ -114,10 +129,6 @@ class SessionCase(unittest.TestCase, User):
         self.screen.move_to(*AWAY)
         self.expect_pill()
 
-    def expect_stored(self, **values):
-        stored = lambda: {key: self.session.preferences().get(key) for key in values}
-        wait_until(lambda: stored() == values, f"{values} stored")
-
     def _end_session(self, session):
         problems = self._outcome.result.failures + self._outcome.result.errors
         try:
@@ -126,10 +137,8 @@ class SessionCase(unittest.TestCase, User):
             for program in session.programs:
                 if program.running():
                     self.assertIn(program.stop(), (0, -15), program.errors())
-                known = "|".join((GONE, *self.expected_errors))
-                lines = program.errors().splitlines()
-                unexpected = [line for line in lines if not re.fullmatch(known, line)]
-                self.assertEqual(unexpected, [], "on the program's stderr")
+                lines = unexpected_errors(program, *self.expected_errors)
+                self.assertEqual(lines, [], "on the program's stderr")
         finally:
             session.stop()
 

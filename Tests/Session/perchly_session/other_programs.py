@@ -155,10 +155,14 @@ def moving_picture(file):
 class ScriptedPlayer:
     """A scripted player, see Tests/ScriptHost/scripted_player.py."""
 
-    def __init__(self, session, **script):
-        command = (sys.executable, "-B", str(SCRIPTED_PLAYER), "scripted", json.dumps(script))
+    def __init__(self, session, name="scripted", **script):
+        command = (sys.executable, "-B", str(SCRIPTED_PLAYER), name, json.dumps(script))
         self._process = session.spawn(*command, stdout=subprocess.PIPE)
         self.expect("ready")
+
+    def close(self):
+        self._process.kill()
+        self._process.wait()
 
     def expect(self, word):
         """Waits until the player receives this command."""

@@ -125,26 +125,30 @@ class Session:
         self.home = self.folder / FOLDERS["HOME"]
         self.preferences_file = self.home / ".config" / "perchly" / "preferences.json"
         server = "Xvfb -displayfd 1 -nolisten tcp -noreset -screen 0 {}x{}x24".format(*size)
-        self.environment["DISPLAY"] = ":" + self._spawn_and_hear(*server.split())[1]
+        self.server, number = self._spawn_and_hear(*server.split())
+        self.environment["DISPLAY"] = f":{number}"
         self.screen = Screen(self.environment["DISPLAY"])
         self._stack.callback(self.screen.display.close)
-        self._bus = self._start_bus()
+        self.start_bus()
         if self.window_manager:
-            self.spawn(*WINDOW_MANAGERS[self.window_manager])
-            wait_until(self.screen.manages_windows, f"{self.window_manager} at work", interval=0)
+            self.start_window_manager()
         if not bus:
             self.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={self.folder}/no-bus"
 
     def stop(self):
         self._stack.close()
 
-    def restart_bus(self):
-        _end(self._bus)
-        self._bus = self._start_bus()
-
-    def _start_bus(self):
+    def start_bus(self):
         options = (f"--config-file={BUS_CONFIGURATION}", f"--address={self.bus_address}")
-        return self._spawn_and_hear("dbus-daemon", "--nofork", "--print-address", *options)[0]
+        self.bus, _ = self._spawn_and_hear("dbus-daemon", "--nofork", "--print-address", *options)
+
+    def restart_bus(self):
+        end(self.bus)
+        self.start_bus()
+
+    def start_window_manager(self):
+        self.manager = self.spawn(*WINDOW_MANAGERS[self.window_manager])
+        wait_until(self.screen.manages_windows, f"{self.window_manager} at work", interval=0)
 
     def run(self, wait=True):
         """Starts the program and waits until its shelf is shown and it is idle."""
@@ -217,18 +221,18 @@ class Session:
                 stderr=file,
                 start_new_session=True,
             )
-        self._stack.callback(_end, service)
+        self._stack.callback(end, service)
         return service
 
     def _spawn_and_hear(self, *command):
         """Starts another program; returns it and the line that it prints when ready."""
-        program = self.spawn(*command, stdout=subprocess.PIPE)
-        line = program.stdout.readline().decode().strip()
+        service = self.spawn(*command, stdout=subprocess.PIPE)
+        line = service.stdout.readline().decode().strip()
         assert line, (self.folder / "services.log").read_text(errors="replace")
-        return program, line
+        return service, line
 
 
-def _end(service):
+def end(service):
     """Ends a service and its children."""
     for number in (signal.SIGTERM, signal.SIGKILL):
         with contextlib.suppress(ProcessLookupError, subprocess.TimeoutExpired):

@@ -5,6 +5,7 @@ import subprocess
 from pathlib import Path
 
 from .other_programs import MPV
+from .session import end
 from .waiting import wait_until
 
 OUTPUT = """context.objects = [ { factory = adapter args = {
@@ -23,14 +24,20 @@ class Sound:
         folder = session.home / ".config" / "pipewire" / "pipewire.conf.d"
         folder.mkdir(parents=True, exist_ok=True)
         (folder / "output.conf").write_text(OUTPUT)
-        session.spawn("pipewire")
-        socket = Path(session.environment["XDG_RUNTIME_DIR"]) / "pipewire-0"
+        self.start()
+
+    def start(self):
+        self._servers = [self._session.spawn("pipewire")]
+        socket = Path(self._session.environment["XDG_RUNTIME_DIR"]) / "pipewire-0"
         wait_until(socket.exists, "the sound server")
-        session.spawn("wireplumber")
-        session.spawn("pipewire-pulse")
+        self._servers += map(self._session.spawn, ("wireplumber", "pipewire-pulse"))
         default = ("pw-metadata", "-n", "default", "0", "default.audio.sink")
-        has_output = lambda: b'"output"' in session.call(*default, check=False)
+        has_output = lambda: b'"output"' in self._session.call(*default, check=False)
         wait_until(has_output, "the sound system", 20)
+
+    def stop(self):
+        for server in reversed(self._servers):
+            end(server)
 
     def play_tone(self):
         self._session.spawn(*MPV, "--ao=pipewire", f"av://lavfi:aevalsrc={TONE}|{TONE}")
