@@ -14,8 +14,8 @@ namespace perchly {
 class TrayFinder;
 
 /// A QSystemTrayIcon, created once there is a panel to show it. Qt handles restarts of that panel;
-/// a restart of the session bus creates the icon again. A panel may show the installed symbolic
-/// icon instead of the picture. Needs a QApplication.
+/// a restart of the session bus creates the icon again, but Qt 6.8 finds no panel then. A panel may
+/// show the installed symbolic icon instead of the picture. Needs a QApplication.
 class TrayStatusItem : public StatusItem {
 public:
     explicit TrayStatusItem(std::shared_ptr<SessionBus> bus);
