@@ -154,12 +154,19 @@ class Screen:
 
     def input_frame(self, window):
         """The bounds of the window's input shape, as (x, y, width, height) on the screen."""
-        found = self.resource(window.id).shape_get_rectangles(shape.SK.Input).rectangles
+        own = self.resource(window.id)
+        self.display.grab_server()  # a resize changes place and shape
+        try:
+            origin = self.root.translate_coords(own, 0, 0)
+            found = own.shape_get_rectangles(shape.SK.Input).rectangles
+        finally:
+            self.display.ungrab_server()
+            self.display.flush()
         if not found:
             return window.rect
         left, top = min(r.x for r in found), min(r.y for r in found)
         right, bottom = max(r.x + r.width for r in found), max(r.y + r.height for r in found)
-        return window.rect[0] + left, window.rect[1] + top, right - left, bottom - top
+        return origin.x + left, origin.y + top, right - left, bottom - top
 
     # Requests of task bars and pagers to the window manager
 
