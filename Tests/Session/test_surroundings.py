@@ -157,6 +157,13 @@ class SurroundingsTest(SessionCase):
 
     def test_shelf_stays_below_screen_locks_and_notifications(self):
         self.start()
+        beside_pill = self.other_window((850, 0, 400, 90), kind="NOTIFICATION", managed=False)
+        beside_pill.show()
+        self.screen.key(*TOGGLE)
+        self.expect_open()
+        self.assertTrue(self.screen.is_above(beside_pill.id, self.program.panel().id))
+        self.screen.key(*TOGGLE)
+        self.expect_pill()
         other = self.other_window((300, 0, 400, 200))
         for rect, kind in (((0, 0, 1280, 800), "NORMAL"), ((600, 0, 120, 300), "NOTIFICATION")):
             with self.subTest(kind):

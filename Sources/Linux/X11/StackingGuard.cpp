@@ -101,7 +101,13 @@ void StackingGuard::scheduleCheck() {
 void StackingGuard::check() {
     // Repeated, as the server may not have known the window at first.
     m_connection.selectEvents(m_window, XCB_EVENT_MASK_VISIBILITY_CHANGE);
-    const Above above = windowsAbove();
+    const auto geometry = m_connection.reply<xcb_get_geometry_reply_t>(
+        xcb_get_geometry(m_connection.get(), m_window));
+    if (!geometry) {
+        return;
+    }
+    m_area = rectOf(*geometry);
+    const Above above = windowsAbove(m_area);
     if (!above.isCovered) {
         return;
     }
@@ -117,8 +123,8 @@ void StackingGuard::check() {
     raiseBelow(above.ceiling);
 }
 
-void StackingGuard::raise() {
-    raiseBelow(windowsAbove().ceiling);
+void StackingGuard::raise(const QRect &area) {
+    raiseBelow(windowsAbove(area).ceiling);
 }
 
 void StackingGuard::raiseBelow(xcb_window_t ceiling) {
@@ -130,41 +136,44 @@ void StackingGuard::raiseBelow(xcb_window_t ceiling) {
     xcb_flush(m_connection.get());
 }
 
-/// Stops at the ceiling: ours does not rise above it.
-StackingGuard::Above StackingGuard::windowsAbove() {
-    const auto geometryCookie = xcb_get_geometry(m_connection.get(), m_window);
-    const auto treeCookie = xcb_query_tree(m_connection.get(), m_connection.root());
-    const auto geometry = m_connection.reply<xcb_get_geometry_reply_t>(geometryCookie);
-    const auto tree = m_connection.reply<xcb_query_tree_reply_t>(treeCookie);
-    if (!geometry || !tree) {
+StackingGuard::Above StackingGuard::windowsAbove(const QRect &area) {
+    const auto tree = m_connection.reply<xcb_query_tree_reply_t>(
+        xcb_query_tree(m_connection.get(), m_connection.root()));
+    if (!tree) {
         return {};
     }
-    m_area = rectOf(*geometry);
     const xcb_window_t *windows = xcb_query_tree_children(tree.get());
     const xcb_window_t *end = windows + xcb_query_tree_children_length(tree.get());
     Above above;
+    Cover cover = Cover::None;
     const auto *window = std::find(windows, end, m_window);
-    while (window != end && ++window != end && above.ceiling == XCB_WINDOW_NONE) {
-        const Cover cover = coverBy(*window);
-        above.isCovered = above.isCovered || cover == Cover::Unwanted;
-        above.ceiling = cover == Cover::Allowed ? *window : above.ceiling;
+    while (window != end && ++window != end && cover != Cover::Lock) {
+        cover = coverBy(*window, area);
+        if (cover == Cover::Unwanted) {
+            above = {.isCovered = true}; // a notification below it does not matter
+        } else if (cover != Cover::None && above.ceiling == XCB_WINDOW_NONE) {
+            above.ceiling = *window;
+        }
     }
     return above;
 }
 
-StackingGuard::Cover StackingGuard::coverBy(xcb_window_t window) {
+StackingGuard::Cover StackingGuard::coverBy(xcb_window_t window, const QRect &area) {
     const auto attributesCookie = xcb_get_window_attributes(m_connection.get(), window);
     const auto geometryCookie = xcb_get_geometry(m_connection.get(), window);
     const auto attributes = m_connection.reply<xcb_get_window_attributes_reply_t>(attributesCookie);
     const auto geometry = m_connection.reply<xcb_get_geometry_reply_t>(geometryCookie);
     if (!attributes || !geometry || attributes->map_state != XCB_MAP_STATE_VIEWABLE ||
-        attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY ||
-        !rectOf(*geometry).intersects(m_area)) {
+        attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY || !rectOf(*geometry).intersects(area)) {
         return Cover::None;
     }
-    const bool isAllowed = attributes->override_redirect != 0 &&
-                           (isOurs(window) || fillsDisplay(rectOf(*geometry)) || mayCover(window));
-    return isAllowed ? Cover::Allowed : Cover::Unwanted;
+    if (attributes->override_redirect == 0) {
+        return Cover::Unwanted;
+    }
+    if (isOurs(window) || mayCover(window)) {
+        return Cover::Allowed;
+    }
+    return fillsDisplay(rectOf(*geometry)) ? Cover::Lock : Cover::Unwanted;
 }
 
 bool StackingGuard::mayCover(xcb_window_t window) {

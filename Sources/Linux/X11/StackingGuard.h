@@ -20,14 +20,14 @@ public:
     /// Sets the window to watch, which the server may not know yet.
     void watch(xcb_window_t window);
 
-    /// Raises it now, above all windows that may not cover it. Flush Qt's requests first.
-    void raise();
+    /// Raises it now, above all windows that may not cover it there. The area is in pixels.
+    void raise(const QRect &area);
 
 private:
-    enum class Cover { None, Unwanted, Allowed };
+    enum class Cover { None, Unwanted, Allowed, Lock };
     struct Above {
         bool isCovered = false;                 ///< by a window that may not
-        xcb_window_t ceiling = XCB_WINDOW_NONE; ///< the lowest window that may cover ours
+        xcb_window_t ceiling = XCB_WINDOW_NONE; ///< the window below which to put ours, if any
     };
 
     void handleEvent(const xcb_generic_event_t *event);
@@ -35,8 +35,8 @@ private:
     void scheduleCheck();
     void check();
     void raiseBelow(xcb_window_t ceiling);
-    [[nodiscard]] Above windowsAbove();
-    [[nodiscard]] Cover coverBy(xcb_window_t window);
+    [[nodiscard]] Above windowsAbove(const QRect &area);
+    [[nodiscard]] Cover coverBy(xcb_window_t window, const QRect &area);
     [[nodiscard]] bool mayCover(xcb_window_t window);
 
     XcbConnection &m_connection;

@@ -68,7 +68,11 @@ void X11PanelHost::place(const ScreenRect &frame, const QMarginsF &margins) {
 void X11PanelHost::orderFront() {
     m_panel->show();
     flushQt();
-    m_stacking.raise();
+    // The server may not have moved the window yet.
+    const QRect geometry = m_panel->geometry();
+    const QPoint origin = m_panel->screen()->geometry().topLeft();
+    const double ratio = m_panel->devicePixelRatio();
+    m_stacking.raise({origin + (geometry.topLeft() - origin) * ratio, geometry.size() * ratio});
 }
 
 void X11PanelHost::setShape(const QRegion &shape) {
