@@ -72,6 +72,7 @@ QString write(const QImage &picture, const QString &path) {
 
 int choose(const QImage &picture, double scale, const QString &path) {
     RegionOverlay overlay(picture, displays(), std::clamp(scale, 1.0, 4.0));
+    confineProcess();
     const auto finish = [&](int status) {
         overlay.disconnect(); // ignore later events
         QGuiApplication::exit(status);
@@ -107,7 +108,6 @@ int main(int argc, char **argv) {
     qputenv("QT_QPA_PLATFORM", "xcb");
     qputenv("QT_QPA_PLATFORMTHEME", "generic"); // the desktop's platform theme would load GTK
     QGuiApplication application(argc, argv);
-    confineProcess();
 
     const QImage picture = takeRootPicture(connection.get());
     if (picture.isNull()) {
