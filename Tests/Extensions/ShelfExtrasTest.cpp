@@ -173,8 +173,11 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         qputenv("TMPDIR", QFile::encodeName(folder.path()));
         const QString id = QStringLiteral("00000000-0000-0000-0000-00000000000");
-        for (const auto &[name, days] :
-             {std::pair(id + u'A', 2), {id + u'B', 2}, {id + u'C', 0}, {QStringLiteral("x"), 2}}) {
+        for (const auto &[name, days] : {std::pair(id + u'A', 2),
+                                         {id + u'B', 2},
+                                         {id + u'C', 0},
+                                         {id + u'D', 2},
+                                         {QStringLiteral("x"), 2}}) {
             QFile file(folder.filePath(QStringLiteral("Perchly-%1.png").arg(name)));
             QVERIFY(file.open(QIODevice::WriteOnly));
             QVERIFY(file.setFileTime(QDateTime::currentDateTime().addDays(-days),
@@ -184,11 +187,13 @@ private Q_SLOTS:
         f.tools.held()->hold(
             {QUrl::fromLocalFile(folder.filePath(QStringLiteral("Perchly-%1B.png").arg(id)))});
         f.extras.groups()->save(QStringLiteral("Pictures"));
+        f.fake.preferences.setString(keys::quickNote,
+                                     folder.filePath(QStringLiteral("Perchly-%1D.png").arg(id)));
         Capture::removeOld(f.fake.preferences);
         QThreadPool::globalInstance()->waitForDone();
         qunsetenv("TMPDIR");
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files).join(u' ').remove(id),
-                 QStringLiteral("Perchly-B.png Perchly-C.png Perchly-x.png"));
+                 QStringLiteral("Perchly-B.png Perchly-C.png Perchly-D.png Perchly-x.png"));
     }
 
     void previewStartsAtTheRequestedFile() {

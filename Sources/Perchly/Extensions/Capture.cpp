@@ -38,7 +38,8 @@ Capture::Capture(ScreenCapture &capture, Clock &clock, ShellActions &shell, QObj
 
 void Capture::removeOld(const Preferences &preferences) {
     const QByteArray stored = preferences.data(keys::launchGroups).value_or(QByteArray()) +
-                              preferences.data(keys::pinnedSnippets).value_or(QByteArray());
+                              preferences.data(keys::pinnedSnippets).value_or(QByteArray()) +
+                              preferences.string(keys::quickNote).value_or(QString()).toUtf8();
     QThreadPool::globalInstance()->start([stored] {
         static const QRegularExpression ownName(
             QStringLiteral("^Perchly-[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}\\.png$"));

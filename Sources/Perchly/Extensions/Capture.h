@@ -20,8 +20,8 @@ public:
     /// The arguments must outlive this object.
     Capture(ScreenCapture &capture, Clock &clock, ShellActions &shell, QObject *parent = nullptr);
 
-    /// Deletes captures older than a day, unless a stored launch group or snippet names them. Works
-    /// in the background.
+    /// Deletes captures older than a day, unless a stored launch group, snippet or the quick note
+    /// names them. Works in the background.
     static void removeOld(const Preferences &preferences);
 
     /// Whether the user is choosing a region, or is about to.
