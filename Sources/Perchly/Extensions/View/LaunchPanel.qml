@@ -77,7 +77,12 @@ ColumnLayout {
                 event.accepted = group.asks;
                 group.asks = false;
             }
-            onAsksChanged: open.cameAt = remove.cameAt = Date.now() // guards against a double click
+            onAsksChanged: {
+                open.cameAt = remove.cameAt = Date.now(); // guards against a double click
+                if (group.asks) {
+                    open.forceActiveFocus(Qt.TabFocusReason); // for Escape
+                }
+            }
 
             leading: Symbol {
                 Layout.rightMargin: 4
