@@ -50,7 +50,8 @@ int main(int argc, char **argv) {
         std::fputs("usage: perchly-picturereader FILE\n", stderr);
         return usage;
     }
-    qputenv("QT_QPA_PLATFORM", "offscreen"); // for the fonts of an SVG
+    qputenv("QT_QPA_PLATFORM", "offscreen");    // for the fonts of an SVG
+    qputenv("QT_QPA_PLATFORMTHEME", "generic"); // the desktop's platform theme would load GTK
     const QGuiApplication application(argc, argv);
     const QByteArray png = asPng(QFile::decodeName(argv[1]));
     const auto size = std::size_t(png.size());
