@@ -48,7 +48,7 @@ QUrl normalized(const QUrl &url) {
 bool isPicture(const QString &path) {
     static const QList<QByteArray> readable = QImageReader::supportedMimeTypes();
     const QMimeDatabase types;
-    return QFileInfo(path).isFile() && // a pipe would be waited for
+    return QFileInfo(path).isFile() && // opening a pipe would block
            readable.contains(
                types.mimeTypeForFile(path, QMimeDatabase::MatchContent).name().toLatin1());
 }
