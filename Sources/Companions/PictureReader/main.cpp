@@ -5,8 +5,10 @@
 #include <QGuiApplication>
 #include <QImageReader>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <sys/prctl.h>
 
 using namespace perchly;
 
@@ -45,6 +47,7 @@ QByteArray asPng(const QString &path) {
 
 /// Writes the picture of a file to stdout, as a PNG.
 int main(int argc, char **argv) {
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
     limitProcess(maxMegabytes, maxSeconds);
     if (argc != 2) {
         std::fputs("usage: perchly-picturereader FILE\n", stderr);
