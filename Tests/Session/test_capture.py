@@ -32,6 +32,11 @@ class CaptureTest(SessionCase):
         self.screen.key("space")
         wait_until(lambda: title() == [], "the preview closed")
         self.window(WORKSPACE)
+        self.screen.key(*TOGGLE)
+        self.click("Capture")
+        wait_until(lambda: self.windows_of("screencapture"), "the overlay again")
+        self.program.kill()
+        wait_until(lambda: not self.windows_of("screencapture"), "the overlay gone, too")
 
 
 class PreviewTest(SessionCase):
