@@ -9,8 +9,11 @@ using namespace perchly;
 
 namespace {
 
+/// Not with pactl, as in RouteTest.cpp.
 void setDefault(const QString &sink) {
-    output(QStringLiteral("pactl set-default-sink ") + sink);
+    output(QStringLiteral("pw-metadata 0 default.configured.audio.sink "
+                          R"({"""name""":"""%1"""} Spa:String:JSON)")
+               .arg(sink));
 }
 
 void soundSystem(const char *command) {
