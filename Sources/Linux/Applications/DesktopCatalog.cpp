@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <malloc.h>
 
 namespace perchly {
 
@@ -44,6 +45,13 @@ QList<FoundApplication> findApplications() {
         }
     }
     g_list_free_full(all, g_object_unref);
+    // These strings lie between what GIO has freed: move them, so that its memory, 30 MB for 10,000
+    // applications, can be returned to the system.
+    for (FoundApplication &application : applications) {
+        application.path = QString(application.path.constData(), application.path.size());
+        application.name = QString(application.name.constData(), application.name.size());
+    }
+    malloc_trim(0);
     const QCollator collator = fileBrowserOrder();
     std::ranges::sort(applications, [&collator](const auto &one, const auto &other) {
         const int order = collator.compare(one.name, other.name);
