@@ -103,7 +103,7 @@ class Soak(User):
         if edge != before:
             self.screen.drag(self.on_pill(), places[edge])
             self.leave()
-        assert self.edge() == edge
+        wait_until(lambda: self.edge() == edge, f"the shelf at the {edge} edge")
 
     def edge(self):
         x, _, width, height = self.program.frame()

@@ -42,6 +42,8 @@ ScreenPoint X11PointerMonitor::position() const {
         xcb_query_pointer(m_connection.get(), m_connection.root()));
     if (pointer) {
         m_lastPixels = QPoint(pointer->root_x, pointer->root_y);
+    } else {
+        m_hasMoved = true; // ask again when the late reply arrives
     }
     return ScreenSpace::current().fromPixels(m_lastPixels);
 }
@@ -61,9 +63,12 @@ void X11PointerMonitor::watch(Watch watch) {
 void X11PointerMonitor::announce() {
     if (m_hasMoved && !m_rest.isActive()) {
         m_hasMoved = false;
-        m_connection.setListening(false);
-        m_rest.start();
-        Q_EMIT moved(position());
+        const ScreenPoint now = position();
+        if (!m_hasMoved) {
+            m_connection.setListening(false);
+            m_rest.start();
+            Q_EMIT moved(now);
+        }
     }
 }
 

@@ -29,7 +29,7 @@ private:
     RawInput m_input{m_connection};
     mutable QPoint m_lastPixels; ///< the last known position
     Watch m_watch = Watch::Nothing;
-    bool m_hasMoved = false; ///< since the last announcement
+    mutable bool m_hasMoved = false; ///< since the last announcement, or the server did not answer
     QTimer m_rest;
     QTimer m_poll;
 };

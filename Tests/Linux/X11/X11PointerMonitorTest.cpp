@@ -32,6 +32,19 @@ private Q_SLOTS:
         QVERIFY2(told <= duration / 12 + 4, qPrintable(QString::number(told)));
     }
 
+    void movementIsAnnouncedOnceTheServerAnswers() {
+        X11PointerMonitor monitor;
+        ScreenPoint last;
+        connect(&monitor, &PointerMonitor::moved, this, [&](ScreenPoint now) { last = now; });
+        monitor.start();
+        xcb_grab_server(m_client.get());
+        m_client.movePointer({1000, 100});
+        QTest::qWait(700);
+        xcb_ungrab_server(m_client.get());
+        m_client.sync();
+        QTRY_COMPARE(last, (ScreenPoint{1000, 699}));
+    }
+
     void jumpsAreReportedOnlyOnRequest() {
         X11PointerMonitor monitor;
         const QSignalSpy moved(&monitor, &PointerMonitor::moved);
