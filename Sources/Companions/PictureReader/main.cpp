@@ -1,4 +1,5 @@
 #include "ProcessLimits.h"
+#include "SvgLinks.h"
 
 #include <QBuffer>
 #include <QFileInfo>
@@ -30,6 +31,9 @@ QByteArray asPng(const QString &path) {
     QImageReader reader(&file);
     reader.setAutoTransform(true);
     const QByteArray format = reader.format();
+    if (format.startsWith("svg") && svgMayNameFiles(file)) {
+        return {};
+    }
     const QImage picture = reader.read();
     if (picture.isNull()) {
         return {};

@@ -1,5 +1,7 @@
 #include "PreviewContent.h"
 
+#include "SvgLinks.h"
+
 #include <QBuffer>
 #include <QCoreApplication>
 #include <QFile>
@@ -20,8 +22,15 @@ constexpr qsizetype maxLineLength = 4000;
 
 QImage loadPicture(const QString &path, const QSize &largest) {
     QImageReader::setAllocationLimit(maxPictureMegabytes);
-    QImageReader reader(path);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    QImageReader reader(&file);
     reader.setDecideFormatFromContent(true);
+    if (reader.format().startsWith("svg") && svgMayNameFiles(file)) {
+        return {};
+    }
     reader.setAutoTransform(true);
     const QSize size = reader.size();
     if (size.isValid() && (size.width() > largest.width() || size.height() > largest.height())) {

@@ -1,13 +1,13 @@
 #include "IconTheme.h"
 
 #include "KeyFile.h"
+#include "SvgLinks.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QStandardPaths>
-#include <QXmlStreamReader>
 
 #include <algorithm>
 #include <array>
@@ -27,34 +27,6 @@ int number(const KeyFile &file, const QByteArray &group, const char *key, int ot
 
 QStringList list(const KeyFile &file, const char *key) {
     return keyFileText(file, "Icon Theme", key).split(QLatin1Char(','), Qt::SkipEmptyParts);
-}
-
-/// Whether Qt may open other files to draw the SVG, which may be pipes. Compressed SVGs are not
-/// searched.
-bool mayNameFiles(const QByteArray &svg) {
-    if (svg.startsWith("\x1f\x8b")) {
-        return true;
-    }
-    QXmlStreamReader xml(svg);
-    xml.setNamespaceProcessing(false); // as in Qt's SVG reader
-    while (!xml.atEnd()) {
-        const auto token = xml.readNext();
-        if (token == QXmlStreamReader::ProcessingInstruction) { // such as a style sheet
-            return true;
-        }
-        if (token != QXmlStreamReader::StartElement || !xml.name().endsWith(u"image")) {
-            continue;
-        }
-        for (const QXmlStreamAttribute &attribute : xml.attributes()) {
-            const QByteArray link = attribute.value().toLatin1();
-            const qsizetype data = link.startsWith("data:") ? link.lastIndexOf("base64,") : -1;
-            if (attribute.qualifiedName().endsWith(u"href") &&
-                (data < 0 || mayNameFiles(QByteArray::fromBase64(link.mid(data + 7))))) {
-                return true;
-            }
-        }
-    }
-    return false;
 }
 
 } // namespace
@@ -87,10 +59,9 @@ QImage IconTheme::image(const QString &name, int side) {
     }
     QImageReader reader(&source);
     const bool drawn = reader.format().startsWith("svg");
-    if (drawn && mayNameFiles(source.readAll())) {
+    if (drawn && svgMayNameFiles(source)) {
         return {};
     }
-    source.seek(0);
     const QSize natural = reader.size();
     if (natural.isValid() && (drawn || std::max(natural.width(), natural.height()) > side)) {
         reader.setScaledSize(natural.scaled(side, side, Qt::KeepAspectRatio).expandedTo({1, 1}));
