@@ -46,6 +46,16 @@ void Shortcuts::show(const QString &list) {
         rows.append({name, {name, inOneLine(name)}});
     }
     setRows(rows);
+    m_isListed = true;
+    Q_EMIT busyChanged();
+}
+
+bool Shortcuts::busyIsUnlisted() const {
+    bool isUnlisted = m_isListed && !m_busy.isNull();
+    for (int row = 0; row < count(); ++row) {
+        isUnlisted = isUnlisted && field(row, "name") != m_busy;
+    }
+    return isUnlisted;
 }
 
 void Shortcuts::setBusy(const QString &name) {

@@ -15,6 +15,7 @@ class ShortcutsTool;
 class Shortcuts : public perchly::KeyedRows {
     Q_OBJECT
     Q_PROPERTY(QString busy READ busy NOTIFY busyChanged FINAL)
+    Q_PROPERTY(bool busyIsUnlisted READ busyIsUnlisted NOTIFY busyChanged FINAL)
     Q_PROPERTY(QString folder READ folder CONSTANT FINAL)
 public:
     /// Shows a shortcut that an earlier instance of the program left running as busy. The arguments
@@ -24,6 +25,8 @@ public:
 
     /// Name of the running shortcut; null if none runs.
     [[nodiscard]] QString busy() const { return m_busy; }
+    /// Whether the running shortcut is missing from the last list.
+    [[nodiscard]] bool busyIsUnlisted() const;
     /// Lists the shortcuts again in the background; the last call wins. A failure becomes a notice.
     Q_INVOKABLE void refresh();
     /// Runs a shortcut and reports its end as a notice. Does nothing while another runs.
@@ -48,7 +51,8 @@ private:
     ShelfLibrary &m_library;
     Notice m_notice;
     QString m_busy;
-    bool m_stopped = false; ///< stop() was called for the busy shortcut
+    bool m_isListed = false; ///< once
+    bool m_stopped = false;  ///< stop() was called for the busy shortcut
     Task m_run;
     Task m_list;
 };

@@ -32,6 +32,7 @@ ColumnLayout {
 
     RowLayout {
         Layout.fillWidth: true
+        spacing: 8
 
         Label {
             Accessible.name: text
@@ -40,6 +41,13 @@ ColumnLayout {
             font.pixelSize: 14
             font.weight: Font.DemiBold
             text: "Run your Apple Shortcuts"
+        }
+        PushButton {
+            text: "Stop"
+            toolTip: root.tools.shortcuts.busy
+            visible: root.tools.shortcuts.busyIsUnlisted
+
+            onActivated: root.tools.shortcuts.stop()
         }
         PushButton {
             text: "Refresh"
