@@ -78,8 +78,8 @@ public:
     /// Replaces the clipboard's content with a text.
     virtual void write(const QString &text) = 0;
 
-    /// Replaces the clipboard's content with an image, a PNG or TIFF; bytes that cannot be
-    /// decoded leave it empty. changeCount() counts the write once, when the call returns; the
+    /// Replaces the clipboard's content with an image, a PNG or TIFF; other bytes leave it
+    /// empty. changeCount() counts the write once, when the call returns; the
     /// clipboard changes a moment later.
     virtual void writeImage(const QByteArray &encoded) = 0;
 

@@ -27,10 +27,10 @@ void limit(__rlimit_resource resource, rlim_t value) {
 
 } // namespace
 
-void limitProcess(unsigned megabytes, unsigned seconds) {
+void limitProcess(unsigned megabytes, unsigned seconds, unsigned cpuSeconds) {
     // Shorter than the parent's timeout.
     alarm(seconds);
-    limit(RLIMIT_CPU, seconds - 1);
+    limit(RLIMIT_CPU, cpuSeconds);
     limitResources(megabytes);
     confineProcess();
 }

@@ -2,9 +2,9 @@
 
 namespace perchly {
 
-/// Limits the process: a signal ends it after that many seconds, or one less of CPU time. Also
-/// calls limitResources() and confineProcess(). Call it once, first.
-void limitProcess(unsigned megabytes = 256, unsigned seconds = 4);
+/// Limits the process: a signal ends it after that many seconds or seconds of CPU time. Also calls
+/// limitResources() and confineProcess(). Call it once, first.
+void limitProcess(unsigned megabytes = 256, unsigned seconds = 4, unsigned cpuSeconds = 3);
 
 /// Limits the address space, disables core files, and forbids gaining privileges by running another
 /// program. Call it first.

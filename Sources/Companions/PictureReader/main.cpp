@@ -17,7 +17,9 @@ namespace {
 
 constexpr int usage = 64;
 constexpr unsigned maxMegabytes = 1024;
-constexpr unsigned maxSeconds = 20;
+constexpr unsigned maxSeconds = 25; // less than the host waits
+constexpr unsigned maxCpuSeconds = 10;
+constexpr int maxPictureMegabytes = 512; // when decoded
 constexpr qint64 maxFileBytes = 256 << 20;
 constexpr int fastCompression = 85; // Qt's value for zlib's lowest level
 
@@ -28,6 +30,7 @@ QByteArray asPng(const QString &path) {
         !file.open(QIODevice::ReadOnly)) {
         return {};
     }
+    QImageReader::setAllocationLimit(maxPictureMegabytes);
     QImageReader reader(&file);
     reader.setAutoTransform(true);
     const QByteArray format = reader.format();
@@ -52,7 +55,7 @@ QByteArray asPng(const QString &path) {
 /// Writes the picture of a file to stdout, as a PNG.
 int main(int argc, char **argv) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
-    limitProcess(maxMegabytes, maxSeconds);
+    limitProcess(maxMegabytes, maxSeconds, maxCpuSeconds);
     if (argc != 2) {
         std::fputs("usage: perchly-picturereader FILE\n", stderr);
         return usage;

@@ -23,12 +23,14 @@ QByteArray encode(const QImage &image, const char *format) {
 
 CopiedImage copiedImage(const QByteArray &encoded) {
     const QByteArray format = copiedPictureFormat(encoded);
+    if (format == "png") {
+        return {.png = encoded, .tiff = {}};
+    }
     QImage image;
     if (format.isEmpty() || !image.loadFromData(encoded, format.constData())) {
         return {};
     }
-    return {.png = format == "png" ? encoded : encode(image, "png"),
-            .tiff = format == "tiff" ? encoded : QByteArray()};
+    return {.png = encode(image, "png"), .tiff = encoded};
 }
 
 OwnCopy::OwnCopy() {

@@ -10,11 +10,11 @@ namespace perchly {
 
 /// A copied image in the formats that other programs ask for.
 struct CopiedImage {
-    QByteArray png;  ///< empty if the image does not decode
+    QByteArray png;  ///< empty if the image is neither a PNG nor a TIFF that decodes
     QByteArray tiff; ///< empty until requested, unless the image was a TIFF
 };
 
-/// Decodes and re-encodes the image, which may take long. Any thread.
+/// Decodes a TIFF and encodes it as a PNG, which may take long. Any thread.
 [[nodiscard]] CopiedImage copiedImage(const QByteArray &encoded);
 
 /// Data that Perchly copies, marked as its own.

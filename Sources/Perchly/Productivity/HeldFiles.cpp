@@ -47,10 +47,15 @@ QUrl normalized(const QUrl &url) {
 /// Whether a regular file starts like a picture that Qt can read. No image plug-in parses it.
 bool isPicture(const QString &path) {
     static const QList<QByteArray> readable = QImageReader::supportedMimeTypes();
+    if (!QFileInfo(path).isFile()) { // opening a pipe would block
+        return false;
+    }
     const QMimeDatabase types;
-    return QFileInfo(path).isFile() && // opening a pipe would block
-           readable.contains(
-               types.mimeTypeForFile(path, QMimeDatabase::MatchContent).name().toLatin1());
+    QMimeType type = types.mimeTypeForFile(path, QMimeDatabase::MatchContent);
+    if (type.isDefault()) { // TGA and WBMP have no signature
+        type = types.mimeTypeForFile(path, QMimeDatabase::MatchExtension);
+    }
+    return readable.contains(type.name().toLatin1());
 }
 
 QString shownLabel(const QUrl &url) {
