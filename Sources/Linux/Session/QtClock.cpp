@@ -55,6 +55,10 @@ public:
         ::timerfd_settime(m_timer, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &when, nullptr);
         // Another zone replaces the link.
         ::inotify_add_watch(m_zone, zoneFile.constData(), IN_DONT_FOLLOW | IN_ATTRIB | IN_MODIFY);
+        if (m_zone >= 0) { // the user's inotify instances may be used up
+            m_zoneNotifier.setSocket(m_zone);
+            m_zoneNotifier.setEnabled(true);
+        }
         // The timer is readable when due or when the clock was set.
         for (QSocketNotifier *notifier : {&m_timerNotifier, &m_zoneNotifier}) {
             QObject::connect(notifier, &QSocketNotifier::activated, notifier, [this] { run(); });
@@ -81,7 +85,7 @@ private:
     const int m_timer = ::timerfd_create(CLOCK_REALTIME, TFD_NONBLOCK | TFD_CLOEXEC);
     const int m_zone = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
     QSocketNotifier m_timerNotifier{m_timer, QSocketNotifier::Read};
-    QSocketNotifier m_zoneNotifier{m_zone, QSocketNotifier::Read};
+    QSocketNotifier m_zoneNotifier{QSocketNotifier::Read};
 };
 
 Clock::TimePoint startOfDay(Clock::TimePoint moment, qint64 daysLater) {
