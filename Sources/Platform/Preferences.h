@@ -28,6 +28,10 @@ public:
 
     [[nodiscard]] virtual std::optional<PreferenceValue> value(const QString &key) const = 0;
 
+    /// Whether every value that the user has ever stored can be here: no damaged file was set
+    /// aside.
+    [[nodiscard]] virtual bool isComplete() const { return true; }
+
     /// Stores the values, all or, if the program is killed meanwhile, none; then announces them in
     /// order. (Those of keys::longValues are stored one by one.) A failed write leaves the stored
     /// values intact on disk; the new ones hold for the run and are written again on the next set

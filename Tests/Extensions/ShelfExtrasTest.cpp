@@ -189,8 +189,12 @@ private Q_SLOTS:
         f.extras.groups()->save(QStringLiteral("Pictures"));
         f.fake.preferences.setString(keys::quickNote,
                                      folder.filePath(QStringLiteral("Perchly-%1D.png").arg(id)));
-        Capture::removeOld(f.fake.preferences);
-        QThreadPool::globalInstance()->waitForDone();
+        for (const bool complete : {false, true}) {
+            f.fake.preferences.complete = complete;
+            Capture::removeOld(f.fake.preferences);
+            QThreadPool::globalInstance()->waitForDone();
+            QCOMPARE(QDir(folder.path()).count(), complete ? 6U : 7U); // with . and ..
+        }
         qunsetenv("TMPDIR");
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files).join(u' ').remove(id),
                  QStringLiteral("Perchly-B.png Perchly-C.png Perchly-D.png Perchly-x.png"));

@@ -20,7 +20,10 @@ public:
         }
     }
 
+    bool isComplete() const override { return complete; }
+
     QMap<QString, PreferenceValue> values;
+    bool complete = true;
     QStringList written; ///< every write in order: its key, or its keys joined by +
 
 private:

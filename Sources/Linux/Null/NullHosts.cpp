@@ -46,6 +46,7 @@ public:
         const auto found = m_values.constFind(key);
         return found == m_values.cend() ? std::nullopt : std::optional(*found);
     }
+    bool isComplete() const override { return false; }
     void removeValue(const QString &key) override {
         if (m_values.remove(key) > 0) {
             Q_EMIT changed(key);

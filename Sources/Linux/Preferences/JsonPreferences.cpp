@@ -2,7 +2,6 @@
 
 #include "PreferenceKeys.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QJsonObject>
 #include <QJsonValue>
@@ -55,11 +54,11 @@ std::optional<PreferenceValue> preferenceFromJson(const QJsonValue &json) {
 
 JsonPreferences::JsonPreferences(const QString &path, QObject *parent)
     : Preferences(parent)
+    , m_folder(QFileInfo(path).absoluteDir())
     , m_settings(path) {
-    const QDir folder = QFileInfo(path).absoluteDir();
     connect(&m_settings, &PreferenceFile::failed, this, &Preferences::failed);
     for (const QLatin1StringView key : keys::longValues) {
-        const QString file = folder.filePath(key + QStringLiteral(".json"));
+        const QString file = m_folder.filePath(key + QStringLiteral(".json"));
         const auto added = m_longValues.try_emplace(key, file).first;
         connect(&added->second, &PreferenceFile::failed, this, &Preferences::failed);
     }
@@ -75,6 +74,10 @@ std::optional<PreferenceValue> JsonPreferences::value(const QString &key) const 
     const bool isOwn = own != m_longValues.end() && own->second.document().contains(key);
     const PreferenceFile &file = isOwn ? own->second : m_settings;
     return preferenceFromJson(file.document().value(key));
+}
+
+bool JsonPreferences::isComplete() const {
+    return m_folder.entryList({QStringLiteral("*.kept-*")}).isEmpty();
 }
 
 void JsonPreferences::store(const PreferenceEntries &entries) {

@@ -3,6 +3,8 @@
 #include "PreferenceFile.h"
 #include "Preferences.h"
 
+#include <QDir>
+
 #include <map>
 #include <optional>
 
@@ -25,11 +27,13 @@ public:
     [[nodiscard]] static QString defaultPath();
 
     [[nodiscard]] std::optional<PreferenceValue> value(const QString &key) const override;
+    [[nodiscard]] bool isComplete() const override;
     void removeValue(const QString &key) override;
 
 private:
     void store(const PreferenceEntries &entries) override;
 
+    const QDir m_folder;
     PreferenceFile m_settings;
     std::map<QString, PreferenceFile> m_longValues; ///< by key
 };

@@ -37,6 +37,9 @@ Capture::Capture(ScreenCapture &capture, Clock &clock, ShellActions &shell, QObj
     , m_shell(shell) {}
 
 void Capture::removeOld(const Preferences &preferences) {
+    if (!preferences.isComplete()) {
+        return;
+    }
     const QByteArray stored = preferences.data(keys::launchGroups).value_or(QByteArray()) +
                               preferences.data(keys::pinnedSnippets).value_or(QByteArray()) +
                               preferences.string(keys::quickNote).value_or(QString()).toUtf8();

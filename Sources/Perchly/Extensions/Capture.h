@@ -21,7 +21,7 @@ public:
     Capture(ScreenCapture &capture, Clock &clock, ShellActions &shell, QObject *parent = nullptr);
 
     /// Deletes captures older than a day, unless a stored launch group, snippet or the quick note
-    /// names them. Works in the background.
+    /// names them. Deletes none if the preferences are incomplete. Works in the background.
     static void removeOld(const Preferences &preferences);
 
     /// Whether the user is choosing a region, or is about to.

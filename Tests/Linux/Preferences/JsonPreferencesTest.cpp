@@ -66,6 +66,7 @@ private Q_SLOTS:
             writeFile(m_path, bytes);
             QFile::remove(m_backup);
             JsonPreferences preferences(m_path);
+            QVERIFY(!preferences.isComplete());
             QCOMPARE(preferences.value(key), std::nullopt);
             preferences.setBoolean(key, true);
             QCOMPARE(JsonPreferences(m_path).boolean(key), true);
@@ -82,6 +83,7 @@ private Q_SLOTS:
 
     void backupReplacesATruncatedFile() {
         JsonPreferences(m_path).setNumber(key, 49); // the destructor waits for the backup
+        QVERIFY(JsonPreferences(m_path).isComplete());
         const QByteArray whole = readFile(m_path);
         QCOMPARE(readFile(m_backup), whole);
         writeFile(m_path, whole.first(whole.size() / 2));
