@@ -44,6 +44,9 @@ public:
     WindowSystemChoice(const WindowSystemChoice &) = delete;
     WindowSystemChoice &operator=(const WindowSystemChoice &) = delete;
 
+    /// False if no X server can be reached; true if QT_QPA_PLATFORM overrides.
+    [[nodiscard]] bool hasDisplay() const { return m_connection || !m_setsPlatform; }
+
 private:
     XConnectionPointer m_connection;
     bool m_setsPlatform = false;
@@ -56,6 +59,10 @@ private:
 
 /// Needs the application object, and a QApplication for the status item. Reads the preferences.
 [[nodiscard]] Hosts makeHosts(const std::shared_ptr<SessionBus> &bus);
+
+/// Has the running instance perform the command: returns why that failed, empty if it did not, or
+/// nullopt if no instance runs. Needs no application object.
+[[nodiscard]] std::optional<QString> tellRunningInstance(const QStringList &command);
 
 /// Needs the application object.
 [[nodiscard]] std::unique_ptr<SingleInstance>

@@ -30,8 +30,8 @@ private Q_SLOTS:
         QVERIFY(isComplete(hosts));
         hosts.preferences->setNumber(QStringLiteral("key"), 1);
         QVERIFY(!QFile::exists(file()));
-        QVERIFY(makeSingleInstance(nullptr)->claim());
-        QVERIFY(makeSingleInstance(nullptr)->claim());
+        QVERIFY(!makeSingleInstance(nullptr)->claim({}));
+        QVERIFY(!makeSingleInstance(nullptr)->claim({}));
     }
 
     void hostsAreCompleteWithoutADisplay() {

@@ -1,21 +1,24 @@
-"""A second start, and the desktop, reach the running program."""
+"""A second start, commands and the desktop reach the running program."""
 
 import os
 import signal
 import time
+from pathlib import Path
 
+from gi.repository import GLib
 from perchly_session.accessibility import call, connect
-from perchly_session.case import NO_BUS, PILL, SessionCase
+from perchly_session.case import NO_BUS, WORKSPACE, SessionCase
 from perchly_session.waiting import wait_until
 
+COMPLETIONS = Path(__file__).parents[2] / "Packaging/completions"
 NO_ANSWER = "perchly: another instance is running, but it does not answer: .*"
 
 
 class RestartTest(SessionCase):
-    def start_again(self):
+    def start_again(self, status=0):
         """Starts the program again, which must end by itself."""
         second = self.session.run(wait=False)
-        self.assertEqual(second.process.wait(20), 0, second.errors())
+        self.assertEqual(second.process.wait(20), status, second.errors())
         return second
 
     def test_second_start_shows_the_running_shelf(self):
@@ -40,23 +43,63 @@ class RestartTest(SessionCase):
         os.kill(self.program.pid, signal.SIGSTOP)
         self.addCleanup(os.kill, self.program.pid, signal.SIGCONT)
         began = time.monotonic()
-        second = self.start_again()
+        second = self.start_again(status=1)
         self.assertLess(time.monotonic() - began, 3)
         self.assertRegex(second.errors(), NO_ANSWER)
+
+    def test_command_starts_the_program(self):
+        self.start_session(bus=False)
+        self.tell("quit", says="not running")
+        display = self.session.environment.pop("DISPLAY")
+        self.tell("toggle", status=1, says="needs an X display")
+        self.session.environment["DISPLAY"] = display
+        self.tell("toggle")
+        pid = int(self.session.call("pgrep", "-f", f"^{self.session.executable} toggle"))
+        focused = lambda: [self.screen.focus()] == [w.id for w in self.screen.windows_of(pid)]
+        wait_until(focused, "the shelf with the keyboard")
+        self.tell("quit")
+        wait_until(lambda: not os.path.exists(f"/proc/{pid}"), "the program gone")
+
+    def test_commands_reach_the_program(self):
+        self.start()
+        (self.session.folder / "a b.txt").touch()
+        self.tell("hold", "a b.txt", "https://example.org/")
+        self.tell("hold", "a b.txt", "missing", status=1, says="“missing” is not a file")
+        for name in ("workspace", "player", "focus", "dock"):
+            words = self.tell(name, "?", status=2, says="one of these: ").split(": ")[-1]
+            words = words.strip().strip(".").replace(",", "")
+            for shell in COMPLETIONS.iterdir():
+                self.assertIn(words, shell.read_text(), shell)
+            for section in words.split() if name == "workspace" else ():
+                self.tell("workspace", section)
+                self.tree.find("Tools", "combo box", section.title())
+        self.tell("workspace", "files")
+        wait_until(lambda: self.tree.rows() == ["a b.txt", "https://example.org/"], "both held")
+        self.tell("launch", "99", status=1, says="no entry “99”")
+        self.tell("toggle")
+        self.expect_open()
+        self.expect_keyboard()
+        self.tell("hide")
+        self.expect_pill()
 
     def test_desktop_actions_reach_the_program(self):
         self.start()
         program = (connect(self.session.bus_address), "org.perchly.Perchly", "/org/perchly/Perchly")
         interface = "org.freedesktop.Application"
 
-        def activate(action):
-            call(*program, f"{interface}.ActivateAction", "(sava{sv})", action, [], {})
+        def activate(action, *parameters):
+            values = [GLib.Variant("s", parameter) for parameter in parameters]
+            call(*program, f"{interface}.ActivateAction", "(sava{sv})", action, values, {})
 
-        for action in ("Workspace", "Volume Mixer", "Settings"):
-            activate(action.rpartition(" ")[2].lower())
-            self.window(f"Perchly {action}")
-        activate("quit")  # ignored: only the user may quit
+        activate("workspace", "files")
+        self.window(WORKSPACE)
         call(*program, f"{interface}.Open", "(asa{sv})", ["file:///etc"], {})
-        self.keeps_frame(PILL, "the pill", 0.3)
+        wait_until(lambda: self.tree.rows() == ["etc"], "a held folder")
+        with self.assertRaisesRegex(GLib.Error, "no command “explode”"):
+            activate("explode")
+        activate("focus-start")
+        self.tell("focus", "stop")
         call(*program, f"{interface}.Activate", "(a{sv})", {})
         self.expect_open()
+        activate("quit")
+        wait_until(lambda: not self.program.running(), "the program gone")

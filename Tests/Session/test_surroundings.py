@@ -67,6 +67,7 @@ class SurroundingsTest(SessionCase):
         program = self.session.run(wait=False)
         wait_until(program.errors, "a message about the display")
         wait_while(program.running, "the program without a display", 0.5)
+        self.tell("capture", status=1, says="without a display")
 
     def test_status_icon_matches_the_panel(self):
         for installed in (False, True):

@@ -4,8 +4,10 @@
 
 namespace perchly {
 
-ApplicationObject::ApplicationObject(std::shared_ptr<SessionBus> bus)
-    : m_bus(std::move(bus)) {
+ApplicationObject::ApplicationObject(std::shared_ptr<SessionBus> bus,
+                                     SingleInstance::Performer performer)
+    : m_bus(std::move(bus))
+    , m_performer(std::move(performer)) {
     connect(m_bus.get(), &SessionBus::connected, this, &ApplicationObject::offer);
     offer();
 }
@@ -23,14 +25,30 @@ void ApplicationObject::offer() {
 }
 
 void ApplicationObject::Activate(const QVariantMap &) {
-    Q_EMIT requested(QStringLiteral("show"));
+    perform({QStringLiteral("show")});
 }
 
-void ApplicationObject::ActivateAction(const QString &action, const QVariantList &,
+void ApplicationObject::ActivateAction(const QString &action, const QVariantList &parameters,
                                        const QVariantMap &) {
-    Q_EMIT requested(action);
+    const qsizetype hyphen = action.indexOf(u'-');
+    QStringList command{action.left(hyphen)};
+    if (hyphen >= 0) {
+        command.append(action.mid(hyphen + 1));
+    }
+    for (const QVariant &parameter : parameters) {
+        command.append(parameter.toStringList()); // also takes a single string
+    }
+    perform(command);
 }
 
-void ApplicationObject::Open(const QStringList &, const QVariantMap &) {}
+void ApplicationObject::Open(const QStringList &uris, const QVariantMap &) {
+    perform(QStringList{QStringLiteral("hold")} + uris);
+}
+
+void ApplicationObject::perform(const QStringList &command) {
+    if (const QString error = m_performer(command); !error.isEmpty()) {
+        sendErrorReply(QDBusError::Failed, error);
+    }
+}
 
 } // namespace perchly

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "SessionBus.h"
+#include "SingleInstance.h"
 
+#include <QDBusContext>
 #include <QObject>
 #include <QStringList>
 #include <QVariantMap>
@@ -12,28 +14,29 @@ namespace perchly {
 
 /// The object "/org/perchly/Perchly" on the session bus, under the name "org.perchly.Perchly". The
 /// desktop entry, its actions and the user's own shortcuts reach the program through it. Only the
-/// slots are on the bus.
-class ApplicationObject : public QObject {
+/// slots are on the bus; each returns the error of a command that failed.
+class ApplicationObject : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 public:
-    explicit ApplicationObject(std::shared_ptr<SessionBus> bus);
+    ApplicationObject(std::shared_ptr<SessionBus> bus, SingleInstance::Performer performer);
 
 public Q_SLOTS:
+    /// Shows the shelf.
     void Activate(const QVariantMap &platformData);
-    void ActivateAction(const QString &action, const QVariantList &parameter,
+    /// The action is the name of a command and the parameters are its arguments. An action without
+    /// parameters may name both: "focus-start".
+    void ActivateAction(const QString &action, const QVariantList &parameters,
                         const QVariantMap &platformData);
-    /// Does nothing; part of the interface.
+    /// Holds files, folders and web links.
     void Open(const QStringList &uris, const QVariantMap &platformData);
-
-Q_SIGNALS:
-    /// `action` may be any text that another program sends.
-    void requested(const QString &action);
 
 private:
     void offer();
+    void perform(const QStringList &command);
 
     std::shared_ptr<SessionBus> m_bus;
+    SingleInstance::Performer m_performer;
 };
 
 } // namespace perchly

@@ -1,5 +1,8 @@
 #include "LockedInstance.h"
 
+#include "InstanceSocket.h"
+
+#include <QDeadlineTimer>
 #include <QLocalSocket>
 #include <QStandardPaths>
 
@@ -11,18 +14,20 @@ using namespace std::chrono_literals;
 
 LockedInstance::LockedInstance(std::shared_ptr<SessionBus> bus)
     : m_bus(std::move(bus))
-    , m_folder(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation))
-    , m_lock(m_folder + QStringLiteral("/perchly.lock")) {
+    , m_lock(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) +
+             QStringLiteral("/perchly.lock")) {
     m_lock.setStaleLockTime(0); // a lock never expires while its process lives
-    connect(&m_server, &QLocalServer::newConnection, this, [this] {
-        while (m_server.hasPendingConnections()) {
-            delete m_server.nextPendingConnection(); // accepting the connection is the answer
+    QObject::connect(&m_server, &QLocalServer::newConnection, &m_server, [this] {
+        while (QLocalSocket *socket = m_server.nextPendingConnection()) {
+            const auto read = [this, socket] { answer(socket); };
+            QObject::connect(socket, &QLocalSocket::readyRead, socket, read);
+            QObject::connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+            read();
         }
-        Q_EMIT requested(QStringLiteral("show"));
     });
 }
 
-bool LockedInstance::claim() {
+std::optional<QString> LockedInstance::claim(const QStringList &command) {
     const QDeadlineTimer deadline(1s);
     while (!m_lock.tryLock(20)) {
         if (m_lock.error() != QLockFile::LockFailedError) {
@@ -32,41 +37,37 @@ bool LockedInstance::claim() {
             break;
         }
         // The other instance may be starting, with no socket yet, or ending, with no socket left.
-        if (knock(deadline)) {
-            return false;
+        if (auto error = instancesocket::send(command, 1s)) {
+            return error;
         }
         if (deadline.hasExpired()) {
             qint64 process = 0;
             QString host;
             QString application;
             m_lock.getLockInfo(&process, &host, &application);
-            std::fprintf(stderr,
-                         "perchly: another instance is running, but it does not answer: process "
-                         "%lld\n",
-                         process);
-            return false;
+            return instancesocket::noAnswer(process);
         }
     }
     listen();
-    return true;
-}
-
-bool LockedInstance::knock(const QDeadlineTimer &deadline) {
-    QLocalSocket socket;
-    socket.connectToServer(m_folder + QStringLiteral("/perchly.socket"));
-    return socket.waitForConnected(int(deadline.remainingTime())) &&
-           (socket.state() == QLocalSocket::UnconnectedState ||
-            socket.waitForDisconnected(int(deadline.remainingTime())));
+    return std::nullopt;
 }
 
 void LockedInstance::listen() {
-    const QString path = m_folder + QStringLiteral("/perchly.socket");
+    const QString path = instancesocket::path();
     if (m_lock.isLocked()) {
         QLocalServer::removeServer(path); // left by a killed instance
         m_server.listen(path);
     }
-    m_object = std::make_unique<ApplicationObject>(m_bus);
-    connect(m_object.get(), &ApplicationObject::requested, this, &SingleInstance::requested);
+    m_object = std::make_unique<ApplicationObject>(
+        m_bus, [this](const QStringList &command) { return perform(command); });
+}
+
+void LockedInstance::answer(QLocalSocket *socket) {
+    if (socket->canReadLine()) {
+        socket->write(perform(instancesocket::decoded(socket->readLine())).toUtf8() + '\n');
+        socket->flush(); // the command may have ended the event loop
+        socket->disconnectFromServer();
+    }
 }
 
 } // namespace perchly

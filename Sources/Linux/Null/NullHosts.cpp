@@ -301,7 +301,7 @@ public:
 
 class NullSingleInstance : public SingleInstance {
 public:
-    bool claim() override { return true; }
+    std::optional<QString> claim(const QStringList &) override { return std::nullopt; }
 };
 
 } // namespace

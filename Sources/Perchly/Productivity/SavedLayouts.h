@@ -40,6 +40,7 @@ public:
     SavedLayouts(Preferences &preferences, ShelfLibrary &library, ShelfModel &model,
                  QObject *parent = nullptr);
 
+    [[nodiscard]] const QList<SavedLayout> &list() const { return m_layouts; }
     /// Saves the current setup under the trimmed name; does nothing if it is blank.
     Q_INVOKABLE void save(const QString &name);
     /// Restores a setup. An unknown widget becomes the clock on the left or the timer on the right.

@@ -178,16 +178,4 @@ void AppDelegate::terminate() {
     QCoreApplication::quit();
 }
 
-void AppDelegate::perform(const QString &action) {
-    static const QHash<QString, void (AppDelegate::*)()> actions{
-        {QStringLiteral("show"), &AppDelegate::showShelf},
-        {QStringLiteral("search"), &AppDelegate::showSearch},
-        {QStringLiteral("workspace"), &AppDelegate::showTools},
-        {QStringLiteral("mixer"), &AppDelegate::showMixer},
-        {QStringLiteral("settings"), &AppDelegate::showSettings}};
-    if (const auto found = actions.constFind(action); found != actions.cend()) {
-        (this->**found)();
-    }
-}
-
 } // namespace perchly

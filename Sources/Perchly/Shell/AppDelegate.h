@@ -73,10 +73,14 @@ public:
     void handleReleased() override { m_drag.release(handlePosition()); }
     void handleCanceled() override { m_drag.cancel(handlePosition()); }
 
-    /// Performs an action requested by a second start or the desktop; ignores unknown ones.
-    void perform(const QString &action);
+    /// Performs a command of a shell or another program; see command::problem(). Returns why that
+    /// failed; empty if it did not.
+    QString perform(const QStringList &command);
 
 private:
+    [[nodiscard]] QString perform(const QString &name, const QStringList &arguments);
+    [[nodiscard]] QString launchNamed(const QString &entry);
+    void hideShelf();
     void followPointer();
     void pointerAt(ScreenPoint pointer);
     [[nodiscard]] ScreenPoint handlePosition() const;

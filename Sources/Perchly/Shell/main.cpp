@@ -1,4 +1,7 @@
 #include "AppDelegate.h"
+#include "BackgroundStart.h"
+#include "Command.h"
+#include "CommandLine.h"
 #include "Hosts.h"
 #include "LinuxHosts.h"
 #include "SymbolIcon.h"
@@ -7,6 +10,7 @@
 
 #include <QApplication>
 #include <QQuickWindow>
+#include <QTimer>
 
 #include <csignal>
 #include <cstdlib>
@@ -24,8 +28,34 @@ int main(int argc, char **argv) {
     // Return freed memory of copies and pictures, which take megabytes each, to the system.
     mallopt(M_MMAP_THRESHOLD, 1 << 20);
     qSetMessagePattern(QStringLiteral("perchly: %{message}"));
+
+    const CommandLine line = readCommandLine(argc, argv);
+    if (line.status) {
+        return *line.status;
+    }
+    const QStringList command =
+        line.command.isEmpty() ? QStringList(QStringLiteral("show")) : line.command;
+    if (const auto error = tellRunningInstance(command)) {
+        return report(*error);
+    }
+    BackgroundStart background;
+    if (!line.command.isEmpty()) {
+        if (command::onlyEnds(command)) {
+            report(QCoreApplication::translate("Command", "Perchly is not running."));
+            return EXIT_SUCCESS;
+        }
+        if (const auto error = background.fork()) {
+            return report(*error);
+        }
+    }
+
     std::optional<UnansweringBusHider> busHider(std::in_place);
     std::optional<WindowSystemChoice> windowSystem(std::in_place);
+    if (background.isBackground() && !windowSystem->hasDisplay()) {
+        background.finish(
+            QCoreApplication::translate("Command", "Perchly needs an X display to start."));
+        return EXIT_FAILURE;
+    }
     // The software renderer needs half the time to the first frame and a third of the memory.
     if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND")) {
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
@@ -40,9 +70,15 @@ int main(int argc, char **argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setPalette(Theme::palette());
 
+    const auto finish = [&background](const QString &error) {
+        if (background.isBackground()) {
+            background.finish(error);
+        }
+        return report(error);
+    };
     const auto instance = makeSingleInstance(bus);
-    if (!instance->claim()) {
-        return 0;
+    if (const auto error = instance->claim(command)) {
+        return finish(*error);
     }
 
     Hosts hosts = makeHosts(bus);
@@ -53,10 +89,14 @@ int main(int argc, char **argv) {
          .settingsView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Settings/ShelfSettings.qml")),
          .toolsView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Productivity/ProductivityView.qml")),
          .mixerView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/VolumeMixer/VolumeMixerView.qml"))});
-    QObject::connect(instance.get(), &SingleInstance::requested, &delegate, &AppDelegate::perform);
+    instance->setPerformer(
+        [&delegate](const QStringList &received) { return delegate.perform(received); });
     const TerminationSignals signals;
     QObject::connect(&signals, &TerminationSignals::requested, &delegate, &AppDelegate::terminate);
     delegate.launch();
+    if (background.isBackground()) {
+        QTimer::singleShot(0, &delegate, [&] { finish(delegate.perform(command)); });
+    }
     Capture::removeOld(*hosts.preferences);
     const int status = QApplication::exec();
     // Everything is already stored. Threads that wait for a dead disk must not keep the process,

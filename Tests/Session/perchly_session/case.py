@@ -2,6 +2,7 @@
 
 import os
 import re
+import subprocess
 import sys
 import unittest
 from pathlib import Path
@@ -94,6 +95,18 @@ class SessionCase(unittest.TestCase, User):
     def run_program(self):
         self.program = self.session.run()
         self.tree = self.program.accessibility()
+
+    def tell(self, *command, status=0, says=""):
+        """Runs a command of the program, which must end with this status and message."""
+        result = subprocess.run(
+            (self.session.executable, *command),
+            env=self.session.environment, cwd=self.session.folder,
+            capture_output=True, text=True, timeout=20,
+        )
+        self.assertEqual(result.returncode, status, result.stderr)
+        self.assertIn(says, result.stderr)
+        self.assertEqual(bool(says), bool(result.stderr), result.stderr)
+        return result.stderr
 
     def other_window(self, *arguments, **options):
         """Creates another program's window, hidden at first."""

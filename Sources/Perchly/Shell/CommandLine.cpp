@@ -1,0 +1,101 @@
+#include "CommandLine.h"
+
+#include "Command.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QUrl>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace perchly {
+
+namespace {
+
+constexpr int wrongUse = 2;
+
+void printLine(std::FILE *stream, const QString &line) {
+    std::fprintf(stream, "%s\n", qUtf8Printable(line));
+}
+
+CommandLine wrong(const QString &problem) {
+    printLine(stderr, QStringLiteral("perchly: ") + problem);
+    return {.command = {}, .status = wrongUse};
+}
+
+/// The URL of an existing file, or of a web link; empty otherwise.
+QUrl urlToHold(const QString &argument) {
+    const QFileInfo file(argument);
+    if (file.exists()) {
+        return QUrl::fromLocalFile(file.absoluteFilePath());
+    }
+    const QUrl url(argument);
+    const bool isLink =
+        url.scheme() == QStringLiteral("http") || url.scheme() == QStringLiteral("https");
+    return isLink || QFileInfo::exists(url.toLocalFile()) ? url : QUrl();
+}
+
+/// "hold" and the URLs of the files; reports those that are missing, and then holds none.
+CommandLine holding(const QStringList &arguments) {
+    CommandLine line{.command = {arguments.first()}, .status = {}};
+    for (const QString &argument : arguments.mid(1)) {
+        const QUrl url = urlToHold(argument);
+        if (url.isEmpty()) {
+            report(QCoreApplication::translate("Command", "“%1” is not a file, folder or web link.")
+                       .arg(argument));
+            line.status = EXIT_FAILURE;
+        } else {
+            line.command.append(url.toString(QUrl::FullyEncoded));
+        }
+    }
+    return line;
+}
+
+} // namespace
+
+CommandLine readCommandLine(int argc, char **argv) {
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) {
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    }
+    const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
+    const QCommandLineOption version(QStringList{QStringLiteral("v"), QStringLiteral("version")});
+    // A session manager passes "-session ID", which the application object reads.
+    const QCommandLineOption session(QStringLiteral("session"), {}, QStringLiteral("id"));
+    QCommandLineParser parser;
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+    parser.addOptions({help, version, session});
+    if (!parser.parse(arguments)) {
+        return wrong(parser.errorText());
+    }
+    if (parser.isSet(help)) {
+        std::fputs(qUtf8Printable(command::help()), stdout);
+        return {.command = {}, .status = EXIT_SUCCESS};
+    }
+    if (parser.isSet(version)) {
+        printLine(stdout, QStringLiteral("perchly " PERCHLY_VERSION));
+        return {.command = {}, .status = EXIT_SUCCESS};
+    }
+    const QStringList command = parser.positionalArguments();
+    if (command.isEmpty()) {
+        return {};
+    }
+    if (const QString problem = command::problem(command); !problem.isEmpty()) {
+        return wrong(problem);
+    }
+    return command.first() == QStringLiteral("hold")
+               ? holding(command)
+               : CommandLine{.command = command, .status = {}};
+}
+
+int report(const QString &error) {
+    if (error.isEmpty()) {
+        return EXIT_SUCCESS;
+    }
+    printLine(stderr, QStringLiteral("perchly: ") + error);
+    return EXIT_FAILURE;
+}
+
+} // namespace perchly

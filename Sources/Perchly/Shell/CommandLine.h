@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QStringList>
+
+#include <optional>
+
+namespace perchly {
+
+/// The arguments of the program.
+struct CommandLine {
+    QStringList command;       ///< empty if there is none
+    std::optional<int> status; ///< set if the program should end with it
+};
+
+/// Reads the arguments, and prints the help, the version or what is wrong. Files become URLs. Needs
+/// no application object.
+[[nodiscard]] CommandLine readCommandLine(int argc, char **argv);
+
+/// Prints the error of a command, if any, to stderr. Returns the exit status.
+int report(const QString &error);
+
+} // namespace perchly
