@@ -1,0 +1,26 @@
+# fish completion for perchly
+
+complete -c perchly -f
+complete -c perchly -n __fish_is_first_arg -s h -l help -d 'Show help'
+complete -c perchly -n __fish_is_first_arg -s v -l version -d 'Show the version'
+complete -c perchly -n __fish_is_first_arg -a toggle -d 'Open the shelf in keyboard mode, or close it'
+complete -c perchly -n __fish_is_first_arg -a show -d 'Open the shelf'
+complete -c perchly -n __fish_is_first_arg -a hide -d 'Close the shelf'
+complete -c perchly -n __fish_is_first_arg -a search -d 'Search apps, files, clipboard and snippets'
+complete -c perchly -n __fish_is_first_arg -a workspace -d 'Open the workspace'
+complete -c perchly -n __fish_is_first_arg -a mixer -d 'Open the volume mixer'
+complete -c perchly -n __fish_is_first_arg -a settings -d 'Open the settings'
+complete -c perchly -n __fish_is_first_arg -a capture -d 'Capture a part of the screen'
+complete -c perchly -n __fish_is_first_arg -a hold -d 'Hold files, folders and web links'
+complete -c perchly -n __fish_is_first_arg -a launch -d 'Launch an entry of the shelf'
+complete -c perchly -n __fish_is_first_arg -a layout -d 'Apply a saved layout'
+complete -c perchly -n __fish_is_first_arg -a group -d 'Open a launch group'
+complete -c perchly -n __fish_is_first_arg -a player -d 'Control the player'
+complete -c perchly -n __fish_is_first_arg -a focus -d 'Control the focus timer'
+complete -c perchly -n __fish_is_first_arg -a dock -d 'Dock the shelf at an edge'
+complete -c perchly -n __fish_is_first_arg -a quit -d 'Quit Perchly'
+complete -c perchly -n '__fish_seen_subcommand_from hold' -F
+complete -c perchly -n '__fish_prev_arg_in workspace' -a 'search files clipboard layouts shortcuts meetings launch snippets focus device'
+complete -c perchly -n '__fish_prev_arg_in player' -a 'play-pause next previous back forward'
+complete -c perchly -n '__fish_prev_arg_in focus' -a 'start break pause stop'
+complete -c perchly -n '__fish_prev_arg_in dock' -a 'top left right'
