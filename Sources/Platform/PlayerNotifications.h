@@ -8,7 +8,7 @@ namespace perchly {
 /// Whether any media player runs. Unknown without a session bus, or until the bus has answered.
 enum class PlayerPresence { Unknown, None, Some };
 
-/// Change signals of the user's music application and Spotify. Main thread only.
+/// Changes of media players. Main thread only.
 class PlayerNotifications : public QObject {
     Q_OBJECT
 public:
@@ -23,10 +23,14 @@ public:
 Q_SIGNALS:
     void presenceChanged();
 
-    /// A player's state has changed. The name is "com.apple.Music.playerInfo" or
-    /// "com.spotify.client.PlaybackStateChanged"; the information holds strings for the keys
-    /// "Name", "Artist" and "Player State" ("Playing", "Paused" or "Stopped"), omitting unknown
-    /// ones.
+    /// A player has answered for the first time, has left, or has changed its track, its state or
+    /// whether it can seek. May come many times a second.
+    void changed();
+
+    /// The music application or Spotify has changed its state. The name is
+    /// "com.apple.Music.playerInfo" or "com.spotify.client.PlaybackStateChanged"; the information
+    /// holds strings for the keys "Name", "Artist" and "Player State" ("Playing", "Paused" or
+    /// "Stopped"), omitting unknown ones.
     void received(const QString &name, const QVariantMap &information);
 };
 

@@ -116,9 +116,9 @@ public:
 
 class FakeMusicPlayer : public MusicPlayer {
 public:
-    void open() override { ++opened; }
+    void open(Completion completion) override { openings.append(std::move(completion)); }
 
-    int opened = 0;
+    QList<Completion> openings;
 };
 
 class FakeAlertSound : public AlertSound {

@@ -3,7 +3,8 @@
 namespace perchly {
 
 /// The functions that scripts may call. They use a few native functions that scripts cannot reach.
-/// Calls without parentheses, such as `.load`, are getters.
+/// Calls without parentheses, such as `.load`, are getters. The run loop returns at once, since a
+/// command has reached its player before it returns.
 inline constexpr char prelude[] = R"js((function (global, native) {
     'use strict';
     function getters(table) {
@@ -44,7 +45,7 @@ inline constexpr char prelude[] = R"js((function (global, native) {
         NSClassFromString: function (name) { return name === 'MRNowPlayingRequest' ? request : null; },
         NSDictionary: getters({alloc: always(getters({init: function () { return Object.freeze({}); }}))}),
         NSDate: Object.freeze({dateWithTimeIntervalSinceNow: function (seconds) { return Number(seconds); }}),
-        NSRunLoop: getters({currentRunLoop: always(Object.freeze({runUntilDate: native.hold}))})
+        NSRunLoop: getters({currentRunLoop: always(Object.freeze({runUntilDate: function () {}}))})
     };
     var functions = Object.create(null);
     functions.MRMediaRemoteSendCommand = function (command) { return native.send(command); };

@@ -5,8 +5,6 @@
 
 #include <duktape.h>
 
-#include <time.h>
-
 #include <array>
 #include <memory>
 
@@ -76,25 +74,15 @@ duk_ret_t setElapsedTime(duk_context *context) {
     return 0;
 }
 
-duk_ret_t hold(duk_context *context) {
-    const double seconds = duk_to_number(context, 0);
-    if (seconds > 0 && seconds <= 1) {
-        const auto nanoseconds = static_cast<long>(seconds * 1e9);
-        const timespec span{nanoseconds / 1'000'000'000, nanoseconds % 1'000'000'000};
-        nanosleep(&span, nullptr);
-    }
-    return 0;
-}
-
 bool installBridge(duk_context *context) {
     struct Native {
         const char *name;
         duk_c_function function;
         duk_idx_t arguments;
     };
-    constexpr std::array natives{
-        Native{"load", load, 0}, Native{"session", session, 0}, Native{"send", send, 1},
-        Native{"setElapsedTime", setElapsedTime, 1}, Native{"hold", hold, 1}};
+    constexpr std::array natives{Native{"load", load, 0}, Native{"session", session, 0},
+                                 Native{"send", send, 1},
+                                 Native{"setElapsedTime", setElapsedTime, 1}};
     if (duk_peval_string(context, prelude) != DUK_EXEC_SUCCESS) {
         return false;
     }

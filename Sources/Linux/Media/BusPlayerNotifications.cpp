@@ -73,7 +73,9 @@ void BusPlayerNotifications::onOwnerChanged(const QString &name, const QString &
     m_players.erase(name);
     if (!after.isEmpty()) {
         appeared(name);
-    } else if (m_presence == PlayerPresence::Some && m_players.empty()) {
+    } else if (!m_players.empty()) {
+        Q_EMIT changed();
+    } else if (m_presence == PlayerPresence::Some) {
         setPresence(PlayerPresence::None);
     }
 }
@@ -90,8 +92,10 @@ void BusPlayerNotifications::appeared(const QString &name) {
     player = std::make_unique<WatchedPlayer>(m_bus->connection(), name);
     connect(player.get(), &WatchedPlayer::identified, this,
             [this, name, guard = QPointer(player.get())](const QString &desktopEntry) {
+                Q_EMIT changed();
                 identify(guard, name.toStdString(), desktopEntry.toStdString());
             });
+    connect(player.get(), &WatchedPlayer::changed, this, &PlayerNotifications::changed);
     setPresence(PlayerPresence::Some);
 }
 
@@ -111,11 +115,11 @@ void BusPlayerNotifications::identify(const QPointer<WatchedPlayer> &player,
 void BusPlayerNotifications::announce(const QPointer<WatchedPlayer> &player,
                                       const QString &announcement) {
     if (player) {
-        connect(player, &WatchedPlayer::changed, this,
+        connect(player, &WatchedPlayer::described, this,
                 [this, announcement](const QVariantMap &information) {
                     Q_EMIT received(announcement, information);
                 });
-        player->follow();
+        player->describeChanges();
     }
 }
 

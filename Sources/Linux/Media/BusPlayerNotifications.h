@@ -14,8 +14,7 @@
 
 namespace perchly {
 
-/// Players found by their bus names: all count, except the one that only mirrors others. Listens to
-/// the changes of Spotify and the music application.
+/// Players found by their bus names: all count, except the one that only mirrors others.
 class BusPlayerNotifications : public PlayerNotifications {
     Q_OBJECT
 public:

@@ -13,7 +13,7 @@ public:
     /// `applications` must outlive it.
     explicit DefaultMusicPlayer(Applications &applications);
 
-    void open() override;
+    void open(Completion completion) override;
 
 private:
     Applications &m_applications;

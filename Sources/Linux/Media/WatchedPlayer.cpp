@@ -23,27 +23,34 @@ WatchedPlayer::WatchedPlayer(const QDBusConnection &bus, QString name)
     m_burst.setSingleShot(true);
     m_burst.setInterval(50ms);
     connect(&m_burst, &QTimer::timeout, this, &WatchedPlayer::readState);
+    // By the unique name: for a well-known one, QtDBus would wait for a bus call.
+    const QString daemon = QStringLiteral("org.freedesktop.DBus");
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        daemon, QStringLiteral("/org/freedesktop/DBus"), daemon, QStringLiteral("GetNameOwner"));
+    call << m_name;
+    send(call, 30s, [this](const QVariant &owner) { follow(owner.toString()); });
+}
+
+void WatchedPlayer::follow(const QString &owner) {
+    m_bus.connect(owner, playerPath, propertiesInterface, QStringLiteral("PropertiesChanged"),
+                  {playerInterface}, QString(), this,
+                  SLOT(onPropertiesChanged(QString, QVariantMap, QStringList)));
     // Some players answer only after they have started.
     ask(rootInterface, 30s, [this](const QVariantMap &properties) {
         Q_EMIT identified(properties.value(QStringLiteral("DesktopEntry")).toString());
     });
 }
 
-void WatchedPlayer::follow() {
-    // By the unique name: for a well-known one, QtDBus would wait for a bus call.
-    const QString bus = QStringLiteral("org.freedesktop.DBus");
-    QDBusMessage call = QDBusMessage::createMethodCall(bus, QStringLiteral("/org/freedesktop/DBus"),
-                                                       bus, QStringLiteral("GetNameOwner"));
-    call << m_name;
-    send(call, 30s, [this](const QVariant &owner) {
-        m_bus.connect(owner.toString(), playerPath, propertiesInterface,
-                      QStringLiteral("PropertiesChanged"), {playerInterface}, QString(), this,
-                      SLOT(onPropertiesChanged()));
-    });
-}
-
-void WatchedPlayer::onPropertiesChanged() {
-    if (!m_burst.isActive()) {
+void WatchedPlayer::onPropertiesChanged(const QString &, const QVariantMap &values,
+                                        const QStringList &invalidated) {
+    const QStringList names = values.keys() + invalidated;
+    if (!names.contains(QStringLiteral("Metadata")) &&
+        !names.contains(QStringLiteral("PlaybackStatus")) &&
+        !names.contains(QStringLiteral("CanSeek"))) {
+        return; // such as a volume that the user is turning
+    }
+    Q_EMIT changed();
+    if (m_describesChanges && !m_burst.isActive()) {
         m_burst.start();
     }
 }
@@ -62,7 +69,7 @@ void WatchedPlayer::readState() {
         if (!artists.isEmpty()) {
             information.insert(QStringLiteral("Artist"), artists.join(QStringLiteral(", ")));
         }
-        Q_EMIT changed(information);
+        Q_EMIT described(information);
     });
 }
 

@@ -10,26 +10,30 @@
 
 namespace perchly {
 
-/// One player on the bus. Its change signals are often partial, so each burst of them is followed
-/// by one request for all properties. Nothing blocks; nothing is emitted after destruction.
+/// One player on the bus. Nothing blocks; nothing is emitted after destruction.
 class WatchedPlayer : public QObject {
     Q_OBJECT
 public:
-    /// Asks the player for its identity.
+    /// Listens to the player's changes and asks for its identity.
     WatchedPlayer(const QDBusConnection &bus, QString name);
 
-    /// Listens to the player's changes. Call it once, after the player was identified.
-    void follow();
+    /// Emits described(), too. Change signals are often partial, so each burst of them is followed
+    /// by one request for all properties.
+    void describeChanges() { m_describesChanges = true; }
 
 Q_SIGNALS:
     void identified(const QString &desktopEntry);
+    /// The track, the state, or whether the player can seek has changed.
+    void changed();
     /// `information` holds the strings of PlayerNotifications::received().
-    void changed(const QVariantMap &information);
+    void described(const QVariantMap &information);
 
 private Q_SLOTS:
-    void onPropertiesChanged();
+    void onPropertiesChanged(const QString &interface, const QVariantMap &values,
+                             const QStringList &invalidated);
 
 private:
+    void follow(const QString &owner);
     /// Asks for all properties. Not answered if the call fails, like send().
     void ask(const QString &interface, std::chrono::milliseconds timeout,
              const std::function<void(const QVariantMap &)> &answer);
@@ -40,6 +44,7 @@ private:
     QDBusConnection m_bus;
     QString m_name;
     QTimer m_burst;
+    bool m_describesChanges = false;
 };
 
 } // namespace perchly

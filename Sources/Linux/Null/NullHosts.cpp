@@ -200,7 +200,9 @@ public:
 
 class NullMusicPlayer : public MusicPlayer {
 public:
-    void open() override {}
+    void open(Completion completion) override {
+        answerLater(std::move(completion), QStringLiteral("There is no music application here."));
+    }
 };
 
 /// Reports no copies and discards writes.

@@ -14,7 +14,7 @@ namespace {
 constexpr int maxAttempts = 4;
 constexpr double seekTolerance = 4;
 
-bool cannotBeChecked(MediaPlaybackCommand command) {
+bool isSkip(MediaPlaybackCommand command) {
     return command == MediaPlaybackCommand::Next || command == MediaPlaybackCommand::Previous;
 }
 
@@ -22,13 +22,16 @@ bool cannotBeChecked(MediaPlaybackCommand command) {
 
 void MediaControl::start(const QString &word) {
     if (m_model.controlling()) {
+        m_waiting.append(word);
         return;
     }
     m_model.setControlling(true);
     m_model.setControlError({});
-    Media media = m_model.media();
-    media.active = true;
-    m_model.setMedia(media);
+    begin(word, false);
+}
+
+void MediaControl::begin(const QString &word, bool anyTrack) {
+    const Media media = m_model.media();
     if (!media.isSystem) {
         tellPlayer(word);
         return;
@@ -38,8 +41,11 @@ void MediaControl::start(const QString &word) {
         end();
         return;
     }
-    m_command = {
-        .word = word, .kind = *kind, .source = media.source, .title = media.title, .target = {}};
+    m_command = {.word = word,
+                 .kind = *kind,
+                 .source = media.source,
+                 .title = anyTrack || isSkip(*kind) ? QString() : media.title,
+                 .target = {}};
     m_step = m_reader.read([this](const MediaReading &reading) { onFreshReading(reading); });
 }
 
@@ -50,10 +56,10 @@ void MediaControl::tellPlayer(const QString &word) {
                                "Automation, then try again."));
             return;
         }
-        end();
         Media media = m_model.media();
         media.playing = state->trimmed().toLower() == "playing";
         m_model.setMedia(media);
+        end();
     });
 }
 
@@ -64,6 +70,7 @@ void MediaControl::onFreshReading(const MediaReading &reading) {
                            "try again."));
         return;
     }
+    m_command.title = activity->title;
     m_command.kind =
         resolvePlaybackCommand(m_command.word, activity->playing).value_or(m_command.kind);
     m_command.target = seekTarget(m_command.kind, *activity);
@@ -72,7 +79,9 @@ void MediaControl::onFreshReading(const MediaReading &reading) {
         return;
     }
     m_step = m_reader.send(m_command.kind, m_command.target, [this](bool accepted) {
-        if (accepted) {
+        if (accepted && isSkip(m_command.kind)) {
+            end();
+        } else if (accepted) {
             waitAndVerify();
         } else {
             end(m_command.source + QStringLiteral(" could not receive this playback command."));
@@ -93,21 +102,21 @@ void MediaControl::onVerification(const MediaReading &reading) {
             end();
             return;
         }
-        if (cannotBeChecked(m_command.kind)) {
-            endUnverified();
-            return;
-        }
     }
     ++m_command.attempts;
     if (m_command.attempts == maxAttempts) {
-        endUnverified();
+        end(m_command.source +
+            QStringLiteral(" did not apply this media command. The tab may be closed, "
+                           "buffering, or unable to accept remote controls. Open the player "
+                           "and try again."));
     } else {
         waitAndVerify();
     }
 }
 
 bool MediaControl::isSameItem(const MediaActivity &activity) const {
-    return activity.source == m_command.source && activity.title == m_command.title;
+    return activity.source == m_command.source &&
+           (m_command.title.isNull() || activity.title == m_command.title);
 }
 
 bool MediaControl::isDone(const MediaActivity &activity) const {
@@ -127,16 +136,12 @@ bool MediaControl::isDone(const MediaActivity &activity) const {
     return false;
 }
 
-void MediaControl::endUnverified() {
-    end(cannotBeChecked(m_command.kind)
-            ? QString()
-            : m_command.source +
-                  QStringLiteral(" did not apply this media command. The tab may be closed, "
-                                 "buffering, or unable to accept remote controls. Open the player "
-                                 "and try again."));
-}
-
 void MediaControl::end(const QString &error) {
+    if (error.isNull() && !m_waiting.isEmpty()) {
+        begin(m_waiting.takeFirst(), true);
+        return;
+    }
+    m_waiting.clear();
     m_model.setControlling(false);
     if (!error.isNull()) {
         m_model.setControlError(error);

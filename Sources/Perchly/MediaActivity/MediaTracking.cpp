@@ -4,11 +4,15 @@
 #include "PlayerNotifications.h"
 #include "ShelfModel.h"
 
+#include <QPointer>
+
 namespace perchly {
 
 using namespace std::chrono_literals;
 
 namespace {
+
+constexpr auto readingPause = 30ms;
 
 QString textOr(const QVariant &value, const QString &otherwise) {
     return value.typeId() == QMetaType::QString ? textToShow(value.toString()) : otherwise;
@@ -20,72 +24,60 @@ MediaTracking::MediaTracking(ShelfModel &model, Clock &clock, ScriptHost &script
                              PlayerNotifications &notifications, MusicPlayer &musicPlayer)
     : m_model(model)
     , m_clock(clock)
-    , m_players(notifications)
     , m_musicPlayer(musicPlayer)
     , m_reader(scripts, notifications, clock)
     , m_control(model, m_reader, clock) {
-    connect(&model, &ShelfModel::controlRequested, this, &MediaTracking::control);
+    connect(&model, &ShelfModel::controlRequested, this,
+            [this](const QString &word) { m_control.start(word); });
     connect(&model, &ShelfModel::musicRequested, this, &MediaTracking::openMusic);
-    connect(&notifications, &PlayerNotifications::received, this, &MediaTracking::onNotification);
-    connect(&notifications, &PlayerNotifications::presenceChanged, this, [this] {
-        if (m_isMonitoring && !m_poll) {
-            poll();
+    connect(&model, &ShelfModel::controllingChanged, this, [this] {
+        if (!m_model.controlling()) {
+            read();
         }
     });
+    connect(&notifications, &PlayerNotifications::received, this, &MediaTracking::onNotification);
+    connect(&notifications, &PlayerNotifications::presenceChanged, this, &MediaTracking::read);
+    connect(&notifications, &PlayerNotifications::changed, this, &MediaTracking::read);
 }
 
 void MediaTracking::startMediaMonitoring() {
     m_isMonitoring = true;
-    poll();
+    read();
 }
 
 void MediaTracking::stopMediaMonitoring() {
     m_isMonitoring = false;
-    m_poll.reset();
+    m_reading.reset();
 }
 
-void MediaTracking::poll() {
-    m_poll = m_reader.read([this](const MediaReading &reading) {
+void MediaTracking::read() {
+    if (m_reading || !m_isMonitoring) {
+        m_isOutdated = true;
+        return;
+    }
+    m_isOutdated = false;
+    m_reading = m_reader.read([this](const MediaReading &reading) {
         if (reading.succeeded && !m_model.controlling()) {
             applyMedia(m_model, reading.activity);
         }
-        rest();
+        // Some players send hundreds of signals a second.
+        m_reading = m_clock.after(readingPause, [this] {
+            m_reading.reset();
+            if (m_isOutdated) {
+                read();
+            }
+        });
     });
 }
 
-/// Without a player there is nothing to read until one starts. If the player left during a reading,
-/// it is still shown, so read once more.
-void MediaTracking::rest() {
-    m_poll.reset();
-    const bool isLeft = m_players.presence() == PlayerPresence::None && m_model.media().isSystem;
-    if (m_players.presence() == PlayerPresence::Some || isLeft || m_model.controlling()) {
-        pollLater();
-    }
-}
-
-void MediaTracking::pollLater() {
-    if (m_isMonitoring && !m_poll) {
-        m_poll = m_clock.after(2s, [this] { poll(); });
-    }
-}
-
-void MediaTracking::control(const QString &word) {
-    m_control.start(word);
-    pollLater();
-}
-
 void MediaTracking::openMusic() {
-    m_musicPlayer.open();
-    Media media = m_model.media();
-    media.active = true;
-    media.source = Media().source;
-    media.playerID = Media().playerID;
-    media.isSystem = false;
-    media.isBrowser = false;
-    media.canSeek = false;
-    m_model.setMedia(media);
-    m_model.setActivity(QStringLiteral("Music is open"));
-    pollLater();
+    m_musicPlayer.open([guard = QPointer(this)](const QString &error) {
+        if (guard && error.isEmpty()) {
+            guard->m_model.setActivity(QStringLiteral("Music is open"));
+        } else if (guard) {
+            guard->m_model.setControlError(error);
+        }
+    });
 }
 
 void MediaTracking::onNotification(const QString &name, const QVariantMap &information) {
@@ -93,7 +85,9 @@ void MediaTracking::onNotification(const QString &name, const QVariantMap &infor
     if (media.isSystem) {
         return;
     }
-    media.active = true;
+    const QVariant state = information.value(QStringLiteral("Player State"));
+    media.playing = state == QStringLiteral("Playing");
+    media.active = media.playing || state == QStringLiteral("Paused");
     media.source = Media().source;
     media.playerID = Media().playerID;
     if (name.contains(QLatin1StringView("spotify"))) {
@@ -102,9 +96,8 @@ void MediaTracking::onNotification(const QString &name, const QVariantMap &infor
     }
     media.title = textOr(information.value(QStringLiteral("Name")), Media().title);
     media.artist = textOr(information.value(QStringLiteral("Artist")), QStringLiteral(""));
-    media.playing = information.value(QStringLiteral("Player State")) == QStringLiteral("Playing");
     m_model.setMedia(media);
-    if (!m_model.running()) {
+    if (media.active && !m_model.running()) {
         m_model.setActivity(media.title);
     }
 }

@@ -60,7 +60,9 @@ private Q_SLOTS:
                      announcement("com.spotify.client.PlaybackStateChanged", "Song", "Paused"));
             QCOMPARE(callUntilHeard(QStringLiteral("tunes"), QStringLiteral("Next"), received),
                      announcement("com.apple.Music.playerInfo", "Next", "Playing"));
+            QSignalSpy changed(&notifications, &PlayerNotifications::changed);
             call(QStringLiteral("another"), QStringLiteral("Pause"));
+            QTRY_COMPARE(changed.count(), 5);
             QTest::qWait(200);
             QCOMPARE(received.count(), 0); // one per burst, and none for other players
             BusPlayerNotifications later(bus);

@@ -8,26 +8,24 @@ Row {
     required property ShelfModel model
 
     readonly property bool seeks: root.model.mediaIsBrowser
-    readonly property bool ready: !root.model.controlling
 
     spacing: 5
 
     PlaybackButton {
         symbol: root.seeks ? "gobackward.15" : "backward.end.fill"
         toolTip: root.seeks ? "Rewind 15 seconds" : "Previous track"
-        usable: root.ready && (!root.seeks || root.model.mediaCanSeek)
+        usable: !root.seeks || root.model.mediaCanSeek
         onActivated: root.model.control(root.seeks ? "rewind" : "previous track")
     }
     PlaybackButton {
         symbol: root.model.playing ? "pause.fill" : "play.fill"
         toolTip: root.model.playing ? "Pause" : "Play"
-        usable: root.ready
         onActivated: root.model.control("playpause")
     }
     PlaybackButton {
         symbol: root.seeks ? "goforward.15" : "forward.end.fill"
         toolTip: root.seeks ? "Forward 15 seconds" : "Next track"
-        usable: root.ready && (!root.seeks || root.model.mediaCanSeek)
+        usable: !root.seeks || root.model.mediaCanSeek
         onActivated: root.model.control(root.seeks ? "forward" : "next track")
     }
 }
