@@ -1,6 +1,6 @@
 #!/bin/sh
 # setup.sh [SECTION…]: installs the missing packages of packages.txt, in all or the named sections
-# (Building, Running, Checking, Testing, Measuring). Quick if none is missing.
+# (Building, Running, Checking, Packaging, Testing, Measuring). Quick if none is missing.
 set -eu
 cd "$(dirname "$0")/.."
 
@@ -9,7 +9,7 @@ if [ -r /etc/os-release ]; then
     release=$(. /etc/os-release && echo "${VERSION_ID:-99}")
 fi
 wanted=$(awk -v sections=" $* " -v release="${release%%.*}" '
-    /^# (Build|Runn|Check|Test|Measur)ing/ { name = $2; sub(/:/, "", name); on = index(sections, " " name " ") }
+    /^# (Build|Runn|Check|Packag|Test|Measur)ing/ { name = $2; sub(/:/, "", name); on = index(sections, " " name " ") }
     /^[^#]/ && (on || sections == "  ") { split($0, names, "|"); print names[2] && release < 13 ? names[2] : names[1] }
     ' scripts/packages.txt)
 if ! command -v dpkg-query >/dev/null; then
