@@ -11,7 +11,6 @@
 #include "FolderShortcutsTool.h"
 #include "GioApplications.h"
 #include "GioFileServices.h"
-#include "InstanceSocket.h"
 #include "JsonPreferences.h"
 #include "KernelPower.h"
 #include "LockedInstance.h"
@@ -191,10 +190,6 @@ Hosts makeHosts(const std::shared_ptr<SessionBus> &bus) {
         addWindowSystem(hosts);
     }
     return hosts;
-}
-
-std::optional<QString> tellRunningInstance(const QStringList &command) {
-    return wantsNullHosts() ? std::nullopt : instancesocket::send(command, 1s);
 }
 
 std::unique_ptr<SingleInstance> makeSingleInstance(const std::shared_ptr<SessionBus> &bus) {

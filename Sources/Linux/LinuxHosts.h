@@ -60,10 +60,6 @@ private:
 /// Needs the application object, and a QApplication for the status item. Reads the preferences.
 [[nodiscard]] Hosts makeHosts(const std::shared_ptr<SessionBus> &bus);
 
-/// Has the running instance perform the command: returns why that failed, empty if it did not, or
-/// nullopt if no instance runs. Needs no application object.
-[[nodiscard]] std::optional<QString> tellRunningInstance(const QStringList &command);
-
 /// Needs the application object.
 [[nodiscard]] std::unique_ptr<SingleInstance>
 makeSingleInstance(const std::shared_ptr<SessionBus> &bus);

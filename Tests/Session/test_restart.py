@@ -76,6 +76,8 @@ class RestartTest(SessionCase):
         self.tell("workspace", "files")
         wait_until(lambda: self.tree.rows() == ["a b.txt", "https://example.org/"], "both held")
         self.tell("launch", "99", status=1, says="no entry “99”")
+        self.tell("focus", "pause", status=1, says="No focus session")
+        self.tell("player", "next", status=1, says="Nothing is playing")
         self.tell("toggle")
         self.expect_open()
         self.expect_keyboard()

@@ -27,7 +27,7 @@ namespace perchly {
 
 struct Hosts;
 
-/// The icon and views that main.cpp passes to the shell. An empty view leaves its window empty.
+/// The icon and views that Program.cpp passes to the shell. An empty view leaves its window empty.
 struct ShellResources {
     QIcon statusIcon = {}; ///< also the windows' icon
     QUrl shelfView = {};

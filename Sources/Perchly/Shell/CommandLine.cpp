@@ -16,12 +16,12 @@ namespace {
 
 constexpr int wrongUse = 2;
 
-void printLine(std::FILE *stream, const QString &line) {
-    std::fprintf(stream, "%s\n", qUtf8Printable(line));
+void complain(const QString &problem) {
+    std::fprintf(stderr, "perchly: %s\n", qUtf8Printable(problem));
 }
 
 CommandLine wrong(const QString &problem) {
-    printLine(stderr, QStringLiteral("perchly: ") + problem);
+    complain(problem);
     return {.command = {}, .status = wrongUse};
 }
 
@@ -43,8 +43,9 @@ CommandLine holding(const QStringList &arguments) {
     for (const QString &argument : arguments.mid(1)) {
         const QUrl url = urlToHold(argument);
         if (url.isEmpty()) {
-            report(QCoreApplication::translate("Command", "“%1” is not a file, folder or web link.")
-                       .arg(argument));
+            complain(
+                QCoreApplication::translate("Command", "“%1” is not a file, folder or web link.")
+                    .arg(argument));
             line.status = EXIT_FAILURE;
         } else {
             line.command.append(url.toString(QUrl::FullyEncoded));
@@ -75,7 +76,7 @@ CommandLine readCommandLine(int argc, char **argv) {
         return {.command = {}, .status = EXIT_SUCCESS};
     }
     if (parser.isSet(version)) {
-        printLine(stdout, QStringLiteral("perchly " PERCHLY_VERSION));
+        std::puts("perchly " PERCHLY_VERSION);
         return {.command = {}, .status = EXIT_SUCCESS};
     }
     const QStringList command = parser.positionalArguments();
@@ -88,14 +89,6 @@ CommandLine readCommandLine(int argc, char **argv) {
     return command.first() == QStringLiteral("hold")
                ? holding(command)
                : CommandLine{.command = command, .status = {}};
-}
-
-int report(const QString &error) {
-    if (error.isEmpty()) {
-        return EXIT_SUCCESS;
-    }
-    printLine(stderr, QStringLiteral("perchly: ") + error);
-    return EXIT_FAILURE;
 }
 
 } // namespace perchly

@@ -16,7 +16,4 @@ struct CommandLine {
 /// no application object.
 [[nodiscard]] CommandLine readCommandLine(int argc, char **argv);
 
-/// Prints the error of a command, if any, to stderr. Returns the exit status.
-int report(const QString &error);
-
 } // namespace perchly

@@ -29,6 +29,10 @@ QString AppDelegate::perform(const QStringList &command) {
     if (command::needsDisplay(command) && m_hosts.displays->list().isEmpty()) {
         return tr("Perchly is running without a display.");
     }
+    if (command == QStringList{QStringLiteral("focus"), QStringLiteral("pause")} &&
+        m_model.seconds() == 0) {
+        return tr("No focus session or break is running.");
+    }
     static const QHash<QString, void (*)(AppDelegate &)> actions{
         {QStringLiteral("show"), [](AppDelegate &self) { self.showShelf(); }},
         {QStringLiteral("hide"), [](AppDelegate &self) { self.hideShelf(); }},
@@ -44,7 +48,9 @@ QString AppDelegate::perform(const QStringList &command) {
         {QStringLiteral("focus pause"), [](AppDelegate &self) { self.m_model.togglePause(); }},
         {QStringLiteral("focus stop"), [](AppDelegate &self) { self.m_model.endFocus(); }}};
     if (const auto action = actions.value(command.join(u' '))) {
-        action(*this);
+        // Queued: the answer must not wait until a window is created.
+        QMetaObject::invokeMethod(
+            this, [this, action] { action(*this); }, Qt::QueuedConnection);
         return {};
     }
     return perform(command.first(), command.mid(1));
@@ -54,12 +60,15 @@ QString AppDelegate::perform(const QString &name, const QStringList &arguments) 
     const QString &argument = arguments.first();
     if (name == QStringLiteral("workspace")) {
         extras().setSection(command::workspaceSection(argument));
-        showTools();
+        QMetaObject::invokeMethod(this, &AppDelegate::showTools, Qt::QueuedConnection);
     } else if (name == QStringLiteral("hold")) {
         m_productivity.held()->hold(QUrl::fromStringList(arguments));
     } else if (name == QStringLiteral("dock")) {
         m_shelfPreferences.setEdge(argument);
     } else if (name == QStringLiteral("player")) {
+        if (m_hosts.playerNotifications->presence() == PlayerPresence::None) {
+            return tr("Nothing is playing. Start a player and try again.");
+        }
         static const QHash<QString, QString> words{
             {QStringLiteral("play-pause"), QStringLiteral("playpause")},
             {QStringLiteral("next"), QStringLiteral("next track")},

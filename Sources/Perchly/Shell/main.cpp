@@ -1,107 +1,61 @@
-#include "AppDelegate.h"
+// Sends a command to the running instance, or loads the module with the program and runs it.
+
 #include "BackgroundStart.h"
 #include "Command.h"
 #include "CommandLine.h"
-#include "Hosts.h"
-#include "LinuxHosts.h"
-#include "SymbolIcon.h"
-#include "TerminationSignals.h"
-#include "Theme.h"
+#include "InstanceSocket.h"
+#include "Program.h"
 
-#include <QApplication>
-#include <QQuickWindow>
-#include <QTimer>
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QLibrary>
 
-#include <csignal>
 #include <cstdlib>
-#include <malloc.h>
-#include <optional>
-#include <unistd.h>
 
 using namespace perchly;
 
 namespace {
-constexpr unsigned maxQuitSeconds = 5;
+
+using namespace std::chrono_literals;
+
+/// Loads it from the folder of the executable, or from "libexec" after installation.
+void load(QLibrary &module) {
+    const QString folder = QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).path();
+    for (const auto &place : {"/perchly-program.so", "/../libexec/perchly/perchly-program.so"}) {
+        module.setFileName(folder + QLatin1StringView(place));
+        if (module.load()) {
+            return;
+        }
+    }
 }
 
-int main(int argc, char **argv) {
-    // Return freed memory of copies and pictures, which take megabytes each, to the system.
-    mallopt(M_MMAP_THRESHOLD, 1 << 20);
-    qSetMessagePattern(QStringLiteral("perchly: %{message}"));
+} // namespace
 
+int main(int argc, char **argv) {
+    qSetMessagePattern(QStringLiteral("perchly: %{message}"));
     const CommandLine line = readCommandLine(argc, argv);
     if (line.status) {
         return *line.status;
     }
+    BackgroundStart background;
     const QStringList command =
         line.command.isEmpty() ? QStringList(QStringLiteral("show")) : line.command;
-    if (const auto error = tellRunningInstance(command)) {
-        return report(*error);
+    if (qEnvironmentVariable("PERCHLY_HOSTS") != QStringLiteral("null")) {
+        if (const auto error = instancesocket::send(command, 1s)) {
+            return background.finish(*error);
+        }
     }
-    BackgroundStart background;
     if (!line.command.isEmpty()) {
         if (command::onlyEnds(command)) {
-            report(QCoreApplication::translate("Command", "Perchly is not running."));
+            background.finish(QCoreApplication::translate("Command", "Perchly is not running."));
             return EXIT_SUCCESS;
         }
         if (const auto error = background.fork()) {
-            return report(*error);
+            return background.finish(*error);
         }
     }
-
-    std::optional<UnansweringBusHider> busHider(std::in_place);
-    std::optional<WindowSystemChoice> windowSystem(std::in_place);
-    if (background.isBackground() && !windowSystem->hasDisplay()) {
-        background.finish(
-            QCoreApplication::translate("Command", "Perchly needs an X display to start."));
-        return EXIT_FAILURE;
-    }
-    // The software renderer needs half the time to the first frame and a third of the memory.
-    if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND")) {
-        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    }
-
-    QApplication application(argc, argv);
-    windowSystem.reset();
-    const auto bus = makeSessionBus(busHider->hasAnswered());
-    busHider.reset();
-    QApplication::setApplicationName(QStringLiteral("perchly"));
-    QApplication::setDesktopFileName(QStringLiteral("org.perchly.Perchly"));
-    QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setPalette(Theme::palette());
-
-    const auto finish = [&background](const QString &error) {
-        if (background.isBackground()) {
-            background.finish(error);
-        }
-        return report(error);
-    };
-    const auto instance = makeSingleInstance(bus);
-    if (const auto error = instance->claim(command)) {
-        return finish(*error);
-    }
-
-    Hosts hosts = makeHosts(bus);
-    AppDelegate delegate(
-        hosts,
-        {.statusIcon = platedSymbolIcon(QStringLiteral("square.stack.3d.up")),
-         .shelfView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Shelf/ShelfView.qml")),
-         .settingsView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Settings/ShelfSettings.qml")),
-         .toolsView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Productivity/ProductivityView.qml")),
-         .mixerView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/VolumeMixer/VolumeMixerView.qml"))});
-    instance->setPerformer(
-        [&delegate](const QStringList &received) { return delegate.perform(received); });
-    const TerminationSignals signals;
-    QObject::connect(&signals, &TerminationSignals::requested, &delegate, &AppDelegate::terminate);
-    delegate.launch();
-    if (background.isBackground()) {
-        QTimer::singleShot(0, &delegate, [&] { finish(delegate.perform(command)); });
-    }
-    Capture::removeOld(*hosts.preferences);
-    const int status = QApplication::exec();
-    // Everything is already stored. Threads that wait for a dead disk must not keep the process,
-    // and with it the name that the next instance needs.
-    std::signal(SIGALRM, [](int) { _exit(EXIT_SUCCESS); });
-    alarm(maxQuitSeconds);
-    return status;
+    QLibrary module;
+    load(module);
+    auto *run = reinterpret_cast<ProgramRun *>(module.resolve(programRunName));
+    return run ? run(argc, argv, command, background) : background.finish(module.errorString());
 }

@@ -17,8 +17,9 @@ public:
 
     [[nodiscard]] bool isBackground() const { return m_pipe >= 0; }
 
-    /// Passes the error of the command on. Call it once, in the background.
-    void finish(const QString &error);
+    /// Passes the error of the command on, or without a background prints it to stderr; empty if it
+    /// succeeded. Returns the exit status. Call it once in the background.
+    int finish(const QString &error);
 
 private:
     int m_pipe = -1;

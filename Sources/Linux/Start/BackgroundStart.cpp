@@ -4,6 +4,8 @@
 #include <QCoreApplication>
 
 #include <array>
+#include <cstdio>
+#include <cstdlib>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -51,11 +53,16 @@ std::optional<QString> BackgroundStart::fork() {
                                                         "without a command to see why.");
 }
 
-void BackgroundStart::finish(const QString &error) {
-    const QByteArray answer = error.toUtf8() + '\n';
-    [[maybe_unused]] const ssize_t written =
-        write(m_pipe, answer.constData(), std::size_t(answer.size()));
-    close(m_pipe);
+int BackgroundStart::finish(const QString &error) {
+    if (isBackground()) {
+        const QByteArray answer = error.toUtf8() + '\n';
+        [[maybe_unused]] const ssize_t written =
+            write(m_pipe, answer.constData(), std::size_t(answer.size()));
+        close(m_pipe);
+    } else if (!error.isEmpty()) {
+        std::fprintf(stderr, "perchly: %s\n", qUtf8Printable(error));
+    }
+    return error.isEmpty() ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 } // namespace perchly
