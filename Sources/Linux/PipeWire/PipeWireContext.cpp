@@ -21,8 +21,12 @@ PipeWireContext make() {
     PipeWireContext made;
     made.loop.reset(pw_loop_new(nullptr));
     if (made.loop) {
+        // Without PipeWire's package, this fails and prints that its settings are missing.
+        const auto level = pw_log_level;
+        pw_log_set_level(SPA_LOG_LEVEL_NONE);
         made.context.reset(pw_context_new(
             made.loop.get(), pw_properties_new(PW_KEY_CONFIG_NAME, realTimeConfig, nullptr), 0));
+        pw_log_set_level(level);
     }
     return made.context ? std::move(made) : PipeWireContext();
 }
