@@ -53,7 +53,7 @@ start() { # start NAME COMMAND…
 
 cp "$package" "$root/var/cache/perchly.deb"
 apt update
-before=$(files)
+files >"$root/var/log/before"
 echo "try-package: installing it, without and with what it recommends, takes:"
 for recommends in false true; do
     in_root apt-get install --assume-no -o APT::Install-Recommends=$recommends \
@@ -65,7 +65,7 @@ apt install dbus-daemon libglib2.0-bin
 start from-menu "dbus-run-session -- sh -c 'gio launch $(in_root sh -c \
     'dpkg -L perchly | grep /applications/.*desktop') && sleep 60'"
 apt purge --auto-remove perchly dbus-daemon libglib2.0-bin
-left=$(files | grep -vxF "$before" || true)
+left=$(files | grep -vxFf "$root/var/log/before" || true)
 if [ -n "$left" ]; then
     echo "try-package: purging leaves these files:" >&2
     echo "$left" >&2
