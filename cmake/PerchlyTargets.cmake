@@ -62,6 +62,8 @@ function(perchly_companion name)
     cmake_parse_arguments(PARSE_ARGV 1 companion "MOC" "" "SOURCES;LIBRARIES")
     add_executable(perchly-${name} ${companion_SOURCES})
     target_link_libraries(perchly-${name} PRIVATE perchly_options ${companion_LIBRARIES})
+    # They read hostile input; this makes the addresses of library functions read-only.
+    target_link_options(perchly-${name} PRIVATE -Wl,-z,now)
     add_dependencies(perchly perchly-${name})
     set_target_properties(perchly-${name} PROPERTIES
         AUTOMOC ${companion_MOC}

@@ -11,7 +11,7 @@ fi
 wanted=$(awk -v sections=" $* " -v release="${release%%.*}" '
     /^# (Build|Runn|Check|Packag|Test|Measur)ing/ { name = $2; sub(/:/, "", name); on = index(sections, " " name " ") }
     /^[^#]/ && (on || sections == "  ") { split($0, names, "|"); print names[2] && release < 13 ? names[2] : names[1] }
-    ' scripts/packages.txt)
+    ' scripts/packages.txt | grep .)
 if ! command -v dpkg-query >/dev/null; then
     echo "setup: this is not a Debian system. Install the equivalents of these packages:" >&2
     echo "$wanted" >&2
