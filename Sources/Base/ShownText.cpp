@@ -1,5 +1,7 @@
 #include "ShownText.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace perchly {
@@ -45,9 +47,10 @@ QString visibleName(const QString &name) {
 
 QString rowText(const QString &text) {
     if (showsNothing(text)) {
-        return QStringLiteral("Blank text, %L1 %2")
-            .arg(text.size())
-            .arg(text.size() == 1 ? QStringLiteral("character") : QStringLiteral("characters"));
+        return text.size() == 1
+                   ? QCoreApplication::translate("ShownText", "Blank text, 1 character")
+                   : QCoreApplication::translate("ShownText", "Blank text, %Ln characters", nullptr,
+                                                 int(text.size()));
     }
     const auto isLineOfNothing = [&text](qsizetype start, qsizetype end) {
         return showsNothing(text.mid(start, end - start));

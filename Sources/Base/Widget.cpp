@@ -1,5 +1,7 @@
 #include "Widget.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace perchly {
@@ -7,17 +9,21 @@ namespace perchly {
 QString widgetTitle(Widget widget) {
     switch (widget) {
     case Widget::Clock:
-        return QStringLiteral("Clock");
+        return QStringLiteral(QT_TRANSLATE_NOOP("Widget", "Clock"));
     case Widget::Timer:
-        return QStringLiteral("Focus timer");
+        return QStringLiteral(QT_TRANSLATE_NOOP("Widget", "Focus timer"));
     case Widget::Music:
-        return QStringLiteral("Music");
+        return QStringLiteral(QT_TRANSLATE_NOOP("Widget", "Music"));
     case Widget::Notes:
-        return QStringLiteral("Quick note");
+        return QStringLiteral(QT_TRANSLATE_NOOP("Widget", "Quick note"));
     case Widget::Calendar:
-        return QStringLiteral("Calendar");
+        return QStringLiteral(QT_TRANSLATE_NOOP("Widget", "Calendar"));
     }
     Q_UNREACHABLE();
+}
+
+QString widgetLabel(const QString &title) {
+    return QCoreApplication::translate("Widget", title.toUtf8().constData());
 }
 
 std::optional<Widget> widgetFromTitle(QStringView title) {

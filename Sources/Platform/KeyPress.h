@@ -29,4 +29,7 @@ struct Chord {
     bool operator==(const Chord &) const = default;
 };
 
+/// The chord in the user's language: "Ctrl+Alt+Space".
+[[nodiscard]] QString chordText(const Chord &chord);
+
 } // namespace perchly

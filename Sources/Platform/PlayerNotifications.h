@@ -29,8 +29,8 @@ Q_SIGNALS:
 
     /// The music application or Spotify has changed its state. The name is
     /// "com.apple.Music.playerInfo" or "com.spotify.client.PlaybackStateChanged"; the information
-    /// holds strings for the keys "Name", "Artist" and "Player State" ("Playing", "Paused" or
-    /// "Stopped"), omitting unknown ones.
+    /// holds strings for the keys "Player" (its name), "Name", "Artist" and "Player State"
+    /// ("Playing", "Paused" or "Stopped"), omitting unknown ones.
     void received(const QString &name, const QVariantMap &information);
 };
 

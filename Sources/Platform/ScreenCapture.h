@@ -12,7 +12,8 @@ namespace perchly {
 class ScreenCapture {
 public:
     /// Called once on the main thread, never before the call has returned, with the exit status of
-    /// the capture: 0 on success, -1 if it could not start. If the user cancels, there is no file.
+    /// the capture: 0 on success, -1 if it could not start. If the user cancels, it is 0 and there
+    /// is no file.
     using Completion = std::function<void(int status)>;
 
     virtual ~ScreenCapture() = default;

@@ -174,7 +174,8 @@ private Q_SLOTS:
         const ShelfModel &model = fixture.model;
         const auto announce = [&](const QString &player, const QVariant &title) {
             Q_EMIT fixture.fake.playerNotifications.received(
-                player, {{QStringLiteral("Name"), title},
+                player, {{QStringLiteral("Player"), player.section(u'.', 1, 1)},
+                         {QStringLiteral("Name"), title},
                          {QStringLiteral("Player State"), QStringLiteral("Playing")}});
             return QStringList{model.mediaSource(), model.media().playerID, model.musicTitle(),
                                model.activity()}
@@ -185,14 +186,14 @@ private Q_SLOTS:
         QCOMPARE(announce(spotify, QStringLiteral("A")),
                  QStringLiteral("Chromium|com.apple.Music|Song|Ready when you are"));
         fixture.readAgain("null");
-        QCOMPARE(model.musicTitle() + model.mediaSource(), QStringLiteral("MusicMedia"));
+        QCOMPARE(model.musicTitle() + model.mediaSource(), QStringLiteral("MusicMusic"));
         QCOMPARE(announce(spotify, QStringLiteral("A")),
-                 QStringLiteral("Spotify|com.spotify.client|A|A"));
-        QCOMPARE(announce(music, 7), QStringLiteral("Apple Music|com.apple.Music|Music|Music"));
+                 QStringLiteral("spotify|com.spotify.client|A|A"));
+        QCOMPARE(announce(music, 7), QStringLiteral("apple|com.apple.Music|Music|Music"));
         QVERIFY(model.musicActive() && model.playing());
         fixture.model.focus(); // whose status line stays
         QCOMPARE(announce(music, QStringLiteral("B")),
-                 QStringLiteral("Apple Music|com.apple.Music|B|Focus session"));
+                 QStringLiteral("apple|com.apple.Music|B|Focus session"));
         Q_EMIT fixture.fake.playerNotifications.received(
             music, {{QStringLiteral("Player State"), QStringLiteral("Stopped")}});
         QVERIFY(!model.musicActive());
@@ -268,12 +269,14 @@ private Q_SLOTS:
         fixture.fake.scriptHost.answer("  PLAYING \n");
         QVERIFY(!fixture.model.controlling() && fixture.model.playing());
         fixture.model.control(QStringLiteral("playpause"));
-        fixture.fake.scriptHost.fail();
+        fixture.fake.scriptHost.answer("refused\n");
         QVERIFY(!fixture.model.controlling() && fixture.model.playing());
+        QCOMPARE(fixture.model.controlError(), QStringLiteral("Music refused this command."));
+        fixture.model.control(QStringLiteral("playpause"));
+        fixture.fake.scriptHost.fail();
         QVERIFY(!fixture.model.musicActive());
         QCOMPARE(fixture.model.controlError(),
-                 QStringLiteral("Allow Perchly in System Settings → Privacy & Security → "
-                                "Automation, then try again."));
+                 QStringLiteral("Nothing is playing. Start a player and try again."));
     }
 };
 

@@ -174,9 +174,10 @@ private Q_SLOTS:
                            "Exec=true\nMimeType=audio/mpeg;\nCategories=Audio;Player;");
         PlayerProcess tunes("tunes");
         QCOMPARE(tell("com.spotify.client", "playpause"), QByteArray("failed")); // not running
-        PlayerProcess spotify("spotify");
+        PlayerProcess spotify("spotify", R"({"properties": {"CanGoNext": ["b", false]}})");
         QCOMPARE(tell("com.spotify.client", "playpause"), QByteArray("paused"));
         QCOMPARE(tell("com.spotify.client", "forward"), QByteArray("paused"));
+        QCOMPARE(tell("com.spotify.client", "next track"), QByteArray("refused"));
         QCOMPARE(tell("com.apple.Music", "next track"), QByteArray("playing"));
         QCOMPARE(tell("com.spotify.client", "do shell script \"true\""), QByteArray("failed"));
         QCOMPARE(tell("x\" & do shell script \"true", "playpause"), QByteArray("failed"));

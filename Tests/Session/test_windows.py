@@ -18,12 +18,12 @@ WINDOWS = {
     "Volume Mixer…": ("Perchly Volume Mixer", 600, 480),
     "Search…": (WORKSPACE, 660, 570),
 }
-NO_SOUND = "Requires macOS 14.2 or later."
+NO_SOUND = "Needs PipeWire, which is not running."
 NO_MEETINGS = "No meetings in the next seven days."
 NO_CALENDARS = (
-    "Calendar access denied. Enable it in System Settings → Privacy & Security → Calendars."
+    "Calendar access is off. Press “Connect Calendar” to turn it on."
 )
-COPIED = "Copied. Paste into your app with ⌘V."
+COPIED = "Copied. Paste into your app with Ctrl+V."
 URLS = ["file:///etc/hosts", "file:///etc", "https://example.org/page", "ftp://example.org/file"]
 OCEAN = (5, 20, 36)
 

@@ -72,9 +72,10 @@ private Q_SLOTS:
             ShellFixture shell([&](FakeHosts &fake) { fake.hotKeys.heldByOthers = heldByOthers; });
             return shell.delegate->productivity().message();
         };
-        QCOMPARE(message({2}), QStringLiteral("Could not register ⌃⌥K for search."));
+        QCOMPARE(message({2}), QStringLiteral("Could not register Ctrl+Alt+K for search."));
         QCOMPARE(message({1, 2}),
-                 QStringLiteral("Could not register ⌃⌥Space. Another app may use that shortcut."));
+                 QStringLiteral(
+                     "Could not register Ctrl+Alt+Space. Another app may use that shortcut."));
     }
 };
 

@@ -90,8 +90,8 @@ ViewTestCase {
             "ComboBox: Display", "ComboBox: Screen edge", "Button: Reset position to top center",
             "StaticText: Drag the shelf header to dock on the top, left, or right edge. Your position saves automatically.",
             "Slider: Shelf size", "CheckBox: Expand on hover", "Slider: Collapse delay", "CheckBox: Launch at login",
-            "StaticText: Keyboard: ⌃⌥K opens search. ⌃⌥Space toggles the shelf. ⌘1–9 launches the corresponding visible app while the shelf is open. Escape closes it.",
-            "StaticText: For login launch, install Perchly in Applications first."
+            "StaticText: Keyboard: Ctrl+Alt+K opens search. Ctrl+Alt+Space toggles the shelf. Ctrl+1–9 launches the corresponding visible app while the shelf is open. Escape closes it.",
+            "StaticText: Install Perchly before you turn on launch at login."
         ]);
         root.view.height = 300;
         root.view.y = 240;

@@ -23,8 +23,8 @@ ViewTestCase {
         root.open([]);
         compare(root.everything(), [
             "Heading: App volume", "Button: Release all",
-            "StaticText: Start audio in an app, then enable its slider. Audio stays on this Mac; nothing is recorded or uploaded.",
-            "StaticText: Experimental · macOS audio-capture permission required. Release restores the app’s original audio route.",
+            "StaticText: Start audio in an app, then enable its slider. Audio stays on this computer; nothing is recorded or uploaded.",
+            "StaticText: Release restores the app’s original audio route.",
             "StaticText: No apps playing audio. Start music or a video, then refresh.",
             "Button: Refresh", "StaticText: Browser audio may appear as helper processes."
         ]);

@@ -73,7 +73,7 @@ ViewTestCase {
             ["Clipboard", ["CheckBox: Enable clipboard history for this session", "CheckBox: Pause",
                            "Button: Clear history", "EditableText: Search copied text"]],
             ["Layouts", ["EditableText: Layout name, e.g. Work", "Button: Save current (disabled)"]],
-            ["Shortcuts", ["Heading: Run your Apple Shortcuts", "Button: Refresh", "Button: Open folder"]],
+            ["Shortcuts", ["Heading: Run your shortcuts", "Button: Refresh", "Button: Open folder"]],
             ["Meetings", ["Button: Connect Calendar", "Button: Refresh",
                           "StaticText: Connect Calendar to see upcoming meetings.", "List: Meetings"]],
             ["Launch", ["EditableText: Workspace name", "Button: Save current (disabled)"]],
@@ -109,7 +109,7 @@ ViewTestCase {
         compare(root.fixture.productivity.held.count, 0);
         verify(root.focusedOn("Add files…"));
         root.show("Clipboard");
-        root.expectInOrder(["AlertMessage: Copied. Paste into your app with ⌘V.", "Button: Dismiss"]);
+        root.expectInOrder(["AlertMessage: Copied. Paste into your app with Ctrl+V.", "Button: Dismiss"]);
         root.push("Dismiss");
         verify(!root.has("Button: Dismiss"));
     }

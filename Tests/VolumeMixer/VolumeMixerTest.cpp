@@ -121,7 +121,8 @@ private Q_SLOTS:
         m_mixer->refresh();
         QCOMPARE(names(), QStringList());
         m_mixer->enable(1);
-        QCOMPARE(m_mixer->error(), QStringLiteral("Per-app audio requires macOS 14.2 or later."));
+        QCOMPARE(m_mixer->error(),
+                 QStringLiteral("Per-app audio needs PipeWire, which is not running."));
         m_audio->routable = true;
         Q_EMIT m_audio->changed();
         QCOMPARE(names().size(), 2);

@@ -2,6 +2,7 @@
 
 #include "ShownText.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QLocale>
 #include <QMimeDatabase>
@@ -59,7 +60,7 @@ QString capitalized(const QString &text) {
 FileFacts factsOf(const QUrl &url) {
     if (!url.isLocalFile()) {
         return {.name = url.toString(QUrl::FullyEncoded),
-                .details = QStringLiteral("Web link"),
+                .details = QCoreApplication::translate("FileFacts", "Web link"),
                 .iconName = QStringLiteral("text-html")};
     }
     const QFileInfo file(url.toLocalFile());
@@ -67,19 +68,20 @@ FileFacts factsOf(const QUrl &url) {
     FileFacts facts{.name =
                         inOneLine(file.fileName().isEmpty() ? file.filePath() : file.fileName())};
     if (!file.exists()) {
-        facts.details = QStringLiteral("No longer there");
+        facts.details = QCoreApplication::translate("FileFacts", "No longer there");
         facts.iconName = QStringLiteral("unknown");
         return facts;
     }
     const QMimeType type = typeOf(file);
-    facts.details = type.isDefault() ? QStringLiteral("Document") : capitalized(type.comment());
+    facts.details = type.isDefault() ? QCoreApplication::translate("FileFacts", "Document")
+                                     : capitalized(type.comment());
     facts.iconName = type.iconName();
     if (file.isFile()) {
         facts.kind = kindOf(type);
         facts.details += QStringLiteral(" · ") +
                          QLocale().formattedDataSize(file.size(), 1, QLocale::DataSizeSIFormat);
     } else if (file.isDir()) {
-        facts.details = QStringLiteral("Folder");
+        facts.details = QCoreApplication::translate("FileFacts", "Folder");
         facts.iconName = QStringLiteral("folder");
     }
     return facts;

@@ -60,7 +60,7 @@ QLayout *MediaView::makeControls() {
     m_button.setIconSize(m_button.size());
     m_button.setAutoDefault(true); // so that Return presses it, too
     showPlaying(false);
-    m_position.setAccessibleName(QStringLiteral("Position"));
+    m_position.setAccessibleName(tr("Position"));
     m_position.setFocusPolicy(Qt::NoFocus); // left and right switch items
     m_time.setFont(previewlook::font(11));
     QPalette palette = m_time.palette();
@@ -74,7 +74,7 @@ QLayout *MediaView::makeControls() {
 
 void MediaView::showPlaying(bool playing) {
     m_button.setIcon(QIcon(playing ? QStringLiteral(":/pause.png") : QStringLiteral(":/play.png")));
-    m_button.setAccessibleName(playing ? QStringLiteral("Pause") : QStringLiteral("Play"));
+    m_button.setAccessibleName(playing ? tr("Pause") : tr("Play"));
 }
 
 void MediaView::play() {

@@ -19,7 +19,7 @@ PdfView::PdfView()
     QPalette colors = palette();
     colors.setColor(QPalette::Dark, previewlook::background);
     setPalette(colors);
-    setAccessibleName(QStringLiteral("Pages"));
+    setAccessibleName(tr("Pages"));
 }
 
 PdfView::~PdfView() {

@@ -29,7 +29,7 @@ constexpr int captionHeight = 34;
 
 PreviewWindow::PreviewWindow()
     : m_focus(m_connection) {
-    setWindowTitle(QStringLiteral("Perchly Preview"));
+    setWindowTitle(tr("Perchly Preview"));
     setMinimumSize(minSize);
     setStyleSheet(previewlook::styleSheet());
     QPalette palette = this->palette();
@@ -43,7 +43,7 @@ PreviewWindow::PreviewWindow()
     QFont monospaced(QStringLiteral("monospace"));
     monospaced.setPixelSize(13);
     m_text.setFont(monospaced);
-    m_text.setAccessibleName(QStringLiteral("Text"));
+    m_text.setAccessibleName(tr("Text"));
     m_caption.setFont(previewlook::font(11));
     m_caption.setAlignment(Qt::AlignCenter);
     m_caption.setFixedHeight(captionHeight);

@@ -27,7 +27,7 @@ constexpr QColor hairline(0, 0, 0, 140);
 constexpr int gap = 10;
 
 QString hintText() {
-    return QStringLiteral("Drag to select  ·  Esc cancels");
+    return RegionOverlay::tr("Drag to select  ·  Esc cancels");
 }
 
 } // namespace
@@ -41,7 +41,7 @@ RegionOverlay::RegionOverlay(QImage picture, QList<QRect> displays, double scale
     , m_pointer(QCursor::pos()) {
     m_font.setPixelSize(scaled(12));
     m_font.setWeight(QFont::Medium);
-    setTitle(QStringLiteral("Perchly capture"));
+    setTitle(tr("Perchly capture"));
     setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
              Qt::BypassWindowManagerHint);
     setCursor(Qt::CrossCursor);

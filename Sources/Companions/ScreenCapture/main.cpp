@@ -81,7 +81,7 @@ int choose(const QImage &picture, double scale, const QString &path) {
         const QString error = write(picture.copy(region), path);
         finish(error.isEmpty() ? EXIT_SUCCESS : fail(qPrintable(error)));
     });
-    QObject::connect(&overlay, &RegionOverlay::cancelled, [&] { finish(failure); });
+    QObject::connect(&overlay, &RegionOverlay::cancelled, [&] { finish(EXIT_SUCCESS); });
     QObject::connect(&overlay, &RegionOverlay::failed,
                      [&] { finish(fail("another program holds the keyboard")); });
     overlay.show();

@@ -99,8 +99,11 @@ std::optional<std::string_view> runPlayerScript(std::string_view script) {
     const auto request = parse(script);
     auto bus = request ? PlayerBus::open() : std::nullopt;
     const auto player = bus ? find(*bus, request->player) : std::nullopt;
-    if (!player || !perform(*bus, *player, request->word)) {
+    if (!player) {
         return std::nullopt;
+    }
+    if (!perform(*bus, *player, request->word)) {
+        return "refused";
     }
     switch (playbackAfter(*bus, *player, request->word)) {
     case Playback::Playing:

@@ -3,6 +3,7 @@
 #include "GioLaunch.h"
 #include "GioOwned.h"
 
+#include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -27,7 +28,7 @@ QString mailProgram() {
 QString fileError(const QUrl &url) {
     const QString path = url.toLocalFile();
     return url.isLocalFile() && !QFileInfo::exists(path)
-               ? QStringLiteral("There is nothing at “%1”.").arg(path)
+               ? QCoreApplication::translate("Launch", "There is nothing at “%1”.").arg(path)
                : QString();
 }
 
@@ -95,7 +96,7 @@ QList<FileServices::ShareTarget> shareTargets(const QUrl &url, GCancellable *can
         g_list_free_full(others, g_object_unref);
     }
     if (!mailProgram().isEmpty()) {
-        targets.append({mailTarget, QStringLiteral("E-mail")});
+        targets.append({mailTarget, QCoreApplication::translate("Launch", "E-mail")});
     }
     return targets;
 }
@@ -148,9 +149,10 @@ void GioFileServices::mail(const QUrl &url, const Completion &completion) {
         const auto finish = [this, mail, completion,
                              start = QDeadlineTimer(maxMailStart)](const ChildResult &result) {
             m_mailTasks.erase(mail);
-            completion(result.status == 0 || start.hasExpired()
-                           ? QString()
-                           : QStringLiteral("No e-mail program could be started."));
+            completion(
+                result.status == 0 || start.hasExpired()
+                    ? QString()
+                    : QCoreApplication::translate("Launch", "No e-mail program could be started."));
         };
         // The mail program outlives Perchly.
         *mail = m_mails.run(program, arguments, {}, OnStop::LeaveChild, finish);

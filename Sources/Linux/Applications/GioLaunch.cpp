@@ -3,6 +3,7 @@
 #include "GioOwned.h"
 #include "LaunchContext.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
@@ -19,8 +20,9 @@ namespace {
 using gio::Owned;
 
 QString textOf(GError *error) {
-    const QString text =
-        error != nullptr ? QString::fromUtf8(error->message) : QStringLiteral("The launch failed.");
+    const QString text = error != nullptr
+                             ? QString::fromUtf8(error->message)
+                             : QCoreApplication::translate("Launch", "The launch failed.");
     g_clear_error(&error);
     return text;
 }
@@ -106,15 +108,17 @@ Owned<GDesktopAppInfo> inSystemTerminal(const QString &path) {
 QString application(const QString &path, const StartNotices &notices, GCancellable *cancellable) {
     const QFileInfo file(path);
     if (!file.isAbsolute() || !file.isFile()) {
-        return QStringLiteral("There is no application at “%1”.").arg(path);
+        return QCoreApplication::translate("Launch", "There is no application at “%1”.").arg(path);
     }
     if (!file.isReadable()) {
-        return QStringLiteral("The application “%1” cannot be read.").arg(path);
+        return QCoreApplication::translate("Launch", "The application “%1” cannot be read.")
+            .arg(path);
     }
     const Owned<GDesktopAppInfo> entry(
         g_desktop_app_info_new_from_filename(QFile::encodeName(path).constData()));
     if (!entry) {
-        return QStringLiteral("“%1” is not an application, or its program is not installed.")
+        return QCoreApplication::translate(
+                   "Launch", "“%1” is not an application, or its program is not installed.")
             .arg(path);
     }
     const QString error = launch(entry.get(), nullptr, notices, cancellable);
@@ -131,17 +135,19 @@ QString openWith(const QString &desktopId, const QUrl &url, const StartNotices &
                  GCancellable *cancellable) {
     const Owned<GDesktopAppInfo> entry(g_desktop_app_info_new(desktopId.toUtf8().constData()));
     if (!entry) {
-        return QStringLiteral("The application is no longer installed.");
+        return QCoreApplication::translate("Launch", "The application is no longer installed.");
     }
     return launchWith(entry.get(), url, notices, cancellable);
 }
 
 QString url(const QUrl &url, const StartNotices &notices, GCancellable *cancellable) {
     if (!url.isValid() || url.isRelative()) {
-        return QStringLiteral("“%1” is not a link.").arg(url.toDisplayString());
+        return QCoreApplication::translate("Launch", "“%1” is not a link.")
+            .arg(url.toDisplayString());
     }
     if (url.isLocalFile() && !QFileInfo::exists(url.toLocalFile())) {
-        return QStringLiteral("There is nothing at “%1”.").arg(url.toLocalFile());
+        return QCoreApplication::translate("Launch", "There is nothing at “%1”.")
+            .arg(url.toLocalFile());
     }
     const Owned<GFile> file(g_file_new_for_uri(url.toEncoded(QUrl::FullyEncoded).constData()));
     const Owned<GAppInfo> program(g_file_query_default_handler(file.get(), cancellable, nullptr));
@@ -149,11 +155,13 @@ QString url(const QUrl &url, const StartNotices &notices, GCancellable *cancella
         return launchWith(G_DESKTOP_APP_INFO(program.get()), url, notices, cancellable);
     }
     if (!url.isLocalFile()) {
-        return QStringLiteral("No program is set up for “%1:” links.").arg(url.scheme());
+        return QCoreApplication::translate("Launch", "No program is set up for “%1:” links.")
+            .arg(url.scheme());
     }
     return QFileInfo(url.toLocalFile()).isDir()
-               ? QStringLiteral("No file manager is set up.")
-               : QStringLiteral("No program is set up for files of this kind.");
+               ? QCoreApplication::translate("Launch", "No file manager is set up.")
+               : QCoreApplication::translate("Launch",
+                                             "No program is set up for files of this kind.");
 }
 
 } // namespace perchly::giolaunch

@@ -1,5 +1,6 @@
 #include "QtOpenPanel.h"
 
+#include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -41,7 +42,7 @@ Dialog makeDialog(const OpenPanel::Request &request) {
         dialog->setOption(QFileDialog::DontUseNativeDialog);
     } else {
         dialog.reset(new QFileDialog);
-        dialog->setNameFilter(QStringLiteral("Applications (*.desktop)"));
+        dialog->setNameFilter(QCoreApplication::translate("OpenPanel", "Applications (*.desktop)"));
     }
     dialog->setOption(QFileDialog::DontResolveSymlinks);
     dialog->setOption(QFileDialog::DontUseCustomDirectoryIcons);

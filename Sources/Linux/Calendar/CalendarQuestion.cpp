@@ -1,5 +1,6 @@
 #include "CalendarQuestion.h"
 
+#include <QCoreApplication>
 #include <QDialog>
 #include <QDir>
 #include <QGuiApplication>
@@ -42,7 +43,8 @@ QString styleSheet() {
 QListWidget *makeList(const QList<FoundCalendar> &calendars) {
     const QString home = QDir::homePath() + u'/';
     auto *list = new QListWidget;
-    list->setAccessibleName(u"Calendars that were found"_s);
+    list->setAccessibleName(
+        QCoreApplication::translate("CalendarQuestion", "Calendars that were found"));
     list->setSelectionMode(QAbstractItemView::NoSelection);
     for (const FoundCalendar &calendar : calendars) {
         const QString place = calendar.place.startsWith(home)
@@ -61,25 +63,26 @@ QLabel *makeLabel(const QString &text) {
 }
 
 class Question : public ScheduledTask {
+    Q_DECLARE_TR_FUNCTIONS(CalendarQuestion)
 public:
     Question(const QList<FoundCalendar> &calendars, bool isGranted, const CalendarAnswer &answer) {
-        m_dialog->setWindowTitle(u"Calendars"_s);
+        m_dialog->setWindowTitle(tr("Calendars"));
         m_dialog->resize(460, 320);
         m_dialog->setStyleSheet(styleSheet());
         auto *layout = new QVBoxLayout(m_dialog);
         layout->setContentsMargins(20, 18, 20, 18);
         layout->setSpacing(12);
-        QLabel *heading = makeLabel(isGranted ? u"Perchly reads your calendars"_s
-                                              : u"Let Perchly read your calendars?"_s);
+        QLabel *heading = makeLabel(isGranted ? tr("Perchly reads your calendars")
+                                              : tr("Let Perchly read your calendars?"));
         heading->setObjectName(u"heading"_s);
         layout->addWidget(heading);
-        layout->addWidget(makeLabel(QStringLiteral(
-            "The meetings of the next seven days are shown in the workspace and on the calendar "
-            "card. Nothing is changed, kept or sent anywhere. You can take this back with the "
-            "same button.")));
+        layout->addWidget(makeLabel(
+            tr("The meetings of the next seven days are shown in the workspace and on the calendar "
+               "card. Nothing is changed, kept or sent anywhere. You can take this back with the "
+               "same button.")));
         if (calendars.isEmpty()) {
             layout->addWidget(makeLabel(
-                u"No calendar was found yet. Those that appear later would be read, too."_s));
+                tr("No calendar was found yet. Those that appear later would be read, too.")));
             layout->addStretch();
         } else {
             layout->addWidget(makeList(calendars), 1);
@@ -87,8 +90,8 @@ public:
         auto *row = new QHBoxLayout;
         row->addStretch();
         for (const auto &[text, result] :
-             {std::pair(isGranted ? u"Stop Reading"_s : u"Don’t Allow"_s, No),
-              std::pair(isGranted ? u"Keep Reading"_s : u"Allow"_s, Yes)}) {
+             {std::pair(isGranted ? tr("Stop Reading") : tr("Don’t Allow"), No),
+              std::pair(isGranted ? tr("Keep Reading") : tr("Allow"), Yes)}) {
             auto *button = new QPushButton(text);
             button->setAutoDefault(false); // so that Return alone does nothing
             QObject::connect(button, &QPushButton::clicked, m_dialog,

@@ -88,16 +88,16 @@ Task CompanionCalendarStore::requestAccess(AccessCompletion completion) {
         const QString error = isAllowed ? m_consent.remember(*isAllowed ? CalendarAccess::Granted
                                                                         : CalendarAccess::Denied)
                                         : QString();
-        finish(error.isEmpty() ? error : u"Your answer could not be kept: %1."_s.arg(error));
+        finish(error.isEmpty() ? error : tr("Your answer could not be kept: %1.").arg(error));
     };
     const auto ask = [this, finish, remember, &step = request->step](const ChildResult &result) {
         const auto list = listIn(result);
         if (list && m_ask) {
             step = m_ask(list->calendars, access(), remember);
         } else {
-            finish(!m_ask                ? u"There is no display to ask you on."_s
-                   : m_program.isEmpty() ? u"The calendar reader is not installed."_s
-                                         : u"The calendars could not be looked for."_s);
+            finish(!m_ask                ? tr("There is no display to ask you on.")
+                   : m_program.isEmpty() ? tr("The calendar reader is not installed.")
+                                         : tr("The calendars could not be looked for."));
         }
     };
     request->step = run({u"list"_s}, ask);

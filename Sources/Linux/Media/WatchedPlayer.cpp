@@ -37,6 +37,7 @@ void WatchedPlayer::follow(const QString &owner) {
                   SLOT(onPropertiesChanged(QString, QVariantMap, QStringList)));
     // Some players answer only after they have started.
     ask(rootInterface, 30s, [this](const QVariantMap &properties) {
+        m_identity = properties.value(QStringLiteral("Identity")).toString();
         Q_EMIT identified(properties.value(QStringLiteral("DesktopEntry")).toString());
     });
 }
@@ -60,6 +61,9 @@ void WatchedPlayer::readState() {
         const auto metadata = qdbus_cast<QVariantMap>(properties.value(QStringLiteral("Metadata")));
         const QString state = properties.value(QStringLiteral("PlaybackStatus")).toString();
         QVariantMap information{{QStringLiteral("Player State"), state}};
+        if (!m_identity.isEmpty()) {
+            information.insert(QStringLiteral("Player"), m_identity);
+        }
         const QString title = metadata.value(QStringLiteral("xesam:title")).toString();
         if (!title.isEmpty()) {
             information.insert(QStringLiteral("Name"), title);

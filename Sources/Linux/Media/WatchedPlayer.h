@@ -43,6 +43,7 @@ private:
 
     QDBusConnection m_bus;
     QString m_name;
+    QString m_identity; ///< the name that users know it by
     QTimer m_burst;
     bool m_describesChanges = false;
 };

@@ -136,7 +136,7 @@ public:
     void openUrl(const QUrl &url, Completion completion) override {
         if (completion) {
             answerLater(std::move(completion),
-                        QStringLiteral("Nothing here can open “%1”.")
+                        QCoreApplication::translate("NullHosts", "Nothing here can open “%1”.")
                             .arg(url.toDisplayString(QUrl::PreferLocalFile)));
         }
     }
@@ -168,7 +168,8 @@ class NullLoginItem : public LoginItem {
 public:
     bool isEnabled() const override { return false; }
     Result registerProgram() override {
-        return {.message = QStringLiteral("Nothing here starts programs at login.")};
+        return {.message = QCoreApplication::translate("NullHosts",
+                                                       "Nothing here starts programs at login.")};
     }
     Result unregisterProgram() override { return {.outcome = Outcome::Unregistered}; }
 };
@@ -201,7 +202,8 @@ public:
 class NullMusicPlayer : public MusicPlayer {
 public:
     void open(Completion completion) override {
-        answerLater(std::move(completion), QStringLiteral("There is no music application here."));
+        answerLater(std::move(completion), QCoreApplication::translate(
+                                               "NullHosts", "There is no music application here."));
     }
 };
 
@@ -238,7 +240,7 @@ public:
     }
     std::unique_ptr<AudioRoute> route(AudioObject, std::shared_ptr<AudioRingBuffer>,
                                       QString &error) override {
-        error = QStringLiteral("There is no audio system.");
+        error = QCoreApplication::translate("NullHosts", "There is no audio system.");
         return nullptr;
     }
 };
@@ -253,21 +255,25 @@ public:
     void stopRuns() override {}
     QString folder() const override { return {}; }
     void prepareFolder(FolderCompletion completion) override {
-        answerLater(std::move(completion),
-                    QStringLiteral("There is no folder for shortcuts here."));
+        answerLater(
+            std::move(completion),
+            QCoreApplication::translate("NullHosts", "There is no folder for shortcuts here."));
     }
 };
 
 class NullFileServices : public FileServices {
 public:
     void reveal(const QUrl &, Completion completion) override {
-        answerLater(std::move(completion), QStringLiteral("There is no file manager here."));
+        answerLater(std::move(completion),
+                    QCoreApplication::translate("NullHosts", "There is no file manager here."));
     }
     void findShareTargets(const QUrl &, TargetsCompletion completion) override {
         answerLater(std::move(completion), QList<ShareTarget>());
     }
     void share(const QUrl &, const QString &, Completion completion) override {
-        answerLater(std::move(completion), QStringLiteral("There is nothing to share with here."));
+        answerLater(
+            std::move(completion),
+            QCoreApplication::translate("NullHosts", "There is nothing to share with here."));
     }
 };
 
@@ -275,7 +281,8 @@ class NullCalendarStore : public CalendarStore {
 public:
     CalendarAccess access() const override { return CalendarAccess::NotAsked; }
     Task requestAccess(AccessCompletion completion) override {
-        const CalendarStore::Answer answer{.error = QStringLiteral("There are no calendars here.")};
+        const CalendarStore::Answer answer{
+            .error = QCoreApplication::translate("NullHosts", "There are no calendars here.")};
         return std::make_unique<perchly::Answer>(std::move(completion), answer);
     }
     Task events(Clock::TimePoint, Clock::TimePoint, EventsCompletion completion) override {

@@ -26,10 +26,6 @@ constexpr auto arrivalTimeout = 1s;
 /// How long a route may play to a new default output before the change is announced.
 constexpr auto newsTimeout = 500ms;
 
-QString failure(const char *what, int status) {
-    return QStringLiteral("%1 (%2).").arg(QString::fromUtf8(what)).arg(status);
-}
-
 bool isAny(const QList<const GraphStream *> &streams, bool GraphStream::*property) {
     return std::any_of(streams.cbegin(), streams.cend(),
                        [property](const GraphStream *stream) { return stream->*property; });
@@ -79,15 +75,13 @@ PipeWireRoute::~PipeWireRoute() {
 }
 
 QString PipeWireRoute::start(std::shared_ptr<AudioRingBuffer> ring) {
-    if (const int status = findProcess(); status != 0) {
-        return failure("Audio access failed. Allow Perchly in System Settings → Privacy & Security "
-                       "→ Screen & System Audio Recording, then retry",
-                       status);
+    if (const QString reason = findProcess(); !reason.isEmpty()) {
+        return tr("Audio access failed. %1").arg(reason);
     }
     // PipeWire converts all formats into the sink's stereo floats, except those that only the
     // device can decode.
     if (isAny(m_graph.streamsOf(m_process), &GraphStream::isEncoded)) {
-        return QStringLiteral("This app’s audio format is not supported by the mixer yet.");
+        return tr("This app’s audio format is not supported by the mixer yet.");
     }
     m_streams = std::make_shared<RouteStreams>(
         m_connection, QUuid::createUuid().toString(QUuid::WithoutBraces),
@@ -97,15 +91,15 @@ QString PipeWireRoute::start(std::shared_ptr<AudioRingBuffer> ring) {
             }
         });
     if (const int status = m_streams->openCapture(); status != 0) {
-        return failure("Cannot create private audio route", status);
+        return tr("Cannot create private audio route (%1).").arg(status);
     }
     if (const int status = m_graph.defaultOutput() == 0 ? -ENODEV : m_streams->openPlayback();
         status != 0) {
-        return QStringLiteral("The audio output cannot be opened: %1.")
+        return tr("The audio output cannot be opened: %1.")
             .arg(QString::fromLocal8Bit(std::strerror(-status)));
     }
     if (!m_streams->isIntact()) {
-        return failure("Cannot start app audio. Check audio-capture permission", -EIO);
+        return tr("Cannot start app audio (%1).").arg(-EIO);
     }
     m_isStarted = true;
     m_streams->cycle().open();
@@ -115,15 +109,17 @@ QString PipeWireRoute::start(std::shared_ptr<AudioRingBuffer> ring) {
     return {};
 }
 
-/// 0 if the process can be routed, else a negative error number.
-int PipeWireRoute::findProcess() const {
+/// Why the process cannot be routed; empty if it can.
+QString PipeWireRoute::findProcess() const {
     if (!m_graph.isComplete()) {
-        return -ENOTCONN;
+        return tr("PipeWire does not answer.");
     }
     if (!m_graph.hasProcess(m_process)) {
-        return -ESRCH;
+        return tr("PipeWire no longer lists this app.");
     }
-    return isAny(m_graph.streamsOf(m_process), &GraphStream::isFixed) ? -EPERM : 0;
+    return isAny(m_graph.streamsOf(m_process), &GraphStream::isFixed)
+               ? tr("This app does not let PipeWire move its sound.")
+               : QString();
 }
 
 void PipeWireRoute::send() {

@@ -37,7 +37,7 @@ Q_SIGNALS:
     void stopped();
 
 private:
-    [[nodiscard]] int findProcess() const;
+    [[nodiscard]] QString findProcess() const;
     void send();
     void interrupt();
 

@@ -2,6 +2,7 @@
 
 #include "WholeFile.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -124,7 +125,8 @@ QString PreferenceFile::write(const QByteArray &bytes) {
     if (m_damaged && QFileInfo::exists(m_path)) {
         const auto kept = wholefile::setAside(m_path);
         if (!kept) {
-            return QStringLiteral("what stands there cannot be moved aside");
+            return QCoreApplication::translate("PreferenceFile",
+                                               "what stands there cannot be moved aside");
         }
         tell(QStringLiteral("kept the previous file as %1").arg(*kept));
     }

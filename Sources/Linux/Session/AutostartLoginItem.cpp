@@ -77,7 +77,9 @@ LoginItem::Result AutostartLoginItem::write(const QByteArray &entry, Outcome out
     const QString path = ownEntry();
     const QString error = wholefile::replace(path, entry, wholefile::Durability::System);
     if (!error.isEmpty()) {
-        return {.message = QStringLiteral("“%1” could not be written: %2.").arg(path, error)};
+        return {.message =
+                    QCoreApplication::translate("LoginItem", "“%1” could not be written: %2.")
+                        .arg(path, error)};
     }
     return {.outcome = outcome};
 }
@@ -85,7 +87,9 @@ LoginItem::Result AutostartLoginItem::write(const QByteArray &entry, Outcome out
 LoginItem::Result AutostartLoginItem::registerProgram() {
     const QFileInfo program(m_program);
     if (!program.isAbsolute() || !program.isFile() || !program.isExecutable()) {
-        return {.message = QStringLiteral("There is no program at “%1” to start.").arg(m_program)};
+        return {.message = QCoreApplication::translate("LoginItem",
+                                                       "There is no program at “%1” to start.")
+                               .arg(m_program)};
     }
     return write("[Desktop Entry]\n"
                  "Type=Application\n"
@@ -104,8 +108,9 @@ LoginItem::Result AutostartLoginItem::registerProgram() {
 LoginItem::Result AutostartLoginItem::unregisterProgram() {
     QFile entry(ownEntry());
     if ((entry.exists() || QFileInfo(entry).isSymLink()) && !entry.remove()) {
-        return {.message = QStringLiteral("“%1” could not be removed: %2.")
-                               .arg(entry.fileName(), entry.errorString())};
+        return {.message =
+                    QCoreApplication::translate("LoginItem", "“%1” could not be removed: %2.")
+                        .arg(entry.fileName(), entry.errorString())};
     }
     if (isEnabled()) { // by a system-wide entry
         return write("[Desktop Entry]\nType=Application\nName=Perchly\nHidden=true\n",

@@ -1,5 +1,6 @@
 #include "FolderShortcutsTool.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QStandardPaths>
 
@@ -97,12 +98,13 @@ void FolderShortcutsTool::stopRuns() {
 }
 
 void FolderShortcutsTool::prepareFolder(FolderCompletion completion) {
-    m_workers.run(
-        &shortcutsfolder::prepare, [completion = std::move(completion)](const QString &error) {
-            completion(error.isEmpty()
-                           ? QString()
-                           : QStringLiteral("The shortcuts folder cannot be made: %1.").arg(error));
-        });
+    m_workers.run(&shortcutsfolder::prepare, [completion =
+                                                  std::move(completion)](const QString &error) {
+        completion(error.isEmpty() ? QString()
+                                   : QCoreApplication::translate(
+                                         "Shortcuts", "The shortcuts folder cannot be made: %1.")
+                                         .arg(error));
+    });
 }
 
 } // namespace perchly

@@ -16,17 +16,17 @@ bool isUsable(const PowerSource &source) {
 
 QString lineOf(const PowerSources::Reading &reading) {
     if (!reading) {
-        return QStringLiteral("Battery unavailable");
+        return Battery::tr("Battery unavailable");
     }
     const auto battery = std::ranges::find_if(*reading, isUsable);
     if (battery == reading->cend()) {
-        return QStringLiteral("No internal battery");
+        return Battery::tr("No internal battery");
     }
     const qint64 percent = qint64(*battery->currentCapacity) * 100 / *battery->maxCapacity;
-    return QStringLiteral("%1% · %2")
-        .arg(QString::number(percent), battery->isCharging  ? QStringLiteral("Charging")
-                                       : battery->isOnMains ? QStringLiteral("Plugged in")
-                                                            : QStringLiteral("On battery"));
+    return Battery::tr("%1% · %2")
+        .arg(QString::number(percent), battery->isCharging  ? Battery::tr("Charging")
+                                       : battery->isOnMains ? Battery::tr("Plugged in")
+                                                            : Battery::tr("On battery"));
 }
 
 } // namespace
@@ -34,7 +34,7 @@ QString lineOf(const PowerSources::Reading &reading) {
 Battery::Battery(PowerSources &power, QObject *parent)
     : QObject(parent)
     , m_power(power)
-    , m_line(QStringLiteral("Checking battery…")) {
+    , m_line(tr("Checking battery…")) {
     refresh();
 }
 

@@ -76,8 +76,7 @@ void Capture::end(const QString &path, int status) {
     if (QFile::exists(path)) {
         Q_EMIT captured(QUrl::fromLocalFile(path));
     } else if (status != 0) {
-        setError(QStringLiteral("Capture cancelled or unavailable. Check Screen Recording "
-                                "permission if capture fails."));
+        setError(tr("The screen could not be captured."));
     }
     m_shell.showTools();
 }

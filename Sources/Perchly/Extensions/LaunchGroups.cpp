@@ -101,7 +101,7 @@ void LaunchGroups::launch(const QUuid &id) {
         const auto opened = [notice = m_notice, url, place, lastFailed](const QString &error) {
             if (!error.isEmpty() && place > *lastFailed) {
                 *lastFailed = place;
-                notice(QStringLiteral("Could not open ") + lastPathComponent(url));
+                notice(tr("Could not open %1").arg(lastPathComponent(url)));
             }
         };
         if (url.isLocalFile()) {

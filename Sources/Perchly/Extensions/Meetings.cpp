@@ -44,7 +44,7 @@ Meetings::Meetings(CalendarStore &calendars, Clock &clock, QObject *parent)
     : KeyedRows({"title", "start", "status", "running", "link"}, parent)
     , m_calendars(calendars)
     , m_clock(clock)
-    , m_message(QStringLiteral("Connect Calendar to see upcoming meetings.")) {
+    , m_message(tr("Connect Calendar to see upcoming meetings.")) {
     connect(&calendars, &CalendarStore::changed, this, &Meetings::refresh);
     followDay();
 }
@@ -62,9 +62,9 @@ QString Meetings::firstTitle() const {
 
 QString Meetings::statusOf(const CalendarEvent &event) const {
     const auto left = event.start - m_clock.now();
-    return left <= 0ms ? QStringLiteral("In progress")
-                       : QStringLiteral("Starts in %1 min")
-                             .arg(std::chrono::ceil<std::chrono::minutes>(left).count());
+    return left <= 0ms ? tr("In progress")
+                       : tr("Starts in %n min", nullptr,
+                            int(std::chrono::ceil<std::chrono::minutes>(left).count()));
 }
 
 void Meetings::connectCalendar() {
@@ -81,8 +81,7 @@ void Meetings::connectCalendar() {
         if (answer.access == CalendarAccess::Granted) {
             setMessage({});
         } else if (answer.access == CalendarAccess::Denied) {
-            setMessage(QStringLiteral("Calendar access denied. Enable it in System Settings → "
-                                      "Privacy & Security → Calendars."));
+            setMessage(tr("Calendar access is off. Press “Connect Calendar” to turn it on."));
         }
         refresh();
     });
@@ -114,8 +113,8 @@ void Meetings::show(const QList<CalendarEvent> &events) {
     setEvents(upcoming);
     // If the permission could not be stored, meetings are shown in this run, but the error stays.
     setMessage(!m_connectError.isEmpty()   ? m_connectError
-               : !m_calendars.isReadable() ? QStringLiteral("Your calendars could not all be read.")
-               : upcoming.isEmpty()        ? QStringLiteral("No meetings in the next seven days.")
+               : !m_calendars.isReadable() ? tr("Your calendars could not all be read.")
+               : upcoming.isEmpty()        ? tr("No meetings in the next seven days.")
                                            : QString());
 }
 
@@ -126,12 +125,13 @@ void Meetings::setEvents(const QList<CalendarEvent> &events) {
         Q_EMIT firstTitleChanged();
     }
     Rows rows;
+    const Clock::TimePoint now = m_clock.now();
     for (const CalendarEvent &event : events) {
         const QString status = statusOf(event);
-        rows.append({event.identifier,
-                     {event.title.isEmpty() ? QStringLiteral("Meeting") : inOneLine(event.title),
-                      startText(event), status, status == QLatin1StringView("In progress"),
-                      m_links.value(event.identifier)}});
+        rows.append(
+            {event.identifier,
+             {event.title.isEmpty() ? tr("Meeting") : inOneLine(event.title), startText(event),
+              status, event.start <= now, m_links.value(event.identifier)}});
     }
     setRows(rows);
 }

@@ -57,26 +57,26 @@ KeyedRows::Rows SearchResults::matches() const {
             rows.append({kind + u'/' + key, {kind, label, target}});
         }
     };
-    begin(QStringLiteral("Apps"));
+    begin(tr("Apps"));
     for (const ShelfItem &item : m_library.installed()) {
         add(QStringLiteral("app"), item.id, item.name, item.shownName(), item.applicationPath());
     }
     const QString note = m_preferences.string(keys::quickNote).value_or(QString());
     if (m_editingNote || (!note.isEmpty() && matchesSearch(note, m_query))) {
-        begin(QStringLiteral("Quick note"));
+        begin(tr("Quick note"));
         rows.append({QStringLiteral("note"), {QStringLiteral("note"), note, QVariant()}});
     }
-    begin(QStringLiteral("Clipboard"));
+    begin(tr("Clipboard"));
     for (const Clip &clip : m_clipboard.clips()) {
         const QString label = clip.label();
         add(QStringLiteral("clip"), clip.id.toString(), label, rowText(label), clip.id);
     }
-    begin(QStringLiteral("Pinned snippets"));
+    begin(tr("Pinned snippets"));
     for (const Snippet &snippet : m_snippets.list()) {
         add(QStringLiteral("snippet"), snippet.id.toString(), snippet.text, rowText(snippet.text),
             snippet.text);
     }
-    begin(QStringLiteral("Held files and links"));
+    begin(tr("Held files and links"));
     for (const QUrl &url : m_held.urls()) {
         const QString address = url.toString(QUrl::FullyEncoded);
         add(QStringLiteral("held"), address, address, inOneLine(HeldFiles::labelOf(url)), url);

@@ -147,7 +147,7 @@ Flickable {
             Accessible.role: Accessible.AlertMessage
             color: Theme.orange
             leftPadding: 3
-            text: "Too long: a note holds at most %1 characters.".arg(root.maxLength.toLocaleString(Qt.locale("en_US"), "f", 0))
+            text: qsTr("Too long: a note holds at most %1 characters.").arg(root.maxLength.toLocaleString(Qt.locale(), "f", 0))
             width: root.width
         }
     }

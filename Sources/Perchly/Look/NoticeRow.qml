@@ -23,7 +23,7 @@ RowLayout {
         id: button
 
         size: 12
-        text: "Dismiss"
+        text: qsTr("Dismiss")
 
         onActivated: root.dismissed()
         onVisibleChanged: {

@@ -11,6 +11,8 @@ Item {
     /// The accessible name.
     required property string label
     required property list<string> options
+    /// The shown names of the options.
+    property list<string> names: root.options
     required property string current
 
     readonly property int currentIndex: root.options.indexOf(root.current)
@@ -57,7 +59,7 @@ Item {
                 activeFocusOnTab: segment.selected || segment.activeFocus || (segment.index === 0 && root.currentIndex < 0)
                 focusInset: -1
                 height: parent.height
-                label: segment.modelData
+                label: root.names[segment.index]
                 plateRadius: 7
                 pressedScale: 1
                 width: parent.width / root.options.length
@@ -76,7 +78,7 @@ Item {
                     font.pixelSize: 13
                     font.weight: segment.selected ? Font.DemiBold : Font.Medium
                     horizontalAlignment: Text.AlignHCenter
-                    text: segment.modelData
+                    text: root.names[segment.index]
                     width: Math.min(implicitWidth, segment.width - 8)
                 }
             }

@@ -26,7 +26,7 @@ RangeControl {
             size: 12
             subject: root.label
             symbol: "minus"
-            toolTip: "Less"
+            toolTip: qsTr("Less")
             usable: root.current > root.from
             width: 34
 
@@ -45,7 +45,7 @@ RangeControl {
             size: 12
             subject: root.label
             symbol: "plus"
-            toolTip: "More"
+            toolTip: qsTr("More")
             usable: root.current < root.to
             width: 34
 

@@ -71,7 +71,7 @@ T.TextField {
         size: 12
         subject: root.placeholder
         symbol: "xmark.circle.fill"
-        toolTip: "Clear"
+        toolTip: qsTr("Clear")
         visible: root.text !== ""
 
         onActivated: {

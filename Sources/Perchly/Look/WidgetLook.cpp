@@ -34,6 +34,10 @@ QStringList WidgetLook::titles() {
     return titles;
 }
 
+QString WidgetLook::name(const QString &title) {
+    return widgetLabel(title);
+}
+
 QString WidgetLook::symbol(const QString &title) {
     return QString::fromLatin1(lookOf(title).symbol);
 }

@@ -19,6 +19,8 @@ public:
 
     /// All titles, in the order of choosers.
     [[nodiscard]] static QStringList titles();
+    /// The title in the user's language.
+    Q_INVOKABLE [[nodiscard]] static QString name(const QString &title);
     /// The symbol's name; empty for any other text.
     Q_INVOKABLE [[nodiscard]] static QString symbol(const QString &title);
     /// The colour of its tile; transparent for any other text.

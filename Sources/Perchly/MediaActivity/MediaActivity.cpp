@@ -72,7 +72,7 @@ QString textToShow(const QString &text) {
 }
 
 void applyMedia(ShelfModel &model, const std::optional<MediaActivity> &activity) {
-    Media media{.source = QStringLiteral("Media"), .playerID = model.media().playerID};
+    Media media{.playerID = model.media().playerID};
     if (activity) {
         media.active = true;
         media.playing = activity->playing;

@@ -52,8 +52,11 @@ void MediaControl::begin(const QString &word, bool anyTrack) {
 void MediaControl::tellPlayer(const QString &word) {
     m_step = m_reader.tell(m_model.media().playerID, word, [this](const auto &state) {
         if (!state) {
-            end(QStringLiteral("Allow Perchly in System Settings → Privacy & Security → "
-                               "Automation, then try again."));
+            end(tr("Nothing is playing. Start a player and try again."));
+            return;
+        }
+        if (state->trimmed() == "refused") {
+            end(tr("%1 refused this command.").arg(m_model.mediaSource()));
             return;
         }
         Media media = m_model.media();
@@ -66,8 +69,8 @@ void MediaControl::tellPlayer(const QString &word) {
 void MediaControl::onFreshReading(const MediaReading &reading) {
     const auto &activity = reading.activity;
     if (!activity || !isSameItem(*activity)) {
-        end(QStringLiteral("The media session changed. Wait for the current player to appear, then "
-                           "try again."));
+        end(tr("The media session changed. Wait for the current player to appear, then "
+               "try again."));
         return;
     }
     m_command.title = activity->title;
@@ -75,7 +78,7 @@ void MediaControl::onFreshReading(const MediaReading &reading) {
         resolvePlaybackCommand(m_command.word, activity->playing).value_or(m_command.kind);
     m_command.target = seekTarget(m_command.kind, *activity);
     if (isSeek(m_command.kind) && !m_command.target) {
-        end(QStringLiteral("This player does not expose a seekable timeline."));
+        end(tr("This player does not expose a seekable timeline."));
         return;
     }
     m_step = m_reader.send(m_command.kind, m_command.target, [this](bool accepted) {
@@ -84,7 +87,7 @@ void MediaControl::onFreshReading(const MediaReading &reading) {
         } else if (accepted) {
             waitAndVerify();
         } else {
-            end(m_command.source + QStringLiteral(" could not receive this playback command."));
+            end(tr("%1 could not receive this playback command.").arg(m_command.source));
         }
     });
 }
@@ -105,10 +108,10 @@ void MediaControl::onVerification(const MediaReading &reading) {
     }
     ++m_command.attempts;
     if (m_command.attempts == maxAttempts) {
-        end(m_command.source +
-            QStringLiteral(" did not apply this media command. The tab may be closed, "
-                           "buffering, or unable to accept remote controls. Open the player "
-                           "and try again."));
+        end(tr("%1 did not apply this media command. The tab may be closed, buffering, or unable "
+               "to "
+               "accept remote controls. Open the player and try again.")
+                .arg(m_command.source));
     } else {
         waitAndVerify();
     }

@@ -4,6 +4,7 @@
 #include "MediaActivity.h"
 #include "MediaPlaybackCommand.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 
 #include <optional>
@@ -19,6 +20,7 @@ class ShelfModel;
 /// players without a check. A failure leaves one sentence in the model and drops the commands that
 /// wait. Main thread only; the destructor cancels all commands.
 class MediaControl {
+    Q_DECLARE_TR_FUNCTIONS(MediaControl)
 public:
     /// The arguments must outlive the control.
     MediaControl(ShelfModel &model, MediaActivityReader &reader, Clock &clock)

@@ -73,7 +73,7 @@ void MediaTracking::read() {
 void MediaTracking::openMusic() {
     m_musicPlayer.open([guard = QPointer(this)](const QString &error) {
         if (guard && error.isEmpty()) {
-            guard->m_model.setActivity(QStringLiteral("Music is open"));
+            guard->m_model.setActivity(tr("Music is open"));
         } else if (guard) {
             guard->m_model.setControlError(error);
         }
@@ -88,10 +88,9 @@ void MediaTracking::onNotification(const QString &name, const QVariantMap &infor
     const QVariant state = information.value(QStringLiteral("Player State"));
     media.playing = state == QStringLiteral("Playing");
     media.active = media.playing || state == QStringLiteral("Paused");
-    media.source = Media().source;
+    media.source = textOr(information.value(QStringLiteral("Player")), Media().source);
     media.playerID = Media().playerID;
     if (name.contains(QLatin1StringView("spotify"))) {
-        media.source = QStringLiteral("Spotify");
         media.playerID = QStringLiteral("com.spotify.client");
     }
     media.title = textOr(information.value(QStringLiteral("Name")), Media().title);

@@ -1,5 +1,6 @@
 #include "ClipboardHistory.h"
 
+#include "KeyPress.h"
 #include "Pasteboard.h"
 #include "PictureReader.h"
 #include "ShownText.h"
@@ -127,7 +128,8 @@ void ClipboardHistory::finishCopy() {
     m_reading.reset();
     m_decoding.reset();
     m_count = m_pasteboard.changeCount();
-    m_notice(QStringLiteral("Copied. Paste into your app with ⌘V."));
+    m_notice(
+        tr("Copied. Paste into your app with %1.").arg(chordText({Qt::Key_V, Modifier::Control})));
 }
 
 void ClipboardHistory::copyClip(const QUuid &id) {

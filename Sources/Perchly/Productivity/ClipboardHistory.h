@@ -5,6 +5,7 @@
 #include "Notice.h"
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QUrl>
 #include <QUuid>
 
@@ -25,7 +26,7 @@ struct Clip {
 
     /// The text that lists show and searches use.
     [[nodiscard]] QString label() const {
-        return isImage() ? QStringLiteral("Copied image") : text;
+        return isImage() ? QCoreApplication::translate("ClipboardHistory", "Copied image") : text;
     }
     [[nodiscard]] bool isImage() const { return !image.isEmpty(); }
 };

@@ -143,12 +143,11 @@ void HeldFiles::addFiles() {
     if (m_asking) {
         return;
     }
-    m_asking = m_openPanel.ask(
-        {.title = QStringLiteral("Add files"), .confirmLabel = QStringLiteral("Add"), .folder = {}},
-        [this](const QList<QUrl> &chosen) {
-            const auto task = std::move(m_asking);
-            hold(chosen);
-        });
+    m_asking = m_openPanel.ask({.title = tr("Add files"), .confirmLabel = tr("Add"), .folder = {}},
+                               [this](const QList<QUrl> &chosen) {
+                                   const auto task = std::move(m_asking);
+                                   hold(chosen);
+                               });
 }
 
 bool HeldFiles::addLink(const QString &text) {

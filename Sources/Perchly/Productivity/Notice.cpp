@@ -4,11 +4,11 @@
 
 namespace perchly {
 
-std::function<void(const QString &error)> reportFailure(const Notice &notice, const QString &doing,
-                                                        const QUrl &url) {
-    return [notice, doing, label = HeldFiles::labelOf(url)](const QString &error) {
+std::function<void(const QString &error)> reportFailure(const Notice &notice,
+                                                        const QString &sentence, const QUrl &url) {
+    return [notice, sentence, label = HeldFiles::labelOf(url)](const QString &error) {
         if (!error.isEmpty()) {
-            notice(doing + u' ' + label + QStringLiteral(". ") + error);
+            notice(sentence.arg(label, error));
         }
     };
 }

@@ -15,11 +15,11 @@ Productivity::Productivity(Hosts &hosts, ShelfLibrary &library, ShelfModel &mode
     , m_shortcuts(*hosts.shortcuts, *hosts.applications, library, notice())
     , m_layouts(*hosts.preferences, library, model) {
     connect(hosts.preferences.get(), &Preferences::failed, this, [this](const QString &reason) {
-        setMessage(QStringLiteral("Could not save your changes yet. %1.").arg(reason));
+        setMessage(tr("Could not save your changes yet. %1.").arg(reason));
     });
     connect(hosts.preferences.get(), &Preferences::tooLarge, this, [this] {
-        setMessage(QStringLiteral("There is no room to keep that. Snippets, layouts, launch groups "
-                                  "and apps may take 512 KiB each."));
+        setMessage(tr("There is no room to keep that. Snippets, layouts, launch groups "
+                      "and apps may take 512 KiB each."));
     });
 }
 
@@ -37,18 +37,16 @@ Notice Productivity::notice() {
 }
 
 void Productivity::open(const QUrl &url) {
-    m_hosts.applications->openUrl(url,
-                                  reportFailure(notice(), QStringLiteral("Could not open"), url));
+    m_hosts.applications->openUrl(url, reportFailure(notice(), tr("Could not open %1. %2"), url));
 }
 
 void Productivity::openApplication(const QString &path) {
     m_hosts.applications->open(
-        path, reportFailure(notice(), QStringLiteral("Could not open"), QUrl::fromLocalFile(path)));
+        path, reportFailure(notice(), tr("Could not open %1. %2"), QUrl::fromLocalFile(path)));
 }
 
 void Productivity::reveal(const QUrl &url) {
-    m_hosts.fileServices->reveal(url,
-                                 reportFailure(notice(), QStringLiteral("Could not reveal"), url));
+    m_hosts.fileServices->reveal(url, reportFailure(notice(), tr("Could not reveal %1. %2"), url));
 }
 
 void Productivity::findShareTargets(const QUrl &url) {
@@ -67,7 +65,7 @@ void Productivity::findShareTargets(const QUrl &url) {
 
 void Productivity::share(const QUrl &url, const QString &targetId) {
     m_hosts.fileServices->share(url, targetId,
-                                reportFailure(notice(), QStringLiteral("Could not share"), url));
+                                reportFailure(notice(), tr("Could not share %1. %2"), url));
 }
 
 } // namespace perchly

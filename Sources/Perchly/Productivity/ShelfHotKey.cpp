@@ -2,6 +2,7 @@
 
 #include "HotKeys.h"
 #include "Productivity.h"
+#include "ShelfPreferences.h"
 #include "ShellActions.h"
 
 namespace perchly {
@@ -10,7 +11,6 @@ namespace {
 
 constexpr int toggleIdentifier = 1;
 constexpr int searchIdentifier = 2;
-constexpr Modifiers controlOption = Modifier::Control | Modifier::Option;
 
 } // namespace
 
@@ -25,14 +25,15 @@ void ShelfHotKey::registerChords() {
     // Queued: the action must not run inside the host's event handler.
     connect(&m_hotKeys, &HotKeys::pressed, this, &ShelfHotKey::perform, Qt::QueuedConnection);
 
-    const bool toggle = m_hotKeys.registerChord(toggleIdentifier, {Qt::Key_Space, controlOption});
-    const bool search = m_hotKeys.registerChord(searchIdentifier, {Qt::Key_K, controlOption});
+    const bool toggle = m_hotKeys.registerChord(toggleIdentifier, ShelfPreferences::toggleChord);
+    const bool search = m_hotKeys.registerChord(searchIdentifier, ShelfPreferences::searchChord);
     if (!search) {
-        m_productivity.setMessage(QStringLiteral("Could not register ⌃⌥K for search."));
+        m_productivity.setMessage(
+            tr("Could not register %1 for search.").arg(chordText(ShelfPreferences::searchChord)));
     }
     if (!toggle) {
-        m_productivity.setMessage(
-            QStringLiteral("Could not register ⌃⌥Space. Another app may use that shortcut."));
+        m_productivity.setMessage(tr("Could not register %1. Another app may use that shortcut.")
+                                      .arg(chordText(ShelfPreferences::toggleChord)));
     }
 }
 

@@ -20,7 +20,7 @@ Shortcuts::Shortcuts(ShortcutsTool &tool, Applications &applications, ShelfLibra
     // Its exit status is unknown.
     m_busy = tool.resume([guard = QPointer(this)] {
         if (guard && guard->m_stopped) {
-            guard->m_notice(QStringLiteral("Stopped: ") + guard->m_busy);
+            guard->m_notice(tr("Stopped: %1").arg(guard->m_busy));
         }
         if (guard) {
             guard->setBusy({});
@@ -34,8 +34,7 @@ void Shortcuts::refresh() {
         if (result.status == 0) {
             show(result.output);
         } else {
-            m_notice(
-                QStringLiteral("Could not load Shortcuts. Open the Shortcuts app and try again."));
+            m_notice(tr("Could not load your shortcuts. Their folder is %1").arg(folder()));
         }
     });
 }
@@ -69,15 +68,14 @@ void Shortcuts::run(const QString &name) {
         return;
     }
     setBusy(name.isNull() ? QStringLiteral("") : name); // not null, even if the name is
-    m_run = m_tool.execute(
-        {QStringLiteral("run"), name}, [this, name](const ShortcutsTool::Result &result) {
-            const bool stopped = m_stopped;
-            setBusy({});
-            m_notice(result.status == 0 ? QStringLiteral("Finished: ") + name
-                     : stopped          ? QStringLiteral("Stopped: ") + name
-                                        : QStringLiteral("Shortcut failed: ") + name +
-                                     QStringLiteral(". Check its permissions in Shortcuts."));
-        });
+    m_run = m_tool.execute({QStringLiteral("run"), name}, [this, name](
+                                                              const ShortcutsTool::Result &result) {
+        const bool stopped = m_stopped;
+        setBusy({});
+        m_notice(result.status == 0 ? tr("Finished: %1").arg(name)
+                 : stopped          ? tr("Stopped: %1").arg(name)
+                           : tr("Shortcut failed: %1. Run it in a terminal to see why.").arg(name));
+    });
 }
 
 void Shortcuts::stop() {
@@ -102,7 +100,7 @@ void Shortcuts::openFolder() {
         if (guard && error.isEmpty()) {
             const QUrl folder = QUrl::fromLocalFile(guard->m_tool.folder());
             guard->m_applications.openUrl(
-                folder, reportFailure(guard->m_notice, QStringLiteral("Could not open"), folder));
+                folder, reportFailure(guard->m_notice, tr("Could not open %1. %2"), folder));
             guard->refresh();
         } else if (guard) {
             guard->m_notice(error);

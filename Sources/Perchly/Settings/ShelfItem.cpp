@@ -20,7 +20,7 @@ ShelfItem ShelfItem::forApplication(const QString &path, const QString &name) {
 }
 
 QString ShelfItem::shownName() const {
-    return inOneLine(name);
+    return widgetTitle().isEmpty() ? inOneLine(name) : widgetLabel(inOneLine(name));
 }
 
 bool ShelfItem::removable() const {

@@ -91,8 +91,8 @@ void ShelfLibrary::refresh() {
 }
 
 void ShelfLibrary::browse() {
-    m_browsing = m_openPanel.ask({.title = QStringLiteral("Choose applications"),
-                                  .confirmLabel = QStringLiteral("Add to shelf"),
+    m_browsing = m_openPanel.ask({.title = tr("Choose applications"),
+                                  .confirmLabel = tr("Add to shelf"),
                                   .folder = m_catalog.startFolder(),
                                   .choice = OpenPanel::Choice::Applications},
                                  [this](const QList<QUrl> &urls) { addChosen(urls); });

@@ -58,14 +58,13 @@ void ShelfModel::startCountdown(int minutes, const QString &activity) {
 void ShelfModel::focus() {
     m_isBreak = false;
     m_plannedMinutes = storedMinutes(keys::focusMinutes, keys::defaultFocusMinutes);
-    startCountdown(m_plannedMinutes, QStringLiteral("Focus session"));
+    startCountdown(m_plannedMinutes, tr("Focus session"));
 }
 
 void ShelfModel::startBreak() {
     endFocus();
     m_isBreak = true;
-    startCountdown(storedMinutes(keys::breakMinutes, keys::defaultBreakMinutes),
-                   QStringLiteral("Break"));
+    startCountdown(storedMinutes(keys::breakMinutes, keys::defaultBreakMinutes), tr("Break"));
 }
 
 void ShelfModel::togglePause() {
@@ -84,7 +83,7 @@ void ShelfModel::endFocus() {
     setRunning(false);
     publish(m_seconds, 0, &ShelfModel::secondsChanged);
     setQuietFocus(false);
-    setActivity(QStringLiteral("Ready when you are"));
+    setActivity(tr("Ready when you are"));
 }
 
 void ShelfModel::refreshDay() {
@@ -129,7 +128,7 @@ void ShelfModel::tick() {
     setQuietFocus(false);
     m_deadline.reset();
     setRunning(false);
-    setActivity(m_isBreak ? QStringLiteral("Break complete") : QStringLiteral("Focus complete"));
+    setActivity(m_isBreak ? tr("Break complete") : tr("Focus complete"));
     m_alertSound.play();
 }
 

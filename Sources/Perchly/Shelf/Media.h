@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 namespace perchly {
@@ -8,10 +9,10 @@ namespace perchly {
 struct Media {
     bool active = false; ///< playing or paused
     bool playing = false;
-    QString title = QStringLiteral("Music");
+    QString title = QCoreApplication::translate("Media", "Music");
     QString artist = QStringLiteral("");
-    QString source = QStringLiteral("Apple Music"); ///< the player's name
-    bool isSystem = false;                          ///< from the desktop's media session
+    QString source = QCoreApplication::translate("Media", "Music"); ///< the player's name
+    bool isSystem = false; ///< from the desktop's media session
     /// The player that gets commands while the media session is empty.
     QString playerID = QStringLiteral("com.apple.Music");
     bool isBrowser = false;

@@ -189,7 +189,7 @@ private:
     double m_hardwareNotchWidth = 0;
     Widget m_left = Widget::Clock;
     Widget m_right = Widget::Timer;
-    QString m_activity = QStringLiteral("Ready when you are");
+    QString m_activity = tr("Ready when you are");
     Media m_media;
     QString m_controlError;
     bool m_controlling = false;

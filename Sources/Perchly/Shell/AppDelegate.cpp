@@ -92,14 +92,13 @@ ScreenPoint AppDelegate::handlePosition() const {
 
 void AppDelegate::showStatusItem() {
     const auto command = [](Qt::Key key) { return QKeySequence(Qt::CTRL | key); };
-    m_hosts.statusItem->show(
-        m_resources.statusIcon, QStringLiteral("Perchly"),
-        {{QStringLiteral("Show shelf"), [this] { showShelf(); }, {}},
-         {QStringLiteral("Volume Mixer…"), [this] { showMixer(); }, {}},
-         {QStringLiteral("Search…"), [this] { showSearch(); }, {}},
-         {QStringLiteral("Workspace…"), [this] { showTools(); }, {}},
-         {QStringLiteral("Settings…"), [this] { showSettings(); }, command(Qt::Key_Comma)},
-         {QStringLiteral("Quit Perchly"), [this] { terminate(); }, command(Qt::Key_Q)}});
+    m_hosts.statusItem->show(m_resources.statusIcon, QStringLiteral("Perchly"),
+                             {{tr("Show shelf"), [this] { showShelf(); }, {}},
+                              {tr("Volume Mixer…"), [this] { showMixer(); }, {}},
+                              {tr("Search…"), [this] { showSearch(); }, {}},
+                              {tr("Workspace…"), [this] { showTools(); }, {}},
+                              {tr("Settings…"), [this] { showSettings(); }, command(Qt::Key_Comma)},
+                              {tr("Quit Perchly"), [this] { terminate(); }, command(Qt::Key_Q)}});
 }
 
 void AppDelegate::show(std::unique_ptr<AuxiliaryWindow> &window, const WindowContent &content) {
@@ -113,7 +112,7 @@ void AppDelegate::show(std::unique_ptr<AuxiliaryWindow> &window, const WindowCon
 
 void AppDelegate::showTools() {
     show(m_toolsWindow,
-         {.title = QStringLiteral("Perchly Workspace"),
+         {.title = tr("Perchly Workspace"),
           .size = {660, 570},
           .view = m_resources.toolsView,
           .properties = {{QStringLiteral("tools"), QVariant::fromValue(&m_productivity)},
@@ -125,7 +124,7 @@ void AppDelegate::showTools() {
 
 void AppDelegate::showSettings() {
     show(m_settingsWindow,
-         {.title = QStringLiteral("Perchly Settings"),
+         {.title = tr("Perchly Settings"),
           .size = {660, 600},
           .view = m_resources.settingsView,
           .properties = {
@@ -134,7 +133,7 @@ void AppDelegate::showSettings() {
 }
 
 void AppDelegate::showMixer() {
-    show(m_mixerWindow, {.title = QStringLiteral("Perchly Volume Mixer"),
+    show(m_mixerWindow, {.title = tr("Perchly Volume Mixer"),
                          .size = {600, 480},
                          .buttons = WindowContent::Buttons::CloseMaximize,
                          .view = m_resources.mixerView,
@@ -165,7 +164,7 @@ void AppDelegate::launch(const QString &id) {
         const auto report = [store = QPointer(&m_productivity),
                              name = item->name](const QString &error) {
             if (store && !error.isEmpty()) {
-                store->setMessage(QStringLiteral("Could not open %1. %2").arg(name, error));
+                store->setMessage(tr("Could not open %1. %2").arg(name, error));
             }
         };
         m_hosts.applications->launch(*item->path, report);

@@ -27,7 +27,7 @@ void AudioAppList::refresh() {
         rows.append(
             {QString::number(app.id),
              {app.id, app.name, app.path, routed, level, percent, m_levels.muted.contains(app.id),
-              named.value(app.name) > 1 ? QStringLiteral("process %1").arg(app.pid) : QString()}});
+              named.value(app.name) > 1 ? tr("process %1").arg(app.pid) : QString()}});
     }
     setRows(rows);
 }

@@ -1,5 +1,7 @@
 #include "MixerRoute.h"
 
+#include <QCoreApplication>
+
 namespace perchly {
 
 std::unique_ptr<MixerRoute> MixerRoute::make(AudioSystem &system, AudioObject process,
@@ -7,7 +9,7 @@ std::unique_ptr<MixerRoute> MixerRoute::make(AudioSystem &system, AudioObject pr
     auto made = std::make_unique<MixerRoute>();
     made->m_ring = {perchly_ring_create(), perchly_ring_destroy};
     if (!made->m_ring) {
-        error = QStringLiteral("Cannot allocate audio buffer");
+        error = QCoreApplication::translate("MixerRoute", "Cannot allocate audio buffer");
         return nullptr;
     }
     made->m_route = system.route(process, made->m_ring, error);

@@ -108,8 +108,8 @@ void VolumeMixer::compareOutput() {
     const AudioObject output = m_audio.defaultOutput();
     if (m_output != 0 && m_output != output && !m_routes.empty()) {
         releaseAll();
-        setError(QStringLiteral("Output device changed. App audio was restored; enable mixing "
-                                "again for this output."));
+        setError(tr("Output device changed. App audio was restored; enable mixing "
+                    "again for this output."));
     }
     m_output = output;
 }
@@ -119,8 +119,7 @@ void VolumeMixer::releaseStopped() {
         const auto route = m_routes.find(id);
         if (route != m_routes.end() && !route->second->isRunning()) {
             release(id);
-            setError(
-                QStringLiteral("An audio route stopped. Original app output has been restored."));
+            setError(tr("An audio route stopped. Original app output has been restored."));
         }
     }
 }
@@ -142,7 +141,7 @@ std::optional<AudioApp> VolumeMixer::appOf(const AudioProcess &process) const {
         app.name = shownName(app.bundleId);
     }
     if (app.name.isEmpty()) {
-        app.name = QStringLiteral("Audio process %1").arg(app.pid);
+        app.name = tr("Audio process %1").arg(app.pid);
     }
     return app;
 }
@@ -158,7 +157,7 @@ void VolumeMixer::publish(const QList<AudioApp> &apps) {
 
 void VolumeMixer::enable(quint32 id) {
     if (!m_audio.canRouteProcesses()) {
-        setError(QStringLiteral("Per-app audio requires macOS 14.2 or later."));
+        setError(tr("Per-app audio needs PipeWire, which is not running."));
         return;
     }
     if (m_routes.contains(id)) {

@@ -29,7 +29,8 @@ QVariantList callUntilHeard(const QString &player, const QString &method, QSigna
 
 QVariantList announcement(const char *name, const char *title, const char *state) {
     return {QString::fromUtf8(name),
-            QVariantMap{{QStringLiteral("Name"), QString::fromUtf8(title)},
+            QVariantMap{{QStringLiteral("Player"), QStringLiteral("Player")},
+                        {QStringLiteral("Name"), QString::fromUtf8(title)},
                         {QStringLiteral("Artist"), QStringLiteral("Singer")},
                         {QStringLiteral("Player State"), QString::fromUtf8(state)}}};
 }

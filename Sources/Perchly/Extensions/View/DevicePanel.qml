@@ -20,7 +20,7 @@ ColumnLayout {
         text: root.extras.battery.line
     }
     PushButton {
-        text: "Refresh battery"
+        text: qsTr("Refresh battery")
 
         onActivated: root.extras.battery.refresh()
     }
@@ -33,14 +33,14 @@ ColumnLayout {
     }
     PushButton {
         prominent: usable
-        text: root.extras.capture.active ? "Capturing…" : "Capture screen region"
+        text: root.extras.capture.active ? qsTr("Capturing…") : qsTr("Capture screen region")
         usable: !root.extras.capture.active
 
         onActivated: root.extras.capture.start()
     }
     SecondaryText {
         Layout.fillWidth: true
-        text: "Drag to select a region. Escape cancels. Captures appear in Files for preview, copying, and dragging."
+        text: qsTr("Drag to select a region. Escape cancels. Captures appear in Files for preview, copying, and dragging.")
     }
     BodyText {
         Accessible.role: Accessible.AlertMessage

@@ -25,7 +25,7 @@ ColumnLayout {
         StepperRow {
             current: root.preferences.focusMinutes
             from: 1
-            label: "Focus: " + root.preferences.focusMinutes + " minutes"
+            label: qsTr("Focus: %n minutes", "", root.preferences.focusMinutes)
             to: 180
             width: parent.width - 4
             x: 4
@@ -41,7 +41,7 @@ ColumnLayout {
         StepperRow {
             current: root.preferences.breakMinutes
             from: 1
-            label: "Break: " + root.preferences.breakMinutes + " minutes"
+            label: qsTr("Break: %n minutes", "", root.preferences.breakMinutes)
             to: 60
             width: parent.width - 4
             x: 4
@@ -64,7 +64,7 @@ ColumnLayout {
 
         PushButton {
             prominent: !root.model.running
-            text: "Start focus"
+            text: qsTr("Start focus")
 
             onActivated: {
                 root.model.quietFocus = true;
@@ -72,25 +72,25 @@ ColumnLayout {
             }
         }
         PushButton {
-            text: "Start break"
+            text: qsTr("Start break")
 
             onActivated: root.model.startBreak()
         }
         PushButton {
-            text: root.model.running ? "Pause" : "Resume"
+            text: root.model.running ? qsTr("Pause") : qsTr("Resume")
             usable: root.model.seconds > 0
 
             onActivated: root.model.togglePause()
         }
         PushButton {
-            text: "End"
+            text: qsTr("End")
 
             onActivated: root.model.endFocus()
         }
     }
     SecondaryText {
         Layout.fillWidth: true
-        text: "Today: " + root.model.todaySessions + " focus sessions · " + root.model.todayMinutes + " minutes"
+        text: qsTr("Today: %n focus sessions", "", root.model.todaySessions) + " · " + qsTr("%n minutes", "", root.model.todayMinutes)
     }
     Item {
         Layout.fillHeight: true

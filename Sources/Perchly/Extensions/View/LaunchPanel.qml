@@ -33,7 +33,7 @@ ColumnLayout {
             id: field
 
             Layout.fillWidth: true
-            placeholder: "Workspace name"
+            placeholder: qsTr("Workspace name")
             text: root.drafts.groupName
 
             onAccepted: root.save()
@@ -43,7 +43,7 @@ ColumnLayout {
             id: save
 
             Layout.preferredHeight: field.height
-            text: "Save current"
+            text: qsTr("Save current")
             usable: field.text.trim() !== ""
 
             onActivated: root.save()
@@ -52,14 +52,14 @@ ColumnLayout {
     CaptionText {
         Layout.fillWidth: true
         color: Theme.grey
-        text: "Save visible shelf apps together with the files and links currently in your tray."
+        text: qsTr("Save visible shelf apps together with the files and links currently in your tray.")
     }
     ScrollList {
         Layout.fillHeight: true
         Layout.fillWidth: true
         fallback: field
-        label: "Launch groups"
-        placeholder: "No launch groups yet."
+        label: qsTr("Launch groups")
+        placeholder: qsTr("No launch groups yet.")
         model: root.extras.groups
 
         delegate: ListRow {
@@ -96,7 +96,7 @@ ColumnLayout {
 
                 prominent: group.asks
                 subject: group.asks ? group.detail : group.text
-                text: group.asks ? "Open" : "Launch"
+                text: group.asks ? qsTr("Open") : qsTr("Launch")
 
                 onActivated: {
                     group.asks = !group.asks && group.row.size > root.maxUnasked;
@@ -109,7 +109,7 @@ ColumnLayout {
                 id: remove
 
                 subject: group.asks ? group.detail : group.text
-                text: group.asks ? "Cancel" : "Delete"
+                text: group.asks ? qsTr("Cancel") : qsTr("Delete")
 
                 onActivated: {
                     if (group.asks) {

@@ -32,12 +32,12 @@ ColumnLayout {
         spacing: 8
 
         PushButton {
-            text: "Connect Calendar"
+            text: qsTr("Connect Calendar")
 
             onActivated: root.extras.meetings.connectCalendar()
         }
         PushButton {
-            text: "Refresh"
+            text: qsTr("Refresh")
 
             onActivated: root.extras.meetings.readAgain()
         }
@@ -50,7 +50,7 @@ ColumnLayout {
     ScrollList {
         Layout.fillHeight: true
         Layout.fillWidth: true
-        label: "Meetings"
+        label: qsTr("Meetings")
         model: root.extras.meetings
 
         delegate: RowCard {
@@ -97,7 +97,7 @@ ColumnLayout {
                 RowButton {
                     prominent: meeting.row.running
                     subject: meeting.row.title
-                    text: "Join meeting"
+                    text: qsTr("Join meeting")
                     visible: meeting.row.link.toString() !== ""
 
                     onActivated: root.tools.open(meeting.row.link)

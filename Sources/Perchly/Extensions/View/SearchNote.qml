@@ -18,7 +18,7 @@ RoundedRect {
 
         anchors.fill: parent
         anchors.margins: 8
-        label: "Quick note"
+        label: qsTr("Quick note")
 
         onEdited: note => root.edited(note)
     }

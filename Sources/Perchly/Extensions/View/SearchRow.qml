@@ -58,7 +58,7 @@ FocusScope {
         focusRadius: 8
         label: root.label
         pressedScale: 1
-        subject: root.isApp || root.kind === "held" ? "Open" : "Copy"
+        subject: root.isApp || root.kind === "held" ? qsTr("Open") : qsTr("Copy")
         visible: !root.isTitle && !root.isNote
 
         onActivated: root.activated()

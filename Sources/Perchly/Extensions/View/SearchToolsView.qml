@@ -98,7 +98,7 @@ ColumnLayout {
         id: field
 
         Layout.fillWidth: true
-        placeholder: "Search apps, notes, clipboard, and files"
+        placeholder: qsTr("Search apps, notes, clipboard, and files")
         symbol: "search"
         text: root.drafts.query
 
@@ -119,7 +119,7 @@ ColumnLayout {
         Layout.fillHeight: true
         Layout.fillWidth: true
         cacheBuffer: 0 // each key would also rebuild rows outside the view
-        label: "Search results"
+        label: qsTr("Search results")
         model: root.results
         reuseItems: true
         spacing: 2

@@ -30,7 +30,7 @@ ColumnLayout {
             id: field
 
             Layout.fillWidth: true
-            placeholder: "New snippet"
+            placeholder: qsTr("New snippet")
             text: root.drafts.snippet
 
             onAccepted: root.pin()
@@ -40,7 +40,7 @@ ColumnLayout {
             id: pin
 
             Layout.preferredHeight: field.height
-            text: "Pin"
+            text: qsTr("Pin")
             usable: field.text !== ""
 
             onActivated: root.pin()
@@ -49,21 +49,21 @@ ColumnLayout {
     SwitchRow {
         Layout.fillWidth: true
         checked: root.extras.snippets.persist
-        text: "Keep pinned snippets after quitting"
+        text: qsTr("Keep pinned snippets after quitting")
 
         onToggled: checked => root.extras.snippets.persist = checked
     }
     CaptionText {
         Layout.fillWidth: true
         color: Theme.grey
-        text: "Only pinned text is saved when enabled. Clipboard history stays in memory."
+        text: qsTr("Only pinned text is saved when enabled. Clipboard history stays in memory.")
     }
     ScrollList {
         Layout.fillHeight: true
         Layout.fillWidth: true
         fallback: field
-        label: "Pinned snippets"
-        placeholder: "No snippets yet."
+        label: qsTr("Pinned snippets")
+        placeholder: qsTr("No snippets yet.")
         model: root.extras.snippets
 
         delegate: ListRow {
@@ -79,13 +79,13 @@ ColumnLayout {
 
             RowButton {
                 subject: snippet.text
-                text: "Copy"
+                text: qsTr("Copy")
 
                 onActivated: root.tools.clipboard.copyText(snippet.row.text)
             }
             RowButton {
                 subject: snippet.text
-                text: "Remove"
+                text: qsTr("Remove")
 
                 onActivated: root.extras.snippets.remove(snippet.row.id)
             }

@@ -30,9 +30,9 @@ ListRow {
     RowButton {
         id: pin
 
-        done: "Pinned"
+        done: qsTr("Pinned")
         subject: root.text
-        text: "Pin"
+        text: qsTr("Pin")
         visible: !root.row.isImage
 
         onActivated: {
@@ -43,7 +43,7 @@ ListRow {
     }
     RowButton {
         subject: root.text
-        text: "Copy"
+        text: qsTr("Copy")
 
         onActivated: root.tools.clipboard.copyClip(root.row.id)
     }
@@ -51,7 +51,7 @@ ListRow {
         size: 12
         subject: root.text
         symbol: "xmark"
-        toolTip: "Delete"
+        toolTip: qsTr("Delete")
 
         onActivated: root.tools.clipboard.remove(root.row.id)
     }

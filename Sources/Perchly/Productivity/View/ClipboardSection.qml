@@ -18,14 +18,14 @@ ColumnLayout {
     SwitchRow {
         Layout.fillWidth: true
         checked: root.tools.clipboard.enabled
-        text: "Enable clipboard history for this session"
+        text: qsTr("Enable clipboard history for this session")
 
         onToggled: checked => root.tools.clipboard.enabled = checked
     }
     CaptionText {
         Layout.fillWidth: true
         color: Theme.grey
-        text: "Keeps up to 30 text/image copies in memory. Clears on quit. Copies marked confidential by their source app are skipped."
+        text: qsTr("Keeps up to 30 text/image copies in memory. Clears on quit. Copies marked confidential by their source app are skipped.")
     }
     RowLayout {
         Layout.fillWidth: true
@@ -33,7 +33,7 @@ ColumnLayout {
         SwitchRow {
             Layout.preferredWidth: implicitWidth
             checked: root.tools.clipboard.paused
-            text: "Pause"
+            text: qsTr("Pause")
 
             onToggled: checked => root.tools.clipboard.paused = checked
         }
@@ -41,7 +41,7 @@ ColumnLayout {
             Layout.fillWidth: true
         }
         PushButton {
-            text: "Clear history"
+            text: qsTr("Clear history")
 
             onActivated: root.tools.clipboard.clear()
         }
@@ -50,7 +50,7 @@ ColumnLayout {
         id: field
 
         Layout.fillWidth: true
-        placeholder: "Search copied text"
+        placeholder: qsTr("Search copied text")
         symbol: "search"
         text: root.tools.clipboard.search
 
@@ -60,9 +60,9 @@ ColumnLayout {
         Layout.fillHeight: true
         Layout.fillWidth: true
         fallback: field
-        label: "Clipboard history"
+        label: qsTr("Clipboard history")
         model: root.tools.clipboard
-        placeholder: root.tools.clipboard.search !== "" ? "No copied text matches." : root.tools.clipboard.enabled ? "Nothing was copied yet." : "Enable the history to keep what you copy from now on."
+        placeholder: root.tools.clipboard.search !== "" ? qsTr("No copied text matches.") : root.tools.clipboard.enabled ? qsTr("Nothing was copied yet.") : qsTr("Enable the history to keep what you copy from now on.")
 
         delegate: ClipRow {
             extras: root.extras

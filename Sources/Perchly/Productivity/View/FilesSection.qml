@@ -40,7 +40,7 @@ ColumnLayout {
 
     SecondaryText {
         Layout.fillWidth: true
-        text: "Drop files, images, or links here. Drag them into another app when you need them."
+        text: qsTr("Drop files, images, or links here. Drag them into another app when you need them.")
     }
 
     RowLayout {
@@ -50,7 +50,7 @@ ColumnLayout {
         PushButton {
             id: add
 
-            text: "Add files…"
+            text: qsTr("Add files…")
 
             onActivated: root.held.addFiles()
         }
@@ -65,12 +65,12 @@ ColumnLayout {
             onTextChanged: root.drafts.link = field.text
         }
         PushButton {
-            text: "Add link"
+            text: qsTr("Add link")
 
             onActivated: root.addLink()
         }
         PushButton {
-            text: "Clear"
+            text: qsTr("Clear")
 
             onActivated: root.held.clear()
         }
@@ -79,7 +79,7 @@ ColumnLayout {
     RoundedRect {
         id: area
 
-        Accessible.name: "Drop area"
+        Accessible.name: qsTr("Drop area")
         Accessible.role: Accessible.Grouping
         Layout.fillHeight: true
         Layout.fillWidth: true
@@ -104,7 +104,7 @@ ColumnLayout {
         }
         SecondaryText {
             anchors.centerIn: parent
-            text: "Drop here"
+            text: qsTr("Drop here")
             visible: !root.some
         }
         DragPlate {
@@ -117,7 +117,7 @@ ColumnLayout {
             anchors.right: parent.right
             anchors.top: parent.top
             height: 38 // lets three rows fit into the window's first size
-            label: "Drag all " + root.held.count
+            label: qsTr("Drag all %n", "", root.held.count)
             urls: root.held.urls
             visible: root.held.count > 1
 
@@ -140,7 +140,7 @@ ColumnLayout {
                 }
                 PushButton {
                     size: 11
-                    text: "Copy all"
+                    text: qsTr("Copy all")
 
                     onActivated: root.tools.clipboard.copyItems(root.held.urls)
                 }
@@ -156,7 +156,7 @@ ColumnLayout {
             anchors.top: all.visible ? all.bottom : parent.top
             anchors.topMargin: all.visible ? 8 : 10
             fallback: add
-            label: "Held files and links"
+            label: qsTr("Held files and links")
             model: root.held
             visible: root.some
 
@@ -174,6 +174,6 @@ ColumnLayout {
     CaptionText {
         Layout.fillWidth: true
         color: Theme.grey
-        text: "Temporary references only. Originals are never moved or deleted; this tray clears when Perchly quits."
+        text: qsTr("Temporary references only. Originals are never moved or deleted; this tray clears when Perchly quits.")
     }
 }

@@ -67,27 +67,27 @@ DragPlate {
 
             RowButton {
                 subject: root.label
-                text: "Preview"
+                text: qsTr("Preview")
                 visible: root.isFile
 
                 onActivated: root.preview()
             }
             RowButton {
                 subject: root.label
-                text: "Reveal"
+                text: qsTr("Reveal")
                 visible: root.isFile
 
                 onActivated: root.tools.reveal(root.row.url)
             }
             RowButton {
                 subject: root.label
-                text: "Copy path / link"
+                text: qsTr("Copy path / link")
 
                 onActivated: root.tools.clipboard.copyPath(root.row.url)
             }
             RowButton {
                 subject: root.label
-                text: "Copy image"
+                text: qsTr("Copy image")
                 usable: root.row.isPicture
 
                 onActivated: root.tools.clipboard.copyImage(root.row.url)
@@ -102,7 +102,7 @@ DragPlate {
             }
             RowButton {
                 subject: root.label
-                text: "Remove"
+                text: qsTr("Remove")
 
                 onActivated: root.tools.held.remove(root.row.url)
             }

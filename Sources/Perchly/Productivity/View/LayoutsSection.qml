@@ -25,7 +25,7 @@ ColumnLayout {
 
     SecondaryText {
         Layout.fillWidth: true
-        text: "Save the current apps, widgets, favorites, order, and pinned slots."
+        text: qsTr("Save the current apps, widgets, favorites, order, and pinned slots.")
     }
     RowLayout {
         Layout.fillWidth: true
@@ -35,7 +35,7 @@ ColumnLayout {
             id: field
 
             Layout.fillWidth: true
-            placeholder: "Layout name, e.g. Work"
+            placeholder: qsTr("Layout name, e.g. Work")
             text: root.drafts.layoutName
 
             onAccepted: root.save()
@@ -44,7 +44,7 @@ ColumnLayout {
         PushButton {
             id: save
 
-            text: "Save current"
+            text: qsTr("Save current")
             usable: field.text.trim() !== ""
 
             onActivated: root.save()
@@ -54,9 +54,9 @@ ColumnLayout {
         Layout.fillHeight: true
         Layout.fillWidth: true
         fallback: field
-        label: "Layouts"
+        label: qsTr("Layouts")
         model: root.tools.layouts
-        placeholder: "No saved layouts yet."
+        placeholder: qsTr("No saved layouts yet.")
 
         delegate: ListRow {
             id: layout
@@ -67,13 +67,13 @@ ColumnLayout {
 
             RowButton {
                 subject: layout.text
-                text: "Apply"
+                text: qsTr("Apply")
 
                 onActivated: root.tools.layouts.apply(layout.row.id)
             }
             RowButton {
                 subject: layout.text
-                text: "Delete"
+                text: qsTr("Delete")
 
                 onActivated: root.tools.layouts.remove(layout.row.id)
             }

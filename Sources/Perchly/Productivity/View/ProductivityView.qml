@@ -29,6 +29,7 @@ WindowBody {
         Device: ["../Extensions/DevicePanel", ["extras"]]
     })
     readonly property list<string> sections: Object.keys(root.views)
+    readonly property list<string> sectionNames: [qsTr("Search"), qsTr("Files"), qsTr("Clipboard"), qsTr("Layouts"), qsTr("Shortcuts"), qsTr("Meetings"), qsTr("Launch"), qsTr("Snippets"), qsTr("Focus"), qsTr("Device")]
     readonly property string section: root.extras.section
 
     /// The unsaved text of the sections' fields.
@@ -48,7 +49,7 @@ WindowBody {
 
     minimumHeight: 500
     minimumWidth: 620
-    title: "Your workspace"
+    title: qsTr("Your workspace")
 
     Component.onCompleted: root.show()
     onSectionChanged: root.show()
@@ -58,13 +59,13 @@ WindowBody {
 
         Label {
             font.pixelSize: 13
-            text: "Tools"
+            text: qsTr("Tools")
         }
         MenuPicker {
             Layout.preferredWidth: 200
             currentIndex: root.sections.indexOf(root.section)
-            label: "Tools"
-            options: root.sections
+            label: qsTr("Tools")
+            options: root.sectionNames
 
             onChosen: index => root.extras.section = root.sections[index]
         }

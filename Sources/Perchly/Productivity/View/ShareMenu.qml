@@ -11,7 +11,7 @@ IconButton {
     required property Productivity tools
     required property url url
 
-    readonly property list<string> names: root.targets.map(target => target.name).concat(["Copy"])
+    readonly property list<string> names: root.targets.map(target => target.name).concat([qsTr("Copy")])
     property var targets: []
     property bool asking: false
 
@@ -29,7 +29,7 @@ IconButton {
     }
 
     symbol: "square.arrow.up"
-    toolTip: "Share"
+    toolTip: qsTr("Share")
 
     onActivated: root.ask()
 
@@ -58,7 +58,7 @@ IconButton {
 
         MenuList {
             current: -1
-            label: "Share"
+            label: qsTr("Share")
             opener: root
             options: root.names
 

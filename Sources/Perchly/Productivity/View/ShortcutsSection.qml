@@ -40,17 +40,17 @@ ColumnLayout {
             Layout.fillWidth: true
             font.pixelSize: 14
             font.weight: Font.DemiBold
-            text: "Run your Apple Shortcuts"
+            text: qsTr("Run your shortcuts")
         }
         PushButton {
-            text: "Stop"
+            text: qsTr("Stop")
             toolTip: root.tools.shortcuts.busy
             visible: root.tools.shortcuts.busyIsUnlisted
 
             onActivated: root.tools.shortcuts.stop()
         }
         PushButton {
-            text: "Refresh"
+            text: qsTr("Refresh")
 
             onActivated: root.tools.shortcuts.refresh()
         }
@@ -58,12 +58,12 @@ ColumnLayout {
     CaptionText {
         Layout.fillWidth: true
         color: Theme.grey
-        text: "Shortcuts run their configured actions, including any app permissions they request."
+        text: qsTr("A shortcut runs with your permissions: it may do anything that you may.")
     }
     ScrollList {
         Layout.fillHeight: true
         Layout.fillWidth: true
-        label: "Shortcuts"
+        label: qsTr("Shortcuts")
         model: root.tools.shortcuts
 
         delegate: ListRow {
@@ -82,15 +82,15 @@ ColumnLayout {
 
             CaptionText {
                 color: Theme.accent
-                text: "Running"
+                text: qsTr("Running")
                 visible: shortcut.running
             }
             RowButton {
                 id: add
 
-                done: "Added"
+                done: qsTr("Added")
                 subject: shortcut.text
-                text: "Add to shelf"
+                text: qsTr("Add to shelf")
 
                 onActivated: {
                     root.tools.shortcuts.addToShelf(shortcut.row.name);
@@ -99,7 +99,7 @@ ColumnLayout {
             }
             RowButton {
                 subject: shortcut.text
-                text: "Run"
+                text: qsTr("Run")
                 usable: root.tools.shortcuts.busy === ""
 
                 onActivated: root.tools.shortcuts.run(shortcut.row.name)
@@ -108,7 +108,7 @@ ColumnLayout {
                 id: stop
 
                 subject: shortcut.text
-                text: "Stop"
+                text: qsTr("Stop")
                 visible: shortcut.running
 
                 onActivated: root.tools.shortcuts.stop()
@@ -124,11 +124,11 @@ ColumnLayout {
         CaptionText {
             Layout.fillWidth: true
             color: Theme.grey
-            text: (root.tools.shortcuts.count === 0 ? "Open the folder to make your first shortcut: every executable file in it is one.\n" : "Every executable file in this folder is a shortcut.\n") + root.tools.shortcuts.folder
+            text: (root.tools.shortcuts.count === 0 ? qsTr("Open the folder to make your first shortcut: every executable file in it is one.") : qsTr("Every executable file in this folder is a shortcut.")) + "\n" + root.tools.shortcuts.folder
         }
         PushButton {
             size: 12
-            text: "Open folder"
+            text: qsTr("Open folder")
 
             onActivated: root.tools.shortcuts.openFolder()
         }

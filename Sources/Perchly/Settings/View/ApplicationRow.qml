@@ -62,7 +62,7 @@ RowCard {
 
             Layout.minimumWidth: 72
             subject: root.name
-            text: root.added ? "Added" : "Add"
+            text: root.added ? qsTr("Added") : qsTr("Add")
             usable: !root.added
 
             onActivated: {

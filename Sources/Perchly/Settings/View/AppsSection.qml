@@ -33,14 +33,14 @@ ColumnLayout {
             id: search
 
             Layout.fillWidth: true
-            placeholder: "Search installed apps"
+            placeholder: qsTr("Search installed apps")
             symbol: "search"
 
             onTextChanged: list.startOver()
         }
         PushButton {
             Layout.preferredHeight: search.height
-            text: "Browse…"
+            text: qsTr("Browse…")
 
             onActivated: root.library.browse()
         }
@@ -51,8 +51,8 @@ ColumnLayout {
         Layout.fillHeight: true
         Layout.fillWidth: true
         cacheBuffer: 0 // each key would also rebuild rows outside the view
-        label: "Installed apps"
-        placeholder: search.text !== "" ? "No app matches." : "No apps found yet."
+        label: qsTr("Installed apps")
+        placeholder: search.text !== "" ? qsTr("No app matches.") : qsTr("No apps found yet.")
         reuseItems: true
 
         model: InstalledApplications {
@@ -72,6 +72,6 @@ ColumnLayout {
     SecondaryText {
         Layout.fillWidth: true
         font.pixelSize: 11
-        text: "Browse lets you add an app from any other folder."
+        text: qsTr("Browse lets you add an app from any other folder.")
     }
 }

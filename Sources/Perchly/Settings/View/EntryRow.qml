@@ -53,7 +53,7 @@ RowCard {
             color: root.entry.visible ? Theme.text : Theme.grey
             subject: root.entry.name
             symbol: root.entry.visible ? "eye" : "eye.slash"
-            toolTip: root.entry.visible ? "Hide" : "Show"
+            toolTip: root.entry.visible ? qsTr("Hide") : qsTr("Show")
 
             onActivated: root.library.toggle(root.entry.id, ShelfLibrary.Visible)
         }
@@ -63,7 +63,7 @@ RowCard {
             color: root.entry.favorite ? Theme.yellow : Theme.grey
             subject: root.entry.name
             symbol: root.entry.favorite ? "star.fill" : "star"
-            toolTip: "Favorite"
+            toolTip: qsTr("Favorite")
 
             onActivated: root.library.toggle(root.entry.id, ShelfLibrary.Favorite)
         }
@@ -72,7 +72,7 @@ RowCard {
 
             subject: root.entry.name
             symbol: "arrow.up"
-            toolTip: "Move earlier"
+            toolTip: qsTr("Move earlier")
             usable: root.index > 0
 
             onActivated: root.move(-1, earlier)
@@ -82,7 +82,7 @@ RowCard {
 
             subject: root.entry.name
             symbol: "arrow.down"
-            toolTip: "Move later"
+            toolTip: qsTr("Move later")
             usable: root.index < root.list.count - 1
 
             onActivated: root.move(1, later)
@@ -92,7 +92,7 @@ RowCard {
 
             subject: root.entry.name
             symbol: "minus.circle"
-            toolTip: "Remove from shelf"
+            toolTip: qsTr("Remove from shelf")
             visible: root.entry.removable
 
             onActivated: root.library.remove(root.entry.id)

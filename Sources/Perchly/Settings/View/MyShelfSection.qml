@@ -17,23 +17,23 @@ ColumnLayout {
     SwitchRow {
         Layout.fillWidth: true
         checked: root.library.favoritesOnly
-        text: "Show only favorites in the shelf"
+        text: qsTr("Show only favorites in the shelf")
 
         onToggled: checked => root.library.favoritesOnly = checked
     }
     CaptionText {
         Layout.fillWidth: true
-        text: "Use the eye to show or hide, the star to favorite, and arrows to rearrange."
+        text: qsTr("Use the eye to show or hide, the star to favorite, and arrows to rearrange.")
     }
     ScrollList {
         id: entries
 
         Layout.fillHeight: true
         Layout.fillWidth: true
-        label: "Shelf entries"
+        label: qsTr("Shelf entries")
 
         model: root.library
-        placeholder: "Nothing is on your shelf. Add something under “Apps”."
+        placeholder: qsTr("Nothing is on your shelf. Add something under “Apps”.")
 
         delegate: EntryRow {
             library: root.library

@@ -20,31 +20,31 @@ ScrollArea {
         width: parent.width
 
         PickerRow {
-            currentIndex: options.indexOf(root.preferences.theme)
-            options: root.preferences.themes
-            text: "Theme"
+            currentIndex: root.preferences.themes.indexOf(root.preferences.theme)
+            options: [qsTr("Midnight"), qsTr("Graphite"), qsTr("Ocean")]
+            text: qsTr("Theme")
 
-            onChosen: index => root.preferences.theme = options[index]
+            onChosen: index => root.preferences.theme = root.preferences.themes[index]
         }
         PickerRow {
-            currentIndex: options.indexOf(root.preferences.accent)
-            options: root.preferences.accents
-            text: "Accent"
+            currentIndex: root.preferences.accents.indexOf(root.preferences.accent)
+            options: [qsTr("Mint"), qsTr("Blue"), qsTr("Purple"), qsTr("Orange")]
+            text: qsTr("Accent")
 
-            onChosen: index => root.preferences.accent = options[index]
+            onChosen: index => root.preferences.accent = root.preferences.accents[index]
         }
         SliderRow {
             current: root.preferences.opacity
             to: 1
             from: 0.65
             stepSize: 0.05
-            text: "Opacity"
+            text: qsTr("Opacity")
 
             onAsked: value => root.preferences.opacity = value
         }
         SwitchRow {
             checked: root.preferences.compact
-            text: "Compact shelf content"
+            text: qsTr("Compact shelf content")
             width: parent.width
 
             onToggled: checked => root.preferences.compact = checked
@@ -56,25 +56,25 @@ ScrollArea {
         PickerRow {
             currentIndex: root.preferences.display
             options: root.preferences.displays
-            text: "Display"
+            text: qsTr("Display")
 
             onChosen: index => root.preferences.display = index
         }
         PickerRow {
-            currentIndex: options.indexOf(root.preferences.edge)
-            options: root.preferences.edges
-            text: "Screen edge"
+            currentIndex: root.preferences.edges.indexOf(root.preferences.edge)
+            options: [qsTr("Top"), qsTr("Left"), qsTr("Right")]
+            text: qsTr("Screen edge")
 
-            onChosen: index => root.preferences.edge = options[index]
+            onChosen: index => root.preferences.edge = root.preferences.edges[index]
         }
         PushButton {
-            text: "Reset position to top center"
+            text: qsTr("Reset position to top center")
 
             onActivated: root.preferences.resetPosition()
         }
         SecondaryText {
             font.pixelSize: 12
-            text: "Drag the shelf header to dock on the top, left, or right edge. Your position saves automatically."
+            text: qsTr("Drag the shelf header to dock on the top, left, or right edge. Your position saves automatically.")
             width: parent.width
         }
     }
@@ -86,15 +86,15 @@ ScrollArea {
             to: 1.2
             from: 0.85
             stepSize: 0.05
-            text: "Shelf size"
+            text: qsTr("Shelf size")
             // Floating-point 1.15 is a little less than 115 per cent.
-            valueText: Math.floor(root.preferences.scale * 100 + 1e-9) + "%"
+            valueText: qsTr("%1%").arg(Math.floor(root.preferences.scale * 100 + 1e-9))
 
             onAsked: value => root.preferences.scale = value
         }
         SwitchRow {
             checked: root.preferences.openOnHover
-            text: "Expand on hover"
+            text: qsTr("Expand on hover")
             width: parent.width
 
             onToggled: checked => root.preferences.openOnHover = checked
@@ -104,8 +104,8 @@ ScrollArea {
             to: 1.5
             from: 0.2
             stepSize: 0.1
-            text: "Collapse delay"
-            valueText: root.preferences.hoverDelay.toFixed(1) + " s"
+            text: qsTr("Collapse delay")
+            valueText: qsTr("%1 s").arg(root.preferences.hoverDelay.toLocaleString(Qt.locale(), "f", 1))
 
             onAsked: value => root.preferences.hoverDelay = value
         }
@@ -115,14 +115,14 @@ ScrollArea {
 
         SwitchRow {
             checked: root.preferences.login
-            text: "Launch at login"
+            text: qsTr("Launch at login")
             width: parent.width
 
             onToggled: checked => root.preferences.login = checked
         }
         SecondaryText {
             font.pixelSize: 12
-            text: "Keyboard: ⌃⌥K opens search. ⌃⌥Space toggles the shelf. ⌘1–9 launches the corresponding visible app while the shelf is open. Escape closes it."
+            text: qsTr("Keyboard: %1 opens search. %2 toggles the shelf. %3 launches the corresponding visible app while the shelf is open. Escape closes it.").arg(root.preferences.searchKeys).arg(root.preferences.toggleKeys).arg(root.preferences.launchKeys)
             width: parent.width
         }
         BodyText {
@@ -143,7 +143,7 @@ ScrollArea {
         }
         SecondaryText {
             font.pixelSize: 11
-            text: "For login launch, install Perchly in Applications first."
+            text: qsTr("Install Perchly before you turn on launch at login.")
             width: parent.width
         }
     }

@@ -17,8 +17,8 @@ WindowBody {
     minimumHeight: 540
     minimumWidth: 620
     spacing: 18
-    subtitle: "Choose your widgets and apps. Changes save automatically."
-    title: "Make it your shelf"
+    subtitle: qsTr("Choose your widgets and apps. Changes save automatically.")
+    title: qsTr("Make it your shelf")
 
     onAppeared: {
         root.library.refresh();
@@ -28,7 +28,8 @@ WindowBody {
     SegmentedPicker {
         Layout.fillWidth: true
         current: root.section
-        label: "Section"
+        label: qsTr("Section")
+        names: [qsTr("My shelf"), qsTr("Apps"), qsTr("Preferences")]
         options: ["My shelf", "Apps", "Preferences"]
 
         onChosen: option => root.section = option

@@ -17,11 +17,12 @@ Item {
 
     readonly property string symbol: root.look === "timer" ? "timer" : root.look === "media" ? "play.rectangle.fill" : "waveform"
     readonly property string mainLine: root.look === "timer" ? root.status.time : root.look === "media" ? root.model.musicTitle : root.model.activity
+    readonly property string doing: root.model.playing ? qsTr("Playing") : qsTr("Paused")
     readonly property string secondLine: {
         switch (root.look) {
         case "timer": return "";
-        case "media": return root.before(root.model.musicArtist) + root.before(root.model.mediaSource) + (root.model.playing ? "Playing" : "Paused");
-        default: return "Your current activity lives here";
+        case "media": return root.before(root.model.musicArtist) + root.before(root.model.mediaSource) + root.doing;
+        default: return qsTr("Your current activity lives here");
         }
     }
 
@@ -29,7 +30,7 @@ Item {
         return part === "" ? "" : part + " · ";
     }
 
-    Accessible.name: "Activity"
+    Accessible.name: qsTr("Activity")
     Accessible.role: Accessible.Grouping
 
     onMainLineChanged: {
@@ -148,7 +149,7 @@ Item {
                     id: doing
 
                     color: Theme.grey
-                    text: second.media ? (source.text !== "" ? " · " : "") + (root.model.playing ? "Playing" : "Paused") : root.secondLine
+                    text: second.media ? (source.text !== "" ? " · " : "") + root.doing : root.secondLine
                 }
             }
             ToolTipArea {
@@ -166,15 +167,12 @@ Item {
             visible: root.look === "timer"
 
             CardButton {
-                text: root.model.running ? "Pause" : "Resume"
+                text: root.model.running ? qsTr("Pause") : qsTr("Resume")
                 onActivated: root.model.togglePause()
             }
             CardButton {
-                text: "End session"
-                onActivated: {
-                    root.model.endFocus();
-                    root.model.activity = "Ready when you are";
-                }
+                text: qsTr("End session")
+                onActivated: root.model.endFocus()
             }
         }
     }

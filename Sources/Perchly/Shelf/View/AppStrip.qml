@@ -34,7 +34,7 @@ Item {
         root.offset = StripPaging.showing(entry, root.offset, root.count);
     }
 
-    Accessible.name: "Your shelf"
+    Accessible.name: qsTr("Your shelf")
     Accessible.role: Accessible.Grouping
 
     /// Turns the page and moves the focus with it, so that no hidden entry has the focus.
@@ -91,7 +91,7 @@ Item {
         anchors.centerIn: parent
         color: Theme.grey
         font.pixelSize: 12
-        text: "Choose widgets and apps in Settings"
+        text: qsTr("Choose widgets and apps in Settings")
         visible: root.count === 0
     }
 
@@ -101,7 +101,7 @@ Item {
         anchors.left: parent.left
         anchors.verticalCenter: parent.verticalCenter
         symbol: "chevron.left"
-        toolTip: "Previous icons"
+        toolTip: qsTr("Previous icons")
         usable: root.offset < 0
         visible: root.count > 0
         onActivated: root.goBack()
@@ -240,7 +240,7 @@ Item {
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
         symbol: "chevron.right"
-        toolTip: "More icons"
+        toolTip: qsTr("More icons")
         usable: root.lowest < root.offset
         visible: root.count > 0
         onActivated: root.goOn()

@@ -57,7 +57,7 @@ CardBody {
             anchors.verticalCenter: parent.verticalCenter
             color: Theme.grey
             font.pixelSize: 10
-            text: root.event !== "" ? root.event : "Upcoming meetings"
+            text: root.event !== "" ? root.event : qsTr("Upcoming meetings")
         }
         TextButton {
             id: meetings
@@ -67,7 +67,7 @@ CardBody {
             color: Theme.accentColor(root.preferences.accent)
             plateMargin: 6
             size: 10
-            text: "Meetings"
+            text: qsTr("Meetings")
             onActivated: {
                 root.extras.section = "Meetings";
                 root.shell.showTools();

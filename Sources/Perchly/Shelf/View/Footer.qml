@@ -38,7 +38,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         color: Theme.grey
         size: 10
-        text: "Quit"
+        text: qsTr("Quit")
         onActivated: root.shell.terminate()
     }
 }

@@ -94,7 +94,7 @@ FocusScope {
             font.pixelSize: 13
             font.weight: Font.DemiBold
             horizontalAlignment: Text.AlignHCenter
-            text: "Media controls unavailable"
+            text: qsTr("Media controls unavailable")
             y: 20
         }
         Label {
@@ -119,7 +119,7 @@ FocusScope {
             anchors.top: body.bottom
             anchors.topMargin: 16
             height: 30
-            label: "OK"
+            label: qsTr("OK")
             plate: Qt.alpha(Theme.accent, confirm.containsMouse ? 1 : 0.9)
             onActivated: root.model.clearControlError()
 

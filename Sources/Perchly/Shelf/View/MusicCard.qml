@@ -44,7 +44,7 @@ CardBody {
                     color: Qt.rgba(1, 1, 1, 0.85)
                     plateMargin: 5
                     size: 10
-                    text: "Open Music"
+                    text: qsTr("Open Music")
                     onActivated: root.model.music()
                 }
             }

@@ -13,18 +13,18 @@ Row {
 
     PlaybackButton {
         symbol: root.seeks ? "gobackward.15" : "backward.end.fill"
-        toolTip: root.seeks ? "Rewind 15 seconds" : "Previous track"
+        toolTip: root.seeks ? qsTr("Rewind 15 seconds") : qsTr("Previous track")
         usable: !root.seeks || root.model.mediaCanSeek
         onActivated: root.model.control(root.seeks ? "rewind" : "previous track")
     }
     PlaybackButton {
         symbol: root.model.playing ? "pause.fill" : "play.fill"
-        toolTip: root.model.playing ? "Pause" : "Play"
+        toolTip: root.model.playing ? qsTr("Pause") : qsTr("Play")
         onActivated: root.model.control("playpause")
     }
     PlaybackButton {
         symbol: root.seeks ? "goforward.15" : "forward.end.fill"
-        toolTip: root.seeks ? "Forward 15 seconds" : "Next track"
+        toolTip: root.seeks ? qsTr("Forward 15 seconds") : qsTr("Next track")
         usable: !root.seeks || root.model.mediaCanSeek
         onActivated: root.model.control(root.seeks ? "forward" : "next track")
     }

@@ -27,9 +27,9 @@ CardBody {
 
         // Whole lines, so that none is cut off.
         height: Math.max(1, Math.floor(root.height / editor.line)) * editor.line
-        label: "Quick note"
+        label: qsTr("Quick note")
         note: root.preferences.note
-        placeholder: "A thought to keep…"
+        placeholder: qsTr("A thought to keep…")
         width: root.width + 6
         x: -3
 

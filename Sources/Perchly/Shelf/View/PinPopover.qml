@@ -19,21 +19,21 @@ Column {
         font.pixelSize: 12
         font.weight: Font.DemiBold
         leftPadding: 8
-        text: root.widget
+        text: WidgetLook.name(root.widget)
         topPadding: 3
         width: parent.width
     }
     ChoiceRow {
         chosen: root.model.left === root.widget
         symbol: "sidebar.left"
-        text: "Pin on left"
+        text: qsTr("Pin on left")
         width: parent.width
         onActivated: root.chosen("left", root.widget)
     }
     ChoiceRow {
         chosen: root.model.right === root.widget
         symbol: "sidebar.right"
-        text: "Pin on right"
+        text: qsTr("Pin on right")
         width: parent.width
         onActivated: root.chosen("right", root.widget)
     }

@@ -18,7 +18,7 @@ Item {
     /// "left" or "right".
     required property string side
 
-    Accessible.name: root.widget
+    Accessible.name: title.text
     Accessible.role: Accessible.Grouping
 
     RoundedRect {
@@ -46,7 +46,7 @@ Item {
         color: Theme.grey
         font.pixelSize: 10
         height: 14
-        text: root.widget
+        text: WidgetLook.name(root.widget)
         y: 13
     }
     PressButton {
@@ -57,7 +57,7 @@ Item {
         anchors.verticalCenter: title.verticalCenter
         focusInset: 0
         height: 22
-        label: "Change pinned widget"
+        label: qsTr("Change pinned widget")
         plate: Qt.rgba(1, 1, 1, menu.containsMouse || root.popovers.anchorItem === menu ? 0.075 : 0)
         plateRadius: 7
         toolTip: root.popovers.open ? "" : menu.label

@@ -167,7 +167,7 @@ FocusScope {
     Item {
         id: card
 
-        Accessible.name: root.selectedWidget !== "" ? "Pin " + root.selectedWidget : "Change pinned widget"
+        Accessible.name: root.selectedWidget !== "" ? qsTr("Pin %1").arg(WidgetLook.name(root.selectedWidget)) : qsTr("Change pinned widget")
         Accessible.role: Accessible.PopupMenu
         height: (chooser.item ? (chooser.item as Item).implicitHeight : 0) + 12
         width: root.cardWidth

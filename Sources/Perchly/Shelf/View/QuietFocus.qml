@@ -20,7 +20,7 @@ Column {
         font.weight: Font.DemiBold
         height: 18
         horizontalAlignment: Text.AlignHCenter
-        text: "Room to focus"
+        text: qsTr("Room to focus")
         width: parent.width
     }
     Item {
@@ -32,7 +32,7 @@ Column {
         font.pixelSize: 11
         height: 14
         horizontalAlignment: Text.AlignHCenter
-        text: "Your apps and widgets return when you leave focus mode."
+        text: qsTr("Your apps and widgets return when you leave focus mode.")
         width: parent.width
     }
 }

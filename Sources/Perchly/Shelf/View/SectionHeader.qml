@@ -17,14 +17,14 @@ Item {
         font.letterSpacing: 2
         font.pixelSize: 10
         font.weight: Font.DemiBold
-        text: "YOUR SHELF"
+        text: qsTr("YOUR SHELF")
     }
     TextButton {
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
         color: Theme.grey
         symbol: "gear.alt"
-        text: "Settings"
+        text: qsTr("Settings")
         onActivated: root.shell.showSettings()
     }
 }

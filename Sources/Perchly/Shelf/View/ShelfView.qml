@@ -263,7 +263,7 @@ FocusScope {
         height: root.shapeRect.height
         label: edgeHandle.toolTip
         shell: root.shell
-        toolTip: root.onSide && root.expanded ? "Drag this edge to detach and reposition the shelf" : ""
+        toolTip: root.onSide && root.expanded ? qsTr("Drag this edge to detach and reposition the shelf") : ""
         toolTipSide: root.edge === "left" ? Qt.RightEdge : Qt.LeftEdge
         width: Math.min(root.shapeRect.width, layout.band * layout.scale)
         x: root.edge === "right" ? root.shapeRect.x + root.shapeRect.width - width : root.shapeRect.x
@@ -280,7 +280,7 @@ FocusScope {
         height: headerHandle.area.height
         label: status.sentence
         shell: root.shell
-        toolTip: !root.expanded ? status.sentence : "Click to open · Drag to the top, left, or right edge"
+        toolTip: !root.expanded ? status.sentence : qsTr("Click to open · Drag to the top, left, or right edge")
         toolTipSide: !root.onSide || root.expanded ? Qt.BottomEdge : root.edge === "left" ? Qt.RightEdge : Qt.LeftEdge
         width: headerHandle.area.width
         x: headerHandle.area.x

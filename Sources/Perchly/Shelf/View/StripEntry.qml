@@ -17,7 +17,7 @@ PressButton {
     label: root.entry.name
     plate: Qt.rgba(1, 1, 1, root.containsMouse ? 0.05 : 0)
     plateRadius: 12
-    toolTip: "Open " + root.entry.name
+    toolTip: qsTr("Open %1").arg(root.entry.name)
     width: StripPaging.entryWidth
 
     onActivated: root.shell.launch(root.entry.id)

@@ -30,7 +30,7 @@ CardBody {
             }
         }
         CardButton {
-            text: root.counting ? "Stop focus" : "Start focus"
+            text: root.counting ? qsTr("Stop focus") : qsTr("Start focus")
             onActivated: {
                 if (root.counting) {
                     root.model.endFocus();

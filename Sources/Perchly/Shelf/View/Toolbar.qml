@@ -20,7 +20,7 @@ Item {
 
         TextButton {
             symbol: "search"
-            text: "Search"
+            text: qsTr("Search")
             onActivated: {
                 root.extras.section = "Search";
                 root.shell.showTools();
@@ -28,22 +28,22 @@ Item {
         }
         TextButton {
             symbol: "camera"
-            text: "Capture"
+            text: qsTr("Capture")
             onActivated: root.extras.capture.start()
         }
         TextButton {
             symbol: "slider.horizontal.3"
-            text: "Mixer"
+            text: qsTr("Mixer")
             onActivated: root.shell.showMixer()
         }
         TextButton {
             symbol: "tray"
-            text: "Workspace"
+            text: qsTr("Workspace")
             onActivated: root.shell.showTools()
         }
         TextButton {
             symbol: "moon"
-            text: root.model.quietFocus ? "End focus" : "Focus"
+            text: root.model.quietFocus ? qsTr("End focus") : qsTr("Focus")
             onActivated: {
                 if (root.model.quietFocus) {
                     root.model.endFocus();
@@ -56,7 +56,7 @@ Item {
         SpokenLabel {
             anchors.verticalCenter: parent.verticalCenter
             color: Theme.mint
-            text: root.productivity.held.count + " held"
+            text: qsTr("%n held", "", root.productivity.held.count)
             visible: root.productivity.held.count > 0
         }
     }

@@ -22,7 +22,7 @@ Column {
 
             chosen: root.current === modelData
             symbol: WidgetLook.symbol(modelData)
-            text: modelData
+            text: WidgetLook.name(modelData)
             width: root.width
             onActivated: root.chosen(root.side, modelData)
         }

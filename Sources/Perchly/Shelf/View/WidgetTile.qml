@@ -16,9 +16,9 @@ PressButton {
 
     focusInset: 0
     height: 88
-    label: "Pin " + root.widget
+    label: qsTr("Pin %1").arg(WidgetLook.name(root.widget))
     plateRadius: 12
-    subject: root.pinned ? "Pinned" : ""
+    subject: root.pinned ? qsTr("Pinned") : ""
     toolTip: root.popovers.open ? "" : root.label
     width: StripPaging.entryWidth
 
@@ -86,7 +86,7 @@ PressButton {
         anchors.topMargin: 9
         font.pixelSize: 10
         horizontalAlignment: Text.AlignHCenter
-        text: root.widget
+        text: WidgetLook.name(root.widget)
         width: Math.min(implicitWidth, root.width)
     }
 }

@@ -65,7 +65,7 @@ RowCard {
 
                 Layout.minimumWidth: 76
                 subject: root.subject
-                text: root.routed ? "Release" : "Enable"
+                text: root.routed ? qsTr("Release") : qsTr("Enable")
 
                 onActivated: {
                     if (root.routed) {
@@ -88,7 +88,7 @@ RowCard {
                 color: root.muted ? Theme.grey : Theme.text
                 subject: root.subject
                 symbol: root.muted ? "speaker.slash.fill" : "speaker.2.fill"
-                toolTip: "Toggle mute"
+                toolTip: qsTr("Toggle mute")
 
                 onActivated: root.mixer.mute(root.appId)
             }
@@ -96,7 +96,7 @@ RowCard {
                 Accessible.description: root.process === "" ? percentage.text : percentage.text + ", " + root.process
                 Layout.fillWidth: true
                 current: root.level
-                label: root.name + " volume"
+                label: qsTr("%1 volume").arg(root.name)
 
                 onAsked: value => root.mixer.set(root.appId, value)
             }
@@ -110,7 +110,7 @@ RowCard {
                     anchors.right: parent.right
                     color: Theme.grey
                     size: 13
-                    text: root.percent + "%"
+                    text: qsTr("%1%").arg(root.percent)
                 }
             }
         }

@@ -13,10 +13,10 @@ WindowBody {
 
     minimumHeight: 430
     minimumWidth: 580
-    title: "App volume"
+    title: qsTr("App volume")
 
     accessory: PushButton {
-        text: "Release all"
+        text: qsTr("Release all")
 
         onActivated: root.mixer.releaseAll()
     }
@@ -25,17 +25,17 @@ WindowBody {
 
     SecondaryText {
         Layout.fillWidth: true
-        text: "Start audio in an app, then enable its slider. Audio stays on this Mac; nothing is recorded or uploaded."
+        text: qsTr("Start audio in an app, then enable its slider. Audio stays on this computer; nothing is recorded or uploaded.")
     }
     CaptionText {
         Layout.fillWidth: true
         color: Theme.grey
-        text: "Experimental · macOS audio-capture permission required. Release restores the app’s original audio route."
+        text: qsTr("Release restores the app’s original audio route.")
     }
     BodyText {
         Layout.fillWidth: true
         color: Theme.orange
-        text: "Requires macOS 14.2 or later."
+        text: qsTr("Needs PipeWire, which is not running.")
         visible: !root.mixer.supported
     }
     Item {
@@ -47,7 +47,7 @@ WindowBody {
         BodyText {
             anchors.centerIn: parent
             horizontalAlignment: Text.AlignHCenter
-            text: "No apps playing audio. Start music or a video, then refresh."
+            text: qsTr("No apps playing audio. Start music or a video, then refresh.")
             width: parent.width
         }
     }
@@ -56,7 +56,7 @@ WindowBody {
 
         Layout.fillHeight: true
         Layout.fillWidth: true
-        label: "Apps playing audio"
+        label: qsTr("Apps playing audio")
         model: root.mixer.apps
         spacing: 12
         visible: list.count > 0
@@ -78,14 +78,14 @@ WindowBody {
         spacing: 12
 
         PushButton {
-            text: "Refresh"
+            text: qsTr("Refresh")
 
             onActivated: root.mixer.refresh()
         }
         CaptionText {
             Layout.fillWidth: true
             color: Theme.grey
-            text: "Browser audio may appear as helper processes."
+            text: qsTr("Browser audio may appear as helper processes.")
         }
     }
 }
