@@ -17,8 +17,10 @@ QString timeOfDay(const QTime &time, const QLocale &locale) {
 QString dayLine(const QDate &date, const QLocale &locale) {
     const QString order = locale.dateFormat(QLocale::ShortFormat);
     const bool monthFirst = order.indexOf(u'M') < order.indexOf(u'd', 0, Qt::CaseInsensitive);
-    return locale.toString(date, monthFirst ? QStringLiteral("dddd, MMM d")
-                                            : QStringLiteral("dddd, d MMM"));
+    const bool hasPeriod = locale.dateFormat(QLocale::LongFormat).contains(QStringLiteral("d. M"));
+    return locale.toString(date, monthFirst  ? QStringLiteral("dddd, MMM d")
+                                 : hasPeriod ? QStringLiteral("dddd, d. MMM")
+                                             : QStringLiteral("dddd, d MMM"));
 }
 
 QString monthLine(const QDate &date, const QLocale &locale) {

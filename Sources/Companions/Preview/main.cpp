@@ -1,6 +1,7 @@
 #include "PreviewWindow.h"
 #include "ProcessLimits.h"
 #include "RequestReader.h"
+#include "UserLanguage.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -45,6 +46,7 @@ int main(int argc, char **argv) {
     QApplication::setDesktopFileName(QStringLiteral("org.perchly.Perchly"));
     QApplication::setQuitOnLastWindowClosed(false);
 
+    loadUserLanguage();
     QTimer heartbeat;
     watchForHangs(heartbeat);
     PreviewWindow window;

@@ -7,6 +7,7 @@
 #include "SymbolIcon.h"
 #include "TerminationSignals.h"
 #include "Theme.h"
+#include "UserLanguage.h"
 
 #include <QApplication>
 #include <QQuickWindow>
@@ -54,6 +55,7 @@ int perchlyRun(int &argc, char **argv, const QStringList &command, BackgroundSta
         return background.finish(*error);
     }
 
+    loadUserLanguage();
     Hosts hosts = makeHosts(bus);
     AppDelegate delegate(
         hosts,
