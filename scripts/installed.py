@@ -6,6 +6,8 @@ import re
 import sys
 from pathlib import Path
 
+from Xlib.error import BadWindow
+
 TREE = Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(TREE / "Tests" / "Session"))
 
@@ -24,8 +26,11 @@ def main():
         running = session.run(wait=False)
 
         def shelf():
-            windows = session.screen.root.query_tree().children
-            return any(window.get_wm_name() == "Perchly" for window in windows)
+            try:
+                windows = session.screen.root.query_tree().children
+                return any(window.get_wm_name() == "Perchly" for window in windows)
+            except BadWindow:  # one closed meanwhile
+                return False
 
         wait_until(lambda: shelf() or not running.running(), "the shelf", START_SECONDS)
         if running.running():
