@@ -1,6 +1,7 @@
 #include "LinuxHosts.h"
 
 #include "AutostartLoginItem.h"
+#include "BusNotifications.h"
 #include "BusPlayerNotifications.h"
 #include "CalendarQuestion.h"
 #include "CanberraAlertSound.h"
@@ -101,6 +102,7 @@ void addDesktop(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
     hosts.catalog = std::make_unique<DesktopCatalog>();
     hosts.loginItem = std::make_unique<AutostartLoginItem>(AutostartLoginItem::runningProgram());
     hosts.motion = std::make_unique<PortalMotion>(bus);
+    hosts.notifications = std::make_unique<BusNotifications>(bus);
     hosts.alertSound = std::make_unique<CanberraAlertSound>();
     hosts.scriptHost = companion<ProcessScriptHost>(
         "perchly-scripthost", "perchly-scripthost is not installed: what players play is missing");

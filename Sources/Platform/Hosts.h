@@ -13,6 +13,7 @@
 #include "LoginItem.h"
 #include "Motion.h"
 #include "MusicPlayer.h"
+#include "Notifications.h"
 #include "OpenPanel.h"
 #include "PanelHost.h"
 #include "Pasteboard.h"
@@ -60,6 +61,7 @@ struct Hosts {
     std::unique_ptr<PowerSources> power;
     std::unique_ptr<ScreenCapture> screenCapture;
     std::unique_ptr<QuickLook> quickLook;
+    std::unique_ptr<Notifications> notifications;
 };
 
 } // namespace perchly

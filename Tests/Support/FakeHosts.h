@@ -46,6 +46,7 @@ public:
     FakeCalendarStore &calendars = install<FakeCalendarStore>(hosts.calendars);
     FakePowerSources &power = install<FakePowerSources>(hosts.power);
     FakeScreenCapture &screenCapture = install<FakeScreenCapture>(hosts.screenCapture);
+    FakeNotifications &notifications = install<FakeNotifications>(hosts.notifications);
     FakeQuickLook &quickLook = install<FakeQuickLook>(hosts.quickLook);
 };
 

@@ -3,6 +3,7 @@
 #include "Hosts.h"
 #include "PendingCalls.h"
 
+#include <QMap>
 #include <QSet>
 
 namespace perchly {
@@ -181,6 +182,17 @@ public:
     void look(const QList<QUrl> &items, qsizetype index) override { shown = items.mid(index); }
 
     QList<QUrl> shown;
+};
+
+/// Holds the open notifications by their tags.
+class FakeNotifications : public Notifications {
+public:
+    void show(const Notification &notification) override {
+        open.insert(notification.tag, notification);
+    }
+    void close(const QString &tag) override { open.remove(tag); }
+
+    QMap<QString, Notification> open;
 };
 
 /// A capture that the test ends.

@@ -308,6 +308,12 @@ public:
     void look(const QList<QUrl> &, qsizetype) override {}
 };
 
+class NullNotifications : public Notifications {
+public:
+    void show(const Notification &) override {}
+    void close(const QString &) override {}
+};
+
 class NullSingleInstance : public SingleInstance {
 public:
     std::optional<QString> claim(const QStringList &) override { return std::nullopt; }
@@ -342,6 +348,7 @@ Hosts nullHosts() {
     hosts.power = std::make_unique<NullPowerSources>();
     hosts.screenCapture = std::make_unique<NullScreenCapture>();
     hosts.quickLook = std::make_unique<NullQuickLook>();
+    hosts.notifications = std::make_unique<NullNotifications>();
     return hosts;
 }
 
