@@ -88,6 +88,8 @@ private Q_SLOTS:
         QVERIFY(!isOpenLater());
         model.setControlError(QStringLiteral("It failed, too late."));
         shell.pointerOntoPill();
+        QVERIFY(!model.controlError().isNull());
+        model.setExpanded(false);
         QVERIFY(model.controlError().isNull());
     }
 

@@ -130,6 +130,7 @@ void ShelfModel::tick() {
     setRunning(false);
     setActivity(m_isBreak ? tr("Break complete") : tr("Focus complete"));
     m_alertSound.play();
+    Q_EMIT countdownCompleted(m_isBreak);
 }
 
 } // namespace perchly

@@ -17,7 +17,9 @@ bool ShelfModel::staysOpen() const {
 }
 
 void ShelfModel::setExpanded(bool expanded) {
-    setControlError({}); // a closed shelf cannot show it, and later it would be stale
+    if (!expanded) {
+        setControlError({});
+    }
     publish(m_expanded, expanded, &ShelfModel::expandedChanged);
 }
 
@@ -71,7 +73,8 @@ void ShelfModel::setMedia(const Media &media) {
     }
 }
 
-void ShelfModel::setControlError(const QString &error) {
+void ShelfModel::setControlError(const QString &error, const QString &title) {
+    m_errorTitle = title;
     publish(m_controlError, error, &ShelfModel::controlErrorChanged);
 }
 

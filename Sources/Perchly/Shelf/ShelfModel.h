@@ -39,6 +39,7 @@ class ShelfModel : public QObject {
     Q_PROPERTY(QString musicArtist READ musicArtist NOTIFY mediaChanged FINAL)
     Q_PROPERTY(QString controlError READ controlError WRITE setControlError NOTIFY
                    controlErrorChanged FINAL)
+    Q_PROPERTY(QString errorTitle READ errorTitle NOTIFY controlErrorChanged FINAL)
     Q_PROPERTY(bool controlling READ controlling NOTIFY controllingChanged FINAL)
     Q_PROPERTY(QString mediaSource READ mediaSource NOTIFY mediaChanged FINAL)
     Q_PROPERTY(bool mediaIsBrowser READ mediaIsBrowser NOTIFY mediaChanged FINAL)
@@ -53,8 +54,7 @@ public:
     ShelfModel(Clock &clock, Preferences &preferences, AlertSound &alertSound,
                QObject *parent = nullptr);
 
-    /// Whether the shelf is open. Only the shell sets it. Opening and closing clear the control
-    /// error.
+    /// Whether the shelf is open. Only the shell sets it. Closing clears the control error.
     [[nodiscard]] bool expanded() const { return m_expanded; }
     void setExpanded(bool expanded);
     /// Whether the shelf is being dragged: nothing else may move, open or close it.
@@ -104,9 +104,13 @@ public:
     [[nodiscard]] QString mediaSource() const { return m_media.source; }
     [[nodiscard]] bool mediaIsBrowser() const { return m_media.isBrowser; }
     [[nodiscard]] bool mediaCanSeek() const { return m_media.canSeek; }
-    /// Why the last playback command failed; null if it succeeded or the error was dismissed.
+    /// Why the last playback command or launch failed; null if it succeeded or the error was
+    /// dismissed.
     [[nodiscard]] QString controlError() const { return m_controlError; }
-    void setControlError(const QString &error);
+    /// What failed.
+    [[nodiscard]] QString errorTitle() const { return m_errorTitle; }
+    void setControlError(const QString &error,
+                         const QString &title = tr("Media controls unavailable"));
     Q_INVOKABLE void clearControlError() { setControlError({}); }
     /// Whether a playback command is running.
     [[nodiscard]] bool controlling() const { return m_controlling; }
@@ -141,6 +145,8 @@ public:
     void refreshDay();
 
 Q_SIGNALS:
+    /// The countdown of a focus session or a break has reached its end.
+    void countdownCompleted(bool wasBreak);
     void controlRequested(const QString &word);
     void musicRequested();
     void expandedChanged();
@@ -192,6 +198,7 @@ private:
     QString m_activity = tr("Ready when you are");
     Media m_media;
     QString m_controlError;
+    QString m_errorTitle;
     bool m_controlling = false;
     int m_seconds = 0;
     bool m_running = false;

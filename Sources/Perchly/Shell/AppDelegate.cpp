@@ -161,10 +161,11 @@ void AppDelegate::launch(const QString &id) {
     if (item->shortcutName) {
         m_productivity.shortcuts()->run(*item->shortcutName);
     } else if (item->path) {
-        const auto report = [store = QPointer(&m_productivity),
-                             name = item->name](const QString &error) {
-            if (store && !error.isEmpty()) {
-                store->setMessage(tr("Could not open %1. %2").arg(name, error));
+        const auto report = [guard = QPointer(this), name = item->name](const QString &error) {
+            if (guard && !error.isEmpty()) {
+                const QString message = tr("Could not open %1. %2").arg(name, error);
+                guard->m_productivity.setMessage(message);
+                guard->m_model.setControlError(message, tr("Launch failed"));
             }
         };
         m_hosts.applications->launch(*item->path, report);

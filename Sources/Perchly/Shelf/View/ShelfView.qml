@@ -296,7 +296,7 @@ FocusScope {
         x: layout.openRect.x
         y: layout.openRect.y
 
-        Component.onCompleted: alert.setSource("MediaAlert.qml", {
+        Component.onCompleted: alert.setSource("ErrorAlert.qml", {
             model: root.model,
             preferences: root.preferences,
             radius: layout.openRadius,

@@ -2,7 +2,8 @@ import QtQuick
 import Perchly.Look
 import Perchly.Stores
 
-/// An alert over the whole shelf after a failed playback command, until the user dismisses it.
+/// An alert over the whole shelf after a failed playback command or launch, until the user dismisses
+/// it.
 /// Nothing behind it gets the keyboard meanwhile, except a text that the user is writing.
 FocusScope {
     id: root
@@ -94,7 +95,7 @@ FocusScope {
             font.pixelSize: 13
             font.weight: Font.DemiBold
             horizontalAlignment: Text.AlignHCenter
-            text: qsTr("Media controls unavailable")
+            text: root.model.errorTitle
             y: 20
         }
         Label {
