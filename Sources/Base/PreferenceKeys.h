@@ -17,6 +17,12 @@ inline constexpr QLatin1StringView shelfAccent("shelfAccent");
 inline constexpr QLatin1StringView shelfOpacity("shelfOpacity");
 inline constexpr QLatin1StringView compactMode("compactMode");
 
+inline constexpr QLatin1StringView announceFocus("announceFocus");
+inline constexpr QLatin1StringView announceShortcuts("announceShortcuts");
+inline constexpr QLatin1StringView announceCaptures("announceCaptures");
+inline constexpr QLatin1StringView announceFailures("announceFailures");
+inline constexpr QLatin1StringView announceMeetings("announceMeetings");
+
 inline constexpr QLatin1StringView leftWidget("leftWidget");
 inline constexpr QLatin1StringView rightWidget("rightWidget");
 inline constexpr QLatin1StringView quickNote("quickNote");

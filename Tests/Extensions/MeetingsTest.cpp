@@ -131,7 +131,7 @@ private Q_SLOTS:
         MeetingsFixture f;
         f.store("a", 1h, 2h);
         f.load();
-        const QSignalSpy titles(&f.meetings, &Meetings::firstTitleChanged);
+        const QSignalSpy titles(&f.meetings, &Meetings::eventsChanged);
         f.meetings.refresh(); // running when access is withdrawn
         f.fake.calendars.granted = CalendarAccess::Denied;
         Q_EMIT f.fake.calendars.changed();

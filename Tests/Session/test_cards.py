@@ -63,6 +63,27 @@ class CardsTest(SessionCase):
         self.screen.type_text("b")
         self.expect_stored(quickNote=" a" * 40 + "b")
 
+    def test_failures_are_told_and_quick_presses_all_count(self):
+        gone = {"id": "gone", "path": "/gone.desktop", "name": "Gone", "visible": True}
+        library = {"data": json.dumps([gone | {"favorite": False}]), "encoding": "utf-8"}
+        self.open_beside_other_window(leftWidget="Music", shelfLibrary=library)
+        for button, alert in (("Gone", "Launch failed"), ("Play", "Media controls unavailable")):
+            self.click(button)
+            self.tree.find(alert)
+            self.click("OK")
+            self.tree.expect_gone("OK")
+        player = ScriptedPlayer(self.session)
+        self.tree.find("Song", "label")
+        self.screen.move_to(*self.tree.find("Next track", "push button").centre)
+        for _ in range(3):
+            self.screen.press()
+            self.screen.release()
+        for _ in range(3):
+            player.expect("Next")
+        self.tree.find("Next", "label")
+        player.close()
+        self.tree.find("Ready when you are", "label")
+
     def test_click_and_digit_launch_entries(self):
         self.start_session()
         traces = [self.session.folder / f"launched{number}" for number in range(2)]

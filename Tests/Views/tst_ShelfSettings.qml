@@ -91,7 +91,10 @@ ViewTestCase {
             "StaticText: Drag the shelf header to dock on the top, left, or right edge. Your position saves automatically.",
             "Slider: Shelf size", "CheckBox: Expand on hover", "Slider: Collapse delay", "CheckBox: Launch at login",
             "StaticText: Keyboard: Ctrl+Alt+K opens search. Ctrl+Alt+Space toggles the shelf. Ctrl+1–9 launches the corresponding visible app while the shelf is open. Escape closes it.",
-            "StaticText: Install Perchly before you turn on launch at login."
+            "StaticText: Install Perchly before you turn on launch at login.",
+            "Heading: Desktop notifications", "CheckBox: Focus session or break over",
+            "CheckBox: Shortcut finished or failed", "CheckBox: Capture taken",
+            "CheckBox: Command or launch failed", "CheckBox: Meeting starting in 5 minutes"
         ]);
         root.view.height = 300;
         root.view.y = 240;
@@ -119,6 +122,9 @@ ViewTestCase {
         keyClick(Qt.Key_Space);
         verify(!root.fixture.preferences.login);
         compare(root.everything().filter(found => found.endsWith("Nothing here starts programs at login.")).length, 1);
+        root.tab(1);
+        keyClick(Qt.Key_Space);
+        compare(root.fixture.stored("announceFocus"), false);
     }
 
     height: 540

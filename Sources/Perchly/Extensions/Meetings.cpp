@@ -122,7 +122,7 @@ void Meetings::setEvents(const QList<CalendarEvent> &events) {
     if (events != m_events) {
         m_events = events;
         m_links = linksOf(events);
-        Q_EMIT firstTitleChanged();
+        Q_EMIT eventsChanged();
     }
     Rows rows;
     const Clock::TimePoint now = m_clock.now();

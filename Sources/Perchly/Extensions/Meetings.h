@@ -14,13 +14,16 @@ namespace perchly {
 /// "running", and "link" for joining, which may be empty. Main thread only.
 class Meetings : public perchly::KeyedRows {
     Q_OBJECT
-    Q_PROPERTY(QString firstTitle READ firstTitle NOTIFY firstTitleChanged FINAL)
+    Q_PROPERTY(QString firstTitle READ firstTitle NOTIFY eventsChanged FINAL)
     Q_PROPERTY(QString message READ message NOTIFY messageChanged FINAL)
 public:
     Meetings(CalendarStore &calendars, Clock &clock, QObject *parent = nullptr);
 
     /// In one line; empty if there is no meeting.
     [[nodiscard]] QString firstTitle() const;
+    [[nodiscard]] const QList<CalendarEvent> &events() const { return m_events; }
+    /// For joining the event with this identifier; may be empty.
+    [[nodiscard]] QUrl linkOf(const QString &identifier) const { return m_links.value(identifier); }
     /// The message above the list, if any.
     [[nodiscard]] QString message() const { return m_message; }
 
@@ -34,7 +37,7 @@ public:
     Q_INVOKABLE void readAgain();
 
 Q_SIGNALS:
-    void firstTitleChanged();
+    void eventsChanged();
     void messageChanged();
 
 private:

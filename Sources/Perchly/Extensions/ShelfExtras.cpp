@@ -14,7 +14,7 @@ ShelfExtras::ShelfExtras(Hosts &hosts, ShelfLibrary &library, Productivity &prod
     : QObject(parent)
     , m_quickLook(*hosts.quickLook)
     , m_groups(*hosts.preferences, *hosts.applications, library, *productivity.held(),
-               productivity.notice())
+               productivity.failureNotice())
     , m_snippets(*hosts.preferences)
     , m_meetings(*hosts.calendars, *hosts.clock)
     , m_battery(*hosts.power)

@@ -36,17 +36,28 @@ Notice Productivity::notice() {
     };
 }
 
+Notice Productivity::failureNotice() {
+    return [guard = QPointer(this)](const QString &message) {
+        if (guard) {
+            guard->setMessage(message);
+            Q_EMIT guard->failed();
+        }
+    };
+}
+
 void Productivity::open(const QUrl &url) {
-    m_hosts.applications->openUrl(url, reportFailure(notice(), tr("Could not open %1. %2"), url));
+    m_hosts.applications->openUrl(url,
+                                  reportFailure(failureNotice(), tr("Could not open %1. %2"), url));
 }
 
 void Productivity::openApplication(const QString &path) {
-    m_hosts.applications->open(
-        path, reportFailure(notice(), tr("Could not open %1. %2"), QUrl::fromLocalFile(path)));
+    m_hosts.applications->open(path, reportFailure(failureNotice(), tr("Could not open %1. %2"),
+                                                   QUrl::fromLocalFile(path)));
 }
 
 void Productivity::reveal(const QUrl &url) {
-    m_hosts.fileServices->reveal(url, reportFailure(notice(), tr("Could not reveal %1. %2"), url));
+    m_hosts.fileServices->reveal(
+        url, reportFailure(failureNotice(), tr("Could not reveal %1. %2"), url));
 }
 
 void Productivity::findShareTargets(const QUrl &url) {
@@ -65,7 +76,7 @@ void Productivity::findShareTargets(const QUrl &url) {
 
 void Productivity::share(const QUrl &url, const QString &targetId) {
     m_hosts.fileServices->share(url, targetId,
-                                reportFailure(notice(), tr("Could not share %1. %2"), url));
+                                reportFailure(failureNotice(), tr("Could not share %1. %2"), url));
 }
 
 } // namespace perchly

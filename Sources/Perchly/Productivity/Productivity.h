@@ -34,6 +34,8 @@ public:
     void setMessage(const QString &message);
     Q_INVOKABLE void dismissMessage() { setMessage({}); }
     [[nodiscard]] Notice notice();
+    /// The same for a failure, which is announced, too.
+    [[nodiscard]] Notice failureNotice();
 
     // A failure of one of these becomes the message.
 
@@ -47,6 +49,8 @@ public:
 
 Q_SIGNALS:
     void messageChanged();
+    /// Something could not be opened, revealed or shared; the message says why.
+    void failed();
     /// Each target as {"id": …, "name": …}.
     void shareTargetsFound(const QUrl &url, const QVariantList &targets);
 

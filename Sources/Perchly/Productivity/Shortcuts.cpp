@@ -75,6 +75,9 @@ void Shortcuts::run(const QString &name) {
         m_notice(result.status == 0 ? tr("Finished: %1").arg(name)
                  : stopped          ? tr("Stopped: %1").arg(name)
                            : tr("Shortcut failed: %1. Run it in a terminal to see why.").arg(name));
+        if (!stopped) {
+            Q_EMIT ended(name, result.status == 0);
+        }
     });
 }
 

@@ -41,6 +41,8 @@ public:
 
 Q_SIGNALS:
     void busyChanged();
+    /// A shortcut has ended by itself.
+    void ended(const QString &name, bool succeeded);
 
 private:
     void setBusy(const QString &name);

@@ -12,10 +12,12 @@ namespace perchly {
 
 namespace {
 
-constexpr std::array otherKeys{keys::shelfTheme,  keys::shelfAccent,  keys::shelfOpacity,
-                               keys::compactMode, keys::shelfEdge,    keys::openOnHover,
-                               keys::hoverDelay,  keys::leftWidget,   keys::rightWidget,
-                               keys::quickNote,   keys::focusMinutes, keys::breakMinutes};
+constexpr std::array otherKeys{
+    keys::shelfTheme,      keys::shelfAccent,       keys::shelfOpacity,     keys::compactMode,
+    keys::shelfEdge,       keys::openOnHover,       keys::hoverDelay,       keys::leftWidget,
+    keys::rightWidget,     keys::quickNote,         keys::focusMinutes,     keys::breakMinutes,
+    keys::announceFocus,   keys::announceShortcuts, keys::announceCaptures, keys::announceFailures,
+    keys::announceMeetings};
 
 QString edgeTitle(ShelfEdge edge) {
     QString title = shelfEdgeName(edge);

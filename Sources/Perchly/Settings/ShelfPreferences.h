@@ -41,6 +41,15 @@ class ShelfPreferences : public QObject {
     Q_PROPERTY(QString note READ note WRITE setNote NOTIFY changed FINAL)
     Q_PROPERTY(int focusMinutes READ focusMinutes WRITE setFocusMinutes NOTIFY changed FINAL)
     Q_PROPERTY(int breakMinutes READ breakMinutes WRITE setBreakMinutes NOTIFY changed FINAL)
+    Q_PROPERTY(bool announceFocus READ announcesFocus WRITE setAnnounceFocus NOTIFY changed FINAL)
+    Q_PROPERTY(bool announceShortcuts READ announcesShortcuts WRITE setAnnounceShortcuts NOTIFY
+                   changed FINAL)
+    Q_PROPERTY(
+        bool announceCaptures READ announcesCaptures WRITE setAnnounceCaptures NOTIFY changed FINAL)
+    Q_PROPERTY(
+        bool announceFailures READ announcesFailures WRITE setAnnounceFailures NOTIFY changed FINAL)
+    Q_PROPERTY(
+        bool announceMeetings READ announcesMeetings WRITE setAnnounceMeetings NOTIFY changed FINAL)
     Q_PROPERTY(bool login READ login WRITE setLogin NOTIFY loginChanged FINAL)
     Q_PROPERTY(QString error READ error NOTIFY loginChanged FINAL)
 public:
@@ -106,6 +115,26 @@ public:
         return wholeNumber(keys::breakMinutes, keys::defaultBreakMinutes);
     }
     void setBreakMinutes(int minutes) { m_stored.setNumber(keys::breakMinutes, minutes); }
+
+    /// Whether desktop notifications tell of these.
+    [[nodiscard]] bool announcesFocus() const { return flag(keys::announceFocus, true); }
+    void setAnnounceFocus(bool announce) { m_stored.setBoolean(keys::announceFocus, announce); }
+    [[nodiscard]] bool announcesShortcuts() const { return flag(keys::announceShortcuts, true); }
+    void setAnnounceShortcuts(bool announce) {
+        m_stored.setBoolean(keys::announceShortcuts, announce);
+    }
+    [[nodiscard]] bool announcesCaptures() const { return flag(keys::announceCaptures, true); }
+    void setAnnounceCaptures(bool announce) {
+        m_stored.setBoolean(keys::announceCaptures, announce);
+    }
+    [[nodiscard]] bool announcesFailures() const { return flag(keys::announceFailures, true); }
+    void setAnnounceFailures(bool announce) {
+        m_stored.setBoolean(keys::announceFailures, announce);
+    }
+    [[nodiscard]] bool announcesMeetings() const { return flag(keys::announceMeetings, true); }
+    void setAnnounceMeetings(bool announce) {
+        m_stored.setBoolean(keys::announceMeetings, announce);
+    }
 
     /// Whether the program starts at login, as of the last refresh(). Setting it asks the desktop;
     /// on failure `error` says why and the value does not change.

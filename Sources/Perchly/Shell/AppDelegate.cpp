@@ -56,6 +56,13 @@ void AppDelegate::launch() {
     m_hosts.keys->start([this](const KeyPress &press) { return m_keys.handle(press); });
     followPointer();
     showStatusItem();
+    m_announcements = std::make_unique<Announcements>(
+        m_hosts,
+        Announcements::Sources{.preferences = m_shelfPreferences,
+                               .model = m_model,
+                               .productivity = m_productivity,
+                               .extras = extras()},
+        *this, [this] { return m_toolsWindow && m_toolsWindow->isExposed(); });
     m_hosts.playerNotifications->start();
     m_hosts.audio->start();
     connect(m_hosts.displays.get(), &Displays::changed, this, &AppDelegate::resize);

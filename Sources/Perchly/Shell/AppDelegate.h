@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Announcements.h"
 #include "AuxiliaryWindow.h"
 #include "FieldPasting.h"
 #include "MediaTracking.h"
@@ -106,6 +107,7 @@ private:
     ShelfDrag m_drag;
     ShelfKeys m_keys;
     ShelfHotKey m_hotKey;
+    std::unique_ptr<Announcements> m_announcements;
     std::unique_ptr<AuxiliaryWindow> m_mixerWindow;
     std::unique_ptr<AuxiliaryWindow> m_toolsWindow;
     std::unique_ptr<AuxiliaryWindow> m_settingsWindow;

@@ -147,4 +147,8 @@ ScrollArea {
             width: parent.width
         }
     }
+    NotificationsGroup {
+        preferences: root.preferences
+        width: parent.width
+    }
 }

@@ -3,8 +3,7 @@ import Perchly.Look
 import Perchly.Stores
 
 /// An alert over the whole shelf after a failed playback command or launch, until the user dismisses
-/// it.
-/// Nothing behind it gets the keyboard meanwhile, except a text that the user is writing.
+/// it. Nothing behind it gets the keyboard meanwhile, except a text that the user is writing.
 FocusScope {
     id: root
 
