@@ -346,6 +346,13 @@
     </message>
 </context>
 <context>
+    <name>ErrorAlert</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
     <name>FileFacts</name>
     <message>
         <source>Web link</source>
@@ -635,17 +642,6 @@
     </message>
 </context>
 <context>
-    <name>MediaAlert</name>
-    <message>
-        <source>Media controls unavailable</source>
-        <translation>Mediensteuerung nicht verfügbar</translation>
-    </message>
-    <message>
-        <source>OK</source>
-        <translation>OK</translation>
-    </message>
-</context>
-<context>
     <name>MediaControl</name>
     <message>
         <source>Nothing is playing. Start a player and try again.</source>
@@ -774,6 +770,33 @@
     <message>
         <source>Dismiss</source>
         <translation>Ausblenden</translation>
+    </message>
+</context>
+<context>
+    <name>NotificationsGroup</name>
+    <message>
+        <source>Desktop notifications</source>
+        <translation>Benachrichtigungen</translation>
+    </message>
+    <message>
+        <source>Focus session or break over</source>
+        <translation>Fokussitzung oder Pause beendet</translation>
+    </message>
+    <message>
+        <source>Shortcut finished or failed</source>
+        <translation>Kurzbefehl beendet oder fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Capture taken</source>
+        <translation>Aufnahme gemacht</translation>
+    </message>
+    <message>
+        <source>Command or launch failed</source>
+        <translation>Befehl oder Start fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Meeting starting in 5 minutes</source>
+        <translation>Besprechung beginnt in 5 Minuten</translation>
     </message>
 </context>
 <context>
@@ -1363,6 +1386,82 @@
     </message>
 </context>
 <context>
+    <name>perchly::Announcements</name>
+    <message>
+        <source>Start break</source>
+        <translation>Pause starten</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Überspringen</translation>
+    </message>
+    <message>
+        <source>Start focus</source>
+        <translation>Fokus starten</translation>
+    </message>
+    <message>
+        <source>Break complete</source>
+        <translation>Pause beendet</translation>
+    </message>
+    <message>
+        <source>Focus complete</source>
+        <translation>Fokus abgeschlossen</translation>
+    </message>
+    <message>
+        <source>Ready for another session?</source>
+        <translation>Bereit für eine weitere Sitzung?</translation>
+    </message>
+    <message>
+        <source>Time for a break.</source>
+        <translation>Zeit für eine Pause.</translation>
+    </message>
+    <message>
+        <source>Shortcut finished</source>
+        <translation>Kurzbefehl beendet</translation>
+    </message>
+    <message>
+        <source>Shortcut failed</source>
+        <translation>Kurzbefehl fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Capture taken</source>
+        <translation>Aufnahme gemacht</translation>
+    </message>
+    <message>
+        <source>It is held in Files.</source>
+        <translation>Sie liegt unter „Dateien“.</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Command failed</source>
+        <translation>Befehl fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Capture failed</source>
+        <translation>Aufnahme fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Join</source>
+        <translation>Beitreten</translation>
+    </message>
+    <message>
+        <source>Meeting</source>
+        <translation>Besprechung</translation>
+    </message>
+    <message>
+        <source>Starts at %1.</source>
+        <comment>time of day</comment>
+        <translation>Beginnt um %1.</translation>
+    </message>
+</context>
+<context>
     <name>perchly::AppDelegate</name>
     <message>
         <source>Show shelf</source>
@@ -1419,6 +1518,18 @@
     <message>
         <source>The shelf has no entry “%1”.</source>
         <translation>Die Leiste hat keinen Eintrag „%1“.</translation>
+    </message>
+    <message>
+        <source>Launch failed</source>
+        <translation>Start fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>No focus session or break is running.</source>
+        <translation>Es läuft keine Fokussitzung oder Pause.</translation>
+    </message>
+    <message>
+        <source>Nothing is playing. Start a player and try again.</source>
+        <translation>Es läuft keine Wiedergabe. Bitte einen Player starten und erneut versuchen.</translation>
     </message>
 </context>
 <context>
@@ -1719,6 +1830,10 @@
     <message>
         <source>Focus complete</source>
         <translation>Fokus abgeschlossen</translation>
+    </message>
+    <message>
+        <source>Media controls unavailable</source>
+        <translation>Mediensteuerung nicht verfügbar</translation>
     </message>
 </context>
 <context>
