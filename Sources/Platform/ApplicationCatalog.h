@@ -13,6 +13,8 @@ namespace perchly {
 struct FoundApplication {
     QString path; ///< absolute path of its desktop entry, not canonicalised
     QString name; ///< in the user's language
+    /// What else a search should match: its kind, keywords and executable, each on a line.
+    QString otherNames = {};
 
     bool operator==(const FoundApplication &) const = default;
 };

@@ -112,6 +112,27 @@ private Q_SLOTS:
         fixture.fake.catalog.finish({}); // after the library is destroyed
     }
 
+    void searchPutsTheBestMatchFirst() {
+        LibraryFixture fixture;
+        fixture.library->refresh();
+        QList<FoundApplication> found;
+        for (const char *name :
+             {"Remailer", "My-Mail", "Mailbox", "Thunderbird", "Évolution", "MAIL"}) {
+            found.append({QString::fromUtf8(name), QString::fromUtf8(name)});
+        }
+        found[3].otherNames = QStringLiteral("Mail Client\nE-mail\nthunderbird-bin");
+        fixture.fake.catalog.finish(found);
+        const std::pair<const char *, const char *> searches[]{
+            {"mail", "MAIL Mailbox Thunderbird My-Mail Remailer"},
+            {"ÉVO", "Évolution"},
+            {"bird-b", "Thunderbird"},
+            {"client", "Thunderbird"}};
+        for (const auto &[search, expected] : searches) {
+            QCOMPARE(text(fixture.library->installedMatching(QString::fromUtf8(search))),
+                     QString::fromUtf8(expected));
+        }
+    }
+
     void addsChosenApplications() {
         LibraryFixture fixture(QByteArray("[]"));
         fixture.library->browse();

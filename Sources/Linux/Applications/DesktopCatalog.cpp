@@ -32,8 +32,16 @@ QCollator fileBrowserOrder() {
 }
 
 FoundApplication described(GAppInfo *application) {
-    const char *path = g_desktop_app_info_get_filename(G_DESKTOP_APP_INFO(application));
-    return {QFile::decodeName(path), QString::fromUtf8(g_app_info_get_name(application))};
+    GDesktopAppInfo *entry = G_DESKTOP_APP_INFO(application);
+    QStringList names{QString::fromUtf8(g_desktop_app_info_get_generic_name(entry))};
+    const char *const *keywords = g_desktop_app_info_get_keywords(entry);
+    for (; keywords != nullptr && *keywords != nullptr; ++keywords) {
+        names.append(QString::fromUtf8(*keywords));
+    }
+    const QString program = QFile::decodeName(g_app_info_get_executable(application));
+    names.append(program.mid(program.lastIndexOf(u'/') + 1));
+    return {QFile::decodeName(g_desktop_app_info_get_filename(entry)),
+            QString::fromUtf8(g_app_info_get_name(application)), names.join(u'\n')};
 }
 
 QList<FoundApplication> findApplications() {
@@ -48,8 +56,9 @@ QList<FoundApplication> findApplications() {
     // These strings lie between what GIO has freed: move them, so that its memory, 30 MB for 10,000
     // applications, can be returned to the system.
     for (FoundApplication &application : applications) {
-        application.path = QString(application.path.constData(), application.path.size());
-        application.name = QString(application.name.constData(), application.name.size());
+        for (QString *text : {&application.path, &application.name, &application.otherNames}) {
+            *text = QString(text->constData(), text->size());
+        }
     }
     malloc_trim(0);
     const QCollator collator = fileBrowserOrder();

@@ -1,7 +1,5 @@
 #include "InstalledApplications.h"
 
-#include "TextSearch.h"
-
 #include <QSet>
 
 namespace perchly {
@@ -31,12 +29,10 @@ KeyedRows::Rows InstalledApplications::matches() const {
             added.insert(item.id);
         }
     }
-    for (const ShelfItem &item : m_library->installed()) {
-        if (matchesSearch(item.name, m_search)) {
-            rows.append({item.id,
-                         {QVariant::fromValue(item), item.shownName(), item.applicationPath(),
-                          added.contains(item.id)}});
-        }
+    for (const ShelfItem &item : m_library->installedMatching(m_search)) {
+        rows.append({item.id,
+                     {QVariant::fromValue(item), item.shownName(), item.applicationPath(),
+                      added.contains(item.id)}});
     }
     return rows;
 }

@@ -7,7 +7,7 @@
 
 namespace perchly {
 
-/// The library's installed applications that match a search, in the library's order. Row fields:
+/// The library's installed applications that match a search, best match first. Row fields:
 /// "item", the ShelfItem, "name", "path", which may be empty, and "added" if the shelf already has
 /// it. Empty without a library. Main thread only.
 class InstalledApplications : public perchly::KeyedRows {

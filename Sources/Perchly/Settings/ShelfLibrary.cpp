@@ -5,11 +5,14 @@
 #include "PreferenceKeys.h"
 #include "Preferences.h"
 #include "StoredRecords.h"
+#include "TextSearch.h"
 
 #include <QPointer>
 #include <QUrl>
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace perchly {
 
@@ -85,9 +88,34 @@ void ShelfLibrary::refresh() {
     m_catalog.find([self = QPointer(this)](const QList<FoundApplication> &applications) {
         if (ShelfLibrary *library = self.data()) {
             library->m_installed = itemsFor(applications);
+            library->m_searchTexts.clear();
+            for (const FoundApplication &found : applications) {
+                library->m_searchTexts.append(
+                    foldedForSearch(found.name + u'\n' + found.otherNames));
+            }
             Q_EMIT library->installedChanged();
         }
     });
+}
+
+QList<ShelfItem> ShelfLibrary::installedMatching(const QString &search) const {
+    if (search.isEmpty()) {
+        return m_installed;
+    }
+    const QString folded = foldedForSearch(search);
+    std::vector<std::pair<int, qsizetype>> matches; // rank and place
+    for (qsizetype place = 0; place < m_searchTexts.size(); ++place) {
+        if (const auto rank = matchRank(m_searchTexts.at(place), folded)) {
+            matches.emplace_back(*rank, place);
+        }
+    }
+    std::ranges::sort(matches);
+    QList<ShelfItem> items;
+    items.reserve(qsizetype(matches.size()));
+    for (const auto &[rank, place] : matches) {
+        items.append(m_installed.at(place));
+    }
+    return items;
 }
 
 void ShelfLibrary::browse() {

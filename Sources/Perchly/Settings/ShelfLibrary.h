@@ -43,6 +43,10 @@ public:
     /// from then on. A view shows them through InstalledApplications.
     [[nodiscard]] const QList<ShelfItem> &installed() const { return m_installed; }
 
+    /// Those whose name, kind, keyword or executable matches a search, best match first. An empty
+    /// search matches all.
+    [[nodiscard]] QList<ShelfItem> installedMatching(const QString &search) const;
+
     /// Looks for applications again; returns at once. Of several searches, the last to end wins.
     Q_INVOKABLE void refresh();
 
@@ -80,6 +84,7 @@ private:
     Task m_browsing;
     QList<ShelfItem> m_items;
     QList<ShelfItem> m_installed;
+    QStringList m_searchTexts; ///< of each installed application, folded
     bool m_favoritesOnly = false;
 };
 

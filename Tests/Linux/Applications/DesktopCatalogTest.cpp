@@ -26,6 +26,14 @@ private Q_SLOTS:
                                        QStringLiteral("App 10"), QStringLiteral("éclair")}));
     }
 
+    void namesForSearchesAreRead() {
+        installApplication(QStringLiteral("z1"), "Exec=/bin/true %U\nName=alpha\nGenericName=Tool\n"
+                                                 "Keywords=one;two;");
+        QString names;
+        m_catalog.find([&](const auto &applications) { names = applications.at(0).otherNames; });
+        QTRY_COMPARE(names, QStringLiteral("Tool\none\ntwo\ntrue"));
+    }
+
     void changesAreAnnounced() {
         const qsizetype before = found().size();
         QSignalSpy changed(&m_catalog, &ApplicationCatalog::changed);
