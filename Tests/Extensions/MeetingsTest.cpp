@@ -95,6 +95,16 @@ private Q_SLOTS:
         QVERIFY(f.meetings.message().isEmpty());
     }
 
+    void laterMeetingsNameTheirDay() {
+        MeetingsFixture f;
+        f.store("a", 24h, 25h);
+        f.store("b", 72h, 73h);
+        f.load();
+        const QString time = f.all("start").right(5); // the tests run in the C locale
+        QCOMPARE(f.all("status"),
+                 QStringLiteral("Starts tomorrow, %1|Starts Thursday, %1").arg(time));
+    }
+
     void connectingAsksOnceAndShowsItsError() {
         MeetingsFixture f;
         f.meetings.connectCalendar();

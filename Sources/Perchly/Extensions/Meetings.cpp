@@ -16,10 +16,16 @@ namespace {
 
 constexpr auto window = 7 * 24h;
 
+constexpr auto maxCountdown = 2h;
+
+QDateTime localTime(Clock::TimePoint moment) {
+    const auto sinceEpoch = std::chrono::floor<std::chrono::milliseconds>(moment);
+    return QDateTime::fromMSecsSinceEpoch(sinceEpoch.time_since_epoch().count());
+}
+
 /// Weekday, hour and minute in the user's time zone and format.
 QString startText(const CalendarEvent &event) {
-    const auto sinceEpoch = std::chrono::floor<std::chrono::milliseconds>(event.start);
-    const auto start = QDateTime::fromMSecsSinceEpoch(sinceEpoch.time_since_epoch().count());
+    const QDateTime start = localTime(event.start);
     const QLocale locale;
     return locale.dayName(start.date().dayOfWeek(), QLocale::ShortFormat) + u' ' +
            timeOfDay(start.time(), locale);
@@ -62,9 +68,21 @@ QString Meetings::firstTitle() const {
 
 QString Meetings::statusOf(const CalendarEvent &event) const {
     const auto left = event.start - m_clock.now();
-    return left <= 0ms ? tr("In progress")
-                       : tr("Starts in %n min", nullptr,
-                            int(std::chrono::ceil<std::chrono::minutes>(left).count()));
+    if (left <= 0ms) {
+        return tr("In progress");
+    }
+    if (left <= maxCountdown) {
+        return tr("Starts in %n min", nullptr,
+                  int(std::chrono::ceil<std::chrono::minutes>(left).count()));
+    }
+    const QLocale locale;
+    const QDateTime start = localTime(event.start);
+    const QString time = timeOfDay(start.time(), locale);
+    const qint64 days = localTime(m_clock.now()).date().daysTo(start.date());
+    return days == 0   ? tr("Starts today, %1").arg(time)
+           : days == 1 ? tr("Starts tomorrow, %1").arg(time)
+                       : tr("Starts %1, %2", "weekday, time")
+                             .arg(locale.dayName(start.date().dayOfWeek()), time);
 }
 
 void Meetings::connectCalendar() {
