@@ -118,7 +118,7 @@ void addDesktop(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
     hosts.audio = audioSystem();
 }
 
-void addWindowSystem(Hosts &hosts) {
+void addWindowSystem(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
     if (QGuiApplication::platformName() != QStringLiteral("xcb")) {
         tellOnce("no X display: the shelf's place, the pointer and the hot keys are missing");
         return;
@@ -128,7 +128,7 @@ void addWindowSystem(Hosts &hosts) {
     hosts.keys = std::make_unique<QtKeyMonitor>();
     hosts.panel = std::make_unique<X11PanelHost>();
     hosts.hotKeys = std::make_unique<X11HotKeys>();
-    hosts.openPanel = std::make_unique<QtOpenPanel>();
+    hosts.openPanel = std::make_unique<QtOpenPanel>(bus);
     hosts.pasteboard = std::make_unique<X11Pasteboard>();
     hosts.screenCapture = companion<ProcessScreenCapture>(
         "perchly-screencapture", "perchly-screencapture is not installed: captures are missing");
@@ -189,7 +189,7 @@ Hosts makeHosts(const std::shared_ptr<SessionBus> &bus) {
     hosts.clock = std::make_unique<QtClock>();
     if (!wantsNullHosts()) {
         addDesktop(hosts, bus);
-        addWindowSystem(hosts);
+        addWindowSystem(hosts, bus);
     }
     return hosts;
 }

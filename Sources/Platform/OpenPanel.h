@@ -31,9 +31,9 @@ public:
 
     virtual ~OpenPanel() = default;
 
-    /// Shows the dialog above the program's active window, which takes no input until the dialog is
-    /// closed. Destroying the task, which the completion may do, closes the dialog without calling
-    /// the completion. The panel must outlive the task.
+    /// Shows the dialog above the program's active window. Destroying the task, which the
+    /// completion may do, closes the dialog without calling the completion. The panel must outlive
+    /// the task.
     [[nodiscard]] virtual Task ask(const Request &request, Completion completion) = 0;
 };
 

@@ -1,9 +1,12 @@
 #include "QtOpenPanel.h"
 
+#include "PortalFileChooser.h"
+
 #include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QPointer>
 #include <QWindow>
 
 #include <algorithm>
@@ -59,14 +62,24 @@ Dialog makeDialog(const OpenPanel::Request &request) {
 
 class Question : public ScheduledTask {
 public:
-    Question(const OpenPanel::Request &request, OpenPanel::Completion completion)
-        : m_dialog(makeDialog(request))
+    Question(const QDBusConnection &bus, const OpenPanel::Request &request,
+             OpenPanel::Completion completion)
+        : m_request(request)
+        , m_window(QGuiApplication::focusWindow())
         , m_completion(std::move(completion)) {
-        QObject::connect(m_dialog.get(), &QFileDialog::finished, &m_receiver,
-                         [this](int result) { finish(result); });
-        m_dialog->winId(); // creates the window
-        m_dialog->windowHandle()->setTransientParent(QGuiApplication::focusWindow());
-        m_dialog->open();
+        if (bus.isConnected()) {
+            m_portal = std::make_unique<PortalFileChooser>(
+                bus, request, m_window, [this](const std::optional<QList<QUrl>> &chosen) {
+                    const auto portal = std::move(m_portal);
+                    if (chosen) {
+                        finish(*chosen);
+                    } else {
+                        openDialog();
+                    }
+                });
+        } else {
+            openDialog();
+        }
     }
     ~Question() override {
         if (m_dialog) {
@@ -76,14 +89,26 @@ public:
     }
 
 private:
-    void finish(int result) {
-        const QList<QUrl> chosen =
-            result == QDialog::Accepted ? m_dialog->selectedUrls() : QList<QUrl>();
-        m_dialog.reset();
+    void openDialog() {
+        m_dialog = makeDialog(m_request);
+        QObject::connect(m_dialog.get(), &QFileDialog::finished, &m_receiver, [this](int result) {
+            const QList<QUrl> chosen =
+                result == QDialog::Accepted ? m_dialog->selectedUrls() : QList<QUrl>();
+            m_dialog.reset();
+            finish(chosen);
+        });
+        m_dialog->winId(); // creates the window
+        m_dialog->windowHandle()->setTransientParent(m_window);
+        m_dialog->open();
+    }
+    void finish(const QList<QUrl> &chosen) {
         const auto completion = std::move(m_completion); // it may destroy this object
         completion(chosen);
     }
 
+    const OpenPanel::Request m_request;
+    const QPointer<QWindow> m_window; ///< below the dialog
+    std::unique_ptr<PortalFileChooser> m_portal;
     Dialog m_dialog;
     OpenPanel::Completion m_completion;
     QObject m_receiver; ///< context of the connections: the dialog lives a little longer
@@ -91,8 +116,11 @@ private:
 
 } // namespace
 
+QtOpenPanel::QtOpenPanel(std::shared_ptr<SessionBus> bus)
+    : m_bus(std::move(bus)) {}
+
 Task QtOpenPanel::ask(const Request &request, Completion completion) {
-    return std::make_unique<Question>(request, std::move(completion));
+    return std::make_unique<Question>(m_bus->connection(), request, std::move(completion));
 }
 
 } // namespace perchly

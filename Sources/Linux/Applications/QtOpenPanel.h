@@ -1,15 +1,23 @@
 #pragma once
 
 #include "OpenPanel.h"
+#include "SessionBus.h"
+
+#include <memory>
 
 namespace perchly {
 
-/// QFileDialog, which shows the desktop's dialog if Qt has a theme plugin or portal for it. To
-/// choose files and folders alike it shows Qt's dialog, as the desktops' cannot. Needs a
-/// QApplication and a window system.
+/// The desktop's file dialog, shown by its portal; QFileDialog if there is none. To choose files
+/// and folders alike that is Qt's own dialog; the portal's shows files only. Needs a QApplication
+/// and a window system.
 class QtOpenPanel : public OpenPanel {
 public:
+    explicit QtOpenPanel(std::shared_ptr<SessionBus> bus);
+
     [[nodiscard]] Task ask(const Request &request, Completion completion) override;
+
+private:
+    std::shared_ptr<SessionBus> m_bus;
 };
 
 } // namespace perchly
