@@ -21,7 +21,7 @@ using namespace std::chrono_literals;
 /// Loads it from the folder of the executable, or from "libexec" after installation.
 void load(QLibrary &module) {
     const QString folder = QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).path();
-    for (const auto &place : {"/perchly-program.so", "/../libexec/perchly/perchly-program.so"}) {
+    for (const auto &place : {"/perchly-program.so", "/" PERCHLY_LIBEXEC "perchly-program.so"}) {
         module.setFileName(folder + QLatin1StringView(place));
         if (module.load()) {
             return;
