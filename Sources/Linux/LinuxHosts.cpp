@@ -11,6 +11,7 @@
 #include "DesktopCatalog.h"
 #include "FolderShortcutsTool.h"
 #include "GioApplications.h"
+#include "GioFilePictures.h"
 #include "GioFileServices.h"
 #include "JsonPreferences.h"
 #include "KernelPower.h"
@@ -110,6 +111,7 @@ void addDesktop(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
     hosts.pictures = companion<ProcessPictureReader>(
         "perchly-picturereader", "perchly-picturereader is not installed: pictures of files cannot "
                                  "be copied");
+    hosts.filePictures = std::make_unique<GioFilePictures>(*hosts.applications, *hosts.pictures);
     hosts.fileServices = std::make_unique<GioFileServices>(notices);
     hosts.calendars = calendarStore();
     hosts.power = std::make_unique<KernelPower>();

@@ -2,14 +2,15 @@
 
 #include <QImage>
 #include <QString>
+#include <QStringList>
 #include <QUrl>
 
 #include <functional>
 
 namespace perchly {
 
-/// Opens applications and links as the desktop does. Nothing blocks, and all but icon() is for the
-/// main thread.
+/// Opens applications and links as the desktop does. Nothing blocks but icon() and themeIcon(), and
+/// only these may be called on other threads.
 class Applications {
 public:
     /// Called once on the main thread with an empty string, or the error.
@@ -28,6 +29,10 @@ public:
     /// The application's picture, for display at `side` pixels wide and high; null if it has none.
     /// Blocks while reading files; may be called on any thread, and on several at once.
     [[nodiscard]] virtual QImage icon(const QString &path, int side) = 0;
+
+    /// The first of these icons that the user's icon theme has, for display at `side` pixels; null
+    /// if it has none. Blocks like icon(), on any thread.
+    [[nodiscard]] virtual QImage themeIcon(const QStringList &names, int side) = 0;
 
     /// Opens a link or file with the user's default program.
     virtual void openUrl(const QUrl &url, Completion completion = {}) = 0;

@@ -7,6 +7,7 @@
 #include "CalendarStore.h"
 #include "Clock.h"
 #include "Displays.h"
+#include "FilePictures.h"
 #include "FileServices.h"
 #include "HotKeys.h"
 #include "KeyMonitor.h"
@@ -54,6 +55,7 @@ struct Hosts {
     std::unique_ptr<MusicPlayer> musicPlayer;
     std::unique_ptr<Pasteboard> pasteboard;
     std::unique_ptr<PictureReader> pictures;
+    std::unique_ptr<FilePictures> filePictures;
     std::unique_ptr<AudioSystem> audio;
     std::unique_ptr<ShortcutsTool> shortcuts;
     std::unique_ptr<FileServices> fileServices;

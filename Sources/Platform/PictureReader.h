@@ -19,9 +19,11 @@ public:
 
     virtual ~PictureReader() = default;
 
-    /// Reads a regular file. Destroying the task stops the reading, and the completion is not
-    /// called any more. The host must outlive the task.
-    [[nodiscard]] virtual Task readAsPng(const QString &path, Completion completion) = 0;
+    /// Reads a regular file; unless `maxSide` is 0, reduces the picture to that width and height in
+    /// pixels. Destroying the task stops the reading, and the completion is not called any more.
+    /// The host must outlive the task.
+    [[nodiscard]] virtual Task readAsPng(const QString &path, int maxSide,
+                                         Completion completion) = 0;
 };
 
 } // namespace perchly

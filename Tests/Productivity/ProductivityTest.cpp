@@ -12,6 +12,8 @@
 
 namespace perchly {
 
+using namespace std::chrono_literals;
+
 namespace {
 
 struct ToolsFixture {
@@ -41,6 +43,7 @@ private Q_SLOTS:
         f.held.hold(urls("file:///a file://localhost/a file://elsewhere/a /a"));
         f.held.hold(urls("file:///a[1](b) file:///%FF%5B file:///%FE%5B"));
         f.held.hold(urls("ftp://a.org javascript:alert(1) httpss://a.org http://b http://b"));
+        QCOMPARE(f.held.property("landed").toInt(), 4);
         QCOMPARE(
             asText(f.held.urls()),
             QStringLiteral("file:///a file:///a[1](b) file:///%FF%5B file:///%FE%5B http://b"));
@@ -104,6 +107,13 @@ private Q_SLOTS:
         f.fake.preferences.setString(keys::quickNote,
                                      QString(Preferences::maxValueBytes + 1, u'x'));
         QVERIFY(f.tools.message().startsWith(QStringLiteral("There is no room")));
+        f.tools.briefNotice()(QStringLiteral("Done."));
+        f.fake.clock.advance(3s);
+        QCOMPARE(f.tools.message(), QString());
+        f.tools.briefNotice()(QStringLiteral("Done."));
+        f.tools.notice()(QStringLiteral("It failed."));
+        f.fake.clock.advance(3s);
+        QCOMPARE(f.tools.message(), QStringLiteral("It failed."));
     }
 
     void layoutRestoresTheWholeSetupAfterARestart() {

@@ -86,6 +86,7 @@ public:
         picture.fill(Qt::red);
         return picture;
     }
+    QImage themeIcon(const QStringList &, int side) override { return icon({}, side); }
     void openUrl(const QUrl &url, Completion completion) override {
         opened.append(url.toString());
         asked.append({url, std::move(completion)});
@@ -161,7 +162,7 @@ public:
 /// A reader whose readings end when the test says so.
 class FakePictureReader : public PictureReader {
 public:
-    Task readAsPng(const QString &, Completion completion) override {
+    Task readAsPng(const QString &, int, Completion completion) override {
         return readings.add(std::move(completion));
     }
 

@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QImageReader>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -23,7 +24,7 @@ constexpr int maxPictureMegabytes = 512; // when decoded
 constexpr qint64 maxFileBytes = 256 << 20;
 constexpr int fastCompression = 85; // Qt's value for zlib's lowest level
 
-QByteArray asPng(const QString &path) {
+QByteArray asPng(const QString &path, int maxSide) {
     QFile file(path);
     // Not a regular file: reading could block forever.
     if (!QFileInfo(path).isFile() || file.size() > maxFileBytes ||
@@ -37,11 +38,17 @@ QByteArray asPng(const QString &path) {
     if (format.startsWith("svg") && svgMayNameFiles(file)) {
         return {};
     }
+    const bool isReduced =
+        maxSide > 0 && std::max(reader.size().width(), reader.size().height()) > maxSide;
+    if (isReduced) {
+        reader.setScaledSize(
+            reader.size().scaled(maxSide, maxSide, Qt::KeepAspectRatio).expandedTo({1, 1}));
+    }
     const QImage picture = reader.read();
     if (picture.isNull()) {
         return {};
     }
-    if (format == "png") {
+    if (format == "png" && !isReduced) {
         file.seek(0);
         return file.readAll(); // as it is, with its metadata
     }
@@ -52,18 +59,19 @@ QByteArray asPng(const QString &path) {
 
 } // namespace
 
-/// Writes the picture of a file to stdout, as a PNG.
+/// Writes the picture of a file to stdout, as a PNG, reduced to a width and height unless that is
+/// 0.
 int main(int argc, char **argv) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     limitProcess(maxMegabytes, maxSeconds, maxCpuSeconds);
-    if (argc != 2) {
-        std::fputs("usage: perchly-picturereader FILE\n", stderr);
+    if (argc != 3) {
+        std::fputs("usage: perchly-picturereader FILE MAX-SIDE\n", stderr);
         return usage;
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");    // for the fonts of an SVG
     qputenv("QT_QPA_PLATFORMTHEME", "generic"); // the desktop's platform theme would load GTK
     const QGuiApplication application(argc, argv);
-    const QByteArray png = asPng(QFile::decodeName(argv[1]));
+    const QByteArray png = asPng(QFile::decodeName(argv[1]), std::atoi(argv[2]));
     const auto size = std::size_t(png.size());
     const bool isWritten = std::fwrite(png.constData(), 1, size, stdout) == size;
     return size > 0 && isWritten && std::fflush(stdout) == 0 ? EXIT_SUCCESS : EXIT_FAILURE;

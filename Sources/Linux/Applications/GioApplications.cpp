@@ -42,6 +42,16 @@ QImage GioApplications::icon(const QString &path, int side) {
     return name.isEmpty() ? QImage() : m_icons.image(name, side);
 }
 
+QImage GioApplications::themeIcon(const QStringList &names, int side) {
+    QImage image;
+    for (const QString &name : names) {
+        if (image.isNull()) {
+            image = m_icons.image(name, side);
+        }
+    }
+    return image;
+}
+
 void GioApplications::openUrl(const QUrl &url, Completion completion) {
     m_workers.run(
         [this, url](_GCancellable *cancellable) {

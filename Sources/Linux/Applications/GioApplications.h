@@ -17,6 +17,7 @@ public:
     void open(const QString &path, Completion completion = {}) override;
     /// Follows the rules for icon themes, in the theme set when this object was created.
     QImage icon(const QString &path, int side) override;
+    QImage themeIcon(const QStringList &names, int side) override;
     void openUrl(const QUrl &url, Completion completion = {}) override;
 
 private:

@@ -1,5 +1,6 @@
 #include "PortalFileChooser.h"
 
+#include <QCoreApplication>
 #include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusMetaType>
@@ -76,8 +77,9 @@ QVariantMap optionsFor(const OpenPanel::Request &request, const QString &token) 
         qDBusRegisterMetaType<QList<FilterRule>>();
         qDBusRegisterMetaType<FileFilter>();
         qDBusRegisterMetaType<QList<FileFilter>>();
-        const FileFilter filter{QStringLiteral("Applications (*.desktop)"),
-                                {{0, QStringLiteral("*.desktop")}}};
+        const FileFilter filter{
+            QCoreApplication::translate("OpenPanel", "Applications (*.desktop)"),
+            {{0, QStringLiteral("*.desktop")}}};
         options.insert(QStringLiteral("filters"), QVariant::fromValue(QList{filter}));
     }
     return options;

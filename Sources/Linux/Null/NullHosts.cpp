@@ -133,6 +133,7 @@ public:
         openUrl(QUrl::fromLocalFile(path), std::move(completion));
     }
     QImage icon(const QString &, int) override { return {}; }
+    QImage themeIcon(const QStringList &, int) override { return {}; }
     void openUrl(const QUrl &url, Completion completion) override {
         if (completion) {
             answerLater(std::move(completion),
@@ -224,8 +225,15 @@ private:
 
 class NullPictureReader : public PictureReader {
 public:
-    Task readAsPng(const QString &, Completion completion) override {
+    Task readAsPng(const QString &, int, Completion completion) override {
         return std::make_unique<Answer>(std::move(completion), QByteArray());
+    }
+};
+
+class NullFilePictures : public FilePictures {
+public:
+    Task read(const QString &, int, Completion completion) override {
+        return std::make_unique<Answer>(std::move(completion), QImage());
     }
 };
 
@@ -342,6 +350,7 @@ Hosts nullHosts() {
     hosts.audio = std::make_unique<NullAudioSystem>();
     hosts.pasteboard = std::make_unique<NullPasteboard>();
     hosts.pictures = std::make_unique<NullPictureReader>();
+    hosts.filePictures = std::make_unique<NullFilePictures>();
     hosts.shortcuts = std::make_unique<NullShortcutsTool>();
     hosts.fileServices = std::make_unique<NullFileServices>();
     hosts.calendars = std::make_unique<NullCalendarStore>();

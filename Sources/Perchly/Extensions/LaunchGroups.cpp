@@ -1,5 +1,6 @@
 #include "LaunchGroups.h"
 
+#include "ApplicationCatalog.h"
 #include "Applications.h"
 #include "HeldFiles.h"
 #include "PreferenceKeys.h"
@@ -8,6 +9,8 @@
 #include "ShownText.h"
 #include "StoredRecords.h"
 
+#include <QFileInfo>
+#include <QPointer>
 #include <QSet>
 
 #include <algorithm>
@@ -16,6 +19,8 @@
 namespace perchly {
 
 namespace {
+
+constexpr qsizetype maxShownItems = 12;
 
 /// The last part of the URL's path, or the whole URL if it has no path.
 QString lastPathComponent(const QUrl &url) {
@@ -27,11 +32,12 @@ QString lastPathComponent(const QUrl &url) {
 } // namespace
 
 LaunchGroups::LaunchGroups(Preferences &preferences, Applications &applications,
-                           const ShelfLibrary &library, const HeldFiles &held, Notice notice,
-                           QObject *parent)
-    : KeyedRows({"id", "name", "contents", "size"}, parent)
+                           ApplicationCatalog &catalog, const ShelfLibrary &library,
+                           const HeldFiles &held, Notice notice, QObject *parent)
+    : KeyedRows({"id", "name", "contents", "size", "items"}, parent)
     , m_preferences(preferences)
     , m_applications(applications)
+    , m_catalog(catalog)
     , m_library(library)
     , m_held(held)
     , m_notice(std::move(notice)) {
@@ -47,16 +53,56 @@ void LaunchGroups::setGroups(const QList<LaunchGroup> &groups) {
 
 void LaunchGroups::show(const QList<LaunchGroup> &groups) {
     m_groups = groups;
-    Rows rows;
-    for (const LaunchGroup &group : groups) {
-        QStringList labels;
+    nameApplications();
+    showRows();
+}
+
+void LaunchGroups::nameApplications() {
+    QStringList paths;
+    for (const LaunchGroup &group : std::as_const(m_groups)) {
         for (const QUrl &url : group.urls) {
-            labels.append(inOneLine(HeldFiles::labelOf(url)));
+            const QFileInfo file(url.toLocalFile());
+            if (file.suffix() == QLatin1StringView("desktop") && !m_names.contains(url)) {
+                m_names.insert(url, file.completeBaseName());
+                paths.append(file.filePath());
+            }
+        }
+    }
+    if (paths.isEmpty()) {
+        return;
+    }
+    m_catalog.describe(paths, [guard = QPointer(this)](const QList<FoundApplication> &found) {
+        if (guard) {
+            for (const FoundApplication &application : found) {
+                guard->m_names.insert(QUrl::fromLocalFile(application.path), application.name);
+            }
+            guard->showRows();
+        }
+    });
+}
+
+QString LaunchGroups::nameOf(const QUrl &url) const {
+    return inOneLine(m_names.value(url, HeldFiles::labelOf(url)));
+}
+
+void LaunchGroups::showRows() {
+    Rows rows;
+    for (const LaunchGroup &group : std::as_const(m_groups)) {
+        QStringList names;
+        QVariantList items;
+        for (const QUrl &url : group.urls) {
+            names.append(nameOf(url));
+            if (items.size() < maxShownItems) {
+                items.append(QVariantMap{{QStringLiteral("name"), names.constLast()},
+                                         {QStringLiteral("url"), url},
+                                         {QStringLiteral("application"),
+                                          m_names.contains(url) ? url.toLocalFile() : QString()}});
+            }
         }
         const QString id = group.id.toString();
         rows.append({id,
-                     {id, inOneLine(group.name), shownPart(labels.join(QStringLiteral(", "))),
-                      labels.size()}});
+                     {id, inOneLine(group.name), shownPart(names.join(QStringLiteral(", "))),
+                      names.size(), items}});
     }
     setRows(rows);
 }
@@ -98,10 +144,11 @@ void LaunchGroups::launch(const QUuid &id) {
     const QList<QUrl> urls = found->urls;
     for (qsizetype place = 0; place < urls.size(); ++place) {
         const QUrl &url = urls.at(place);
-        const auto opened = [notice = m_notice, url, place, lastFailed](const QString &error) {
+        const QString name = m_names.contains(url) ? nameOf(url) : lastPathComponent(url);
+        const auto opened = [notice = m_notice, name, place, lastFailed](const QString &error) {
             if (!error.isEmpty() && place > *lastFailed) {
                 *lastFailed = place;
-                notice(tr("Could not open %1").arg(lastPathComponent(url)));
+                notice(tr("Could not open %1").arg(name));
             }
         };
         if (url.isLocalFile()) {

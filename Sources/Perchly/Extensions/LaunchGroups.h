@@ -3,6 +3,7 @@
 #include "KeyedRows.h"
 #include "Notice.h"
 
+#include <QHash>
 #include <QUrl>
 #include <QUuid>
 
@@ -11,6 +12,7 @@
 
 namespace perchly {
 
+class ApplicationCatalog;
 class Applications;
 class HeldFiles;
 class Preferences;
@@ -30,14 +32,16 @@ struct LaunchGroup {
 };
 
 /// The launch groups, oldest first. Row fields: "id", "name", "contents", the names of the items,
-/// and "size", their number. Every change is stored, or ignored if it is too large. Main thread
-/// only.
+/// "size", their number, and "items", the first ones as {"name": …, "url": …, "application": …},
+/// the path of an application's desktop entry. Every change is stored, or ignored if it is too
+/// large. Main thread only.
 class LaunchGroups : public perchly::KeyedRows {
     Q_OBJECT
 public:
     /// The arguments must outlive this object.
-    LaunchGroups(Preferences &preferences, Applications &applications, const ShelfLibrary &library,
-                 const HeldFiles &held, Notice notice, QObject *parent = nullptr);
+    LaunchGroups(Preferences &preferences, Applications &applications, ApplicationCatalog &catalog,
+                 const ShelfLibrary &library, const HeldFiles &held, Notice notice,
+                 QObject *parent = nullptr);
 
     [[nodiscard]] const QList<LaunchGroup> &list() const { return m_groups; }
     /// Saves the shown applications and the held files under the trimmed name; does nothing if it
@@ -51,14 +55,19 @@ public:
 private:
     void setGroups(const QList<LaunchGroup> &groups);
     void show(const QList<LaunchGroup> &groups);
+    void showRows();
+    void nameApplications();
+    [[nodiscard]] QString nameOf(const QUrl &url) const;
     [[nodiscard]] QList<QUrl> presentUrls() const;
 
     Preferences &m_preferences;
     Applications &m_applications;
+    ApplicationCatalog &m_catalog;
     const ShelfLibrary &m_library;
     const HeldFiles &m_held;
     Notice m_notice;
     QList<LaunchGroup> m_groups;
+    QHash<QUrl, QString> m_names; ///< of applications; until they are read, of their files
 };
 
 } // namespace perchly

@@ -30,41 +30,40 @@ SearchResults::SearchResults(const ShelfLibrary &library, const ClipboardHistory
         }
     });
     connect(this, &SearchResults::editingNoteChanged, this, &SearchResults::refresh);
-    connect(this, &SearchResults::queryChanged, this, [this] {
-        overwriteRows(matches());
-        Q_EMIT rowsChanged();
-    });
+    connect(this, &SearchResults::queryChanged, this, [this] { overwriteRows(matches()); });
     refresh();
-}
-
-QString SearchResults::firstPath() const {
-    return field(1, "kind") == QStringLiteral("app") ? field(1, "target").toString() : QString();
 }
 
 void SearchResults::refresh() {
     setRows(matches());
-    Q_EMIT rowsChanged();
 }
 
 KeyedRows::Rows SearchResults::matches() const {
     Rows rows;
-    const auto begin = [&rows](const QString &title) {
-        rows.append({title, {QStringLiteral("title"), title, QVariant()}});
+    QString title; // of a section without rows yet
+    const auto begin = [&title](const QString &next) { title = next; };
+    const auto append = [&](const QString &kind, const QString &key, const QString &label,
+                            const QVariant &target) {
+        if (!title.isEmpty()) {
+            rows.append({title, {QStringLiteral("title"), title, QVariant()}});
+            title.clear();
+        }
+        rows.append({kind + u'/' + key, {kind, label, target}});
     };
     const auto add = [&](const QString &kind, const QString &key, const QString &text,
                          const QString &label, const QVariant &target) {
         if (matchesSearch(text, m_query)) {
-            rows.append({kind + u'/' + key, {kind, label, target}});
+            append(kind, key, label, target);
         }
     };
     begin(tr("Apps"));
-    for (const ShelfItem &item : m_library.installed()) {
-        add(QStringLiteral("app"), item.id, item.name, item.shownName(), item.applicationPath());
+    for (const ShelfItem &item : m_library.installedMatching(m_query)) {
+        append(QStringLiteral("app"), item.id, item.shownName(), item.applicationPath());
     }
     const QString note = m_preferences.string(keys::quickNote).value_or(QString());
     if (m_editingNote || (!note.isEmpty() && matchesSearch(note, m_query))) {
         begin(tr("Quick note"));
-        rows.append({QStringLiteral("note"), {QStringLiteral("note"), note, QVariant()}});
+        append(QStringLiteral("note"), {}, note, {});
     }
     begin(tr("Clipboard"));
     for (const Clip &clip : m_clipboard.clips()) {
@@ -79,7 +78,9 @@ KeyedRows::Rows SearchResults::matches() const {
     begin(tr("Held files and links"));
     for (const QUrl &url : m_held.urls()) {
         const QString address = url.toString(QUrl::FullyEncoded);
-        add(QStringLiteral("held"), address, address, inOneLine(HeldFiles::labelOf(url)), url);
+        const QString decoded = QUrl::fromPercentEncoding(address.toUtf8());
+        add(QStringLiteral("held"), address, address + u'\n' + decoded,
+            inOneLine(HeldFiles::labelOf(url)), url);
     }
     return rows;
 }

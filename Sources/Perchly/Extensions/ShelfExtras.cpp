@@ -13,8 +13,8 @@ ShelfExtras::ShelfExtras(Hosts &hosts, ShelfLibrary &library, Productivity &prod
                          ShellActions &shell, QObject *parent)
     : QObject(parent)
     , m_quickLook(*hosts.quickLook)
-    , m_groups(*hosts.preferences, *hosts.applications, library, *productivity.held(),
-               productivity.failureNotice())
+    , m_groups(*hosts.preferences, *hosts.applications, *hosts.catalog, library,
+               *productivity.held(), productivity.failureNotice())
     , m_snippets(*hosts.preferences)
     , m_meetings(*hosts.calendars, *hosts.clock)
     , m_battery(*hosts.power)

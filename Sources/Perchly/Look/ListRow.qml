@@ -10,9 +10,10 @@ RowCard {
     /// Small secondary text below the text.
     property string detail: ""
     property alias label: label
-    property int indent: 4
     /// Items before the text.
     property alias leading: leading.data
+    /// Items below the text.
+    property alias below: words.data
     default property alias buttons: buttons.data
 
     Accessible.name: root.text
@@ -26,9 +27,10 @@ RowCard {
             id: leading
 
             Layout.fillWidth: false
-            Layout.leftMargin: root.indent
         }
         ColumnLayout {
+            id: words
+
             Layout.leftMargin: leading.implicitWidth > 0 ? 8 : 0
             Layout.rightMargin: 8
             spacing: 3

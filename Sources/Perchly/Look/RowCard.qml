@@ -11,7 +11,7 @@ FocusScope {
     property bool selectable: false
     /// Whether the row itself has the keyboard.
     readonly property bool selected: root.Window.activeFocusItem === root
-    property int padding: 10
+    property int padding: 12
     property alias radius: plate.radius
     property alias color: plate.color
     /// Items between the plate and the content.

@@ -137,6 +137,12 @@ Item {
         }
     }
 
+    /// Scrolls to the row, without the keyboard.
+    function show(index) {
+        view.forceLayout();
+        view.positionViewAtIndex(index, ListView.Contain);
+    }
+
     /// The rows were replaced, so the keyboard enters at the first.
     function startOver() {
         view.currentIndex = 0;
@@ -250,7 +256,7 @@ Item {
     Item {
         id: before
 
-        activeFocusOnTab: view.count > 0
+        activeFocusOnTab: view.count > 0 || before.activeFocus
 
         onActiveFocusChanged: {
             if (before.activeFocus) {
@@ -308,7 +314,7 @@ Item {
     Item {
         id: after
 
-        activeFocusOnTab: view.count > 0
+        activeFocusOnTab: view.count > 0 || after.activeFocus
 
         onActiveFocusChanged: {
             if (after.activeFocus) {
@@ -316,12 +322,8 @@ Item {
             }
         }
     }
-    SecondaryText {
-        anchors.centerIn: parent
-        horizontalAlignment: Text.AlignHCenter
-        text: root.placeholder
-        visible: view.count === 0 && root.placeholder !== ""
-        width: Math.min(implicitWidth, parent.width)
+    EmptyText {
+        text: view.count === 0 ? root.placeholder : ""
     }
     Scroller {
         id: scroller

@@ -5,6 +5,9 @@ import Perchly.Look
 RangeControl {
     id: root
 
+    /// Of the track below the value.
+    property color color: Theme.accent
+
     readonly property real share: (Math.max(root.from, Math.min(root.to, root.current)) - root.from) / (root.to - root.from)
 
     function askAt(x: real) {
@@ -35,7 +38,7 @@ RangeControl {
     RoundedRect {
         anchors.left: track.left
         anchors.verticalCenter: parent.verticalCenter
-        color: Theme.accent
+        color: root.color
         height: 4
         radius: 2
         width: knob.x + knob.width / 2

@@ -155,7 +155,7 @@ void ClipboardHistory::copyImage(const QUrl &url) {
         copyPath(url);
         return;
     }
-    m_decoding = m_pictures.readAsPng(url.toLocalFile(), [this, url](const QByteArray &png) {
+    m_decoding = m_pictures.readAsPng(url.toLocalFile(), 0, [this, url](const QByteArray &png) {
         const Task task = std::move(m_decoding);
         if (png.isEmpty()) {
             copyPath(url);

@@ -88,6 +88,7 @@ void HeldFiles::setUrls(const QList<QUrl> &urls) {
         return;
     }
     m_urls = urls;
+    m_landed = -1;
     for (const QUrl &url : urls) {
         if (url.isLocalFile() && !m_pictures.contains(url)) {
             m_pictures.insert(url, false);
@@ -110,15 +111,21 @@ void HeldFiles::refresh() {
 void HeldFiles::hold(const QList<QUrl> &urls) {
     QList<QUrl> held = m_urls;
     QSet<QUrl> known(held.cbegin(), held.cend());
+    QUrl last;
     for (const QUrl &given : urls) {
         const QUrl url = normalized(given);
         const bool isWanted = url.isLocalFile() ? url.host().isEmpty() : isWebScheme(url.scheme());
+        if (isWanted) {
+            last = url;
+        }
         if (isWanted && !known.contains(url)) {
             known.insert(url);
             held.append(url);
         }
     }
     setUrls(held);
+    m_landed = int(held.indexOf(last));
+    Q_EMIT landedChanged();
 }
 
 bool HeldFiles::holdDropped(const QString &uriList) {

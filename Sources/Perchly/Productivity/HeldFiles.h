@@ -18,6 +18,8 @@ class OpenPanel;
 class HeldFiles : public perchly::KeyedRows {
     Q_OBJECT
     Q_PROPERTY(QList<QUrl> urls READ urls NOTIFY changed FINAL)
+    /// The row that was held last, until a view has shown it; else -1.
+    Q_PROPERTY(int landed MEMBER m_landed NOTIFY landedChanged FINAL)
 public:
     explicit HeldFiles(OpenPanel &openPanel, QObject *parent = nullptr);
 
@@ -41,6 +43,7 @@ public:
 
 Q_SIGNALS:
     void changed();
+    void landedChanged();
 
 private:
     void setUrls(const QList<QUrl> &urls);
@@ -50,6 +53,7 @@ private:
     OpenPanel &m_openPanel;
     Task m_asking;
     QList<QUrl> m_urls;
+    int m_landed = -1;
     QHash<QUrl, bool> m_pictures; ///< false also for files not yet checked
     QSet<QUrl> m_looking;
     QTimer m_refreshSoon; ///< one refresh for many answers

@@ -7,11 +7,13 @@
 
 namespace perchly {
 
+using namespace std::chrono_literals;
+
 Productivity::Productivity(Hosts &hosts, ShelfLibrary &library, ShelfModel &model, QObject *parent)
     : QObject(parent)
     , m_hosts(hosts)
     , m_held(*hosts.openPanel)
-    , m_clipboard(*hosts.pasteboard, *hosts.pictures, *hosts.clock, notice())
+    , m_clipboard(*hosts.pasteboard, *hosts.pictures, *hosts.clock, briefNotice())
     , m_shortcuts(*hosts.shortcuts, *hosts.applications, library, notice())
     , m_layouts(*hosts.preferences, library, model) {
     connect(hosts.preferences.get(), &Preferences::failed, this, [this](const QString &reason) {
@@ -24,6 +26,7 @@ Productivity::Productivity(Hosts &hosts, ShelfLibrary &library, ShelfModel &mode
 }
 
 void Productivity::setMessage(const QString &message) {
+    m_dismissal.reset();
     m_message = inOneLine(message);
     Q_EMIT messageChanged();
 }
@@ -43,6 +46,20 @@ Notice Productivity::failureNotice() {
             Q_EMIT guard->failed();
         }
     };
+}
+
+Notice Productivity::briefNotice() {
+    return [guard = QPointer(this)](const QString &message) {
+        if (guard) {
+            guard->setMessage(message);
+            guard->m_dismissal = guard->m_hosts.clock->after(
+                3s, [tools = guard.data()] { tools->dismissMessage(); });
+        }
+    };
+}
+
+FilePictures &Productivity::filePictures() {
+    return *m_hosts.filePictures;
 }
 
 void Productivity::open(const QUrl &url) {

@@ -9,6 +9,7 @@
 
 namespace perchly {
 
+class FilePictures;
 struct Hosts;
 
 /// The workspace: its stores, its last message, and the actions on a file or link. Only the layouts
@@ -36,6 +37,10 @@ public:
     [[nodiscard]] Notice notice();
     /// The same for a failure, which is announced, too.
     [[nodiscard]] Notice failureNotice();
+    /// For confirmations: the message goes after three seconds.
+    [[nodiscard]] Notice briefNotice();
+
+    [[nodiscard]] FilePictures &filePictures();
 
     // A failure of one of these becomes the message.
 
@@ -57,6 +62,7 @@ Q_SIGNALS:
 private:
     Hosts &m_hosts;
     QString m_message;
+    Task m_dismissal;
     HeldFiles m_held;
     ClipboardHistory m_clipboard;
     Shortcuts m_shortcuts;

@@ -28,6 +28,7 @@ private Q_SLOTS:
         for (const char *format : {"jpg", "bmp", "tiff"}) {
             const QByteArray png = read(picture(format));
             QVERIFY2(QImage::fromData(png, "png").size() == QSize(30, 20), format);
+            QVERIFY2(QImage::fromData(answer(15), "png").size() == QSize(15, 10), format);
         }
     }
 
@@ -45,10 +46,10 @@ private:
         writeFile(m_path, bytes);
         return answer();
     }
-    QByteArray answer() {
+    QByteArray answer(int maxSide = 0) {
         std::optional<QByteArray> answer;
         const Task task =
-            m_reader.readAsPng(m_path, [&answer](const QByteArray &png) { answer = png; });
+            m_reader.readAsPng(m_path, maxSide, [&answer](const QByteArray &png) { answer = png; });
         return QTest::qWaitFor([&answer] { return answer.has_value(); }, 10'000)
                    ? *answer
                    : QByteArray("no answer");

@@ -10,6 +10,7 @@ import Perchly.Extensions
 ColumnLayout {
     id: root
 
+    required property Productivity tools
     required property ShelfExtras extras
     required property ExtrasDrafts drafts
 
@@ -68,8 +69,8 @@ ColumnLayout {
             required property var row
             property bool asks: false
 
-            Accessible.description: group.detail
-            detail: group.asks ? `Open ${group.row.size} items?` : group.row.contents
+            Accessible.description: group.asks ? group.detail : group.row.contents
+            detail: group.asks ? `Open ${group.row.size} items?` : ""
             label.font.weight: Font.Medium
             text: group.row.name
 
@@ -84,6 +85,12 @@ ColumnLayout {
                 }
             }
 
+            below: GroupItems {
+                Layout.fillWidth: true
+                row: group.row
+                tools: root.tools
+                visible: !group.asks
+            }
             leading: Symbol {
                 Layout.rightMargin: 4
                 color: Theme.purple

@@ -44,13 +44,16 @@ ColumnLayout {
     }
     SecondaryText {
         Layout.fillWidth: true
-        text: root.extras.meetings.message
+        text: list.count > 0 ? root.extras.meetings.message : ""
         visible: text !== ""
     }
     ScrollList {
+        id: list
+
         Layout.fillHeight: true
         Layout.fillWidth: true
         label: qsTr("Meetings")
+        placeholder: root.extras.meetings.message
         model: root.extras.meetings
 
         delegate: RowCard {
@@ -60,7 +63,6 @@ ColumnLayout {
 
             Accessible.name: meeting.row.title
             Accessible.role: Accessible.ListItem
-            padding: 12
 
             RowLayout {
                 spacing: 12

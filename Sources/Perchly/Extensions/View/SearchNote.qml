@@ -6,11 +6,13 @@ RoundedRect {
     id: root
 
     property alias note: editor.note
+    /// Whether Return in the search field starts editing.
+    property bool first: false
     readonly property bool editing: editor.edit.activeFocus
 
     signal edited(note: string)
 
-    color: Theme.row
+    color: root.first ? Qt.rgba(1, 1, 1, 0.1) : Theme.row
     radius: 8
 
     NoteEditor {

@@ -1,11 +1,13 @@
 import QtQuick
 import Perchly.Look
+import Perchly.Stores
 import Perchly.Extensions
 
 /// One row of the search results: a group's title, the note, or an entry to open or copy.
 FocusScope {
     id: root
 
+    required property Productivity tools
     required property int index
     required property string kind
     required property string label
@@ -16,10 +18,9 @@ FocusScope {
     readonly property bool isNote: root.kind === "note"
     /// Whether this is the note and its editor has the keyboard.
     readonly property bool editing: (place.item as SearchNote)?.editing ?? false
-    readonly property bool isFile: root.kind === "held" && String(root.target).startsWith("file:")
-    readonly property var symbols: ({ clip: "doc.on.clipboard", held: "link", snippet: "pin.fill" })
+    readonly property var symbols: ({ clip: "doc.on.clipboard", snippet: "pin.fill" })
 
-    /// Whether Return in the search field opens this row.
+    /// Whether Return in the search field acts on this row.
     property bool first: false
     /// Kept in the view's pool for reuse; hidden, also from assistive programs.
     property bool pooled: false
@@ -29,7 +30,15 @@ FocusScope {
     readonly property bool hiddenFromReaders: root.isNote
 
     signal activated()
+    /// Return was pressed, which also activates the row.
+    signal entered()
     signal edited(note: string)
+
+    function enter(event: KeyEvent) {
+        if (!event.isAutoRepeat) {
+            root.entered();
+        }
+    }
 
     Accessible.ignored: root.hiddenFromReaders
     Accessible.name: root.label
@@ -46,7 +55,7 @@ FocusScope {
         anchors.bottom: parent.bottom
         anchors.bottomMargin: 5
         anchors.left: parent.left
-        anchors.leftMargin: 2
+        anchors.leftMargin: 12
         text: root.label
         visible: root.isTitle
     }
@@ -61,6 +70,8 @@ FocusScope {
         subject: root.isApp || root.kind === "held" ? qsTr("Open") : qsTr("Copy")
         visible: !root.isTitle && !root.isNote
 
+        Keys.onEnterPressed: event => root.enter(event)
+        Keys.onReturnPressed: event => root.enter(event)
         onActivated: root.activated()
 
         RoundedRect {
@@ -70,7 +81,7 @@ FocusScope {
         }
         ApplicationPicture {
             anchors.left: parent.left
-            anchors.leftMargin: 8
+            anchors.leftMargin: 12
             anchors.verticalCenter: parent.verticalCenter
             height: 22
             path: root.isApp ? root.target ?? "" : ""
@@ -79,21 +90,30 @@ FocusScope {
         }
         Symbol {
             anchors.horizontalCenter: parent.left
-            anchors.horizontalCenterOffset: 19
+            anchors.horizontalCenterOffset: 23
             anchors.verticalCenter: parent.verticalCenter
             color: Theme.grey
-            name: root.isApp ? "" : root.isFile ? "doc" : root.symbols[root.kind] ?? ""
+            name: root.symbols[root.kind] ?? ""
             size: 14
-            visible: !root.isApp
+        }
+        ItemPicture {
+            anchors.left: parent.left
+            anchors.leftMargin: 12
+            anchors.verticalCenter: parent.verticalCenter
+            height: 22
+            tools: root.tools
+            url: root.kind === "held" ? root.target ?? "" : ""
+            visible: root.kind === "held"
+            width: 22
         }
         Label {
             id: words
 
             Accessible.ignored: true
             anchors.left: parent.left
-            anchors.leftMargin: 40
+            anchors.leftMargin: 44
             anchors.right: parent.right
-            anchors.rightMargin: 10
+            anchors.rightMargin: 12
             anchors.verticalCenter: parent.verticalCenter
             elide: root.kind === "held" ? Text.ElideMiddle : Text.ElideRight
             font.pixelSize: 13
@@ -110,6 +130,7 @@ FocusScope {
 
         onLoaded: {
             const editor = place.item as SearchNote;
+            editor.first = Qt.binding(() => root.first);
             editor.note = Qt.binding(() => root.label);
             editor.edited.connect(root.edited);
         }

@@ -6,8 +6,8 @@ import Perchly.Look
 import Perchly.Stores
 import Perchly.Extensions
 
-/// One search over everything. Return opens the first matching application, the arrows go through
-/// all rows, and typing continues in the field wherever the keyboard is.
+/// One search over everything. Return acts on the first match, the arrows go through all rows, and
+/// typing continues in the field wherever the keyboard is.
 ColumnLayout {
     id: root
 
@@ -43,6 +43,23 @@ ColumnLayout {
         case "held":
             root.tools.open(target);
         }
+    }
+
+    /// Acts on the highlighted row, if any. A note is edited; after anything else the window closes.
+    function openFirst() {
+        list.startOver();
+        list.view.forceLayout();
+        const row = list.view.itemAtIndex(1) as SearchRow;
+        if (row?.first && row.isNote) {
+            list.focusFrom(1, 1, 0);
+        } else if (row?.first) {
+            root.open(row.kind, row.target);
+            root.close();
+        }
+    }
+
+    function close() {
+        root.Window.window.close();
     }
 
     function toField() {
@@ -102,11 +119,8 @@ ColumnLayout {
         symbol: "search"
         text: root.drafts.query
 
-        onAccepted: {
-            if (root.results.firstPath !== "") {
-                root.tools.openApplication(root.results.firstPath);
-            }
-        }
+        Keys.onEscapePressed: event => event.accepted = false // closes the window, too
+        onAccepted: root.openFirst()
         onTextChanged: {
             root.drafts.query = field.text;
             root.results.query = field.text;
@@ -120,6 +134,7 @@ ColumnLayout {
         Layout.fillWidth: true
         cacheBuffer: 0 // each key would also rebuild rows outside the view
         label: qsTr("Search results")
+        placeholder: field.text !== "" ? qsTr("No results") : ""
         model: root.results
         reuseItems: true
         spacing: 2
@@ -127,9 +142,11 @@ ColumnLayout {
         delegate: SearchRow {
             id: row
 
-            first: row.isApp && row.index === 1 && field.text !== "" && field.activeFocus
+            tools: root.tools
+            first: row.index === 1 && field.text !== "" && field.activeFocus
 
             onActivated: root.open(row.kind, row.target)
+            onEntered: root.close()
             onEdited: note => root.preferences.note = note
             onEditingChanged: {
                 if (row.editing || root.Window.active) { // not because another window became active

@@ -6,8 +6,6 @@
 #include <QCoreApplication>
 #include <QImageReader>
 #include <QMutex>
-#include <QPainter>
-#include <QQuickWindow>
 #include <QThreadPool>
 
 #include <algorithm>
@@ -15,11 +13,8 @@
 namespace perchly {
 
 ClipPicture::ClipPicture(QQuickItem *parent)
-    : QQuickPaintedItem(parent) {
-    connect(this, &ClipPicture::clipChanged, this, [this] {
-        m_maxSize = QSize();
-        decode();
-    });
+    : FittedPicture(parent) {
+    connect(this, &ClipPicture::clipChanged, this, [this] { reload(); });
 }
 
 QImage ClipPicture::decoded(const QByteArray &encoded, const QSize &maxSize) {
@@ -53,32 +48,7 @@ QByteArray ClipPicture::encoded() const {
     return found != clips.cend() ? found->image : QByteArray();
 }
 
-void ClipPicture::componentComplete() {
-    QQuickPaintedItem::componentComplete();
-    decode();
-}
-
-void ClipPicture::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) {
-    QQuickPaintedItem::geometryChange(newGeometry, oldGeometry);
-    decode();
-}
-
-void ClipPicture::itemChange(ItemChange change, const ItemChangeData &data) {
-    QQuickPaintedItem::itemChange(change, data);
-    if (change == ItemSceneChange || change == ItemDevicePixelRatioHasChanged) {
-        decode();
-    }
-}
-
-void ClipPicture::decode() {
-    if (!isComponentComplete() || window() == nullptr) {
-        return;
-    }
-    const QSize maxSize = (size() * window()->effectiveDevicePixelRatio()).toSize();
-    if (maxSize == m_maxSize) {
-        return;
-    }
-    m_maxSize = maxSize;
+void ClipPicture::load(const QSize &maxSize) {
     QThreadPool::globalInstance()->start(
         [bytes = encoded(), maxSize, number = ++m_number, item = QPointer(this)] {
             const QImage picture = decoded(bytes, maxSize);
@@ -89,22 +59,6 @@ void ClipPicture::decode() {
             };
             QMetaObject::invokeMethod(QCoreApplication::instance(), finish, Qt::QueuedConnection);
         });
-}
-
-void ClipPicture::show(const QImage &picture) {
-    m_picture = picture;
-    update();
-    Q_EMIT foundChanged();
-}
-
-void ClipPicture::paint(QPainter *painter) {
-    if (m_picture.isNull()) {
-        return;
-    }
-    QRectF place(QPointF(), QSizeF(m_picture.size()).scaled(size(), Qt::KeepAspectRatio));
-    place.moveCenter(boundingRect().center());
-    painter->setRenderHint(QPainter::SmoothPixmapTransform);
-    painter->drawImage(place, m_picture);
 }
 
 } // namespace perchly

@@ -1,32 +1,23 @@
 #pragma once
 
 #include "ClipboardHistory.h"
+#include "FittedPicture.h"
 
 #include <QByteArray>
-#include <QImage>
 #include <QPointer>
-#include <QQuickPaintedItem>
 #include <QString>
-#include <QtQml/qqmlregistration.h>
 
 namespace perchly {
 
-/// The picture of a clip, fitted into the item. It is decoded in the background, and only the
-/// scaled picture is kept. Before that, or without a PNG or TIFF that can be decoded, the item is
-/// empty and `found` is false.
-class ClipPicture : public QQuickPaintedItem {
+/// The picture of a clip. Without a PNG or TIFF that can be decoded, the item stays empty.
+class ClipPicture : public perchly::FittedPicture {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(
         perchly::ClipboardHistory *history MEMBER m_history NOTIFY historyChanged REQUIRED FINAL)
     Q_PROPERTY(QString clip MEMBER m_clip NOTIFY clipChanged REQUIRED FINAL)
-    Q_PROPERTY(bool found READ found NOTIFY foundChanged FINAL)
 public:
     explicit ClipPicture(QQuickItem *parent = nullptr);
-
-    [[nodiscard]] bool found() const { return !m_picture.isNull(); }
-
-    void paint(QPainter *painter) override;
 
     /// The picture, at most that large; null if it cannot be decoded. Blocks; any thread, but calls
     /// run one at a time.
@@ -35,22 +26,15 @@ public:
 Q_SIGNALS:
     void historyChanged();
     void clipChanged();
-    void foundChanged();
 
 protected:
-    void componentComplete() override;
-    void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
-    void itemChange(ItemChange change, const ItemChangeData &data) override;
+    void load(const QSize &maxSize) override;
 
 private:
     [[nodiscard]] QByteArray encoded() const;
-    void decode();
-    void show(const QImage &picture);
 
     QPointer<ClipboardHistory> m_history;
-    QString m_clip; ///< its identifier
-    QImage m_picture;
-    QSize m_maxSize;  ///< the size it was decoded for, in pixels
+    QString m_clip;   ///< its identifier
     int m_number = 0; ///< number of the last decoding
 };
 

@@ -11,12 +11,10 @@ ListRow {
     required property ShelfExtras extras
     required property var row
 
-    indent: 0
     label.color: root.row.isBlank ? Theme.grey : Theme.text
     label.font.italic: root.row.isBlank
     label.lineHeight: 1.1
     label.wrapMode: Text.Wrap
-    radius: 10
     text: root.row.label
 
     leading: ClipPicture {

@@ -13,9 +13,7 @@ RowCard {
     /// Pressed outside its children, and not dragged.
     signal clicked()
 
-    color: Qt.rgba(1, 1, 1, hover.hovered || source.dragging ? 0.08 : 0.06)
-    padding: 12
-    radius: 10
+    color: root.selected ? Qt.alpha(Theme.accent, 0.2) : Qt.rgba(1, 1, 1, hover.hovered || source.dragging ? 0.08 : 0.06)
 
     data: HoverHandler {
         id: hover

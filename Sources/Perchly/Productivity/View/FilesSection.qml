@@ -18,6 +18,20 @@ ColumnLayout {
     readonly property HeldFiles held: root.tools.held
     readonly property bool some: root.held.count > 0
 
+    /// Scrolls to what was held last; gives it the keyboard if it came while the section was hidden.
+    function showLanded(select: bool) {
+        const row = root.held.landed;
+        if (row < 0 || !root.Window.window?.visible) {
+            return;
+        }
+        if (select) {
+            list.focusRow(row, -1);
+        } else {
+            list.show(row);
+        }
+        root.held.landed = -1;
+    }
+
     function addLink() {
         if (root.held.addLink(field.text)) {
             field.clear();
@@ -26,6 +40,21 @@ ColumnLayout {
 
     spacing: 12
 
+    Timer {
+        id: appearing
+
+        interval: 0
+        running: true
+
+        onTriggered: root.showLanded(true)
+    }
+    Connections {
+        target: root.held
+
+        function onLandedChanged() {
+            root.showLanded(false);
+        }
+    }
     Connections {
         target: root.Window.window
 
@@ -34,6 +63,7 @@ ColumnLayout {
             root.held.lookAgain();
         }
         function onVisibleChanged() {
+            appearing.restart();
             root.held.lookAgain();
         }
     }
@@ -83,12 +113,14 @@ ColumnLayout {
         Accessible.role: Accessible.Grouping
         Layout.fillHeight: true
         Layout.fillWidth: true
-        Layout.minimumHeight: 120 // the height in the smallest window, with a notice
+        Layout.minimumHeight: 120
         Layout.preferredHeight: root.some ? 240 : 180
-        color: Qt.rgba(1, 1, 1, 0.025)
+        color: Qt.rgba(1, 1, 1, drops.containsDrag ? 0.06 : root.some ? 0 : 0.025)
         radius: 12
 
         DropArea {
+            id: drops
+
             anchors.fill: parent
             keys: ["text/uri-list"]
 
@@ -102,10 +134,8 @@ ColumnLayout {
             onEntered: drag => drag.accept(Qt.CopyAction)
             onPositionChanged: drag => drag.accept(Qt.CopyAction)
         }
-        SecondaryText {
-            anchors.centerIn: parent
-            text: qsTr("Drop here")
-            visible: !root.some
+        EmptyText {
+            text: root.some ? "" : qsTr("Drop here")
         }
         DragPlate {
             id: all
@@ -113,7 +143,6 @@ ColumnLayout {
             Accessible.name: all.label
             Accessible.role: Accessible.StaticText
             anchors.left: parent.left
-            anchors.margins: 10
             anchors.right: parent.right
             anchors.top: parent.top
             height: 38 // lets three rows fit into the window's first size
@@ -151,10 +180,9 @@ ColumnLayout {
 
             anchors.bottom: parent.bottom
             anchors.left: parent.left
-            anchors.margins: 10
             anchors.right: parent.right
             anchors.top: all.visible ? all.bottom : parent.top
-            anchors.topMargin: all.visible ? 8 : 10
+            anchors.topMargin: all.visible ? 8 : 0
             fallback: add
             label: qsTr("Held files and links")
             model: root.held

@@ -2,6 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Perchly.Look
 import Perchly.Stores
+import Perchly.Extensions
 
 /// One held file or link and its actions. Space shows a preview if the row itself has the keyboard.
 DragPlate {
@@ -48,10 +49,12 @@ DragPlate {
             Layout.fillWidth: true
             spacing: 9
 
-            Symbol {
+            ItemPicture {
                 color: Theme.mint
-                name: root.isFile ? "doc" : "link"
-                size: 14
+                implicitHeight: 28
+                implicitWidth: 28
+                tools: root.tools
+                url: root.row.url
             }
             Label {
                 Accessible.ignored: true

@@ -23,7 +23,7 @@ WindowBody {
         Layouts: ["LayoutsSection", ["drafts", "tools"]],
         Shortcuts: ["ShortcutsSection", ["tools"]],
         Meetings: ["../Extensions/MeetingsPanel", ["extras", "tools"]],
-        Launch: ["../Extensions/LaunchPanel", ["drafts", "extras"]],
+        Launch: ["../Extensions/LaunchPanel", ["drafts", "extras", "tools"]],
         Snippets: ["../Extensions/SnippetsPanel", ["drafts", "extras", "tools"]],
         Focus: ["../Extensions/FocusToolsView", ["model", "preferences"]],
         Device: ["../Extensions/DevicePanel", ["extras"]]
@@ -79,8 +79,8 @@ WindowBody {
     }
 
     NoticeRow {
-        Layout.fillWidth: true
         message: root.tools.message
+        parent: root
 
         onDismissed: root.tools.dismissMessage()
     }

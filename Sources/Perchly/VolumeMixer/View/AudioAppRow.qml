@@ -26,7 +26,6 @@ RowCard {
     Accessible.description: root.process
     Accessible.name: root.name
     Accessible.role: Accessible.ListItem
-    padding: 14
 
     onRoutedChanged: route.cameAt = Date.now() // the button's word changes in place
 
@@ -95,6 +94,7 @@ RowCard {
             ValueSlider {
                 Accessible.description: root.process === "" ? percentage.text : percentage.text + ", " + root.process
                 Layout.fillWidth: true
+                color: root.muted ? Theme.grey : Theme.accent
                 current: root.level
                 label: qsTr("%1 volume").arg(root.name)
 

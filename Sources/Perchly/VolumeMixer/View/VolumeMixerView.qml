@@ -44,11 +44,8 @@ WindowBody {
         Layout.minimumHeight: 100
         visible: list.count === 0
 
-        BodyText {
-            anchors.centerIn: parent
-            horizontalAlignment: Text.AlignHCenter
+        EmptyText {
             text: qsTr("No apps playing audio. Start music or a video, then refresh.")
-            width: parent.width
         }
     }
     ScrollList {
