@@ -87,6 +87,7 @@ ColumnLayout {
 
             below: GroupItems {
                 Layout.fillWidth: true
+                Layout.topMargin: 3
                 row: group.row
                 tools: root.tools
                 visible: !group.asks

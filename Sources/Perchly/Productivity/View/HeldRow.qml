@@ -42,7 +42,7 @@ DragPlate {
     }
 
     ColumnLayout {
-        spacing: 9
+        spacing: 7
         width: parent.width
 
         RowLayout {
@@ -51,8 +51,8 @@ DragPlate {
 
             ItemPicture {
                 color: Theme.mint
-                implicitHeight: 28
-                implicitWidth: 28
+                implicitHeight: 24
+                implicitWidth: 24
                 tools: root.tools
                 url: root.row.url
             }
