@@ -109,7 +109,7 @@
     </message>
     <message>
         <source>%1%</source>
-        <translation>%1 %</translation>
+        <translation>%1&#xa0;%</translation>
     </message>
 </context>
 <context>
@@ -476,6 +476,16 @@
     </message>
 </context>
 <context>
+    <name>GroupItems</name>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>und %n weiteres</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>HeldRow</name>
     <message>
         <source>Preview</source>
@@ -586,6 +596,13 @@
     <message>
         <source>Delete</source>
         <translation>Löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Open %n items?</source>
+        <translation>
+            <numerusform>%n Objekt öffnen?</numerusform>
+            <numerusform>%n Objekte öffnen?</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -957,7 +974,7 @@
     </message>
     <message>
         <source>%1%</source>
-        <translation>%1 %</translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message>
         <source>Expand on hover</source>
@@ -969,7 +986,7 @@
     </message>
     <message>
         <source>%1 s</source>
-        <translation>%1 s</translation>
+        <translation>%1&#xa0;s</translation>
     </message>
     <message>
         <source>Launch at login</source>
@@ -1073,6 +1090,10 @@
     <message>
         <source>Search results</source>
         <translation>Suchergebnisse</translation>
+    </message>
+    <message>
+        <source>No results</source>
+        <translation>Keine Treffer</translation>
     </message>
 </context>
 <context>
@@ -1551,7 +1572,7 @@
     </message>
     <message>
         <source>%1% · %2</source>
-        <translation>%1 % · %2</translation>
+        <translation>%1&#xa0;% · %2</translation>
     </message>
     <message>
         <source>Charging</source>
@@ -1675,6 +1696,19 @@
     <message>
         <source>Meeting</source>
         <translation>Besprechung</translation>
+    </message>
+    <message>
+        <source>Starts today, %1</source>
+        <translation>Beginnt heute, %1</translation>
+    </message>
+    <message>
+        <source>Starts tomorrow, %1</source>
+        <translation>Beginnt morgen, %1</translation>
+    </message>
+    <message>
+        <source>Starts %1, %2</source>
+        <comment>weekday, time</comment>
+        <translation>Beginnt %1, %2</translation>
     </message>
 </context>
 <context>

@@ -70,7 +70,7 @@ ColumnLayout {
             property bool asks: false
 
             Accessible.description: group.asks ? group.detail : group.row.contents
-            detail: group.asks ? `Open ${group.row.size} items?` : ""
+            detail: group.asks ? qsTr("Open %n items?", "", group.row.size) : ""
             label.font.weight: Font.Medium
             text: group.row.name
 
