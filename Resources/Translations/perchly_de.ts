@@ -5,7 +5,7 @@
     <name>ActivityCard</name>
     <message>
         <source>Playing</source>
-        <translation>Wiedergabe</translation>
+        <translation>Läuft</translation>
     </message>
     <message>
         <source>Paused</source>
@@ -109,18 +109,18 @@
     </message>
     <message>
         <source>%1%</source>
-        <translation>%1&#xa0;%</translation>
+        <translation>%1 %</translation>
     </message>
 </context>
 <context>
     <name>CalendarCard</name>
     <message>
         <source>Upcoming meetings</source>
-        <translation>Nächste Besprechungen</translation>
+        <translation>Nächste Termine</translation>
     </message>
     <message>
         <source>Meetings</source>
-        <translation>Besprechungen</translation>
+        <translation>Termine</translation>
     </message>
 </context>
 <context>
@@ -143,7 +143,7 @@
     </message>
     <message>
         <source>The meetings of the next seven days are shown in the workspace and on the calendar card. Nothing is changed, kept or sent anywhere. You can take this back with the same button.</source>
-        <translation>Die Besprechungen der nächsten sieben Tage erscheinen im Arbeitsbereich und auf der Kalenderkarte. Nichts wird geändert, gespeichert oder versendet. Dieselbe Schaltfläche nimmt die Erlaubnis zurück.</translation>
+        <translation>Die Termine der nächsten sieben Tage erscheinen im Arbeitsbereich und auf der Kalenderkarte. Nichts wird geändert, gespeichert oder versendet. Dieselbe Schaltfläche nimmt die Erlaubnis zurück.</translation>
     </message>
     <message>
         <source>No calendar was found yet. Those that appear later would be read, too.</source>
@@ -266,7 +266,7 @@
     </message>
     <message>
         <source>Playing</source>
-        <translation>Wiedergabe</translation>
+        <translation>Läuft</translation>
     </message>
     <message>
         <source>Paused</source>
@@ -493,7 +493,7 @@
     </message>
     <message>
         <source>Reveal</source>
-        <translation>Im Ordner zeigen</translation>
+        <translation>Ordner öffnen</translation>
     </message>
     <message>
         <source>Copy path / link</source>
@@ -697,7 +697,7 @@
     </message>
     <message>
         <source>Meetings</source>
-        <translation>Besprechungen</translation>
+        <translation>Termine</translation>
     </message>
     <message>
         <source>Join meeting</source>
@@ -813,7 +813,7 @@
     </message>
     <message>
         <source>Meeting starting in 5 minutes</source>
-        <translation>Besprechung beginnt in 5 Minuten</translation>
+        <translation>Termin beginnt in 5 Minuten</translation>
     </message>
 </context>
 <context>
@@ -974,7 +974,7 @@
     </message>
     <message>
         <source>%1%</source>
-        <translation>%1&#xa0;%</translation>
+        <translation>%1 %</translation>
     </message>
     <message>
         <source>Expand on hover</source>
@@ -986,7 +986,7 @@
     </message>
     <message>
         <source>%1 s</source>
-        <translation>%1&#xa0;s</translation>
+        <translation>%1 s</translation>
     </message>
     <message>
         <source>Launch at login</source>
@@ -1025,7 +1025,7 @@
     </message>
     <message>
         <source>Meetings</source>
-        <translation>Besprechungen</translation>
+        <translation>Termine</translation>
     </message>
     <message>
         <source>Launch</source>
@@ -1474,7 +1474,7 @@
     </message>
     <message>
         <source>Meeting</source>
-        <translation>Besprechung</translation>
+        <translation>Termin</translation>
     </message>
     <message>
         <source>Starts at %1.</source>
@@ -1572,7 +1572,7 @@
     </message>
     <message>
         <source>%1% · %2</source>
-        <translation>%1&#xa0;% · %2</translation>
+        <translation>%1 % · %2</translation>
     </message>
     <message>
         <source>Charging</source>
@@ -1668,7 +1668,7 @@
     <name>perchly::Meetings</name>
     <message>
         <source>Connect Calendar to see upcoming meetings.</source>
-        <translation>„Kalender verbinden“ zeigt die nächsten Besprechungen.</translation>
+        <translation>„Kalender verbinden“ zeigt die nächsten Termine.</translation>
     </message>
     <message>
         <source>In progress</source>
@@ -1691,11 +1691,24 @@
     </message>
     <message>
         <source>No meetings in the next seven days.</source>
-        <translation>Keine Besprechungen in den nächsten sieben Tagen.</translation>
+        <translation>Keine Termine in den nächsten sieben Tagen.</translation>
     </message>
     <message>
         <source>Meeting</source>
-        <translation>Besprechung</translation>
+        <translation>Termin</translation>
+    </message>
+    <message>
+        <source>Starts today, %1</source>
+        <translation>Beginnt heute, %1</translation>
+    </message>
+    <message>
+        <source>Starts tomorrow, %1</source>
+        <translation>Beginnt morgen, %1</translation>
+    </message>
+    <message>
+        <source>Starts %1, %2</source>
+        <comment>weekday, time</comment>
+        <translation>Beginnt %1, %2</translation>
     </message>
     <message>
         <source>Starts today, %1</source>
@@ -1780,7 +1793,7 @@
     </message>
     <message>
         <source>Could not reveal %1. %2</source>
-        <translation>%1 konnte nicht im Ordner gezeigt werden. %2</translation>
+        <translation>Der Ordner von %1 konnte nicht geöffnet werden. %2</translation>
     </message>
     <message>
         <source>Could not share %1. %2</source>

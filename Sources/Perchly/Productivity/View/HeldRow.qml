@@ -68,35 +68,38 @@ DragPlate {
             Layout.fillWidth: true
             spacing: 7
 
-            RowButton {
-                subject: root.label
-                text: qsTr("Preview")
-                visible: root.isFile
-
-                onActivated: root.preview()
-            }
-            RowButton {
-                subject: root.label
-                text: qsTr("Reveal")
-                visible: root.isFile
-
-                onActivated: root.tools.reveal(root.row.url)
-            }
-            RowButton {
-                subject: root.label
-                text: qsTr("Copy path / link")
-
-                onActivated: root.tools.clipboard.copyPath(root.row.url)
-            }
-            RowButton {
-                subject: root.label
-                text: qsTr("Copy image")
-                usable: root.row.isPicture
-
-                onActivated: root.tools.clipboard.copyImage(root.row.url)
-            }
-            Item {
+            // A longer language needs a second line.
+            Flow {
                 Layout.fillWidth: true
+                spacing: 7
+
+                RowButton {
+                    subject: root.label
+                    text: qsTr("Preview")
+                    visible: root.isFile
+
+                    onActivated: root.preview()
+                }
+                RowButton {
+                    subject: root.label
+                    text: qsTr("Reveal")
+                    visible: root.isFile
+
+                    onActivated: root.tools.reveal(root.row.url)
+                }
+                RowButton {
+                    subject: root.label
+                    text: qsTr("Copy path / link")
+
+                    onActivated: root.tools.clipboard.copyPath(root.row.url)
+                }
+                RowButton {
+                    subject: root.label
+                    text: qsTr("Copy image")
+                    usable: root.row.isPicture
+
+                    onActivated: root.tools.clipboard.copyImage(root.row.url)
+                }
             }
             ShareMenu {
                 subject: root.label
