@@ -13,8 +13,9 @@ namespace perchly {
 struct FoundApplication {
     QString path; ///< absolute path of its desktop entry, not canonicalised
     QString name; ///< in the user's language
-    /// What else a search should match: its kind, keywords and executable, each on a line.
-    QString otherNames = {};
+    /// Its name, kind, keywords and executable, each on a line, folded for matchRank(). Only from
+    /// find().
+    QString searchText = {};
 
     bool operator==(const FoundApplication &) const = default;
 };

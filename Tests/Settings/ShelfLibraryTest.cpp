@@ -120,7 +120,7 @@ private Q_SLOTS:
              {"Remailer", "My-Mail", "Mailbox", "Thunderbird", "Évolution", "MAIL"}) {
             found.append({QString::fromUtf8(name), QString::fromUtf8(name)});
         }
-        found[3].otherNames = QStringLiteral("Mail Client\nE-mail\nthunderbird-bin");
+        found[3].searchText = QStringLiteral("Mail Client\nE-mail\nthunderbird-bin");
         fixture.fake.catalog.finish(found);
         const std::pair<const char *, const char *> searches[]{
             {"mail", "MAIL Mailbox Thunderbird My-Mail Remailer"},

@@ -2,6 +2,7 @@
 
 #include "Hosts.h"
 #include "PendingCalls.h"
+#include "TextSearch.h"
 
 #include <QMap>
 #include <QSet>
@@ -140,8 +141,12 @@ public:
     }
     QString startFolder() const override { return {}; }
 
-    /// Ends a running search, by default the oldest.
-    void finish(const QList<FoundApplication> &applications, qsizetype search = 0) {
+    /// Ends a running search, by default the oldest. The search texts need no names and folding.
+    void finish(QList<FoundApplication> applications, qsizetype search = 0) {
+        for (FoundApplication &application : applications) {
+            application.searchText =
+                foldedForSearch(application.name + u'\n' + application.searchText);
+        }
         searches.takeAt(search)(applications);
     }
 

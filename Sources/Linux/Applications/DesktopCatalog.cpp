@@ -1,6 +1,7 @@
 #include "DesktopCatalog.h"
 
 #include "KeyFile.h"
+#include "TextSearch.h"
 
 #include <QCollator>
 #include <QFile>
@@ -33,15 +34,16 @@ QCollator fileBrowserOrder() {
 
 FoundApplication described(GAppInfo *application) {
     GDesktopAppInfo *entry = G_DESKTOP_APP_INFO(application);
-    QStringList names{QString::fromUtf8(g_desktop_app_info_get_generic_name(entry))};
+    const QString name = QString::fromUtf8(g_app_info_get_name(application));
+    QStringList names{name, QString::fromUtf8(g_desktop_app_info_get_generic_name(entry))};
     const char *const *keywords = g_desktop_app_info_get_keywords(entry);
     for (; keywords != nullptr && *keywords != nullptr; ++keywords) {
         names.append(QString::fromUtf8(*keywords));
     }
     const QString program = QFile::decodeName(g_app_info_get_executable(application));
     names.append(program.mid(program.lastIndexOf(u'/') + 1));
-    return {QFile::decodeName(g_desktop_app_info_get_filename(entry)),
-            QString::fromUtf8(g_app_info_get_name(application)), names.join(u'\n')};
+    return {QFile::decodeName(g_desktop_app_info_get_filename(entry)), name,
+            foldedForSearch(names.join(u'\n'))};
 }
 
 QList<FoundApplication> findApplications() {
@@ -56,7 +58,7 @@ QList<FoundApplication> findApplications() {
     // These strings lie between what GIO has freed: move them, so that its memory, 30 MB for 10,000
     // applications, can be returned to the system.
     for (FoundApplication &application : applications) {
-        for (QString *text : {&application.path, &application.name, &application.otherNames}) {
+        for (QString *text : {&application.path, &application.name, &application.searchText}) {
             *text = QString(text->constData(), text->size());
         }
     }

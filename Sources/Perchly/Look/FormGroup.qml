@@ -5,7 +5,7 @@ import Perchly.Look
 RoundedRect {
     id: root
 
-    property int padding: 14
+    property int padding: 12
     default property alias rows: column.data
 
     color: Theme.row

@@ -90,8 +90,7 @@ void ShelfLibrary::refresh() {
             library->m_installed = itemsFor(applications);
             library->m_searchTexts.clear();
             for (const FoundApplication &found : applications) {
-                library->m_searchTexts.append(
-                    foldedForSearch(found.name + u'\n' + found.otherNames));
+                library->m_searchTexts.append(found.searchText);
             }
             Q_EMIT library->installedChanged();
         }

@@ -30,8 +30,8 @@ private Q_SLOTS:
         installApplication(QStringLiteral("z1"), "Exec=/bin/true %U\nName=alpha\nGenericName=Tool\n"
                                                  "Keywords=one;two;");
         QString names;
-        m_catalog.find([&](const auto &applications) { names = applications.at(0).otherNames; });
-        QTRY_COMPARE(names, QStringLiteral("Tool\none\ntwo\ntrue"));
+        m_catalog.find([&](const auto &applications) { names = applications.at(0).searchText; });
+        QTRY_COMPARE(names, QStringLiteral("alpha\ntool\none\ntwo\ntrue"));
     }
 
     void changesAreAnnounced() {

@@ -20,31 +20,27 @@ ColumnLayout {
 
     FormGroup {
         Layout.fillWidth: true
-        padding: 10
 
         StepperRow {
             current: root.preferences.focusMinutes
             from: 1
             label: qsTr("Focus: %n minutes", "", root.preferences.focusMinutes)
             to: 180
-            width: parent.width - 4
-            x: 4
+            width: parent.width
 
             onAsked: value => root.preferences.focusMinutes = value
         }
         Rectangle {
             color: Theme.line
             height: 1
-            width: parent.width - 8
-            x: 4
+            width: parent.width
         }
         StepperRow {
             current: root.preferences.breakMinutes
             from: 1
             label: qsTr("Break: %n minutes", "", root.preferences.breakMinutes)
             to: 60
-            width: parent.width - 4
-            x: 4
+            width: parent.width
 
             onAsked: value => root.preferences.breakMinutes = value
         }
