@@ -64,6 +64,7 @@ private Q_SLOTS:
         std::optional<QList<QUrl>> chosen;
         const auto choose = [&chosen](const QList<QUrl> &urls) { chosen = urls; };
         const OpenPanel::Request request{.title = QStringLiteral("Choose"),
+                                         .confirmLabel = {},
                                          .folder = QStringLiteral("/usr"),
                                          .choice = OpenPanel::Choice::Applications};
         {
