@@ -3,7 +3,6 @@
 #include "Clock.h"
 #include "Notifications.h"
 
-#include <QCoreApplication>
 #include <QHash>
 #include <QObject>
 
