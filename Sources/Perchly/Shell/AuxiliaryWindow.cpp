@@ -7,6 +7,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <utility>
 
 #ifdef __GLIBC__
 #include <malloc.h>
@@ -42,6 +43,14 @@ AuxiliaryWindow::AuxiliaryWindow(QQmlEngine &engine, const WindowContent &conten
         setSource(content.view);
         applyMinimumSize();
     }
+    // Queued, since Qt first changes the size in points.
+    connect(screen(), &QScreen::logicalDotsPerInchChanged, this, &AuxiliaryWindow::keepSize,
+            Qt::QueuedConnection);
+}
+
+void AuxiliaryWindow::keepSize() {
+    resize(size() * (devicePixelRatio() / std::exchange(m_ratio, devicePixelRatio())));
+    applyMinimumSize();
 }
 
 void AuxiliaryWindow::giveMemoryBack() {

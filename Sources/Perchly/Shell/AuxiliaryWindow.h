@@ -32,10 +32,13 @@ protected:
 
 private:
     void applyMinimumSize();
+    /// Keeps the size in points when the desktop's text size changes.
+    void keepSize();
     void giveMemoryBack();
     [[nodiscard]] QRect centred(const QSize &size) const;
 
     QTimer m_rest; ///< time since it was closed
+    double m_ratio = devicePixelRatio();
 };
 
 } // namespace perchly
