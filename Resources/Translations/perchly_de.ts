@@ -1509,6 +1509,18 @@
         <translation>Perchly beenden</translation>
     </message>
     <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation>Ausblenden</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
         <source>Perchly Workspace</source>
         <translation>Perchly – Arbeitsbereich</translation>
     </message>

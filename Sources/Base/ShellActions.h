@@ -3,6 +3,7 @@
 #include "Geometry.h"
 
 #include <QObject>
+#include <QPointF>
 #include <QString>
 
 namespace perchly {
@@ -27,6 +28,12 @@ public:
     /// Runs the shortcut or opens the application of the shelf entry with that identifier; does
     /// nothing for a widget.
     Q_INVOKABLE virtual void launch(const QString &id) = 0;
+    /// Opens the status item's menu at a global position (in Qt's points). The shelf stays open
+    /// under this and the following menu.
+    Q_INVOKABLE virtual void showMenu(QPointF position, bool byKey) = 0;
+    /// Opens the menu of the shelf entry with that identifier. "Open" calls press() of `tile`.
+    Q_INVOKABLE virtual void showEntryMenu(const QString &id, QObject *tile, QPointF position,
+                                           bool byKey) = 0;
     /// Ends the program.
     Q_INVOKABLE virtual void terminate() = 0;
 

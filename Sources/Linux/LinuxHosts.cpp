@@ -8,6 +8,7 @@
 #include "Companion.h"
 #include "CompanionCalendarStore.h"
 #include "DefaultMusicPlayer.h"
+#include "DesktopAppearance.h"
 #include "DesktopCatalog.h"
 #include "FolderShortcutsTool.h"
 #include "GioApplications.h"
@@ -24,6 +25,7 @@
 #include "ProcessScreenCapture.h"
 #include "ProcessScriptHost.h"
 #include "QtClock.h"
+#include "QtContextMenu.h"
 #include "QtKeyMonitor.h"
 #include "QtOpenPanel.h"
 #include "RunningApplications.h"
@@ -104,6 +106,7 @@ void addDesktop(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
     hosts.loginItem = std::make_unique<AutostartLoginItem>(AutostartLoginItem::runningProgram());
     hosts.motion = std::make_unique<PortalMotion>(bus);
     hosts.notifications = std::make_unique<BusNotifications>(bus);
+    hosts.appearance = std::make_unique<DesktopAppearance>(bus);
     hosts.alertSound = std::make_unique<CanberraAlertSound>();
     hosts.scriptHost = companion<ProcessScriptHost>(
         "perchly-scripthost", "perchly-scripthost is not installed: what players play is missing");
@@ -130,6 +133,7 @@ void addWindowSystem(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
     hosts.keys = std::make_unique<QtKeyMonitor>();
     hosts.panel = std::make_unique<X11PanelHost>();
     hosts.hotKeys = std::make_unique<X11HotKeys>();
+    hosts.contextMenu = std::make_unique<QtContextMenu>();
     hosts.openPanel = std::make_unique<QtOpenPanel>(bus);
     hosts.pasteboard = std::make_unique<X11Pasteboard>();
     hosts.screenCapture = companion<ProcessScreenCapture>(

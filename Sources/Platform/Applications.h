@@ -26,9 +26,10 @@ public:
     /// and is opened like openUrl().
     virtual void open(const QString &path, Completion completion = {}) = 0;
 
-    /// The application's picture, for display at `side` pixels wide and high; null if it has none.
-    /// Blocks while reading files; may be called on any thread, and on several at once.
-    [[nodiscard]] virtual QImage icon(const QString &path, int side) = 0;
+    /// The application's picture in the icon theme (empty for Qt's), for display at `side` pixels
+    /// wide and high; null if it has none. Blocks while reading files; may be called on any thread,
+    /// and on several at once.
+    [[nodiscard]] virtual QImage icon(const QString &path, int side, const QString &theme) = 0;
 
     /// The first of these icons that the user's icon theme has, for display at `side` pixels; null
     /// if it has none. Blocks like icon(), on any thread.

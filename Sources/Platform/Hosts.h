@@ -1,11 +1,13 @@
 #pragma once
 
 #include "AlertSound.h"
+#include "Appearance.h"
 #include "ApplicationCatalog.h"
 #include "Applications.h"
 #include "AudioSystem.h"
 #include "CalendarStore.h"
 #include "Clock.h"
+#include "ContextMenu.h"
 #include "Displays.h"
 #include "FilePictures.h"
 #include "FileServices.h"
@@ -44,11 +46,13 @@ struct Hosts {
     std::unique_ptr<PanelHost> panel;
     std::unique_ptr<HotKeys> hotKeys;
     std::unique_ptr<StatusItem> statusItem;
+    std::unique_ptr<ContextMenu> contextMenu;
     std::unique_ptr<Applications> applications;
     std::unique_ptr<ApplicationCatalog> catalog;
     std::unique_ptr<OpenPanel> openPanel;
     std::unique_ptr<LoginItem> loginItem;
     std::unique_ptr<Motion> motion;
+    std::unique_ptr<Appearance> appearance;
     std::unique_ptr<AlertSound> alertSound;
     std::unique_ptr<ScriptHost> scriptHost;
     std::unique_ptr<PlayerNotifications> playerNotifications;

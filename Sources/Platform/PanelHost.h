@@ -34,11 +34,19 @@ public:
     /// go to the window below. Without transparency, nothing else is painted either.
     virtual void setShape(const QRegion &shape) = 0;
 
+    /// Asks the compositor to blur what is behind this region of the panel, in device pixels. Few
+    /// compositors do.
+    virtual void setBlur(const QRegion &region) = 0;
+
     /// Gives the panel the keyboard and remembers the window that had it.
     virtual void takeKeyboard() = 0;
 
     /// Gives the keyboard back to that window, if the panel still has it.
     virtual void giveKeyboardBack() = 0;
+
+    /// Tells whether one of the program's menus is open, which a press elsewhere only closes: the
+    /// panel keeps the keyboard.
+    virtual void setMenuOpen(bool open) = 0;
 
     /// Whether the panel has the keyboard. Asks the window system.
     [[nodiscard]] virtual bool hasKeyboard() const = 0;

@@ -73,6 +73,8 @@ class DockingTest(SessionCase):
         # The display is 640 x 400 points, which limits the open shelf.
         whole = lambda: self.program.panel().rect == (0, 0, 1280, 800)
         wait_until(whole, "the shelf open on the whole display")
+        self.click("Mixer")
+        self.window("Perchly Volume Mixer")
 
     def test_dropped_files_and_links_are_held(self):
         self.start()

@@ -18,7 +18,7 @@ QT_FOLLOWS_BUS = int(os.environ["PERCHLY_QT_MINOR"]) < 8
 
 SYMBOLIC_ICON = Path(__file__).parents[2] / "Packaging/org.perchly.Perchly-symbolic.svg"
 OTHER_BLUE = (0x30, 0x50, 0xA0)
-HALF_MIDNIGHT = (0x1B, 0x2B, 0x54)
+DIMMED_BLUE = (0x0F, 0x18, 0x2C)
 
 
 class SurroundingsTest(SessionCase):
@@ -107,8 +107,8 @@ class SurroundingsTest(SessionCase):
         self.expect_hover_and_chord()
         corner = lambda: self.screen.shows(OTHER_BLUE, 495, 33, 60)
         wait_until(corner, "the other window in the pill's corner")
-        between_texts = lambda: self.screen.shows(HALF_MIDNIGHT, 645, 17, 6)
-        wait_until(between_texts, "half of both colours")
+        between_texts = lambda: self.screen.shows(DIMMED_BLUE, 645, 17, 6)
+        wait_until(between_texts, "the other window through the shelf")
         for point in ((471, 10), (640, 36)):  # on the shelf's shadow
             self.leave()
             self.screen.click(*point)

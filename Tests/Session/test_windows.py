@@ -1,7 +1,12 @@
 """The status item and the program's windows, used beside other programs."""
 
-from perchly_session.case import SEARCH, TOGGLE, WORKSPACE, SessionCase
-from perchly_session.other_programs import DragPartner, pasted
+import json
+
+from PIL import Image
+
+from perchly_session.accessibility import ENABLED, FOCUSED
+from perchly_session.case import AWAY, OPEN, SEARCH, TOGGLE, WORKSPACE, SessionCase
+from perchly_session.other_programs import DragPartner, SettingsManager, pasted
 from perchly_session.waiting import wait_until
 
 MENU = [
@@ -26,6 +31,7 @@ NO_CALENDARS = (
 COPIED = "Copied. Paste into your app with Ctrl+V."
 URLS = ["file:///etc/hosts", "file:///etc", "https://example.org/page", "ftp://example.org/file"]
 OCEAN = (5, 20, 36)
+COLOURS = {"Red": (200, 0, 0), "Blue": (0, 0, 200)}
 
 
 class WindowTest(SessionCase):
@@ -55,6 +61,55 @@ class WindowTest(SessionCase):
                     self.tree.find(NO_SOUND)
         item.choose("Quit Perchly")
         self.assertEqual(self.program.process.wait(10), 0)
+
+    def test_shelf_has_menus(self):
+        self.start()
+        self.hover()
+        self.assertFalse(self.tree.find("Previous icons", "push button").has(ENABLED))
+        self.screen.click(640, 17, button=3)
+        menu = lambda: self.program.window("perchly")
+        wait_until(menu, "the status item's menu")
+        self.screen.move_to(*AWAY)
+        self.keeps_frame(OPEN, "the shelf open under its menu", 1)
+        self.screen.key("Escape")
+        wait_until(lambda: not menu(), "the menu closed")
+        self.expect_pill()
+        self.screen.key(*TOGGLE)
+        self.expect_keyboard()
+        clock = self.tree.find("Pin Clock", "push button")
+        while not clock.has(FOCUSED):
+            self.screen.key("Tab")
+        self.screen.key("Shift_L", "F10")
+        wait_until(menu, "the entry's menu")
+        self.screen.key("Down")
+        self.screen.key("Return")
+        self.tree.expect_gone("Pin Clock", "push button")
+        self.expect_keyboard()
+
+    def test_icons_follow_the_desktops_theme(self):
+        self.start_session()
+        entry = self.session.install("Paint", "true")
+        entry.write_text(entry.read_text() + "Icon=paint\n")
+        for theme, colour in COLOURS.items():
+            folder = self.session.home / ".icons" / theme
+            folder.mkdir(parents=True)
+            index = f"[Icon Theme]\nName={theme}\nDirectories=apps\n[apps]\nSize=48\n"
+            (folder / "index.theme").write_text(index)
+            (folder / "apps").mkdir()
+            Image.new("RGB", (48, 48), colour).save(folder / "apps" / "paint.png")
+        item = {"id": str(entry), "path": str(entry), "name": "Paint", "visible": True}
+        library = json.dumps([item | {"favorite": False}])
+        self.session.store(shelfLibrary={"encoding": "utf-8", "data": library})
+        desktop = SettingsManager(self.screen)
+        self.addCleanup(desktop.close)
+        desktop.publish("Red")
+        self.run_program()
+        self.hover()
+        x, y, width, _ = self.tree.find("Paint", "push button").extents
+        for theme in ("Red", "Blue"):
+            desktop.publish(theme)
+            shown = lambda: self.screen.shows(COLOURS[theme], x + width // 2, y + 33)
+            wait_until(shown, f"the icon of the theme {theme}")
 
     def test_settings_apply_at_once(self):
         self.start_session(size=(2080, 800))

@@ -9,6 +9,22 @@ using namespace std::chrono_literals;
 class HoverTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
+    void shelfStaysOpenUnderAMenu() {
+        ShellFixture shell;
+        shell.pointerOntoPill();
+        const ShelfItem first = shell.delegate->library().shown().constFirst();
+        shell.delegate->showEntryMenu(first.id, nullptr, {}, false);
+        shell.pointerAway();
+        shell.fake.clock.advance(std::chrono::seconds(1));
+        QVERIFY(shell.expanded());
+        QCOMPARE(shell.fake.contextMenu.shown.size(), 3); // a widget cannot be removed
+        shell.fake.contextMenu.closed();
+        shell.fake.contextMenu.shown.at(1).action();
+        QVERIFY(shell.delegate->library().shown().constFirst() != first);
+        shell.fake.clock.advance(std::chrono::seconds(1));
+        QVERIFY(!shell.expanded());
+    }
+
     void opensAtOnceAndClosesAfterTheDelay() {
         ShellFixture shell;
         const auto settles = [&shell](std::chrono::milliseconds delay) {

@@ -29,6 +29,7 @@ public:
     FakeKeys &keys = install<FakeKeys>(hosts.keys);
     FakePanelHost &panel = install<FakePanelHost>(hosts.panel);
     FakeHotKeys &hotKeys = install<FakeHotKeys>(hosts.hotKeys);
+    FakeContextMenu &contextMenu = install<FakeContextMenu>(hosts.contextMenu);
     FakeApplications &applications = install<FakeApplications>(hosts.applications);
     FakeApplicationCatalog &catalog = install<FakeApplicationCatalog>(hosts.catalog);
     FakeOpenPanel &openPanel = install<FakeOpenPanel>(hosts.openPanel);

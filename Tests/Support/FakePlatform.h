@@ -51,6 +51,8 @@ public:
     void place(const ScreenRect &newFrame, const QMarginsF &) override { frame = newFrame; }
     void orderFront() override {}
     void setShape(const QRegion &) override {}
+    void setBlur(const QRegion &) override {}
+    void setMenuOpen(bool) override {}
     void takeKeyboard() override { keyboard = true; }
     void giveKeyboardBack() override { keyboard = false; }
     bool hasKeyboard() const override { return keyboard; }
@@ -82,12 +84,12 @@ public:
         opened.append(path);
         asked.append({QUrl::fromLocalFile(path), std::move(completion)});
     }
-    QImage icon(const QString &, int side) override {
+    QImage icon(const QString &, int side, const QString &) override {
         QImage picture(side, side, QImage::Format_ARGB32);
         picture.fill(Qt::red);
         return picture;
     }
-    QImage themeIcon(const QStringList &, int side) override { return icon({}, side); }
+    QImage themeIcon(const QStringList &, int side) override { return icon({}, side, {}); }
     void openUrl(const QUrl &url, Completion completion) override {
         opened.append(url.toString());
         asked.append({url, std::move(completion)});
@@ -95,6 +97,19 @@ public:
 
     QStringList opened;                       ///< paths and URLs, in order
     QList<std::pair<QUrl, Completion>> asked; ///< the same, still to be answered
+};
+
+class FakeContextMenu : public ContextMenu {
+public:
+    void open(const QList<StatusMenuEntry> &entries, QPoint, Opener,
+              std::function<void()> onClosed) override {
+        shown = entries;
+        closed = std::move(onClosed);
+    }
+    void close() override {}
+
+    QList<StatusMenuEntry> shown;
+    std::function<void()> closed;
 };
 
 class FakeMotion : public Motion {

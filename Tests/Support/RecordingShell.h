@@ -16,6 +16,12 @@ public:
     void showSearch() override { calls.append(QStringLiteral("showSearch")); }
     void clearScreen() override { calls.append(QStringLiteral("clearScreen")); }
     void launch(const QString &id) override { calls.append(QStringLiteral("launch ") + id); }
+    void showMenu(QPointF, bool byKey) override {
+        calls.append(QStringLiteral("showMenu %1").arg(byKey));
+    }
+    void showEntryMenu(const QString &id, QObject *, QPointF, bool byKey) override {
+        calls.append(QStringLiteral("showEntryMenu %1 %2").arg(id).arg(byKey));
+    }
     void terminate() override { calls.append(QStringLiteral("terminate")); }
     void toggleKeyboardOpen() override { calls.append(QStringLiteral("toggleKeyboardOpen")); }
     bool takeKeyboard() override {

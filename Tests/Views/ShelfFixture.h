@@ -26,6 +26,7 @@ class ShelfFixture : public QObject {
     Q_PROPERTY(perchly::VolumeMixer *mixer READ mixer CONSTANT FINAL)
     Q_PROPERTY(perchly::ShellActions *shell READ shell CONSTANT FINAL)
     Q_PROPERTY(perchly::Motion *motion READ motion CONSTANT FINAL)
+    Q_PROPERTY(perchly::Appearance *appearance READ appearance CONSTANT FINAL)
 public:
     explicit ShelfFixture(QObject *parent = nullptr);
 
@@ -37,6 +38,7 @@ public:
     VolumeMixer *mixer() { return &m_mixer; }
     ShellActions *shell() { return &m_shell; }
     Motion *motion() { return &m_fakes.motion; }
+    Appearance *appearance() { return m_fakes.hosts.appearance.get(); }
 
     /// Lays the collapsed shelf out for that edge, as the shell does.
     Q_INVOKABLE void dock(const QString &edge);

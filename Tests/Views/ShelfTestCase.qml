@@ -19,6 +19,7 @@ ViewTestCase {
             extras: root.fixture.extras,
             shell: root.fixture.shell,
             motion: root.fixture.motion,
+            appearance: root.fixture.appearance,
             shadowMargin: 26
         });
         root.fit(root.fixture.model.compactWidth, root.fixture.model.compactHeight);

@@ -19,7 +19,7 @@ Applications::Completion orNothing(Applications::Completion completion) {
 
 GioApplications::GioApplications(StartNotices notices)
     : m_notices(std::move(notices))
-    , m_icons(QIcon::themeName(), IconTheme::standardFolders()) {}
+    , m_defaultTheme(QIcon::themeName()) {}
 
 void GioApplications::open(const QString &path, Completion completion) {
     if (QDir::isAbsolutePath(path) && !isInApplicationFolders(path)) {
@@ -37,16 +37,26 @@ void GioApplications::launch(const QString &path, Completion completion) {
         orNothing(std::move(completion)));
 }
 
-QImage GioApplications::icon(const QString &path, int side) {
+std::shared_ptr<IconTheme> GioApplications::icons(const std::optional<QString> &theme) {
+    const QString wanted = theme.value_or(QString()).isEmpty() ? m_defaultTheme : *theme;
+    const QMutexLocker lock(&m_mutex);
+    if (!m_icons || (theme && m_icons->name() != wanted)) {
+        m_icons = std::make_shared<IconTheme>(wanted, IconTheme::standardFolders());
+    }
+    return m_icons;
+}
+
+QImage GioApplications::icon(const QString &path, int side, const QString &theme) {
     const QString name = desktopEntryText(path, G_KEY_FILE_DESKTOP_KEY_ICON);
-    return name.isEmpty() ? QImage() : m_icons.image(name, side);
+    return name.isEmpty() ? QImage() : icons(theme)->image(name, side);
 }
 
 QImage GioApplications::themeIcon(const QStringList &names, int side) {
+    const auto icons = this->icons(std::nullopt);
     QImage image;
     for (const QString &name : names) {
         if (image.isNull()) {
-            image = m_icons.image(name, side);
+            image = icons->image(name, side);
         }
     }
     return image;

@@ -16,6 +16,8 @@ public:
     /// theme's name may be empty.
     IconTheme(const QString &theme, const QStringList &folders);
 
+    [[nodiscard]] const QString &name() const { return m_name; }
+
     /// ~/.icons, and `icons` and `pixmaps` in the data folders.
     [[nodiscard]] static QStringList standardFolders();
 

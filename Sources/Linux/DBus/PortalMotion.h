@@ -1,20 +1,12 @@
 #pragma once
 
 #include "Motion.h"
-#include "SessionBus.h"
-
-#include <QDBusServiceWatcher>
-#include <QMap>
-
-#include <memory>
-
-class QDBusVariant;
+#include "PortalSettings.h"
 
 namespace perchly {
 
 /// Whether the desktop asks for reduced motion, from the settings portal: its common key, GNOME's
-/// switch for animations, or a zero animation duration in KDE. Follows changes and restarts of the
-/// portal and the bus; while nothing answers, the last answer holds.
+/// switch for animations, or a zero animation duration in KDE.
 class PortalMotion : public Motion {
     Q_OBJECT
 public:
@@ -22,16 +14,10 @@ public:
 
     [[nodiscard]] bool isReduced() const override { return m_reduced; }
 
-private Q_SLOTS:
-    void onSettingChanged(const QString &group, const QString &key, const QDBusVariant &value);
-
 private:
-    void follow();
-    void readAll();
+    void update();
 
-    std::shared_ptr<SessionBus> m_bus;
-    QDBusServiceWatcher m_watcher;
-    QMap<QString, bool> m_reducedBy; ///< of each setting, by its group
+    PortalSettings m_settings;
     bool m_reduced = false;
 };
 

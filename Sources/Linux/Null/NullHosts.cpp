@@ -105,6 +105,8 @@ public:
         }
     }
     void setShape(const QRegion &) override {}
+    void setBlur(const QRegion &) override {}
+    void setMenuOpen(bool) override {}
     void takeKeyboard() override {}
     void giveKeyboardBack() override {}
     bool hasKeyboard() const override { return false; }
@@ -132,7 +134,7 @@ public:
     void open(const QString &path, Completion completion) override {
         openUrl(QUrl::fromLocalFile(path), std::move(completion));
     }
-    QImage icon(const QString &, int) override { return {}; }
+    QImage icon(const QString &, int, const QString &) override { return {}; }
     QImage themeIcon(const QStringList &, int) override { return {}; }
     void openUrl(const QUrl &url, Completion completion) override {
         if (completion) {
@@ -178,6 +180,12 @@ public:
 class NullMotion : public Motion {
 public:
     bool isReduced() const override { return false; }
+};
+
+class NullAppearance : public Appearance {
+public:
+    bool isHighContrast() const override { return false; }
+    QString iconTheme() const override { return {}; }
 };
 
 class NullAlertSound : public AlertSound {
@@ -299,6 +307,15 @@ public:
     void expectChange() override {}
 };
 
+class NullContextMenu : public ContextMenu {
+public:
+    void open(const QList<StatusMenuEntry> &, QPoint, Opener,
+              std::function<void()> closed) override {
+        closed();
+    }
+    void close() override {}
+};
+
 class NullPowerSources : public PowerSources {
 public:
     void read(Completion completion) override { answerLater(std::move(completion), Reading()); }
@@ -338,11 +355,13 @@ Hosts nullHosts() {
     hosts.panel = std::make_unique<NullPanelHost>();
     hosts.hotKeys = std::make_unique<NullHotKeys>();
     hosts.statusItem = std::make_unique<NullStatusItem>();
+    hosts.contextMenu = std::make_unique<NullContextMenu>();
     hosts.applications = std::make_unique<NullApplications>();
     hosts.catalog = std::make_unique<NullApplicationCatalog>();
     hosts.openPanel = std::make_unique<NullOpenPanel>();
     hosts.loginItem = std::make_unique<NullLoginItem>();
     hosts.motion = std::make_unique<NullMotion>();
+    hosts.appearance = std::make_unique<NullAppearance>();
     hosts.alertSound = std::make_unique<NullAlertSound>();
     hosts.scriptHost = std::make_unique<NullScriptHost>();
     hosts.playerNotifications = std::make_unique<NullPlayerNotifications>();

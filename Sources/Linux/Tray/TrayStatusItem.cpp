@@ -1,6 +1,7 @@
 #include "TrayStatusItem.h"
 
 #include "NamedIcon.h"
+#include "QtContextMenu.h"
 #include "TrayFinder.h"
 
 #include <QApplication>
@@ -30,7 +31,7 @@ TrayStatusItem::~TrayStatusItem() = default;
 
 void TrayStatusItem::show(const QIcon &icon, const QString &accessibleName,
                           const QList<StatusMenuEntry> &menu) {
-    fillMenu(menu);
+    fillMenu(m_menu, menu);
     const auto findTray = [this, icon, accessibleName] {
         m_trayIcon.reset();
         m_finder = std::make_unique<TrayFinder>(m_bus->connection());
@@ -41,17 +42,6 @@ void TrayStatusItem::show(const QIcon &icon, const QString &accessibleName,
     };
     QObject::connect(m_bus.get(), &SessionBus::connected, &m_menu, findTray);
     findTray();
-}
-
-void TrayStatusItem::fillMenu(const QList<StatusMenuEntry> &entries) {
-    for (const StatusMenuEntry &entry : entries) {
-        QString title = entry.title;
-        title.replace(QLatin1Char('&'), QStringLiteral("&&")); // a single & underlines a letter
-        QAction *action = m_menu.addAction(title);
-        action->setShortcut(entry.shortcut);
-        action->setShortcutVisibleInContextMenu(true);
-        QObject::connect(action, &QAction::triggered, action, entry.action);
-    }
 }
 
 void TrayStatusItem::makeTrayIcon(const QIcon &icon, const QString &accessibleName) {

@@ -25,7 +25,6 @@ public:
               const QList<StatusMenuEntry> &menu) override;
 
 private:
-    void fillMenu(const QList<StatusMenuEntry> &entries);
     void makeTrayIcon(const QIcon &icon, const QString &accessibleName);
 
     const std::shared_ptr<SessionBus> m_bus;

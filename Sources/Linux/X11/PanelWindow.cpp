@@ -62,6 +62,20 @@ void describePanel(XcbConnection &connection, xcb_window_t panel) {
     xcb_flush(qtConnection());
 }
 
+void blurBehindPanel(XcbConnection &connection, xcb_window_t panel, const QRegion &region) {
+    const xcb_atom_t name = connection.atom("_KDE_NET_WM_BLUR_BEHIND_REGION");
+    if (region.isEmpty()) { // an empty property would blur all of the window
+        xcb_delete_property(qtConnection(), panel, name);
+        return;
+    }
+    QList<quint32> values;
+    for (const QRect &rect : region) {
+        values << quint32(rect.x()) << quint32(rect.y()) << quint32(rect.width())
+               << quint32(rect.height());
+    }
+    setCardinals(panel, name, XCB_ATOM_CARDINAL, values);
+}
+
 void unshapePanel(xcb_window_t panel) {
     removeShape(panel, XCB_SHAPE_SK_INPUT);
     removeShape(panel, XCB_SHAPE_SK_BOUNDING);

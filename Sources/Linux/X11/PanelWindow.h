@@ -21,6 +21,9 @@ enum class Transparency { Available, Missing };
 /// window is not shown either.
 void shapePanel(xcb_window_t panel, const QRegion &shape, Transparency transparency);
 
+/// Asks the compositor to blur what is behind this region, in the window's pixels. Not flushed.
+void blurBehindPanel(XcbConnection &connection, xcb_window_t panel, const QRegion &region);
+
 /// Removes the shape. Not flushed.
 void unshapePanel(xcb_window_t panel);
 

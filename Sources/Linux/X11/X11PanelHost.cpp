@@ -22,7 +22,7 @@ void flushQt() {
 } // namespace
 
 X11PanelHost::X11PanelHost() {
-    connect(&m_compositor, &CompositorWatch::changed, this, [this] {
+    connect(&m_compositor, &SelectionWatch::changed, this, [this] {
         applyShape();
         Q_EMIT compositedChanged();
     });
@@ -82,6 +82,11 @@ void X11PanelHost::setShape(const QRegion &shape) {
     }
 }
 
+void X11PanelHost::setBlur(const QRegion &region) {
+    blurBehindPanel(m_connection, panelId(), region);
+    flushQt();
+}
+
 void X11PanelHost::takeKeyboard() {
     flushQt();
     m_holdsKeyboard = true;
@@ -93,6 +98,10 @@ void X11PanelHost::giveKeyboardBack() {
     m_holdsKeyboard = false;
     m_outsidePress.watch(XCB_WINDOW_NONE);
     m_focus.giveBack(panelId());
+}
+
+void X11PanelHost::setMenuOpen(bool open) {
+    m_outsidePress.watch(m_holdsKeyboard && !open ? panelId() : quint32{XCB_WINDOW_NONE});
 }
 
 bool X11PanelHost::hasKeyboard() const {
@@ -112,7 +121,7 @@ void X11PanelHost::activate(QWindow *window) {
 }
 
 bool X11PanelHost::isComposited() const {
-    return m_compositor.isRunning();
+    return m_compositor.owner() != XCB_WINDOW_NONE;
 }
 
 ScreenPoint X11PanelHost::toScreen(QPointF point) const {

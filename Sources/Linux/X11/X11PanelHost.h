@@ -1,9 +1,9 @@
 #pragma once
 
-#include "CompositorWatch.h"
 #include "KeyboardFocus.h"
 #include "OutsidePress.h"
 #include "PanelHost.h"
+#include "SelectionWatch.h"
 #include "StackingGuard.h"
 #include "XcbConnection.h"
 
@@ -27,8 +27,10 @@ public:
     void place(const ScreenRect &frame, const QMarginsF &margins) override;
     void orderFront() override;
     void setShape(const QRegion &shape) override;
+    void setBlur(const QRegion &region) override;
     void takeKeyboard() override;
     void giveKeyboardBack() override;
+    void setMenuOpen(bool open) override;
     [[nodiscard]] bool hasKeyboard() const override;
     void activate(QWindow *window) override;
     [[nodiscard]] bool isComposited() const override;
@@ -43,7 +45,7 @@ private:
     [[nodiscard]] quint32 panelId() const;
 
     mutable XcbConnection m_connection;
-    CompositorWatch m_compositor{m_connection};
+    SelectionWatch m_compositor{m_connection, QByteArrayLiteral("_NET_WM_CM_S0")};
     mutable KeyboardFocus m_focus{m_connection};
     OutsidePress m_outsidePress{m_connection};
     StackingGuard m_stacking{m_connection};

@@ -21,7 +21,7 @@ Item {
         asynchronous: true
         fillMode: Image.PreserveAspectFit
         mipmap: true
-        source: root.path !== "" ? "image://applications/" + encodeURIComponent(root.path) : ""
+        source: root.path !== "" ? "image://applications/" + encodeURIComponent(Theme.iconTheme) + "/" + encodeURIComponent(root.path) : ""
         sourceSize.height: picture.pixels
         sourceSize.width: picture.pixels
         visible: picture.found

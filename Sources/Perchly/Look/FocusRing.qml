@@ -1,7 +1,7 @@
 import QtQuick
 import Perchly.Look
 
-/// A ring around its parent that marks the keyboard focus.
+/// A ring around its parent that marks the keyboard focus while keys are used.
 RoundedRect {
     id: root
 
@@ -9,7 +9,7 @@ RoundedRect {
 
     anchors.fill: parent
     borderColor: Theme.accent
-    borderWidth: 2
+    borderWidth: Theme.highContrast ? 3 : 2
     color: "transparent"
-    visible: root.shown && root.Window.active
+    visible: root.shown && Theme.keysUsed && root.Window.active
 }

@@ -48,14 +48,15 @@ void AppDelegate::launch() {
                   {QStringLiteral("productivity"), QVariant::fromValue(&m_productivity)},
                   {QStringLiteral("extras"), QVariant::fromValue(&extras())},
                   {QStringLiteral("shell"), QVariant::fromValue<ShellActions *>(this)},
-                  {QStringLiteral("motion"), QVariant::fromValue(m_hosts.motion.get())}});
+                  {QStringLiteral("motion"), QVariant::fromValue(m_hosts.motion.get())},
+                  {QStringLiteral("appearance"), QVariant::fromValue(m_hosts.appearance.get())}});
     m_placement.update();
     m_hosts.panel->orderFront();
     m_media.startMediaMonitoring();
     m_hotKey.registerChords();
     m_hosts.keys->start([this](const KeyPress &press) { return m_keys.handle(press); });
     followPointer();
-    showStatusItem();
+    m_hosts.statusItem->show(m_resources.statusIcon, QStringLiteral("Perchly"), menu());
     m_announcements = std::make_unique<Announcements>(
         m_hosts,
         Announcements::Sources{.preferences = m_shelfPreferences,
@@ -71,18 +72,24 @@ void AppDelegate::launch() {
 
 void AppDelegate::followPointer() {
     connect(m_hosts.pointer.get(), &PointerMonitor::moved, this, &AppDelegate::pointerAt);
-    // The closed shelf opens only when the pointer moves, not when it appears under a resting
-    // pointer.
-    const auto checkPointer = [this] {
-        if (m_model.expanded()) {
-            pointerAt(m_hosts.pointer->position());
-        }
-    };
     // Queued, since the panel must not be moved while it handles the event.
-    connect(&m_panel, &ShelfPanel::crossed, this, checkPointer, Qt::QueuedConnection);
+    connect(&m_panel, &ShelfPanel::crossed, this, &AppDelegate::checkPointer, Qt::QueuedConnection);
     // Queued, since a failed command sets its error next.
-    connect(&m_model, &ShelfModel::controllingChanged, this, checkPointer, Qt::QueuedConnection);
+    connect(&m_model, &ShelfModel::controllingChanged, this, &AppDelegate::checkPointer,
+            Qt::QueuedConnection);
+    connect(&m_model, &ShelfModel::expandedChanged, this, [this] {
+        if (!m_model.expanded()) {
+            m_hosts.contextMenu->close();
+        }
+    });
     m_hosts.pointer->start();
+}
+
+/// The closed shelf opens only when the pointer moves, not when it appears under a resting pointer.
+void AppDelegate::checkPointer() {
+    if (m_model.expanded()) {
+        pointerAt(m_hosts.pointer->position());
+    }
 }
 
 void AppDelegate::pointerAt(ScreenPoint pointer) {
@@ -97,15 +104,51 @@ ScreenPoint AppDelegate::handlePosition() const {
     return event ? *event : m_hosts.pointer->position();
 }
 
-void AppDelegate::showStatusItem() {
+QList<StatusMenuEntry> AppDelegate::menu() {
     const auto command = [](Qt::Key key) { return QKeySequence(Qt::CTRL | key); };
-    m_hosts.statusItem->show(m_resources.statusIcon, QStringLiteral("Perchly"),
-                             {{tr("Show shelf"), [this] { showShelf(); }, {}},
-                              {tr("Volume Mixer…"), [this] { showMixer(); }, {}},
-                              {tr("Search…"), [this] { showSearch(); }, {}},
-                              {tr("Workspace…"), [this] { showTools(); }, {}},
-                              {tr("Settings…"), [this] { showSettings(); }, command(Qt::Key_Comma)},
-                              {tr("Quit Perchly"), [this] { terminate(); }, command(Qt::Key_Q)}});
+    return {{tr("Show shelf"), [this] { showShelf(); }, {}},
+            {tr("Volume Mixer…"), [this] { showMixer(); }, {}},
+            {tr("Search…"), [this] { showSearch(); }, {}},
+            {tr("Workspace…"), [this] { showTools(); }, {}},
+            {tr("Settings…"), [this] { showSettings(); }, command(Qt::Key_Comma)},
+            {tr("Quit Perchly"), [this] { terminate(); }, command(Qt::Key_Q)}};
+}
+
+void AppDelegate::showMenu(QPointF position, bool byKey) {
+    openMenu(menu(), position, byKey);
+}
+
+void AppDelegate::showEntryMenu(const QString &id, QObject *tile, QPointF position, bool byKey) {
+    const QList<ShelfItem> &items = m_library.items();
+    const auto item = std::ranges::find(items, id, &ShelfItem::id);
+    if (item == items.cend()) {
+        return;
+    }
+    const auto press = [tile = QPointer(tile)] {
+        if (tile) {
+            QMetaObject::invokeMethod(tile, "press");
+        }
+    };
+    const auto hide = [this, id] { m_library.toggle(id, ShelfLibrary::Flag::Visible); };
+    QList<StatusMenuEntry> entries{{tr("Open"), press, {}}, {tr("Hide"), hide, {}}};
+    if (item->removable()) {
+        entries.append({tr("Remove"), [this, id] { m_library.remove(id); }, {}});
+    }
+    entries.append(
+        {tr("Settings…"), [this] { showSettings(); }, QKeySequence(Qt::CTRL | Qt::Key_Comma)});
+    openMenu(entries, position, byKey);
+}
+
+void AppDelegate::openMenu(const QList<StatusMenuEntry> &entries, QPointF position, bool byKey) {
+    const auto opener = byKey ? ContextMenu::Opener::Keys : ContextMenu::Opener::Pointer;
+    m_hosts.contextMenu->close();
+    m_model.setChoosingWidget(true);
+    m_hosts.panel->setMenuOpen(true);
+    m_hosts.contextMenu->open(entries, position.toPoint(), opener, [this] {
+        m_model.setChoosingWidget(false);
+        m_hosts.panel->setMenuOpen(false);
+        checkPointer();
+    });
 }
 
 void AppDelegate::show(std::unique_ptr<AuxiliaryWindow> &window, const WindowContent &content) {

@@ -16,6 +16,7 @@
 #include "ShelfPlacement.h"
 #include "ShelfPreferences.h"
 #include "ShellActions.h"
+#include "StatusItem.h"
 #include "VolumeMixer.h"
 
 #include <QIcon>
@@ -64,6 +65,8 @@ public:
     void showSearch() override;
     void clearScreen() override;
     void launch(const QString &id) override;
+    void showMenu(QPointF position, bool byKey) override;
+    void showEntryMenu(const QString &id, QObject *tile, QPointF position, bool byKey) override;
     void terminate() override;
     void toggleKeyboardOpen() override { m_opener.toggleKeyboardOpen(); }
     bool takeKeyboard() override { return m_opener.takeKeyboard(); }
@@ -85,7 +88,9 @@ private:
     void followPointer();
     void pointerAt(ScreenPoint pointer);
     [[nodiscard]] ScreenPoint handlePosition() const;
-    void showStatusItem();
+    void checkPointer();
+    [[nodiscard]] QList<StatusMenuEntry> menu();
+    void openMenu(const QList<StatusMenuEntry> &entries, QPointF position, bool byKey);
     void show(std::unique_ptr<AuxiliaryWindow> &window, const WindowContent &content);
 
     Hosts &m_hosts;

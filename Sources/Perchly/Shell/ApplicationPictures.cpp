@@ -23,7 +23,9 @@ QImage ApplicationPictures::requestImage(const QString &id, QSize *size,
                                          const QSize &requestedSize) {
     const int asked = std::max(requestedSize.width(), requestedSize.height());
     const int side = asked > 0 ? std::min(asked, maxSide) : defaultSide;
-    QImage picture = m_applications.icon(QUrl::fromPercentEncoding(id.toUtf8()), side);
+    const QString theme = QUrl::fromPercentEncoding(id.section(u'/', 0, 0).toUtf8());
+    const QString path = QUrl::fromPercentEncoding(id.section(u'/', 1).toUtf8());
+    QImage picture = m_applications.icon(path, side, theme);
     if (picture.isNull()) {
         picture = QImage(1, 1, QImage::Format_ARGB32_Premultiplied);
         picture.fill(Qt::transparent);

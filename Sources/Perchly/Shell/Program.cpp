@@ -49,6 +49,9 @@ int perchlyRun(int &argc, char **argv, const QStringList &command, BackgroundSta
     QApplication::setDesktopFileName(QStringLiteral("org.perchly.Perchly"));
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setPalette(Theme::palette());
+    QFont menuFont(Theme::family());
+    menuFont.setPixelSize(13);
+    QApplication::setFont(menuFont, "QMenu");
 
     const auto instance = makeSingleInstance(bus);
     if (const auto error = instance->claim(command)) {

@@ -70,6 +70,8 @@ void ShelfPanel::load(const QUrl &source, const QVariantMap &properties) {
     if (QQuickItem *root = rootObject()) {
         connect(root, SIGNAL(shapeRectChanged()), this, SLOT(applyShape()));
         connect(root, SIGNAL(shapeRadiusChanged()), this, SLOT(applyShape()));
+        connect(root, SIGNAL(blurRectChanged()), this, SLOT(applyBlur()));
+        applyBlur();
     }
 }
 
@@ -120,9 +122,23 @@ void ShelfPanel::applyShape() {
     const QQuickItem *root = rootObject();
     const QRectF shape = root ? root->property("shapeRect").toRectF() : inWindow(m_frame);
     const double radius = root ? root->property("shapeRadius").toDouble() : 0;
-    const QTransform toPixels = QTransform::fromScale(devicePixelRatio(), devicePixelRatio());
-    m_shape = roundedRegion(toPixels.mapRect(shape), radius * devicePixelRatio(), m_edge);
+    m_shape = region(shape, radius);
     m_host.setShape(m_shape);
+}
+
+void ShelfPanel::applyBlur() {
+    const QRectF shape = rootObject()->property("blurRect").toRectF();
+    const QRegion blur = region(shape, rootObject()->property("shapeRadius").toDouble());
+    if (m_blur != blur) {
+        m_blur = blur;
+        m_host.setBlur(blur);
+    }
+}
+
+QRegion ShelfPanel::region(const QRectF &shape, double radius) const {
+    const double ratio = devicePixelRatio();
+    return roundedRegion(QTransform::fromScale(ratio, ratio).mapRect(shape), radius * ratio,
+                         m_edge);
 }
 
 } // namespace perchly

@@ -46,8 +46,11 @@ protected:
 private Q_SLOTS:
     /// Limits pointer input to the visible shelf.
     void applyShape();
+    /// Blurs what is behind the translucent shelf.
+    void applyBlur();
 
 private:
+    [[nodiscard]] QRegion region(const QRectF &shape, double radius) const;
     [[nodiscard]] QRectF inWindow(const ScreenRect &rectangle) const;
 
     PanelHost &m_host;
@@ -56,6 +59,7 @@ private:
     ShelfEdge m_edge = ShelfEdge::Top;
     QMarginsF m_margins;
     QRegion m_shape; ///< in pixels
+    QRegion m_blur;  ///< in pixels
     std::optional<ScreenPoint> m_eventPosition;
 };
 

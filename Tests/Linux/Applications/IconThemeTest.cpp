@@ -88,11 +88,12 @@ private Q_SLOTS:
                 m_folder->filePath(QString::fromLatin1(name)).toUtf8() + ".png";
             write("a.desktop", "[Desktop Entry]\nName=A\nExec=not-installed\nIcon=" + picture);
             const QSize size =
-                applications.icon(m_folder->filePath(QStringLiteral("a.desktop")), 32).size();
+                applications.icon(m_folder->filePath(QStringLiteral("a.desktop")), 32, {}).size();
             QCOMPARE(size, qstrcmp(name, "mine") == 0 ? QSize(32, 32) : QSize(0, 0));
         }
         write("a.desktop", "torn");
-        QVERIFY(applications.icon(m_folder->filePath(QStringLiteral("a.desktop")), 32).isNull());
+        QVERIFY(
+            applications.icon(m_folder->filePath(QStringLiteral("a.desktop")), 32, {}).isNull());
     }
 
 private:

@@ -6,6 +6,8 @@ from .waiting import wait_until
 
 ACCESSIBLE = "org.a11y.atspi.Accessible"
 BUS = "org.freedesktop.DBus"
+ENABLED = 8
+FOCUSED = 12
 SHOWING = 25
 TIMEOUT_MILLISECONDS = 3000
 

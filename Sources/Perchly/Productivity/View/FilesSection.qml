@@ -157,7 +157,7 @@ ColumnLayout {
                 spacing: 9
 
                 Symbol {
-                    color: Theme.mint
+                    color: Theme.accent
                     name: "tray.fill"
                     size: 12
                 }

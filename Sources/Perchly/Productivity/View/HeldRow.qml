@@ -50,7 +50,7 @@ DragPlate {
             spacing: 9
 
             ItemPicture {
-                color: Theme.mint
+                color: Theme.accent
                 implicitHeight: 24
                 implicitWidth: 24
                 tools: root.tools

@@ -57,7 +57,7 @@ Item {
 
         Symbol {
             anchors.horizontalCenter: parent.horizontalCenter
-            color: root.look === "timer" ? Theme.orange : Theme.accentColor(root.preferences.accent)
+            color: root.look === "timer" ? Theme.shelfOrange : Theme.shelfAccent
             name: root.symbol
             // A low card has no room for the large size above a row of controls.
             size: root.low && root.look !== "idle" ? 14 : 22
@@ -126,7 +126,7 @@ Item {
                 Label {
                     id: artist
 
-                    color: Theme.grey
+                    color: Theme.shelfGrey
                     text: second.media ? root.model.musicArtist : ""
                     visible: text !== ""
                     width: Math.min(implicitWidth, second.room - source.width)
@@ -134,21 +134,21 @@ Item {
                 Label {
                     id: dot
 
-                    color: Theme.grey
+                    color: Theme.shelfGrey
                     text: " · "
                     visible: artist.visible
                 }
                 Label {
                     id: source
 
-                    color: Theme.grey
+                    color: Theme.shelfGrey
                     text: second.media ? root.model.mediaSource : ""
                     width: Math.min(implicitWidth, Math.max(second.room / 2, second.room - artist.implicitWidth))
                 }
                 Label {
                     id: doing
 
-                    color: Theme.grey
+                    color: Theme.shelfGrey
                     text: second.media ? (source.text !== "" ? " · " : "") + root.doing : root.secondLine
                 }
             }

@@ -89,7 +89,7 @@ Item {
         Accessible.name: text
         Accessible.role: Accessible.StaticText
         anchors.centerIn: parent
-        color: Theme.grey
+        color: Theme.shelfGrey
         font.pixelSize: 12
         text: qsTr("Choose widgets and apps in Settings")
         visible: root.count === 0
@@ -180,6 +180,14 @@ Item {
                         }
                     }
 
+                    Keys.onPressed: event => menu.pressByKey(event)
+
+                    MenuArea {
+                        id: menu
+
+                        z: 1 // above the loaded item
+                        onAsked: (position, byKey) => root.shell.showEntryMenu(place.modelData.id, place.item, position, byKey)
+                    }
                     Binding {
                         property: "pictureScale"
                         target: place.item

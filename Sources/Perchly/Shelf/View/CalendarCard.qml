@@ -55,7 +55,7 @@ CardBody {
             anchors.right: meetings.left
             anchors.rightMargin: 12
             anchors.verticalCenter: parent.verticalCenter
-            color: Theme.grey
+            color: Theme.shelfGrey
             font.pixelSize: 10
             text: root.event !== "" ? root.event : qsTr("Upcoming meetings")
         }
@@ -64,7 +64,7 @@ CardBody {
 
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
-            color: Theme.accentColor(root.preferences.accent)
+            color: Theme.shelfAccent
             plateMargin: 6
             size: 10
             text: qsTr("Meetings")

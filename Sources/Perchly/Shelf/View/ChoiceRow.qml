@@ -21,7 +21,7 @@ PressButton {
         id: symbol
 
         anchors.verticalCenter: parent.verticalCenter
-        color: Theme.mint
+        color: Theme.accent
         name: root.symbol
         size: 13
         x: 8
@@ -41,7 +41,7 @@ PressButton {
         anchors.right: parent.right
         anchors.rightMargin: 9
         anchors.verticalCenter: parent.verticalCenter
-        color: Theme.mint
+        color: Theme.accent
         name: "checkmark"
         size: 10
         visible: root.chosen

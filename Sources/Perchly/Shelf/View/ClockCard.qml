@@ -31,7 +31,7 @@ CardBody {
             }
         }
         SpokenLabel {
-            color: Theme.grey
+            color: Theme.shelfGrey
             font.pixelSize: 10
             text: now.day
             width: parent.width

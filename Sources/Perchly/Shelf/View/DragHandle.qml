@@ -3,7 +3,7 @@ import Perchly.Look
 import Perchly.Stores
 
 /// A drag handle of the shelf: a click toggles keyboard mode, a drag moves the shelf. The shell
-/// decides which of the two a press is.
+/// decides which of the two a press is. A right click opens the status item's menu.
 MouseArea {
     id: root
 
@@ -14,6 +14,7 @@ MouseArea {
     /// True if the shelf opened with the pointer over this handle; suppresses the tooltip until the
     /// pointer leaves.
     property bool byChance: false
+    readonly property alias menu: menu
 
     /// Ignores key repeats.
     function pressByKey(event: KeyEvent) {
@@ -48,6 +49,14 @@ MouseArea {
     }
     onReleased: root.shell.handleReleased()
 
+    MenuArea {
+        id: menu
+
+        onAsked: (position, byKey) => {
+            tip.dismiss();
+            root.shell.showMenu(position, byKey);
+        }
+    }
     FocusRing {
         anchors.margins: 4
         radius: 10

@@ -22,7 +22,7 @@ Item {
     /// Whether a chooser is open above the content.
     readonly property alias choosing: popovers.open
     readonly property alias strip: strip
-    readonly property color statusColor: root.model.running ? Theme.orange : Theme.accentColor(root.preferences.accent)
+    readonly property color statusColor: root.model.running ? Theme.shelfOrange : Theme.shelfAccent
     readonly property string edge: root.model.dockEdge
     readonly property bool onSide: root.edge !== "top"
     readonly property real bandWidth: root.onSide ? 34 : 0

@@ -16,7 +16,7 @@ Item {
 
         anchors.left: parent.left
         anchors.verticalCenter: parent.verticalCenter
-        color: Theme.mint
+        color: Theme.shelfAccent
         height: 5
         radius: 2.5
         width: 5
@@ -27,7 +27,7 @@ Item {
         anchors.right: quit.left
         anchors.rightMargin: 20
         anchors.verticalCenter: parent.verticalCenter
-        color: Theme.grey
+        color: Theme.shelfGrey
         font.pixelSize: 10
         text: root.extras.battery.line
     }
@@ -36,7 +36,7 @@ Item {
 
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
-        color: Theme.grey
+        color: Theme.shelfGrey
         size: 10
         text: qsTr("Quit")
         onActivated: root.shell.terminate()

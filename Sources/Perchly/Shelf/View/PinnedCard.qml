@@ -31,7 +31,7 @@ Item {
         id: symbol
 
         anchors.verticalCenter: title.verticalCenter
-        color: Theme.grey
+        color: Theme.shelfGrey
         name: WidgetLook.symbol(root.widget)
         size: 10
         x: 13
@@ -43,7 +43,7 @@ Item {
         anchors.leftMargin: 5
         anchors.right: menu.left
         anchors.rightMargin: 6
-        color: Theme.grey
+        color: Theme.shelfGrey
         font.pixelSize: 10
         height: 14
         text: WidgetLook.name(root.widget)
@@ -60,13 +60,14 @@ Item {
         label: qsTr("Change pinned widget")
         plate: Qt.rgba(1, 1, 1, menu.containsMouse || root.popovers.anchorItem === menu ? 0.075 : 0)
         plateRadius: 7
+        subject: root.widget
         toolTip: root.popovers.open ? "" : menu.label
         width: 26
         onActivated: root.popovers.chooseWidget(menu, root.side, root.widget)
 
         Symbol {
             anchors.centerIn: parent
-            color: menu.containsMouse ? Theme.text : Theme.grey
+            color: menu.containsMouse ? Theme.text : Theme.shelfGrey
             name: "ellipsis"
             size: 12
         }

@@ -7,7 +7,7 @@ Column {
 
     Symbol {
         anchors.horizontalCenter: parent.horizontalCenter
-        color: Theme.mint
+        color: Theme.shelfAccent
         name: "moon.stars.fill"
         size: 21
     }
@@ -28,7 +28,7 @@ Column {
         width: 1
     }
     SpokenLabel {
-        color: Theme.grey
+        color: Theme.shelfGrey
         font.pixelSize: 11
         height: 14
         horizontalAlignment: Text.AlignHCenter

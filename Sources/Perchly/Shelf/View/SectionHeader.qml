@@ -13,7 +13,7 @@ Item {
     SpokenLabel {
         anchors.left: parent.left
         anchors.verticalCenter: parent.verticalCenter
-        color: Theme.grey
+        color: Theme.shelfGrey
         font.letterSpacing: 2
         font.pixelSize: 10
         font.weight: Font.DemiBold
@@ -22,7 +22,7 @@ Item {
     TextButton {
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
-        color: Theme.grey
+        color: Theme.shelfGrey
         symbol: "gear.alt"
         text: qsTr("Settings")
         onActivated: root.shell.showSettings()

@@ -20,6 +20,7 @@ FocusScope {
     required property ShelfExtras extras
     required property ShellActions shell
     required property Motion motion
+    required property Appearance appearance
 
     /// Whether the panel's pixels may be translucent. If not, nothing is drawn outside the outline,
     /// and the shelf opens and closes without animation.
@@ -33,8 +34,9 @@ FocusScope {
     readonly property string edge: root.model.dockEdge
     readonly property bool onSide: root.edge !== "top"
     readonly property color accentColor: Theme.accentColor(root.preferences.accent)
-    readonly property color backgroundColor: Theme.backgroundColor(root.preferences.theme)
-    readonly property color statusColor: root.model.running ? Theme.orange : root.accentColor
+    readonly property bool translucent: root.composited && !root.appearance.highContrast && root.preferences.opacity < 1
+    readonly property color backgroundColor: Theme.backgroundColor(root.preferences.theme, root.translucent ? root.preferences.opacity : 1)
+    readonly property color statusColor: root.model.running ? Theme.shelfOrange : Theme.shelfAccent
 
     readonly property alias layout: layout
     readonly property alias status: status
@@ -46,6 +48,8 @@ FocusScope {
     readonly property ExpandedContent content: expandedContent.item as ExpandedContent
     readonly property rect shapeRect: root.expanded ? layout.openRect : layout.restRect
     readonly property real shapeRadius: root.expanded ? layout.openRadius : layout.restRadius
+    /// Where the compositor may blur what is behind the shelf: not beyond the outline, which moves.
+    readonly property rect blurRect: !root.translucent ? Qt.rect(0, 0, 0, 0) : openness.value < 1 ? layout.restRect : layout.openRect
 
     function reveal() {
         sideReveal.jumpTo(0);
@@ -56,6 +60,11 @@ FocusScope {
 
     focus: true
 
+    Keys.onPressed: event => {
+        if (!root.choosing) {
+            headerHandle.menu.pressByKey(event);
+        }
+    }
     Component.onCompleted: {
         root.model.setLeftTitle(root.preferences.savedLeft);
         root.model.setRightTitle(root.preferences.savedRight);
@@ -85,6 +94,21 @@ FocusScope {
         property: "accent"
         target: Theme
         value: root.accentColor
+    }
+    Binding {
+        property: "highContrast"
+        target: Theme
+        value: root.appearance.highContrast
+    }
+    Binding {
+        property: "iconTheme"
+        target: Theme
+        value: root.appearance.iconTheme
+    }
+    Binding {
+        property: "shelf"
+        target: Theme
+        value: root.backgroundColor
     }
 
     CompactStatus {
@@ -134,8 +158,7 @@ FocusScope {
     }
 
     ShelfOutline {
-        color: Qt.rgba(root.backgroundColor.r, root.backgroundColor.g, root.backgroundColor.b,
-                       root.backgroundColor.a * (root.composited ? root.preferences.opacity : 1))
+        color: root.backgroundColor
         edge: root.edge
         height: layout.outline.height
         highlight: dropArea.containsDrag ? root.accentColor : "transparent"

@@ -55,7 +55,7 @@ Item {
         }
         SpokenLabel {
             anchors.verticalCenter: parent.verticalCenter
-            color: Theme.mint
+            color: Theme.shelfAccent
             text: qsTr("%n held", "", root.productivity.held.count)
             visible: root.productivity.held.count > 0
         }

@@ -1,12 +1,12 @@
-#include "CompositorWatch.h"
+#include "SelectionWatch.h"
 
 #include <xcb/xfixes.h>
 
 namespace perchly {
 
-CompositorWatch::CompositorWatch(XcbConnection &connection)
-    : m_selection(connection.atom("_NET_WM_CM_S0")) {
-    connect(&connection, &XcbConnection::eventArrived, this, &CompositorWatch::handleEvent);
+SelectionWatch::SelectionWatch(XcbConnection &connection, const QByteArray &name)
+    : m_selection(connection.atom(name)) {
+    connect(&connection, &XcbConnection::eventArrived, this, &SelectionWatch::handleEvent);
     const auto *extension = xcb_get_extension_data(connection.get(), &xcb_xfixes_id);
     if (extension && extension->present) {
         m_firstEvent = extension->first_event;
@@ -20,21 +20,15 @@ CompositorWatch::CompositorWatch(XcbConnection &connection)
     }
     const auto owner = connection.reply<xcb_get_selection_owner_reply_t>(
         xcb_get_selection_owner(connection.get(), m_selection));
-    m_isRunning = owner && owner->owner != XCB_WINDOW_NONE;
+    m_owner = owner ? owner->owner : xcb_window_t{XCB_WINDOW_NONE};
 }
 
-void CompositorWatch::handleEvent(const xcb_generic_event_t *event) {
+void SelectionWatch::handleEvent(const xcb_generic_event_t *event) {
     const auto *notice = reinterpret_cast<const xcb_xfixes_selection_notify_event_t *>(event);
     if (m_firstEvent != 0 &&
         (event->response_type & 0x7f) == m_firstEvent + XCB_XFIXES_SELECTION_NOTIFY &&
-        notice->selection == m_selection) {
-        setRunning(notice->owner != XCB_WINDOW_NONE);
-    }
-}
-
-void CompositorWatch::setRunning(bool isRunning) {
-    if (isRunning != m_isRunning) {
-        m_isRunning = isRunning;
+        notice->selection == m_selection && notice->owner != m_owner) {
+        m_owner = notice->owner;
         Q_EMIT changed();
     }
 }
