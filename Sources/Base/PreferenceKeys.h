@@ -23,6 +23,9 @@ inline constexpr QLatin1StringView announceCaptures("announceCaptures");
 inline constexpr QLatin1StringView announceFailures("announceFailures");
 inline constexpr QLatin1StringView announceMeetings("announceMeetings");
 
+inline constexpr QLatin1StringView toggleChord("toggleChord");
+inline constexpr QLatin1StringView searchChord("searchChord");
+
 inline constexpr QLatin1StringView leftWidget("leftWidget");
 inline constexpr QLatin1StringView rightWidget("rightWidget");
 inline constexpr QLatin1StringView quickNote("quickNote");

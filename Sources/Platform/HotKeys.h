@@ -1,7 +1,6 @@
 #pragma once
 
-#include "KeyPress.h"
-
+#include <QKeyCombination>
 #include <QObject>
 
 namespace perchly {
@@ -13,13 +12,20 @@ class HotKeys : public QObject {
 public:
     using QObject::QObject;
 
-    /// Grabs the chord, in any state of the lock keys. Call it once per identifier. False if the
-    /// chord is not available, for example because another program has grabbed it.
-    [[nodiscard]] virtual bool registerChord(int identifier, Chord chord) = 0;
+    /// Grabs the chord, in any state of the lock keys, instead of the identifier's earlier one.
+    /// False if it is not available, for example because another program has grabbed it. Nothing
+    /// announces that it has become available.
+    [[nodiscard]] virtual bool registerChord(int identifier, QKeyCombination chord) = 0;
+
+    /// Releases the identifier's chord, if any.
+    virtual void releaseChord(int identifier) = 0;
 
 Q_SIGNALS:
     /// The chord was pressed; key repeats are not reported.
     void pressed(int identifier);
+
+    /// The keyboard layout changed: register all chords again, which may now be on other keys.
+    void keyboardChanged();
 };
 
 } // namespace perchly

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFlags>
+#include <QKeyCombination>
 #include <qnamespace.h>
 #include <QString>
 
@@ -21,15 +22,19 @@ struct KeyPress {
     bool isRepeat = false;
 };
 
-/// A key and the exact modifiers to hold.
-struct Chord {
-    Qt::Key key = Qt::Key_unknown;
+/// Control is Ctrl, Option is Alt, Shift is Shift, and Command is Super, or Ctrl without Alt.
+[[nodiscard]] inline Modifiers modifiersFromQt(Qt::KeyboardModifiers held) {
     Modifiers modifiers;
-
-    bool operator==(const Chord &) const = default;
-};
+    modifiers.setFlag(Modifier::Shift, held.testFlag(Qt::ShiftModifier));
+    modifiers.setFlag(Modifier::Control, held.testFlag(Qt::ControlModifier));
+    modifiers.setFlag(Modifier::Option, held.testFlag(Qt::AltModifier));
+    const bool isControlAlone =
+        held.testFlag(Qt::ControlModifier) && !held.testFlag(Qt::AltModifier);
+    modifiers.setFlag(Modifier::Command, held.testFlag(Qt::MetaModifier) || isControlAlone);
+    return modifiers;
+}
 
 /// The chord in the user's language: "Ctrl+Alt+Space".
-[[nodiscard]] QString chordText(const Chord &chord);
+[[nodiscard]] QString chordText(QKeyCombination chord);
 
 } // namespace perchly

@@ -68,12 +68,24 @@ private Q_SLOTS:
     }
 
     void reportsHotKeysTakenByOtherPrograms() {
-        const auto message = [](const QSet<int> &heldByOthers) {
-            ShellFixture shell([&](FakeHosts &fake) { fake.hotKeys.heldByOthers = heldByOthers; });
-            return shell.delegate->productivity().message();
+        const auto message = [](const QSet<int> &heldByOthers, const QString &searchChord = {}) {
+            ShellFixture shell([&](FakeHosts &fake) {
+                fake.hotKeys.heldByOthers = heldByOthers;
+                fake.preferences.setString(keys::searchChord, searchChord);
+            });
+            const QString shown = shell.delegate->productivity().message();
+            shell.fake.hotKeys.heldByOthers.clear();
+            shell.delegate->showSettings(); // tries again
+            return shell.delegate->productivity().message().isEmpty() ? shown : QString();
         };
-        QCOMPARE(message({2}), QStringLiteral("Could not register Ctrl+Alt+K for search."));
-        QCOMPARE(message({1, 2}),
+        constexpr int toggle = ShelfHotKey::Toggle;
+        constexpr int search = ShelfHotKey::Search;
+        const QString usual = QStringLiteral("Could not register Ctrl+Alt+K for search.");
+        QCOMPARE(message({search}), usual);
+        QCOMPARE(message({search}, QStringLiteral("Shift+K")), usual); // a damaged preference
+        QCOMPARE(message({search}, QStringLiteral("Meta+F3")),
+                 QStringLiteral("Could not register Meta+F3 for search."));
+        QCOMPARE(message({toggle, search}),
                  QStringLiteral(
                      "Could not register Ctrl+Alt+Space. Another app may use that shortcut."));
     }

@@ -68,11 +68,14 @@ public:
 
 class FakeHotKeys : public HotKeys {
 public:
-    bool registerChord(int identifier, Chord) override {
+    bool registerChord(int identifier, QKeyCombination chord) override {
+        registered.insert(identifier, chord);
         return !heldByOthers.contains(identifier);
     }
+    void releaseChord(int identifier) override { registered.remove(identifier); }
 
     QSet<int> heldByOthers;
+    QMap<int, QKeyCombination> registered;
 };
 
 class FakeApplications : public Applications {

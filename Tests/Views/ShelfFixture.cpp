@@ -40,6 +40,7 @@ ShelfFixture::ShelfFixture(QObject *parent)
     , m_library(m_fakes.preferences, m_fakes.catalog, m_fakes.openPanel)
     , m_productivity(m_fakes.hosts, m_library, m_model)
     , m_extras(m_fakes.hosts, m_library, m_productivity, m_shell)
+    , m_hotKey(m_fakes.hotKeys, m_fakes.preferences, m_shell, m_productivity)
     , m_mixer(m_fakes.audio, m_fakes.clock) {
     m_fakes.motion.reduced = true;
     connect(&m_model, &ShelfModel::controlRequested, this,

@@ -4,6 +4,7 @@
 #include "Productivity.h"
 #include "RecordingShell.h"
 #include "ShelfExtras.h"
+#include "ShelfHotKey.h"
 #include "ShelfLibrary.h"
 #include "ShelfModel.h"
 #include "ShelfPreferences.h"
@@ -23,6 +24,7 @@ class ShelfFixture : public QObject {
     Q_PROPERTY(perchly::ShelfLibrary *library READ library CONSTANT FINAL)
     Q_PROPERTY(perchly::Productivity *productivity READ productivity CONSTANT FINAL)
     Q_PROPERTY(perchly::ShelfExtras *extras READ extras CONSTANT FINAL)
+    Q_PROPERTY(perchly::ShelfHotKey *hotKey READ hotKey CONSTANT FINAL)
     Q_PROPERTY(perchly::VolumeMixer *mixer READ mixer CONSTANT FINAL)
     Q_PROPERTY(perchly::ShellActions *shell READ shell CONSTANT FINAL)
     Q_PROPERTY(perchly::Motion *motion READ motion CONSTANT FINAL)
@@ -35,6 +37,7 @@ public:
     ShelfLibrary *library() { return &m_library; }
     Productivity *productivity() { return &m_productivity; }
     ShelfExtras *extras() { return &m_extras; }
+    ShelfHotKey *hotKey() { return &m_hotKey; }
     VolumeMixer *mixer() { return &m_mixer; }
     ShellActions *shell() { return &m_shell; }
     Motion *motion() { return &m_fakes.motion; }
@@ -91,6 +94,7 @@ private:
     ShelfLibrary m_library;
     Productivity m_productivity;
     ShelfExtras m_extras;
+    ShelfHotKey m_hotKey;
     VolumeMixer m_mixer;
     QStringList m_commands;
 };

@@ -11,6 +11,7 @@ ViewTestCase {
 
     function open(section: string) {
         root.make(root.viewComponent, {
+            hotKey: root.fixture.hotKey,
             library: root.fixture.library,
             preferences: root.fixture.preferences,
             section: section,
@@ -89,7 +90,9 @@ ViewTestCase {
             "ComboBox: Theme", "ComboBox: Accent", "Slider: Opacity", "CheckBox: Compact shelf content",
             "ComboBox: Display", "ComboBox: Screen edge", "Button: Reset position to top center",
             "StaticText: Drag the shelf header to dock on the top, left, or right edge. Your position saves automatically.",
-            "Slider: Shelf size", "CheckBox: Expand on hover", "Slider: Collapse delay", "CheckBox: Launch at login",
+            "Slider: Shelf size", "CheckBox: Expand on hover", "Slider: Collapse delay",
+            "Button: Toggle shelf", "Button: Reset (disabled)", "Button: Open search", "Button: Reset (disabled)",
+            "CheckBox: Launch at login",
             "StaticText: Keyboard: Ctrl+Alt+K opens search. Ctrl+Alt+Space toggles the shelf. Ctrl+1–9 launches the corresponding visible app while the shelf is open. Escape closes it.",
             "StaticText: Install Perchly before you turn on launch at login.",
             "Heading: Desktop notifications", "CheckBox: Focus session or break over",
@@ -118,13 +121,32 @@ ViewTestCase {
         compare(root.fixture.takeCalls(), ["resize"]);
         verify(root.Window.activeFocusItem.mapToItem(root.view, 0, 0).y < root.view.height - 28, "out of sight");
         verify(root.fixture.describedAs(root.view, "120%") && root.fixture.describedAs(root.view, "0.2 s"));
-        root.tab(1);
+        root.tab(3);
         keyClick(Qt.Key_Space);
         verify(!root.fixture.preferences.login);
         compare(root.everything().filter(found => found.endsWith("Nothing here starts programs at login.")).length, 1);
         root.tab(1);
         keyClick(Qt.Key_Space);
         compare(root.fixture.stored("announceFocus"), false);
+    }
+
+    function test_chordsAreRecorded() {
+        const controlAlt = Qt.ControlModifier | Qt.AltModifier;
+        root.open("Preferences");
+        root.tab(11);
+        for (const [key, modifiers, chord, problem] of [
+            [Qt.Key_J, Qt.NoModifier, undefined, "Hold Ctrl, Alt or Super as well."],
+            [Qt.Key_K, controlAlt, undefined, "Ctrl+Alt+K already opens search."],
+            [Qt.Key_Escape, Qt.NoModifier, undefined, ""],
+            [Qt.Key_J, controlAlt, "Ctrl+Alt+J", ""],
+            [Qt.Key_Backspace, Qt.NoModifier, undefined, ""]
+        ]) {
+            keyClick(Qt.Key_Space); // in the field, starts recording
+            keyClick(key, modifiers);
+            tryVerify(() => root.fixture.stored("toggleChord") === chord);
+            tryVerify(() => problem === "" || root.has("AlertMessage: " + problem), 5000, problem);
+        }
+        compare(root.fixture.hotKey.toggleText, "Ctrl+Alt+Space");
     }
 
     height: 540

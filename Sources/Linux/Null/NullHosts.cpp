@@ -85,7 +85,8 @@ public:
 
 class NullHotKeys : public HotKeys {
 public:
-    bool registerChord(int, Chord) override { return false; }
+    bool registerChord(int, QKeyCombination) override { return false; }
+    void releaseChord(int) override {}
 };
 
 /// The panel as a plain Qt window: it has its size and is shown, but the window system decides its

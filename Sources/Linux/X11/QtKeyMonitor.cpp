@@ -29,16 +29,8 @@ QString charactersWithoutModifiers(const QKeyEvent &event) {
 } // namespace
 
 KeyPress keyPressFromQt(const QKeyEvent &event) {
-    const Qt::KeyboardModifiers held = event.modifiers();
-    Modifiers modifiers;
-    modifiers.setFlag(Modifier::Shift, held.testFlag(Qt::ShiftModifier));
-    modifiers.setFlag(Modifier::Control, held.testFlag(Qt::ControlModifier));
-    modifiers.setFlag(Modifier::Option, held.testFlag(Qt::AltModifier));
-    const bool isControlAlone =
-        held.testFlag(Qt::ControlModifier) && !held.testFlag(Qt::AltModifier);
-    modifiers.setFlag(Modifier::Command, held.testFlag(Qt::MetaModifier) || isControlAlone);
     return {.key = static_cast<Qt::Key>(event.key()),
-            .modifiers = modifiers,
+            .modifiers = modifiersFromQt(event.modifiers()),
             .charactersIgnoringModifiers = charactersWithoutModifiers(event),
             .isRepeat = event.isAutoRepeat()};
 }

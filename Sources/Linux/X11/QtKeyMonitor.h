@@ -10,9 +10,8 @@ class QKeyEvent;
 
 namespace perchly {
 
-/// Translates a key event: Control is Ctrl, Option is Alt, Shift is Shift, and Command is Super, or
-/// Ctrl without Alt, so Ctrl+2 is both Control+2 and Command+2. The digit row gives its digits in
-/// every layout, even where they need Shift.
+/// Translates a key event; Ctrl+2 is both Control+2 and Command+2. The digit row gives its digits
+/// in every layout, even where they need Shift.
 [[nodiscard]] KeyPress keyPressFromQt(const QKeyEvent &event);
 
 /// Sees key presses before windows, shortcuts and items do. Key repeats count as presses, as they

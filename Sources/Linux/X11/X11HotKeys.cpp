@@ -1,5 +1,7 @@
 #include "X11HotKeys.h"
 
+#include <QHash>
+#include <X11/keysym.h>
 #include <xcb/xcb_keysyms.h>
 
 namespace perchly {
@@ -12,19 +14,37 @@ constexpr std::chrono::milliseconds keyboardSettleTime{50};
 constexpr quint16 lockModifiers = XCB_MOD_MASK_LOCK | XCB_MOD_MASK_2; // Caps Lock, Num Lock
 constexpr quint16 lockVariants[] = {0, XCB_MOD_MASK_LOCK, XCB_MOD_MASK_2, lockModifiers};
 
-quint16 maskOf(Modifiers modifiers) {
-    const auto mask = [modifiers](Modifier modifier, int bit) {
+quint16 maskOf(Qt::KeyboardModifiers modifiers) {
+    const auto mask = [modifiers](Qt::KeyboardModifier modifier, int bit) {
         return modifiers.testFlag(modifier) ? bit : 0;
     };
-    return static_cast<quint16>(
-        mask(Modifier::Shift, XCB_MOD_MASK_SHIFT) | mask(Modifier::Control, XCB_MOD_MASK_CONTROL) |
-        mask(Modifier::Option, XCB_MOD_MASK_1) | mask(Modifier::Command, XCB_MOD_MASK_4));
+    return static_cast<quint16>(mask(Qt::ShiftModifier, XCB_MOD_MASK_SHIFT) |
+                                mask(Qt::ControlModifier, XCB_MOD_MASK_CONTROL) |
+                                mask(Qt::AltModifier, XCB_MOD_MASK_1) |
+                                mask(Qt::MetaModifier, XCB_MOD_MASK_4));
 }
 
 // Latin-1 keysyms equal their characters.
 xcb_keysym_t keysymOf(Qt::Key key) {
     const auto code = static_cast<xcb_keysym_t>(key);
-    return key >= Qt::Key_A && key <= Qt::Key_Z ? code + ('a' - 'A') : code;
+    if (key >= Qt::Key_A && key <= Qt::Key_Z) {
+        return code + ('a' - 'A');
+    }
+    if (key >= Qt::Key_F1 && key <= Qt::Key_F35) {
+        return XK_F1 + (code - Qt::Key_F1);
+    }
+    static const QHash<Qt::Key, xcb_keysym_t> otherKeys{
+        {Qt::Key_Tab, XK_Tab},        {Qt::Key_Backtab, XK_ISO_Left_Tab},
+        {Qt::Key_Return, XK_Return},  {Qt::Key_Enter, XK_KP_Enter},
+        {Qt::Key_Escape, XK_Escape},  {Qt::Key_Backspace, XK_BackSpace},
+        {Qt::Key_Insert, XK_Insert},  {Qt::Key_Delete, XK_Delete},
+        {Qt::Key_Home, XK_Home},      {Qt::Key_End, XK_End},
+        {Qt::Key_PageUp, XK_Page_Up}, {Qt::Key_PageDown, XK_Page_Down},
+        {Qt::Key_Left, XK_Left},      {Qt::Key_Right, XK_Right},
+        {Qt::Key_Up, XK_Up},          {Qt::Key_Down, XK_Down},
+        {Qt::Key_Print, XK_Print},    {Qt::Key_Pause, XK_Pause},
+        {Qt::Key_Menu, XK_Menu}};
+    return otherKeys.value(key, code);
 }
 
 // The letter's position on a Latin keyboard; keycodes are the same on all Linux systems.
@@ -41,19 +61,33 @@ std::optional<xcb_keycode_t> physicalKeyOf(Qt::Key key) {
 X11HotKeys::X11HotKeys() {
     m_keyboardChange.setSingleShot(true);
     m_keyboardChange.setInterval(keyboardSettleTime);
-    connect(&m_keyboardChange, &QTimer::timeout, this, &X11HotKeys::followKeyboardChange);
+    connect(&m_keyboardChange, &QTimer::timeout, this, &HotKeys::keyboardChanged);
     connect(&m_connection, &XcbConnection::eventArrived, this, &X11HotKeys::handleEvent);
 }
 
-bool X11HotKeys::registerChord(int identifier, Chord chord) {
-    const auto keycode = keycodeFor(chord.key);
-    const Registration registration{
-        .chord = chord, .keycode = keycode.value_or(0), .modifiers = maskOf(chord.modifiers)};
-    if (!keycode || !grab(registration)) {
+// Most announcements of a new layout change nothing: the user typed on another keyboard with the
+// same layout. Grabbing the chord again would miss the press that caused the announcement.
+bool X11HotKeys::registerChord(int identifier, QKeyCombination chord) {
+    const auto keycode = keycodeFor(chord.key());
+    const Registration wanted{.keycode = keycode.value_or(0),
+                              .modifiers = maskOf(chord.keyboardModifiers())};
+    const Registration current = m_registrations.value(identifier);
+    if (keycode && current.keycode == wanted.keycode && current.modifiers == wanted.modifiers) {
+        return true;
+    }
+    releaseChord(identifier);
+    if (!keycode || !grab(wanted)) {
         return false;
     }
-    m_registrations.insert(identifier, registration);
+    m_registrations.insert(identifier, wanted);
     return true;
+}
+
+void X11HotKeys::releaseChord(int identifier) {
+    if (const auto found = m_registrations.constFind(identifier); found != m_registrations.cend()) {
+        release(*found);
+        m_registrations.erase(found);
+    }
 }
 
 void X11HotKeys::handleEvent(const xcb_generic_event_t *event) {
@@ -85,21 +119,6 @@ void X11HotKeys::handlePress(const xcb_key_press_event_t &press) {
         if (registration.keycode == press.detail && registration.modifiers == held &&
             registration.releasedAt != press.time) {
             Q_EMIT pressed(identifier);
-        }
-    }
-}
-
-// Most announcements change nothing: the user typed on another keyboard with the same layout.
-// Releasing and grabbing the chord again would miss the press that caused the announcement.
-void X11HotKeys::followKeyboardChange() {
-    for (Registration &registration : m_registrations) {
-        const auto keycode = keycodeFor(registration.chord.key);
-        if (keycode && *keycode != registration.keycode) {
-            release(registration);
-            registration.keycode = *keycode;
-            if (!grab(registration)) {
-                qWarning("A hot key was lost with a change of the keyboard layout.");
-            }
         }
     }
 }

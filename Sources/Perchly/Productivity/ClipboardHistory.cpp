@@ -129,7 +129,7 @@ void ClipboardHistory::finishCopy() {
     m_decoding.reset();
     m_count = m_pasteboard.changeCount();
     m_notice(
-        tr("Copied. Paste into your app with %1.").arg(chordText({Qt::Key_V, Modifier::Control})));
+        tr("Copied. Paste into your app with %1.").arg(chordText(Qt::CTRL | Qt::Key_V)));
 }
 
 void ClipboardHistory::copyClip(const QUuid &id) {

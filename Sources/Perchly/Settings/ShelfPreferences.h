@@ -23,8 +23,6 @@ class ShelfPreferences : public QObject {
     Q_PROPERTY(QList<QString> themes READ themes CONSTANT FINAL)
     Q_PROPERTY(QList<QString> accents READ accents CONSTANT FINAL)
     Q_PROPERTY(QList<QString> edges READ edges CONSTANT FINAL)
-    Q_PROPERTY(QString toggleKeys READ toggleKeys CONSTANT FINAL)
-    Q_PROPERTY(QString searchKeys READ searchKeys CONSTANT FINAL)
     Q_PROPERTY(QString launchKeys READ launchKeys CONSTANT FINAL)
     Q_PROPERTY(QList<QString> displays READ displays NOTIFY displaysChanged FINAL)
     Q_PROPERTY(QString theme READ theme WRITE setTheme NOTIFY changed FINAL)
@@ -57,14 +55,9 @@ public:
     ShelfPreferences(Preferences &preferences, Displays &displays, LoginItem &loginItem,
                      ShellActions &shell, QObject *parent = nullptr);
 
-    /// The chords of ShelfHotKey.
-    static constexpr Chord toggleChord{Qt::Key_Space, Modifier::Control | Modifier::Option};
-    static constexpr Chord searchChord{Qt::Key_K, Modifier::Control | Modifier::Option};
-    /// As users see them: "Ctrl+Alt+Space". The last is for the nine chords that launch an entry.
-    [[nodiscard]] static QString toggleKeys() { return chordText(toggleChord); }
-    [[nodiscard]] static QString searchKeys() { return chordText(searchChord); }
+    /// The nine chords that launch an entry, as users see them: "Ctrl+1–9".
     [[nodiscard]] static QString launchKeys() {
-        return chordText({Qt::Key_1, Modifier::Control}) + QStringLiteral("–9");
+        return chordText(Qt::CTRL | Qt::Key_1) + QStringLiteral("–9");
     }
 
     [[nodiscard]] static QStringList themes();

@@ -25,8 +25,8 @@ AppDelegate::AppDelegate(Hosts &hosts, ShellResources resources)
     , m_placement(*hosts.displays, m_shelfPreferences, m_model, m_panel)
     , m_opener(hosts, m_shelfPreferences, m_model, m_placement, m_panel)
     , m_drag(m_model, m_placement, m_opener, m_panel)
-    , m_keys(*hosts.panel, m_model, m_library, m_opener, *this)
-    , m_hotKey(*hosts.hotKeys, *this, m_productivity) {}
+    , m_hotKey(*hosts.hotKeys, *hosts.preferences, *this, m_productivity)
+    , m_keys(*hosts.panel, m_model, m_library, m_opener, m_hotKey, *this) {}
 
 AppDelegate::~AppDelegate() = default;
 
@@ -156,6 +156,7 @@ void AppDelegate::show(std::unique_ptr<AuxiliaryWindow> &window, const WindowCon
         window = std::make_unique<AuxiliaryWindow>(m_engine, content);
         window->setIcon(m_resources.statusIcon);
     }
+    m_hotKey.retry();
     m_opener.closeForWindow();
     m_hosts.panel->activate(window.get());
 }
@@ -178,6 +179,7 @@ void AppDelegate::showSettings() {
           .size = {660, 600},
           .view = m_resources.settingsView,
           .properties = {
+              {QStringLiteral("hotKey"), QVariant::fromValue(&m_hotKey)},
               {QStringLiteral("library"), QVariant::fromValue(&m_library)},
               {QStringLiteral("preferences"), QVariant::fromValue(&m_shelfPreferences)}}});
 }

@@ -110,8 +110,8 @@ private:
     ShelfPlacement m_placement;
     ShelfOpener m_opener;
     ShelfDrag m_drag;
-    ShelfKeys m_keys;
     ShelfHotKey m_hotKey;
+    ShelfKeys m_keys;
     std::unique_ptr<Announcements> m_announcements;
     std::unique_ptr<AuxiliaryWindow> m_mixerWindow;
     std::unique_ptr<AuxiliaryWindow> m_toolsWindow;

@@ -2,6 +2,7 @@
 
 #include "KeyPress.h"
 #include "PanelHost.h"
+#include "ShelfHotKey.h"
 #include "ShelfLibrary.h"
 #include "ShelfModel.h"
 #include "ShelfOpener.h"
@@ -10,15 +11,19 @@
 namespace perchly {
 
 ShelfKeys::ShelfKeys(PanelHost &panel, ShelfModel &model, const ShelfLibrary &library,
-                     ShelfOpener &opener, ShellActions &shell)
+                     ShelfOpener &opener, const ShelfHotKey &hotKey, ShellActions &shell)
     : m_panel(panel)
     , m_model(model)
     , m_library(library)
     , m_opener(opener)
+    , m_hotKey(hotKey)
     , m_shell(shell) {}
 
 bool ShelfKeys::handle(const KeyPress &press) {
-    if (press.key == Qt::Key_Space && press.modifiers == (Modifier::Control | Modifier::Option)) {
+    if (m_hotKey.isRecording()) {
+        return false;
+    }
+    if (m_hotKey.isToggle(press)) {
         if (!press.isRepeat) {
             m_opener.toggleKeyboardOpen();
         }

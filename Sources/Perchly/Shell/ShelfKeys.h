@@ -3,6 +3,7 @@
 namespace perchly {
 
 class PanelHost;
+class ShelfHotKey;
 class ShelfLibrary;
 class ShelfModel;
 class ShelfOpener;
@@ -14,7 +15,7 @@ struct KeyPress;
 class ShelfKeys {
 public:
     ShelfKeys(PanelHost &panel, ShelfModel &model, const ShelfLibrary &library, ShelfOpener &opener,
-              ShellActions &shell);
+              const ShelfHotKey &hotKey, ShellActions &shell);
 
     /// True if the press was used.
     [[nodiscard]] bool handle(const KeyPress &press);
@@ -28,6 +29,7 @@ private:
     ShelfModel &m_model;
     const ShelfLibrary &m_library;
     ShelfOpener &m_opener;
+    const ShelfHotKey &m_hotKey;
     ShellActions &m_shell;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Productivity.h"
+#include "ShelfHotKey.h"
 
 #include <QtQml/qqml.h>
 
@@ -29,6 +30,13 @@ struct HeldFilesForeign {
     Q_GADGET
     QML_FOREIGN(perchly::HeldFiles)
     QML_NAMED_ELEMENT(HeldFiles)
+    QML_UNCREATABLE("Given to the views by the shell.")
+};
+
+struct ShelfHotKeyForeign {
+    Q_GADGET
+    QML_FOREIGN(perchly::ShelfHotKey)
+    QML_NAMED_ELEMENT(ShelfHotKey)
     QML_UNCREATABLE("Given to the views by the shell.")
 };
 

@@ -34,7 +34,7 @@ private Q_SLOTS:
             std::this_thread::sleep_for(150ms);
             tellServer(SIGCONT);
         });
-        QVERIFY(keys.registerChord(1, {.key = Qt::Key_K, .modifiers = Modifier::Option}));
+        QVERIFY(keys.registerChord(1, Qt::ALT | Qt::Key_K));
         server.join();
     }
 

@@ -7,6 +7,7 @@ ScrollArea {
     id: root
 
     required property ShelfPreferences preferences
+    required property ShelfHotKey hotKey
 
     spacing: 12
 
@@ -110,6 +111,10 @@ ScrollArea {
             onAsked: value => root.preferences.hoverDelay = value
         }
     }
+    KeysGroup {
+        hotKey: root.hotKey
+        width: parent.width
+    }
     FormGroup {
         width: parent.width
 
@@ -122,7 +127,7 @@ ScrollArea {
         }
         SecondaryText {
             font.pixelSize: 12
-            text: qsTr("Keyboard: %1 opens search. %2 toggles the shelf. %3 launches the corresponding visible app while the shelf is open. Escape closes it.").arg(root.preferences.searchKeys).arg(root.preferences.toggleKeys).arg(root.preferences.launchKeys)
+            text: qsTr("Keyboard: %1 opens search. %2 toggles the shelf. %3 launches the corresponding visible app while the shelf is open. Escape closes it.").arg(root.hotKey.searchText).arg(root.hotKey.toggleText).arg(root.preferences.launchKeys)
             width: parent.width
         }
         BodyText {

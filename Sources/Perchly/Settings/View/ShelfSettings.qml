@@ -11,6 +11,7 @@ WindowBody {
 
     required property ShelfLibrary library
     required property ShelfPreferences preferences
+    required property ShelfHotKey hotKey
 
     property string section: "My shelf"
 
@@ -50,8 +51,10 @@ WindowBody {
 
                 function fill() {
                     if (place.wanted && place.source == "") {
-                        const name = place.modelData[0] === "Preferences" ? "preferences" : "library";
-                        place.setSource(place.modelData[1], { [name]: root[name] });
+                        place.setSource(place.modelData[1], place.modelData[0] === "Preferences" ? {
+                            hotKey: root.hotKey,
+                            preferences: root.preferences
+                        } : { library: root.library });
                     }
                 }
 
