@@ -4,6 +4,7 @@
 #include "PdfView.h"
 #include "PreviewLook.h"
 
+#include <QGuiApplication>
 #include <QScreen>
 #include <QShortcut>
 #include <QTimer>
@@ -78,6 +79,11 @@ void PreviewWindow::handle(const PreviewRequest &request) {
     const QUrl shown = m_items.value(m_index);
     if (isVisible() && !isOnShownDesktop()) {
         hide(); // present() shows it again, on this desktop
+    }
+    if (!isVisible()) {
+        const QList<QScreen *> screens = QGuiApplication::screens();
+        const auto wanted = std::ranges::find(screens, request.screen, &QScreen::name);
+        setScreen(wanted == screens.end() ? screen() : *wanted);
     }
     m_items = request.items;
     m_index = request.index;

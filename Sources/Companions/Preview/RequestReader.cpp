@@ -15,7 +15,8 @@ void readRequests(const std::function<void(const PreviewRequest &)> &handle) {
             QJsonDocument::fromJson(QByteArray::fromStdString(line)).object();
         PreviewRequest request{.items = {},
                                .index = object.value(QStringLiteral("index")).toInteger(),
-                               .toggle = object.value(QStringLiteral("toggle")).toBool()};
+                               .toggle = object.value(QStringLiteral("toggle")).toBool(),
+                               .screen = object.value(QStringLiteral("screen")).toString()};
         const QJsonArray items = object.value(QStringLiteral("items")).toArray();
         for (const QJsonValue &item : items) {
             request.items.append(QUrl(item.toString()));

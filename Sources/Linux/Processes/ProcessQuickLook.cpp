@@ -1,8 +1,11 @@
 #include "ProcessQuickLook.h"
 
+#include <QGuiApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QScreen>
+#include <QWindow>
 
 #include <cstdlib>
 
@@ -17,9 +20,12 @@ QByteArray requestFor(const QList<QUrl> &items, qsizetype index) {
     for (const QUrl &item : items) {
         urls.append(item.toString(QUrl::FullyEncoded));
     }
-    const QJsonObject request{{QStringLiteral("items"), urls},
-                              {QStringLiteral("index"), qint64(index)},
-                              {QStringLiteral("toggle"), true}};
+    const QWindow *asking = QGuiApplication::focusWindow();
+    const QJsonObject request{
+        {QStringLiteral("items"), urls},
+        {QStringLiteral("index"), qint64(index)},
+        {QStringLiteral("toggle"), true},
+        {QStringLiteral("screen"), asking != nullptr ? asking->screen()->name() : QString()}};
     return QJsonDocument(request).toJson(QJsonDocument::Compact) + '\n';
 }
 

@@ -156,6 +156,7 @@ void AppDelegate::show(std::unique_ptr<AuxiliaryWindow> &window, const WindowCon
         window = std::make_unique<AuxiliaryWindow>(m_engine, content);
         window->setIcon(m_resources.statusIcon);
     }
+    window->appearOn(m_panel.screen());
     m_hotKey.retry();
     m_opener.closeForWindow();
     m_hosts.panel->activate(window.get());

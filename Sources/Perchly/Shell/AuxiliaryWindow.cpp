@@ -53,6 +53,13 @@ void AuxiliaryWindow::keepSize() {
     applyMinimumSize();
 }
 
+void AuxiliaryWindow::appearOn(QScreen *screen) {
+    if (!isVisible() && screen != this->screen()) {
+        setScreen(screen);
+        setGeometry(centred(size()));
+    }
+}
+
 void AuxiliaryWindow::giveMemoryBack() {
     if (!isVisible()) {
         releaseResources();

@@ -26,6 +26,9 @@ public:
     /// The engine must outlive the window.
     AuxiliaryWindow(QQmlEngine &engine, const WindowContent &content);
 
+    /// Moves the hidden window to the middle of that screen, unless it was there before.
+    void appearOn(QScreen *screen);
+
 protected:
     bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
