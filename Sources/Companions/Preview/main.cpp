@@ -4,6 +4,8 @@
 #include "UserLanguage.h"
 
 #include <QApplication>
+#include <QFile>
+#include <QStandardPaths>
 #include <QTimer>
 
 #include <cstdlib>
@@ -38,7 +40,11 @@ int main(int argc, char **argv) {
         qputenv("QT_QPA_PLATFORMTHEME", "generic"); // the desktop's platform theme would load GTK
     }
     // GStreamer scans its plug-ins without running a program, and follows no manifest.
+    // Its registry of them is not shared with other programs, which know more plug-ins.
     qputenv("GST_REGISTRY_FORK", "no");
+    qputenv("GST_REGISTRY", QFile::encodeName(QStandardPaths::writableLocation(
+                                                  QStandardPaths::GenericCacheLocation) +
+                                              QStringLiteral("/perchly/gstreamer.bin")));
     qputenv("GST_PLUGIN_FEATURE_RANK",
             "hlsdemux:0,hlsdemux2:0,dashdemux:0,dashdemux2:0,mssdemux:0,mssdemux2:0,sdpdemux:0");
     QApplication application(argc, argv);
