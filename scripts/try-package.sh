@@ -16,7 +16,8 @@ if [ $# -eq 1 ]; then
     mirror=$(apt-get indextargets --format '$(CODENAME) $(REPO_URI)' 'Created-By: Packages' |
         sed -n "s/^$release //p" | head -n 1)
     echo "try-package: making a root of $release in $root"
-    debootstrap --variant=minbase "$release" "$root" "$mirror" >"$root.log" || { cat "$root.log"; exit 1; }
+    # systemd, which any Debian has, leaves files when purged.
+    debootstrap --variant=minbase --include=systemd-sysv,libpam-systemd "$release" "$root" "$mirror" >"$root.log" || { cat "$root.log"; exit 1; }
     rm "$root.log"
     # Its mounts end with this namespace, before the root is removed.
     unshare --mount "$self" "$package" "$root"
@@ -39,7 +40,7 @@ apt() {
 }
 
 files() {
-    (cd "$root" && find . \( -path ./proc -o -path ./dev -o -path ./tmp -o -path ./var/cache \
+    (cd "$root" && find . \( -path ./proc -o -path ./dev -o -path ./run -o -path ./tmp -o -path ./var/cache \
         -o -path ./var/log -o -path ./var/lib/apt -o -path ./var/lib/dpkg \) -prune -o -print | sort)
 }
 
