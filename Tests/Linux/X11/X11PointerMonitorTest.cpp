@@ -37,6 +37,7 @@ private Q_SLOTS:
         ScreenPoint last;
         connect(&monitor, &PointerMonitor::moved, this, [&](ScreenPoint now) { last = now; });
         monitor.start();
+        static_cast<void>(monitor.position()); // the server has read the request
         xcb_grab_server(m_client.get());
         m_client.movePointer({1000, 100});
         QTest::qWait(700);
