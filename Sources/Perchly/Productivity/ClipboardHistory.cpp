@@ -128,8 +128,8 @@ void ClipboardHistory::finishCopy() {
     m_reading.reset();
     m_decoding.reset();
     m_count = m_pasteboard.changeCount();
-    m_notice(
-        tr("Copied. Paste into your app with %1.").arg(chordText(Qt::CTRL | Qt::Key_V)));
+    m_notice(tr("Copied. Paste into your app with %1.")
+                 .arg(chordText(QKeyCombination(Qt::CTRL, Qt::Key_V))));
 }
 
 void ClipboardHistory::copyClip(const QUuid &id) {

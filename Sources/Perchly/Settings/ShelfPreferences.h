@@ -57,7 +57,7 @@ public:
 
     /// The nine chords that launch an entry, as users see them: "Ctrl+1–9".
     [[nodiscard]] static QString launchKeys() {
-        return chordText(Qt::CTRL | Qt::Key_1) + QStringLiteral("–9");
+        return chordText(QKeyCombination(Qt::CTRL, Qt::Key_1)) + QStringLiteral("–9");
     }
 
     [[nodiscard]] static QStringList themes();
