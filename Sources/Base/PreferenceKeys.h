@@ -11,6 +11,8 @@ inline constexpr QLatin1StringView shelfEdge("shelfEdge");
 inline constexpr QLatin1StringView shelfEdgePosition("shelfEdgePosition");
 inline constexpr QLatin1StringView shelfScale("shelfScale");
 inline constexpr QLatin1StringView hoverDelay("hoverDelay");
+inline constexpr QLatin1StringView openingDelay("openingDelay");
+inline constexpr QLatin1StringView overPanels("overPanels");
 inline constexpr QLatin1StringView openOnHover("openOnHover");
 inline constexpr QLatin1StringView shelfTheme("shelfTheme");
 inline constexpr QLatin1StringView shelfAccent("shelfAccent");

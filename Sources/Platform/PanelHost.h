@@ -61,8 +61,14 @@ public:
     /// Converts a pointer event's global position (in Qt's points, y down) to a screen point.
     [[nodiscard]] virtual ScreenPoint toScreen(QPointF point) const = 0;
 
+    /// Marks where the panel would be docked, below the panel. An empty frame removes the mark.
+    virtual void markPlace(const ScreenRect &frame) = 0;
+
 Q_SIGNALS:
     void compositedChanged();
+
+    /// Another window has taken the keyboard. Also emitted if the panel did not have it.
+    void keyboardLost();
 };
 
 } // namespace perchly

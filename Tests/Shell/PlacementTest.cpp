@@ -58,9 +58,10 @@ private Q_SLOTS:
         shell.delegate->toggleKeyboardOpen();
         drag(shell, {500, 890}, {1450, 300});
         QVERIFY(!shell.expanded() && !shell.fake.panel.keyboard);
-        // Held at the pressed point, 110 points from the left and 10 from the top.
-        const ScreenRect dragged{1340, 276, 290, 34};
+        // Held 10 points from the top, and moved wholly onto the other display.
+        const ScreenRect dragged{1440, 276, 290, 34};
         QCOMPARE(shell.fake.panel.frame, dragged);
+        QCOMPARE(shell.fake.panel.mark, (ScreenRect{1440, 240, 34, 120}));
 
         shell.delegate->resize(); // nothing else moves it meanwhile
         shell.delegate->toggleKeyboardOpen();
@@ -75,6 +76,17 @@ private Q_SLOTS:
         QCOMPARE(shell.fake.preferences.written,
                  QStringList(QStringLiteral("shelfEdge+shelfEdgePosition+displayIndex")));
         QCOMPARE(shell.fake.panel.frame, (ScreenRect{1440, 240, 34, 120}));
+        QCOMPARE(shell.fake.panel.mark, ScreenRect());
+    }
+
+    void hangsBelowPanelsOrCoversThem() {
+        ShellFixture shell([](FakeHosts &fake) {
+            fake.displays.displays.first().visibleFrame = {0, 40, 1440, 830};
+        });
+        QCOMPARE(shell.fake.panel.frame, (ScreenRect{575, 836, 290, 34}));
+        shell.fake.preferences.setBoolean(keys::overPanels, true);
+        shell.delegate->resize();
+        QCOMPARE(shell.fake.panel.frame, compactFrame);
     }
 
     void cancelledPressDocksButDoesNotClick() {

@@ -15,7 +15,7 @@ public:
 
     QList<Display> displays{Display{.name = QStringLiteral("Main"),
                                     .frame = {0, 0, 1440, 900},
-                                    .visibleFrame = {0, 40, 1440, 840}}};
+                                    .visibleFrame = {0, 40, 1440, 860}}};
 };
 
 class FakePointer : public PointerMonitor {
@@ -59,9 +59,11 @@ public:
     void activate(QWindow *window) override { activated.append(window); }
     bool isComposited() const override { return true; }
     ScreenPoint toScreen(QPointF point) const override { return {point.x(), 900 - point.y()}; }
+    void markPlace(const ScreenRect &newMark) override { mark = newMark; }
 
     QWindow *panel = nullptr;
     ScreenRect frame;
+    ScreenRect mark;
     bool keyboard = false;
     QList<QWindow *> activated;
 };

@@ -88,9 +88,9 @@ ViewTestCase {
         root.open("Preferences");
         compare(root.everything().slice(6), [
             "ComboBox: Theme", "ComboBox: Accent", "Slider: Opacity", "CheckBox: Compact shelf content",
-            "ComboBox: Display", "ComboBox: Screen edge", "Button: Reset position to top center",
+            "ComboBox: Display", "ComboBox: Screen edge", "CheckBox: Over panels", "Button: Reset position to top center",
             "StaticText: Drag the shelf header to dock on the top, left, or right edge. Your position saves automatically.",
-            "Slider: Shelf size", "CheckBox: Expand on hover", "Slider: Collapse delay",
+            "Slider: Shelf size", "CheckBox: Expand on hover", "Slider: Opening delay", "Slider: Collapse delay",
             "Button: Toggle shelf", "Button: Reset (disabled)", "Button: Open search", "Button: Reset (disabled)",
             "CheckBox: Launch at login",
             "StaticText: Keyboard: Ctrl+Alt+K opens search. Ctrl+Alt+Space toggles the shelf. Ctrl+1–9 launches the corresponding visible app while the shelf is open. Escape closes it.",
@@ -110,17 +110,19 @@ ViewTestCase {
         for (const [tabs, keys, key, value] of [
             [0, [Qt.Key_Down, Qt.Key_O, Qt.Key_Return], "shelfAccent", "Orange"],
             [2, [Qt.Key_Space], "compactMode", true],
-            [3, [Qt.Key_Return], "shelfEdgePosition", 0.5],
+            [3, [Qt.Key_Space], "overPanels", true],
+            [1, [Qt.Key_Return], "shelfEdgePosition", 0.5],
             [1, [Qt.Key_End], "shelfScale", 1.2],
-            [2, [Qt.Key_Home], "hoverDelay", 0.2]
+            [2, [Qt.Key_End], "openingDelay", 0.5],
+            [1, [Qt.Key_Home], "hoverDelay", 0.2]
         ]) {
             root.tab(tabs);
             root.go(keys);
             compare(root.fixture.stored(key), value);
         }
-        compare(root.fixture.takeCalls(), ["resize"]);
+        compare(root.fixture.takeCalls(), ["resize", "resize"]);
         verify(root.Window.activeFocusItem.mapToItem(root.view, 0, 0).y < root.view.height - 28, "out of sight");
-        verify(root.fixture.describedAs(root.view, "120%") && root.fixture.describedAs(root.view, "0.2 s"));
+        verify(root.fixture.describedAs(root.view, "120%") && root.fixture.describedAs(root.view, "500 ms") && root.fixture.describedAs(root.view, "0.2 s"));
         root.tab(3);
         keyClick(Qt.Key_Space);
         verify(!root.fixture.preferences.login);
@@ -133,7 +135,7 @@ ViewTestCase {
     function test_chordsAreRecorded() {
         const controlAlt = Qt.ControlModifier | Qt.AltModifier;
         root.open("Preferences");
-        root.tab(11);
+        root.tab(13);
         for (const [key, modifiers, chord, problem] of [
             [Qt.Key_J, Qt.NoModifier, undefined, "Hold Ctrl, Alt or Super as well."],
             [Qt.Key_K, controlAlt, undefined, "Ctrl+Alt+K already opens search."],

@@ -117,6 +117,7 @@ public:
     }
     bool isComposited() const override { return false; }
     ScreenPoint toScreen(QPointF point) const override { return {point.x(), -point.y()}; }
+    void markPlace(const ScreenRect &) override {}
 
 private:
     QPointer<QWindow> m_panel;

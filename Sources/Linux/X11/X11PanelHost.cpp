@@ -31,12 +31,8 @@ X11PanelHost::X11PanelHost() {
         m_focus.pressedOutside(panelId());
     });
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow *focused) {
-        if (m_holdsKeyboard && focused == nullptr) {
-            QTimer::singleShot(retakeDelay, this, [this] {
-                if (m_holdsKeyboard) {
-                    m_focus.retakeFromNobody(panelId());
-                }
-            });
+        if (focused != m_panel) {
+            QTimer::singleShot(retakeDelay, this, &X11PanelHost::checkKeyboard);
         }
     });
 }
@@ -104,6 +100,15 @@ void X11PanelHost::setMenuOpen(bool open) {
     m_outsidePress.watch(m_holdsKeyboard && !open ? panelId() : quint32{XCB_WINDOW_NONE});
 }
 
+void X11PanelHost::checkKeyboard() {
+    if (m_holdsKeyboard) {
+        m_focus.retakeFromNobody(panelId());
+    }
+    if (!hasKeyboard()) {
+        Q_EMIT keyboardLost();
+    }
+}
+
 bool X11PanelHost::hasKeyboard() const {
     return panelId() != XCB_WINDOW_NONE && m_focus.current() == panelId();
 }
@@ -126,6 +131,19 @@ bool X11PanelHost::isComposited() const {
 
 ScreenPoint X11PanelHost::toScreen(QPointF point) const {
     return ScreenSpace::current().fromQt(point + QPointF(0, 1));
+}
+
+void X11PanelHost::markPlace(const ScreenRect &frame) {
+    if (frame.width <= 0) {
+        m_shade.reset();
+        return;
+    }
+    const QRect geometry = ScreenSpace::current().toQt(frame);
+    if (m_shade) {
+        m_shade->setGeometry(geometry);
+    } else {
+        m_shade = std::make_unique<DockShade>(m_connection, panelId(), geometry, isComposited());
+    }
 }
 
 bool X11PanelHost::eventFilter(QObject *watched, QEvent *event) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DockShade.h"
 #include "KeyboardFocus.h"
 #include "OutsidePress.h"
 #include "PanelHost.h"
@@ -11,6 +12,7 @@
 #include <QRegion>
 #include <QWindow>
 
+#include <memory>
 #include <optional>
 
 namespace perchly {
@@ -35,6 +37,7 @@ public:
     void activate(QWindow *window) override;
     [[nodiscard]] bool isComposited() const override;
     [[nodiscard]] ScreenPoint toScreen(QPointF point) const override;
+    void markPlace(const ScreenRect &frame) override;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -42,6 +45,7 @@ protected:
 private:
     void prepareNativeWindow();
     void applyShape();
+    void checkKeyboard();
     [[nodiscard]] quint32 panelId() const;
 
     mutable XcbConnection m_connection;
@@ -52,6 +56,7 @@ private:
     QPointer<QWindow> m_panel;
     bool m_holdsKeyboard = false; ///< until it is given back or a button is pressed elsewhere
     std::optional<QRegion> m_shape;
+    std::unique_ptr<DockShade> m_shade;
 };
 
 } // namespace perchly

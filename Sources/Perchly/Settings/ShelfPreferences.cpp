@@ -13,11 +13,11 @@ namespace perchly {
 namespace {
 
 constexpr std::array otherKeys{
-    keys::shelfTheme,      keys::shelfAccent,       keys::shelfOpacity,     keys::compactMode,
-    keys::shelfEdge,       keys::openOnHover,       keys::hoverDelay,       keys::leftWidget,
-    keys::rightWidget,     keys::quickNote,         keys::focusMinutes,     keys::breakMinutes,
-    keys::announceFocus,   keys::announceShortcuts, keys::announceCaptures, keys::announceFailures,
-    keys::announceMeetings};
+    keys::shelfTheme,       keys::shelfAccent,       keys::shelfOpacity,     keys::compactMode,
+    keys::shelfEdge,        keys::openOnHover,       keys::hoverDelay,       keys::leftWidget,
+    keys::rightWidget,      keys::quickNote,         keys::focusMinutes,     keys::breakMinutes,
+    keys::announceFocus,    keys::announceShortcuts, keys::announceCaptures, keys::announceFailures,
+    keys::announceMeetings, keys::openingDelay,      keys::overPanels};
 
 QString edgeTitle(ShelfEdge edge) {
     QString title = shelfEdgeName(edge);
@@ -95,6 +95,11 @@ void ShelfPreferences::dock(const ShelfPosition &position, qsizetype display) {
     m_stored.setValues({{keys::shelfEdge, shelfEdgeName(position.edge)},
                         {keys::shelfEdgePosition, position.position},
                         {keys::displayIndex, double(display)}});
+    m_shell.resize();
+}
+
+void ShelfPreferences::setOverPanels(bool over) {
+    m_stored.setBoolean(keys::overPanels, over);
     m_shell.resize();
 }
 

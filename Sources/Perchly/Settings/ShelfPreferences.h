@@ -33,6 +33,8 @@ class ShelfPreferences : public QObject {
     Q_PROPERTY(QString edge READ edge WRITE setEdge NOTIFY changed FINAL)
     Q_PROPERTY(double scale READ scale WRITE setScale NOTIFY scaleChanged FINAL)
     Q_PROPERTY(bool openOnHover READ openOnHover WRITE setOpenOnHover NOTIFY changed FINAL)
+    Q_PROPERTY(double openingDelay READ openingDelay WRITE setOpeningDelay NOTIFY changed FINAL)
+    Q_PROPERTY(bool overPanels READ overPanels WRITE setOverPanels NOTIFY changed FINAL)
     Q_PROPERTY(double hoverDelay READ hoverDelay WRITE setHoverDelay NOTIFY changed FINAL)
     Q_PROPERTY(QString savedLeft READ savedLeft WRITE setSavedLeft NOTIFY changed FINAL)
     Q_PROPERTY(QString savedRight READ savedRight WRITE setSavedRight NOTIFY changed FINAL)
@@ -88,6 +90,12 @@ public:
     void setScale(double scale) { m_stored.setNumber(keys::shelfScale, scale); }
     [[nodiscard]] bool openOnHover() const { return flag(keys::openOnHover, true); }
     void setOpenOnHover(bool open) { m_stored.setBoolean(keys::openOnHover, open); }
+    /// Whether the shelf covers the desktop's panels at its edge.
+    [[nodiscard]] bool overPanels() const { return flag(keys::overPanels, false); }
+    void setOverPanels(bool over);
+    /// Seconds until the shelf opens under the pointer.
+    [[nodiscard]] double openingDelay() const { return number(keys::openingDelay, 0.0); }
+    void setOpeningDelay(double seconds) { m_stored.setNumber(keys::openingDelay, seconds); }
     /// Seconds.
     [[nodiscard]] double hoverDelay() const { return number(keys::hoverDelay, 0.35); }
     void setHoverDelay(double seconds) { m_stored.setNumber(keys::hoverDelay, seconds); }

@@ -36,6 +36,15 @@ double notchWidth(const Display &display) {
                     : 0;
 }
 
+/// The part of the display for the shelf, which may be around a camera housing.
+ScreenRect areaOf(const Display &display) {
+    ScreenRect area = display.visibleFrame;
+    if (display.safeAreaTop > 0) {
+        area.height = display.frame.maxY() - area.y;
+    }
+    return area;
+}
+
 } // namespace
 
 CompactSize compactSize(const ShelfPosition &place, const Display &display) {
@@ -59,39 +68,37 @@ ScreenRect shelfFrame(ShelfSize size, const ShelfPosition &place, double scale,
         width = scale * (isTop ? topExpandedWidth : sideExpandedWidth);
         height = scale * (isTop ? compact.height + topExpandedContentHeight : sideExpandedHeight);
     }
-    const ScreenRect &frame = display.frame;
-    const ScreenRect &visible = display.visibleFrame;
-    const ScreenRect &area = isTop ? frame : visible;
+    const ScreenRect area = areaOf(display);
     width = std::min(width, area.width);
     height = std::min(height, area.height);
 
     const double t = clampedFraction(place.position);
     if (isTop) {
-        const double x = clampedOrigin(frame.minX() + t * frame.width - width / 2, width,
-                                       frame.minX(), frame.maxX());
-        return {x, frame.maxY() - height, width, height};
+        const double x = clampedOrigin(area.minX() + t * area.width - width / 2, width, area.minX(),
+                                       area.maxX());
+        return {x, area.maxY() - height, width, height};
     }
-    const double x = place.edge == ShelfEdge::Left ? frame.minX() : frame.maxX() - width;
-    const double y = clampedOrigin(visible.minY() + t * visible.height - height / 2, height,
-                                   visible.minY(), visible.maxY());
+    const double x = place.edge == ShelfEdge::Left ? area.minX() : area.maxX() - width;
+    const double y =
+        clampedOrigin(area.minY() + t * area.height - height / 2, height, area.minY(), area.maxY());
     return {x, y, width, height};
 }
 
 ShelfPosition dropPlace(ScreenPoint at, const Display &display) {
-    const ScreenRect &frame = display.frame;
-    const ScreenRect &visible = display.visibleFrame;
-    const double top = std::abs(frame.maxY() - at.y);
-    const double left = std::abs(at.x - frame.minX());
-    const double right = std::abs(frame.maxX() - at.x);
+    const ScreenRect area = areaOf(display);
+    // A point on a desktop's panel is at the edge.
+    const double top = std::max(0.0, area.maxY() - at.y);
+    const double left = std::max(0.0, at.x - area.minX());
+    const double right = std::max(0.0, area.maxX() - at.x);
     if (std::min(left, right) < top) {
-        const double position = (at.y - visible.minY()) / std::max(visible.height, 1.0);
+        const double position = (at.y - area.minY()) / std::max(area.height, 1.0);
         return {left <= right ? ShelfEdge::Left : ShelfEdge::Right, std::clamp(position, 0.0, 1.0)};
     }
     const double notch = notchWidth(display);
-    if (notch > 0 && std::abs(at.x - frame.midX()) < (notch + topCompactWidth) / 2) {
+    if (notch > 0 && std::abs(at.x - display.frame.midX()) < (notch + topCompactWidth) / 2) {
         return {ShelfEdge::Top, 0.5};
     }
-    const double position = (at.x - frame.minX()) / std::max(frame.width, 1.0);
+    const double position = (at.x - area.minX()) / std::max(area.width, 1.0);
     return {ShelfEdge::Top, std::clamp(position, 0.0, 1.0)};
 }
 

@@ -20,8 +20,8 @@ enum class ShelfSize { Compact, Expanded };
 [[nodiscard]] CompactSize compactSize(const ShelfPosition &place, const Display &display);
 
 /// The panel's frame. A position that is not finite counts as the middle; others are limited to the
-/// edge. The frame never exceeds the display, or its visible frame on a side edge. Only the open
-/// shelf is scaled.
+/// edge. The frame stays within the display's visible frame, and within its camera housing at the
+/// top. Only the open shelf is scaled.
 [[nodiscard]] ScreenRect shelfFrame(ShelfSize size, const ShelfPosition &place, double scale,
                                     const Display &display);
 

@@ -41,7 +41,9 @@ void ShelfDrag::move(ScreenPoint to) {
     const double height = m_model.compactHeight();
     const ScreenRect frame{to.x - m_grab.x, to.y + m_grab.y - height, m_model.compactWidth(),
                            height};
-    m_panel.setFrame(frame, frame, m_model.dockEdge());
+    const ScreenRect inside = m_placement.movedInside(frame, to);
+    m_panel.setFrame(inside, inside, std::nullopt);
+    m_panel.markPlace(m_placement.dockFrame(to));
 }
 
 void ShelfDrag::release(ScreenPoint at) {
@@ -78,6 +80,7 @@ void ShelfDrag::begin(ScreenPoint start) {
 
 void ShelfDrag::end(ScreenPoint at) {
     m_model.setDragging(false);
+    m_panel.markPlace({});
     m_placement.dock(at);
 }
 

@@ -16,7 +16,7 @@ namespace {
 constexpr double shadowMargin = 26;
 
 /// No shadow on the sides of the frame that touch the display's edge.
-QMarginsF shadowMargins(ShelfEdge edge) {
+QMarginsF shadowMargins(std::optional<ShelfEdge> edge) {
     const double left = edge == ShelfEdge::Left ? 0 : shadowMargin;
     const double top = edge == ShelfEdge::Top ? 0 : shadowMargin;
     const double right = edge == ShelfEdge::Right ? 0 : shadowMargin;
@@ -25,7 +25,7 @@ QMarginsF shadowMargins(ShelfEdge edge) {
 
 /// A rectangle with round corners except at the display's edge, in pixels. Built row by row, as
 /// QRegion cuts off a polygon's corners.
-QRegion roundedRegion(const QRectF &rectangle, double radius, ShelfEdge edge) {
+QRegion roundedRegion(const QRectF &rectangle, double radius, std::optional<ShelfEdge> edge) {
     QList<QRect> bands;
     for (int row = qRound(rectangle.top()); row < qRound(rectangle.bottom()); ++row) {
         const double intoTop = edge == ShelfEdge::Top ? 0 : radius - (row + 0.5 - rectangle.top());
@@ -80,7 +80,8 @@ QRectF ShelfPanel::inWindow(const ScreenRect &rectangle) const {
             m_margins.top() + m_frame.maxY() - rectangle.maxY(), rectangle.width, rectangle.height};
 }
 
-void ShelfPanel::setFrame(const ScreenRect &frame, const ScreenRect &compactFrame, ShelfEdge edge) {
+void ShelfPanel::setFrame(const ScreenRect &frame, const ScreenRect &compactFrame,
+                          std::optional<ShelfEdge> edge) {
     m_frame = frame;
     m_compactFrame = compactFrame;
     m_edge = edge;
@@ -95,6 +96,10 @@ void ShelfPanel::setFrame(const ScreenRect &frame, const ScreenRect &compactFram
         root->setProperty("compactRect", inWindow(compactFrame));
     }
     applyShape();
+}
+
+void ShelfPanel::markPlace(const ScreenRect &frame) {
+    m_host.markPlace(frame);
 }
 
 bool ShelfPanel::takesPointer(ScreenPoint point) const {
@@ -114,6 +119,10 @@ bool ShelfPanel::event(QEvent *event) {
     m_eventPosition.reset();
     if (crosses) {
         Q_EMIT crossed();
+    }
+    const bool drags = event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove;
+    if (drags && event->isAccepted()) {
+        Q_EMIT draggedOver();
     }
     return handled;
 }

@@ -24,7 +24,12 @@ public:
     void load(const QUrl &source, const QVariantMap &properties);
 
     /// Moves the panel to the frame. `compactFrame` is the collapsed shelf's frame within it.
-    void setFrame(const ScreenRect &frame, const ScreenRect &compactFrame, ShelfEdge edge);
+    /// Without an edge the shelf floats, with round corners and a shadow on all sides.
+    void setFrame(const ScreenRect &frame, const ScreenRect &compactFrame,
+                  std::optional<ShelfEdge> edge);
+
+    /// Shows where the panel would be docked; an empty frame hides that.
+    void markPlace(const ScreenRect &frame);
 
     /// The position of the pointer event being handled, or nullopt. The pointer may have moved
     /// since.
@@ -39,6 +44,9 @@ public:
 Q_SIGNALS:
     /// The pointer entered or left the shape, by moving or jumping.
     void crossed();
+
+    /// Something that the view accepts is being dragged over it.
+    void draggedOver();
 
 protected:
     bool event(QEvent *event) override;
@@ -56,7 +64,7 @@ private:
     PanelHost &m_host;
     ScreenRect m_frame;
     ScreenRect m_compactFrame;
-    ShelfEdge m_edge = ShelfEdge::Top;
+    std::optional<ShelfEdge> m_edge;
     QMarginsF m_margins;
     QRegion m_shape; ///< in pixels
     QRegion m_blur;  ///< in pixels

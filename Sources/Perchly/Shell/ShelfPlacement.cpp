@@ -19,12 +19,11 @@ void ShelfPlacement::update() {
     if (m_model.dragging()) {
         return;
     }
-    const QList<Display> displays = m_displays.list();
-    if (displays.isEmpty()) {
+    if (m_displays.list().isEmpty()) {
         m_frames.reset();
         return;
     }
-    const Display &display = displays.at(m_preferences.display());
+    const Display display = this->display(m_preferences.display());
     const ShelfPosition position = m_preferences.position();
     const CompactSize compact = compactSize(position, display);
     m_model.setDockEdge(position.edge);
@@ -52,15 +51,47 @@ void ShelfPlacement::place(ShelfSize size) {
 }
 
 void ShelfPlacement::dock(ScreenPoint at) {
-    const QList<Display> displays = m_displays.list();
-    if (displays.isEmpty()) {
-        return;
+    if (m_frames) {
+        const qsizetype index = displayAt(at);
+        m_preferences.dock(dropPlace(at, display(index)), index);
     }
+}
+
+ScreenRect ShelfPlacement::dockFrame(ScreenPoint at) const {
+    if (!m_frames) {
+        return {};
+    }
+    const Display target = display(displayAt(at));
+    return shelfFrame(ShelfSize::Compact, dropPlace(at, target), 1, target);
+}
+
+ScreenRect ShelfPlacement::movedInside(const ScreenRect &frame, ScreenPoint at) const {
+    if (!m_frames) {
+        return frame;
+    }
+    const ScreenRect area = display(displayAt(at)).frame;
+    return {std::clamp(frame.x, area.minX(), std::max(area.minX(), area.maxX() - frame.width)),
+            std::clamp(frame.y, area.minY(), std::max(area.minY(), area.maxY() - frame.height)),
+            frame.width, frame.height};
+}
+
+/// The shelf's own display if the point is on none.
+qsizetype ShelfPlacement::displayAt(ScreenPoint point) const {
+    const QList<Display> displays = m_displays.list();
     const auto hit = std::ranges::find_if(
-        displays, [at](const Display &display) { return display.frame.contains(at); });
-    const qsizetype index =
-        hit != displays.cend() ? std::distance(displays.cbegin(), hit) : m_preferences.display();
-    m_preferences.dock(dropPlace(at, displays.at(index)), index);
+        displays, [point](const Display &display) { return display.frame.contains(point); });
+    return hit != displays.cend() ? std::distance(displays.cbegin(), hit) : m_preferences.display();
+}
+
+/// With the panels at the edges visible if the shelf covers them.
+Display ShelfPlacement::display(qsizetype index) const {
+    Display display = m_displays.list().at(index);
+    if (m_preferences.overPanels()) {
+        const ScreenRect &whole = display.frame;
+        const double bottom = display.visibleFrame.minY();
+        display.visibleFrame = {whole.x, bottom, whole.width, whole.maxY() - bottom};
+    }
+    return display;
 }
 
 } // namespace perchly

@@ -29,11 +29,20 @@ public:
     /// Docks the shelf at the position nearest to the point and stores that position.
     void dock(ScreenPoint at);
 
+    /// The collapsed shelf's frame after dock().
+    [[nodiscard]] ScreenRect dockFrame(ScreenPoint at) const;
+
+    /// Moves a frame into the display with that point.
+    [[nodiscard]] ScreenRect movedInside(const ScreenRect &frame, ScreenPoint at) const;
+
 private:
     struct Frames {
         ScreenRect compact;
         ScreenRect expanded;
     };
+
+    [[nodiscard]] qsizetype displayAt(ScreenPoint point) const;
+    [[nodiscard]] Display display(qsizetype index) const;
 
     Displays &m_displays;
     ShelfPreferences &m_preferences;

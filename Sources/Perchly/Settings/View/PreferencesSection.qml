@@ -68,6 +68,10 @@ ScrollArea {
 
             onChosen: index => root.preferences.edge = root.preferences.edges[index]
         }
+        OverPanelsRow {
+            preferences: root.preferences
+            width: parent.width
+        }
         PushButton {
             text: qsTr("Reset position to top center")
 
@@ -99,6 +103,9 @@ ScrollArea {
             width: parent.width
 
             onToggled: checked => root.preferences.openOnHover = checked
+        }
+        OpeningDelayRow {
+            preferences: root.preferences
         }
         SliderRow {
             current: root.preferences.hoverDelay

@@ -159,7 +159,7 @@ FocusScope {
 
     ShelfOutline {
         color: root.backgroundColor
-        edge: root.edge
+        edge: root.model.dragging ? "" : root.edge
         height: layout.outline.height
         highlight: dropArea.containsDrag ? root.accentColor : "transparent"
         openScale: layout.scale
