@@ -40,7 +40,7 @@ public:
     /// Opens the shelf in keyboard mode, or closes it when it is in that mode already.
     Q_INVOKABLE virtual void toggleKeyboardOpen() = 0;
     /// Gives the shelf the keyboard before the user types or chooses in it, without entering
-    /// keyboard mode: it still closes when the pointer leaves, and then gives the keyboard back.
+    /// keyboard mode: it closes by the hover rules, and then gives the keyboard back.
     /// True if the shelf did not have it before; then returnKeyboard() may return it earlier.
     Q_INVOKABLE virtual bool takeKeyboard() = 0;
     Q_INVOKABLE virtual void returnKeyboard() = 0;

@@ -19,6 +19,9 @@ public:
     /// The pointer's current position. Asks the window system.
     [[nodiscard]] virtual ScreenPoint position() const = 0;
 
+    /// Whether a mouse button is held. Asks the window system.
+    [[nodiscard]] virtual bool isButtonHeld() const = 0;
+
     enum class Watch {
         Nothing,
         Movements,

@@ -54,6 +54,28 @@ private Q_SLOTS:
         QVERIFY(!shell.expanded());
     }
 
+    void opensAfterTheDelayUnderThePointerOnly() {
+        ShellFixture shell;
+        shell.fake.preferences.setNumber(keys::openingDelay, 0.3);
+        const auto opens = [&shell] {
+            shell.fake.clock.advance(299ms);
+            const bool wasClosed = !shell.expanded();
+            shell.fake.clock.advance(1ms);
+            return wasClosed && shell.expanded();
+        };
+        shell.pointerOntoPill();
+        shell.pointerAway();
+        shell.pointerOntoPill();
+        shell.fake.pointer.at = {100, 100}; // jumps without a movement
+        QVERIFY(!opens());
+        shell.pointerOntoPill();
+        shell.fake.pointer.held = true;
+        QVERIFY(!opens());
+        shell.fake.pointer.held = false;
+        shell.pointerOntoPill();
+        QVERIFY(opens());
+    }
+
     void staysOpenWhenThePointerReturnsInTime() {
         ShellFixture shell;
         shell.pointerOntoPill();
@@ -100,7 +122,9 @@ private Q_SLOTS:
         model.setControlError(QStringLiteral("It failed."));
         QVERIFY(isOpenLater());
         model.clearControlError();
-        shell.pointerAway();
+        model.setTyping(true);
+        QVERIFY(isOpenLater());
+        model.setTyping(false);
         QVERIFY(!isOpenLater());
         model.setControlError(QStringLiteral("It failed, too late."));
         shell.pointerOntoPill();

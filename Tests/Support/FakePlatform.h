@@ -22,6 +22,7 @@ class FakePointer : public PointerMonitor {
 public:
     void start() override {}
     ScreenPoint position() const override { return at; }
+    bool isButtonHeld() const override { return held; }
     void watch(Watch) override {}
 
     void moveTo(double x, double y) {
@@ -30,6 +31,7 @@ public:
     }
 
     ScreenPoint at{700, 100};
+    bool held = false;
 };
 
 class FakeKeys : public KeyMonitor {

@@ -56,7 +56,7 @@ ShelfTestCase {
             "Button: Pin Calendar", "Button: More icons (disabled)",
             "Button: Search", "Button: Capture",
             "Button: Mixer", "Button: Workspace", "Button: Focus",
-            "StaticText: 2 held", "StaticText: No internal battery", "Button: Quit",
+            "Button: 2 held", "StaticText: No internal battery", "Button: Quit",
             "Button: Drag this edge to detach and reposition the shelf",
             "Button: File shelf · 2 held"
         ].join("\n"));

@@ -75,6 +75,7 @@ class NullPointerMonitor : public PointerMonitor {
 public:
     void start() override {}
     ScreenPoint position() const override { return {}; }
+    bool isButtonHeld() const override { return false; }
     void watch(Watch) override {}
 };
 

@@ -37,10 +37,19 @@ void X11PointerMonitor::start() {
     watch(Watch::Movements);
 }
 
-ScreenPoint X11PointerMonitor::position() const {
-    const auto pointer = m_connection.reply<xcb_query_pointer_reply_t>(
+XcbPointer<xcb_query_pointer_reply_t> X11PointerMonitor::query() const {
+    return m_connection.reply<xcb_query_pointer_reply_t>(
         xcb_query_pointer(m_connection.get(), m_connection.root()));
-    if (pointer) {
+}
+
+bool X11PointerMonitor::isButtonHeld() const {
+    constexpr int buttons = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
+    const auto pointer = query();
+    return pointer && (pointer->mask & buttons) != 0;
+}
+
+ScreenPoint X11PointerMonitor::position() const {
+    if (const auto pointer = query()) {
         m_lastPixels = QPoint(pointer->root_x, pointer->root_y);
     } else {
         m_hasMoved = true; // ask again when the late reply arrives

@@ -18,9 +18,11 @@ public:
 
     void start() override;
     [[nodiscard]] ScreenPoint position() const override;
+    [[nodiscard]] bool isButtonHeld() const override;
     void watch(Watch watch) override;
 
 private:
+    [[nodiscard]] XcbPointer<xcb_query_pointer_reply_t> query() const;
     void announce();
     void endRest();
     void poll();

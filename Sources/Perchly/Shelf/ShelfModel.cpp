@@ -13,7 +13,8 @@ ShelfModel::ShelfModel(Clock &clock, Preferences &preferences, AlertSound &alert
 }
 
 bool ShelfModel::staysOpen() const {
-    return m_expanded && (m_choosingWidget || m_controlling || !m_controlError.isEmpty());
+    return m_expanded &&
+           (m_choosingWidget || m_controlling || m_typing || !m_controlError.isEmpty());
 }
 
 void ShelfModel::setExpanded(bool expanded) {
@@ -21,6 +22,14 @@ void ShelfModel::setExpanded(bool expanded) {
         setControlError({});
     }
     publish(m_expanded, expanded, &ShelfModel::expandedChanged);
+}
+
+void ShelfModel::setKeyboardOpen(bool open) {
+    publish(m_keyboardOpen, open, &ShelfModel::keyboardOpenChanged);
+}
+
+void ShelfModel::setTyping(bool typing) {
+    publish(m_typing, typing, &ShelfModel::typingChanged);
 }
 
 void ShelfModel::setDragging(bool dragging) {

@@ -23,6 +23,7 @@ class Preferences;
 class ShelfModel : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool expanded READ expanded NOTIFY expandedChanged FINAL)
+    Q_PROPERTY(bool keyboardOpen READ keyboardOpen NOTIFY keyboardOpenChanged FINAL)
     Q_PROPERTY(bool dragging READ dragging NOTIFY draggingChanged FINAL)
     Q_PROPERTY(QString dockEdge READ dockEdgeName NOTIFY dockEdgeChanged FINAL)
     Q_PROPERTY(bool quietFocus READ quietFocus WRITE setQuietFocus NOTIFY quietFocusChanged FINAL)
@@ -57,6 +58,9 @@ public:
     /// Whether the shelf is open. Only the shell sets it. Closing clears the control error.
     [[nodiscard]] bool expanded() const { return m_expanded; }
     void setExpanded(bool expanded);
+    /// Whether the shelf is open in keyboard mode. Only the shell sets it.
+    [[nodiscard]] bool keyboardOpen() const { return m_keyboardOpen; }
+    void setKeyboardOpen(bool open);
     /// Whether the shelf is being dragged: nothing else may move, open or close it.
     [[nodiscard]] bool dragging() const { return m_dragging; }
     void setDragging(bool dragging);
@@ -70,6 +74,9 @@ public:
     /// Whether the widget chooser is open, which keeps the shelf open. Not announced.
     [[nodiscard]] bool choosingWidget() const { return m_choosingWidget; }
     Q_INVOKABLE void setChoosingWidget(bool choosing) { m_choosingWidget = choosing; }
+
+    /// Whether the user types the note, which keeps the shelf open.
+    Q_INVOKABLE void setTyping(bool typing);
 
     /// The collapsed shelf's size, and the width of a camera housing within it; in points.
     [[nodiscard]] double compactWidth() const { return m_compactWidth; }
@@ -115,8 +122,8 @@ public:
     /// Whether a playback command is running.
     [[nodiscard]] bool controlling() const { return m_controlling; }
     void setControlling(bool controlling);
-    /// Whether the open shelf must not close by itself: a chooser or a control error is shown, or a
-    /// playback command is running that may end in one.
+    /// Whether the open shelf must not close by itself: a chooser or a control error is shown, a
+    /// playback command is running that may end in one, or the user types the note.
     [[nodiscard]] bool staysOpen() const;
 
     /// The focus timer's remaining seconds, frozen while paused. They count down while the machine
@@ -150,6 +157,8 @@ Q_SIGNALS:
     void controlRequested(const QString &word);
     void musicRequested();
     void expandedChanged();
+    void keyboardOpenChanged();
+    void typingChanged();
     void draggingChanged();
     void dockEdgeChanged();
     void quietFocusChanged();
@@ -186,6 +195,8 @@ private:
     AlertSound &m_alertSound;
 
     bool m_expanded = false;
+    bool m_keyboardOpen = false;
+    bool m_typing = false;
     bool m_dragging = false;
     ShelfEdge m_dockEdge = ShelfEdge::Top;
     bool m_quietFocus = false;

@@ -82,6 +82,13 @@ void AppDelegate::followPointer() {
             m_hosts.contextMenu->close();
         }
     });
+    connect(&m_model, &ShelfModel::typingChanged, this, &AppDelegate::checkPointer,
+            Qt::QueuedConnection);
+    connect(
+        &m_panel, &ShelfPanel::draggedOver, this, [this] { m_opener.draggedOver(); },
+        Qt::QueuedConnection);
+    connect(m_hosts.panel.get(), &PanelHost::keyboardLost, this,
+            [this] { m_opener.keyboardLost(); });
     m_hosts.pointer->start();
 }
 
@@ -222,6 +229,11 @@ void AppDelegate::launch(const QString &id) {
             }
         };
         m_hosts.applications->launch(*item->path, report);
+    } else {
+        return; // a widget
+    }
+    if (m_opener.isKeyboardOpen()) {
+        m_opener.setKeyboardOpen(false);
     }
 }
 

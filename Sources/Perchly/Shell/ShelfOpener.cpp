@@ -35,7 +35,7 @@ ShelfOpener::ShelfOpener(Hosts &hosts, const ShelfPreferences &preferences, Shel
     , m_panel(panel) {}
 
 void ShelfOpener::pointerAt(ScreenPoint pointer) {
-    if (m_keyboardOpen || m_model.dragging()) {
+    if (isKeyboardOpen() || m_model.dragging()) {
         return;
     }
     if (m_model.staysOpen()) {
@@ -45,11 +45,12 @@ void ShelfOpener::pointerAt(ScreenPoint pointer) {
     const ShelfSize size = m_model.expanded() ? ShelfSize::Expanded : ShelfSize::Compact;
     if (m_placement.frame(size).contains(pointer)) {
         m_closeTask.reset();
-        if (m_preferences.openOnHover()) {
-            setExpanded(true);
+        startOpenTask();
+    } else {
+        m_openTask.reset();
+        if (m_model.expanded() && !m_closeTask) {
+            startCloseTask();
         }
-    } else if (m_model.expanded() && !m_closeTask) {
-        startCloseTask();
     }
     watchForJumps(pointer);
 }
@@ -63,12 +64,40 @@ void ShelfOpener::watchForJumps(ScreenPoint pointer) {
                                     : PointerMonitor::Watch::Movements);
 }
 
+void ShelfOpener::startOpenTask() {
+    if (m_model.expanded() || m_openTask || !m_preferences.openOnHover()) {
+        return;
+    }
+    const milliseconds delay = delayOf(m_preferences.openingDelay());
+    if (delay == milliseconds::zero()) {
+        openUnderPointer();
+    } else {
+        m_openTask = m_hosts.clock->after(delay, [this] { openUnderPointer(); });
+    }
+}
+
+/// Dragging a window or a selection across the shelf must not open it.
+void ShelfOpener::openUnderPointer() {
+    m_openTask.reset();
+    if (m_placement.frame(ShelfSize::Compact).contains(m_hosts.pointer->position()) &&
+        !m_hosts.pointer->isButtonHeld()) {
+        setExpanded(true);
+    }
+}
+
+void ShelfOpener::draggedOver() {
+    if (m_preferences.openOnHover()) {
+        setExpanded(true);
+    }
+}
+
 void ShelfOpener::startCloseTask() {
     m_closeTask =
         m_hosts.clock->after(delayOf(m_preferences.hoverDelay()), [this] { setExpanded(false); });
 }
 
 void ShelfOpener::setExpanded(bool expanded) {
+    m_openTask.reset();
     m_closeTask.reset();
     if (m_model.dragging() || m_model.expanded() == expanded) {
         return;
@@ -90,8 +119,12 @@ void ShelfOpener::startSettleTask() {
     m_settleTask = m_hosts.clock->after(delay, [this] { m_placement.place(ShelfSize::Compact); });
 }
 
+bool ShelfOpener::isKeyboardOpen() const {
+    return m_model.keyboardOpen();
+}
+
 void ShelfOpener::setKeyboardMode(bool on) {
-    m_keyboardOpen = on;
+    m_model.setKeyboardOpen(on);
     m_hosts.pointer->watch(on ? PointerMonitor::Watch::Nothing : PointerMonitor::Watch::Movements);
 }
 
@@ -109,7 +142,7 @@ void ShelfOpener::setKeyboardOpen(bool open) {
 
 void ShelfOpener::toggleKeyboardOpen() {
     if (!m_model.dragging()) {
-        setKeyboardOpen(!m_keyboardOpen);
+        setKeyboardOpen(!isKeyboardOpen());
     }
 }
 
@@ -117,7 +150,7 @@ bool ShelfOpener::takeKeyboard() {
     if (!m_model.expanded() || m_hosts.panel->hasKeyboard()) {
         return false;
     }
-    m_keyboardBorrowed = !m_keyboardOpen;
+    m_keyboardBorrowed = !isKeyboardOpen();
     m_hosts.panel->takeKeyboard();
     return m_keyboardBorrowed;
 }
@@ -134,12 +167,19 @@ void ShelfOpener::closeForWindow() {
     setExpanded(false);
 }
 
+void ShelfOpener::keyboardLost() {
+    if (isKeyboardOpen()) {
+        closeForWindow();
+    }
+}
+
 void ShelfOpener::closeForDrag() {
-    if (m_keyboardOpen) {
+    if (isKeyboardOpen()) {
         m_hosts.panel->giveKeyboardBack();
     }
     setKeyboardMode(false);
     returnKeyboard();
+    m_openTask.reset();
     m_closeTask.reset();
     m_settleTask.reset();
     m_model.setExpanded(false);

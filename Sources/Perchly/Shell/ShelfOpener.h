@@ -11,8 +11,9 @@ class ShelfPanel;
 class ShelfPlacement;
 class ShelfPreferences;
 
-/// Opens and closes the shelf: under the pointer, closing with a delay after it leaves, and in
-/// keyboard mode, which ignores the pointer. The arguments must outlive it. Main thread only.
+/// Opens and closes the shelf: under the pointer, with a delay, closing with a delay after it
+/// leaves, and in keyboard mode, which ignores the pointer. The arguments must outlive it. Main
+/// thread only.
 class ShelfOpener {
 public:
     ShelfOpener(Hosts &hosts, const ShelfPreferences &preferences, ShelfModel &model,
@@ -24,7 +25,10 @@ public:
     /// Opens or closes the shelf, except while it is dragged.
     void setExpanded(bool expanded);
 
-    [[nodiscard]] bool isKeyboardOpen() const { return m_keyboardOpen; }
+    /// Something that the shelf accepts is being dragged over it.
+    void draggedOver();
+
+    [[nodiscard]] bool isKeyboardOpen() const;
     void setKeyboardOpen(bool open);
     void toggleKeyboardOpen();
 
@@ -36,12 +40,17 @@ public:
     /// Closes the shelf for a window that takes the keyboard from it.
     void closeForWindow();
 
+    /// Another window has taken the keyboard: closes a shelf in keyboard mode.
+    void keyboardLost();
+
     /// Closes the shelf for a drag, which places the panel itself.
     void closeForDrag();
 
 private:
     void setKeyboardMode(bool on);
     void watchForJumps(ScreenPoint pointer);
+    void startOpenTask();
+    void openUnderPointer();
     void startCloseTask();
     void startSettleTask();
 
@@ -50,8 +59,8 @@ private:
     ShelfModel &m_model;
     ShelfPlacement &m_placement;
     const ShelfPanel &m_panel;
-    bool m_keyboardOpen = false;
     bool m_keyboardBorrowed = false; ///< taken outside keyboard mode
+    Task m_openTask;
     Task m_closeTask;
     Task m_settleTask;
 };

@@ -194,6 +194,24 @@ Item {
                         value: root.pictureScale
                         when: place.modelData.kind !== "widget"
                     }
+                    // The digit that launches the entry.
+                    Rectangle {
+                        color: Theme.floating
+                        height: 16
+                        radius: 8
+                        visible: root.model.keyboardOpen && place.index < 9 && place.modelData.kind !== "widget"
+                        width: 16
+                        x: 4
+                        y: 4
+                        z: 1
+
+                        Label {
+                            anchors.centerIn: parent
+                            font.bold: true
+                            font.pixelSize: 9
+                            text: place.index + 1
+                        }
+                    }
                     Connections {
                         target: place.item as Item
 

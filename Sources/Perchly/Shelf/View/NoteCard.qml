@@ -11,6 +11,11 @@ CardBody {
         editor.edit.focus = false;
     }
 
+    readonly property bool typing: editor.edit.activeFocus && root.Window.active
+
+    Component.onDestruction: root.model.setTyping(false)
+    onTypingChanged: root.model.setTyping(root.typing)
+
     Connections {
         target: root.model
 

@@ -53,11 +53,14 @@ Item {
                 }
             }
         }
-        SpokenLabel {
-            anchors.verticalCenter: parent.verticalCenter
+        TextButton {
             color: Theme.shelfAccent
             text: qsTr("%n held", "", root.productivity.held.count)
             visible: root.productivity.held.count > 0
+            onActivated: {
+                root.extras.section = "Files";
+                root.shell.showTools();
+            }
         }
     }
 }
