@@ -167,6 +167,21 @@
     </message>
 </context>
 <context>
+    <name>ChordRow</name>
+    <message>
+        <source>Press the new keys</source>
+        <translation>Neue Tasten drücken</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+</context>
+<context>
     <name>ClipRow</name>
     <message>
         <source>Pinned</source>
@@ -560,6 +575,17 @@
     </message>
 </context>
 <context>
+    <name>KeysGroup</name>
+    <message>
+        <source>Toggle shelf</source>
+        <translation>Leiste öffnen oder schließen</translation>
+    </message>
+    <message>
+        <source>Open search</source>
+        <translation>Suche öffnen</translation>
+    </message>
+</context>
+<context>
     <name>LaunchPanel</name>
     <message>
         <source>Workspace name</source>
@@ -856,6 +882,24 @@
     <message>
         <source>Applications (*.desktop)</source>
         <translation>Anwendungen (*.desktop)</translation>
+    </message>
+</context>
+<context>
+    <name>OpeningDelayRow</name>
+    <message>
+        <source>Opening delay</source>
+        <translation>Öffnungsverzögerung</translation>
+    </message>
+    <message>
+        <source>%1 ms</source>
+        <translation>%1 ms</translation>
+    </message>
+</context>
+<context>
+    <name>OverPanelsRow</name>
+    <message>
+        <source>Over panels</source>
+        <translation>Über Bedienleisten</translation>
     </message>
 </context>
 <context>
@@ -1848,6 +1892,18 @@
 </context>
 <context>
     <name>perchly::ShelfHotKey</name>
+    <message>
+        <source>Hold Ctrl, Alt or Super as well.</source>
+        <translation>Zusätzlich Strg, Alt oder Super halten.</translation>
+    </message>
+    <message>
+        <source>%1 already opens search.</source>
+        <translation>%1 öffnet schon die Suche.</translation>
+    </message>
+    <message>
+        <source>%1 already toggles the shelf.</source>
+        <translation>%1 öffnet oder schließt schon die Leiste.</translation>
+    </message>
     <message>
         <source>Could not register %1 for search.</source>
         <translation>%1 konnte nicht für die Suche belegt werden.</translation>
