@@ -2,6 +2,7 @@
 #include "ProcessLimits.h"
 #include "RegionOverlay.h"
 #include "RootPicture.h"
+#include "UserLanguage.h"
 
 #include <QGuiApplication>
 #include <QImageWriter>
@@ -108,6 +109,7 @@ int main(int argc, char **argv) {
     qputenv("QT_QPA_PLATFORM", "xcb");
     qputenv("QT_QPA_PLATFORMTHEME", "generic"); // the desktop's platform theme would load GTK
     QGuiApplication application(argc, argv);
+    loadUserLanguage();
 
     const QImage picture = takeRootPicture(connection.get());
     if (picture.isNull()) {
