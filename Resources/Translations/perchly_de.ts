@@ -524,6 +524,17 @@
     </message>
 </context>
 <context>
+    <name>KeysGroup</name>
+    <message>
+        <source>Toggle shelf</source>
+        <translation>Leiste öffnen oder schließen</translation>
+    </message>
+    <message>
+        <source>Open search</source>
+        <translation>Suche öffnen</translation>
+    </message>
+</context>
+<context>
     <name>Launch</name>
     <message>
         <source>There is nothing at “%1”.</source>
@@ -888,18 +899,18 @@
     <name>OpeningDelayRow</name>
     <message>
         <source>Opening delay</source>
-        <translation>Öffnungsverzögerung</translation>
+        <translation>Öffnet nach</translation>
     </message>
     <message>
         <source>%1 ms</source>
-        <translation>%1 ms</translation>
+        <translation>%1 ms</translation>
     </message>
 </context>
 <context>
     <name>OverPanelsRow</name>
     <message>
         <source>Over panels</source>
-        <translation>Über Bedienleisten</translation>
+        <translation>Über Panels anzeigen</translation>
     </message>
 </context>
 <context>
@@ -1026,7 +1037,7 @@
     </message>
     <message>
         <source>Collapse delay</source>
-        <translation>Schließverzögerung</translation>
+        <translation>Schließt nach</translation>
     </message>
     <message>
         <source>%1 s</source>
@@ -1766,19 +1777,6 @@
         <comment>weekday, time</comment>
         <translation>Beginnt %1, %2</translation>
     </message>
-    <message>
-        <source>Starts today, %1</source>
-        <translation>Beginnt heute, %1</translation>
-    </message>
-    <message>
-        <source>Starts tomorrow, %1</source>
-        <translation>Beginnt morgen, %1</translation>
-    </message>
-    <message>
-        <source>Starts %1, %2</source>
-        <comment>weekday, time</comment>
-        <translation>Beginnt %1, %2</translation>
-    </message>
 </context>
 <context>
     <name>perchly::PdfView</name>
@@ -1911,6 +1909,18 @@
     <message>
         <source>Could not register %1. Another app may use that shortcut.</source>
         <translation>%1 konnte nicht belegt werden. Vielleicht nutzt eine andere Anwendung diese Tastenkombination.</translation>
+    </message>
+    <message>
+        <source>Hold Ctrl, Alt or Super as well.</source>
+        <translation>Zusätzlich Strg, Alt oder Super halten.</translation>
+    </message>
+    <message>
+        <source>%1 already opens search.</source>
+        <translation>%1 öffnet bereits die Suche.</translation>
+    </message>
+    <message>
+        <source>%1 already toggles the shelf.</source>
+        <translation>%1 öffnet oder schließt bereits die Leiste.</translation>
     </message>
 </context>
 <context>
