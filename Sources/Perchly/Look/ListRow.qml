@@ -10,6 +10,7 @@ RowCard {
     /// Small secondary text below the text.
     property string detail: ""
     property alias label: label
+    property int minContentHeight: 0
     /// Items before the text.
     property alias leading: leading.data
     /// Items below the text.
@@ -20,6 +21,7 @@ RowCard {
     Accessible.role: Accessible.ListItem
 
     content: RowLayout {
+        height: Math.max(implicitHeight, root.minContentHeight)
         spacing: 0
         width: parent.width
 

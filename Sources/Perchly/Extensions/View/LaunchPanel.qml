@@ -16,6 +16,8 @@ ColumnLayout {
 
     /// Larger groups are opened only after a confirmation.
     readonly property int maxUnasked: 20
+    /// For all words: the second click of a double click hits the button that replaced the first.
+    readonly property int buttonWidth: 90
 
     function save() {
         if (save.usable) {
@@ -68,10 +70,12 @@ ColumnLayout {
 
             required property var row
             property bool asks: false
+            property int askedHeight: 0
 
             Accessible.description: group.asks ? group.detail : group.row.contents
             detail: group.asks ? qsTr("Open %n items?", "", group.row.size) : ""
             label.font.weight: Font.Medium
+            minContentHeight: group.asks ? group.askedHeight : 0
             text: group.row.name
 
             Keys.onEscapePressed: event => {
@@ -102,11 +106,13 @@ ColumnLayout {
             RowButton {
                 id: open
 
+                Layout.minimumWidth: root.buttonWidth
                 prominent: group.asks
                 subject: group.asks ? group.detail : group.text
                 text: group.asks ? qsTr("Open") : qsTr("Launch")
 
                 onActivated: {
+                    group.askedHeight = group.height - 2 * group.padding;
                     group.asks = !group.asks && group.row.size > root.maxUnasked;
                     if (!group.asks) {
                         root.extras.groups.launch(group.row.id);
@@ -116,6 +122,7 @@ ColumnLayout {
             RowButton {
                 id: remove
 
+                Layout.minimumWidth: root.buttonWidth
                 subject: group.asks ? group.detail : group.text
                 text: group.asks ? qsTr("Cancel") : qsTr("Delete")
 
