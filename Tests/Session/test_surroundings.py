@@ -160,12 +160,16 @@ class SurroundingsTest(SessionCase):
         self.start()
         beside_pill = self.other_window((850, 0, 400, 90), kind="NOTIFICATION", managed=False)
         beside_pill.show()
+        other = self.other_window((300, 0, 400, 200)).take_focus()
+        self.expect_above(other)  # and, with xfwm4, above the notification
+        other.window.unmap()
+        other.display.sync()
+        wait_until(lambda: self.screen.top_level(other.id) == other.id, "its frame gone")
         self.screen.key(*TOGGLE)
         self.expect_open()
         self.assertTrue(self.screen.is_above(beside_pill.id, self.program.panel().id))
         self.screen.key(*TOGGLE)
         self.expect_pill()
-        other = self.other_window((300, 0, 400, 200))
         for rect, kind in (((0, 0, 1280, 800), "NORMAL"), ((600, 0, 120, 300), "NOTIFICATION")):
             with self.subTest(kind):
                 upper = self.other_window(rect, kind=kind, managed=False).show()

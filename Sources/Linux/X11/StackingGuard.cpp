@@ -107,7 +107,7 @@ void StackingGuard::check() {
         return;
     }
     m_area = rectOf(*geometry);
-    const Above above = windowsAbove(m_area);
+    const Above above = windowsAbove(m_area, From::Window);
     if (!above.isCovered) {
         return;
     }
@@ -124,7 +124,7 @@ void StackingGuard::check() {
 }
 
 void StackingGuard::raise(const QRect &area) {
-    raiseBelow(windowsAbove(area).ceiling);
+    raiseBelow(windowsAbove(area, From::Bottom).ceiling);
 }
 
 void StackingGuard::raiseBelow(xcb_window_t ceiling) {
@@ -136,7 +136,7 @@ void StackingGuard::raiseBelow(xcb_window_t ceiling) {
     xcb_flush(m_connection.get());
 }
 
-StackingGuard::Above StackingGuard::windowsAbove(const QRect &area) {
+StackingGuard::Above StackingGuard::windowsAbove(const QRect &area, From from) {
     const auto tree = m_connection.reply<xcb_query_tree_reply_t>(
         xcb_query_tree(m_connection.get(), m_connection.root()));
     if (!tree) {
@@ -145,12 +145,17 @@ StackingGuard::Above StackingGuard::windowsAbove(const QRect &area) {
     const xcb_window_t *windows = xcb_query_tree_children(tree.get());
     const xcb_window_t *end = windows + xcb_query_tree_children_length(tree.get());
     Above above;
+    const auto *own = std::find(windows, end, m_window);
+    const auto *window = from == From::Bottom ? windows : own;
     Cover cover = Cover::None;
-    const auto *window = std::find(windows, end, m_window);
-    while (window != end && ++window != end && cover != Cover::Lock) {
-        cover = coverBy(*window, area);
+    for (; window != end && cover != Cover::Lock; ++window) {
+        const bool isAbove = window > own;
+        cover = window == own ? Cover::None : coverBy(*window, area);
+        if (cover == Cover::Lock && !isAbove) {
+            cover = Cover::None; // locks nothing
+        }
         if (cover == Cover::Unwanted) {
-            above = {.isCovered = true}; // a notification below it does not matter
+            above = {.isCovered = isAbove}; // a notification below it does not matter
         } else if (cover != Cover::None && above.ceiling == XCB_WINDOW_NONE) {
             above.ceiling = *window;
         }

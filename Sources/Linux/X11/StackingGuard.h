@@ -20,10 +20,12 @@ public:
     /// Sets the window to watch, which the server may not know yet.
     void watch(xcb_window_t window);
 
-    /// Raises it now, above all windows that may not cover it there. The area is in pixels.
+    /// Raises it now, above all windows that may not cover it there, or lowers it below a
+    /// notification that it has not covered so far. The area is in pixels.
     void raise(const QRect &area);
 
 private:
+    enum class From { Bottom, Window };
     enum class Cover { None, Unwanted, Allowed, Lock };
     struct Above {
         bool isCovered = false;                 ///< by a window that may not
@@ -35,7 +37,7 @@ private:
     void scheduleCheck();
     void check();
     void raiseBelow(xcb_window_t ceiling);
-    [[nodiscard]] Above windowsAbove(const QRect &area);
+    [[nodiscard]] Above windowsAbove(const QRect &area, From from);
     [[nodiscard]] Cover coverBy(xcb_window_t window, const QRect &area);
     [[nodiscard]] bool mayCover(xcb_window_t window);
 
