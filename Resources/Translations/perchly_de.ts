@@ -586,17 +586,6 @@
     </message>
 </context>
 <context>
-    <name>KeysGroup</name>
-    <message>
-        <source>Toggle shelf</source>
-        <translation>Leiste öffnen oder schließen</translation>
-    </message>
-    <message>
-        <source>Open search</source>
-        <translation>Suche öffnen</translation>
-    </message>
-</context>
-<context>
     <name>LaunchPanel</name>
     <message>
         <source>Workspace name</source>
@@ -1896,11 +1885,11 @@
     </message>
     <message>
         <source>%1 already opens search.</source>
-        <translation>%1 öffnet schon die Suche.</translation>
+        <translation>%1 öffnet bereits die Suche.</translation>
     </message>
     <message>
         <source>%1 already toggles the shelf.</source>
-        <translation>%1 öffnet oder schließt schon die Leiste.</translation>
+        <translation>%1 öffnet oder schließt bereits die Leiste.</translation>
     </message>
     <message>
         <source>Could not register %1 for search.</source>
@@ -1909,18 +1898,6 @@
     <message>
         <source>Could not register %1. Another app may use that shortcut.</source>
         <translation>%1 konnte nicht belegt werden. Vielleicht nutzt eine andere Anwendung diese Tastenkombination.</translation>
-    </message>
-    <message>
-        <source>Hold Ctrl, Alt or Super as well.</source>
-        <translation>Zusätzlich Strg, Alt oder Super halten.</translation>
-    </message>
-    <message>
-        <source>%1 already opens search.</source>
-        <translation>%1 öffnet bereits die Suche.</translation>
-    </message>
-    <message>
-        <source>%1 already toggles the shelf.</source>
-        <translation>%1 öffnet oder schließt bereits die Leiste.</translation>
     </message>
 </context>
 <context>
