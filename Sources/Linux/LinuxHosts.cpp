@@ -106,7 +106,6 @@ void addDesktop(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
     hosts.loginItem = std::make_unique<AutostartLoginItem>(AutostartLoginItem::runningProgram());
     hosts.motion = std::make_unique<PortalMotion>(bus);
     hosts.notifications = std::make_unique<BusNotifications>(bus);
-    hosts.appearance = std::make_unique<DesktopAppearance>(bus);
     hosts.alertSound = std::make_unique<CanberraAlertSound>();
     hosts.scriptHost = companion<ProcessScriptHost>(
         "perchly-scripthost", "perchly-scripthost is not installed: what players play is missing");
@@ -133,6 +132,7 @@ void addWindowSystem(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
     hosts.keys = std::make_unique<QtKeyMonitor>();
     hosts.panel = std::make_unique<X11PanelHost>();
     hosts.hotKeys = std::make_unique<X11HotKeys>();
+    hosts.appearance = std::make_unique<DesktopAppearance>(bus);
     hosts.contextMenu = std::make_unique<QtContextMenu>();
     hosts.openPanel = std::make_unique<QtOpenPanel>(bus);
     hosts.pasteboard = std::make_unique<X11Pasteboard>();

@@ -151,6 +151,7 @@ class Soak(User):
         self.screen.key("Control_L", "End")
         self.screen.type_text(f" {note}")
         self.expect_saved(note)
+        self.screen.key("Escape")
         self.leave()
 
     def expect_saved(self, *texts):
