@@ -13,7 +13,7 @@ namespace command {
 /// running program knows, such as the entries of the shelf, are not checked.
 [[nodiscard]] QString problem(const QStringList &command);
 
-/// The title of the workspace section with that name in any case; null if there is none.
+/// The title of the workspace section with that name in any case; null if no section has it.
 [[nodiscard]] QString workspaceSection(const QString &name);
 
 /// Whether the command has nothing to do if the program does not run.

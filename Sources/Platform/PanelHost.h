@@ -34,8 +34,8 @@ public:
     /// go to the window below. Without transparency, nothing else is painted either.
     virtual void setShape(const QRegion &shape) = 0;
 
-    /// Asks the compositor to blur what is behind this region of the panel, in device pixels. Few
-    /// compositors do.
+    /// Asks the compositor to blur the screen behind this region of the panel, in device pixels.
+    /// Few compositors do.
     virtual void setBlur(const QRegion &region) = 0;
 
     /// Gives the panel the keyboard and remembers the window that had it.

@@ -7,7 +7,7 @@
 
 namespace perchly {
 
-/// The desktop's file dialog, shown by its portal; QFileDialog if there is none. To choose files
+/// The desktop's file dialog, shown by its portal; QFileDialog without a portal. To choose files
 /// and folders alike that is Qt's own dialog; the portal's shows files only. Needs a QApplication
 /// and a window system.
 class QtOpenPanel : public OpenPanel {

@@ -21,7 +21,7 @@ enum class Transparency { Available, Missing };
 /// window is not shown either.
 void shapePanel(xcb_window_t panel, const QRegion &shape, Transparency transparency);
 
-/// Asks the compositor to blur what is behind this region, in the window's pixels. Not flushed.
+/// Asks the compositor to blur the screen behind this region, in the window's pixels. Not flushed.
 void blurBehindPanel(XcbConnection &connection, xcb_window_t panel, const QRegion &region);
 
 /// Removes the shape. Not flushed.

@@ -17,13 +17,13 @@ class ShelfModel;
 class ShelfPreferences;
 class ShellActions;
 
-/// Shows desktop notifications of what has ended, failed or is about to start, unless the user has
-/// switched them off or sees it anyway, in the open shelf or the workspace window. Main thread
-/// only.
+/// Shows desktop notifications: of sessions, shortcuts, captures, failures and meetings. Leaves out
+/// the kinds that the user has switched off, and those that the open shelf or the workspace window
+/// shows anyway. Main thread only.
 class Announcements : public QObject {
     Q_OBJECT
 public:
-    /// What the announcements are of; must outlive them.
+    /// Announces events of these, which must outlive it.
     struct Sources {
         const ShelfPreferences &preferences;
         ShelfModel &model;

@@ -12,7 +12,7 @@ namespace perchly {
 
 namespace {
 
-/// The identifier of the first row with that name in any case; null if there is none.
+/// The identifier of the first row with that name in any case; null if no row has it.
 QUuid identifierOf(const QString &name, const auto &records) {
     const auto found = std::ranges::find_if(records, [&name](const auto &record) {
         return record.name.compare(name, Qt::CaseInsensitive) == 0;

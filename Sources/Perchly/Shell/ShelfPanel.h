@@ -54,7 +54,7 @@ protected:
 private Q_SLOTS:
     /// Limits pointer input to the visible shelf.
     void applyShape();
-    /// Blurs what is behind the translucent shelf.
+    /// Blurs the screen behind the translucent shelf.
     void applyBlur();
 
 private:

@@ -18,7 +18,7 @@ ColumnLayout {
     readonly property HeldFiles held: root.tools.held
     readonly property bool some: root.held.count > 0
 
-    /// Scrolls to what was held last; gives it the keyboard if it came while the section was hidden.
+    /// Scrolls to the file held last; gives it the keyboard if it came while the section was hidden.
     function showLanded(select: bool) {
         const row = root.held.landed;
         if (row < 0 || !root.Window.window?.visible) {

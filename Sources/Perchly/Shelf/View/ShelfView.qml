@@ -48,7 +48,7 @@ FocusScope {
     readonly property ExpandedContent content: expandedContent.item as ExpandedContent
     readonly property rect shapeRect: root.expanded ? layout.openRect : layout.restRect
     readonly property real shapeRadius: root.expanded ? layout.openRadius : layout.restRadius
-    /// Where the compositor may blur what is behind the shelf: not beyond the outline, which moves.
+    /// Where the compositor may blur the screen behind the shelf: not beyond the outline, which moves.
     readonly property rect blurRect: !root.translucent ? Qt.rect(0, 0, 0, 0) : openness.value < 1 ? layout.restRect : layout.openRect
 
     function reveal() {
