@@ -164,7 +164,8 @@ class SurroundingsTest(SessionCase):
         self.expect_above(other)  # and, with xfwm4, above the notification
         other.window.unmap()
         other.display.sync()
-        wait_until(lambda: self.screen.top_level(other.id) == other.id, "its frame gone")
+        parent = lambda: self.screen.resource(other.id).query_tree().parent
+        wait_until(lambda: parent().id == self.screen.root.id, "its frame gone")
         self.screen.key(*TOGGLE)
         self.expect_open()
         self.assertTrue(self.screen.is_above(beside_pill.id, self.program.panel().id))
