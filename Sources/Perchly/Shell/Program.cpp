@@ -2,6 +2,7 @@
 
 #include "AppDelegate.h"
 #include "BackgroundStart.h"
+#include "EndlessFolders.h"
 #include "Hosts.h"
 #include "LinuxHosts.h"
 #include "SymbolIcon.h"
@@ -30,6 +31,7 @@ extern "C" Q_DECL_EXPORT ProgramRun perchlyRun;
 int perchlyRun(int &argc, char **argv, const QStringList &command, BackgroundStart &background) {
     // Return freed memory of copies and pictures, which take megabytes each, to the system.
     mallopt(M_MMAP_THRESHOLD, 1 << 20);
+    hideEndlessApplicationFolders();
     std::optional<UnansweringBusHider> busHider(std::in_place);
     std::optional<WindowSystemChoice> windowSystem(std::in_place);
     if (background.isBackground() && !windowSystem->hasDisplay()) {

@@ -1,4 +1,5 @@
 #include "DesktopCatalog.h"
+#include "EndlessFolders.h"
 #include "TestFiles.h"
 
 #include <QSignalSpy>
@@ -11,7 +12,15 @@ class DesktopCatalogTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase() {
-        qputenv("XDG_DATA_DIRS", "/nowhere/at/all");
+        const QString endless = QDir::tempPath() + QStringLiteral("/endless/applications");
+        QVERIFY(QDir().mkpath(endless));
+        for (const QString &link : {endless + u"/a"_qs, endless + u"/b"_qs}) {
+            QVERIFY(
+                QFile::link(endless, link)); // 2^40 subfolders for GIO, which would never answer
+        }
+        qputenv("XDG_DATA_DIRS", QFile::encodeName(QFileInfo(endless).path()));
+        hideEndlessApplicationFolders();
+        QCOMPARE(qEnvironmentVariable("XDG_DATA_DIRS"), QFileInfo(endless).path());
         qputenv("LC_ALL", "de_AT.UTF-8");
         m_folder.mkpath(QStringLiteral("."));
     }
