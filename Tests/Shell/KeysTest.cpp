@@ -60,12 +60,19 @@ private Q_SLOTS:
         QVERIFY2(!press(u'1'), "another window has the keyboard");
         shell.delegate->toggleKeyboardOpen();
         QVERIFY(press(u'3'));
+        QVERIFY2(shell.expanded(), "it closed before an error could come");
+        shell.fake.applications.asked.takeLast().second(QStringLiteral("It is missing."));
+        shell.fake.clock.advance(std::chrono::seconds(1));
+        QVERIFY2(shell.expanded() && !press(u'3'), "the error is not shown");
+        QVERIFY(shell.fake.keys.press(Qt::Key_Escape));
+        QVERIFY(press(u'3'));
+        shell.fake.applications.asked.takeLast().second({});
         QVERIFY2(!shell.expanded() && !press(u'1'), "launching did not close it");
         shell.delegate->toggleKeyboardOpen();
         QVERIFY2(press(u'1', true), "a held key launches once");
         QVERIFY2(press(u'2'), "a widget's key does nothing");
         QVERIFY2(!press(u'4') && !press(u'0'), "other keys are passed on");
-        QCOMPARE(shell.fake.applications.opened, (QStringList{QStringLiteral("/apps/three")}));
+        QCOMPARE(shell.fake.applications.opened, (QStringList(2, QStringLiteral("/apps/three"))));
         Q_EMIT shell.fake.panel.keyboardLost();
         QVERIFY2(!shell.expanded(), "it stays open without the keyboard");
     }

@@ -10,6 +10,8 @@
 
 namespace perchly {
 
+using namespace std::chrono_literals;
+
 AppDelegate::AppDelegate(Hosts &hosts, ShellResources resources)
     : m_hosts(hosts)
     , m_resources(std::move(resources))
@@ -220,18 +222,25 @@ void AppDelegate::launch(const QString &id) {
     }
     if (item->shortcutName) {
         m_productivity.shortcuts()->run(*item->shortcutName);
+        closeAfterLaunch();
     } else if (item->path) {
-        const auto report = [guard = QPointer(this), name = item->name](const QString &error) {
-            if (guard && !error.isEmpty()) {
-                const QString message = tr("Could not open %1. %2").arg(name, error);
-                guard->m_productivity.setMessage(message);
-                guard->m_model.setControlError(message, tr("Launch failed"));
-            }
-        };
-        m_hosts.applications->launch(*item->path, report);
-    } else {
-        return; // a widget
+        // The shelf stays open for an error, which comes at once as a rule.
+        m_launched = m_hosts.clock->after(300ms, [this] { closeAfterLaunch(); });
+        m_hosts.applications->launch(
+            *item->path, [guard = QPointer(this), name = item->name](const QString &error) {
+                if (guard && error.isEmpty()) {
+                    guard->closeAfterLaunch();
+                } else if (guard) {
+                    guard->m_launched.reset();
+                    guard->m_model.setControlError(tr("Could not open %1. %2").arg(name, error),
+                                                   tr("Launch failed"));
+                }
+            });
     }
+}
+
+void AppDelegate::closeAfterLaunch() {
+    m_launched.reset();
     if (m_opener.isKeyboardOpen()) {
         m_opener.setKeyboardOpen(false);
     }

@@ -84,6 +84,7 @@ public:
 private:
     [[nodiscard]] QString perform(const QString &name, const QStringList &arguments);
     [[nodiscard]] QString launchNamed(const QString &entry);
+    void closeAfterLaunch();
     void hideShelf();
     void followPointer();
     void pointerAt(ScreenPoint pointer);
@@ -112,6 +113,7 @@ private:
     ShelfDrag m_drag;
     ShelfHotKey m_hotKey;
     ShelfKeys m_keys;
+    Task m_launched; ///< closes the shelf in keyboard mode
     std::unique_ptr<Announcements> m_announcements;
     std::unique_ptr<AuxiliaryWindow> m_mixerWindow;
     std::unique_ptr<AuxiliaryWindow> m_toolsWindow;
