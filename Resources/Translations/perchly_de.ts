@@ -109,7 +109,7 @@
     </message>
     <message>
         <source>%1%</source>
-        <translation>%1 %</translation>
+        <translation>%1&#xa0;%</translation>
     </message>
 </context>
 <context>
@@ -892,7 +892,7 @@
     </message>
     <message>
         <source>%1 ms</source>
-        <translation>%1 ms</translation>
+        <translation>%1&#xa0;ms</translation>
     </message>
 </context>
 <context>
@@ -1018,7 +1018,7 @@
     </message>
     <message>
         <source>%1%</source>
-        <translation>%1 %</translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message>
         <source>Expand on hover</source>
@@ -1030,7 +1030,7 @@
     </message>
     <message>
         <source>%1 s</source>
-        <translation>%1 s</translation>
+        <translation>%1&#xa0;s</translation>
     </message>
     <message>
         <source>Launch at login</source>
@@ -1509,10 +1509,6 @@
         <translation>Befehl fehlgeschlagen</translation>
     </message>
     <message>
-        <source>Capture failed</source>
-        <translation>Aufnahme fehlgeschlagen</translation>
-    </message>
-    <message>
         <source>Join</source>
         <translation>Beitreten</translation>
     </message>
@@ -1608,6 +1604,10 @@
         <source>Nothing is playing. Start a player and try again.</source>
         <translation>Es läuft keine Wiedergabe. Bitte einen Player starten und erneut versuchen.</translation>
     </message>
+    <message>
+        <source>“%1” is a widget, which cannot be launched.</source>
+        <translation>„%1“ ist ein Widget und lässt sich nicht starten.</translation>
+    </message>
 </context>
 <context>
     <name>perchly::AudioAppList</name>
@@ -1628,7 +1628,7 @@
     </message>
     <message>
         <source>%1% · %2</source>
-        <translation>%1 % · %2</translation>
+        <translation>%1&#xa0;% · %2</translation>
     </message>
     <message>
         <source>Charging</source>

@@ -12,9 +12,12 @@ namespace perchly {
 /// Main thread only.
 class SingleInstance {
 public:
-    /// Performs a command, which may be any words that another program sends, and returns why it
-    /// failed; empty if it did not.
-    using Performer = std::function<QString(const QStringList &command)>;
+    /// Takes the error of a command, empty if it succeeded. Called once, perhaps after this object
+    /// is gone.
+    using Answer = std::function<void(const QString &error)>;
+    /// Performs a command, which may be any words that another program sends, and answers, at once
+    /// or later.
+    using Performer = std::function<void(const QStringList &command, const Answer &answer)>;
 
     virtual ~SingleInstance() = default;
 
@@ -26,7 +29,9 @@ public:
     void setPerformer(Performer performer) { m_performer = std::move(performer); }
 
 protected:
-    [[nodiscard]] QString perform(const QStringList &command) const { return m_performer(command); }
+    void perform(const QStringList &command, const Answer &answer) const {
+        m_performer(command, answer);
+    }
 
 private:
     Performer m_performer;

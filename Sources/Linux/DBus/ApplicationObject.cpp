@@ -46,9 +46,13 @@ void ApplicationObject::Open(const QStringList &uris, const QVariantMap &) {
 }
 
 void ApplicationObject::perform(const QStringList &command) {
-    if (const QString error = m_performer(command); !error.isEmpty()) {
-        sendErrorReply(QDBusError::Failed, error);
-    }
+    setDelayedReply(true);
+    m_performer(command, [bus = connection(), call = message()](const QString &error) {
+        if (call.isReplyRequired()) {
+            bus.send(error.isEmpty() ? call.createReply()
+                                     : call.createErrorReply(QDBusError::Failed, error));
+        }
+    });
 }
 
 } // namespace perchly

@@ -4,6 +4,7 @@
 
 #include <QDeadlineTimer>
 #include <QLocalSocket>
+#include <QPointer>
 #include <QStandardPaths>
 
 #include <cstdio>
@@ -37,7 +38,7 @@ std::optional<QString> LockedInstance::claim(const QStringList &command) {
             break;
         }
         // The other instance may be starting, with no socket yet, or ending, with no socket left.
-        if (auto error = instancesocket::send(command, 1s)) {
+        if (auto error = instancesocket::send(command, 2s)) {
             return error;
         }
         if (deadline.hasExpired()) {
@@ -59,14 +60,20 @@ void LockedInstance::listen() {
         m_server.listen(path);
     }
     m_object = std::make_unique<ApplicationObject>(
-        m_bus, [this](const QStringList &command) { return perform(command); });
+        m_bus,
+        [this](const QStringList &command, const Answer &answer) { perform(command, answer); });
 }
 
 void LockedInstance::answer(QLocalSocket *socket) {
     if (socket->canReadLine()) {
-        socket->write(perform(instancesocket::decoded(socket->readLine())).toUtf8() + '\n');
-        socket->flush(); // the command may have ended the event loop
-        socket->disconnectFromServer();
+        perform(instancesocket::decoded(socket->readLine()),
+                [guard = QPointer(socket)](const QString &error) {
+                    if (guard) {
+                        guard->write(error.toUtf8() + '\n');
+                        guard->flush(); // the command may have ended the event loop
+                        guard->disconnectFromServer();
+                    }
+                });
     }
 }
 

@@ -16,7 +16,7 @@ class LockedInstance : public SingleInstance {
 public:
     explicit LockedInstance(std::shared_ptr<SessionBus> bus);
 
-    /// Takes a second if the other instance does not answer. If no lock can be written, reports
+    /// Takes two seconds if the other instance does not answer. If no lock can be written, reports
     /// that on stderr and returns nullopt: better two instances than none.
     [[nodiscard]] std::optional<QString> claim(const QStringList &command) override;
 

@@ -134,21 +134,32 @@ void LaunchGroups::save(const QString &name) {
     }
 }
 
-void LaunchGroups::launch(const QUuid &id) {
+void LaunchGroups::launch(const QUuid &id, const Notice &done) {
     const auto found = std::ranges::find(m_groups, id, &LaunchGroup::id);
     if (found == m_groups.cend()) {
         return;
     }
-    // Answers may arrive in another order than the requests.
-    const auto lastFailed = std::make_shared<qsizetype>(-1);
     const QList<QUrl> urls = found->urls;
+    struct Answers {
+        qsizetype missing;
+        qsizetype lastFailed; // they may arrive in another order than the requests
+        QString error;
+    };
+    const auto answers = std::make_shared<Answers>(urls.size(), -1);
+    if (done && urls.isEmpty()) {
+        done({});
+    }
     for (qsizetype place = 0; place < urls.size(); ++place) {
         const QUrl &url = urls.at(place);
         const QString name = m_names.contains(url) ? nameOf(url) : lastPathComponent(url);
-        const auto opened = [notice = m_notice, name, place, lastFailed](const QString &error) {
-            if (!error.isEmpty() && place > *lastFailed) {
-                *lastFailed = place;
-                notice(tr("Could not open %1").arg(name));
+        const auto opened = [notice = m_notice, done, name, place, answers](const QString &error) {
+            if (!error.isEmpty() && place > answers->lastFailed) {
+                answers->lastFailed = place;
+                answers->error = tr("Could not open %1").arg(name);
+                notice(answers->error);
+            }
+            if (--answers->missing == 0 && done) {
+                done(answers->error);
             }
         };
         if (url.isLocalFile()) {

@@ -49,7 +49,9 @@ public:
     Q_INVOKABLE void save(const QString &name);
     /// Asks the desktop to open the group's items in order. A notice names the last item that
     /// failed, if any.
-    Q_INVOKABLE void launch(const QUuid &id);
+    Q_INVOKABLE void launch(const QUuid &id) { launch(id, {}); }
+    /// Also calls `done` once all have answered, with the notice; null if none failed.
+    void launch(const QUuid &id, const Notice &done);
     Q_INVOKABLE void remove(const QUuid &id);
 
 private:

@@ -65,7 +65,9 @@ void AppDelegate::launch() {
                                .model = m_model,
                                .productivity = m_productivity,
                                .extras = extras()},
-        *this, [this] { return m_toolsWindow && m_toolsWindow->isExposed(); });
+        *this, [this] {
+            return m_toolsWindow && m_toolsWindow->isVisible() && m_toolsWindow->isExposed();
+        });
     m_hosts.playerNotifications->start();
     m_hosts.audio->start();
     connect(m_hosts.displays.get(), &Displays::changed, this, &AppDelegate::resize);
@@ -214,7 +216,7 @@ void AppDelegate::clearScreen() {
     m_opener.closeForWindow(); // the workspace window gets the keyboard after the capture
 }
 
-void AppDelegate::launch(const QString &id) {
+void AppDelegate::launch(const QString &id, const Answer &answer) {
     const QList<ShelfItem> &items = m_library.items();
     const auto item = std::ranges::find(items, id, &ShelfItem::id);
     if (item == items.cend()) {
@@ -223,19 +225,24 @@ void AppDelegate::launch(const QString &id) {
     if (item->shortcutName) {
         m_productivity.shortcuts()->run(*item->shortcutName);
         closeAfterLaunch();
+        answer({});
     } else if (item->path) {
         // The shelf stays open for an error, which comes at once as a rule.
         m_launched = m_hosts.clock->after(300ms, [this] { closeAfterLaunch(); });
         m_hosts.applications->launch(
-            *item->path, [guard = QPointer(this), name = item->name](const QString &error) {
+            *item->path, [guard = QPointer(this), answer, name = item->name](const QString &error) {
+                QString message;
                 if (guard && error.isEmpty()) {
                     guard->closeAfterLaunch();
                 } else if (guard) {
+                    message = tr("Could not open %1. %2").arg(name, error);
                     guard->m_launched.reset();
-                    guard->m_model.setControlError(tr("Could not open %1. %2").arg(name, error),
-                                                   tr("Launch failed"));
+                    guard->m_model.setControlError(message, tr("Launch failed"));
                 }
+                answer(message);
             });
+    } else {
+        answer(tr("“%1” is a widget, which cannot be launched.").arg(item->name));
     }
 }
 

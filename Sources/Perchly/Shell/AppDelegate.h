@@ -16,6 +16,7 @@
 #include "ShelfPlacement.h"
 #include "ShelfPreferences.h"
 #include "ShellActions.h"
+#include "SingleInstance.h"
 #include "StatusItem.h"
 #include "VolumeMixer.h"
 
@@ -64,7 +65,9 @@ public:
     void showMixer() override;
     void showSearch() override;
     void clearScreen() override;
-    void launch(const QString &id) override;
+    void launch(const QString &id) override {
+        launch(id, [](const QString &) {});
+    }
     void showMenu(QPointF position, bool byKey) override;
     void showEntryMenu(const QString &id, QObject *tile, QPointF position, bool byKey) override;
     void terminate() override;
@@ -77,13 +80,18 @@ public:
     void handleReleased() override { m_drag.release(handlePosition()); }
     void handleCanceled() override { m_drag.cancel(handlePosition()); }
 
-    /// Performs a command of a shell or another program; see command::problem(). Returns why that
-    /// failed; empty if it did not.
-    QString perform(const QStringList &command);
+    using Answer = SingleInstance::Answer;
+    /// Performs a command of a shell or another program; see command::problem(). Answers at once,
+    /// but to a launch when that has worked or failed, within 1.5 s.
+    void perform(const QStringList &command, const Answer &answer);
 
 private:
+    [[nodiscard]] QString perform(const QStringList &command);
     [[nodiscard]] QString perform(const QString &name, const QStringList &arguments);
-    [[nodiscard]] QString launchNamed(const QString &entry);
+    void launchNamed(const QString &entry, const Answer &answer);
+    void launchGroup(const QString &name, const Answer &answer);
+    [[nodiscard]] Answer inTime(const Answer &answer);
+    void launch(const QString &id, const Answer &answer);
     void closeAfterLaunch();
     void hideShelf();
     void followPointer();

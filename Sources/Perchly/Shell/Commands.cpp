@@ -7,8 +7,11 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <utility>
 
 namespace perchly {
+
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -21,6 +24,17 @@ QUuid identifierOf(const QString &name, const auto &records) {
 }
 
 } // namespace
+
+void AppDelegate::perform(const QStringList &command, const Answer &answer) {
+    const QString problem = perform(command);
+    if (problem.isEmpty() && command.first() == QStringLiteral("launch")) {
+        launchNamed(command.at(1), inTime(answer));
+    } else if (problem.isEmpty() && command.first() == QStringLiteral("group")) {
+        launchGroup(command.at(1), inTime(answer));
+    } else {
+        answer(problem);
+    }
+}
 
 QString AppDelegate::perform(const QStringList &command) {
     if (const QString problem = command::problem(command); !problem.isEmpty()) {
@@ -76,35 +90,53 @@ QString AppDelegate::perform(const QString &name, const QStringList &arguments) 
             {QStringLiteral("back"), QStringLiteral("rewind")},
             {QStringLiteral("forward"), QStringLiteral("forward")}};
         m_model.control(words.value(argument));
-    } else if (name == QStringLiteral("launch")) {
-        return launchNamed(argument);
     } else if (name == QStringLiteral("layout")) {
         const QUuid id = identifierOf(argument, m_productivity.layouts()->list());
         if (id.isNull()) {
             return tr("There is no layout “%1”.").arg(argument);
         }
         m_productivity.layouts()->apply(id);
-    } else if (name == QStringLiteral("group")) {
-        const QUuid id = identifierOf(argument, extras().groups()->list());
-        if (id.isNull()) {
-            return tr("There is no launch group “%1”.").arg(argument);
-        }
-        extras().groups()->launch(id);
     }
     return {};
 }
 
-QString AppDelegate::launchNamed(const QString &entry) {
+/// Passes on the first error; none if there is no result in time.
+AppDelegate::Answer AppDelegate::inTime(const Answer &answer) {
+    struct Pending {
+        Answer answer;
+        Task limit = {};
+    };
+    const auto pending = std::make_shared<Pending>(answer);
+    const auto give = [pending = pending.get()](const QString &error) {
+        pending->limit.reset();
+        if (const Answer open = std::exchange(pending->answer, {})) {
+            open(error);
+        }
+    };
+    pending->limit = m_hosts.clock->after(1500ms, [give] { give({}); });
+    return [pending, give](const QString &error) { give(error); };
+}
+
+void AppDelegate::launchGroup(const QString &name, const Answer &answer) {
+    const QUuid id = identifierOf(name, extras().groups()->list());
+    if (id.isNull()) {
+        answer(tr("There is no launch group “%1”.").arg(name));
+    } else {
+        extras().groups()->launch(id, answer);
+    }
+}
+
+void AppDelegate::launchNamed(const QString &entry, const Answer &answer) {
     const QList<ShelfItem> shown = m_library.shown();
     const auto named = std::ranges::find_if(shown, [&entry](const ShelfItem &item) {
         return item.name.compare(entry, Qt::CaseInsensitive) == 0;
     });
     const qsizetype index = named == shown.cend() ? entry.toLongLong() - 1 : named - shown.cbegin();
     if (index < 0 || index >= shown.size()) {
-        return tr("The shelf has no entry “%1”.").arg(entry);
+        answer(tr("The shelf has no entry “%1”.").arg(entry));
+    } else {
+        launch(shown.at(index).id, answer);
     }
-    launch(shown.at(index).id);
-    return {};
 }
 
 void AppDelegate::hideShelf() {

@@ -70,12 +70,16 @@ int perchlyRun(int &argc, char **argv, const QStringList &command, BackgroundSta
          .toolsView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/Productivity/ProductivityView.qml")),
          .mixerView = QUrl(QStringLiteral("qrc:/qt/qml/Perchly/VolumeMixer/VolumeMixerView.qml"))});
     instance->setPerformer(
-        [&delegate](const QStringList &received) { return delegate.perform(received); });
+        [&delegate](const QStringList &received, const SingleInstance::Answer &answer) {
+            delegate.perform(received, answer);
+        });
     const TerminationSignals signals;
     QObject::connect(&signals, &TerminationSignals::requested, &delegate, &AppDelegate::terminate);
     delegate.launch();
     if (background.isBackground()) {
-        QTimer::singleShot(0, &delegate, [&] { background.finish(delegate.perform(command)); });
+        QTimer::singleShot(0, &delegate, [&] {
+            delegate.perform(command, [&](const QString &error) { background.finish(error); });
+        });
     }
     Capture::removeOld(*hosts.preferences);
     const int status = QApplication::exec();

@@ -41,7 +41,7 @@ int main(int argc, char **argv) {
     const QStringList command =
         line.command.isEmpty() ? QStringList(QStringLiteral("show")) : line.command;
     if (qEnvironmentVariable("PERCHLY_HOSTS") != QStringLiteral("null")) {
-        if (const auto error = instancesocket::send(command, 1s)) {
+        if (const auto error = instancesocket::send(command, 2s)) {
             return background.finish(*error);
         }
     }
