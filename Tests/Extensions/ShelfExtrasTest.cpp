@@ -159,6 +159,7 @@ private Q_SLOTS:
 
     void captureErrorStaysUntilTheNextCapture() {
         ExtrasFixture f;
+        f.extras.setSection(QStringLiteral("Device"));
         Capture &capture = *f.extras.capture();
         for (const int status : {1, 0}) {
             capture.start();

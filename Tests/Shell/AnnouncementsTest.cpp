@@ -77,23 +77,27 @@ private Q_SLOTS:
     void shortcutsAndCapturesAreAnnouncedUnlessSeenOrSwitchedOff() {
         AnnouncementsFixture shell(
             [](FakeHosts &fake) { fake.preferences.setBoolean(keys::announceFocus, false); });
+        Productivity &tools = shell.delegate->productivity();
         const auto use = [&] {
             shell.model.focus();
             shell.fake.clock.advance(25min);
-            shell.delegate->productivity().shortcuts()->run(QStringLiteral("a"));
+            tools.shortcuts()->run(QStringLiteral("a"));
             shell.fake.shortcuts.calls.answer(ShortcutsTool::Result{.status = 1});
             shell.delegate->extras().capture()->start();
             shell.fake.clock.advance(1s);
             shell.fake.screenCapture.captures.answer(1); // it fails
         };
         use();
-        QCOMPARE(shell.shown(), QStringList({QStringLiteral("Capture failed"),
-                                             QStringLiteral("Shortcut failed")}));
-        shell.click();
-        QCOMPARE(shell.delegate->extras().section(), QStringLiteral("Device"));
+        QCOMPARE(shell.shown(), QStringList{QStringLiteral("Shortcut failed")});
+        // The capture opens the workspace window.
+        QCOMPARE(tools.message(), QStringLiteral("The screen could not be captured."));
+        tools.dismissMessage();
         shell.notifications.open.clear();
         shell.showWorkspace();
         use();
+        shell.showWorkspace();
+        Q_EMIT shell.delegate->extras().capture()->captured(QUrl(QStringLiteral("file:///a.png")));
+        shell.fake.clock.advance(1s);
         QCOMPARE(shell.shown(), QStringList());
     }
 
@@ -101,6 +105,7 @@ private Q_SLOTS:
         AnnouncementsFixture shell;
         Capture *const capture = shell.delegate->extras().capture();
         Q_EMIT capture->captured(QUrl(QStringLiteral("file:///a.png")));
+        shell.fake.clock.advance(1s);
         QCOMPARE(shell.shown(), QStringList{QStringLiteral("Capture taken|Open|Copy")});
         shell.click(QStringLiteral("Copy"));
         QCOMPARE(shell.fake.pictures.readings.count(), 1U);
@@ -108,24 +113,37 @@ private Q_SLOTS:
         QCOMPARE(shell.shown(), QStringList());
     }
 
-    void failedLaunchIsShownOnTheShelf() {
+    void failureIsShownOnce() {
         AnnouncementsFixture shell;
+        const QString message = QStringLiteral("Could not open App. It is missing.");
+        shell.delegate->library().setItems(
+            {ShelfItem::forApplication(QStringLiteral("/a"), QStringLiteral("App"))});
+        QStringList answers;
         const auto launch = [&] {
-            shell.delegate->library().add(
-                ShelfItem::forApplication(QStringLiteral("/a"), QStringLiteral("App")));
-            shell.delegate->launch(QStringLiteral("/a"));
+            shell.delegate->perform({QStringLiteral("launch"), QStringLiteral("1")},
+                                    [&](const QString &error) { answers.append(error); });
+        };
+        const auto fail = [&] {
             shell.fake.applications.asked.takeLast().second(QStringLiteral("It is missing."));
         };
         launch();
-        QCOMPARE(shell.shown(), QStringList{QStringLiteral("Launch failed")});
+        fail();
+        QCOMPARE(answers, QStringList{message});
+        QCOMPARE(shell.notifications.open.first().body, message);
         shell.click();
         QVERIFY(shell.expanded());
-        QCOMPARE(shell.model.controlError(), QStringLiteral("Could not open App. It is missing."));
-        shell.model.clearControlError();
-        QCOMPARE(shell.shown(), QStringList());
+        QCOMPARE(shell.model.controlError(), QString());
+        shell.notifications.open.clear();
         launch();
-        QCOMPARE(shell.model.errorTitle(), QStringLiteral("Launch failed"));
+        shell.fake.clock.advance(2s);
+        QCOMPARE(answers.size(), 2);
+        fail();
+        QCOMPARE(answers, QStringList({message, QString()})); // it could not wait longer
+        QCOMPARE(shell.model.controlError(), message);
         QCOMPARE(shell.shown(), QStringList());
+        shell.delegate->productivity().failureNotice()(message);
+        QCOMPARE(shell.shown(), QStringList(QStringLiteral("Command failed")));
+        QCOMPARE(shell.delegate->productivity().message(), QString());
     }
 
     void meetingsAreAnnouncedOnceFiveMinutesBefore() {

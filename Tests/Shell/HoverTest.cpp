@@ -127,8 +127,9 @@ private Q_SLOTS:
         model.setTyping(false);
         QVERIFY(!isOpenLater());
         model.setControlError(QStringLiteral("It failed, too late."));
+        QVERIFY(model.controlError().isNull());
         shell.pointerOntoPill();
-        QVERIFY(!model.controlError().isNull());
+        model.setControlError(QStringLiteral("It failed."));
         model.setExpanded(false);
         QVERIFY(model.controlError().isNull());
     }

@@ -26,8 +26,9 @@ public:
 
     /// Whether the user is choosing a region, or is about to.
     [[nodiscard]] bool active() const { return m_active; }
-    /// Why the last capture failed; null if it succeeded.
+    /// Why the last capture failed; null if it succeeded or the error was dismissed.
     [[nodiscard]] QString error() const { return m_error; }
+    Q_INVOKABLE void dismissError() { setError({}); }
     /// Hides the program's windows, lets the user choose a part of the screen, announces the
     /// picture, and shows the workspace window. Does nothing during a capture.
     Q_INVOKABLE void start();

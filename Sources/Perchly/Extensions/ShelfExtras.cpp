@@ -26,6 +26,13 @@ ShelfExtras::ShelfExtras(Hosts &hosts, ShelfLibrary &library, Productivity &prod
                 held->hold({file});
                 setSection(QStringLiteral("Files"));
             });
+    connect(&m_capture, &Capture::errorChanged, this, [this, notice = productivity.notice()] {
+        const QString error = m_capture.error();
+        if (!error.isEmpty() && m_section != QStringLiteral("Device")) { // which shows it
+            m_capture.dismissError();
+            notice(error);
+        }
+    });
     m_poll = hosts.clock->every(30s, [this] {
         m_battery.refresh();
         m_meetings.refresh();

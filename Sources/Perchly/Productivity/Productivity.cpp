@@ -14,7 +14,7 @@ Productivity::Productivity(Hosts &hosts, ShelfLibrary &library, ShelfModel &mode
     , m_hosts(hosts)
     , m_held(*hosts.openPanel)
     , m_clipboard(*hosts.pasteboard, *hosts.pictures, *hosts.clock, briefNotice())
-    , m_shortcuts(*hosts.shortcuts, *hosts.applications, library, notice())
+    , m_shortcuts(*hosts.shortcuts, *hosts.applications, library, notice(), briefNotice())
     , m_layouts(*hosts.preferences, library, model) {
     connect(hosts.preferences.get(), &Preferences::failed, this, [this](const QString &reason) {
         setMessage(tr("Could not save your changes yet. %1.").arg(reason));

@@ -11,16 +11,17 @@
 namespace perchly {
 
 Shortcuts::Shortcuts(ShortcutsTool &tool, Applications &applications, ShelfLibrary &library,
-                     Notice notice, QObject *parent)
+                     Notice notice, Notice briefNotice, QObject *parent)
     : KeyedRows({"name", "label"}, parent)
     , m_tool(tool)
     , m_applications(applications)
     , m_library(library)
-    , m_notice(std::move(notice)) {
+    , m_notice(std::move(notice))
+    , m_briefNotice(std::move(briefNotice)) {
     // Its exit status is unknown.
     m_busy = tool.resume([guard = QPointer(this)] {
         if (guard && guard->m_stopped) {
-            guard->m_notice(tr("Stopped: %1").arg(guard->m_busy));
+            guard->m_briefNotice(tr("Stopped: %1").arg(guard->m_busy));
         }
         if (guard) {
             guard->setBusy({});
@@ -68,17 +69,21 @@ void Shortcuts::run(const QString &name) {
         return;
     }
     setBusy(name.isNull() ? QStringLiteral("") : name); // not null, even if the name is
-    m_run = m_tool.execute({QStringLiteral("run"), name}, [this, name](
-                                                              const ShortcutsTool::Result &result) {
-        const bool stopped = m_stopped;
-        setBusy({});
-        m_notice(result.status == 0 ? tr("Finished: %1").arg(name)
-                 : stopped          ? tr("Stopped: %1").arg(name)
-                           : tr("Shortcut failed: %1. Run it in a terminal to see why.").arg(name));
-        if (!stopped) {
-            Q_EMIT ended(name, result.status == 0);
-        }
-    });
+    m_run = m_tool.execute(
+        {QStringLiteral("run"), name}, [this, name](const ShortcutsTool::Result &result) {
+            const bool stopped = m_stopped;
+            setBusy({});
+            if (result.status == 0) {
+                m_briefNotice(tr("Finished: %1").arg(name));
+            } else if (stopped) {
+                m_briefNotice(tr("Stopped: %1").arg(name));
+            } else {
+                m_notice(tr("Shortcut failed: %1. Run it in a terminal to see why.").arg(name));
+            }
+            if (!stopped) {
+                Q_EMIT ended(name, result.status == 0);
+            }
+        });
 }
 
 void Shortcuts::stop() {

@@ -18,10 +18,10 @@ class Shortcuts : public perchly::KeyedRows {
     Q_PROPERTY(bool busyIsUnlisted READ busyIsUnlisted NOTIFY busyChanged FINAL)
     Q_PROPERTY(QString folder READ folder CONSTANT FINAL)
 public:
-    /// Shows a shortcut that an earlier instance of the program left running as busy. The arguments
-    /// must outlive this object.
+    /// Shows a shortcut that an earlier instance of the program left running as busy. `briefNotice`
+    /// is for what did not fail. The arguments must outlive this object.
     Shortcuts(ShortcutsTool &tool, Applications &applications, ShelfLibrary &library, Notice notice,
-              QObject *parent = nullptr);
+              Notice briefNotice, QObject *parent = nullptr);
 
     /// Name of the running shortcut; null if none runs.
     [[nodiscard]] QString busy() const { return m_busy; }
@@ -52,6 +52,7 @@ private:
     Applications &m_applications;
     ShelfLibrary &m_library;
     Notice m_notice;
+    Notice m_briefNotice;
     QString m_busy;
     bool m_isListed = false; ///< once
     bool m_stopped = false;  ///< stop() was called for the busy shortcut

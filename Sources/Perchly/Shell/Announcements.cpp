@@ -76,7 +76,11 @@ void Announcements::followShortcuts() {
     connect(shortcuts, &Shortcuts::busyChanged, this,
             [this] { m_notifications.close(shortcutTag); });
     connect(shortcuts, &Shortcuts::ended, this, [this](const QString &name, bool succeeded) {
-        if (m_sources.preferences.announcesShortcuts() && !m_seesWorkspace()) {
+        if (m_seesWorkspace()) {
+            return;
+        }
+        m_sources.productivity.dismissMessage();
+        if (m_sources.preferences.announcesShortcuts()) {
             m_notifications.show(
                 {.tag = shortcutTag,
                  .title = succeeded ? tr("Shortcut finished") : tr("Shortcut failed"),
@@ -91,14 +95,16 @@ void Announcements::followCaptures() {
     Capture *const capture = m_sources.extras.capture();
     connect(capture, &Capture::activeChanged, this, [this, capture] {
         if (capture->active()) {
-            m_sawWorkspace = m_seesWorkspace(); // which the capture hides, and shows again
             m_notifications.close(captureTag);
         }
     });
     connect(capture, &Capture::captured, this, [this](const QUrl &file) {
-        if (m_sources.preferences.announcesCaptures() && !m_sawWorkspace) {
-            announceCapture(file.toLocalFile());
-        }
+        // The workspace window opens and shows it, unless the user keeps that out of sight.
+        m_captured = m_hosts.clock->after(1s, [this, file] {
+            if (m_sources.preferences.announcesCaptures() && !m_seesWorkspace()) {
+                announceCapture(file.toLocalFile());
+            }
+        });
     });
 }
 
@@ -121,8 +127,10 @@ void Announcements::followFailures() {
         if (model->controlError().isEmpty()) {
             m_notifications.close(failureTag);
         } else if (!model->expanded()) {
-            announceFailure(model->errorTitle(), model->controlError(),
-                            [this] { m_shell.showShelf(); });
+            const QString title = model->errorTitle();
+            const QString error = model->controlError();
+            model->clearControlError(); // so that the shelf does not show it later
+            announceFailure(title, error, [this] { m_shell.showShelf(); });
         }
     });
     Productivity *const tools = &m_sources.productivity;
@@ -130,13 +138,7 @@ void Announcements::followFailures() {
         if (!m_seesWorkspace()) {
             announceFailure(tr("Command failed"), tools->message(),
                             [this] { m_shell.showTools(); });
-        }
-    });
-    Capture *const capture = m_sources.extras.capture();
-    connect(capture, &Capture::errorChanged, this, [this, capture] {
-        const QString device = QStringLiteral("Device");
-        if (!capture->error().isEmpty() && m_sources.extras.section() != device) {
-            announceFailure(tr("Capture failed"), capture->error(), opening(device));
+            tools->dismissMessage();
         }
     });
 }

@@ -19,7 +19,7 @@ class ShellActions;
 
 /// Shows desktop notifications: of sessions, shortcuts, captures, failures and meetings. Leaves out
 /// the kinds that the user has switched off, and those that the open shelf or the workspace window
-/// shows anyway. Main thread only.
+/// shows anyway. What happens while these are closed is not shown there later. Main thread only.
 class Announcements : public QObject {
     Q_OBJECT
 public:
@@ -54,8 +54,8 @@ private:
     Sources m_sources;
     ShellActions &m_shell;
     std::function<bool()> m_seesWorkspace;
-    bool m_sawWorkspace = false;                 ///< when the last capture began
     QHash<QString, Clock::TimePoint> m_reminded; ///< meetings announced, with their start
+    Task m_captured;
     Task m_reminder;
 };
 

@@ -54,6 +54,16 @@ WindowBody {
     Component.onCompleted: root.show()
     onSectionChanged: root.show()
 
+    Connections {
+        target: root.Window.window
+
+        function onVisibleChanged() {
+            if (!root.Window.window.visible) {
+                root.tools.dismissMessage();
+                root.extras.capture.dismissError();
+            }
+        }
+    }
     RowLayout {
         spacing: 10
 
