@@ -2,24 +2,22 @@ import QtQuick
 import QtQuick.Layouts
 import Perchly.Look
 
-/// The last notice of a store, over the bottom of its parent, with a button to dismiss it.
+/// The last notice of a store, with a button to dismiss it.
 RoundedRect {
     id: root
 
     property string message: ""
+    property real maxWidth: 0
 
     signal dismissed()
 
-    anchors.bottom: parent.bottom
-    anchors.bottomMargin: 14
-    anchors.horizontalCenter: parent.horizontalCenter
     borderColor: Theme.line
     borderWidth: 1
     color: Qt.rgba(0.11, 0.115, 0.13, 1)
     height: Math.ceil(row.implicitHeight) + 16
     radius: 12
     visible: root.message !== ""
-    width: Math.min(parent.width - 48, Math.ceil(row.implicitWidth) + 24)
+    width: Math.min(root.maxWidth, Math.ceil(row.implicitWidth) + 24)
 
     MouseArea {
         // Nothing below takes the press.
@@ -37,7 +35,9 @@ RoundedRect {
         BodyText {
             Accessible.role: Accessible.AlertMessage
             Layout.fillWidth: true
+            elide: Text.ElideRight
             font.pixelSize: 12
+            maximumLineCount: 5
             text: root.message
         }
         PushButton {

@@ -53,18 +53,16 @@ WindowBody {
 
     Component.onCompleted: root.show()
     onSectionChanged: root.show()
-
-    Connections {
-        target: root.Window.window
-
-        function onVisibleChanged() {
-            if (!root.Window.window.visible) {
-                root.tools.dismissMessage();
-                root.extras.capture.dismissError();
-            }
+    onShownChanged: {
+        if (!root.shown) {
+            root.tools.dismissMessage();
+            root.extras.capture.dismissError();
         }
     }
+
     RowLayout {
+        id: picker
+
         spacing: 10
 
         Label {
@@ -89,8 +87,12 @@ WindowBody {
     }
 
     NoticeRow {
+        // Beside the title and the picker, where it covers nothing.
+        maxWidth: root.width - 2 * root.padding - picker.implicitWidth - 16
         message: root.tools.message
         parent: root
+        x: root.width - root.padding - width
+        y: root.padding + picker.y + picker.height + 6 - height
 
         onDismissed: root.tools.dismissMessage()
     }
