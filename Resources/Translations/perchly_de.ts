@@ -268,6 +268,82 @@
         <source>Perchly needs an X display to start.</source>
         <translation>Perchly benötigt zum Starten eine X-Anzeige.</translation>
     </message>
+    <message>
+        <source>“%1” takes no argument.</source>
+        <translation>„%1“ hat kein Argument.</translation>
+    </message>
+    <message>
+        <source>“hold” needs a file.</source>
+        <translation>„hold“ braucht eine Datei.</translation>
+    </message>
+    <message>
+        <source>“%1” needs one name.</source>
+        <translation>„%1“ braucht genau einen Namen.</translation>
+    </message>
+    <message>
+        <source>There is no command “%1”. “perchly --help” lists the commands.</source>
+        <translation>Den Befehl „%1“ gibt es nicht. „perchly --help“ zeigt alle Befehle.</translation>
+    </message>
+    <message>
+        <source>“%1” takes one of these: %2.</source>
+        <translation>„%1“ braucht eines von diesen Wörtern: %2.</translation>
+    </message>
+    <message>
+        <source>Usage: perchly [COMMAND]
+
+Perchly is a shelf at the edge of your screen. Without a command it starts, or shows the
+shelf if it is running. A command reaches the running Perchly, or starts it first.
+
+  toggle                open the shelf in keyboard mode, or close it
+  show, hide            open or close the shelf
+  search                search apps, files, clipboard and snippets
+  workspace [SECTION]   open the workspace: search, files, clipboard, layouts,
+                        shortcuts, meetings, launch, snippets, focus or device
+  mixer                 open the volume mixer
+  settings              open the settings
+  capture               capture a part of the screen
+  hold FILE...          hold files, folders and web links
+  launch ENTRY          launch an entry of the shelf, by number or name
+  layout NAME           apply a saved layout
+  group NAME            open a launch group
+  player ACTION         play-pause, next, previous, back or forward
+  focus ACTION          start, break, pause (or resume) or stop
+  dock EDGE             dock the shelf at the top, left or right
+  quit                  quit Perchly
+
+  -h, --help            show this help
+  -v, --version         show the version
+
+The exit status is 0, 1 if the command failed, or 2 if it is wrong.
+</source>
+        <translation>Aufruf: perchly [BEFEHL]
+
+Perchly ist eine Leiste am Bildschirmrand. Ohne Befehl startet es oder zeigt die Leiste, falls es
+schon läuft. Ein Befehl geht an das laufende Perchly oder startet es zuvor.
+
+  toggle                Leiste im Tastaturmodus öffnen oder sie schließen
+  show, hide            Leiste öffnen oder schließen
+  search                Anwendungen, Dateien, Zwischenablage und Textbausteine durchsuchen
+  workspace [BEREICH]   Arbeitsbereich öffnen: search, files, clipboard, layouts,
+                        shortcuts, meetings, launch, snippets, focus oder device
+  mixer                 Lautstärkemixer öffnen
+  settings              Einstellungen öffnen
+  capture               Bildschirmausschnitt aufnehmen
+  hold DATEI...         Dateien, Ordner und Weblinks ablegen
+  launch EINTRAG        Eintrag der Leiste nach Nummer oder Namen starten
+  layout NAME           gespeichertes Layout anwenden
+  group NAME            Startgruppe öffnen
+  player AKTION         play-pause, next, previous, back oder forward
+  focus AKTION          start, break, pause (oder fortsetzen) oder stop
+  dock RAND             Leiste andocken: top, left oder right
+  quit                  Perchly beenden
+
+  -h, --help            diese Hilfe anzeigen
+  -v, --version         Version anzeigen
+
+Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
+</translation>
+    </message>
 </context>
 <context>
     <name>CompactLook</name>
@@ -305,6 +381,10 @@
     <message>
         <source>Ready</source>
         <translation>Bereit</translation>
+    </message>
+    <message>
+        <source>Break</source>
+        <translation>Pause</translation>
     </message>
 </context>
 <context>

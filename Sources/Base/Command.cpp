@@ -39,35 +39,38 @@ const QHash<QString, QStringList> &choices() {
     return words;
 }
 
-QString translated(const char *text) {
-    return QCoreApplication::translate("Command", text);
-}
-
 } // namespace
 
 QString problem(const QStringList &command) {
     const QString name = command.value(0);
     const qsizetype arguments = command.size() - 1;
     if (plain().contains(name)) {
-        return arguments == 0 ? QString() : translated("“%1” takes no argument.").arg(name);
+        return arguments == 0
+                   ? QString()
+                   : QCoreApplication::translate("Command", "“%1” takes no argument.").arg(name);
     }
     if (name == QStringLiteral("hold")) {
-        return arguments > 0 ? QString() : translated("“hold” needs a file.");
+        return arguments > 0 ? QString()
+                             : QCoreApplication::translate("Command", "“hold” needs a file.");
     }
     if (name == QStringLiteral("launch") || name == QStringLiteral("layout") ||
         name == QStringLiteral("group")) {
-        return arguments == 1 ? QString() : translated("“%1” needs one name.").arg(name);
+        return arguments == 1
+                   ? QString()
+                   : QCoreApplication::translate("Command", "“%1” needs one name.").arg(name);
     }
     const QStringList words = choices().value(name);
     if (words.isEmpty()) {
-        return translated("There is no command “%1”. “perchly --help” lists the commands.")
+        return QCoreApplication::translate(
+                   "Command", "There is no command “%1”. “perchly --help” lists the commands.")
             .arg(name);
     }
     const bool isOptional = arguments == 0 && name == QStringLiteral("workspace");
     const bool isKnown = arguments == 1 && words.contains(command.at(1), Qt::CaseInsensitive);
     return isOptional || isKnown
                ? QString()
-               : translated("“%1” takes one of these: %2.").arg(name, words.join(u", "));
+               : QCoreApplication::translate("Command", "“%1” takes one of these: %2.")
+                     .arg(name, words.join(u", "));
 }
 
 QString workspaceSection(const QString &name) {
@@ -91,7 +94,8 @@ bool needsDisplay(const QStringList &command) {
 }
 
 QString help() {
-    return translated(
+    return QCoreApplication::translate(
+        "Command",
         "Usage: perchly [COMMAND]\n"
         "\n"
         "Perchly is a shelf at the edge of your screen. Without a command it starts, or shows the\n"

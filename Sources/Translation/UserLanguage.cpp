@@ -9,6 +9,14 @@ namespace perchly {
 
 namespace {
 
+QLocale userLanguage() {
+    return QLocale(QLocale::system().uiLanguages().value(0));
+}
+
+bool isEnglish(const QLocale &language) {
+    return language.language() == QLocale::English || language.language() == QLocale::C;
+}
+
 bool load(const QLocale &language, const QString &name, const QString &folder) {
     auto *translator = new QTranslator(QCoreApplication::instance());
     return translator->load(language, name, QStringLiteral("_"), folder) &&
@@ -18,11 +26,22 @@ bool load(const QLocale &language, const QString &name, const QString &folder) {
 } // namespace
 
 void loadUserLanguage() {
-    const QLocale language(QLocale::system().uiLanguages().value(0));
-    if (language.language() != QLocale::English && language.language() != QLocale::C &&
-        load(language, QStringLiteral("perchly"), QStringLiteral(":/translations"))) {
+    const QString texts = QStringLiteral("perchly");
+    const QString folder = QStringLiteral(":/translations");
+    const QLocale language = userLanguage();
+    if (isEnglish(language) || !load(language, texts, folder)) {
+        load(QLocale::English, texts, folder); // "1 minute", "2 minutes"
+    } else {
         load(language, QStringLiteral("qtbase"),
              QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+    }
+}
+
+void loadUserLanguageToPrint() {
+    if (QCoreApplication::instance() == nullptr && !isEnglish(userLanguage())) {
+        static int arguments = 0;
+        new QCoreApplication(arguments, nullptr); // until the process ends
+        loadUserLanguage();
     }
 }
 

@@ -1,5 +1,7 @@
 #include "BackgroundStart.h"
 
+#include "UserLanguage.h"
+
 #include <QByteArray>
 #include <QCoreApplication>
 
@@ -47,10 +49,12 @@ std::optional<QString> BackgroundStart::fork() {
     }
     close(ends[1]);
     const QByteArray answer = readAll(ends[0]);
-    return answer.endsWith('\n')
-               ? QString::fromUtf8(answer.trimmed())
-               : QCoreApplication::translate("Command", "Perchly could not start. Run “perchly” "
-                                                        "without a command to see why.");
+    if (answer.endsWith('\n')) {
+        return QString::fromUtf8(answer.trimmed());
+    }
+    loadUserLanguageToPrint();
+    return QCoreApplication::translate(
+        "Command", "Perchly could not start. Run “perchly” without a command to see why.");
 }
 
 int BackgroundStart::finish(const QString &error) {

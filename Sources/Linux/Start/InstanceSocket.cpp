@@ -1,5 +1,7 @@
 #include "InstanceSocket.h"
 
+#include "UserLanguage.h"
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QScopeGuard>
@@ -78,6 +80,7 @@ std::optional<QString> send(const QStringList &command, std::chrono::millisecond
 }
 
 QString noAnswer(qint64 process) {
+    loadUserLanguageToPrint();
     return QCoreApplication::translate(
                "Command", "another instance is running, but it does not answer: process %1")
         .arg(process);

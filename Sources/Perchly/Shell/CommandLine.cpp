@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 
 #include "Command.h"
+#include "UserLanguage.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -43,6 +44,7 @@ CommandLine holding(const QStringList &arguments) {
     for (const QString &argument : arguments.mid(1)) {
         const QUrl url = urlToHold(argument);
         if (url.isEmpty()) {
+            loadUserLanguageToPrint();
             complain(
                 QCoreApplication::translate("Command", "“%1” is not a file, folder or web link.")
                     .arg(argument));
@@ -69,9 +71,11 @@ CommandLine readCommandLine(int argc, char **argv) {
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     parser.addOptions({help, version, session});
     if (!parser.parse(arguments)) {
+        loadUserLanguageToPrint();
         return wrong(parser.errorText());
     }
     if (parser.isSet(help)) {
+        loadUserLanguageToPrint();
         std::fputs(qUtf8Printable(command::help()), stdout);
         return {.command = {}, .status = EXIT_SUCCESS};
     }
@@ -83,8 +87,9 @@ CommandLine readCommandLine(int argc, char **argv) {
     if (command.isEmpty()) {
         return {};
     }
-    if (const QString problem = command::problem(command); !problem.isEmpty()) {
-        return wrong(problem);
+    if (!command::problem(command).isEmpty()) {
+        loadUserLanguageToPrint();
+        return wrong(command::problem(command));
     }
     return command.first() == QStringLiteral("hold")
                ? holding(command)

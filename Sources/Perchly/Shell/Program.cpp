@@ -35,6 +35,7 @@ int perchlyRun(int &argc, char **argv, const QStringList &command, BackgroundSta
     std::optional<UnansweringBusHider> busHider(std::in_place);
     std::optional<WindowSystemChoice> windowSystem(std::in_place);
     if (background.isBackground() && !windowSystem->hasDisplay()) {
+        loadUserLanguageToPrint();
         return background.finish(
             QCoreApplication::translate("Command", "Perchly needs an X display to start."));
     }

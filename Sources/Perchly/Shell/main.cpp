@@ -5,6 +5,7 @@
 #include "CommandLine.h"
 #include "InstanceSocket.h"
 #include "Program.h"
+#include "UserLanguage.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -47,6 +48,7 @@ int main(int argc, char **argv) {
     }
     if (!line.command.isEmpty()) {
         if (command::onlyEnds(command)) {
+            loadUserLanguageToPrint();
             background.finish(QCoreApplication::translate("Command", "Perchly is not running."));
             return EXIT_SUCCESS;
         }
