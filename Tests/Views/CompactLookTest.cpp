@@ -11,6 +11,7 @@ private Q_SLOTS:
     void showsTheMostImportantActivity() {
         CompactFacts facts{.busyShortcut = QStringLiteral("Resize images"),
                            .timerRuns = true,
+                           .isBreak = true,
                            .seconds = 125,
                            .musicActive = true,
                            .playing = true,
@@ -23,6 +24,8 @@ private Q_SLOTS:
         };
         QCOMPARE(look(), QStringLiteral("bolt.fill, Resize images, Running"));
         facts.busyShortcut = QString();
+        QCOMPARE(look(), QStringLiteral("timer, Break, 02:05"));
+        facts.isBreak = false;
         QCOMPARE(look(), QStringLiteral("timer, Focus, 02:05"));
         facts.timerRuns = false;
         QCOMPARE(look(), QStringLiteral("waveform, Clair de lune, Playing"));

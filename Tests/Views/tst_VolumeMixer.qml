@@ -22,7 +22,7 @@ ViewTestCase {
     function test_appIsEnabledAndReleased() {
         root.open([]);
         compare(root.everything(), [
-            "Heading: App volume", "Button: Release all",
+            "Heading: App volume", "Button: Release all (disabled)",
             "StaticText: Start audio in an app, then enable its slider. Audio stays on this computer; nothing is recorded or uploaded.",
             "StaticText: Release restores the app’s original audio route.",
             "StaticText: No apps playing audio. Start music or a video, then refresh.",

@@ -85,8 +85,8 @@ ViewTestCase {
                           "List: Meetings", "StaticText: Connect Calendar to see upcoming meetings."]],
             ["Launch", ["EditableText: Workspace name", "Button: Save current (disabled)"]],
             ["Snippets", ["EditableText: New snippet", "Button: Pin (disabled)", "CheckBox: Keep pinned snippets after quitting"]],
-            ["Focus", ["SpinBox: Focus: 25 minutes", "SpinBox: Break: 5 minutes", "StaticText: 00:00",
-                       "Button: Start focus", "Button: Start break", "Button: Resume (disabled)", "Button: End",
+            ["Focus", ["SpinBox: Focus: 25 minutes", "SpinBox: Break: 5 minutes", "StaticText: 25:00",
+                       "Button: Start focus", "Button: Start break", "Button: Resume (disabled)", "Button: End (disabled)",
                        "StaticText: Today: 0 focus sessions · 0 minutes"]],
             ["Battery", ["Button: Refresh battery", "Button: Capture screen region"]]
         ]) {

@@ -131,6 +131,8 @@ public:
     /// Setting the wall clock or the time zone affects only the day that the session counts for.
     [[nodiscard]] int seconds() const { return m_seconds; }
     [[nodiscard]] bool running() const { return m_running; }
+    /// Whether the current or last countdown is a break.
+    [[nodiscard]] bool isBreak() const { return m_isBreak; }
     /// Sessions and minutes completed on this local day.
     [[nodiscard]] int todaySessions() const { return m_todaySessions; }
     [[nodiscard]] int todayMinutes() const { return m_todayMinutes; }
@@ -213,7 +215,7 @@ private:
     bool m_controlling = false;
     int m_seconds = 0;
     bool m_running = false;
-    bool m_isBreak = false; ///< of the current or last countdown
+    bool m_isBreak = false;
     int m_todaySessions = 0;
     int m_todayMinutes = 0;
     std::optional<std::chrono::nanoseconds> m_deadline; ///< by Clock::uptime()

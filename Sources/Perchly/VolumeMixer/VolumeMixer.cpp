@@ -173,6 +173,7 @@ void VolumeMixer::enable(quint32 id) {
     m_levels.levels[id] = 1;
     scheduleRefresh();
     m_apps.refresh();
+    Q_EMIT routingChanged();
 }
 
 void VolumeMixer::release(quint32 id) {
@@ -180,6 +181,7 @@ void VolumeMixer::release(quint32 id) {
     m_levels.levels.erase(id);
     m_levels.muted.erase(id);
     m_apps.refresh();
+    Q_EMIT routingChanged();
 }
 
 void VolumeMixer::releaseAll() {

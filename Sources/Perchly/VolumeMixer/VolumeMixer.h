@@ -17,6 +17,7 @@ class VolumeMixer : public QObject {
     Q_OBJECT
     Q_PROPERTY(perchly::AudioAppList *apps READ appList CONSTANT FINAL)
     Q_PROPERTY(QString error READ error NOTIFY errorChanged FINAL)
+    Q_PROPERTY(bool routing READ routing NOTIFY routingChanged FINAL)
     Q_PROPERTY(bool supported READ supported NOTIFY supportedChanged FINAL)
 public:
     /// Both arguments must outlive the mixer. The owner of the audio system starts it.
@@ -33,6 +34,8 @@ public:
     [[nodiscard]] const std::set<AudioObject> &muted() const { return m_levels.muted; }
     /// The last failure or notice, kept until the next one; null if there was none.
     [[nodiscard]] QString error() const { return m_error; }
+    /// Whether any process is routed.
+    [[nodiscard]] bool routing() const { return !m_routes.empty(); }
     /// Whether the audio system can route a single process.
     [[nodiscard]] bool supported() const { return m_supported; }
 
@@ -50,6 +53,7 @@ public:
 
 Q_SIGNALS:
     void errorChanged();
+    void routingChanged();
     void supportedChanged();
 
 private:

@@ -11,7 +11,12 @@ ColumnLayout {
     required property ShelfModel model
     required property ShelfPreferences preferences
 
+    readonly property bool counting: root.model.seconds > 0
+    /// The remaining time of a session, or the length of the next one.
     readonly property string remaining: {
+        if (!root.counting) {
+            return root.preferences.focusMinutes + ":00";
+        }
         const digits = number => String(number).padStart(2, "0");
         return digits(Math.floor(root.model.seconds / 60)) + ":" + digits(root.model.seconds % 60);
     }
@@ -74,12 +79,13 @@ ColumnLayout {
         }
         PushButton {
             text: root.model.running ? qsTr("Pause") : qsTr("Resume")
-            usable: root.model.seconds > 0
+            usable: root.counting
 
             onActivated: root.model.togglePause()
         }
         PushButton {
             text: qsTr("End")
+            usable: root.counting
 
             onActivated: root.model.endFocus()
         }

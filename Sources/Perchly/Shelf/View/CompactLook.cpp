@@ -14,7 +14,8 @@ CompactLook compactLook(const CompactFacts &facts) {
     }
     if (facts.timerRuns) {
         return {QStringLiteral("timer"), minutesAndSeconds(facts.seconds),
-                QCoreApplication::translate("CompactLook", "Focus")};
+                facts.isBreak ? QCoreApplication::translate("CompactLook", "Break")
+                              : QCoreApplication::translate("CompactLook", "Focus")};
     }
     if (facts.musicActive) {
         return facts.playing ? CompactLook{QStringLiteral("waveform"),

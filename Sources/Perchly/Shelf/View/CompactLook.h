@@ -8,6 +8,7 @@ namespace perchly {
 struct CompactFacts {
     QString busyShortcut = {}; ///< null if no shortcut runs
     bool timerRuns = false;
+    bool isBreak = false;
     int seconds = 0; ///< remaining on the focus timer
     bool musicActive = false;
     bool playing = false;

@@ -35,6 +35,7 @@ void CompactStatus::refresh() {
     const QString time = minutesAndSeconds(m_model->seconds());
     const CompactLook look = compactLook({.busyShortcut = m_productivity->shortcuts()->busy(),
                                           .timerRuns = m_model->running(),
+                                          .isBreak = m_model->isBreak(),
                                           .seconds = m_model->seconds(),
                                           .musicActive = media.active,
                                           .playing = media.playing,

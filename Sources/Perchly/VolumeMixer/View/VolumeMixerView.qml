@@ -17,6 +17,7 @@ WindowBody {
 
     accessory: PushButton {
         text: qsTr("Release all")
+        usable: root.mixer.routing
 
         onActivated: root.mixer.releaseAll()
     }
