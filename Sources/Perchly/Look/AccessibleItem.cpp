@@ -47,8 +47,11 @@ QAccessibleInterface *AccessibleItem::childAt(int x, int y) const {
 }
 
 QRect AccessibleItem::rect() const {
-    const QRect place = m_item->rect();
+    QRect place = m_item->rect();
     const auto *item = qobject_cast<QQuickItem *>(object());
+    if (item != nullptr && !item->size().isEmpty()) {
+        place.setSize(item->mapRectToScene(QRectF(QPointF(), item->size())).size().toSize());
+    }
     const QWindow *window = item ? item->window() : qobject_cast<QWindow *>(object());
     if (window == nullptr || window->screen() == nullptr) {
         return place;

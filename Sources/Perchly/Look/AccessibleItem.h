@@ -6,7 +6,8 @@
 namespace perchly {
 
 /// Corrects what Qt tells assistive programs about items and their windows: Qt 6.4 reports no item
-/// as disabled, and gives places in points where the desktop expects pixels.
+/// as disabled, gives items in a scaled one their unscaled size, and gives places in points where
+/// the desktop expects pixels.
 class AccessibleItem : public QAccessibleInterface {
 public:
     /// Call it after Qt Quick is loaded. Later calls have no effect.
