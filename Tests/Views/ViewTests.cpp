@@ -1,3 +1,4 @@
+#include "AccessibleItem.h"
 #include "ApplicationPictures.h"
 #include "FakePlatform.h"
 
@@ -13,6 +14,7 @@ public Q_SLOTS:
     void applicationAvailable() {
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
         QAccessible::setActive(true);
+        perchly::AccessibleItem::install();
     }
     void qmlEngineAvailable(QQmlEngine *engine) {
         engine->addImportPath(QStringLiteral("qrc:/qt/qml"));

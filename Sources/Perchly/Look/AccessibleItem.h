@@ -10,7 +10,7 @@ namespace perchly {
 /// the desktop expects pixels.
 class AccessibleItem : public QAccessibleInterface {
 public:
-    /// Call it after Qt Quick is loaded. Later calls have no effect.
+    /// Call it before the first item is created.
     static void install();
 
     [[nodiscard]] bool isValid() const override { return m_item->isValid(); }

@@ -1,6 +1,5 @@
 #include "Theme.h"
 
-#include "AccessibleItem.h"
 #include "ShadowPictures.h"
 
 #include <QFontDatabase>
@@ -70,7 +69,6 @@ bool Theme::eventFilter(QObject *, QEvent *event) {
 }
 
 Theme *Theme::create(QQmlEngine *qmlEngine, QJSEngine *) {
-    AccessibleItem::install();
     qmlEngine->addImageProvider(QStringLiteral("shadows"), new ShadowPictures);
     return new Theme;
 }

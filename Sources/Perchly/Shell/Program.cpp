@@ -1,5 +1,6 @@
 #include "Program.h"
 
+#include "AccessibleItem.h"
 #include "AppDelegate.h"
 #include "BackgroundStart.h"
 #include "EndlessFolders.h"
@@ -51,6 +52,7 @@ int perchlyRun(int &argc, char **argv, const QStringList &command, BackgroundSta
     QApplication::setApplicationName(QStringLiteral("perchly"));
     QApplication::setDesktopFileName(QStringLiteral("org.perchly.Perchly"));
     QApplication::setQuitOnLastWindowClosed(false);
+    AccessibleItem::install();
     QApplication::setPalette(Theme::palette());
     QFont menuFont(Theme::family());
     menuFont.setPixelSize(13);
