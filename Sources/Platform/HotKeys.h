@@ -20,6 +20,10 @@ public:
     /// Releases the identifier's chord, if any.
     virtual void releaseChord(int identifier) = 0;
 
+    /// While on, our window with the keyboard also gets the chords that other programs have
+    /// grabbed.
+    virtual void setKeyboardGrabbed(bool on) = 0;
+
 Q_SIGNALS:
     /// The chord was pressed; key repeats are not reported.
     void pressed(int identifier);

@@ -4,6 +4,7 @@ import time
 
 from Xlib import X
 
+from perchly_session.accessibility import FOCUSED
 from perchly_session.case import AWAY, NO_BUS, OPEN, PILL, SEARCH, TOGGLE, WORKSPACE, SessionCase
 from perchly_session.screen import Screen
 from perchly_session.waiting import wait_until, wait_while
@@ -123,7 +124,8 @@ class ShelfTest(SessionCase):
         other = self.other_window()
         root, mode = other.display.screen().root, X.GrabModeAsync
         modifiers = X.ControlMask | X.Mod1Mask
-        root.grab_key(self.screen.code("space"), modifiers, True, mode, mode)
+        for key in ("space", "j"):
+            root.grab_key(self.screen.code(key), modifiers, True, mode, mode)
         other.display.sync()
         self.run_program()
         self.screen.key(*TOGGLE)
@@ -131,6 +133,16 @@ class ShelfTest(SessionCase):
         self.keeps_frame(PILL, "the pill", 0.5)
         self.screen.key(*SEARCH)
         self.window(WORKSPACE)
+        self.screen.key("Control_L", "comma")
+        self.window("Perchly Settings")
+        self.click("Preferences", "radio button")
+        field = "Toggle shelf", "push button"
+        while not (found := self.tree.look_for(*field)) or not found.has(FOCUSED):
+            self.screen.key("Tab")
+        self.screen.key("Return")
+        self.screen.key("Control_L", "Alt_L", "j")
+        self.tree.find("Could not register Ctrl+Alt+J. Another app may use that shortcut.")
+        self.assertEqual(other.events(X.KeyPress), [])
 
     def test_chords_follow_the_keyboard_layout(self):
         self.start()

@@ -77,6 +77,7 @@ public:
         return !heldByOthers.contains(identifier);
     }
     void releaseChord(int identifier) override { registered.remove(identifier); }
+    void setKeyboardGrabbed(bool) override {}
 
     QSet<int> heldByOthers;
     QMap<int, QKeyCombination> registered;

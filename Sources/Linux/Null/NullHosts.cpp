@@ -88,6 +88,7 @@ class NullHotKeys : public HotKeys {
 public:
     bool registerChord(int, QKeyCombination) override { return false; }
     void releaseChord(int) override {}
+    void setKeyboardGrabbed(bool) override {}
 };
 
 /// The panel as a plain Qt window: it has its size and is shown, but the window system decides its

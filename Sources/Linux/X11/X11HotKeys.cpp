@@ -1,5 +1,6 @@
 #include "X11HotKeys.h"
 
+#include <QGuiApplication>
 #include <QHash>
 #include <X11/keysym.h>
 #include <xcb/xcb_keysyms.h>
@@ -87,6 +88,16 @@ void X11HotKeys::releaseChord(int identifier) {
     if (const auto found = m_registrations.constFind(identifier); found != m_registrations.cend()) {
         release(*found);
         m_registrations.erase(found);
+    }
+}
+
+void X11HotKeys::setKeyboardGrabbed(bool on) {
+    if (m_grabbing) {
+        m_grabbing->setKeyboardGrabEnabled(false);
+    }
+    m_grabbing = on ? QGuiApplication::focusWindow() : nullptr;
+    if (m_grabbing) {
+        m_grabbing->setKeyboardGrabEnabled(true);
     }
 }
 

@@ -4,7 +4,9 @@
 #include "XcbConnection.h"
 
 #include <QMap>
+#include <QPointer>
 #include <QTimer>
+#include <QWindow>
 
 #include <optional>
 
@@ -22,6 +24,7 @@ public:
     /// stays grabbed.
     [[nodiscard]] bool registerChord(int identifier, QKeyCombination chord) override;
     void releaseChord(int identifier) override;
+    void setKeyboardGrabbed(bool on) override;
 
 private:
     struct Registration {
@@ -39,6 +42,7 @@ private:
     XcbConnection m_connection;
     QMap<int, Registration> m_registrations;
     QTimer m_keyboardChange;
+    QPointer<QWindow> m_grabbing; ///< the window that has grabbed the keyboard
 };
 
 } // namespace perchly

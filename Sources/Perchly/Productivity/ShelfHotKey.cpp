@@ -82,6 +82,7 @@ bool ShelfHotKey::isToggle(const KeyPress &press) const {
 
 void ShelfHotKey::setRecording(bool recording) {
     m_isRecording = recording;
+    m_hotKeys.setKeyboardGrabbed(recording);
     if (!recording) {
         retry();
         return;

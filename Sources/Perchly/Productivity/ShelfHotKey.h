@@ -53,7 +53,8 @@ public:
     /// removes its message from the workspace.
     Q_INVOKABLE void retry();
 
-    /// While recording, both chords are released, so that the user can press any chord.
+    /// While recording, both chords are released and those of other programs ignored, so that the
+    /// user can press any chord.
     [[nodiscard]] bool isRecording() const { return m_isRecording; }
     Q_INVOKABLE void setRecording(bool recording);
 

@@ -16,7 +16,11 @@ Column {
 
     property string refusal: ""
     readonly property bool recording: recorder.activeFocus
+    readonly property bool used: field.activeFocus || root.recording || restore.activeFocus
     readonly property string shown: !root.recording ? root.chord : recorder.text !== "" ? recorder.text : qsTr("Press the new keys")
+
+    /// The row has told why its chord is refused or does not work.
+    signal told(words: Item)
 
     function reset() {
         root.refusal = root.hotKey.reset(root.use);
@@ -24,6 +28,8 @@ Column {
 
     spacing: 6
     width: parent?.width ?? 0
+
+    onUsedChanged: root.refusal = ""
 
     Item {
         implicitHeight: 30
@@ -78,14 +84,20 @@ Column {
                     recorder.text = root.hotKey.pressedText(event.key, event.modifiers);
                 }
 
+                Accessible.description: root.shown
+                Accessible.focusable: true
+                Accessible.ignored: !root.recording
+                Accessible.name: root.text
+                Accessible.role: Accessible.HotkeyField
+                anchors.fill: parent
+
                 onActiveFocusChanged: {
                     released.stop();
                     recorder.key = 0;
                     recorder.text = "";
+                    root.refusal = "";
                     root.hotKey.setRecording(recorder.activeFocus);
-                    if (recorder.activeFocus) {
-                        root.refusal = "";
-                    } else if (recorder.focus) {
+                    if (!recorder.activeFocus && recorder.focus) {
                         field.forceActiveFocus(); // the window lost the keyboard
                     }
                 }
@@ -100,8 +112,8 @@ Column {
                     if (event.modifiers === Qt.NoModifier && event.key === Qt.Key_Escape) {
                         field.forceActiveFocus();
                     } else if (event.modifiers === Qt.NoModifier && event.key === Qt.Key_Backspace) {
-                        root.reset();
                         field.forceActiveFocus();
+                        root.reset();
                     } else if ((event.modifiers === Qt.NoModifier && forward) || (event.modifiers === Qt.ShiftModifier && event.key === Qt.Key_Backtab)) {
                         recorder.nextItemInFocusChain(forward).forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason);
                     } else {
@@ -112,7 +124,7 @@ Column {
                     event.accepted = true;
                     if (recorder.key !== 0) {
                         released.start();
-                    } else {
+                    } else if (recorder.text !== "") { // not the key that started the recording
                         recorder.see(event);
                     }
                 }
@@ -169,6 +181,12 @@ Column {
             color: Theme.orange
             font.pixelSize: 12
             text: problem.reason
+
+            onTextChanged: {
+                if (words.text !== "" && root.used) {
+                    root.told(words);
+                }
+            }
         }
         PushButton {
             id: again

@@ -8,6 +8,8 @@ FormGroup {
 
     required property ShelfHotKey hotKey
 
+    signal told(words: Item)
+
     ChordRow {
         chord: root.hotKey.toggleText
         failure: root.hotKey.toggleFailure
@@ -15,6 +17,8 @@ FormGroup {
         isDefault: root.hotKey.toggleIsDefault
         text: qsTr("Toggle shelf")
         use: ShelfHotKey.Toggle
+
+        onTold: words => root.told(words)
     }
     ChordRow {
         chord: root.hotKey.searchText
@@ -23,5 +27,7 @@ FormGroup {
         isDefault: root.hotKey.searchIsDefault
         text: qsTr("Open search")
         use: ShelfHotKey.Search
+
+        onTold: words => root.told(words)
     }
 }

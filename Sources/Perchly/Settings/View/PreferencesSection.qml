@@ -121,6 +121,8 @@ ScrollArea {
     KeysGroup {
         hotKey: root.hotKey
         width: parent.width
+
+        onTold: words => root.reveal(words)
     }
     FormGroup {
         width: parent.width
