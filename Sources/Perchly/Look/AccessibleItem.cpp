@@ -66,6 +66,8 @@ QAccessible::State AccessibleItem::state() const {
     if (const auto *item = qobject_cast<QQuickItem *>(object())) {
         const QVariant usable = item->property("usable");
         state.disabled = !item->isEnabled() || (usable.isValid() && !usable.toBool());
+        // Qt also counts the scopes around the item with the keyboard.
+        state.focused = state.focused && item->scopedFocusItem() == nullptr;
     }
     return state;
 }

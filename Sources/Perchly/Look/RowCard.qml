@@ -18,6 +18,8 @@ FocusScope {
     property alias underlay: underlay.data
     default property alias content: body.data
 
+    Accessible.selectable: root.ListView.view !== null
+    Accessible.selected: root.activeFocus
     implicitHeight: Math.ceil(body.childrenRect.height) + 2 * root.padding
     width: ListView.view?.width ?? 0
 

@@ -64,7 +64,7 @@ Item {
                 pressedScale: 1
                 width: parent.width / root.options.length
 
-                onActivated: root.chosen(segment.modelData)
+                onActivated: root.choose(segment.index)
 
                 RoundedRect {
                     anchors.fill: parent
