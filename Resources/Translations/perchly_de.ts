@@ -1219,6 +1219,10 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
         <source>No results</source>
         <translation>Keine Treffer</translation>
     </message>
+    <message>
+        <source>Quick note</source>
+        <translation>Notiz</translation>
+    </message>
 </context>
 <context>
     <name>SectionHeader</name>

@@ -43,6 +43,8 @@ FocusScope {
     Accessible.ignored: root.hiddenFromReaders
     Accessible.name: root.label
     Accessible.role: root.isTitle ? Accessible.Heading : Accessible.ListItem
+    Accessible.selectable: !root.isTitle
+    Accessible.selected: root.first || root.activeFocus
     height: root.isTitle ? (root.index > 0 ? 36 : 24) : root.isNote ? 70 : Math.max(34, words.implicitHeight + 16)
     visible: !root.pooled
     width: ListView.view?.width ?? 0

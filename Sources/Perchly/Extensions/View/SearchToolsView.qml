@@ -19,6 +19,8 @@ ColumnLayout {
 
     readonly property SearchResults results: root.extras.search
     readonly property bool shown: root.Window.window?.visible ?? false
+    /// The highlighted row's text, for assistive programs.
+    property string choice: ""
 
     /// Called when the panel appears or is requested again.
     function begin() {
@@ -45,14 +47,20 @@ ColumnLayout {
         }
     }
 
+    /// The highlighted row, or null.
+    function highlighted(): SearchRow {
+        list.view.forceLayout();
+        const row = list.view.itemAtIndex(1) as SearchRow;
+        return row?.first ? row : null;
+    }
+
     /// Acts on the highlighted row, if any. A note is edited; after anything else the window closes.
     function openFirst() {
         list.startOver();
-        list.view.forceLayout();
-        const row = list.view.itemAtIndex(1) as SearchRow;
-        if (row?.first && row.isNote) {
+        const row = root.highlighted();
+        if (row?.isNote) {
             list.focusFrom(1, 1, 0);
-        } else if (row?.first) {
+        } else if (row) {
             root.open(row.kind, row.target);
             root.close();
         }
@@ -76,10 +84,6 @@ ColumnLayout {
     Keys.onDownPressed: event => {
         event.accepted = field.activeFocus && list.focusFrom(0, 1, 0);
     }
-    Keys.onEscapePressed: event => {
-        event.accepted = !field.activeFocus;
-        root.toField();
-    }
     Keys.onPressed: event => {
         const typed = event.text >= " " && event.key !== Qt.Key_Delete && !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier));
         event.accepted = typed && !field.activeFocus;
@@ -101,6 +105,16 @@ ColumnLayout {
         }
     }
 
+    Timer {
+        id: telling
+
+        interval: 0
+
+        onTriggered: {
+            const row = root.highlighted();
+            root.choice = row?.isNote ? qsTr("Quick note") : row?.label ?? "";
+        }
+    }
     Connections {
         target: root.extras
 
@@ -114,6 +128,7 @@ ColumnLayout {
     TextEntry {
         id: field
 
+        Accessible.description: root.choice
         Layout.fillWidth: true
         placeholder: qsTr("Search apps, notes, clipboard, and files")
         symbol: "search"
@@ -147,6 +162,8 @@ ColumnLayout {
 
             onActivated: root.open(row.kind, row.target)
             onEntered: root.close()
+            onFirstChanged: telling.restart()
+            onLabelChanged: telling.restart()
             onEdited: note => root.preferences.note = note
             onEditingChanged: {
                 if (row.editing || root.Window.active) { // not because another window became active
