@@ -97,6 +97,7 @@ ViewTestCase {
 
     function test_heldItemsAreCopiedAndRemovedByKeyboard() {
         root.open("Files");
+        verify(root.focusedOn("Add files…"));
         root.fixture.productivity.held.hold(["file:///tmp/a%20b.txt", "https://a.example/"]);
         root.settle();
         root.expectInOrder(["StaticText: Drag all 2", "ListItem: a b.txt", "Button: Preview", "Button: Reveal",
@@ -116,6 +117,7 @@ ViewTestCase {
         compare(root.fixture.productivity.held.count, 0);
         verify(root.focusedOn("Add files…"));
         root.show("Clipboard");
+        verify(root.focusedOn("Enable clipboard history for this session"));
         root.expectInOrder(["AlertMessage: Copied. Paste into your app with Ctrl+V.", "Button: Dismiss"]);
         root.fixture.advance(3);
         verify(!root.has("Button: Dismiss"));
@@ -174,6 +176,7 @@ ViewTestCase {
         root.open("Search");
         verify(root.fixture.install(["Mail", "Ma-il", "Mahjongg"]));
         root.enter("MA");
+        verify(root.fixture.describedAs(root.view, "Mail"), "the field does not tell the match");
         root.expectInOrder(["Heading: Apps", "ListItem: Mail", "ListItem: Ma-il", "ListItem: Mahjongg"]);
         keyClick(Qt.Key_Return);
         compare(root.fixture.takeOpened(), ["file:///apps/Mail"]);

@@ -3,8 +3,8 @@ import QtQuick.Layouts
 import Perchly.Look
 
 /// The layout of an ordinary window: its title, a line below it, and its content, which uses
-/// Layout's attached properties. The first control gets the keyboard when the window appears,
-/// unless another control had it.
+/// Layout's attached properties. The first control after `start` gets the keyboard when the window
+/// appears, unless another control had it.
 FocusScope {
     id: root
 
@@ -15,6 +15,7 @@ FocusScope {
     /// The window's minimum width.
     property int minimumWidth: 0
     property int minimumHeight: 0
+    property Item start: rest
     /// Items beside the title, at the window's right.
     property alias accessory: accessory.data
     default property alias content: column.data
@@ -27,7 +28,7 @@ FocusScope {
 
     function focusFirst() {
         if (root.complete && root.shown && rest.focus) {
-            rest.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
+            root.start.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
         }
     }
 

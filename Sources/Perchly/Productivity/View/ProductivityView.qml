@@ -35,24 +35,26 @@ WindowBody {
     /// The unsaved text of the sections' fields.
     readonly property ExtrasDrafts drafts: ExtrasDrafts {}
 
-    /// Shows the chosen section, or else the device section. It gets the keyboard if the old one
-    /// had it.
+    /// Shows the chosen section, or else the device section.
     function show() {
         const [file, needs] = root.views[root.section] ?? root.views.Device;
         const given = {};
         needs.forEach(name => given[name] = root[name]);
         place.setSource(file + ".qml", given);
-        if (place.focus) {
-            place.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
-        }
     }
 
     minimumHeight: 500
     minimumWidth: 620
+    start: place
     title: qsTr("Your workspace")
 
     Component.onCompleted: root.show()
-    onSectionChanged: root.show()
+    onSectionChanged: {
+        if (root.complete) {
+            root.show();
+            place.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
+        }
+    }
     onShownChanged: {
         if (!root.shown) {
             root.tools.dismissMessage();
