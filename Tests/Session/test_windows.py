@@ -4,7 +4,7 @@ import json
 
 from PIL import Image
 
-from perchly_session.accessibility import ENABLED, FOCUSED
+from perchly_session.accessibility import ENABLED, FOCUSED, SELECTED
 from perchly_session.case import AWAY, OPEN, SEARCH, TOGGLE, WORKSPACE, SessionCase
 from perchly_session.other_programs import DragPartner, SettingsManager, pasted
 from perchly_session.waiting import wait_until
@@ -76,11 +76,14 @@ class WindowTest(SessionCase):
         self.expect_pill()
         self.screen.key(*TOGGLE)
         self.expect_keyboard()
+        self.assertTrue(self.tree.find("Perchly · Ready", "push button").has(FOCUSED))
         clock = self.tree.find("Pin Clock", "push button")
         while not clock.has(FOCUSED):
             self.screen.key("Tab")
         self.screen.key("Shift_L", "F10")
         wait_until(menu, "the entry's menu")
+        x, y, width, height = clock.extents
+        self.assertEqual(menu().rect[:2], (x + width // 2, y + height))
         self.screen.key("Down")
         self.screen.key("Return")
         self.tree.expect_gone("Pin Clock", "push button")
@@ -121,6 +124,7 @@ class WindowTest(SessionCase):
         self.screen.key("Control_L", "comma")
         self.window("Perchly Settings")
         self.click("Preferences", "radio button")
+        wait_until(lambda: self.tree.find("Preferences", "radio button").has(FOCUSED), "its focus")
         self.click("Theme", "combo box")
         self.click("Ocean", "list item")
         self.click("Display", "combo box")
@@ -153,7 +157,11 @@ class WindowTest(SessionCase):
         self.screen.key(*SEARCH)
         self.window(WORKSPACE)
         self.screen.type_text("zeb")
-        self.tree.find("Zebra", "list item")
+        row = self.tree.find("Zebra", "list item")
+        self.assertTrue(row.has(SELECTED))
+        self.screen.key("Down")
+        wait_until(lambda: self.tree.find("Zebra", "push button").has(FOCUSED), "its focus")
+        self.assertFalse(row.has(FOCUSED))
         self.screen.key("Return")
         wait_until(trace.exists, "the application")
 

@@ -8,6 +8,7 @@ ACCESSIBLE = "org.a11y.atspi.Accessible"
 BUS = "org.freedesktop.DBus"
 ENABLED = 8
 FOCUSED = 12
+SELECTED = 23
 SHOWING = 25
 TIMEOUT_MILLISECONDS = 3000
 

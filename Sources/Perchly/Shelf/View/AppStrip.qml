@@ -180,7 +180,7 @@ Item {
                         }
                     }
 
-                    Keys.onPressed: event => menu.pressByKey(event)
+                    Keys.onPressed: event => menu.pressByKey(event, place)
 
                     MenuArea {
                         id: menu

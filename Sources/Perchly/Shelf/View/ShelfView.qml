@@ -62,7 +62,8 @@ FocusScope {
 
     Keys.onPressed: event => {
         if (!root.choosing) {
-            headerHandle.menu.pressByKey(event);
+            const focused = root.Window.activeFocusItem;
+            headerHandle.menu.pressByKey(event, focused === root ? headerHandle : focused);
         }
     }
     Component.onCompleted: {
@@ -85,6 +86,15 @@ FocusScope {
         }
     }
 
+    Connections {
+        target: root.model
+
+        function onKeyboardOpenChanged() {
+            if (root.model.keyboardOpen) {
+                headerHandle.forceActiveFocus(Qt.OtherFocusReason);
+            }
+        }
+    }
     Binding {
         property: "reduceMotion"
         target: Theme
