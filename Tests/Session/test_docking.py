@@ -73,8 +73,7 @@ class DockingTest(SessionCase):
     def test_scale_two_doubles_all_sizes(self):
         self.start(scale=2)
         self.expect_frame((350, 0, 580, 68), "the pill")
-        pill = self.tree.find("Perchly · Ready", "push button")
-        self.assertEqual(tuple(pill.extents), (350, 0, 580, 68))
+        self.assertEqual(self.tree.find("Perchly · Ready").extents, (350, 0, 580, 68))
         self.screen.move_to(640, 60)
         # The display is 640 x 400 points, which limits the open shelf.
         whole = lambda: self.program.panel().rect == (0, 0, 1280, 800)
