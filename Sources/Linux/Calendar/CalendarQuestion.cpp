@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Matches the program's other windows.
+/// Matches the program's other windows, whose accent colour is the palette's link colour.
 QString styleSheet() {
     return QStringLiteral(
         "QDialog { background: #0b0d0f; }"
@@ -27,14 +27,15 @@ QString styleSheet() {
         "QLabel#heading { color: rgba(255,255,255,235); font: 600 16px Inter; }"
         "QListWidget { background: rgba(255,255,255,14); border: none; border-radius: 8px;"
         " color: rgba(255,255,255,225); font: 13px Inter; outline: none; padding: 6px; }"
-        "QListWidget:focus { border: 2px solid #66d4cf; padding: 4px; }"
+        "QDialog[keysUsed=\"true\"] QListWidget:focus"
+        " { border: 2px solid palette(link); padding: 4px; }"
         "QListWidget::item { padding: 4px; background: transparent; }"
         "QPushButton { background: rgba(255,255,255,26); border: 2px solid transparent;"
         " border-radius: 8px; color: rgba(255,255,255,235); font: 500 13px Inter;"
         " padding: 5px 14px; }"
         "QPushButton:hover { background: rgba(255,255,255,40); }"
         "QPushButton:pressed { background: rgba(255,255,255,20); }"
-        "QPushButton:focus { border-color: #66d4cf; }"
+        "QDialog[keysUsed=\"true\"] QPushButton:focus { border-color: palette(link); }"
         "QScrollBar:vertical { background: transparent; width: 8px; }"
         "QScrollBar::handle { background: rgba(255,255,255,55); border-radius: 4px; }"
         "QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }");
@@ -50,7 +51,9 @@ QListWidget *makeList(const QList<FoundCalendar> &calendars) {
         const QString place = calendar.place.startsWith(home)
                                   ? u"~/"_s + calendar.place.mid(home.size())
                                   : calendar.place;
-        list->addItem(place.isEmpty() ? calendar.name : calendar.name + u" — "_s + place);
+        QStringList parts{calendar.name, place};
+        parts.removeAll(QString());
+        list->addItem(parts.join(u" — "_s));
     }
     return list;
 }
@@ -61,6 +64,18 @@ QLabel *makeLabel(const QString &text) {
     label->setWordWrap(true);
     return label;
 }
+
+/// Marks the keyboard focus only after a key.
+class Dialog : public QDialog {
+protected:
+    bool eventFilter(QObject *, QEvent *event) override {
+        if (event->type() == QEvent::KeyPress && !property("keysUsed").toBool()) {
+            setProperty("keysUsed", true);
+            setStyleSheet(styleSheet()); // evaluates it again
+        }
+        return false;
+    }
+};
 
 class Question : public ScheduledTask {
     Q_DECLARE_TR_FUNCTIONS(CalendarQuestion)
@@ -104,6 +119,7 @@ public:
             answer(result == QDialog::Rejected ? std::nullopt : std::optional(result == Yes));
         });
         m_dialog->winId(); // creates the window
+        m_dialog->windowHandle()->installEventFilter(m_dialog);
         m_dialog->windowHandle()->setTransientParent(QGuiApplication::focusWindow());
         m_dialog->open();
     }
@@ -116,7 +132,7 @@ public:
 private:
     enum Result { Yes = QDialog::Accepted, No };
 
-    QDialog *const m_dialog = new QDialog;
+    QDialog *const m_dialog = new Dialog;
 };
 
 } // namespace

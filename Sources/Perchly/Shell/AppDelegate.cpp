@@ -3,7 +3,7 @@
 #include "ApplicationPictures.h"
 #include "Hosts.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QPointer>
 
 #include <algorithm>
@@ -164,8 +164,8 @@ void AppDelegate::openMenu(const QList<StatusMenuEntry> &entries, QPointF positi
 
 void AppDelegate::show(std::unique_ptr<AuxiliaryWindow> &window, const WindowContent &content) {
     if (!window) {
+        QGuiApplication::setWindowIcon(m_resources.statusIcon); // of dialogs, too
         window = std::make_unique<AuxiliaryWindow>(m_engine, content);
-        window->setIcon(m_resources.statusIcon);
     }
     window->appearOn(m_panel.screen());
     m_hotKey.retry();
