@@ -143,11 +143,11 @@
     </message>
     <message>
         <source>The meetings of the next seven days are shown in the workspace and on the calendar card. Nothing is changed, kept or sent anywhere. You can take this back with the same button.</source>
-        <translation>Die Termine der nächsten sieben Tage erscheinen im Arbeitsbereich und auf der Kalenderkarte. Nichts wird geändert, gespeichert oder versendet. Dieselbe Schaltfläche nimmt die Erlaubnis zurück.</translation>
+        <translation>Die Termine der nächsten sieben Tage erscheinen im Arbeitsbereich und auf der Kalenderkarte. Nichts wird geändert, gespeichert oder versendet. Über dieselbe Schaltfläche lässt sich die Erlaubnis zurücknehmen.</translation>
     </message>
     <message>
         <source>No calendar was found yet. Those that appear later would be read, too.</source>
-        <translation>Noch wurde kein Kalender gefunden. Später hinzugekommene würden ebenfalls gelesen.</translation>
+        <translation>Es wurde noch kein Kalender gefunden. Kalender, die später dazukommen, würden ebenfalls gelesen.</translation>
     </message>
     <message>
         <source>Stop Reading</source>
@@ -243,7 +243,7 @@
     </message>
     <message>
         <source>Enable the history to keep what you copy from now on.</source>
-        <translation>Nach dem Aktivieren bleibt erhalten, was kopiert wird.</translation>
+        <translation>Nach dem Aktivieren erscheinen hier kopierte Texte und Bilder.</translation>
     </message>
 </context>
 <context>
@@ -266,19 +266,19 @@
     </message>
     <message>
         <source>Perchly needs an X display to start.</source>
-        <translation>Perchly benötigt zum Starten eine X-Anzeige.</translation>
+        <translation>Zum Starten braucht Perchly ein X-Display.</translation>
     </message>
     <message>
         <source>“%1” takes no argument.</source>
-        <translation>„%1“ hat kein Argument.</translation>
+        <translation>„%1“ erwartet kein Argument.</translation>
     </message>
     <message>
         <source>“hold” needs a file.</source>
-        <translation>„hold“ braucht eine Datei.</translation>
+        <translation>„hold“ erwartet eine Datei.</translation>
     </message>
     <message>
         <source>“%1” needs one name.</source>
-        <translation>„%1“ braucht genau einen Namen.</translation>
+        <translation>„%1“ erwartet genau einen Namen.</translation>
     </message>
     <message>
         <source>There is no command “%1”. “perchly --help” lists the commands.</source>
@@ -286,7 +286,7 @@
     </message>
     <message>
         <source>“%1” takes one of these: %2.</source>
-        <translation>„%1“ braucht eines von diesen Wörtern: %2.</translation>
+        <translation>„%1“ erwartet eines dieser Wörter: %2.</translation>
     </message>
     <message>
         <source>Usage: perchly [COMMAND]
@@ -328,7 +328,7 @@ schon läuft. Ein Befehl geht an das laufende Perchly oder startet es zuvor.
                         shortcuts, meetings, launch, snippets, focus oder device
   mixer                 Lautstärkemixer öffnen
   settings              Einstellungen öffnen
-  capture               Bildschirmausschnitt aufnehmen
+  capture               Bildschirmbereich aufnehmen
   hold DATEI...         Dateien, Ordner und Weblinks ablegen
   launch EINTRAG        Eintrag der Leiste nach Nummer oder Namen starten
   layout NAME           gespeichertes Layout anwenden
@@ -410,7 +410,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
     <message>
         <source>Drag to select a region. Escape cancels. Captures appear in Files for preview, copying, and dragging.</source>
-        <translation>Zum Auswählen eines Bereichs ziehen, Esc bricht ab. Aufnahmen erscheinen unter „Dateien“ und lassen sich dort ansehen, kopieren und ziehen.</translation>
+        <translation>Einen Bereich mit der Maus aufziehen; Esc bricht ab. Aufnahmen erscheinen unter „Dateien“ und lassen sich dort ansehen, kopieren und herausziehen.</translation>
     </message>
 </context>
 <context>
@@ -509,7 +509,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
     <message>
         <source>Temporary references only. Originals are never moved or deleted; this tray clears when Perchly quits.</source>
-        <translation>Nur vorübergehende Verweise: Originale werden nie verschoben oder gelöscht. Beim Beenden von Perchly leert sich die Ablage.</translation>
+        <translation>Hier liegen nur Verweise: Originale werden nie verschoben oder gelöscht. Beim Beenden wird die Ablage geleert.</translation>
     </message>
 </context>
 <context>
@@ -673,7 +673,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
     <message>
         <source>Save current</source>
-        <translation>Aktuelles speichern</translation>
+        <translation>Gruppe speichern</translation>
     </message>
     <message>
         <source>Save visible shelf apps together with the files and links currently in your tray.</source>
@@ -723,7 +723,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
     <message>
         <source>Save current</source>
-        <translation>Aktuelles speichern</translation>
+        <translation>Layout speichern</translation>
     </message>
     <message>
         <source>Layouts</source>
@@ -907,11 +907,11 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
     <message>
         <source>Shortcut finished or failed</source>
-        <translation>Kurzbefehl beendet oder fehlgeschlagen</translation>
+        <translation>Kurzbefehl abgeschlossen oder fehlgeschlagen</translation>
     </message>
     <message>
         <source>Capture taken</source>
-        <translation>Aufnahme gemacht</translation>
+        <translation>Bildschirmaufnahme erstellt</translation>
     </message>
     <message>
         <source>Command or launch failed</source>
@@ -968,7 +968,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     <name>OpeningDelayRow</name>
     <message>
         <source>Opening delay</source>
-        <translation>Öffnet nach</translation>
+        <translation>Verzögerung beim Öffnen</translation>
     </message>
     <message>
         <source>%1 ms</source>
@@ -1062,7 +1062,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
     <message>
         <source>Compact shelf content</source>
-        <translation>Kompakter Inhalt der Leiste</translation>
+        <translation>Inhalt der Leiste kompakt anzeigen</translation>
     </message>
     <message>
         <source>Display</source>
@@ -1086,7 +1086,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
     <message>
         <source>Reset position to top center</source>
-        <translation>Zurück nach oben in die Mitte</translation>
+        <translation>Position zurücksetzen (oben Mitte)</translation>
     </message>
     <message>
         <source>Drag the shelf header to dock on the top, left, or right edge. Your position saves automatically.</source>
@@ -1106,7 +1106,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
     <message>
         <source>Collapse delay</source>
-        <translation>Schließt nach</translation>
+        <translation>Verzögerung beim Schließen</translation>
     </message>
     <message>
         <source>%1 s</source>
@@ -1122,7 +1122,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
     <message>
         <source>Install Perchly before you turn on launch at login.</source>
-        <translation>Vor dem Start bei der Anmeldung muss Perchly installiert sein.</translation>
+        <translation>Dafür muss Perchly zuerst installiert werden.</translation>
     </message>
 </context>
 <context>
@@ -1153,7 +1153,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
     <message>
         <source>Launch</source>
-        <translation>Starten</translation>
+        <translation>Startgruppen</translation>
     </message>
     <message>
         <source>Snippets</source>
@@ -1481,7 +1481,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
     <message>
         <source>Needs PipeWire, which is not running.</source>
-        <translation>Benötigt PipeWire, das nicht läuft.</translation>
+        <translation>Benötigt PipeWire, das gerade nicht läuft.</translation>
     </message>
     <message>
         <source>No apps playing audio. Start music or a video, then refresh.</source>
@@ -1566,7 +1566,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
     <message>
         <source>Shortcut finished</source>
-        <translation>Kurzbefehl beendet</translation>
+        <translation>Kurzbefehl abgeschlossen</translation>
     </message>
     <message>
         <source>Shortcut failed</source>
@@ -1574,7 +1574,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
     <message>
         <source>Capture taken</source>
-        <translation>Aufnahme gemacht</translation>
+        <translation>Bildschirmaufnahme erstellt</translation>
     </message>
     <message>
         <source>It is held in Files.</source>
@@ -1594,7 +1594,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
     <message>
         <source>Join</source>
-        <translation>Beitreten</translation>
+        <translation>Teilnehmen</translation>
     </message>
     <message>
         <source>Meeting</source>
@@ -1662,7 +1662,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
     <message>
         <source>Perchly is running without a display.</source>
-        <translation>Perchly läuft ohne Anzeige.</translation>
+        <translation>Perchly läuft ohne Bildschirm.</translation>
     </message>
     <message>
         <source>There is no layout “%1”.</source>
@@ -1682,7 +1682,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
     <message>
         <source>No focus session or break is running.</source>
-        <translation>Es läuft keine Fokussitzung oder Pause.</translation>
+        <translation>Es läuft weder eine Fokussitzung noch eine Pause.</translation>
     </message>
     <message>
         <source>Nothing is playing. Start a player and try again.</source>
@@ -1720,7 +1720,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
     <message>
         <source>Plugged in</source>
-        <translation>Am Netz</translation>
+        <translation>Netzbetrieb</translation>
     </message>
     <message>
         <source>On battery</source>
@@ -1823,7 +1823,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
     <message>
         <source>Calendar access is off. Press “Connect Calendar” to turn it on.</source>
-        <translation>Der Zugriff auf Kalender ist aus. „Kalender verbinden“ schaltet ihn ein.</translation>
+        <translation>Der Kalenderzugriff ist ausgeschaltet. „Kalender verbinden“ schaltet ihn ein.</translation>
     </message>
     <message>
         <source>Your calendars could not all be read.</source>
@@ -1931,7 +1931,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     <name>perchly::RegionOverlay</name>
     <message>
         <source>Drag to select  ·  Esc cancels</source>
-        <translation>Zum Auswählen ziehen  ·  Esc bricht ab</translation>
+        <translation>Bereich aufziehen  ·  Esc bricht ab</translation>
     </message>
     <message>
         <source>Perchly capture</source>
@@ -2061,7 +2061,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
     <message>
         <source>Per-app audio needs PipeWire, which is not running.</source>
-        <translation>Lautstärken einzelner Anwendungen benötigen PipeWire, das nicht läuft.</translation>
+        <translation>Für die Lautstärke einzelner Anwendungen wird PipeWire benötigt, das gerade nicht läuft.</translation>
     </message>
 </context>
 </TS>
