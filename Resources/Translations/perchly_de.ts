@@ -1658,7 +1658,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
     <message>
         <source>Could not open %1. %2</source>
-        <translation>%1 konnte nicht geöffnet werden. %2</translation>
+        <translation>„%1“ konnte nicht geöffnet werden. %2</translation>
     </message>
     <message>
         <source>Perchly is running without a display.</source>
@@ -1779,7 +1779,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     <name>perchly::LaunchGroups</name>
     <message>
         <source>Could not open %1</source>
-        <translation>%1 konnte nicht geöffnet werden</translation>
+        <translation>„%1“ konnte nicht geöffnet werden</translation>
     </message>
 </context>
 <context>
@@ -1916,15 +1916,15 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
     <message>
         <source>Could not open %1. %2</source>
-        <translation>%1 konnte nicht geöffnet werden. %2</translation>
+        <translation>„%1“ konnte nicht geöffnet werden. %2</translation>
     </message>
     <message>
         <source>Could not reveal %1. %2</source>
-        <translation>Der Ordner von %1 konnte nicht geöffnet werden. %2</translation>
+        <translation>Der Ordner von „%1“ konnte nicht geöffnet werden. %2</translation>
     </message>
     <message>
         <source>Could not share %1. %2</source>
-        <translation>%1 konnte nicht geteilt werden. %2</translation>
+        <translation>„%1“ konnte nicht geteilt werden. %2</translation>
     </message>
 </context>
 <context>
@@ -2042,7 +2042,7 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
     <message>
         <source>Could not open %1. %2</source>
-        <translation>%1 konnte nicht geöffnet werden. %2</translation>
+        <translation>„%1“ konnte nicht geöffnet werden. %2</translation>
     </message>
 </context>
 <context>

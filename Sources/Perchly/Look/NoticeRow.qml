@@ -33,12 +33,18 @@ RoundedRect {
         spacing: 12
 
         BodyText {
+            id: body
+
             Accessible.role: Accessible.AlertMessage
             Layout.fillWidth: true
             elide: Text.ElideRight
             font.pixelSize: 12
             maximumLineCount: 5
             text: root.message
+
+            ToolTipArea {
+                text: body.truncated ? root.message : ""
+            }
         }
         PushButton {
             id: button
