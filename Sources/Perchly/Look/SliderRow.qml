@@ -30,7 +30,7 @@ Item {
         anchors.right: parent.right
         anchors.rightMargin: root.valueText !== "" ? 60 : 0
         label: root.text
-        width: parent.width - anchors.rightMargin - 140
+        width: parent.width - anchors.rightMargin - 184
 
         onAsked: value => root.asked(value)
     }
