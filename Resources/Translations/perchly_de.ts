@@ -1589,10 +1589,6 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
         <translation>Kopieren</translation>
     </message>
     <message>
-        <source>Command failed</source>
-        <translation>Befehl fehlgeschlagen</translation>
-    </message>
-    <message>
         <source>Join</source>
         <translation>Teilnehmen</translation>
     </message>
@@ -1925,6 +1921,14 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     <message>
         <source>Could not share %1. %2</source>
         <translation>„%1“ konnte nicht geteilt werden. %2</translation>
+    </message>
+    <message>
+        <source>Changes not saved</source>
+        <translation>Änderungen nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>Command failed</source>
+        <translation>Befehl fehlgeschlagen</translation>
     </message>
 </context>
 <context>

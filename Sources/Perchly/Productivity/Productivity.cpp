@@ -16,12 +16,13 @@ Productivity::Productivity(Hosts &hosts, ShelfLibrary &library, ShelfModel &mode
     , m_clipboard(*hosts.pasteboard, *hosts.pictures, *hosts.clock, briefNotice())
     , m_shortcuts(*hosts.shortcuts, *hosts.applications, library, notice(), briefNotice())
     , m_layouts(*hosts.preferences, library, model) {
-    connect(hosts.preferences.get(), &Preferences::failed, this, [this](const QString &reason) {
-        setMessage(tr("Could not save your changes yet. %1.").arg(reason));
+    const Notice notSaved = failureNotice(tr("Changes not saved"));
+    connect(hosts.preferences.get(), &Preferences::failed, this, [notSaved](const QString &reason) {
+        notSaved(tr("Could not save your changes yet. %1.").arg(reason));
     });
-    connect(hosts.preferences.get(), &Preferences::tooLarge, this, [this] {
-        setMessage(tr("There is no room to keep that. Snippets, layouts, launch groups "
-                      "and apps may take 512 KiB each."));
+    connect(hosts.preferences.get(), &Preferences::tooLarge, this, [notSaved] {
+        notSaved(tr("There is no room to keep that. Snippets, layouts, launch groups "
+                    "and apps may take 512 KiB each."));
     });
 }
 
@@ -39,11 +40,11 @@ Notice Productivity::notice() {
     };
 }
 
-Notice Productivity::failureNotice() {
-    return [guard = QPointer(this)](const QString &message) {
+Notice Productivity::failureNotice(const QString &title) {
+    return [guard = QPointer(this), title](const QString &message) {
         if (guard) {
             guard->setMessage(message);
-            Q_EMIT guard->failed();
+            Q_EMIT guard->failed(title);
         }
     };
 }

@@ -36,7 +36,7 @@ public:
     Q_INVOKABLE void dismissMessage() { setMessage({}); }
     [[nodiscard]] Notice notice();
     /// The same for a failure, which is announced, too.
-    [[nodiscard]] Notice failureNotice();
+    [[nodiscard]] Notice failureNotice(const QString &title = tr("Command failed"));
     /// For confirmations: the message goes after three seconds.
     [[nodiscard]] Notice briefNotice();
 
@@ -54,8 +54,8 @@ public:
 
 Q_SIGNALS:
     void messageChanged();
-    /// Something could not be opened, revealed or shared; the message says why.
-    void failed();
+    /// Something could not be opened, revealed, shared or saved; the message says why.
+    void failed(const QString &title);
     /// Each target as {"id": …, "name": …}.
     void shareTargetsFound(const QUrl &url, const QVariantList &targets);
 

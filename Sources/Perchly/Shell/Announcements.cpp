@@ -134,10 +134,9 @@ void Announcements::followFailures() {
         }
     });
     Productivity *const tools = &m_sources.productivity;
-    connect(tools, &Productivity::failed, this, [this, tools] {
-        if (!m_seesWorkspace()) {
-            announceFailure(tr("Command failed"), tools->message(),
-                            [this] { m_shell.showTools(); });
+    connect(tools, &Productivity::failed, this, [this, tools](const QString &title) {
+        if (m_sources.preferences.announcesFailures() && !m_seesWorkspace()) {
+            announceFailure(title, tools->message(), [this] { m_shell.showTools(); });
             tools->dismissMessage();
         }
     });
