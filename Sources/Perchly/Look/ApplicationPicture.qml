@@ -26,7 +26,7 @@ Item {
         sourceSize.width: picture.pixels
         visible: picture.found
     }
-    Rectangle {
+    RoundedRect {
         anchors.fill: parent
         anchors.margins: root.width * 0.06
         color: Qt.rgba(1, 1, 1, 0.06)

@@ -11,8 +11,7 @@ Item {
     /// The object of the action, for assistive programs.
     property string subject: ""
     property string toolTip: ""
-    /// Colour of the plate behind the content. Buttons in windows use a RoundedRect instead, which
-    /// looks better at odd scales but takes too much memory for the shelf's many buttons.
+    /// Colour of the plate behind the content.
     property color plate: "transparent"
     property real plateRadius: 8
     /// Scale of the content while the button is pressed.
@@ -82,7 +81,7 @@ Item {
             Behavior on opacity { PressAnimation {} }
             Behavior on scale { PressAnimation {} }
 
-            Rectangle {
+            RoundedRect {
                 anchors.fill: parent
                 color: root.plate
                 radius: root.plateRadius

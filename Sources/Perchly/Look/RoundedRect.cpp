@@ -1,8 +1,36 @@
 #include "RoundedRect.h"
 
 #include <QPainter>
+#include <QQuickWindow>
+#include <QSGRenderNode>
 
 namespace perchly {
+
+namespace {
+
+class DirectPainting : public QSGRenderNode {
+public:
+    explicit DirectPainting(RoundedRect *item)
+        : m_item(item) {}
+
+    void render(const RenderState *state) override {
+        QQuickWindow *window = m_item->window();
+        auto *painter = static_cast<QPainter *>(window->rendererInterface()->getResource(
+            window, QSGRendererInterface::PainterResource));
+        painter->setClipRegion(*state->clipRegion());
+        painter->setTransform(matrix()->toTransform());
+        painter->setOpacity(inheritedOpacity());
+        painter->setRenderHint(QPainter::Antialiasing);
+        m_item->paint(painter);
+    }
+    RenderingFlags flags() const override { return BoundedRectRendering; }
+    QRectF rect() const override { return m_item->boundingRect(); }
+
+private:
+    RoundedRect *m_item;
+};
+
+} // namespace
 
 RoundedRect::RoundedRect(QQuickItem *parent)
     : QQuickPaintedItem(parent) {
@@ -23,6 +51,15 @@ void RoundedRect::paint(QPainter *painter) {
         painter->setBrush(m_color);
     }
     painter->drawRoundedRect(outline, m_radius - inset, m_radius - inset);
+}
+
+QSGNode *RoundedRect::updatePaintNode(QSGNode *previous, UpdatePaintNodeData *data) {
+    if (window()->rendererInterface()->graphicsApi() != QSGRendererInterface::Software) {
+        return QQuickPaintedItem::updatePaintNode(previous, data);
+    }
+    QSGNode *node = previous != nullptr ? previous : new DirectPainting(this);
+    node->markDirty(QSGNode::DirtyMaterial);
+    return node;
 }
 
 } // namespace perchly

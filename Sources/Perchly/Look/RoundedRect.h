@@ -7,7 +7,8 @@
 namespace perchly {
 
 /// A rectangle with round corners, painted in one piece: Qt's Rectangle shows seams at its corners
-/// if the shelf's or the display's scale is not a whole number.
+/// if the shelf's or the display's scale is not a whole number. Software rendering paints it
+/// directly, so it is sharp at every scale and needs no pixmap.
 class RoundedRect : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT
@@ -25,6 +26,9 @@ public:
 
 Q_SIGNALS:
     void changed();
+
+protected:
+    QSGNode *updatePaintNode(QSGNode *previous, UpdatePaintNodeData *data) override;
 
 private:
     QColor m_color = Qt::white;

@@ -19,7 +19,7 @@ PressButton {
     implicitWidth: row.implicitWidth
     pressedScale: 1
 
-    Rectangle {
+    RoundedRect {
         anchors.fill: parent
         anchors.leftMargin: -root.plateMargin
         anchors.rightMargin: -root.plateMargin

@@ -42,10 +42,10 @@ Window {
     visible: false
     width: Math.ceil(label.width) + 2 * root.padding
 
-    Rectangle {
+    RoundedRect {
         anchors.fill: parent
-        border.color: Qt.rgba(1, 1, 1, 0.14)
-        border.width: 1
+        borderColor: Qt.rgba(1, 1, 1, 0.14)
+        borderWidth: 1
         color: "transparent"
     }
 

@@ -195,7 +195,7 @@ Item {
                         when: place.modelData.kind !== "widget"
                     }
                     // The digit that launches the entry.
-                    Rectangle {
+                    RoundedRect {
                         color: Theme.floating
                         height: 16
                         radius: 8

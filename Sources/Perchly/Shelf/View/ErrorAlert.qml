@@ -55,7 +55,7 @@ FocusScope {
         onTriggered: root.hold()
     }
 
-    Rectangle {
+    RoundedRect {
         anchors.fill: parent
         anchors.leftMargin: root.edge === "left" ? -root.radius : 0
         anchors.rightMargin: root.edge === "right" ? -root.radius : 0
@@ -69,15 +69,15 @@ FocusScope {
         onWheel: wheel => wheel.accepted = true
     }
 
-    Rectangle {
+    RoundedRect {
         id: card
 
         Accessible.description: root.model.controlError
         Accessible.name: title.text
         Accessible.role: Accessible.AlertMessage
         anchors.centerIn: parent
-        border.color: Qt.rgba(1, 1, 1, 0.1)
-        border.width: 1
+        borderColor: Qt.rgba(1, 1, 1, 0.1)
+        borderWidth: 1
         color: Theme.floating
         height: confirm.y + confirm.height + 16
         radius: 16

@@ -134,7 +134,7 @@ Item {
         width: root.bandWidth
         x: root.edge === "left" ? 0 : 660
 
-        Rectangle {
+        RoundedRect {
             anchors.centerIn: parent
             color: Qt.rgba(1, 1, 1, 0.3)
             height: 32

@@ -179,9 +179,9 @@ FocusScope {
             radius: 12
             spread: 18
         }
-        Rectangle {
-            border.color: Qt.rgba(1, 1, 1, 0.12)
-            border.width: 1
+        RoundedRect {
+            borderColor: Qt.rgba(1, 1, 1, 0.12)
+            borderWidth: 1
             color: Theme.floating
             height: 10
             rotation: 45
@@ -189,10 +189,10 @@ FocusScope {
             x: Math.max(14, Math.min(root.anchorRect.x + root.anchorRect.width / 2 - card.x - 5, card.width - 24))
             y: root.above ? card.height - 6 : -4
         }
-        Rectangle {
+        RoundedRect {
             anchors.fill: parent
-            border.color: Qt.rgba(1, 1, 1, 0.12)
-            border.width: 1
+            borderColor: Qt.rgba(1, 1, 1, 0.12)
+            borderWidth: 1
             color: Theme.floating
             radius: 12
         }

@@ -32,10 +32,10 @@ Item {
             spread: 26
             visible: root.shadowed
         }
-        Rectangle {
+        RoundedRect {
             anchors.fill: parent
-            border.color: root.highlight
-            border.width: root.highlight.a > 0 ? 2 : 0
+            borderColor: root.highlight
+            borderWidth: root.highlight.a > 0 ? 2 : 0
             color: root.color
             radius: root.radius
         }

@@ -40,21 +40,16 @@ PressButton {
         x: 8
         y: 8
 
-        Rectangle {
+        RoundedRect {
             anchors.fill: parent
-            antialiasing: true
+            bottomColor: Qt.alpha(root.tint, 0.55)
+            color: root.tint
             radius: 14
-
-            gradient: Gradient {
-                GradientStop { color: root.tint; position: 0 }
-                GradientStop { color: Qt.rgba(root.tint.r, root.tint.g, root.tint.b, 0.55); position: 1 }
-            }
         }
-        Rectangle {
+        RoundedRect {
             anchors.fill: parent
-            antialiasing: true
-            border.color: Qt.rgba(1, 1, 1, 0.22)
-            border.width: 1
+            borderColor: Qt.rgba(1, 1, 1, 0.22)
+            borderWidth: 1
             color: "transparent"
             radius: 14
         }
@@ -64,7 +59,7 @@ PressButton {
             name: WidgetLook.symbol(root.widget)
             size: 25
         }
-        Rectangle {
+        RoundedRect {
             color: Theme.floating
             height: 16
             radius: 8
