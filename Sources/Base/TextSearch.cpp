@@ -36,6 +36,7 @@ QString foldedForSearch(const QString &text) {
 std::optional<int> matchRank(const QString &lines, const QString &search) {
     std::optional<int> best;
     const qsizetype firstEnd = lines.indexOf(u'\n');
+    const qsizetype secondEnd = firstEnd < 0 ? -1 : lines.indexOf(u'\n', firstEnd + 1);
     for (qsizetype at = lines.indexOf(search); at >= 0; at = lines.indexOf(search, at + 1)) {
         const qsizetype end = at + search.size();
         const QChar before = at > 0 ? lines.at(at - 1) : QChar(u'\n');
@@ -43,7 +44,9 @@ std::optional<int> matchRank(const QString &lines, const QString &search) {
         const int quality = before != u'\n'  ? (before.isLetterOrNumber() ? 3 : 2)
                             : after != u'\n' ? 1
                                              : 0;
-        const int rank = 2 * quality + (firstEnd >= 0 && at > firstEnd ? 1 : 0);
+        const bool isAfterFirst = firstEnd >= 0 && at > firstEnd;
+        const bool isAfterSecond = secondEnd >= 0 && at > secondEnd;
+        const int rank = 4 * (int(isAfterFirst) + int(isAfterSecond)) + quality;
         best = std::min(best.value_or(rank), rank);
     }
     return best;

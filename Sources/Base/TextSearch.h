@@ -13,9 +13,9 @@ namespace perchly {
 /// The text in the form that matchRank() takes. Ignores case and how accents are encoded.
 [[nodiscard]] QString foldedForSearch(const QString &text);
 
-/// How well a search matches one of the lines, lowest first: the whole line, its start, the start
-/// of a word, anything else; within each, the first line before the others. Empty if it matches no
-/// line. Both texts must be folded.
+/// How well a search matches one of the lines, lowest first: the first line, the second, any other;
+/// within each, the whole line, its start, the start of a word, anything else. Empty if it matches
+/// no line. Both texts must be folded.
 [[nodiscard]] std::optional<int> matchRank(const QString &lines, const QString &search);
 
 } // namespace perchly

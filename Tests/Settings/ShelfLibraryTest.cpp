@@ -117,13 +117,14 @@ private Q_SLOTS:
         fixture.library->refresh();
         QList<FoundApplication> found;
         for (const char *name :
-             {"Remailer", "My-Mail", "Mailbox", "Thunderbird", "Évolution", "MAIL"}) {
+             {"Remailer", "My-Mail", "Mailbox", "Thunderbird", "Évolution", "MAIL", "Mutt"}) {
             found.append({QString::fromUtf8(name), QString::fromUtf8(name)});
         }
         found[3].searchText = QStringLiteral("Mail Client\nE-mail\nthunderbird-bin");
+        found[6].searchText = QStringLiteral("\nmail");
         fixture.fake.catalog.finish(found);
         const std::pair<const char *, const char *> searches[]{
-            {"mail", "MAIL Mailbox Thunderbird My-Mail Remailer"},
+            {"mail", "MAIL Mailbox My-Mail Remailer Thunderbird Mutt"},
             {"ÉVO", "Évolution"},
             {"bird-b", "Thunderbird"},
             {"client", "Thunderbird"}};
