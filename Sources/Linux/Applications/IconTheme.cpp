@@ -100,6 +100,9 @@ const QList<IconTheme::Theme> &IconTheme::themes() {
     const QMutexLocker lock(&m_mutex);
     if (m_themes.isEmpty()) {
         load(m_name);
+        if (m_themes.isEmpty() || m_themes.constFirst().folders.isEmpty()) { // not installed
+            load(QStringLiteral("Adwaita"));
+        }
         load(QStringLiteral("hicolor"));
     }
     return m_themes;

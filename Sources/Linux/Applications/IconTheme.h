@@ -47,7 +47,7 @@ private:
     const QString m_name;
     const QStringList m_folders;
     QMutex m_mutex;        ///< guards the loading of the themes
-    QList<Theme> m_themes; ///< the chosen one, its parents, and hicolor
+    QList<Theme> m_themes; ///< the chosen one or else Adwaita, its parents, hicolor
 };
 
 } // namespace perchly

@@ -19,6 +19,7 @@ private Q_SLOTS:
                                    "[any/apps]\nSize=64\nMinSize=8\nMaxSize=512\nType=Scalable\n");
         write("Plain/index.theme", "[Icon Theme]\nName=Plain\nInherits=Shine\nDirectories=32/apps\n"
                                    "[32/apps]\nSize=32\n");
+        write("Adwaita/index.theme", "[Icon Theme]\nDirectories=8/apps\n[8/apps]\nSize=8\n");
         write("hicolor/index.theme",
               "[Icon Theme]\nDirectories=64x64/apps\n[64x64/apps]\nSize=64\n");
     }
@@ -29,6 +30,7 @@ private Q_SLOTS:
             const char *name;
             int side;
             const char *found;
+            const char *theme = "Shine";
         };
         const char *sizes = "Shine/16/apps/a.png Shine/48/apps/a.png";
         for (const Row &row : {
@@ -39,11 +41,13 @@ private Q_SLOTS:
                  Row{"Plain/32/apps/d.png hicolor/64x64/apps/d.png", "d", 64,
                      "Plain/32/apps/d.png"},
                  Row{"e.xpm", "e", 50, "e.xpm"},
+                 Row{"Adwaita/8/apps/f.png", "f", 50, ""},
+                 Row{"Adwaita/8/apps/f.png", "f", 50, "Adwaita/8/apps/f.png", "Missing"},
              }) {
             for (const QByteArray &file : QByteArray(row.files).split(' ')) {
                 write(file.constData(), "");
             }
-            IconTheme theme(QStringLiteral("Shine"), {m_folder->path()});
+            IconTheme theme(QString::fromLatin1(row.theme), {m_folder->path()});
             const QString found = theme.file(QString::fromLatin1(row.name), row.side);
             QCOMPARE(found.mid(m_folder->path().size() + 1), QString::fromLatin1(row.found));
         }
