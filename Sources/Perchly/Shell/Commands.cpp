@@ -78,7 +78,11 @@ QString AppDelegate::perform(const QString &name, const QStringList &arguments) 
     } else if (name == QStringLiteral("hold")) {
         m_productivity.held()->hold(QUrl::fromStringList(arguments));
     } else if (name == QStringLiteral("dock")) {
-        m_shelfPreferences.setEdge(argument);
+        const ShelfPosition now = m_shelfPreferences.position();
+        const ShelfEdge edge = *shelfEdgeFromName(argument);
+        const bool isBetweenSides = edge != ShelfEdge::Top && now.edge != ShelfEdge::Top;
+        m_shelfPreferences.dock({edge, isBetweenSides ? now.position : 0.5},
+                                m_shelfPreferences.display());
     } else if (name == QStringLiteral("player")) {
         if (m_hosts.playerNotifications->presence() == PlayerPresence::None) {
             return tr("Nothing is playing. Start a player and try again.");
