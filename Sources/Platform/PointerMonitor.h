@@ -25,6 +25,8 @@ public:
     enum class Watch {
         Nothing,
         Movements,
+        /// Also reports where a button is released, as a movement.
+        Releases,
         /// Also reports jumps made by other programs, which the window system does not report as
         /// movement: polls the position a few times a second.
         Jumps

@@ -71,8 +71,7 @@ private Q_SLOTS:
         shell.pointerOntoPill();
         shell.fake.pointer.held = true;
         QVERIFY(!opens());
-        shell.fake.pointer.held = false;
-        shell.pointerOntoPill();
+        shell.fake.pointer.release();
         QVERIFY(opens());
     }
 

@@ -23,7 +23,13 @@ public:
     void start() override {}
     ScreenPoint position() const override { return at; }
     bool isButtonHeld() const override { return held; }
-    void watch(Watch) override {}
+    void watch(Watch watch) override { watched = watch; }
+    void release() {
+        held = false;
+        if (watched == Watch::Releases) {
+            Q_EMIT moved(at);
+        }
+    }
 
     void moveTo(double x, double y) {
         at = {x, y};
@@ -32,6 +38,7 @@ public:
 
     ScreenPoint at{700, 100};
     bool held = false;
+    Watch watched = Watch::Movements;
 };
 
 class FakeKeys : public KeyMonitor {

@@ -24,7 +24,8 @@ X11PointerMonitor::X11PointerMonitor() {
     connect(&m_poll, &QTimer::timeout, this, &X11PointerMonitor::poll);
     connect(&m_connection, &XcbConnection::eventArrived, this,
             [this](const xcb_generic_event_t *event) {
-                m_hasMoved = m_hasMoved || m_input.isOfType(event, XCB_INPUT_RAW_MOTION);
+                m_hasMoved = m_hasMoved || m_input.isOfType(event, XCB_INPUT_RAW_MOTION) ||
+                             m_input.isOfType(event, XCB_INPUT_RAW_BUTTON_RELEASE);
             });
     connect(&m_connection, &XcbConnection::drained, this, &X11PointerMonitor::announce);
 }
@@ -61,8 +62,10 @@ void X11PointerMonitor::watch(Watch watch) {
     if (std::exchange(m_watch, watch) == watch) {
         return;
     }
-    m_input.select(watch == Watch::Nothing ? 0 : XCB_INPUT_XI_EVENT_MASK_RAW_MOTION);
-    if (watch == Watch::Jumps || (watch == Watch::Movements && !m_input.isAvailable())) {
+    const quint32 releases =
+        watch == Watch::Releases ? XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE : 0;
+    m_input.select(watch == Watch::Nothing ? 0 : XCB_INPUT_XI_EVENT_MASK_RAW_MOTION | releases);
+    if (watch == Watch::Jumps || (watch != Watch::Nothing && !m_input.isAvailable())) {
         m_poll.start();
     } else {
         m_poll.stop();

@@ -43,6 +43,7 @@ void ShelfOpener::pointerAt(ScreenPoint pointer) {
         return;
     }
     const ShelfSize size = m_model.expanded() ? ShelfSize::Expanded : ShelfSize::Compact;
+    watchForJumps(pointer);
     if (m_placement.frame(size).contains(pointer)) {
         m_closeTask.reset();
         startOpenTask();
@@ -52,7 +53,6 @@ void ShelfOpener::pointerAt(ScreenPoint pointer) {
             startCloseTask();
         }
     }
-    watchForJumps(pointer);
 }
 
 /// The panel gets a leave event when the pointer jumps off the open shelf. Polling is needed only
@@ -76,12 +76,18 @@ void ShelfOpener::startOpenTask() {
     }
 }
 
-/// Dragging a window or a selection across the shelf must not open it.
+/// Dragging a window or a selection across the shelf must not open it, until it ends there.
 void ShelfOpener::openUnderPointer() {
     m_openTask.reset();
-    if (m_placement.frame(ShelfSize::Compact).contains(m_hosts.pointer->position()) &&
-        !m_hosts.pointer->isButtonHeld()) {
+    const ScreenPoint pointer = m_hosts.pointer->position();
+    if (!m_placement.frame(ShelfSize::Compact).contains(pointer)) {
+        return;
+    }
+    if (m_hosts.pointer->isButtonHeld()) {
+        m_hosts.pointer->watch(PointerMonitor::Watch::Releases);
+    } else {
         setExpanded(true);
+        watchForJumps(pointer);
     }
 }
 

@@ -11,7 +11,7 @@ class X11PointerMonitorTest : public QObject {
 private Q_SLOTS:
     void init() { m_client.movePointer({600, 400}); }
 
-    void movementsAreThrottledExceptTheLast() {
+    void movementsAreThrottledExceptTheLastAndReleases() {
         X11PointerMonitor monitor;
         ScreenPoint last;
         int told = 0;
@@ -30,6 +30,12 @@ private Q_SLOTS:
         const qint64 duration = elapsed.elapsed();
         QTRY_COMPARE(last, (ScreenPoint{1000, 699}));
         QVERIFY2(told <= duration / 12 + 4, qPrintable(QString::number(told)));
+        QTest::qWait(50);
+        told = 0;
+        monitor.watch(PointerMonitor::Watch::Releases);
+        m_client.pressButton();
+        m_client.releaseButton();
+        QTRY_COMPARE(told, 1);
     }
 
     void movementIsAnnouncedOnceTheServerAnswers() {
