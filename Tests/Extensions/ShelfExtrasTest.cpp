@@ -179,19 +179,24 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         qputenv("TMPDIR", QFile::encodeName(folder.path()));
         const QString id = QStringLiteral("00000000-0000-0000-0000-00000000000");
-        for (const auto &[name, days] : {std::pair(id + u'A', 2),
-                                         {id + u'B', 2},
-                                         {id + u'C', 0},
-                                         {id + u'D', 2},
-                                         {QStringLiteral("x"), 2}}) {
-            QFile file(folder.filePath(QStringLiteral("Perchly-%1.png").arg(name)));
+        for (const auto &[name, days] : {std::pair(u'-' + id + u'A', 2),
+                                         {u'-' + id + u'B', 2},
+                                         {u'-' + id + u'C', 0},
+                                         {u'-' + id + u'D', 2},
+                                         {QStringLiteral("-x"), 2},
+                                         {QStringLiteral(" 2026-11-26 10-52-33"), 2},
+                                         {QStringLiteral(" 2026-11-26 10-52-33 2"), 2},
+                                         {QStringLiteral(" 2026-11-26 10-52"), 2}}) {
+            QFile file(folder.filePath(QStringLiteral("Perchly%1.png").arg(name)));
             QVERIFY(file.open(QIODevice::WriteOnly));
             QVERIFY(file.setFileTime(QDateTime::currentDateTime().addDays(-days),
                                      QFile::FileModificationTime));
         }
         ExtrasFixture f;
         f.tools.held()->hold(
-            {QUrl::fromLocalFile(folder.filePath(QStringLiteral("Perchly-%1B.png").arg(id)))});
+            {QUrl::fromLocalFile(folder.filePath(QStringLiteral("Perchly-%1B.png").arg(id))),
+             QUrl::fromLocalFile(
+                 folder.filePath(QStringLiteral("Perchly 2026-11-26 10-52-33.png")))});
         f.extras.groups()->save(QStringLiteral("Pictures"));
         f.fake.preferences.setString(keys::quickNote,
                                      folder.filePath(QStringLiteral("Perchly-%1D.png").arg(id)));
@@ -199,11 +204,12 @@ private Q_SLOTS:
             f.fake.preferences.complete = complete;
             Capture::removeOld(f.fake.preferences);
             QThreadPool::globalInstance()->waitForDone();
-            QCOMPARE(QDir(folder.path()).count(), complete ? 6U : 7U); // with . and ..
+            QCOMPARE(QDir(folder.path()).count(), complete ? 8U : 10U); // with . and ..
         }
         qunsetenv("TMPDIR");
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files).join(u' ').remove(id),
-                 QStringLiteral("Perchly-B.png Perchly-C.png Perchly-D.png Perchly-x.png"));
+                 QStringLiteral("Perchly 2026-11-26 10-52-33.png Perchly 2026-11-26 10-52.png "
+                                "Perchly-B.png Perchly-C.png Perchly-D.png Perchly-x.png"));
     }
 
     void previewStartsAtTheRequestedFile() {

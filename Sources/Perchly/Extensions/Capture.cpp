@@ -10,7 +10,7 @@
 #include <QFile>
 #include <QRegularExpression>
 #include <QThreadPool>
-#include <QUuid>
+#include <QUrl>
 
 #include <unistd.h>
 
@@ -23,9 +23,15 @@ namespace {
 /// Time for other programs to redraw the areas that our windows covered.
 constexpr auto redrawTime = 80ms;
 
+/// Named after the program in every language, so that removeOld() recognises it.
 QString newCaptureFile() {
-    return QDir::tempPath() + QStringLiteral("/Perchly-") +
-           QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper() + QStringLiteral(".png");
+    const QDateTime now = QDateTime::currentDateTime();
+    const QString name = QDir::tempPath() + now.toString(u"'/Perchly 'yyyy-MM-dd HH-mm-ss");
+    QString path = name + QStringLiteral(".png");
+    for (int number = 2; QFile::exists(path); ++number) {
+        path = QStringLiteral("%1 %2.png").arg(name).arg(number);
+    }
+    return path;
 }
 
 } // namespace
@@ -44,14 +50,18 @@ void Capture::removeOld(const Preferences &preferences) {
                               preferences.data(keys::pinnedSnippets).value_or(QByteArray()) +
                               preferences.string(keys::quickNote).value_or(QString()).toUtf8();
     QThreadPool::globalInstance()->start([stored] {
-        static const QRegularExpression ownName(
-            QStringLiteral("^Perchly-[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}\\.png$"));
+        static const QRegularExpression ownName(QStringLiteral(
+            "^Perchly(-[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}" // by older versions
+            "| \\d{4}(-\\d\\d){2} \\d\\d(-\\d\\d){2}( \\d+)?)\\.png$"));
         const auto dayAgo = QDateTime::currentDateTime().addDays(-1);
-        const auto files = QDir::temp().entryInfoList({QStringLiteral("Perchly-*.png")},
+        const auto files = QDir::temp().entryInfoList({QStringLiteral("Perchly*.png")},
                                                       QDir::Files | QDir::NoSymLinks);
         for (const QFileInfo &file : files) {
+            const QByteArray name = file.fileName().toLatin1();
+            const QByteArray encoded = QUrl::toPercentEncoding(file.fileName());
             if (ownName.match(file.fileName()).hasMatch() && file.ownerId() == ::geteuid() &&
-                file.lastModified() < dayAgo && !stored.contains(file.fileName().toLatin1())) {
+                file.lastModified() < dayAgo && !stored.contains(name) &&
+                !stored.contains(encoded)) {
                 QFile::remove(file.filePath());
             }
         }
