@@ -220,6 +220,9 @@ FocusScope {
         x: root.edge === "right" ? layout.outline.x + layout.outline.width - window.width : layout.outline.x
         y: layout.outline.y
 
+        MenuArea {
+            onAsked: (position, byKey) => root.shell.showMenu(position, byKey)
+        }
         Loader {
             id: expandedContent
 
