@@ -40,6 +40,7 @@ ScrollArea {
             from: 0.65
             stepSize: 0.05
             text: qsTr("Opacity")
+            valueText: qsTr("%1%").arg(Math.round(root.preferences.opacity * 100))
 
             onAsked: value => root.preferences.opacity = value
         }
