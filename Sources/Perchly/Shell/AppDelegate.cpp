@@ -5,6 +5,7 @@
 
 #include <QGuiApplication>
 #include <QPointer>
+#include <QtMath>
 
 #include <algorithm>
 
@@ -167,7 +168,7 @@ void AppDelegate::show(std::unique_ptr<AuxiliaryWindow> &window, const WindowCon
         QGuiApplication::setWindowIcon(m_resources.statusIcon); // of dialogs, too
         window = std::make_unique<AuxiliaryWindow>(m_engine, content);
     }
-    window->appearOn(m_panel.screen());
+    window->appearOn(m_panel.screen(), qCeil(m_placement.coveredHeight()));
     m_hotKey.retry();
     m_opener.closeForWindow();
     m_hosts.panel->activate(window.get());

@@ -37,7 +37,7 @@ AuxiliaryWindow::AuxiliaryWindow(QQmlEngine &engine, const WindowContent &conten
     setPersistentSceneGraph(false); // frees the textures of a hidden window
     m_rest.setSingleShot(true);
     connect(&m_rest, &QTimer::timeout, this, &AuxiliaryWindow::giveMemoryBack);
-    setGeometry(centred(content.size));
+    setGeometry(centred(content.size, 0));
     if (!content.view.isEmpty()) {
         setInitialProperties(content.properties);
         setSource(content.view);
@@ -53,11 +53,13 @@ void AuxiliaryWindow::keepSize() {
     applyMinimumSize();
 }
 
-void AuxiliaryWindow::appearOn(QScreen *screen) {
-    if (!isVisible() && screen != this->screen()) {
+void AuxiliaryWindow::appearOn(QScreen *screen, int covered) {
+    if (!isVisible() && (!m_hasAppeared || screen != this->screen())) {
         setScreen(screen);
-        setGeometry(centred(size()));
+        setGeometry(centred(size(), covered));
+        applyMinimumSize();
     }
+    m_hasAppeared = true;
 }
 
 void AuxiliaryWindow::giveMemoryBack() {
@@ -78,11 +80,12 @@ void AuxiliaryWindow::applyMinimumSize() {
     }
 }
 
-QRect AuxiliaryWindow::centred(const QSize &size) const {
+QRect AuxiliaryWindow::centred(const QSize &size, int covered) const {
     QRect frame(QPoint(), size);
     if (screen() != nullptr) {
         // Keeps the title bar reachable on a display that is too low for the window.
-        const QRect room = screen()->availableGeometry().adjusted(0, titleBarHeight, 0, 0);
+        QRect room = screen()->availableGeometry();
+        room.setTop(std::max(room.top(), screen()->geometry().top() + covered) + titleBarHeight);
         frame.setSize(size.boundedTo(room.size()));
         frame.moveCenter(screen()->availableGeometry().center());
         frame.moveTop(std::max(frame.top(), room.top()));

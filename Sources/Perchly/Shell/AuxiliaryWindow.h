@@ -26,8 +26,9 @@ public:
     /// The engine must outlive the window.
     AuxiliaryWindow(QQmlEngine &engine, const WindowContent &content);
 
-    /// Moves the hidden window to the middle of that screen, unless it was there before.
-    void appearOn(QScreen *screen);
+    /// Moves the hidden window to the middle of that screen, below as many points at its top as the
+    /// shelf covers, unless it appeared there before.
+    void appearOn(QScreen *screen, int covered);
 
 protected:
     bool event(QEvent *event) override;
@@ -38,8 +39,9 @@ private:
     /// Keeps the size in points when the desktop's text size changes.
     void keepSize();
     void giveMemoryBack();
-    [[nodiscard]] QRect centred(const QSize &size) const;
+    [[nodiscard]] QRect centred(const QSize &size, int covered) const;
 
+    bool m_hasAppeared = false;
     QTimer m_rest; ///< time since it was closed
     double m_ratio = devicePixelRatio();
 };

@@ -44,6 +44,13 @@ ScreenRect ShelfPlacement::frame(ShelfSize size) const {
     return size == ShelfSize::Compact ? m_frames->compact : m_frames->expanded;
 }
 
+double ShelfPlacement::coveredHeight() const {
+    if (!m_frames || m_model.dockEdge() != ShelfEdge::Top) {
+        return 0;
+    }
+    return display(m_preferences.display()).frame.maxY() - m_frames->compact.minY();
+}
+
 void ShelfPlacement::place(ShelfSize size) {
     if (m_frames) {
         m_panel.setFrame(frame(size), m_frames->compact, m_model.dockEdge());

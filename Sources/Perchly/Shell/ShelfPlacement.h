@@ -23,6 +23,10 @@ public:
     /// The panel's frame in either size; empty if there is no display.
     [[nodiscard]] ScreenRect frame(ShelfSize size) const;
 
+    /// Points at the top of its display that the collapsed shelf covers, with any panel above it; 0
+    /// at a side.
+    [[nodiscard]] double coveredHeight() const;
+
     /// Moves the panel to the frame of that size.
     void place(ShelfSize size);
 
