@@ -104,7 +104,8 @@ FocusScope {
             anchors.verticalCenter: parent.verticalCenter
             height: 22
             tools: root.tools
-            url: root.kind === "held" ? root.target ?? "" : ""
+            // With `?? ""` the compiled binding loses a URL.
+            url: root.kind === "held" && root.target ? root.target : ""
             visible: root.kind === "held"
             width: 22
         }
