@@ -145,7 +145,8 @@ void LaunchGroups::launch(const QUuid &id, const Notice &done) {
         qsizetype lastFailed; // they may arrive in another order than the requests
         QString error;
     };
-    const auto answers = std::make_shared<Answers>(urls.size(), -1);
+    const auto answers =
+        std::make_shared<Answers>(Answers{.missing = urls.size(), .lastFailed = -1, .error = {}});
     if (done && urls.isEmpty()) {
         done({});
     }

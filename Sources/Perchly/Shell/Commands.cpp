@@ -108,9 +108,9 @@ QString AppDelegate::perform(const QString &name, const QStringList &arguments) 
 AppDelegate::Answer AppDelegate::inTime(const Answer &answer) {
     struct Pending {
         Answer answer;
-        Task limit = {};
+        Task limit;
     };
-    const auto pending = std::make_shared<Pending>(answer);
+    const auto pending = std::make_shared<Pending>(Pending{.answer = answer, .limit = {}});
     const auto give = [pending = pending.get()](const QString &error) {
         pending->limit.reset();
         if (const Answer open = std::exchange(pending->answer, {})) {
