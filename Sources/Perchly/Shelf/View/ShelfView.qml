@@ -310,6 +310,7 @@ FocusScope {
         id: headerHandle
 
         enabled: !root.choosing || headerHandle.pressed
+        Keys.enabled: root.expanded // the window manager may take a moment to return the keyboard
         readonly property rect openArea: layout.onStage(layout.bandLeft, 0, layout.rowsWidth, layout.headerHeight)
         readonly property rect area: root.expanded ? headerHandle.openArea : layout.restRect
 
