@@ -1,19 +1,16 @@
 #include "ClipboardReader.h"
 
-#include <algorithm>
 #include <array>
-#include <span>
 #include <vector>
 
 namespace perchly {
 
 using namespace std::chrono_literals;
-using Outcome = SelectionAnswer::Outcome;
+using Outcome = CopyAnswer::Outcome;
 
 namespace {
 
 constexpr auto maxReadingTime = 10s;
-constexpr qsizetype maxTargetsBytes = 1 << 20;
 
 struct KnownTarget {
     const char *name;
@@ -37,6 +34,20 @@ constexpr std::array knownTargets{
     KnownTarget{"TEXT", pasteboardtype::text},
 };
 
+QByteArrayList knownFormats() {
+    QByteArrayList formats;
+    for (const KnownTarget &target : knownTargets) {
+        formats.append(target.name);
+    }
+    return formats;
+}
+
+QString textOf(const CopyAnswer &answer) {
+    const bool isUnicode =
+        answer.encoding == CopyAnswer::Encoding::Unicode && answer.bytes.isValidUtf8();
+    return isUnicode ? QString::fromUtf8(answer.bytes) : QString::fromLatin1(answer.bytes);
+}
+
 } // namespace
 
 void ClipboardReader::connectToServer() {
@@ -45,8 +56,7 @@ void ClipboardReader::connectToServer() {
     if (m_isStopped) {
         return;
     }
-    m_client = std::make_unique<SelectionClient>(
-        [this](const SelectionClient::OwnerChange &change) { handleOwner(change); });
+    m_client = m_connect([this](const CopyChange &change) { handleChange(change); });
     m_filter.emplace(*m_client);
     if (m_client->isAlive()) {
         m_notifier =
@@ -70,6 +80,12 @@ void ClipboardReader::read(quint64 reading, const PasteboardRequest &request, qu
     handleEvents();
 }
 
+void ClipboardReader::withClient(const std::function<void(CopyClient &client)> &function) {
+    if (m_client && m_client->isAlive()) {
+        function(*m_client);
+    }
+}
+
 void ClipboardReader::stop() {
     const std::lock_guard lock(m_mutex);
     m_isStopped = true;
@@ -88,30 +104,24 @@ void ClipboardReader::handleEvents() {
 }
 
 // An owner that exits, or empties the clipboard, copies nothing.
-void ClipboardReader::handleOwner(const SelectionClient::OwnerChange &change) {
-    m_filter->handleOwner(change);
-    if (change.subtype == XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER &&
-        change.owner != XCB_WINDOW_NONE) {
-        Q_EMIT copied(++m_copies, change.owner);
+void ClipboardReader::handleChange(const CopyChange &change) {
+    m_filter->handleChange(change);
+    if (change.kind == CopyChange::Kind::Copied) {
+        Q_EMIT copied(++m_copies, change.client);
     }
 }
 
 PasteboardContent ClipboardReader::contentFor(const PasteboardRequest &request) {
-    const bool isCopied = request.source == PasteboardSource::Copied;
-    const xcb_atom_t selection = m_client->atom(isCopied ? "CLIPBOARD" : "PRIMARY");
     const auto latest = std::chrono::steady_clock::now() + maxReadingTime;
-    const SelectionAnswer targets =
-        m_client->fetch(selection, m_client->atom("TARGETS"), maxTargetsBytes, latest);
+    const auto offered = m_client->offered(request.source, knownFormats(), latest);
     // Without a list of formats nothing tells whether a copy must stay out of a history.
-    if (targets.outcome != Outcome::Delivered || targets.format != 32) {
+    if (!offered) {
         return {};
     }
     PasteboardContent content;
-    const std::span offered(reinterpret_cast<const xcb_atom_t *>(targets.bytes.constData()),
-                            static_cast<std::size_t>(targets.bytes.size()) / sizeof(xcb_atom_t));
     std::vector<KnownTarget> known;
     for (const KnownTarget &target : knownTargets) {
-        if (std::ranges::find(offered, m_client->atom(target.name)) != offered.end()) {
+        if (offered->contains(target.name)) {
             known.push_back(target);
             content.types.append(target.type);
         }
@@ -126,35 +136,22 @@ PasteboardContent ClipboardReader::contentFor(const PasteboardRequest &request) 
         if (maxBytes == 0 || !(isText || isImage)) {
             continue;
         }
-        const xcb_atom_t target = m_client->atom(name);
-        const SelectionAnswer answer = m_client->fetch(selection, target, maxBytes, latest);
+        const CopyAnswer answer = m_client->fetch(request.source, name, maxBytes, latest);
         if (answer.outcome == Outcome::Silent) {
             return {}; // asking an unresponsive owner again would take as long
         }
         if (answer.outcome == Outcome::TooLong) {
             maxBytes = 0; // the other formats are too long as well
-        } else if (isImage && answer.format == 8 && answer.type == target &&
-                   !answer.bytes.isEmpty()) {
-            content.image = answer.bytes;
+        } else if (answer.outcome == Outcome::Delivered && isText) {
+            const QString text = textOf(answer);
+            content.text = text.toUtf8().size() <= maxBytes ? text : QString();
             break;
-        } else if (const auto text = isText ? textOf(answer) : std::nullopt) {
-            content.text = text->toUtf8().size() <= maxBytes ? *text : QString();
+        } else if (answer.outcome == Outcome::Delivered && !answer.bytes.isEmpty()) {
+            content.image = answer.bytes;
             break;
         }
     }
     return content;
-}
-
-/// nullopt for a refusal or an obsolete encoding.
-std::optional<QString> ClipboardReader::textOf(const SelectionAnswer &answer) {
-    const auto isOf = [&](const char *type) { return answer.type == m_client->atom(type); };
-    const bool isUnicode =
-        isOf("UTF8_STRING") || isOf("text/plain;charset=utf-8") || isOf("text/plain");
-    if (answer.format != 8 || !(isUnicode || isOf("STRING"))) {
-        return std::nullopt;
-    }
-    return isUnicode && answer.bytes.isValidUtf8() ? QString::fromUtf8(answer.bytes)
-                                                   : QString::fromLatin1(answer.bytes);
 }
 
 } // namespace perchly

@@ -12,7 +12,7 @@ namespace perchly {
 
 namespace {
 
-constexpr xcb_timestamp_t maxTakeOverMilliseconds = 2'000;
+constexpr std::chrono::milliseconds maxTakeOver{2000};
 
 QByteArray digestOf(const PasteboardContent &content) {
     QCryptographicHash hash(QCryptographicHash::Sha256);
@@ -33,19 +33,15 @@ QByteArray digestOf(const PasteboardContent &content) {
 
 } // namespace
 
-void CopyFilter::handleOwner(const SelectionClient::OwnerChange &change) {
-    const bool isSet = change.subtype == XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER;
-    if (!isSet || change.owner == XCB_WINDOW_NONE) {
-        m_released = change.timestamp;
-        if (!isSet) {
-            m_owner = XCB_WINDOW_NONE; // the server may reuse its window IDs
-        }
+void CopyFilter::handleChange(const CopyChange &change) {
+    const quint32 before = std::exchange(m_copier, change.client);
+    if (change.kind == CopyChange::Kind::Released) {
+        m_released = change.time;
         return;
     }
-    m_wasJustReleased = m_released && change.timestamp - *m_released < maxTakeOverMilliseconds &&
-                        !m_client.isSameClient(change.owner, m_owner);
+    const bool isSameProgram = change.client != 0 && change.client == before;
+    m_wasJustReleased = m_released && change.time - *m_released < maxTakeOver && !isSameProgram;
     m_released.reset();
-    m_owner = change.owner;
     m_previous = std::exchange(m_present, std::nullopt);
 }
 
@@ -67,10 +63,8 @@ void CopyFilter::apply(const PasteboardRequest &request, PasteboardContent &cont
 }
 
 bool CopyFilter::isTakeOver() const {
-    const bool isManager =
-        m_client.isSameClient(m_owner, m_client.ownerOf(m_client.atom("CLIPBOARD_MANAGER")));
     const bool isSame = m_present == m_previous;
-    return m_previous && int(m_wasJustReleased) + int(isManager) + int(isSame) >= 2;
+    return m_previous && int(m_wasJustReleased) + int(m_client.isFromManager()) + int(isSame) >= 2;
 }
 
 } // namespace perchly

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "Pasteboard.h"
-#include "SelectionClient.h"
+#include "CopyClient.h"
 
 #include <QSet>
 
@@ -23,11 +22,10 @@ namespace perchly {
 /// main thread.
 class CopyFilter {
 public:
-    explicit CopyFilter(SelectionClient &client)
+    explicit CopyFilter(CopyClient &client)
         : m_client(client) {}
 
-    /// Follows a change of the clipboard's owner.
-    void handleOwner(const SelectionClient::OwnerChange &change);
+    void handleChange(const CopyChange &change);
 
     /// Remembers the current copy, and removes its image and text if it must stay out. Ignores
     /// content without types, such as that of an abandoned reading.
@@ -36,11 +34,11 @@ public:
 private:
     [[nodiscard]] bool isTakeOver() const;
 
-    SelectionClient &m_client;
-    xcb_window_t m_owner = XCB_WINDOW_NONE;    ///< or the window that emptied the clipboard
-    std::optional<xcb_timestamp_t> m_released; ///< while there is no owner
-    bool m_wasJustReleased = false;            ///< before the current copy
-    std::optional<QByteArray> m_previous;      ///< digests, if the copies were read
+    CopyClient &m_client;
+    quint32 m_copier = 0;                                ///< the program that made the last copy
+    std::optional<std::chrono::milliseconds> m_released; ///< while there is no owner
+    bool m_wasJustReleased = false;                      ///< before the current copy
+    std::optional<QByteArray> m_previous;                ///< digests, if the copies were read
     std::optional<QByteArray> m_present;
     QSet<QByteArray> m_marked;
 };

@@ -2,16 +2,18 @@
 
 #include <algorithm>
 #include <poll.h>
+#include <span>
 
 namespace perchly {
 
 using namespace std::chrono_literals;
-using Outcome = SelectionAnswer::Outcome;
+using Outcome = CopyAnswer::Outcome;
 
 namespace {
 
 constexpr auto silenceTimeout = 3s;
 constexpr qsizetype maxDiscarded = 16;
+constexpr qsizetype maxTargetsBytes = 1 << 20;
 
 int typeOf(const xcb_generic_event_t &event) {
     return event.response_type & 0x7f;
@@ -30,9 +32,9 @@ xcb_window_t receiverOf(const xcb_generic_event_t &event) {
 
 } // namespace
 
-SelectionClient::SelectionClient(OwnerChanged ownerChanged)
+SelectionClient::SelectionClient(Changed changed)
     : m_connection(xcb_connect(nullptr, nullptr), xcb_disconnect)
-    , m_ownerChanged(std::move(ownerChanged)) {
+    , m_changed(std::move(changed)) {
     xcb_connection_t *x = m_connection.get();
     const auto *extension = xcb_get_extension_data(x, &xcb_xfixes_id);
     if (!extension || !extension->present) {
@@ -70,19 +72,58 @@ xcb_atom_t SelectionClient::atom(const QByteArray &name) {
     return atom;
 }
 
-xcb_window_t SelectionClient::ownerOf(xcb_atom_t selection) const {
-    const XcbPointer<xcb_get_selection_owner_reply_t> answer(xcb_get_selection_owner_reply(
-        m_connection.get(), xcb_get_selection_owner(m_connection.get(), selection), nullptr));
-    return answer ? answer->owner : xcb_window_t{XCB_WINDOW_NONE};
+bool SelectionClient::isFromManager() {
+    const auto cookie = xcb_get_selection_owner(m_connection.get(), atom("CLIPBOARD_MANAGER"));
+    const XcbPointer<xcb_get_selection_owner_reply_t> answer(
+        xcb_get_selection_owner_reply(m_connection.get(), cookie, nullptr));
+    return m_owner != 0 && answer && m_owner == clientOf(answer->owner);
 }
 
-bool SelectionClient::isSameClient(xcb_window_t one, xcb_window_t other) const {
-    const quint32 windowBits = xcb_get_setup(m_connection.get())->resource_id_mask;
-    return (one & ~windowBits) == (other & ~windowBits);
+quint32 SelectionClient::clientOf(xcb_window_t window) const {
+    return window & ~xcb_get_setup(m_connection.get())->resource_id_mask;
 }
 
-SelectionAnswer SelectionClient::fetch(xcb_atom_t selection, xcb_atom_t target, qsizetype maxBytes,
-                                       TimePoint latest) {
+std::optional<QByteArrayList>
+SelectionClient::offered(PasteboardSource source, const QByteArrayList &formats, TimePoint latest) {
+    const Property targets = convert(source, atom("TARGETS"), maxTargetsBytes, latest);
+    if (targets.outcome != Outcome::Delivered || targets.format != 32) {
+        return std::nullopt;
+    }
+    const std::span offers(reinterpret_cast<const xcb_atom_t *>(targets.bytes.constData()),
+                           static_cast<std::size_t>(targets.bytes.size()) / sizeof(xcb_atom_t));
+    QByteArrayList result;
+    for (const QByteArray &format : formats) {
+        if (std::ranges::find(offers, atom(format)) != offers.end()) {
+            result.append(format);
+        }
+    }
+    return result;
+}
+
+CopyAnswer SelectionClient::fetch(PasteboardSource source, const QByteArray &format,
+                                  qsizetype maxBytes, TimePoint latest) {
+    const xcb_atom_t target = atom(format);
+    const Property property = convert(source, target, maxBytes, latest);
+    CopyAnswer answer{property.outcome, property.bytes};
+    const auto isOf = [&](const char *type) { return property.type == atom(type); };
+    const bool isText = !format.startsWith("image/");
+    const bool isUnicode =
+        isOf("UTF8_STRING") || isOf("text/plain;charset=utf-8") || isOf("text/plain");
+    if (isText && isOf("STRING")) {
+        answer.encoding = CopyAnswer::Encoding::Latin1;
+    } else if (answer.outcome == Outcome::Delivered &&
+               !(isText ? isUnicode : property.type == target)) {
+        answer.outcome = Outcome::Refused; // such as an obsolete encoding
+    }
+    if (answer.outcome == Outcome::Delivered && property.format != 8) {
+        answer.outcome = Outcome::Refused;
+    }
+    return answer;
+}
+
+SelectionClient::Property SelectionClient::convert(PasteboardSource source, xcb_atom_t target,
+                                                   qsizetype maxBytes, TimePoint latest) {
+    const xcb_atom_t selection = atom(source == PasteboardSource::Copied ? "CLIPBOARD" : "PRIMARY");
     xcb_connection_t *x = m_connection.get();
     // A separate window, so that late data of another transfer is not mistaken for this one's.
     const xcb_window_t window = xcb_generate_id(x);
@@ -93,7 +134,7 @@ SelectionAnswer SelectionClient::fetch(xcb_atom_t selection, xcb_atom_t target, 
     xcb_convert_selection(x, window, selection, target, atom("PERCHLY_DATA"), XCB_CURRENT_TIME);
     m_fetched = selection;
     m_isInterrupted = false;
-    SelectionAnswer answer = receive(window, maxBytes, latest);
+    Property answer = receive(window, maxBytes, latest);
     if (answer.outcome == Outcome::Delivered || answer.outcome == Outcome::Refused) {
         xcb_destroy_window(x, window);
     } else {
@@ -105,20 +146,20 @@ SelectionAnswer SelectionClient::fetch(xcb_atom_t selection, xcb_atom_t target, 
     return answer;
 }
 
-SelectionAnswer SelectionClient::receive(xcb_window_t window, qsizetype maxBytes,
-                                         TimePoint latest) {
+SelectionClient::Property SelectionClient::receive(xcb_window_t window, qsizetype maxBytes,
+                                                   TimePoint latest) {
     if (!waitFor(window, XCB_SELECTION_NOTIFY, latest)) {
         return {};
     }
     // A refusal has no property.
-    SelectionAnswer whole = take(window, maxBytes);
+    Property whole = take(window, maxBytes);
     if (whole.type != atom("INCR")) {
         return whole;
     }
     // Taking the property requests the first part.
     whole = {.outcome = Outcome::Delivered};
     while (waitFor(window, XCB_PROPERTY_NOTIFY, latest)) {
-        const SelectionAnswer part = take(window, maxBytes - whole.bytes.size());
+        const Property part = take(window, maxBytes - whole.bytes.size());
         if (part.outcome == Outcome::TooLong) {
             return part;
         }
@@ -157,7 +198,7 @@ bool SelectionClient::waitFor(xcb_window_t window, int type, TimePoint latest) {
     return false;
 }
 
-SelectionAnswer SelectionClient::take(xcb_window_t window, qsizetype maxBytes) {
+SelectionClient::Property SelectionClient::take(xcb_window_t window, qsizetype maxBytes) {
     xcb_connection_t *x = m_connection.get();
     const xcb_atom_t name = atom("PERCHLY_DATA");
     const auto cookie = xcb_get_property(x, 1, window, name, XCB_GET_PROPERTY_TYPE_ANY, 0,
@@ -166,7 +207,7 @@ SelectionAnswer SelectionClient::take(xcb_window_t window, qsizetype maxBytes) {
     if (!property || property->type == XCB_ATOM_NONE) {
         return {.outcome = Outcome::Refused};
     }
-    SelectionAnswer answer{Outcome::Delivered, property->type, property->format, {}};
+    Property answer{Outcome::Delivered, property->type, property->format, {}};
     const int length = xcb_get_property_value_length(property.get());
     if (property->bytes_after > 0) {
         xcb_delete_property(x, window, name); // otherwise only a complete read deletes it
@@ -192,14 +233,27 @@ XcbPointer<xcb_generic_event_t> SelectionClient::nextEvent() const {
 void SelectionClient::handle(const xcb_generic_event_t &event) {
     const xcb_window_t receiver = receiverOf(event);
     if (typeOf(event) == m_ownerEvent) {
-        const auto &change = reinterpret_cast<const OwnerChange &>(event);
-        m_isInterrupted = m_isInterrupted || change.selection == m_fetched;
-        m_ownerChanged(change);
+        handleOwner(reinterpret_cast<const xcb_xfixes_selection_notify_event_t &>(event));
     } else if (m_discarded.contains(receiver) && take(receiver, 0).outcome == Outcome::Delivered) {
         // An empty part is the last one.
         xcb_destroy_window(m_connection.get(), receiver);
         m_discarded.removeOne(receiver);
     }
+}
+
+void SelectionClient::handleOwner(const xcb_xfixes_selection_notify_event_t &event) {
+    m_isInterrupted = m_isInterrupted || event.selection == m_fetched;
+    CopyChange change{.time = std::chrono::milliseconds(event.timestamp)};
+    if (event.subtype != XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER) {
+        change.kind = CopyChange::Kind::Released;
+        m_owner = 0; // the server may reuse its window IDs
+    } else if (event.owner == XCB_WINDOW_NONE) {
+        change.kind = CopyChange::Kind::Released;
+    } else {
+        m_owner = clientOf(event.owner);
+    }
+    change.client = m_owner;
+    m_changed(change);
 }
 
 } // namespace perchly
