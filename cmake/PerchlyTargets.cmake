@@ -56,6 +56,27 @@ function(perchly_area name)
     endif()
 endfunction()
 
+# perchly_wayland_protocols(<target> <name>…)
+# A static library of the C code for Protocols/<name>.xml, with the header <name>-client.h.
+function(perchly_wayland_protocols target)
+    pkg_check_modules(PERCHLY_WAYLAND REQUIRED IMPORTED_TARGET wayland-client)
+    pkg_get_variable(PERCHLY_WAYLAND_SCANNER wayland-scanner wayland_scanner)
+    foreach(name IN LISTS ARGN)
+        set(description ${CMAKE_CURRENT_SOURCE_DIR}/Protocols/${name}.xml)
+        set(header ${CMAKE_CURRENT_BINARY_DIR}/${name}-client.h)
+        set(code ${CMAKE_CURRENT_BINARY_DIR}/${name}.c)
+        add_custom_command(OUTPUT ${header} ${code}
+            COMMAND ${PERCHLY_WAYLAND_SCANNER} client-header ${description} ${header}
+            COMMAND ${PERCHLY_WAYLAND_SCANNER} private-code ${description} ${code}
+            DEPENDS ${description})
+        list(APPEND generated ${header} ${code})
+    endforeach()
+    add_library(${target} STATIC ${generated})
+    set_target_properties(${target} PROPERTIES AUTOMOC OFF)
+    target_include_directories(${target} SYSTEM PUBLIC ${CMAKE_CURRENT_BINARY_DIR})
+    target_link_libraries(${target} PUBLIC PkgConfig::PERCHLY_WAYLAND)
+endfunction()
+
 # perchly_companion(<name> [MOC] SOURCES … LIBRARIES …)
 # The companion perchly-<name>, in the program's folder, where it looks for companions first.
 function(perchly_companion name)

@@ -265,8 +265,8 @@
         <translation>Perchly läuft nicht.</translation>
     </message>
     <message>
-        <source>Perchly needs an X display to start.</source>
-        <translation>Zum Starten braucht Perchly ein X-Display.</translation>
+        <source>Perchly needs a display to start.</source>
+        <translation>Zum Starten braucht Perchly ein Display.</translation>
     </message>
     <message>
         <source>“%1” takes no argument.</source>

@@ -1,5 +1,7 @@
 #include "DesktopAppearance.h"
 
+#include <QGuiApplication>
+
 namespace perchly {
 
 namespace {
@@ -16,19 +18,26 @@ const PortalSetting kdeIcons{QStringLiteral("org.kde.kdeglobals.Icons"), QString
 
 DesktopAppearance::DesktopAppearance(std::shared_ptr<SessionBus> bus)
     : m_portal(std::move(bus), {contrast, gnomeContrast, gnomeIcons, kdeIcons}) {
-    connect(&m_xSettings, &XSettings::changed, this, &DesktopAppearance::update);
+    if (QGuiApplication::platformName() == QStringLiteral("xcb")) { // do not start XWayland
+        m_xSettings.emplace();
+        connect(&*m_xSettings, &XSettings::changed, this, &DesktopAppearance::update);
+    }
     connect(&m_portal, &PortalSettings::changed, this, &DesktopAppearance::update);
     update();
 }
 
+QString DesktopAppearance::xText(const char *name) const {
+    return m_xSettings ? m_xSettings->text(name) : QString();
+}
+
 void DesktopAppearance::update() {
     // The themes of GNOME, Xfce and MATE; those of Cinnamon have the same names.
-    const QString theme = m_xSettings.text("Net/ThemeName");
+    const QString theme = xText("Net/ThemeName");
     const bool isHighContrast = theme.startsWith(QStringLiteral("HighContrast")) ||
                                 theme.startsWith(QStringLiteral("ContrastHigh")) ||
                                 m_portal.value(contrast).toInt() == 1 ||
                                 m_portal.value(gnomeContrast).toBool();
-    QString icons = m_xSettings.text("Net/IconThemeName");
+    QString icons = xText("Net/IconThemeName");
     for (const PortalSetting &setting : {kdeIcons, gnomeIcons}) {
         if (icons.isEmpty()) {
             icons = m_portal.value(setting).toString();

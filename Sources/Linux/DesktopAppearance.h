@@ -4,11 +4,13 @@
 #include "PortalSettings.h"
 #include "XSettings.h"
 
+#include <optional>
+
 namespace perchly {
 
-/// How the desktop should look, from the settings that it publishes on X, else from the settings
-/// portal, whose GNOME keys have defaults on other desktops, too. High contrast is on if any of
-/// them says so.
+/// How the desktop should look, from the settings that it publishes on X if we run there, else from
+/// the settings portal, whose GNOME keys have defaults on other desktops, too. High contrast is on
+/// if any of them says so.
 class DesktopAppearance : public Appearance {
     Q_OBJECT
 public:
@@ -20,7 +22,9 @@ public:
 private:
     void update();
 
-    XSettings m_xSettings;
+    [[nodiscard]] QString xText(const char *name) const;
+
+    std::optional<XSettings> m_xSettings;
     PortalSettings m_portal;
     bool m_isHighContrast = false;
     QString m_iconTheme;

@@ -18,6 +18,7 @@
 #include "KernelPower.h"
 #include "LockedInstance.h"
 #include "NullHosts.h"
+#include "OwnEnvironment.h"
 #include "PipeWireAudioSystem.h"
 #include "PortalMotion.h"
 #include "ProcessPictureReader.h"
@@ -32,6 +33,10 @@
 #include "SessionBus.h"
 #include "StartupSequence.h"
 #include "TrayStatusItem.h"
+#include "WaylandDisplays.h"
+#include "WaylandOffer.h"
+#include "WaylandPanelHost.h"
+#include "WaylandPointerMonitor.h"
 #include "X11Displays.h"
 #include "X11HotKeys.h"
 #include "X11PanelHost.h"
@@ -39,9 +44,11 @@
 #include "X11PointerMonitor.h"
 
 #include <QGuiApplication>
+#include <QLoggingCategory>
 #include <QWindow>
 
 #include <cstdio>
+#include <utility>
 
 namespace perchly {
 
@@ -49,6 +56,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
+constexpr const char *bufferName = "QT_WAYLAND_CLIENT_BUFFER_INTEGRATION";
 constexpr const char *busVariable = "DBUS_SESSION_BUS_ADDRESS";
 constexpr const char *drawingDelay = "QT_QPA_UPDATE_IDLE_TIME";
 constexpr const char *platformName = "QT_QPA_PLATFORM";
@@ -79,7 +87,7 @@ std::unique_ptr<CalendarStore> calendarStore() {
     if (program.isEmpty()) {
         tellOnce("perchly-calendarreader is not installed: meetings are missing");
     }
-    const bool canAsk = QGuiApplication::platformName() == QStringLiteral("xcb");
+    const bool canAsk = QGuiApplication::platformName() != QStringLiteral("offscreen");
     return std::make_unique<CompanionCalendarStore>(program, CalendarConsent::defaultPath(),
                                                     canAsk ? askForCalendars : nullptr);
 }
@@ -122,24 +130,43 @@ void addDesktop(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
     hosts.audio = audioSystem();
 }
 
-void addWindowSystem(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
-    if (QGuiApplication::platformName() != QStringLiteral("xcb")) {
-        tellOnce("no X display: the shelf's place, the pointer and the hot keys are missing");
-        return;
-    }
-    hosts.displays = std::make_unique<X11Displays>();
-    hosts.pointer = std::make_unique<X11PointerMonitor>();
+void addWindows(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
     hosts.keys = std::make_unique<QtKeyMonitor>();
-    hosts.panel = std::make_unique<X11PanelHost>();
-    hosts.hotKeys = std::make_unique<X11HotKeys>();
     hosts.appearance = std::make_unique<DesktopAppearance>(bus);
     hosts.contextMenu = std::make_unique<QtContextMenu>();
     hosts.openPanel = std::make_unique<QtOpenPanel>(bus);
-    hosts.pasteboard = std::make_unique<X11Pasteboard>();
     hosts.screenCapture = companion<ProcessScreenCapture>(
         "perchly-screencapture", "perchly-screencapture is not installed: captures are missing");
     hosts.quickLook = companion<ProcessQuickLook>(
         "perchly-preview", "perchly-preview is not installed: previews are missing");
+}
+
+void addX11(Hosts &hosts) {
+    hosts.displays = std::make_unique<X11Displays>();
+    hosts.pointer = std::make_unique<X11PointerMonitor>();
+    hosts.panel = std::make_unique<X11PanelHost>();
+    hosts.hotKeys = std::make_unique<X11HotKeys>();
+    hosts.pasteboard = std::make_unique<X11Pasteboard>();
+}
+
+void addWayland(Hosts &hosts) {
+    auto panel = std::make_unique<WaylandPanelHost>();
+    hosts.displays = std::make_unique<WaylandDisplays>();
+    hosts.pointer = std::make_unique<WaylandPointerMonitor>(*panel);
+    hosts.panel = std::move(panel);
+}
+
+void addWindowSystem(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
+    const QString platform = QGuiApplication::platformName();
+    if (platform == QStringLiteral("xcb")) {
+        addX11(hosts);
+    } else if (platform == QStringLiteral("wayland")) {
+        addWayland(hosts);
+    } else {
+        tellOnce("no display: the shelf's place, the pointer and the hot keys are missing");
+        return;
+    }
+    addWindows(hosts, bus);
 }
 
 } // namespace
@@ -165,24 +192,50 @@ UnansweringBusHider::~UnansweringBusHider() {
 WindowSystemChoice::WindowSystemChoice() {
     // By default Qt draws a change five milliseconds late.
     if (!qEnvironmentVariableIsSet(drawingDelay)) {
-        m_setsDelay = qputenv(drawingDelay, "0");
+        set(drawingDelay, "0");
     }
-    if (!qEnvironmentVariableIsSet(platformName)) {
-        m_connection = connectWithTimeout();
-        m_setsPlatform = qputenv(platformName, m_connection ? "xcb" : "offscreen");
+    const QByteArray platform = qgetenv(platformName);
+    const QByteArray system = qgetenv("PERCHLY_WINDOW_SYSTEM");
+    if (!platform.isEmpty() && !platform.startsWith("wayland") && system.isEmpty()) {
+        return;
+    }
+    if (system != "x11" && compositorHasLayerShell(1s)) {
+        set(platformName, "wayland");
+        qputenv(bareSurfaces, "1");
+        chooseWaylandBuffers();
+    } else {
+        m_connection = system == "wayland" ? nullptr : connectWithTimeout();
+        m_hasDisplay = m_connection != nullptr;
+        set(platformName, m_hasDisplay ? "xcb" : "offscreen");
     }
 }
 
+/// Without OpenGL, Qt need not load drivers, which take 50 MB. It warns about that.
+void WindowSystemChoice::chooseWaylandBuffers() {
+    if (!qEnvironmentVariableIsSet(bufferName) && qgetenv("QT_QUICK_BACKEND") != "rhi") {
+        set(bufferName, "none");
+        QLoggingCategory::setFilterRules(QStringLiteral("qt.qpa.wayland.warning=false"));
+    }
+}
+
+void WindowSystemChoice::set(const char *variable, const char *value) {
+    m_previous.append({variable, qgetenv(variable)});
+    qputenv(variable, value);
+}
+
 WindowSystemChoice::~WindowSystemChoice() {
-    if (m_setsPlatform) {
-        qunsetenv(platformName);
+    QWindow window; // Qt reads the variables at the first window and update request
+    window.setFlag(Qt::BypassWindowManagerHint);
+    window.create();
+    window.requestUpdate();
+    for (const auto &[variable, value] : std::as_const(m_previous)) {
+        if (value.isNull()) {
+            qunsetenv(variable);
+        } else {
+            qputenv(variable, value);
+        }
     }
-    if (m_setsDelay) {
-        QWindow window; // Qt reads the variable only at the first update request
-        window.create();
-        window.requestUpdate();
-        qunsetenv(drawingDelay);
-    }
+    QLoggingCategory::setFilterRules({});
 }
 
 std::shared_ptr<SessionBus> makeSessionBus(bool hasAnswered) {

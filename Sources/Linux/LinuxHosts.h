@@ -33,10 +33,11 @@ private:
     std::optional<QByteArray> m_address; ///< the hidden address; a null array if there was none
 };
 
-/// Chooses Qt's platform plugin: xcb, even on a Wayland desktop, or none if no X server can be
-/// reached. QT_QPA_PLATFORM overrides. Create it before the application object, and keep it until
-/// that exists: an X server resets when its last client leaves. Leaves nothing in the environment,
-/// which started programs inherit.
+/// Chooses Qt's platform plugin: wayland if the compositor lets programs place panels, else xcb, or
+/// none if no X server can be reached. PERCHLY_WINDOW_SYSTEM=x11 or wayland overrides, and so does
+/// any QT_QPA_PLATFORM but wayland. Create it before the application object, and keep it until that
+/// exists: an X server resets when its last client leaves. Of the variables that it sets, only
+/// QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT stays in the environment.
 class WindowSystemChoice {
 public:
     WindowSystemChoice();
@@ -44,13 +45,16 @@ public:
     WindowSystemChoice(const WindowSystemChoice &) = delete;
     WindowSystemChoice &operator=(const WindowSystemChoice &) = delete;
 
-    /// False if no X server can be reached; true if QT_QPA_PLATFORM overrides.
-    [[nodiscard]] bool hasDisplay() const { return m_connection || !m_setsPlatform; }
+    /// False if neither can be reached; true if QT_QPA_PLATFORM overrides.
+    [[nodiscard]] bool hasDisplay() const { return m_hasDisplay; }
 
 private:
+    void set(const char *variable, const char *value);
+    void chooseWaylandBuffers();
+
     XConnectionPointer m_connection;
-    bool m_setsPlatform = false;
-    bool m_setsDelay = false;
+    bool m_hasDisplay = true;
+    QList<std::pair<const char *, QByteArray>> m_previous; ///< null arrays for unset variables
 };
 
 /// Needs the application object. Connects if the bus has just answered, else later; null with the

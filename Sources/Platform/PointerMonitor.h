@@ -13,10 +13,14 @@ class PointerMonitor : public QObject {
 public:
     using QObject::QObject;
 
+    /// A point outside every display.
+    static constexpr ScreenPoint outside{-1e6, -1e6};
+
     /// Starts announcing movements.
     virtual void start() = 0;
 
-    /// The pointer's current position. Asks the window system.
+    /// The pointer's current position, or `outside` where the window system reports it over our own
+    /// windows only. Asks the window system.
     [[nodiscard]] virtual ScreenPoint position() const = 0;
 
     /// Whether a mouse button is held. Asks the window system.

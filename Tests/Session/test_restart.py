@@ -51,7 +51,7 @@ class RestartTest(SessionCase):
         self.start_session(bus=False)
         self.tell("quit", says="not running")
         display = self.session.environment.pop("DISPLAY")
-        self.tell("toggle", status=1, says="needs an X display")
+        self.tell("toggle", status=1, says="needs a display")
         self.session.environment["DISPLAY"] = display
         self.tell("toggle")
         pid = int(self.session.call("pgrep", "-f", f"^{self.session.executable} toggle"))

@@ -61,7 +61,7 @@ class SurroundingsTest(SessionCase):
             self.assertRegex(self.program.errors(), NO_BUS)
 
     def test_missing_display_is_reported(self):
-        self.expected_errors = ("perchly: no X display: .*",)
+        self.expected_errors = ("perchly: no display: .*",)
         self.start_session(window_manager=None)
         self.session.environment["DISPLAY"] = ":9999"
         program = self.session.run(wait=False)

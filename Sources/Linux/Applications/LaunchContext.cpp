@@ -1,5 +1,7 @@
 #include "LaunchContext.h"
 
+#include "OwnEnvironment.h"
+
 #include <gio/gdesktopappinfo.h>
 
 namespace perchly {
@@ -50,9 +52,10 @@ void ReleaseLaunchContext::operator()(GAppLaunchContext *context) const {
 LaunchContext makeLaunchContext(const StartNotices &notices) {
     LaunchContext context(static_cast<GAppLaunchContext *>(g_object_new(contextType(), nullptr)));
     reinterpret_cast<NoticingContext *>(context.get())->notices = &notices;
-    // These belong to our own start.
-    g_app_launch_context_unsetenv(context.get(), "DESKTOP_STARTUP_ID");
-    g_app_launch_context_unsetenv(context.get(), "XDG_ACTIVATION_TOKEN");
+    // The first two belong to our own start.
+    for (const char *name : {"DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN", bareSurfaces}) {
+        g_app_launch_context_unsetenv(context.get(), name);
+    }
     return context;
 }
 

@@ -1,5 +1,9 @@
 #include "ChildProcess.h"
 
+#include "OwnEnvironment.h"
+
+#include <QProcessEnvironment>
+
 #include <csignal>
 #include <unistd.h>
 #include <utility>
@@ -25,6 +29,9 @@ ChildProcess::ChildProcess(const QString &program, const QStringList &arguments,
     , m_completion(std::move(completion)) {
     m_process->setProgram(program);
     m_process->setArguments(arguments);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(QLatin1StringView(bareSurfaces));
+    m_process->setProcessEnvironment(environment);
     m_process->setStandardInputFile(QProcess::nullDevice());
     m_process->setStandardErrorFile(QProcess::nullDevice());
     if (limits.maxOutput == 0) {

@@ -38,7 +38,7 @@ int perchlyRun(int &argc, char **argv, const QStringList &command, BackgroundSta
     if (background.isBackground() && !windowSystem->hasDisplay()) {
         loadUserLanguageToPrint();
         return background.finish(
-            QCoreApplication::translate("Command", "Perchly needs an X display to start."));
+            QCoreApplication::translate("Command", "Perchly needs a display to start."));
     }
     // The software renderer needs half the time to the first frame and a third of the memory.
     if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND")) {

@@ -1,0 +1,91 @@
+#include "WaylandConnection.h"
+
+#include "wlr-layer-shell-unstable-v1-client.h"
+
+#include <QGuiApplication>
+#include <qpa/qplatformnativeinterface.h>
+#include <QScreen>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace perchly {
+
+namespace {
+
+constexpr uint32_t knownLayerShell = 4;
+
+struct LayerShellGlobal {
+    zwlr_layer_shell_v1 *shell = nullptr;
+    uint32_t version = 0;
+};
+
+void bindLayerShell(void *found, wl_registry *registry, uint32_t name, const char *interface,
+                    uint32_t version) {
+    if (qstrcmp(interface, zwlr_layer_shell_v1_interface.name) == 0) {
+        auto *global = static_cast<LayerShellGlobal *>(found);
+        global->version = std::min(version, knownLayerShell);
+        global->shell = static_cast<zwlr_layer_shell_v1 *>(
+            wl_registry_bind(registry, name, &zwlr_layer_shell_v1_interface, global->version));
+    }
+}
+
+void ignoreGlobalRemoval(void * /*found*/, wl_registry * /*registry*/, uint32_t /*name*/) {}
+
+constexpr wl_registry_listener globalsListener{bindLayerShell, ignoreGlobalRemoval};
+
+} // namespace
+
+WaylandConnection::WaylandConnection()
+    : m_display(static_cast<wl_display *>(nativeResource("wl_display")))
+    , m_queue(wl_display_create_queue(m_display)) {
+    auto *wrapper = static_cast<wl_display *>(wl_proxy_create_wrapper(m_display));
+    wl_proxy_set_queue(reinterpret_cast<wl_proxy *>(wrapper), m_queue);
+    wl_registry *registry = wl_display_get_registry(wrapper);
+    wl_proxy_wrapper_destroy(wrapper);
+    LayerShellGlobal found;
+    wl_registry_add_listener(registry, &globalsListener, &found);
+    roundtrip();
+    wl_registry_destroy(registry);
+    m_layerShell = found.shell;
+    m_layerShellVersion = found.version;
+}
+
+WaylandConnection::~WaylandConnection() {
+    if (m_layerShell != nullptr) {
+        zwlr_layer_shell_v1_destroy(m_layerShell);
+    }
+    wl_event_queue_destroy(m_queue);
+}
+
+void *WaylandConnection::nativeResource(const QByteArray &name) {
+    return QGuiApplication::platformNativeInterface()->nativeResourceForIntegration(name);
+}
+
+wl_compositor *WaylandConnection::compositor() const {
+    return static_cast<wl_compositor *>(nativeResource("compositor"));
+}
+
+wl_surface *WaylandConnection::surfaceOf(QWindow &window) {
+    return static_cast<wl_surface *>(
+        QGuiApplication::platformNativeInterface()->nativeResourceForWindow("surface", &window));
+}
+
+wl_output *WaylandConnection::outputOf(QScreen &screen) {
+    return static_cast<wl_output *>(
+        QGuiApplication::platformNativeInterface()->nativeResourceForScreen("output", &screen));
+}
+
+void WaylandConnection::flush() const {
+    wl_display_flush(m_display);
+}
+
+void WaylandConnection::moveTo(Queue queue, wl_proxy *object) const {
+    wl_proxy_set_queue(object, queue == Queue::Own ? m_queue : nullptr);
+}
+
+bool WaylandConnection::roundtrip() const {
+    return wl_display_roundtrip_queue(m_display, m_queue) >= 0;
+}
+
+} // namespace perchly

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QByteArray>
+
+class QScreen;
+class QWindow;
+struct wl_compositor;
+struct wl_display;
+struct wl_event_queue;
+struct wl_output;
+struct wl_proxy;
+struct wl_surface;
+struct zwlr_layer_shell_v1;
+
+namespace perchly {
+
+/// Qt's connection to the compositor, with the protocols that Qt does not use. Needs a
+/// QGuiApplication on Wayland. Main thread only.
+class WaylandConnection {
+public:
+    WaylandConnection();
+    ~WaylandConnection();
+    WaylandConnection(const WaylandConnection &) = delete;
+    WaylandConnection &operator=(const WaylandConnection &) = delete;
+
+    /// Null where the compositor has none.
+    [[nodiscard]] zwlr_layer_shell_v1 *layerShell() const { return m_layerShell; }
+    [[nodiscard]] unsigned layerShellVersion() const { return m_layerShellVersion; }
+
+    [[nodiscard]] wl_compositor *compositor() const;
+    [[nodiscard]] static wl_surface *surfaceOf(QWindow &window);
+    [[nodiscard]] static wl_output *outputOf(QScreen &screen);
+
+    /// Sends what was requested.
+    void flush() const;
+
+    /// Moves an object to a queue of our own, which waitFor() dispatches, or back to Qt's.
+    enum class Queue { Own, Qt };
+    void moveTo(Queue queue, wl_proxy *object) const;
+
+    /// Waits until the compositor has answered all requests, and dispatches the own queue. False if
+    /// the connection is broken.
+    bool roundtrip() const;
+
+private:
+    [[nodiscard]] static void *nativeResource(const QByteArray &name);
+
+    wl_display *m_display;
+    wl_event_queue *m_queue = nullptr;
+    zwlr_layer_shell_v1 *m_layerShell = nullptr;
+    unsigned m_layerShellVersion = 0;
+};
+
+} // namespace perchly

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "LayerSurface.h"
+#include "PanelHost.h"
+#include "PressCatcher.h"
+#include "WaylandConnection.h"
+
+#include <QElapsedTimer>
+#include <QRegion>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace perchly {
+
+/// The panel as a layer surface above full-screen windows. It places itself from the top left
+/// corner of a display, and so knows where it is, which Wayland does not tell.
+class WaylandPanelHost : public PanelHost {
+    Q_OBJECT
+public:
+    WaylandPanelHost();
+
+    void attach(QWindow *panel) override;
+    void place(const ScreenRect &frame, const QMarginsF &margins) override;
+    void orderFront() override;
+    void setShape(const QRegion &shape) override;
+    void setBlur(const QRegion &) override {}
+    void takeKeyboard() override;
+    void giveKeyboardBack() override;
+    void setMenuOpen(bool open) override { m_isMenuOpen = open; }
+    [[nodiscard]] bool hasKeyboard() const override;
+    void activate(QWindow *window) override;
+    [[nodiscard]] bool isComposited() const override { return true; }
+    [[nodiscard]] ScreenPoint toScreen(QPointF point) const override;
+    void markPlace(const ScreenRect &) override {}
+
+    /// The pointer's position while it is on the panel or was pressed there.
+    [[nodiscard]] std::optional<ScreenPoint> pointer() const { return m_pointer; }
+    /// Whether something is being dragged over the panel.
+    [[nodiscard]] bool isDraggedOver() const { return m_isDraggedOver; }
+
+Q_SIGNALS:
+    void pointerMoved();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void put();
+    void putAgain();
+    void setPointer(std::optional<QPointF> inPanel);
+    void catchPresses();
+    void loseKeyboard();
+    [[nodiscard]] static QScreen *screenAt(const QRect &geometry);
+
+    WaylandConnection m_connection;
+    QPointer<QWindow> m_panel;
+    std::unique_ptr<LayerSurface> m_role;
+    bool m_isShown = false;
+    QRect m_geometry; ///< in Qt's points
+    QElapsedTimer m_placed;
+    std::optional<ScreenPoint> m_pointer;
+    bool m_isDraggedOver = false;
+    bool m_isMenuOpen = false;
+    bool m_holdsKeyboard = false;
+    QRegion m_shape;                                       ///< in the panel's points
+    std::vector<std::unique_ptr<PressCatcher>> m_catchers; ///< while it holds the keyboard
+};
+
+} // namespace perchly
