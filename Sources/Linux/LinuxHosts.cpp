@@ -36,6 +36,7 @@
 #include "WaylandDisplays.h"
 #include "WaylandOffer.h"
 #include "WaylandPanelHost.h"
+#include "WaylandPasteboard.h"
 #include "WaylandPointerMonitor.h"
 #include "X11Displays.h"
 #include "X11HotKeys.h"
@@ -154,6 +155,7 @@ void addWayland(Hosts &hosts) {
     hosts.displays = std::make_unique<WaylandDisplays>();
     hosts.pointer = std::make_unique<WaylandPointerMonitor>(*panel);
     hosts.panel = std::move(panel);
+    hosts.pasteboard = std::make_unique<WaylandPasteboard>();
 }
 
 void addWindowSystem(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
