@@ -6,10 +6,12 @@ from .waiting import wait_until
 
 ACCESSIBLE = "org.a11y.atspi.Accessible"
 BUS = "org.freedesktop.DBus"
+ACTIVE = 1
 ENABLED = 8
 FOCUSED = 12
 SELECTED = 23
 SHOWING = 25
+ON_SCREEN, IN_WINDOW = 0, 1
 TIMEOUT_MILLISECONDS = 3000
 
 
@@ -35,10 +37,11 @@ def get(bus, name, path, interface, member):
 
 
 class Node:
-    """One element of the tree."""
+    """One element of the tree. On Wayland, place(window title) says where its window is."""
 
-    def __init__(self, bus, name, path):
+    def __init__(self, bus, name, path, place=None, window=None):
         self.address = bus, name, path
+        self._place, self._window = place, window
 
     def _call(self, method, *arguments):
         return call(*self.address, f"org.a11y.atspi.{method}", *arguments)[0]
@@ -60,8 +63,14 @@ class Node:
 
     @property
     def extents(self):
-        """(x, y, width, height) on the screen."""
-        return self._call("Component.GetExtents", "(u)", 0)
+        """(x, y, width, height) on the screen, in pixels."""
+        origin = self._place and self._window and self._place(self._window.name)
+        if not origin:
+            return self._call("Component.GetExtents", "(u)", ON_SCREEN)
+        left, top, scale = origin
+        reference = IN_WINDOW if left is not None else ON_SCREEN
+        x, y, *size = self._call("Component.GetExtents", "(u)", reference)
+        return (left or 0) + x * scale, (top or 0) + y * scale, *(side * scale for side in size)
 
     @property
     def centre(self):
@@ -75,17 +84,21 @@ class Node:
     def walk(self):
         """This element and all its descendants."""
         yield self
-        for child in self._call("Accessible.GetChildren"):
-            yield from Node(self.address[0], *child).walk()
+        for address in self._call("Accessible.GetChildren"):
+            child = Node(self.address[0], *address, self._place)
+            # The application's children are windows.
+            child._window = self._window or (child if self.role == "application" else None)
+            yield from child.walk()
 
 
 class Accessibility:
     """Finds the visible elements of a process. A search restarts if the tree changes meanwhile."""
 
-    def __init__(self, session_address, process):
+    def __init__(self, session_address, process, place=None):
         service = connect(session_address), "org.a11y.Bus", "/org/a11y/bus"
         self._bus = connect(call(*service, "org.a11y.Bus.GetAddress")[0])
         self._process = process
+        self._place = place
         self._root = None
 
     def every(self, wanted):
@@ -117,6 +130,12 @@ class Accessibility:
     def expect_gone(self, *wanted):
         wait_until(lambda: not self.look_for(*wanted), f"no element {wanted}")
 
+    def is_active(self, title):
+        """Whether the window with this title has the keyboard."""
+        windows = Node(*self._application().address)._call("Accessible.GetChildren")
+        nodes = (Node(self._bus, *address) for address in windows)
+        return any(node.name == title and node.has(ACTIVE) for node in nodes)
+
     def rows(self):
         return self.every(lambda node: node.role == "list item" and node.name)
 
@@ -125,5 +144,5 @@ class Accessibility:
         for name, path in registry._call("Accessible.GetChildren"):
             method = f"{BUS}.GetConnectionUnixProcessID"
             if call(self._bus, BUS, "/", method, "(s)", name)[0] == self._process:
-                return Node(self._bus, name, path)
+                return Node(self._bus, name, path, self._place)
         raise LookupError("the program is not on the accessibility bus")

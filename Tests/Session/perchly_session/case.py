@@ -7,6 +7,7 @@ import sys
 import unittest
 from pathlib import Path
 
+from . import sway
 from .other_programs import OtherWindow
 from .session import Session
 from .waiting import wait_until, wait_while
@@ -19,6 +20,7 @@ AWAY = (640, 740)
 WORKSPACE = "Perchly Workspace"
 NO_BUS = "perchly: no session bus: .*"
 GONE = "perchly: Could not find accessible on path: .*"  # a test queried a removed object
+ON_X = os.environ.get("PERCHLY_WINDOW_MANAGER") != "sway"
 WINDOW_MANAGER = os.environ.get("PERCHLY_WINDOW_MANAGER", "openbox")
 
 
@@ -26,6 +28,10 @@ def unexpected_errors(program, *expected):
     """The lines on its stderr that none of the patterns matches."""
     known = "|".join((GONE, *expected))
     return [line for line in program.errors().splitlines() if not re.fullmatch(known, line)]
+
+
+def on_x_only(test):
+    return unittest.skipUnless(ON_X, "about X")(test)
 
 
 class User:
@@ -84,6 +90,11 @@ class SessionCase(unittest.TestCase, User):
         self.session = Session(os.environ["PERCHLY_PROGRAM"], **options)
         self.addCleanup(self._end_session, self.session)
         self.screen = self.session.screen
+        if self.session.is_wayland:
+            self.screen.bound = {
+                TOGGLE: (self.session.executable, "toggle"),
+                SEARCH: (self.session.executable, "search"),
+            }
         self.screen.move_to(*AWAY, step=100)
 
     def start(self, preferences=None, **options):
@@ -110,7 +121,10 @@ class SessionCase(unittest.TestCase, User):
 
     def other_window(self, *arguments, **options):
         """Creates another program's window, hidden at first."""
-        other = OtherWindow(self.screen, *arguments, **options)
+        if self.session.is_wayland:
+            other = sway.OtherWindow(self.session, *arguments, **options)
+        else:
+            other = OtherWindow(self.screen, *arguments, **options)
         self.addCleanup(other.close)
         return other
 
@@ -131,8 +145,7 @@ class SessionCase(unittest.TestCase, User):
         self.expect_frame(OPEN, "the shelf open")
 
     def expect_keyboard(self):
-        focused = lambda: self.screen.focus() == self.program.panel().id
-        wait_until(focused, "the shelf with the keyboard")
+        wait_until(self.program.has_keyboard, "the shelf with the keyboard")
 
     def hover(self):
         self.screen.move_to(*self.on_pill())

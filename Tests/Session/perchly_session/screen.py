@@ -8,10 +8,9 @@ from Xlib import X, XK, display, error
 from Xlib.ext import shape, xtest
 from Xlib.protocol import event
 
+from .hands import Hands
 from .waiting import wait_until
 
-STEP_PIXELS = 8
-STEP_SECONDS = 0.004
 PRESS_SECONDS = 0.1
 KEY_SECONDS = 0.01  # so that a press does not look like key repeat
 
@@ -20,7 +19,7 @@ KEY_SECONDS = 0.01  # so that a press does not look like key repeat
 Window = namedtuple("Window", "id title rect")
 
 
-class Screen:
+class Screen(Hands):
     """A client of the session's X server that acts and sees like a user."""
 
     def __init__(self, name):
@@ -56,31 +55,11 @@ class Screen:
         """Sends one relative motion event, which raw motion listeners see, too."""
         self._fake(X.MotionNotify, True, x=dx, y=dy, rest=rest)
 
-    def move_to(self, x, y, step=STEP_PIXELS, pause=STEP_SECONDS):
-        """Moves in a straight line of small steps."""
-        from_x, from_y = self.pointer()
-        steps = max(1, round(max(abs(x - from_x), abs(y - from_y)) / step))
-        for left in range(steps, 0, -1):
-            at_x, at_y = self.pointer()
-            self.move_by(round((x - at_x) / left), round((y - at_y) / left), pause)
-
     def press(self, button=1):
         self._fake(X.ButtonPress, button, rest=PRESS_SECONDS)
 
     def release(self, button=1):
         self._fake(X.ButtonRelease, button, rest=PRESS_SECONDS)
-
-    def click(self, x, y, button=1):
-        self.move_to(x, y)
-        self.press(button)
-        self.release(button)
-
-    def drag(self, start, end):
-        self.move_to(*start)
-        self.press()
-        distance = max(abs(end[0] - start[0]), abs(end[1] - start[1]))
-        self.move_to(*end, step=max(distance / 40, 1), pause=0.01)
-        self.release()
 
     # Keys
 
@@ -96,19 +75,22 @@ class Screen:
         for key in reversed(keys):
             self._fake(X.KeyRelease, self.code(key), rest=KEY_SECONDS)
 
-    def key(self, *keys):
-        """Presses keys together, as in key("Control_L", "Alt_L", "space")."""
-        self.hold(*keys)
-        self.let_go(*keys)
-
-    def type_text(self, text):
-        """Types characters of a US keyboard; a newline is Return."""
-        for character in text:
-            name = "Return" if character == "\n" else character
-            shifted = self.display.keycode_to_keysym(self.code(name), 1) == ord(character)
-            self.key(*["Shift_L"] * shifted, name)
+    def needs_shift(self, character):
+        return self.display.keycode_to_keysym(self.code(character), 1) == ord(character)
 
     # Windows
+
+    def origin_of(self, title):
+        """Where elements of a window count from; None for the screen."""
+
+    def panel(self, process):
+        """The shelf's window, or None."""
+        return next((w for w in self.windows_of(process) if w.title == "Perchly"), None)
+
+    def frame(self, process):
+        """The shelf's frame (x, y, width, height) without its shadow, or None."""
+        panel = self.panel(process)
+        return panel and self.input_frame(panel)
 
     def focus(self):
         """The id of the window with the keyboard; 0 if it is the root or no window has it."""
@@ -200,11 +182,6 @@ class Screen:
         """A picture of the screen or of a part of it (x, y, width, height)."""
         x, y, width, height = rect or (0, 0, self.width, self.height)
         return ImageGrab.grab((x, y, x + width, y + height), xdisplay=self.name)
-
-    def shows(self, colour, x, y, tolerance=12):
-        """Whether a pixel has about this colour (red, green, blue)."""
-        pixel = self.screenshot((x, y, 1, 1)).getpixel((0, 0))
-        return all(abs(a - b) <= tolerance for a, b in zip(pixel, colour))
 
     def _describe(self, window, process):
         """The window, if it is a visible one of the process."""

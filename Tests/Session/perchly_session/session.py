@@ -12,6 +12,7 @@ from pathlib import Path
 
 from Xlib import X
 
+from . import sway
 from .accessibility import Accessibility
 from .screen import Screen
 from .status_item import StatusWatcher
@@ -69,15 +70,21 @@ class Program:
 
     def panel(self):
         """The shelf's window, or None."""
-        return self.window("Perchly")
+        return self._session.screen.panel(self.pid)
 
     def frame(self):
         """The shelf's frame (x, y, width, height) without its shadow, or None."""
-        panel = self.panel()
-        return panel and self._session.screen.input_frame(panel)
+        return self._session.screen.frame(self.pid)
+
+    def has_keyboard(self):
+        """Whether the shelf has the keyboard."""
+        if isinstance(self._session.screen, sway.Screen):
+            return self.accessibility().is_active("Perchly")
+        return self._session.screen.focus() == self.panel().id
 
     def accessibility(self):
-        return Accessibility(self._session.bus_address, self.pid)
+        screen = self._session.screen
+        return Accessibility(self._session.bus_address, self.pid, screen.origin_of)
 
     def stop(self):
         """Ends the program as a session manager does and returns its exit status."""
@@ -94,8 +101,9 @@ class Program:
 class Session:
     """An isolated session that runs until stop() and leaves the user's desktop alone.
 
-    window_manager is "openbox", "xfwm4" (without its compositor), "xfwm4 compositor" or None. bus
-    says whether Perchly may reach the session bus; the window manager always can.
+    window_manager is "openbox", "xfwm4" (without its compositor), "xfwm4 compositor", None, or
+    "sway", a Wayland compositor. bus says whether Perchly may reach the session bus; the window manager always
+    can.
     """
 
     def __init__(self, executable, window_manager="openbox", bus=True, size=(1280, 800), scale=1):
@@ -114,7 +122,6 @@ class Session:
             "LANG": "C.UTF-8",
             "TZ": "UTC",
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
-            "QT_SCALE_FACTOR": str(scale),
             "DBUS_SESSION_BUS_ADDRESS": self.bus_address,
             "GIO_USE_VFS": "local",
             "GSETTINGS_BACKEND": "memory",
@@ -124,16 +131,27 @@ class Session:
             self.environment[name] = str(self.folder / folder)
         self.home = self.folder / FOLDERS["HOME"]
         self.preferences_file = self.home / ".config" / "perchly" / "preferences.json"
+        if self.is_wayland:
+            self.screen = sway.Screen(self, size, scale)
+        else:
+            self._start_x_server(size, scale)
+        self.start_bus()
+        if self.window_manager and not self.is_wayland:
+            self.start_window_manager()
+        if not bus:
+            self.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={self.folder}/no-bus"
+
+    @property
+    def is_wayland(self):
+        return self.window_manager == "sway"
+
+    def _start_x_server(self, size, scale):
+        self.environment["QT_SCALE_FACTOR"] = str(scale)
         server = "Xvfb -displayfd 1 -nolisten tcp -noreset -screen 0 {}x{}x24".format(*size)
         self.server, number = self._spawn_and_hear(*server.split())
         self.environment["DISPLAY"] = f":{number}"
         self.screen = Screen(self.environment["DISPLAY"])
         self._stack.callback(self.screen.display.close)
-        self.start_bus()
-        if self.window_manager:
-            self.start_window_manager()
-        if not bus:
-            self.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={self.folder}/no-bus"
 
     def stop(self):
         self._stack.close()
@@ -186,7 +204,16 @@ class Session:
         entry.write_text(f"[Desktop Entry]\nType=Application\nName={name}\nExec={command}\n")
         return entry
 
+    def remove_monitor(self, number):
+        if self.is_wayland:
+            self.screen.remove_output(number)
+        else:
+            self.call("xrandr", "--delmonitor", f"monitor{number}")
+
     def add_monitor(self, number, rect):
+        if self.is_wayland:
+            self.screen.add_output(number, rect)
+            return
         x, y, width, height = rect
         geometry = f"{width}/300x{height}/200+{x}+{y}"
         output = "screen" if number == 0 else "none"
