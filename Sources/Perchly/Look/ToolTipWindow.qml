@@ -27,8 +27,9 @@ Window {
             left = side === Qt.RightEdge ? bottomRight.x + root.gap : topLeft.x - root.gap - root.width;
             top = (topLeft.y + bottomRight.y - root.height) / 2;
         }
-        root.x = Math.round(root.within(left, item.Screen.virtualX, item.Screen.width - root.width));
-        root.y = Math.round(root.within(top, item.Screen.virtualY, item.Screen.height - root.height));
+        const origin = ToolTipNesting.nest(root, item);
+        root.x = Math.round(root.within(left, item.Screen.virtualX, item.Screen.width - root.width)) - origin.x;
+        root.y = Math.round(root.within(top, item.Screen.virtualY, item.Screen.height - root.height)) - origin.y;
         root.visible = true;
     }
 
