@@ -151,8 +151,10 @@ void addX11(Hosts &hosts) {
 }
 
 void addWayland(Hosts &hosts) {
-    auto panel = std::make_unique<WaylandPanelHost>();
-    hosts.displays = std::make_unique<WaylandDisplays>();
+    const auto connection = std::make_shared<WaylandConnection>();
+    auto displays = std::make_unique<WaylandDisplays>(connection);
+    auto panel = std::make_unique<WaylandPanelHost>(connection, *displays);
+    hosts.displays = std::move(displays);
     hosts.pointer = std::make_unique<WaylandPointerMonitor>(*panel);
     hosts.panel = std::move(panel);
     hosts.pasteboard = std::make_unique<WaylandPasteboard>();
@@ -203,6 +205,8 @@ WindowSystemChoice::WindowSystemChoice() {
     }
     if (system != "x11" && compositorHasLayerShell(1s)) {
         set(platformName, "wayland");
+        // Otherwise Qt takes all windows to be at the corner of their display.
+        set("QT_WAYLAND_DISABLE_FIXED_POSITIONS", "1");
         qputenv(bareSurfaces, "1");
         chooseWaylandBuffers();
     } else {

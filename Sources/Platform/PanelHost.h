@@ -26,6 +26,13 @@ public:
     /// hold its shadow. A new size removes the shape: set the new one right afterwards.
     virtual void place(const ScreenRect &frame, const QMarginsF &margins) = 0;
 
+    /// Moves the panel to the frame while the pointer holds it. place() ends that.
+    virtual void carry(const ScreenRect &frame, const QMarginsF &margins) { place(frame, margins); }
+
+    /// Whether frames may overlap the desktop's panels: for window systems that do not tell where
+    /// these are.
+    virtual void setOverPanels(bool) {}
+
     /// Shows the panel above the other windows, except menus, notifications and screen locks,
     /// without taking the keyboard.
     virtual void orderFront() = 0;

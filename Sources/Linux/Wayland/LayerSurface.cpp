@@ -3,13 +3,17 @@
 #include "WaylandConnection.h"
 #include "wlr-layer-shell-unstable-v1-client.h"
 
+#include <utility>
+
 namespace perchly {
 
 struct LayerSurface::Listener {
-    static void configure(void *data, zwlr_layer_surface_v1 *role, uint32_t serial,
-                          uint32_t /*width*/, uint32_t /*height*/) {
+    static void configure(void *data, zwlr_layer_surface_v1 *role, uint32_t serial, uint32_t width,
+                          uint32_t height) {
         zwlr_layer_surface_v1_ack_configure(role, serial);
-        static_cast<LayerSurface *>(data)->m_isConfigured = true;
+        auto *surface = static_cast<LayerSurface *>(data);
+        surface->m_assignedSize = QSize(int(width), int(height));
+        Q_EMIT surface->sizeAssigned();
     }
     static void close(void *data, zwlr_layer_surface_v1 * /*role*/) {
         Q_EMIT static_cast<LayerSurface *>(data)->closed();
@@ -31,8 +35,10 @@ LayerSurface::~LayerSurface() {
 }
 
 void LayerSurface::place(QScreen &screen, const QRect &frame, Origin origin) {
-    if (m_role != nullptr && m_screen != &screen) {
-        release(); // the display of a role is fixed
+    // The display of a role is fixed. Sway leaves traces of a surface that only moves.
+    const bool onlyMoves = frame.size() == m_frame.size() && frame != m_frame;
+    if (m_role != nullptr && (m_screen != &screen || onlyMoves)) {
+        release();
     }
     m_screen = &screen;
     m_frame = frame;
@@ -42,17 +48,42 @@ void LayerSurface::place(QScreen &screen, const QRect &frame, Origin origin) {
         return;
     }
     send();
-    const bool isResized = m_window.size() != frame.size();
+    m_isResizing = m_isResizing || m_window.size() != frame.size();
     tellQt();
-    if (!isResized) { // otherwise its next picture commits the place, too
+    if (!m_isResizing) { // otherwise its next picture commits the place, too
         commit();
     }
+}
+
+void LayerSurface::fill(QScreen &screen) {
+    place(screen, QRect(), Origin::FreeArea);
 }
 
 void LayerSurface::setKeyboard(Keyboard keyboard) {
     m_keyboard = keyboard;
     if (m_role != nullptr) {
         send();
+        if (!m_isResizing) {
+            commit();
+        }
+    }
+}
+
+void LayerSurface::setInputRegion(const QRegion &region) {
+    if (m_inputRegion == region) {
+        return;
+    }
+    m_inputRegion = region;
+    if (m_role != nullptr) {
+        sendInputRegion();
+        if (!m_isResizing) {
+            commit();
+        }
+    }
+}
+
+void LayerSurface::handleFrame() {
+    if (std::exchange(m_isResizing, false) && m_role != nullptr) {
         commit();
     }
 }
@@ -62,7 +93,8 @@ void LayerSurface::release() {
         zwlr_layer_surface_v1_destroy(m_role);
         m_role = nullptr;
     }
-    m_isConfigured = false;
+    m_assignedSize = QSize();
+    m_isResizing = false;
     m_window.destroy();
 }
 
@@ -76,19 +108,25 @@ void LayerSurface::realize() {
         static_cast<uint32_t>(m_layer), m_scope.constData());
     auto *proxy = reinterpret_cast<wl_proxy *>(m_role);
     zwlr_layer_surface_v1_add_listener(m_role, &Listener::table, this);
-    zwlr_layer_surface_v1_set_anchor(m_role, ZWLR_LAYER_SURFACE_V1_ANCHOR_TOP |
-                                                 ZWLR_LAYER_SURFACE_V1_ANCHOR_LEFT);
+    constexpr auto corner = ZWLR_LAYER_SURFACE_V1_ANCHOR_TOP | ZWLR_LAYER_SURFACE_V1_ANCHOR_LEFT;
+    constexpr auto allEdges =
+        corner | ZWLR_LAYER_SURFACE_V1_ANCHOR_BOTTOM | ZWLR_LAYER_SURFACE_V1_ANCHOR_RIGHT;
+    zwlr_layer_surface_v1_set_anchor(m_role, m_frame.isEmpty() ? allEdges : corner);
     send();
+    if (m_inputRegion) {
+        sendInputRegion();
+    }
     commit();
     // Qt may attach a picture only after the first configure.
-    while (!m_isConfigured && m_connection.roundtrip()) {
+    while (!m_assignedSize.isValid() && m_connection.roundtrip()) {
     }
     m_connection.moveTo(WaylandConnection::Queue::Qt, proxy);
 }
 
 /// For the positions that assistive programs and events report.
 void LayerSurface::tellQt() {
-    m_window.setGeometry(m_frame.translated(m_screen->geometry().topLeft()));
+    const QRect frame = m_frame.isEmpty() ? QRect(0, 0, 1, 1) : m_frame;
+    m_window.setGeometry(frame.translated(m_screen->geometry().topLeft()));
 }
 
 void LayerSurface::send() {
@@ -96,6 +134,15 @@ void LayerSurface::send() {
     zwlr_layer_surface_v1_set_size(m_role, uint32_t(m_frame.width()), uint32_t(m_frame.height()));
     zwlr_layer_surface_v1_set_margin(m_role, m_frame.top(), 0, 0, m_frame.left());
     zwlr_layer_surface_v1_set_keyboard_interactivity(m_role, static_cast<uint32_t>(m_keyboard));
+}
+
+void LayerSurface::sendInputRegion() {
+    wl_region *region = wl_compositor_create_region(m_connection.compositor());
+    for (const QRect &rect : *m_inputRegion) {
+        wl_region_add(region, rect.x(), rect.y(), rect.width(), rect.height());
+    }
+    wl_surface_set_input_region(m_surface, region);
+    wl_region_destroy(region);
 }
 
 void LayerSurface::commit() const {

@@ -3,8 +3,11 @@
 #include <QObject>
 #include <QPointer>
 #include <QRect>
+#include <QRegion>
 #include <QScreen>
 #include <QWindow>
+
+#include <optional>
 
 struct wl_surface;
 struct zwlr_layer_surface_v1;
@@ -20,7 +23,7 @@ class LayerSurface : public QObject {
     Q_OBJECT
 public:
     /// Top is below full-screen windows, Overlay above them.
-    enum class Layer { Top = 2, Overlay = 3 };
+    enum class Layer { Background = 0, Top = 2, Overlay = 3 };
     enum class Keyboard { None = 0, Exclusive = 1 };
     /// Whether the place counts from the display's edges or from the area that panels leave free.
     enum class Origin { Display = -1, FreeArea = 0 };
@@ -29,14 +32,27 @@ public:
     LayerSurface(WaylandConnection &connection, QWindow &window, const char *scope, Layer layer);
     ~LayerSurface() override;
 
-    /// Moves the window to the frame, in points (y down) from the origin on that display. Creates
-    /// the window first if there is none yet or it is on another display; show() it then. Blocks
+    /// Moves the window to the frame, in points (y down) from the origin on that display. May
+    /// destroy the window and create it again: show() it then. Blocks
     /// until the compositor knows a new window.
     void place(QScreen &screen, const QRect &frame, Origin origin);
+
+    /// Fills the area that panels leave free, with a window of one point: for its size only.
+    void fill(QScreen &screen);
+
+    /// The size that the compositor last gave to the surface, in points.
+    [[nodiscard]] QSize assignedSize() const { return m_assignedSize; }
 
     [[nodiscard]] QScreen *screen() const { return m_screen; }
 
     void setKeyboard(Keyboard keyboard);
+
+    /// Limits input to the region, in points. Takes effect together with a new size, if that is
+    /// still to be painted.
+    void setInputRegion(const QRegion &region);
+
+    /// The window has been painted.
+    void handleFrame();
 
     /// Destroys the window's surface, as when its display is gone; place() makes a new one.
     void release();
@@ -45,6 +61,7 @@ Q_SIGNALS:
     /// The compositor closed the surface: the display is gone, or its shell wants it closed.
     /// release() it.
     void closed();
+    void sizeAssigned();
 
 private:
     struct Listener;
@@ -52,6 +69,7 @@ private:
     void realize();
     void tellQt();
     void send();
+    void sendInputRegion();
     void commit() const;
 
     WaylandConnection &m_connection;
@@ -62,9 +80,11 @@ private:
     QRect m_frame;
     Origin m_origin = Origin::Display;
     Keyboard m_keyboard = Keyboard::None;
+    std::optional<QRegion> m_inputRegion;
+    bool m_isResizing = false; ///< until it is painted in its new size
     zwlr_layer_surface_v1 *m_role = nullptr;
     wl_surface *m_surface = nullptr;
-    bool m_isConfigured = false;
+    QSize m_assignedSize; ///< invalid until the compositor knows the surface
 };
 
 } // namespace perchly

@@ -7,12 +7,16 @@
 
 namespace perchly {
 
-PressCatcher::PressCatcher(WaylandConnection &connection, QScreen &screen, const QRegion &free)
-    : m_role(connection, *this, "perchly-outside", LayerSurface::Layer::Overlay) {
+PressCatcher::PressCatcher(WaylandConnection &connection, QScreen &screen, Place place, QSize size,
+                           const QRegion &free)
+    : m_role(connection, *this, "perchly-outside",
+             place == Place::Panels ? LayerSurface::Layer::Top : LayerSurface::Layer::Overlay) {
     preparePanel(*this);
-    const QRect whole(QPoint(), screen.geometry().size());
-    m_role.place(screen, whole, LayerSurface::Origin::Display);
-    setMask(QRegion(whole) - free);
+    const QRect whole(QPoint(), size);
+    m_role.place(screen, whole,
+                 place == Place::FreeArea ? LayerSurface::Origin::FreeArea
+                                          : LayerSurface::Origin::Display);
+    m_role.setInputRegion(QRegion(whole) - free);
     connect(&m_role, &LayerSurface::closed, this, [this] { m_role.release(); });
     show();
 }

@@ -7,13 +7,20 @@
 
 namespace perchly {
 
-/// A transparent surface over a whole display. Reports a press of a mouse button outside an area
-/// that it leaves to other surfaces. Main thread only.
+/// A transparent surface over a display. Reports a press of a mouse button outside an area that it
+/// leaves to other surfaces. Main thread only.
 class PressCatcher : public QRasterWindow {
     Q_OBJECT
 public:
-    /// The area is in points of the display. Both must outlive it.
-    PressCatcher(WaylandConnection &connection, QScreen &screen, const QRegion &free);
+    enum class Place {
+        Display,  ///< above all windows
+        FreeArea, ///< the same where panels leave the display free
+        Panels,   ///< above panels and ordinary windows
+    };
+
+    /// The size and the area are in points from that place. The first two must outlive it.
+    PressCatcher(WaylandConnection &connection, QScreen &screen, Place place, QSize size,
+                 const QRegion &free);
 
 Q_SIGNALS:
     void pressed();

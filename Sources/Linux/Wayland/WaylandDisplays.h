@@ -1,25 +1,36 @@
 #pragma once
 
 #include "Displays.h"
+#include "FreeArea.h"
 
 #include <QTimer>
+
+#include <map>
+#include <memory>
 
 class QScreen;
 
 namespace perchly {
 
-/// Qt's screens, named by their connectors. The compositor does not report the areas that panels
-/// reserve.
+/// Qt's screens, named by their connectors. A visible frame has the size of the area that panels
+/// leave free; as Wayland does not tell where that is, it starts at the display's top left corner.
 class WaylandDisplays : public Displays {
     Q_OBJECT
 public:
-    WaylandDisplays();
+    explicit WaylandDisplays(std::shared_ptr<WaylandConnection> connection);
 
     [[nodiscard]] QList<Display> list() const override;
 
+    /// In Qt's points.
+    [[nodiscard]] QRect freeArea(QScreen &screen) const;
+
 private:
     void follow(QScreen *screen);
+    void announceIfChanged();
 
+    std::shared_ptr<WaylandConnection> m_connection;
+    std::map<const QScreen *, FreeArea> m_areas;
+    QList<Display> m_announced;
     QTimer m_announcement; ///< Qt reports one change several times
 };
 

@@ -2,9 +2,12 @@
 
 #include "PanelWindow.h"
 #include "ScreenSpace.h"
+#include "WaylandDisplays.h"
 
 #include <QGuiApplication>
 #include <QMouseEvent>
+#include <QQuickItem>
+#include <QQuickWindow>
 #include <QTimer>
 
 #include <utility>
@@ -18,9 +21,22 @@ constexpr qint64 entryMilliseconds = 50;
 // Between two of our windows, no window has the keyboard for less than this time.
 constexpr std::chrono::milliseconds focusDelay{60};
 
+QRect geometryOf(const ScreenRect &frame, const QMarginsF &margins) {
+    QRect geometry = ScreenSpace::current().toQt(frame);
+    geometry.setSize(geometry.size().expandedTo(QSize(1, 1)));
+    return geometry.marginsAdded(margins.toMargins());
+}
+
+QQuickItem *contentOf(QWindow &panel) {
+    return static_cast<QQuickWindow &>(panel).contentItem();
+}
+
 } // namespace
 
-WaylandPanelHost::WaylandPanelHost() {
+WaylandPanelHost::WaylandPanelHost(std::shared_ptr<WaylandConnection> connection,
+                                   const WaylandDisplays &displays)
+    : m_connection(std::move(connection))
+    , m_displays(displays) {
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow *focused) {
         if (m_holdsKeyboard && focused != m_panel) {
             QTimer::singleShot(focusDelay, this, [this] {
@@ -35,18 +51,20 @@ WaylandPanelHost::WaylandPanelHost() {
 void WaylandPanelHost::attach(QWindow *panel) {
     m_panel = panel;
     preparePanel(*panel);
-    m_role = std::make_unique<LayerSurface>(m_connection, *panel, "perchly",
+    panel->setProperty("nestsToolTips", true);
+    m_role = std::make_unique<LayerSurface>(*m_connection, *panel, "perchly",
                                             LayerSurface::Layer::Overlay);
     // Not from within the event that closed it.
     connect(m_role.get(), &LayerSurface::closed, this, &WaylandPanelHost::putAgain,
             Qt::QueuedConnection);
+    connect(static_cast<QQuickWindow *>(panel), &QQuickWindow::frameSwapped, m_role.get(),
+            &LayerSurface::handleFrame);
     panel->installEventFilter(this);
 }
 
 void WaylandPanelHost::place(const ScreenRect &frame, const QMarginsF &margins) {
-    QRect geometry = ScreenSpace::current().toQt(frame);
-    geometry.setSize(geometry.size().expandedTo(QSize(1, 1)));
-    geometry = geometry.marginsAdded(margins.toMargins());
+    const QRect geometry = geometryOf(frame, margins);
+    drop();
     if (geometry != m_geometry || m_role->screen() == nullptr) {
         m_geometry = geometry;
         put();
@@ -59,9 +77,64 @@ void WaylandPanelHost::put() {
         return; // until a display is attached
     }
     m_placed.start();
-    m_role->place(*screen, m_geometry.translated(-screen->geometry().topLeft()),
-                  LayerSurface::Origin::Display);
+    m_role->place(*screen, m_geometry.translated(-screen->geometry().topLeft()), m_origin);
     m_panel->setVisible(m_isShown);
+}
+
+void WaylandPanelHost::setOverPanels(bool over) {
+    const auto origin = over ? LayerSurface::Origin::Display : LayerSurface::Origin::FreeArea;
+    if (std::exchange(m_origin, origin) != origin && m_role->screen() != nullptr) {
+        put();
+    }
+}
+
+void WaylandPanelHost::carry(const ScreenRect &frame, const QMarginsF &margins) {
+    const QRect geometry = geometryOf(frame, margins);
+    QScreen *screen = screenAt(geometry);
+    if (!m_ghost || m_ghost->display() != screen) {
+        const QRect area = m_origin == LayerSurface::Origin::Display ? screen->geometry()
+                                                                     : m_displays.freeArea(*screen);
+        m_ghost = std::make_unique<DragGhost>(*m_connection, *screen, area, m_origin);
+    }
+    m_ghost->setPlace(geometry);
+    if (m_geometry.size() != geometry.size()) {
+        m_geometry.setSize(geometry.size());
+        put();
+    }
+    contentOf(*m_panel)->setOpacity(0);
+    takePicture();
+}
+
+/// Also paints what changes in the panel, such as its collapse.
+void WaylandPanelHost::takePicture() {
+    if (m_picture || !m_ghost) {
+        return;
+    }
+    const double ratio = m_ghost->devicePixelRatio();
+    m_picture = contentOf(*m_panel)->childItems().constFirst()->grabToImage(
+        (QSizeF(m_geometry.size()) * ratio).toSize());
+    if (!m_picture) {
+        return;
+    }
+    connect(m_picture.get(), &QQuickItemGrabResult::ready, this, [this] {
+        const QImage picture = std::exchange(m_picture, {})->image();
+        if (m_ghost && m_ghost->setPicture(picture)) {
+            takePicture();
+        }
+    });
+}
+
+void WaylandPanelHost::drop() {
+    if (m_ghost) {
+        m_ghost.reset();
+        contentOf(*m_panel)->setOpacity(1);
+    }
+}
+
+void WaylandPanelHost::markPlace(const ScreenRect &frame) {
+    if (m_ghost) {
+        m_ghost->setShade(ScreenSpace::current().toQt(frame));
+    }
 }
 
 void WaylandPanelHost::putAgain() {
@@ -85,7 +158,7 @@ void WaylandPanelHost::orderFront() {
 void WaylandPanelHost::setShape(const QRegion &shape) {
     const double toPoints = 1 / m_panel->devicePixelRatio();
     m_shape = QTransform::fromScale(toPoints, toPoints).map(shape);
-    m_panel->setMask(m_shape);
+    m_role->setInputRegion(m_shape);
 }
 
 void WaylandPanelHost::takeKeyboard() {
@@ -100,12 +173,23 @@ void WaylandPanelHost::catchPresses() {
     const QRegion panel = m_shape.translated(m_geometry.topLeft());
     const QList<QScreen *> screens = QGuiApplication::screens();
     for (QScreen *screen : screens) {
+        const QRect area = m_displays.freeArea(*screen);
         const QRegion free = panel.translated(-screen->geometry().topLeft());
-        auto catcher = std::make_unique<PressCatcher>(m_connection, *screen, free);
-        connect(catcher.get(), &PressCatcher::pressed, this, &WaylandPanelHost::loseKeyboard,
-                Qt::QueuedConnection);
-        m_catchers.push_back(std::move(catcher));
+        if (m_origin == LayerSurface::Origin::Display || area == screen->geometry()) {
+            catchPresses(PressCatcher::Place::Display, *screen, screen->geometry().size(), free);
+        } else {
+            catchPresses(PressCatcher::Place::Panels, *screen, screen->geometry().size(), {});
+            catchPresses(PressCatcher::Place::FreeArea, *screen, area.size(), free);
+        }
     }
+}
+
+void WaylandPanelHost::catchPresses(PressCatcher::Place place, QScreen &screen, QSize size,
+                                    const QRegion &free) {
+    auto catcher = std::make_unique<PressCatcher>(*m_connection, screen, place, size, free);
+    connect(catcher.get(), &PressCatcher::pressed, this, &WaylandPanelHost::loseKeyboard,
+            Qt::QueuedConnection);
+    m_catchers.push_back(std::move(catcher));
 }
 
 void WaylandPanelHost::loseKeyboard() {

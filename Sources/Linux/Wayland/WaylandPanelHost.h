@@ -1,11 +1,13 @@
 #pragma once
 
+#include "DragGhost.h"
 #include "LayerSurface.h"
 #include "PanelHost.h"
 #include "PressCatcher.h"
 #include "WaylandConnection.h"
 
 #include <QElapsedTimer>
+#include <QQuickItemGrabResult>
 #include <QRegion>
 
 #include <memory>
@@ -14,15 +16,21 @@
 
 namespace perchly {
 
+class WaylandDisplays;
+
 /// The panel as a layer surface above full-screen windows. It places itself from the top left
 /// corner of a display, and so knows where it is, which Wayland does not tell.
 class WaylandPanelHost : public PanelHost {
     Q_OBJECT
 public:
-    WaylandPanelHost();
+    /// The displays must outlive it.
+    WaylandPanelHost(std::shared_ptr<WaylandConnection> connection,
+                     const WaylandDisplays &displays);
 
     void attach(QWindow *panel) override;
     void place(const ScreenRect &frame, const QMarginsF &margins) override;
+    void carry(const ScreenRect &frame, const QMarginsF &margins) override;
+    void setOverPanels(bool over) override;
     void orderFront() override;
     void setShape(const QRegion &shape) override;
     void setBlur(const QRegion &) override {}
@@ -33,7 +41,7 @@ public:
     void activate(QWindow *window) override;
     [[nodiscard]] bool isComposited() const override { return true; }
     [[nodiscard]] ScreenPoint toScreen(QPointF point) const override;
-    void markPlace(const ScreenRect &) override {}
+    void markPlace(const ScreenRect &frame) override;
 
     /// The pointer's position while it is on the panel or was pressed there.
     [[nodiscard]] std::optional<ScreenPoint> pointer() const { return m_pointer; }
@@ -48,17 +56,24 @@ protected:
 
 private:
     void put();
+    void drop();
+    void takePicture();
     void putAgain();
     void setPointer(std::optional<QPointF> inPanel);
     void catchPresses();
+    void catchPresses(PressCatcher::Place place, QScreen &screen, QSize size, const QRegion &free);
     void loseKeyboard();
     [[nodiscard]] static QScreen *screenAt(const QRect &geometry);
 
-    WaylandConnection m_connection;
+    const std::shared_ptr<WaylandConnection> m_connection;
+    const WaylandDisplays &m_displays;
     QPointer<QWindow> m_panel;
     std::unique_ptr<LayerSurface> m_role;
     bool m_isShown = false;
     QRect m_geometry; ///< in Qt's points
+    LayerSurface::Origin m_origin = LayerSurface::Origin::FreeArea;
+    std::unique_ptr<DragGhost> m_ghost; ///< while the pointer holds the panel
+    QSharedPointer<QQuickItemGrabResult> m_picture;
     QElapsedTimer m_placed;
     std::optional<ScreenPoint> m_pointer;
     bool m_isDraggedOver = false;

@@ -14,6 +14,15 @@ constexpr int frameWidth = 2;
 
 } // namespace
 
+void paintDockShade(QPainter &painter, const QRectF &place) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(255, 255, 255, 170), frameWidth));
+    painter.setBrush(QColor(0, 0, 0, 90));
+    const double inset = frameWidth / 2.0;
+    painter.drawRoundedRect(place.adjusted(inset, inset, -inset, -inset), shadeRadius - inset,
+                            shadeRadius - inset);
+}
+
 DockShade::DockShade(XcbConnection &connection, xcb_window_t panel, const QRect &geometry,
                      bool isComposited)
     : m_isComposited(isComposited) {
@@ -43,12 +52,7 @@ void DockShade::paintEvent(QPaintEvent *) {
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.fillRect(QRect(QPoint(), size()), m_isComposited ? Qt::transparent : Qt::white);
     if (m_isComposited) {
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(QColor(255, 255, 255, 170), frameWidth));
-        painter.setBrush(QColor(0, 0, 0, 90));
-        const double inset = frameWidth / 2.0;
-        painter.drawRoundedRect(QRectF(QPointF(), size()).adjusted(inset, inset, -inset, -inset),
-                                shadeRadius - inset, shadeRadius - inset);
+        paintDockShade(painter, QRectF(QPointF(), size()));
     }
 }
 

@@ -6,6 +6,9 @@
 
 namespace perchly {
 
+/// Paints that shape.
+void paintDockShade(QPainter &painter, const QRectF &place);
+
 /// A translucent shape that shows where the panel will be docked; a frame without a compositor.
 /// Clicks pass through it. Shown at once, below the panel. Main thread only.
 class DockShade : public QRasterWindow {

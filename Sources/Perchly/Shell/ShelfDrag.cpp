@@ -42,7 +42,7 @@ void ShelfDrag::move(ScreenPoint to) {
     const ScreenRect frame{to.x - m_grab.x, to.y + m_grab.y - height, m_model.compactWidth(),
                            height};
     const ScreenRect inside = m_placement.movedInside(frame, to);
-    m_panel.setFrame(inside, inside, std::nullopt);
+    m_panel.carry(inside);
     m_panel.markPlace(m_placement.dockFrame(to));
 }
 

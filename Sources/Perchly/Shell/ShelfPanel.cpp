@@ -82,18 +82,37 @@ QRectF ShelfPanel::inWindow(const ScreenRect &rectangle) const {
 
 void ShelfPanel::setFrame(const ScreenRect &frame, const ScreenRect &compactFrame,
                           std::optional<ShelfEdge> edge) {
+    remember(frame, compactFrame, edge);
+    m_host.place(frame, m_margins);
+    layOut();
+}
+
+void ShelfPanel::carry(const ScreenRect &frame) {
+    remember(frame, frame, std::nullopt);
+    m_host.carry(frame, m_margins);
+    layOut();
+}
+
+void ShelfPanel::setOverPanels(bool over) {
+    m_host.setOverPanels(over);
+}
+
+void ShelfPanel::remember(const ScreenRect &frame, const ScreenRect &compactFrame,
+                          std::optional<ShelfEdge> edge) {
     m_frame = frame;
     m_compactFrame = compactFrame;
     m_edge = edge;
     m_margins = m_host.isComposited() ? shadowMargins(edge) : QMarginsF();
-    m_host.place(frame, m_margins);
+}
+
+void ShelfPanel::layOut() {
     if (QQuickItem *root = rootObject()) {
         // The window's own resize event comes too late for the shape.
-        root->setSize({frame.width + m_margins.left() + m_margins.right(),
-                       frame.height + m_margins.top() + m_margins.bottom()});
+        root->setSize({m_frame.width + m_margins.left() + m_margins.right(),
+                       m_frame.height + m_margins.top() + m_margins.bottom()});
         root->setProperty("composited", m_host.isComposited());
         root->setProperty("shadowMargin", m_host.isComposited() ? shadowMargin : 0);
-        root->setProperty("compactRect", inWindow(compactFrame));
+        root->setProperty("compactRect", inWindow(m_compactFrame));
     }
     applyShape();
 }

@@ -28,6 +28,12 @@ public:
     void setFrame(const ScreenRect &frame, const ScreenRect &compactFrame,
                   std::optional<ShelfEdge> edge);
 
+    /// Moves the floating panel to the frame while the pointer holds it.
+    void carry(const ScreenRect &frame);
+
+    /// Whether frames may overlap the desktop's panels.
+    void setOverPanels(bool over);
+
     /// Shows where the panel would be docked; an empty frame hides that.
     void markPlace(const ScreenRect &frame);
 
@@ -58,6 +64,9 @@ private Q_SLOTS:
     void applyBlur();
 
 private:
+    void remember(const ScreenRect &frame, const ScreenRect &compactFrame,
+                  std::optional<ShelfEdge> edge);
+    void layOut();
     [[nodiscard]] QRegion region(const QRectF &shape, double radius) const;
     [[nodiscard]] QRectF inWindow(const ScreenRect &rectangle) const;
 

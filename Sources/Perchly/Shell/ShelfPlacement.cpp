@@ -23,6 +23,7 @@ void ShelfPlacement::update() {
         m_frames.reset();
         return;
     }
+    m_panel.setOverPanels(m_preferences.overPanels());
     const Display display = this->display(m_preferences.display());
     const ShelfPosition position = m_preferences.position();
     const CompactSize compact = compactSize(position, display);
