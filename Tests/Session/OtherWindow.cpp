@@ -1,5 +1,6 @@
 // Another program's window in the colour of the desktop. Prints "key" and the keysym for each key
-// press, "press" for each button press, and "focus 1" or "focus 0" when it gets or loses the keyboard.
+// press, "press" for each button press, and "focus 1" or "focus 0" when it gets or loses the
+// keyboard.
 
 #include <QGuiApplication>
 #include <QKeyEvent>

@@ -67,10 +67,8 @@ class Node:
         origin = self._place and self._window and self._place(self._window.name)
         if not origin:
             return self._call("Component.GetExtents", "(u)", ON_SCREEN)
-        left, top, scale = origin
-        reference = IN_WINDOW if left is not None else ON_SCREEN
-        x, y, *size = self._call("Component.GetExtents", "(u)", reference)
-        return (left or 0) + x * scale, (top or 0) + y * scale, *(side * scale for side in size)
+        x, y, *size = self._call("Component.GetExtents", "(u)", IN_WINDOW)
+        return origin[0] + x, origin[1] + y, *size
 
     @property
     def centre(self):

@@ -134,7 +134,9 @@ class DragPartner:
             command = (os.environ["PERCHLY_DRAG_PARTNER"], *urls)
             self._process = session.spawn(*command, stdout=said)
         shown = lambda: self._screen.windows_of(self._process.pid)
-        wait_until(shown, "the drag partner's window")
+        window = wait_until(shown, "the drag partner's window")[0]
+        if session.is_wayland:
+            self._screen.place(window.id, 700, 550)
 
     def close(self):
         self._process.kill()

@@ -61,6 +61,16 @@ class Screen(Hands):
     def release(self, button=1):
         self._fake(X.ButtonRelease, button, rest=PRESS_SECONDS)
 
+    def fling(self, *places, then):
+        """Drags through these places, and moves on, in no time."""
+        fake = lambda *kind, **place: xtest.fake_input(self.display, *kind, **place)
+        fake(X.ButtonPress, 1)
+        for x, y in places:
+            fake(X.MotionNotify, x=x, y=y)
+        fake(X.ButtonRelease, 1)
+        fake(X.MotionNotify, x=then[0], y=then[1])
+        self.display.sync()
+
     # Keys
 
     def code(self, name):

@@ -204,12 +204,6 @@ class Session:
         entry.write_text(f"[Desktop Entry]\nType=Application\nName={name}\nExec={command}\n")
         return entry
 
-    def remove_monitor(self, number):
-        if self.is_wayland:
-            self.screen.remove_output(number)
-        else:
-            self.call("xrandr", "--delmonitor", f"monitor{number}")
-
     def add_monitor(self, number, rect):
         if self.is_wayland:
             self.screen.add_output(number, rect)

@@ -25,6 +25,13 @@ seat seat0 xcursor_theme none 1
 focus_follows_mouse no
 xwayland disable
 for_window [title=".*"] floating enable
+bar bar-0 {{
+    mode invisible
+    position bottom
+    height 200
+    workspace_buttons no
+    colors background #00ff00
+}}
 """
 NOBODY = ("setpriv", "--reuid=65534", "--regid=65534", "--clear-groups")  # sway refuses root
 
@@ -101,6 +108,14 @@ class Screen(Hands):
     def release(self, button=1):
         self._act("button", BUTTONS[button], 0, rest=PRESS_SECONDS)
 
+    def fling(self, *places, then):
+        """Drags through these places, and moves on, in no time."""
+        self._act("button", BUTTONS[1], 1)
+        for x, y in places:
+            self.move_by(x - self._at[0], y - self._at[1])
+        self._act("button", BUTTONS[1], 0)
+        self.move_by(then[0] - self._at[0], then[1] - self._at[1])
+
     # Keys
 
     def code(self, name):
@@ -147,11 +162,10 @@ class Screen(Hands):
         ]
 
     def origin_of(self, title):
-        """Where elements of a window count from, and their scale. Only ordinary windows do not know
-        where they are."""
+        """Where elements of an ordinary window count from; None for others, which know their
+        place."""
         node = next((node for node in self._tree() if node["name"] == title), None)
-        x, y = self._scaled(node["rect"])[:2] if node else (None, None)
-        return x, y, self._scale
+        return node and self._scaled(node["rect"])[:2]
 
     def focus(self):
         """The id of the ordinary window with the keyboard, or 0."""
@@ -180,6 +194,12 @@ class Screen(Hands):
         frame = self.frame(process)
         return frame and Window("panel", "Perchly", frame)
 
+    def place(self, number, x, y, *size):
+        if size:
+            self.tell(f"[con_id={number}] resize set {size[0]} {size[1]}")
+        self.tell(f"[con_id={number}] move absolute position {x} {y}")
+        time.sleep(0.3)  # sway waits up to 0.2 s for the program
+
     def close_window(self, number):
         self.tell(f"[con_id={number}] kill")
 
@@ -197,8 +217,10 @@ class Screen(Hands):
         self.tell(f"output {name} enable resolution {width}x{height} position {x} {y}")
         self.width, self.height = max(self.width, x + width), max(self.height, y + height)
 
-    def remove_output(self, number):
-        self.tell(f"output HEADLESS-{number + 1} disable")
+    def show_bar(self):
+        """Reserves 200 pixels at the bottom of each display; returns a function that ends that."""
+        self.tell("bar bar-0 mode dock")
+        return lambda: self.tell("bar bar-0 mode invisible")
 
     # Pictures
 
@@ -229,9 +251,7 @@ class OtherWindow:
                 self._process = self._session.spawn(os.environ["PERCHLY_OTHER_WINDOW"], stdout=log)
             windows = lambda: self._session.screen.windows_of(self._process.pid)
             self.id = wait_until(windows, "the other window")[0].id
-            x, y, width, height = self._rect
-            tell = self._session.screen.tell
-            tell(f"[con_id={self.id}] resize set {width} {height}, move absolute position {x} {y}")
+            self._session.screen.place(self.id, *self._rect)
         return self
 
     def close(self):
