@@ -33,6 +33,7 @@
 #include "SessionBus.h"
 #include "StartupSequence.h"
 #include "TrayStatusItem.h"
+#include "WaylandContextMenu.h"
 #include "WaylandDisplays.h"
 #include "WaylandOffer.h"
 #include "WaylandPanelHost.h"
@@ -134,7 +135,6 @@ void addDesktop(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
 void addWindows(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
     hosts.keys = std::make_unique<QtKeyMonitor>();
     hosts.appearance = std::make_unique<DesktopAppearance>(bus);
-    hosts.contextMenu = std::make_unique<QtContextMenu>();
     hosts.openPanel = std::make_unique<QtOpenPanel>(bus);
     hosts.screenCapture = companion<ProcessScreenCapture>(
         "perchly-screencapture", "perchly-screencapture is not installed: captures are missing");
@@ -146,6 +146,7 @@ void addX11(Hosts &hosts) {
     hosts.displays = std::make_unique<X11Displays>();
     hosts.pointer = std::make_unique<X11PointerMonitor>();
     hosts.panel = std::make_unique<X11PanelHost>();
+    hosts.contextMenu = std::make_unique<QtContextMenu>();
     hosts.hotKeys = std::make_unique<X11HotKeys>();
     hosts.pasteboard = std::make_unique<X11Pasteboard>();
 }
@@ -155,6 +156,7 @@ void addWayland(Hosts &hosts) {
     auto displays = std::make_unique<WaylandDisplays>(connection);
     auto panel = std::make_unique<WaylandPanelHost>(connection, *displays);
     hosts.displays = std::move(displays);
+    hosts.contextMenu = std::make_unique<WaylandContextMenu>(*panel);
     hosts.pointer = std::make_unique<WaylandPointerMonitor>(*panel);
     hosts.panel = std::move(panel);
     hosts.pasteboard = std::make_unique<WaylandPasteboard>();

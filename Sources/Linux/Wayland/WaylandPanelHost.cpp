@@ -187,9 +187,17 @@ void WaylandPanelHost::catchPresses() {
 void WaylandPanelHost::catchPresses(PressCatcher::Place place, QScreen &screen, QSize size,
                                     const QRegion &free) {
     auto catcher = std::make_unique<PressCatcher>(*m_connection, screen, place, size, free);
-    connect(catcher.get(), &PressCatcher::pressed, this, &WaylandPanelHost::loseKeyboard,
+    connect(catcher.get(), &PressCatcher::pressed, this, &WaylandPanelHost::handlePressElsewhere,
             Qt::QueuedConnection);
     m_catchers.push_back(std::move(catcher));
+}
+
+void WaylandPanelHost::handlePressElsewhere() {
+    if (m_isMenuOpen) {
+        Q_EMIT pressedBesideMenu();
+    } else {
+        loseKeyboard();
+    }
 }
 
 void WaylandPanelHost::loseKeyboard() {
@@ -201,6 +209,17 @@ void WaylandPanelHost::giveKeyboardBack() {
     m_holdsKeyboard = false;
     m_catchers.clear();
     m_role->setKeyboard(LayerSurface::Keyboard::None);
+}
+
+/// The menu needs the keyboard, and the surfaces that catch presses elsewhere.
+void WaylandPanelHost::setMenuOpen(bool open) {
+    m_isMenuOpen = open;
+    if (open && !m_holdsKeyboard) {
+        m_menuTookKeyboard = true;
+        takeKeyboard();
+    } else if (std::exchange(m_menuTookKeyboard, false)) {
+        giveKeyboardBack();
+    }
 }
 
 bool WaylandPanelHost::hasKeyboard() const {

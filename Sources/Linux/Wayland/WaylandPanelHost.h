@@ -36,7 +36,7 @@ public:
     void setBlur(const QRegion &) override {}
     void takeKeyboard() override;
     void giveKeyboardBack() override;
-    void setMenuOpen(bool open) override { m_isMenuOpen = open; }
+    void setMenuOpen(bool open) override;
     [[nodiscard]] bool hasKeyboard() const override;
     void activate(QWindow *window) override;
     [[nodiscard]] bool isComposited() const override { return true; }
@@ -45,11 +45,15 @@ public:
 
     /// The pointer's position while it is on the panel or was pressed there.
     [[nodiscard]] std::optional<ScreenPoint> pointer() const { return m_pointer; }
+    /// The attached window.
+    [[nodiscard]] QWindow *panel() const { return m_panel; }
     /// Whether something is being dragged over the panel.
     [[nodiscard]] bool isDraggedOver() const { return m_isDraggedOver; }
 
 Q_SIGNALS:
     void pointerMoved();
+    /// While the panel has the keyboard and a menu is open.
+    void pressedBesideMenu();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -62,6 +66,7 @@ private:
     void setPointer(std::optional<QPointF> inPanel);
     void catchPresses();
     void catchPresses(PressCatcher::Place place, QScreen &screen, QSize size, const QRegion &free);
+    void handlePressElsewhere();
     void loseKeyboard();
     [[nodiscard]] static QScreen *screenAt(const QRect &geometry);
 
@@ -78,6 +83,7 @@ private:
     std::optional<ScreenPoint> m_pointer;
     bool m_isDraggedOver = false;
     bool m_isMenuOpen = false;
+    bool m_menuTookKeyboard = false;
     bool m_holdsKeyboard = false;
     QRegion m_shape;                                       ///< in the panel's points
     std::vector<std::unique_ptr<PressCatcher>> m_catchers; ///< while it holds the keyboard
