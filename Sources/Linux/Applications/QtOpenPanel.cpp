@@ -68,15 +68,15 @@ public:
         , m_window(QGuiApplication::focusWindow())
         , m_completion(std::move(completion)) {
         if (bus.isConnected()) {
-            m_portal = std::make_unique<PortalFileChooser>(
-                bus, request, m_window, [this](const std::optional<QList<QUrl>> &chosen) {
-                    const auto portal = std::move(m_portal);
-                    if (chosen) {
-                        finish(*chosen);
-                    } else {
-                        openDialog();
-                    }
-                });
+            m_portal = chooseByPortal(bus, request, m_window,
+                                      [this](const std::optional<QList<QUrl>> &chosen) {
+                                          const auto portal = std::move(m_portal);
+                                          if (chosen) {
+                                              finish(*chosen);
+                                          } else {
+                                              openDialog();
+                                          }
+                                      });
         } else {
             openDialog();
         }
@@ -108,7 +108,7 @@ private:
 
     const OpenPanel::Request m_request;
     const QPointer<QWindow> m_window; ///< below the dialog
-    std::unique_ptr<PortalFileChooser> m_portal;
+    std::unique_ptr<PortalRequest> m_portal;
     Dialog m_dialog;
     OpenPanel::Completion m_completion;
     QObject m_receiver; ///< context of the connections: the dialog lives a little longer
