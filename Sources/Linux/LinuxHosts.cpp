@@ -21,6 +21,7 @@
 #include "OwnEnvironment.h"
 #include "PipeWireAudioSystem.h"
 #include "PortalMotion.h"
+#include "PortalScreenCapture.h"
 #include "ProcessPictureReader.h"
 #include "ProcessQuickLook.h"
 #include "ProcessScreenCapture.h"
@@ -44,6 +45,7 @@
 #include "X11PanelHost.h"
 #include "X11Pasteboard.h"
 #include "X11PointerMonitor.h"
+#include "XWaylandPointerMonitor.h"
 
 #include <QGuiApplication>
 #include <QLoggingCategory>
@@ -65,6 +67,10 @@ constexpr const char *platformName = "QT_QPA_PLATFORM";
 
 bool wantsNullHosts() {
     return qEnvironmentVariable("PERCHLY_HOSTS") == QStringLiteral("null");
+}
+
+bool isWayland() {
+    return QGuiApplication::platformName() == QStringLiteral("wayland");
 }
 
 void tellOnce(const char *text) {
@@ -136,15 +142,24 @@ void addWindows(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
     hosts.keys = std::make_unique<QtKeyMonitor>();
     hosts.appearance = std::make_unique<DesktopAppearance>(bus);
     hosts.openPanel = std::make_unique<QtOpenPanel>(bus);
-    hosts.screenCapture = companion<ProcessScreenCapture>(
-        "perchly-screencapture", "perchly-screencapture is not installed: captures are missing");
+    if (isXWayland() || (isWayland() && !compositorOffers(screenCopyInterface, 1s))) {
+        hosts.screenCapture = std::make_unique<PortalScreenCapture>(bus);
+    } else {
+        hosts.screenCapture = companion<ProcessScreenCapture>(
+            "perchly-screencapture",
+            "perchly-screencapture is not installed: captures are missing");
+    }
     hosts.quickLook = companion<ProcessQuickLook>(
         "perchly-preview", "perchly-preview is not installed: previews are missing");
 }
 
 void addX11(Hosts &hosts) {
     hosts.displays = std::make_unique<X11Displays>();
-    hosts.pointer = std::make_unique<X11PointerMonitor>();
+    if (isXWayland()) {
+        hosts.pointer = std::make_unique<XWaylandPointerMonitor>();
+    } else {
+        hosts.pointer = std::make_unique<X11PointerMonitor>();
+    }
     hosts.panel = std::make_unique<X11PanelHost>();
     hosts.contextMenu = std::make_unique<QtContextMenu>();
     hosts.hotKeys = std::make_unique<X11HotKeys>();
@@ -166,7 +181,7 @@ void addWindowSystem(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
     const QString platform = QGuiApplication::platformName();
     if (platform == QStringLiteral("xcb")) {
         addX11(hosts);
-    } else if (platform == QStringLiteral("wayland")) {
+    } else if (isWayland()) {
         addWayland(hosts);
     } else {
         tellOnce("no display: the shelf's place, the pointer and the hot keys are missing");
@@ -205,7 +220,7 @@ WindowSystemChoice::WindowSystemChoice() {
     if (!platform.isEmpty() && !platform.startsWith("wayland") && system.isEmpty()) {
         return;
     }
-    if (system != "x11" && compositorHasLayerShell(1s)) {
+    if (system != "x11" && compositorOffers(layerShellInterface, 1s)) {
         set(platformName, "wayland");
         // Otherwise Qt takes all windows to be at the corner of their display.
         set("QT_WAYLAND_DISABLE_FIXED_POSITIONS", "1");

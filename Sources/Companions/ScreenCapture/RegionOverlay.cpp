@@ -8,7 +8,7 @@
 #include <QPaintEvent>
 
 #include <algorithm>
-#include <xcb/screensaver.h>
+#include <chrono>
 
 namespace perchly {
 
@@ -16,8 +16,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto grabTimeout = 1s;
-constexpr auto grabRetryDelay = 20ms;
 constexpr auto idleTimeout = 60s;
 
 constexpr QColor plateColor(11, 13, 15, 235);
@@ -37,7 +35,6 @@ RegionOverlay::RegionOverlay(QImage picture, QList<QRect> displays, double scale
     , m_displays(std::move(displays))
     , m_scale(scale)
     , m_font(QStringLiteral("Inter"))
-    , m_grabDeadline(grabTimeout)
     , m_pointer(QCursor::pos()) {
     m_font.setPixelSize(scaled(12));
     m_font.setWeight(QFont::Medium);
@@ -46,41 +43,9 @@ RegionOverlay::RegionOverlay(QImage picture, QList<QRect> displays, double scale
              Qt::BypassWindowManagerHint);
     setCursor(Qt::CrossCursor);
     setGeometry(m_picture.rect());
-    m_grab.setSingleShot(true);
-    connect(&m_grab, &QTimer::timeout, this, &RegionOverlay::grabInput);
-    m_grab.start(0ms);
     m_idle.setSingleShot(true);
     connect(&m_idle, &QTimer::timeout, this, &RegionOverlay::cancelled);
     m_idle.start(idleTimeout);
-    watchScreenSaver();
-}
-
-void RegionOverlay::watchScreenSaver() {
-    const auto *extension = xcb_get_extension_data(m_connection.get(), &xcb_screensaver_id);
-    const int type = extension == nullptr ? -1 : extension->first_event + XCB_SCREENSAVER_NOTIFY;
-    connect(&m_connection, &XcbConnection::eventArrived, this, [this, type](const auto *event) {
-        const auto *notice = reinterpret_cast<const xcb_screensaver_notify_event_t *>(event);
-        if (event->response_type == type && notice->state == XCB_SCREENSAVER_STATE_ON) {
-            Q_EMIT cancelled();
-        }
-    });
-    xcb_screensaver_select_input(m_connection.get(), m_connection.root(),
-                                 XCB_SCREENSAVER_EVENT_NOTIFY_MASK);
-    xcb_flush(m_connection.get());
-}
-
-// Fails until the window is mapped, and while another program, such as one with an open menu, holds
-// the keyboard. Qt does not report a failed pointer grab, but this window is above all others.
-void RegionOverlay::grabInput() {
-    setMouseGrabEnabled(true);
-    if (setKeyboardGrabEnabled(true)) {
-        return;
-    }
-    if (m_grabDeadline.hasExpired()) {
-        Q_EMIT failed();
-    } else {
-        m_grab.start(grabRetryDelay);
-    }
 }
 
 bool RegionOverlay::event(QEvent *event) {
@@ -95,17 +60,17 @@ void RegionOverlay::mousePressEvent(QMouseEvent *event) {
         Q_EMIT cancelled();
         return;
     }
-    m_start = event->position().toPoint();
-    follow(*m_start);
+    m_start = (event->position() * pixelsPerPoint()).toPoint();
+    follow(event->position());
 }
 
 void RegionOverlay::mouseMoveEvent(QMouseEvent *event) {
-    follow(event->position().toPoint());
+    follow(event->position());
 }
 
 void RegionOverlay::mouseReleaseEvent(QMouseEvent *event) {
     if (event->button() == Qt::LeftButton && m_start) {
-        follow(event->position().toPoint());
+        follow(event->position());
         m_start.reset();
         if (m_region) {
             Q_EMIT selected(*m_region);
@@ -119,7 +84,27 @@ void RegionOverlay::keyPressEvent(QKeyEvent *event) {
     }
 }
 
-void RegionOverlay::follow(const QPoint &pointer) {
+double RegionOverlay::pixelsPerPoint() const {
+    return double(m_picture.width()) / width();
+}
+
+QRect RegionOverlay::toPixels(const QRect &area) const {
+    const double ratio = pixelsPerPoint();
+    return QRectF(QPointF(area.topLeft()) * ratio, QSizeF(area.size()) * ratio).toAlignedRect();
+}
+
+QRegion RegionOverlay::toPoints(const QRegion &area) const {
+    const double ratio = 1 / pixelsPerPoint();
+    QRegion points;
+    for (const QRect &part : area) {
+        points +=
+            QRectF(QPointF(part.topLeft()) * ratio, QSizeF(part.size()) * ratio).toAlignedRect();
+    }
+    return points;
+}
+
+void RegionOverlay::follow(const QPointF &position) {
+    const QPoint pointer = (position * pixelsPerPoint()).toPoint();
     const QRegion before = drawnArea();
     m_pointer = pointer;
     m_region.reset();
@@ -128,7 +113,7 @@ void RegionOverlay::follow(const QPoint &pointer) {
         const auto [top, bottom] = std::minmax({m_start->y(), pointer.y()});
         m_region = QRect(QPoint(left, top), QPoint(right, bottom)).intersected(m_picture.rect());
     }
-    update(before + drawnArea());
+    update(toPoints(before + drawnArea()));
 }
 
 QRect RegionOverlay::displayAt(const QPoint &pixel) const {
@@ -208,7 +193,10 @@ void RegionOverlay::drawRegion(QPainter &painter) const {
 
 void RegionOverlay::paintEvent(QPaintEvent *event) {
     QPainter painter(this);
-    for (const QRect &part : event->region()) {
+    painter.setClipRegion(event->region());
+    painter.scale(1 / pixelsPerPoint(), 1 / pixelsPerPoint());
+    for (const QRect &points : event->region()) {
+        const QRect part = toPixels(points);
         painter.drawImage(part.topLeft(), m_picture, part);
         painter.fillRect(part, dimming);
     }

@@ -1,8 +1,5 @@
 #pragma once
 
-#include "XcbConnection.h"
-
-#include <QDeadlineTimer>
 #include <QFont>
 #include <QImage>
 #include <QList>
@@ -14,22 +11,21 @@
 
 namespace perchly {
 
-/// A window over all displays in which the user selects a rectangle. It shows the given picture of
+/// A window over some displays in which the user selects a rectangle. It shows the given picture of
 /// the displays, dimmed, with the selected rectangle at full brightness and its size beside it. It
-/// grabs pointer and keyboard, and gives up after a minute without input or when the screen saver
-/// starts, since the screen cannot lock meanwhile. Everything is in pixels.
+/// gives up after a minute without input, since it may keep the screen from locking. Rectangles and
+/// points are in pixels of the picture, which fills the window.
 class RegionOverlay : public QRasterWindow {
     Q_OBJECT
 public:
-    /// The displays lie within the picture. Lines and text are scaled by `scale`.
+    /// The displays lie within the picture. Lines and text are scaled by `scale`. The window covers
+    /// as many of Qt's points as the picture has pixels, unless it is resized.
     RegionOverlay(QImage picture, QList<QRect> displays, double scale);
 
 Q_SIGNALS:
     void selected(const QRect &region);
-    /// Escape, any button but the first, a minute without input, or the screen saver.
+    /// Escape, any button but the first, or a minute without input.
     void cancelled();
-    /// Another program holds the keyboard and does not release it in time.
-    void failed();
 
 protected:
     bool event(QEvent *event) override;
@@ -40,9 +36,10 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    void watchScreenSaver();
-    void grabInput();
-    void follow(const QPoint &pointer);
+    void follow(const QPointF &position);
+    [[nodiscard]] double pixelsPerPoint() const;
+    [[nodiscard]] QRect toPixels(const QRect &area) const;
+    [[nodiscard]] QRegion toPoints(const QRegion &area) const;
     [[nodiscard]] QRect displayAt(const QPoint &pixel) const;
     [[nodiscard]] QSize plateSize(const QString &text) const;
     [[nodiscard]] QRect hintPlate() const;
@@ -57,10 +54,7 @@ private:
     QList<QRect> m_displays;
     double m_scale;
     QFont m_font;
-    QDeadlineTimer m_grabDeadline;
-    QTimer m_grab;
     QTimer m_idle;
-    XcbConnection m_connection;
     QPoint m_pointer;
     std::optional<QPoint> m_start;
     std::optional<QRect> m_region; ///< none before a drag; a click does not start one

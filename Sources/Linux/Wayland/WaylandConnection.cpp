@@ -15,40 +15,35 @@ namespace {
 
 constexpr uint32_t knownLayerShell = 4;
 
-struct LayerShellGlobal {
-    zwlr_layer_shell_v1 *shell = nullptr;
-    uint32_t version = 0;
+struct Wanted {
+    const wl_interface &interface;
+    uint32_t maxVersion;
+    void *object = nullptr;
 };
 
-void bindLayerShell(void *found, wl_registry *registry, uint32_t name, const char *interface,
-                    uint32_t version) {
-    if (qstrcmp(interface, zwlr_layer_shell_v1_interface.name) == 0) {
-        auto *global = static_cast<LayerShellGlobal *>(found);
-        global->version = std::min(version, knownLayerShell);
-        global->shell = static_cast<zwlr_layer_shell_v1 *>(
-            wl_registry_bind(registry, name, &zwlr_layer_shell_v1_interface, global->version));
+void bindWanted(void *data, wl_registry *registry, uint32_t name, const char *interface,
+                uint32_t version) {
+    auto *wanted = static_cast<Wanted *>(data);
+    if (wanted->object == nullptr && qstrcmp(interface, wanted->interface.name) == 0) {
+        wanted->object = wl_registry_bind(registry, name, &wanted->interface,
+                                          std::min(version, wanted->maxVersion));
     }
 }
 
-void ignoreGlobalRemoval(void * /*found*/, wl_registry * /*registry*/, uint32_t /*name*/) {}
+void ignoreGlobalRemoval(void * /*data*/, wl_registry * /*registry*/, uint32_t /*name*/) {}
 
-constexpr wl_registry_listener globalsListener{bindLayerShell, ignoreGlobalRemoval};
+constexpr wl_registry_listener globalsListener{bindWanted, ignoreGlobalRemoval};
 
 } // namespace
 
 WaylandConnection::WaylandConnection()
     : m_display(static_cast<wl_display *>(nativeResource("wl_display")))
     , m_queue(wl_display_create_queue(m_display)) {
-    auto *wrapper = static_cast<wl_display *>(wl_proxy_create_wrapper(m_display));
-    wl_proxy_set_queue(reinterpret_cast<wl_proxy *>(wrapper), m_queue);
-    wl_registry *registry = wl_display_get_registry(wrapper);
-    wl_proxy_wrapper_destroy(wrapper);
-    LayerShellGlobal found;
-    wl_registry_add_listener(registry, &globalsListener, &found);
-    roundtrip();
-    wl_registry_destroy(registry);
-    m_layerShell = found.shell;
-    m_layerShellVersion = found.version;
+    m_layerShell =
+        static_cast<zwlr_layer_shell_v1 *>(bind(zwlr_layer_shell_v1_interface, knownLayerShell));
+    m_layerShellVersion = m_layerShell == nullptr
+                              ? 0
+                              : wl_proxy_get_version(reinterpret_cast<wl_proxy *>(m_layerShell));
 }
 
 WaylandConnection::~WaylandConnection() {
@@ -56,6 +51,22 @@ WaylandConnection::~WaylandConnection() {
         zwlr_layer_shell_v1_destroy(m_layerShell);
     }
     wl_event_queue_destroy(m_queue);
+}
+
+void *WaylandConnection::bind(const wl_interface &interface, unsigned maxVersion) const {
+    auto *wrapper = static_cast<wl_display *>(wl_proxy_create_wrapper(m_display));
+    wl_proxy_set_queue(reinterpret_cast<wl_proxy *>(wrapper), m_queue);
+    wl_registry *registry = wl_display_get_registry(wrapper);
+    wl_proxy_wrapper_destroy(wrapper);
+    Wanted wanted{interface, maxVersion};
+    wl_registry_add_listener(registry, &globalsListener, &wanted);
+    roundtrip();
+    wl_registry_destroy(registry);
+    return wanted.object;
+}
+
+bool WaylandConnection::dispatch() const {
+    return wl_display_dispatch_queue(m_display, m_queue) >= 0;
 }
 
 void *WaylandConnection::nativeResource(const QByteArray &name) {

@@ -7,6 +7,7 @@ class QWindow;
 struct wl_compositor;
 struct wl_display;
 struct wl_event_queue;
+struct wl_interface;
 struct wl_output;
 struct wl_proxy;
 struct wl_surface;
@@ -37,6 +38,13 @@ public:
     /// Moves an object to a queue of our own, which waitFor() dispatches, or back to Qt's.
     enum class Queue { Own, Qt };
     void moveTo(Queue queue, wl_proxy *object) const;
+
+    /// Binds a global in this version or an older one, with its events on the own queue; null if
+    /// the compositor has none. Blocks until the compositor has listed its globals.
+    [[nodiscard]] void *bind(const wl_interface &interface, unsigned maxVersion) const;
+
+    /// Waits for events of the own queue, and dispatches them. False if the connection is broken.
+    bool dispatch() const;
 
     /// Waits until the compositor has answered all requests, and dispatches the own queue. False if
     /// the connection is broken.

@@ -13,15 +13,15 @@ namespace perchly {
 namespace {
 
 struct Answer {
-    bool hasLayerShell = false;
+    const char *interface;
+    bool isOffered = false;
     bool isComplete = false;
 };
 
 void noteGlobal(void *answer, wl_registry * /*registry*/, uint32_t /*name*/, const char *interface,
                 uint32_t /*version*/) {
-    if (qstrcmp(interface, "zwlr_layer_shell_v1") == 0) {
-        static_cast<Answer *>(answer)->hasLayerShell = true;
-    }
+    auto *wanted = static_cast<Answer *>(answer);
+    wanted->isOffered = wanted->isOffered || qstrcmp(interface, wanted->interface) == 0;
 }
 
 void ignoreRemoval(void * /*answer*/, wl_registry * /*registry*/, uint32_t /*name*/) {}
@@ -49,7 +49,7 @@ bool dispatchWithin(wl_display *display, const QDeadlineTimer &deadline) {
 
 } // namespace
 
-bool compositorHasLayerShell(std::chrono::milliseconds timeout) {
+bool compositorOffers(const char *interface, std::chrono::milliseconds timeout) {
     if (!qEnvironmentVariableIsSet("WAYLAND_DISPLAY")) {
         return false; // "wayland-0", the default, may be another session
     }
@@ -58,7 +58,7 @@ bool compositorHasLayerShell(std::chrono::milliseconds timeout) {
     if (!display) {
         return false;
     }
-    Answer answer;
+    Answer answer{interface};
     wl_registry *registry = wl_display_get_registry(display.get());
     wl_callback *end = wl_display_sync(display.get());
     wl_registry_add_listener(registry, &registryListener, &answer);
@@ -68,7 +68,7 @@ bool compositorHasLayerShell(std::chrono::milliseconds timeout) {
     }
     wl_callback_destroy(end);
     wl_registry_destroy(registry);
-    return answer.hasLayerShell;
+    return answer.isOffered;
 }
 
 } // namespace perchly
