@@ -1,5 +1,7 @@
 #include "ShelfModel.h"
 
+#include <utility>
+
 namespace perchly {
 
 ShelfModel::ShelfModel(Clock &clock, Preferences &preferences, AlertSound &alertSound,
@@ -26,6 +28,10 @@ void ShelfModel::setExpanded(bool expanded) {
 
 void ShelfModel::setKeyboardOpen(bool open) {
     publish(m_keyboardOpen, open, &ShelfModel::keyboardOpenChanged);
+}
+
+void ShelfModel::setChoosingWidget(bool choosing) {
+    publish(m_choosingWidget, choosing, &ShelfModel::choosingWidgetChanged);
 }
 
 void ShelfModel::setTyping(bool typing) {

@@ -73,7 +73,7 @@ public:
     void setQuietFocus(bool quiet);
     /// Whether the widget chooser is open, which keeps the shelf open. Not announced.
     [[nodiscard]] bool choosingWidget() const { return m_choosingWidget; }
-    Q_INVOKABLE void setChoosingWidget(bool choosing) { m_choosingWidget = choosing; }
+    Q_INVOKABLE void setChoosingWidget(bool choosing);
 
     /// Whether the user types the note, which keeps the shelf open.
     Q_INVOKABLE void setTyping(bool typing);
@@ -160,6 +160,7 @@ Q_SIGNALS:
     void musicRequested();
     void expandedChanged();
     void keyboardOpenChanged();
+    void choosingWidgetChanged();
     void typingChanged();
     void draggingChanged();
     void dockEdgeChanged();

@@ -87,6 +87,8 @@ void AppDelegate::followPointer() {
             m_hosts.contextMenu->close();
         }
     });
+    connect(&m_model, &ShelfModel::choosingWidgetChanged, this, &AppDelegate::checkPointer,
+            Qt::QueuedConnection);
     connect(&m_model, &ShelfModel::typingChanged, this, &AppDelegate::checkPointer,
             Qt::QueuedConnection);
     connect(
@@ -159,7 +161,6 @@ void AppDelegate::openMenu(const QList<StatusMenuEntry> &entries, QPointF positi
     m_hosts.contextMenu->open(entries, position.toPoint(), opener, [this] {
         m_model.setChoosingWidget(false);
         m_hosts.panel->setMenuOpen(false);
-        checkPointer();
     });
 }
 
