@@ -11,7 +11,6 @@ ENABLED = 8
 FOCUSED = 12
 SELECTED = 23
 SHOWING = 25
-ON_SCREEN, IN_WINDOW = 0, 1
 TIMEOUT_MILLISECONDS = 3000
 
 
@@ -64,11 +63,12 @@ class Node:
     @property
     def extents(self):
         """(x, y, width, height) on the screen, in pixels."""
-        origin = self._place and self._window and self._place(self._window.name)
-        if not origin:
-            return self._call("Component.GetExtents", "(u)", ON_SCREEN)
-        x, y, *size = self._call("Component.GetExtents", "(u)", IN_WINDOW)
-        return origin[0] + x, origin[1] + y, *size
+        x, y, *size = self._call("Component.GetExtents", "(u)", 0)
+        real = self._place and self._window and self._place(self._window.name)
+        if real:
+            told = self._window._call("Component.GetExtents", "(u)", 0)
+            x, y = x - told[0] + real[0], y - told[1] + real[1]
+        return x, y, *size
 
     @property
     def centre(self):

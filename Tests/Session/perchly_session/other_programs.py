@@ -111,12 +111,15 @@ def copy(session, content, target="UTF8_STRING"):
     """Copies text or bytes as another program does."""
     data = content.encode() if isinstance(content, str) else content
     command = ("xclip", "-selection", "clipboard", "-target", target)
+    if session.is_wayland:
+        command = ("wl-copy", "--type", target)
     quiet = {"capture_output": False, "stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
     session.call(*command, input=data, **quiet)
 
 
 def pasted(session):
-    return session.call("xclip", "-selection", "clipboard", "-out").decode()
+    command = ("xclip", "-selection", "clipboard", "-out")
+    return session.call(*(("wl-paste", "-n") if session.is_wayland else command)).decode()
 
 
 # Drag and drop

@@ -91,7 +91,7 @@ class Screen(Hands):
     # Windows
 
     def origin_of(self, title):
-        """Where elements of a window count from; None for the screen."""
+        """None: windows know where they are."""
 
     def panel(self, process):
         """The shelf's window, or None."""

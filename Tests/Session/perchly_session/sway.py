@@ -162,8 +162,7 @@ class Screen(Hands):
         ]
 
     def origin_of(self, title):
-        """Where elements of an ordinary window count from; None for others, which know their
-        place."""
+        """Where an ordinary window is, which it does not know; None for others."""
         node = next((node for node in self._tree() if node["name"] == title), None)
         return node and self._scaled(node["rect"])[:2]
 
