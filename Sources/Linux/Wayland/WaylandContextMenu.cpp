@@ -19,6 +19,8 @@ void WaylandContextMenu::open(const QList<StatusMenuEntry> &entries, QPoint posi
     connect(&m_host, &WaylandPanelHost::pressedBesideMenu, m_menu.get(), &QWidget::close);
     static_cast<void>(m_menu->winId()); // creates its window
     m_menu->windowHandle()->setParent(&panel);
+    // The panel would delete the window, but not the menu.
+    connect(&panel, &QObject::destroyed, m_menu.get(), [this] { m_menu.reset(); });
     const QRect display = panel.screen()->geometry();
     const QSize size = m_menu->sizeHint();
     const QPoint end = display.bottomRight() - QPoint(size.width(), size.height());
