@@ -215,7 +215,8 @@ void AppDelegate::clearScreen() {
     if (m_toolsWindow) {
         m_toolsWindow->hide();
     }
-    m_opener.closeForWindow(); // the workspace window gets the keyboard after the capture
+    m_opener.closeForWindow();
+    m_hosts.panel->giveKeyboardBack(); // the capture needs it
 }
 
 void AppDelegate::launch(const QString &id, const Answer &answer) {
