@@ -35,7 +35,9 @@ void watchForHangs(QTimer &heartbeat) {
 int main(int argc, char **argv) {
     limitResources(maxMegabytes);
     mallopt(M_ARENA_MAX, 2); // each arena reserves address space, and decoders have many threads
-    qputenv("QT_QPA_PLATFORM", "xcb");
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "xcb");
+    }
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORMTHEME")) {
         qputenv("QT_QPA_PLATFORMTHEME", "generic"); // the desktop's platform theme would load GTK
     }

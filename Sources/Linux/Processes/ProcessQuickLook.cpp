@@ -1,9 +1,12 @@
 #include "ProcessQuickLook.h"
 
+#include "OwnEnvironment.h"
+
 #include <QGuiApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QProcessEnvironment>
 #include <QScreen>
 #include <QWindow>
 
@@ -33,6 +36,10 @@ QByteArray requestFor(const QList<QUrl> &items, qsizetype index) {
 
 ProcessQuickLook::ProcessQuickLook(QString program)
     : m_program(std::move(program)) {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QGuiApplication::platformName());
+    environment.remove(QLatin1StringView(bareSurfaces));
+    m_process.setProcessEnvironment(environment);
     m_process.setStandardOutputFile(QProcess::nullDevice());
     m_process.setStandardErrorFile(QProcess::nullDevice());
     // If it exits so soon after a request, it was already quitting and has not read the request.
