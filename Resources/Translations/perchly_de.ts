@@ -604,6 +604,17 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
 </context>
 <context>
+    <name>HotKeys</name>
+    <message>
+        <source>Toggle shelf</source>
+        <translation>Leiste öffnen oder schließen</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suche</translation>
+    </message>
+</context>
+<context>
     <name>KeysGroup</name>
     <message>
         <source>Toggle shelf</source>
@@ -1986,6 +1997,10 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     <message>
         <source>Could not register %1. Another app may use that shortcut.</source>
         <translation>%1 konnte nicht belegt werden. Vielleicht nutzt eine andere Anwendung diese Tastenkombination.</translation>
+    </message>
+    <message>
+        <source>Perchly cannot register keys here. Bind one to “%1” in the settings of your desktop.</source>
+        <translation>Perchly kann hier keine Tasten belegen. In den Einstellungen der Desktopumgebung lässt sich eine mit „%1“ belegen.</translation>
     </message>
 </context>
 <context>

@@ -20,6 +20,7 @@
 #include "NullHosts.h"
 #include "OwnEnvironment.h"
 #include "PipeWireAudioSystem.h"
+#include "PortalHotKeys.h"
 #include "PortalMotion.h"
 #include "PortalScreenCapture.h"
 #include "ProcessPictureReader.h"
@@ -166,7 +167,7 @@ void addX11(Hosts &hosts) {
     hosts.pasteboard = std::make_unique<X11Pasteboard>();
 }
 
-void addWayland(Hosts &hosts) {
+void addWayland(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
     const auto connection = std::make_shared<WaylandConnection>();
     auto displays = std::make_unique<WaylandDisplays>(connection);
     auto panel = std::make_unique<WaylandPanelHost>(connection, *displays);
@@ -174,6 +175,9 @@ void addWayland(Hosts &hosts) {
     hosts.contextMenu = std::make_unique<WaylandContextMenu>(*panel);
     hosts.pointer = std::make_unique<WaylandPointerMonitor>(*panel);
     hosts.panel = std::move(panel);
+    hosts.hotKeys = std::make_unique<PortalHotKeys>(
+        bus, QStringList{QCoreApplication::translate("HotKeys", "Toggle shelf"),
+                         QCoreApplication::translate("HotKeys", "Search")});
     hosts.pasteboard = std::make_unique<WaylandPasteboard>();
 }
 
@@ -182,7 +186,7 @@ void addWindowSystem(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
     if (platform == QStringLiteral("xcb")) {
         addX11(hosts);
     } else if (isWayland()) {
-        addWayland(hosts);
+        addWayland(hosts, bus);
     } else {
         tellOnce("no display: the shelf's place, the pointer and the hot keys are missing");
         return;

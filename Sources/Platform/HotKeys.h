@@ -24,11 +24,14 @@ public:
     /// grabbed.
     virtual void setKeyboardGrabbed(bool on) = 0;
 
+    /// False where programs cannot register chords, only the user in the desktop's settings.
+    [[nodiscard]] virtual bool isSupported() const { return true; }
+
 Q_SIGNALS:
     /// The chord was pressed; key repeats are not reported.
     void pressed(int identifier);
 
-    /// The keyboard layout changed: register all chords again, which may now be on other keys.
+    /// Register all chords again: the keyboard layout changed, or the desktop refused them.
     void keyboardChanged();
 };
 

@@ -78,8 +78,10 @@ private Q_SLOTS:
     }
 
     void reportsHotKeysTakenByOtherPrograms() {
-        const auto message = [](const QSet<int> &heldByOthers, const QString &searchChord = {}) {
+        const auto message = [](const QSet<int> &heldByOthers, const QString &searchChord = {},
+                                bool supported = true) {
             ShellFixture shell([&](FakeHosts &fake) {
+                fake.hotKeys.supported = supported;
                 fake.hotKeys.heldByOthers = heldByOthers;
                 fake.preferences.setString(keys::searchChord, searchChord);
             });
@@ -98,6 +100,7 @@ private Q_SLOTS:
         QCOMPARE(message({toggle, search}),
                  QStringLiteral(
                      "Could not register Ctrl+Alt+Space. Another app may use that shortcut."));
+        QVERIFY(message({search}, {}, false).contains(QStringLiteral("“perchly search”")));
     }
 };
 

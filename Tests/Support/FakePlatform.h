@@ -85,8 +85,10 @@ public:
     }
     void releaseChord(int identifier) override { registered.remove(identifier); }
     void setKeyboardGrabbed(bool) override {}
+    bool isSupported() const override { return supported; }
 
     QSet<int> heldByOthers;
+    bool supported = true;
     QMap<int, QKeyCombination> registered;
 };
 

@@ -144,6 +144,12 @@ QString ShelfHotKey::text(Use use) const {
 }
 
 QString ShelfHotKey::failureText(Use use) const {
+    if (!m_hotKeys.isSupported()) {
+        return tr("Perchly cannot register keys here. Bind one to “%1” in the settings of your "
+                  "desktop.")
+            .arg(use == Search ? QStringLiteral("perchly search")
+                               : QStringLiteral("perchly toggle"));
+    }
     return (use == Search ? tr("Could not register %1 for search.")
                           : tr("Could not register %1. Another app may use that shortcut."))
         .arg(text(use));
