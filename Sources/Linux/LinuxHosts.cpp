@@ -154,17 +154,24 @@ void addWindows(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
         "perchly-preview", "perchly-preview is not installed: previews are missing");
 }
 
-void addX11(Hosts &hosts) {
+std::unique_ptr<HotKeys> portalHotKeys(const std::shared_ptr<SessionBus> &bus) {
+    return std::make_unique<PortalHotKeys>(
+        bus, QStringList{QCoreApplication::translate("HotKeys", "Toggle shelf"),
+                         QCoreApplication::translate("HotKeys", "Search")});
+}
+
+void addX11(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
     hosts.displays = std::make_unique<X11Displays>();
-    if (isXWayland()) {
-        hosts.pointer = std::make_unique<XWaylandPointerMonitor>();
-    } else {
-        hosts.pointer = std::make_unique<X11PointerMonitor>();
-    }
     hosts.panel = std::make_unique<X11PanelHost>();
     hosts.contextMenu = std::make_unique<QtContextMenu>();
-    hosts.hotKeys = std::make_unique<X11HotKeys>();
     hosts.pasteboard = std::make_unique<X11Pasteboard>();
+    if (isXWayland()) { // the X server sees input to X programs only
+        hosts.pointer = std::make_unique<XWaylandPointerMonitor>();
+        hosts.hotKeys = portalHotKeys(bus);
+    } else {
+        hosts.pointer = std::make_unique<X11PointerMonitor>();
+        hosts.hotKeys = std::make_unique<X11HotKeys>();
+    }
 }
 
 void addWayland(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
@@ -175,16 +182,14 @@ void addWayland(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
     hosts.contextMenu = std::make_unique<WaylandContextMenu>(*panel);
     hosts.pointer = std::make_unique<WaylandPointerMonitor>(*panel);
     hosts.panel = std::move(panel);
-    hosts.hotKeys = std::make_unique<PortalHotKeys>(
-        bus, QStringList{QCoreApplication::translate("HotKeys", "Toggle shelf"),
-                         QCoreApplication::translate("HotKeys", "Search")});
+    hosts.hotKeys = portalHotKeys(bus);
     hosts.pasteboard = std::make_unique<WaylandPasteboard>();
 }
 
 void addWindowSystem(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
     const QString platform = QGuiApplication::platformName();
     if (platform == QStringLiteral("xcb")) {
-        addX11(hosts);
+        addX11(hosts, bus);
     } else if (isWayland()) {
         addWayland(hosts, bus);
     } else {

@@ -17,7 +17,8 @@ DIMMED = (0, 140, 0)  # the desktop on sway
 class CaptureTest(SessionCase):
     def ask_for_capture(self):
         self.screen.key(*TOGGLE)
-        wait_until(lambda: self.program.frame()[2:] == OPEN[2:], "the shelf open")
+        wait_until(lambda: self.program.frame()[2] == OPEN[2], "the shelf open")
+        wait_until(self.program.rests, "its buttons at rest")
         self.click("Capture")
 
     def has_overlay(self):
