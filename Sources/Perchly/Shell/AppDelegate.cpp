@@ -245,7 +245,7 @@ void AppDelegate::launch(const QString &id, const Answer &answer) {
                 answer(message);
             });
     } else {
-        answer(tr("“%1” is a widget, which cannot be launched.").arg(item->name));
+        answer(tr("“%1” is a widget, which cannot be launched.").arg(item->shownName()));
     }
 }
 

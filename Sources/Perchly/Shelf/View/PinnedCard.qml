@@ -60,7 +60,7 @@ Item {
         label: qsTr("Change pinned widget")
         plate: Qt.rgba(1, 1, 1, menu.containsMouse || root.popovers.anchorItem === menu ? 0.075 : 0)
         plateRadius: 7
-        subject: root.widget
+        subject: title.text
         toolTip: root.popovers.open ? "" : menu.label
         width: 26
         onActivated: root.popovers.chooseWidget(menu, root.side, root.widget)
