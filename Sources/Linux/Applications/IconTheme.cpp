@@ -99,7 +99,9 @@ QString IconTheme::file(const QString &name, int side) {
 const QList<IconTheme::Theme> &IconTheme::themes() {
     const QMutexLocker lock(&m_mutex);
     if (m_themes.isEmpty()) {
-        load(m_name);
+        if (m_name != QLatin1StringView("hicolor")) { // Qt's name for no theme
+            load(m_name);
+        }
         if (m_themes.isEmpty() || m_themes.constFirst().folders.isEmpty()) { // not installed
             load(QStringLiteral("Adwaita"));
         }

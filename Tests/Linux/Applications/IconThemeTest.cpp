@@ -43,6 +43,7 @@ private Q_SLOTS:
                  Row{"e.xpm", "e", 50, "e.xpm"},
                  Row{"Adwaita/8/apps/f.png", "f", 50, ""},
                  Row{"Adwaita/8/apps/f.png", "f", 50, "Adwaita/8/apps/f.png", "Missing"},
+                 Row{"Adwaita/8/apps/f.png", "f", 50, "Adwaita/8/apps/f.png", "hicolor"},
              }) {
             for (const QByteArray &file : QByteArray(row.files).split(' ')) {
                 write(file.constData(), "");
