@@ -33,8 +33,9 @@ QUrl urlToHold(const QString &argument) {
         return QUrl::fromLocalFile(file.absoluteFilePath());
     }
     const QUrl url(argument);
-    const bool isLink =
+    const bool isWeb =
         url.scheme() == QStringLiteral("http") || url.scheme() == QStringLiteral("https");
+    const bool isLink = isWeb && !url.host().isEmpty();
     return isLink || QFileInfo::exists(url.toLocalFile()) ? url : QUrl();
 }
 
