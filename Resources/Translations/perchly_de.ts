@@ -25,7 +25,7 @@
     </message>
     <message>
         <source>Resume</source>
-        <translation>Fortsetzen</translation>
+        <translation>Weiter</translation>
     </message>
     <message>
         <source>End session</source>
