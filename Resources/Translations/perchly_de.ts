@@ -1941,6 +1941,10 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
         <source>Command failed</source>
         <translation>Befehl fehlgeschlagen</translation>
     </message>
+    <message>
+        <source>Launch failed</source>
+        <translation>Start fehlgeschlagen</translation>
+    </message>
 </context>
 <context>
     <name>perchly::RegionOverlay</name>

@@ -68,9 +68,13 @@ void Productivity::open(const QUrl &url) {
                                   reportFailure(failureNotice(), tr("Could not open %1. %2"), url));
 }
 
-void Productivity::openApplication(const QString &path) {
-    m_hosts.applications->open(path, reportFailure(failureNotice(), tr("Could not open %1. %2"),
-                                                   QUrl::fromLocalFile(path)));
+void Productivity::openApplication(const QString &path, const QString &name) {
+    const Notice failed = failureNotice(tr("Launch failed"));
+    m_hosts.applications->open(path, [failed, name](const QString &error) {
+        if (!error.isEmpty()) {
+            failed(tr("Could not open %1. %2").arg(name, error));
+        }
+    });
 }
 
 void Productivity::reveal(const QUrl &url) {

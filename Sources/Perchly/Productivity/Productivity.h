@@ -45,8 +45,8 @@ public:
     // A failure of one of these becomes the message.
 
     Q_INVOKABLE void open(const QUrl &url);
-    /// Launches the application with that desktop entry.
-    Q_INVOKABLE void openApplication(const QString &path);
+    /// Launches the application with that desktop entry and name.
+    Q_INVOKABLE void openApplication(const QString &path, const QString &name);
     Q_INVOKABLE void reveal(const QUrl &url);
     /// Answered by shareTargetsFound().
     Q_INVOKABLE void findShareTargets(const QUrl &url);

@@ -31,19 +31,19 @@ ColumnLayout {
         field.selectAll();
     }
 
-    function open(kind: string, target: var) {
-        switch (kind) {
+    function open(row: SearchRow) {
+        switch (row.kind) {
         case "app":
-            root.tools.openApplication(target);
+            root.tools.openApplication(row.target, row.label);
             break;
         case "clip":
-            root.tools.clipboard.copyClip(target);
+            root.tools.clipboard.copyClip(row.target);
             break;
         case "snippet":
-            root.tools.clipboard.copyText(target);
+            root.tools.clipboard.copyText(row.target);
             break;
         case "held":
-            root.tools.open(target);
+            root.tools.open(row.target);
         }
     }
 
@@ -61,7 +61,7 @@ ColumnLayout {
         if (row?.isNote) {
             list.focusFrom(1, 1, 0);
         } else if (row) {
-            root.open(row.kind, row.target);
+            root.open(row);
             root.close();
         }
     }
@@ -160,7 +160,7 @@ ColumnLayout {
             tools: root.tools
             first: row.index === 1 && field.text !== "" && field.activeFocus
 
-            onActivated: root.open(row.kind, row.target)
+            onActivated: root.open(row)
             onEntered: root.close()
             onFirstChanged: telling.restart()
             onLabelChanged: telling.restart()
