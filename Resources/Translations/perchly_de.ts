@@ -101,7 +101,7 @@
     </message>
     <message>
         <source>Toggle mute</source>
-        <translation>Stumm schalten</translation>
+        <translation>Ton aus- oder einschalten</translation>
     </message>
     <message>
         <source>%1 volume</source>
