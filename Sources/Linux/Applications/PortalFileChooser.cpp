@@ -84,13 +84,14 @@ std::unique_ptr<PortalRequest> chooseByPortal(const QDBusConnection &bus,
     return std::make_unique<PortalRequest>(
         bus, QStringLiteral("FileChooser"), QStringLiteral("OpenFile"),
         QVariantList{parent, request.title}, optionsFor(request),
-        [completion = std::move(completion)](const std::optional<QVariantMap> &results) {
-            if (!results) {
+        [completion = std::move(completion)](PortalRequest::Response response,
+                                             const QVariantMap &results) {
+            if (response == PortalRequest::Unavailable) {
                 completion(std::nullopt);
                 return;
             }
             QList<QUrl> chosen;
-            for (const QString &uri : results->value(QStringLiteral("uris")).toStringList()) {
+            for (const QString &uri : results.value(QStringLiteral("uris")).toStringList()) {
                 chosen.append(QUrl::fromEncoded(uri.toUtf8()));
             }
             completion(chosen);

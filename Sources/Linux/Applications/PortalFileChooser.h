@@ -4,6 +4,7 @@
 #include "PortalRequest.h"
 
 #include <memory>
+#include <optional>
 
 class QWindow;
 

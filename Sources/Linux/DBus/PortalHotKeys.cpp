@@ -88,9 +88,8 @@ void PortalHotKeys::begin() {
     m_request = std::make_unique<PortalRequest>(
         bus, QStringLiteral("GlobalShortcuts"), QStringLiteral("CreateSession"), QVariantList(),
         QVariantMap{{QStringLiteral("session_handle_token"), QStringLiteral("perchly")}},
-        [this](const std::optional<QVariantMap> &results) {
-            m_session =
-                results.value_or(QVariantMap()).value(QStringLiteral("session_handle")).toString();
+        [this](PortalRequest::Response, const QVariantMap &results) {
+            m_session = results.value(QStringLiteral("session_handle")).toString();
             if (m_session.isEmpty()) {
                 refuse();
             } else {
@@ -119,8 +118,8 @@ void PortalHotKeys::bind() {
         m_bus->connection(), QStringLiteral("GlobalShortcuts"), QStringLiteral("BindShortcuts"),
         QVariantList{QVariant::fromValue(QDBusObjectPath(m_session)),
                      QVariant::fromValue(shortcuts), QString()},
-        QVariantMap(), [this](const std::optional<QVariantMap> &results) {
-            if (!results || results->isEmpty()) {
+        QVariantMap(), [this](PortalRequest::Response, const QVariantMap &results) {
+            if (results.isEmpty()) {
                 refuse();
             }
         });

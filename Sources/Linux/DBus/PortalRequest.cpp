@@ -3,6 +3,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -40,11 +41,11 @@ PortalRequest::PortalRequest(const QDBusConnection &bus, const QString &interfac
         m_timeout.stop();
         if (pending->isError()) {
             m_answered = true;
-            finish(std::nullopt);
+            finish(Unavailable);
         }
     });
     m_timeout.setSingleShot(true);
-    connect(&m_timeout, &QTimer::timeout, this, [this] { finish(std::nullopt); });
+    connect(&m_timeout, &QTimer::timeout, this, [this] { finish(Unavailable); });
     m_timeout.start(requestTimeout);
 }
 
@@ -57,17 +58,12 @@ PortalRequest::~PortalRequest() {
 
 void PortalRequest::onResponse(uint response, const QVariantMap &results) {
     m_answered = true;
-    constexpr uint cancelled = 1;
-    if (response == 0) {
-        finish(results);
-    } else {
-        finish(response == cancelled ? std::optional(QVariantMap()) : std::nullopt);
-    }
+    finish(Response(std::min<uint>(response, Ended)), results);
 }
 
-void PortalRequest::finish(const std::optional<QVariantMap> &results) {
+void PortalRequest::finish(Response response, const QVariantMap &results) {
     if (const auto completion = std::exchange(m_completion, nullptr)) {
-        completion(results);
+        completion(response, response == Success ? results : QVariantMap());
     }
 }
 

@@ -6,7 +6,6 @@
 #include <QVariantMap>
 
 #include <functional>
-#include <optional>
 
 namespace perchly {
 
@@ -15,10 +14,15 @@ namespace perchly {
 class PortalRequest : public QObject {
     Q_OBJECT
 public:
-    /// Called once, never before the constructor has returned: with the results, which are empty if
-    /// the user cancelled, or with nullopt if there is no such portal, it fails or does not answer
-    /// in time. It may destroy this object.
-    using Completion = std::function<void(const std::optional<QVariantMap> &results)>;
+    enum Response : uint {
+        Success,
+        Cancelled,
+        Ended,       ///< failed, or the user closed a dialog of GTK by Escape or its close button
+        Unavailable, ///< there is no such portal, or it does not answer in time
+    };
+    /// Called once, never before the constructor has returned. The results are empty unless the
+    /// request succeeded. It may destroy this object.
+    using Completion = std::function<void(Response response, const QVariantMap &results)>;
 
     /// Calls a method of org.freedesktop.portal.INTERFACE, whose last argument are the options.
     PortalRequest(const QDBusConnection &bus, const QString &interface, const QString &method,
@@ -29,7 +33,7 @@ private Q_SLOTS:
     void onResponse(uint response, const QVariantMap &results);
 
 private:
-    void finish(const std::optional<QVariantMap> &results);
+    void finish(Response response, const QVariantMap &results = {});
 
     QDBusConnection m_bus;
     QString m_handle;

@@ -28,26 +28,28 @@ public:
     PortalCapture(const QDBusConnection &bus, Workers &workers, const QString &path,
                   ScreenCapture::Completion completion)
         : m_completion(std::move(completion))
-        , m_request(bus, QStringLiteral("Screenshot"), QStringLiteral("Screenshot"), {QString()},
-                    {{QStringLiteral("interactive"), true}},
-                    [this, &workers, path](const std::optional<QVariantMap> &results) {
-                        finish(workers, path, results);
-                    }) {}
+        , m_request(
+              bus, QStringLiteral("Screenshot"), QStringLiteral("Screenshot"), {QString()},
+              {{QStringLiteral("interactive"), true}},
+              [this, &workers, path](PortalRequest::Response response, const QVariantMap &results) {
+                  const bool failed = response >= PortalRequest::Ended;
+                  finish(workers, path, failed ? EXIT_FAILURE : EXIT_SUCCESS, results);
+              }) {}
 
 private:
-    void finish(Workers &workers, const QString &path, const std::optional<QVariantMap> &results) {
-        const QUrl file(results ? results->value(QStringLiteral("uri")).toString() : QString());
-        const auto report = [guard = QPointer(&m_request), this](int status) {
+    void finish(Workers &workers, const QString &path, int status, const QVariantMap &results) {
+        const QUrl file(results.value(QStringLiteral("uri")).toString());
+        const auto report = [guard = QPointer(&m_request), this](int result) {
             if (guard) {
                 const auto completion = std::move(m_completion); // it may destroy this object
-                completion(status);
+                completion(result);
             }
         };
         if (file.isLocalFile()) {
             workers.run([from = file.toLocalFile(), path] { return copyPrivately(from, path); },
                         report);
         } else {
-            report(results ? EXIT_SUCCESS : EXIT_FAILURE);
+            report(status);
         }
     }
 
