@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QIcon>
 #include <QStandardPaths>
 #include <QTimer>
 
@@ -52,6 +53,7 @@ int main(int argc, char **argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("perchly-preview"));
     QApplication::setDesktopFileName(QStringLiteral("org.perchly.Perchly"));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.perchly.Perchly")));
     QApplication::setQuitOnLastWindowClosed(false);
 
     loadUserLanguage();
