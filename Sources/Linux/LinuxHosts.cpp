@@ -260,6 +260,9 @@ WindowSystemChoice::~WindowSystemChoice() {
     window.setFlag(Qt::BypassWindowManagerHint);
     window.create();
     window.requestUpdate();
+    if (isWayland()) {
+        WaylandConnection::chooseBuffers();
+    }
     for (const auto &[variable, value] : std::as_const(m_previous)) {
         if (value.isNull()) {
             qunsetenv(variable);

@@ -1,6 +1,7 @@
 """The shelf opens and closes by pointer and keyboard, and leaves the keyboard to other windows."""
 
 import time
+from pathlib import Path
 
 from Xlib import X
 
@@ -47,6 +48,8 @@ class ShelfTest(SessionCase):
         before = self.program.wake_ups()
         time.sleep(2)
         self.assertLess(self.program.wake_ups() - before, 6)
+        maps = Path(f"/proc/{self.program.pid}/maps").read_text()
+        self.assertNotIn("libLLVM", maps, "drivers that it does not need")
 
     # The keyboard
 

@@ -69,6 +69,10 @@ bool WaylandConnection::dispatch() const {
     return wl_display_dispatch_queue(m_display, m_queue) >= 0;
 }
 
+void WaylandConnection::chooseBuffers() {
+    static_cast<void>(nativeResource("egldisplay")); // belongs to one of the ways
+}
+
 void *WaylandConnection::nativeResource(const QByteArray &name) {
     return QGuiApplication::platformNativeInterface()->nativeResourceForIntegration(name);
 }

@@ -24,6 +24,9 @@ public:
     WaylandConnection(const WaylandConnection &) = delete;
     WaylandConnection &operator=(const WaylandConnection &) = delete;
 
+    /// Lets Qt choose now how to pass pictures to the compositor; it would do so at a later window.
+    static void chooseBuffers();
+
     /// Null where the compositor has none.
     [[nodiscard]] zwlr_layer_shell_v1 *layerShell() const { return m_layerShell; }
     [[nodiscard]] unsigned layerShellVersion() const { return m_layerShellVersion; }
