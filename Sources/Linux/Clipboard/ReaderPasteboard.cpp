@@ -42,7 +42,7 @@ Task ReaderPasteboard::read(const PasteboardRequest &request, Completion complet
     return reading;
 }
 
-void ReaderPasteboard::withClient(std::function<void(CopyClient &client)> function) {
+void ReaderPasteboard::withClient(const std::function<void(CopyClient &client)> &function) {
     QMetaObject::invokeMethod(m_reader,
                               [reader = m_reader, function] { reader->withClient(function); });
 }

@@ -34,7 +34,7 @@ protected:
     [[nodiscard]] virtual bool isOurs(quint32 client) const = 0;
 
     /// Calls a function in the reader's thread.
-    void withClient(std::function<void(CopyClient &client)> function);
+    void withClient(const std::function<void(CopyClient &client)> &function);
 
 private:
     void handleCopy(quint64 copies, quint32 client);

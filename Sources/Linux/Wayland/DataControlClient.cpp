@@ -267,7 +267,7 @@ CopyAnswer DataControlClient::fetch(PasteboardSource source, const QByteArray &f
     ::close(pipe[1]);
     m_isInterrupted = false;
     CopyAnswer answer;
-    std::array<char, 64 * 1024> part;
+    std::array<char, 64 * 1024> part{};
     while (waitFor(pipe[0], std::min(TimePoint::clock::now() + silenceTimeout, latest))) {
         const ssize_t size = ::read(pipe[0], part.data(), part.size());
         if (size == 0) {

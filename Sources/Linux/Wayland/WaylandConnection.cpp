@@ -17,7 +17,7 @@ constexpr uint32_t knownLayerShell = 4;
 
 struct Wanted {
     const wl_interface &interface;
-    uint32_t maxVersion;
+    uint32_t maxVersion = 1;
     void *object = nullptr;
 };
 

@@ -13,7 +13,7 @@ namespace perchly {
 namespace {
 
 struct Answer {
-    const char *interface;
+    const char *interface = nullptr;
     bool isOffered = false;
     bool isComplete = false;
 };
