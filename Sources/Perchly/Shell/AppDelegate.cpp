@@ -87,8 +87,7 @@ void AppDelegate::followPointer() {
             m_hosts.contextMenu->close();
         }
     });
-    connect(&m_model, &ShelfModel::choosingWidgetChanged, this, &AppDelegate::checkPointer,
-            Qt::QueuedConnection);
+    connect(&m_model, &ShelfModel::choosingWidgetChanged, this, &AppDelegate::checkPointer);
     connect(&m_model, &ShelfModel::typingChanged, this, &AppDelegate::checkPointer,
             Qt::QueuedConnection);
     connect(
