@@ -95,6 +95,11 @@ Flickable {
 
         Keys.onBacktabPressed: edit.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
         Keys.onTabPressed: edit.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+        onActiveFocusChanged: {
+            if (edit.activeFocus && Theme.keysUsed && edit.cursorPosition === 0) {
+                edit.cursorPosition = edit.length;
+            }
+        }
         onCursorRectangleChanged: root.follow(edit.cursorRectangle)
         onTextChanged: {
             direction.apply();
