@@ -93,7 +93,10 @@ ViewTestCase {
 
     function test_focusSurvivesInsertedAndRemovedRows() {
         root.open(3);
-        root.reach([Qt.Key_Tab, Qt.Key_Down, Qt.Key_Right], "row1b");
+        root.rows.model.move(0, 2, 1); // the keyboard enters at the top all the same
+        root.reach([Qt.Key_Tab], "row1a");
+        root.rows.model.move(2, 0, 1);
+        root.reach([Qt.Key_Right], "row1b");
         root.rows.model.insert(0, { name: "first", buttons: 2 });
         wait(30);
         root.reach([], "row1b");

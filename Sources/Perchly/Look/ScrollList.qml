@@ -26,6 +26,8 @@ Item {
     readonly property alias view: view
 
     property int lastControl: 0
+    /// Whether it has had the keyboard.
+    property bool visited: false
     property Item lastRow: null
     /// The row that has the keyboard as a whole.
     property Item whole: null
@@ -109,6 +111,7 @@ Item {
         const item = scroller.focused;
         const row = root.rowOf(item);
         if (row) {
+            root.visited = true;
             if (item !== row) {
                 root.whole = null;
                 root.lastControl = Math.max(0, root.controlsOf(row).indexOf(item));
@@ -188,6 +191,9 @@ Item {
 
     /// Takes the keyboard from outside.
     function enter(step) {
+        if (!root.visited) {
+            view.currentIndex = 0; // rows may have been inserted above it
+        }
         if (!root.focusRow(view.currentIndex, root.lastControl) && !root.focusFrom(0, 1, 0)) {
             root.leave(step);
         }
