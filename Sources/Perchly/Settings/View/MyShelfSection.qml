@@ -23,6 +23,7 @@ ColumnLayout {
     }
     CaptionText {
         Layout.fillWidth: true
+        color: Theme.grey
         text: qsTr("Use the eye to show or hide, the star to favorite, and arrows to rearrange.")
     }
     ScrollList {
