@@ -17,7 +17,7 @@ CardBody {
     Item {
         id: date
 
-        Accessible.name: now.dayNumber + " " + now.month
+        Accessible.name: now.date
         Accessible.role: Accessible.StaticText
         anchors.left: parent.left
         anchors.right: parent.right

@@ -42,6 +42,7 @@ void WallTime::refresh() {
     if (time != m_time || day != m_day) {
         m_time = time;
         m_day = day;
+        m_date = locale.toString(now.date(), QLocale::LongFormat);
         m_dayNumber = QString::number(now.date().day());
         m_month = monthLine(now.date(), locale);
         Q_EMIT changed();

@@ -15,6 +15,7 @@ class WallTime : public QObject {
     Q_PROPERTY(bool running READ isRunning WRITE setRunning NOTIFY runningChanged FINAL)
     Q_PROPERTY(QString time READ time NOTIFY changed FINAL)
     Q_PROPERTY(QString day READ day NOTIFY changed FINAL)
+    Q_PROPERTY(QString date READ date NOTIFY changed FINAL)
     Q_PROPERTY(QString dayNumber READ dayNumber NOTIFY changed FINAL)
     Q_PROPERTY(QString month READ month NOTIFY changed FINAL)
 public:
@@ -26,6 +27,7 @@ public:
 
     [[nodiscard]] QString time() const { return m_time; }           ///< "9:41 AM"
     [[nodiscard]] QString day() const { return m_day; }             ///< "Tuesday, Nov 24"
+    [[nodiscard]] QString date() const { return m_date; }           ///< the whole date
     [[nodiscard]] QString dayNumber() const { return m_dayNumber; } ///< "24"
     [[nodiscard]] QString month() const { return m_month; }         ///< "November 2026"
 
@@ -39,6 +41,7 @@ private:
     bool m_running = false;
     QString m_time;
     QString m_day;
+    QString m_date;
     QString m_dayNumber;
     QString m_month;
     QTimer m_timer;
