@@ -644,18 +644,6 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
         <translation>Der Start ist fehlgeschlagen.</translation>
     </message>
     <message>
-        <source>There is no application at “%1”.</source>
-        <translation>Unter „%1“ ist keine Anwendung vorhanden.</translation>
-    </message>
-    <message>
-        <source>The application “%1” cannot be read.</source>
-        <translation>Die Anwendung „%1“ ist nicht lesbar.</translation>
-    </message>
-    <message>
-        <source>“%1” is not an application, or its program is not installed.</source>
-        <translation>„%1“ ist keine Anwendung, oder das Programm dazu ist nicht installiert.</translation>
-    </message>
-    <message>
         <source>The application is no longer installed.</source>
         <translation>Die Anwendung ist nicht mehr installiert.</translation>
     </message>
@@ -674,6 +662,14 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     <message>
         <source>No program is set up for files of this kind.</source>
         <translation>Für diese Art von Dateien ist kein Programm eingerichtet.</translation>
+    </message>
+    <message>
+        <source>Its desktop entry cannot be read.</source>
+        <translation>Die Desktop-Datei dazu ist nicht lesbar.</translation>
+    </message>
+    <message>
+        <source>It is not an application, or its program is not installed.</source>
+        <translation>Das ist keine Anwendung, oder das Programm dazu ist nicht installiert.</translation>
     </message>
 </context>
 <context>

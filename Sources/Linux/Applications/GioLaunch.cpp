@@ -108,18 +108,16 @@ Owned<GDesktopAppInfo> inSystemTerminal(const QString &path) {
 QString application(const QString &path, const StartNotices &notices, GCancellable *cancellable) {
     const QFileInfo file(path);
     if (!file.isAbsolute() || !file.isFile()) {
-        return QCoreApplication::translate("Launch", "There is no application at “%1”.").arg(path);
+        return QCoreApplication::translate("Launch", "The application is no longer installed.");
     }
     if (!file.isReadable()) {
-        return QCoreApplication::translate("Launch", "The application “%1” cannot be read.")
-            .arg(path);
+        return QCoreApplication::translate("Launch", "Its desktop entry cannot be read.");
     }
     const Owned<GDesktopAppInfo> entry(
         g_desktop_app_info_new_from_filename(QFile::encodeName(path).constData()));
     if (!entry) {
         return QCoreApplication::translate(
-                   "Launch", "“%1” is not an application, or its program is not installed.")
-            .arg(path);
+            "Launch", "It is not an application, or its program is not installed.");
     }
     const QString error = launch(entry.get(), nullptr, notices, cancellable);
     const bool wantsTerminal =
