@@ -1608,6 +1608,10 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
         <comment>time of day</comment>
         <translation>Beginnt um %1.</translation>
     </message>
+    <message>
+        <source>%1 ended with exit status %2.</source>
+        <translation>%1 endete mit dem Exit-Status %2.</translation>
+    </message>
 </context>
 <context>
     <name>perchly::AppDelegate</name>

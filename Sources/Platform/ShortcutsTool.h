@@ -14,7 +14,7 @@ namespace perchly {
 class ShortcutsTool {
 public:
     struct Result {
-        std::int32_t status = -1; ///< an exit status; -1 if a signal ended the shortcut
+        std::int32_t status = -1; ///< an exit status; -1 if it did not start, or a signal ended it
         QString output = {};      ///< the list
     };
     /// Called once on the main thread, never before the call has returned.

@@ -48,7 +48,7 @@ Task FolderShortcutsTool::execute(const QStringList &arguments, Completion compl
             return;
         }
         if (!shortcuts) {
-            waiting->completion({.status = 1});
+            waiting->completion({.status = -1});
         } else if (arguments.value(0) == QLatin1StringView("run")) {
             const auto found =
                 std::ranges::find(*shortcuts, arguments.value(1), &shortcutsfolder::Shortcut::name);
@@ -67,7 +67,7 @@ Task FolderShortcutsTool::execute(const QStringList &arguments, Completion compl
 void FolderShortcutsTool::run(const shortcutsfolder::Shortcut &shortcut,
                               const std::shared_ptr<Call> &call) {
     if (shortcut.file.isEmpty()) {
-        call->completion({.status = 1});
+        call->completion({.status = -1});
         return;
     }
     call->child =

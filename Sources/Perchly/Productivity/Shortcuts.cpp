@@ -81,7 +81,7 @@ void Shortcuts::run(const QString &name) {
                 m_notice(tr("Shortcut failed: %1. Run it in a terminal to see why.").arg(name));
             }
             if (!stopped) {
-                Q_EMIT ended(name, result.status == 0);
+                Q_EMIT ended(name, result.status);
             }
         });
 }

@@ -41,8 +41,8 @@ public:
 
 Q_SIGNALS:
     void busyChanged();
-    /// A shortcut has ended by itself.
-    void ended(const QString &name, bool succeeded);
+    /// A shortcut has ended by itself. The status is that of ShortcutsTool::Result.
+    void ended(const QString &name, std::int32_t status);
 
 private:
     void setBusy(const QString &name);

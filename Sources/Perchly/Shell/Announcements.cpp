@@ -75,7 +75,7 @@ void Announcements::followShortcuts() {
     Shortcuts *const shortcuts = m_sources.productivity.shortcuts();
     connect(shortcuts, &Shortcuts::busyChanged, this,
             [this] { m_notifications.close(shortcutTag); });
-    connect(shortcuts, &Shortcuts::ended, this, [this](const QString &name, bool succeeded) {
+    connect(shortcuts, &Shortcuts::ended, this, [this](const QString &name, std::int32_t status) {
         if (m_seesWorkspace()) {
             return;
         }
@@ -83,8 +83,10 @@ void Announcements::followShortcuts() {
         if (m_sources.preferences.announcesShortcuts()) {
             m_notifications.show(
                 {.tag = shortcutTag,
-                 .title = succeeded ? tr("Shortcut finished") : tr("Shortcut failed"),
-                 .body = inOneLine(name),
+                 .title = status == 0 ? tr("Shortcut finished") : tr("Shortcut failed"),
+                 .body = status > 0 ? tr("%1 ended with exit status %2.")
+                                          .arg(inOneLine(name), QString::number(status))
+                                    : inOneLine(name),
                  .open = opening(QStringLiteral("Shortcuts")),
                  .actions = {}});
         }

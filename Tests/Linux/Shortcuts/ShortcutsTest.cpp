@@ -43,7 +43,7 @@ private Q_SLOTS:
             writeFile(file, script);
             QCOMPARE(result({QStringLiteral("run"), QStringLiteral("x")}), expected);
         }
-        QCOMPARE(result({QStringLiteral("run"), QStringLiteral("../shortcuts/x")}), "1 ");
+        QCOMPARE(result({QStringLiteral("run"), QStringLiteral("../shortcuts/x")}), "-1 ");
     }
 
     void shortcutOfAnEarlierInstanceCanBeStopped() {
