@@ -29,7 +29,7 @@
     </message>
     <message>
         <source>End session</source>
-        <translation>Sitzung beenden</translation>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>
