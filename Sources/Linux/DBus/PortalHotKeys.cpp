@@ -12,7 +12,7 @@ const QString desktopPortal = QStringLiteral("org.freedesktop.portal.Desktop");
 const QString desktopPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString shortcutsInterface = QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
 
-/// As in the specification of shortcuts: "CTRL+ALT+space".
+/// In the portal's form: "CTRL+ALT+space".
 QString triggerOf(QKeyCombination chord) {
     QString text;
     const auto add = [&](Qt::KeyboardModifier modifier, const char *name) {

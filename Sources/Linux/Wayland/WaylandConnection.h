@@ -35,7 +35,7 @@ public:
     [[nodiscard]] static wl_surface *surfaceOf(QWindow &window);
     [[nodiscard]] static wl_output *outputOf(QScreen &screen);
 
-    /// Sends what was requested.
+    /// Sends the buffered requests.
     void flush() const;
 
     /// Moves an object to a queue of our own, which waitFor() dispatches, or back to Qt's.
