@@ -46,7 +46,7 @@ ShelfTestCase {
         root.expand();
         compare(root.everything().join("\n"), [
             "Grouping: Calendar", "Button: Change pinned widget",
-            "StaticText: " + new Date().getDate() + " " + Qt.locale().standaloneMonthName(new Date().getMonth()) + " " + new Date().getFullYear(),
+            "StaticText: " + new Date().toLocaleDateString(Qt.locale(), Locale.LongFormat),
             "StaticText: Upcoming meetings", "Button: Meetings",
             "Grouping: Activity", "StaticText: Ready when you are", "StaticText: Your current activity lives here",
             "Grouping: Focus timer", "Button: Change pinned widget", "StaticText: 25:00", "Button: Start focus",
