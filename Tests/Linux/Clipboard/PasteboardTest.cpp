@@ -1,3 +1,4 @@
+#include "HistoryReading.h"
 #include "OtherProgram.h"
 #include "X11Pasteboard.h"
 
@@ -14,20 +15,6 @@ using namespace perchly;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Reads like the history.
-PasteboardContent read(Pasteboard &pasteboard, const std::function<void()> &meanwhile = nullptr) {
-    std::optional<PasteboardContent> content;
-    const Task task = pasteboard.read({.unwanted = {pasteboardtype::concealed},
-                                       .maxImageBytes = 5'000'000,
-                                       .maxTextBytes = 100'000},
-                                      [&](const PasteboardContent &result) { content = result; });
-    if (meanwhile)
-        meanwhile();
-    if (!QTest::qWaitFor([&] { return content.has_value(); }, 15'000))
-        qFatal("The reading does not end.");
-    return *content;
-}
 
 QByteArray image(int side, const char *format) {
     QImage picture(side, side, QImage::Format_RGB32);
@@ -46,7 +33,7 @@ class PasteboardTest : public QObject {
 private Q_SLOTS:
     void init() {
         m_pasteboard = std::make_unique<X11Pasteboard>();
-        read(*m_pasteboard);
+        readForHistory(*m_pasteboard);
     }
 
     void bestFormatIsRead_data() {
@@ -72,7 +59,7 @@ private Q_SLOTS:
         QFETCH(const QString, owner);
         const OtherProgram other(owner);
         QTRY_COMPARE(m_pasteboard->changeCount(), 1);
-        const PasteboardContent content = read(*m_pasteboard);
+        const PasteboardContent content = readForHistory(*m_pasteboard);
         QTEST(int(content.image.size()), "image");
         QTEST(content.text, "text");
     }
@@ -83,7 +70,7 @@ private Q_SLOTS:
         rusage before{}; // in kilobytes
         rusage after{};
         getrusage(RUSAGE_SELF, &before);
-        QCOMPARE(read(*m_pasteboard).text, u"small"_s);
+        QCOMPARE(readForHistory(*m_pasteboard).text, u"small"_s);
         QVERIFY(other.waitFor("gave"));
         getrusage(RUSAGE_SELF, &after);
 #ifndef __SANITIZE_ADDRESS__ // the address sanitizer keeps freed memory
@@ -108,7 +95,7 @@ private Q_SLOTS:
         QTRY_COMPARE(m_pasteboard->changeCount(), 1);
         std::optional<OtherProgram> next;
         QElapsedTimer elapsed;
-        const PasteboardContent content = read(*m_pasteboard, [&] {
+        const PasteboardContent content = readForHistory(*m_pasteboard, [&] {
             if (minTime < 0)
                 next.emplace(u"UTF8_STRING=next"_s);
             elapsed.start();
@@ -118,7 +105,7 @@ private Q_SLOTS:
         if (!next)
             next.emplace(u"UTF8_STRING=next"_s);
         QTRY_COMPARE(m_pasteboard->changeCount(), 2);
-        QCOMPARE(read(*m_pasteboard).text, u"next"_s);
+        QCOMPARE(readForHistory(*m_pasteboard).text, u"next"_s);
     }
 
     void copiesAreCountedOnce() {
@@ -202,14 +189,14 @@ private Q_SLOTS:
         QFETCH(const QString, second);
         OtherProgram program(first);
         QTRY_COMPARE(m_pasteboard->changeCount(), 1);
-        read(*m_pasteboard);
+        readForHistory(*m_pasteboard);
         if (exitTime >= 0) {
             program.kill();
             QTest::qWait(exitTime);
         }
         const OtherProgram next(second);
         QTRY_COMPARE(m_pasteboard->changeCount(), 2);
-        const PasteboardContent content = read(*m_pasteboard);
+        const PasteboardContent content = readForHistory(*m_pasteboard);
         QTEST(!content.image.isEmpty() || !content.text.isEmpty(), "isRecorded");
     }
 

@@ -1,4 +1,5 @@
 #include "WaylandPasteboard.h"
+#include "HistoryReading.h"
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -14,9 +15,6 @@ using namespace perchly;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr qsizetype maxImageBytes = 5'000'000;
-constexpr qsizetype maxTextBytes = 100'000;
 
 /// A program that copies until it is destroyed.
 class Copier {
@@ -79,7 +77,7 @@ private Q_SLOTS:
         rusage before{}; // in kilobytes
         rusage after{};
         getrusage(RUSAGE_SELF, &before);
-        const PasteboardContent content = read();
+        const PasteboardContent content = readForHistory(*m_pasteboard);
         getrusage(RUSAGE_SELF, &after);
         QCOMPARE(content.types.size(), 1);
         QCOMPARE(content.text.toUtf8() + content.image, isRead ? bytes : QByteArray());
@@ -89,7 +87,7 @@ private Q_SLOTS:
     void marksAreSeenWhateverTheirValue() {
         const Copier copier(u"x-kde-passwordManagerHint"_s, "public");
         expectCopies(1);
-        QCOMPARE(read().types, QStringList(pasteboardtype::concealed));
+        QCOMPARE(readForHistory(*m_pasteboard).types, QStringList(pasteboardtype::concealed));
     }
 
     void failingOwnerDelaysOnlyItsOwnCopy_data() {
@@ -108,7 +106,7 @@ private Q_SLOTS:
         copier.signal(SIGSTOP);
         std::optional<Copier> next;
         QElapsedTimer elapsed;
-        const PasteboardContent content = read([&] {
+        const PasteboardContent content = readForHistory(*m_pasteboard, [&] {
             QTest::qWait(100);
             if (signal == 0)
                 next.emplace(u"text/plain"_s, "next");
@@ -120,7 +118,7 @@ private Q_SLOTS:
         if (!next)
             next.emplace(u"text/plain"_s, "next");
         expectCopies(2);
-        QCOMPARE(read().text, u"next"_s);
+        QCOMPARE(readForHistory(*m_pasteboard).text, u"next"_s);
     }
 
     void otherProgramsCanPasteOurCopy() {
@@ -141,26 +139,11 @@ private Q_SLOTS:
 
     void init() {
         m_pasteboard = std::make_unique<WaylandPasteboard>();
-        read();
+        readForHistory(*m_pasteboard);
     }
 
 private:
     void expectCopies(int count) { QTRY_COMPARE(m_pasteboard->changeCount(), count); }
-
-    /// Reads like the history.
-    PasteboardContent read(const std::function<void()> &meanwhile = nullptr) {
-        std::optional<PasteboardContent> content;
-        const Task task =
-            m_pasteboard->read({.unwanted = {pasteboardtype::concealed},
-                                .maxImageBytes = maxImageBytes,
-                                .maxTextBytes = maxTextBytes},
-                               [&](const PasteboardContent &result) { content = result; });
-        if (meanwhile)
-            meanwhile();
-        if (!QTest::qWaitFor([&] { return content.has_value(); }, 15'000))
-            qFatal("The reading does not end.");
-        return *content;
-    }
 
     std::unique_ptr<WaylandPasteboard> m_pasteboard;
 };
