@@ -7,6 +7,7 @@
 
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimeZone>
 
 #include <limits>
 
@@ -25,7 +26,7 @@ struct FocusFixture {
     /// Starts at that time of day, with four sessions of 100 minutes already done.
     explicit FocusFixture(const QTime &time)
         : clock(Clock::TimePoint(std::chrono::milliseconds(
-              QDateTime({2026, 9, 21}, time, Qt::UTC).toMSecsSinceEpoch()))) {
+              QDateTime({2026, 9, 21}, time, QTimeZone::utc()).toMSecsSinceEpoch()))) {
         preferences.setNumber(keys::focusDay, today());
         preferences.setNumber(keys::focusSessions, 4);
         preferences.setNumber(keys::focusTotalMinutes, 100);
