@@ -26,12 +26,18 @@ LayerSurface::LayerSurface(WaylandConnection &connection, QWindow &window, const
     : m_connection(connection)
     , m_window(window)
     , m_scope(scope)
-    , m_layer(layer) {}
+    , m_layer(layer) {
+    // Qt destroys the surface of a window that hides. If its role is still there, newer compositors
+    // end the connection.
+    connect(&m_window, &QWindow::visibleChanged, this, [this](bool visible) {
+        if (!visible) {
+            destroyRole();
+        }
+    });
+}
 
 LayerSurface::~LayerSurface() {
-    if (m_role != nullptr) {
-        zwlr_layer_surface_v1_destroy(m_role);
-    }
+    destroyRole();
 }
 
 void LayerSurface::place(QScreen &screen, const QRect &frame, Origin origin) {
@@ -89,13 +95,16 @@ void LayerSurface::handleFrame() {
 }
 
 void LayerSurface::release() {
+    destroyRole();
+    m_window.destroy();
+}
+
+void LayerSurface::destroyRole() {
     if (m_role != nullptr) {
-        zwlr_layer_surface_v1_destroy(m_role);
-        m_role = nullptr;
+        zwlr_layer_surface_v1_destroy(std::exchange(m_role, nullptr));
     }
     m_assignedSize = QSize();
     m_isResizing = false;
-    m_window.destroy();
 }
 
 void LayerSurface::realize() {

@@ -67,6 +67,7 @@ private:
     struct Listener;
 
     void realize();
+    void destroyRole();
     void tellQt();
     void send();
     void sendInputRegion();
