@@ -37,8 +37,8 @@ NOBODY = ("setpriv", "--reuid=65534", "--regid=65534", "--clear-groups")  # sway
 
 
 def invisible_pointer():
-    """A cursor file with one transparent pixel."""
-    image = struct.pack("<9I", 36, 0xFFFD0002, 1, 1, 1, 1, 0, 0, 0) + bytes(4)
+    """A transparent cursor file. Newer sway ends at scale 2 if it has only one pixel."""
+    image = struct.pack("<9I", 36, 0xFFFD0002, 1, 1, 2, 2, 0, 0, 0) + bytes(16)
     return b"Xcur" + struct.pack("<3I", 16, 0x10000, 1) + struct.pack("<3I", 0xFFFD0002, 1, 28) + image
 
 
