@@ -3,6 +3,7 @@
 #include "QtContextMenu.h"
 #include "WaylandPanelHost.h"
 
+#include <QCoreApplication>
 #include <QScreen>
 #include <QWindow>
 
