@@ -8,12 +8,12 @@ from perchly_session.waiting import wait_until
 
 
 class DockingTest(SessionCase):
-    def show_dock(self):
-        """Reserves the bottom of the screen; returns a function that ends that."""
+    def show_dock(self, top=0, bottom=0):
+        """Reserves one edge of the screen; returns a function that ends that."""
         if not ON_X:
-            return self.screen.show_bar()
-        dock = self.other_window((0, 600, 1280, 200), kind="DOCK")
-        strut = [0, 0, 0, 200, 0, 0, 0, 0, 0, 0, 0, 1279]
+            return self.screen.show_bar("top" if top else "bottom", top + bottom)
+        dock = self.other_window((0, 800 - bottom if bottom else 0, 1280, top + bottom), kind="DOCK")
+        strut = [0, 0, top, bottom, 0, 0, 0, 0, 0, 1279, 0, 1279]
         dock.change("_NET_WM_STRUT_PARTIAL", Xatom.CARDINAL, strut)
         dock.show()
         return dock.close
@@ -68,10 +68,26 @@ class DockingTest(SessionCase):
             self.expect_stored(**stored)
             self.session.add_monitor(1, right_half)
             self.expect_frame((1246, 680, 34, 120), "the strip back on the second display")
-        hide_dock = self.show_dock()
+        hide_dock = self.show_dock(bottom=200)
         self.expect_frame((1246, 480, 34, 120), "the strip above the dock")
         hide_dock()
         self.expect_frame((1246, 680, 34, 120), "the strip in the corner")
+
+    def test_shelf_hangs_below_a_bar_or_over_it(self):
+        self.start()
+        hide_bar = self.show_dock(top=40)
+        self.expect_frame((495, 40, 290, 34), "the pill below the bar")
+        self.tell("settings")
+        self.window("Perchly Settings")
+        self.click("Preferences", "radio button")
+        self.click("Over panels", "check box")
+        self.expect_pill()
+        self.tell("dock", "left")
+        self.expect_frame((0, 340, 34, 120), "the strip in the middle of the display")
+        self.click("Over panels", "check box")
+        self.expect_frame((0, 360, 34, 120), "the strip in the middle of the free area")
+        hide_bar()
+        self.expect_frame((0, 340, 34, 120), "the strip without a bar")
 
     def test_scale_two_doubles_all_sizes(self):
         self.start(scale=2)

@@ -35,9 +35,10 @@ QList<Display> WaylandDisplays::list() const {
     for (QScreen *screen : screens) {
         // Without displays, Qt has one without a name.
         if (!screen->name().isEmpty() && !screen->geometry().isEmpty()) {
+            const QRect visible = m_isOverPanels ? screen->geometry() : freeArea(*screen);
             displays.append(Display{.name = screen->name(),
                                     .frame = space.fromQt(QRectF(screen->geometry())),
-                                    .visibleFrame = space.fromQt(QRectF(freeArea(*screen)))});
+                                    .visibleFrame = space.fromQt(QRectF(visible))});
         }
     }
     return displays;

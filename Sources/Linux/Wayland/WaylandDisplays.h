@@ -21,6 +21,9 @@ public:
 
     [[nodiscard]] QList<Display> list() const override;
 
+    /// Lets the visible frames be whole displays, or not.
+    void setOverPanels(bool over) { m_isOverPanels = over; }
+
     /// In Qt's points.
     [[nodiscard]] QRect freeArea(QScreen &screen) const;
 
@@ -30,6 +33,7 @@ private:
 
     std::shared_ptr<WaylandConnection> m_connection;
     std::map<const QScreen *, FreeArea> m_areas;
+    bool m_isOverPanels = false;
     QList<Display> m_announced;
     QTimer m_announcement; ///< Qt reports one change several times
 };

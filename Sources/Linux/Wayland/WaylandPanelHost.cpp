@@ -34,7 +34,7 @@ QQuickItem *contentOf(QWindow &panel) {
 } // namespace
 
 WaylandPanelHost::WaylandPanelHost(std::shared_ptr<WaylandConnection> connection,
-                                   const WaylandDisplays &displays)
+                                   WaylandDisplays &displays)
     : m_connection(std::move(connection))
     , m_displays(displays) {
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow *focused) {
@@ -82,6 +82,7 @@ void WaylandPanelHost::put() {
 }
 
 void WaylandPanelHost::setOverPanels(bool over) {
+    m_displays.setOverPanels(over);
     const auto origin = over ? LayerSurface::Origin::Display : LayerSurface::Origin::FreeArea;
     if (std::exchange(m_origin, origin) != origin && m_role->screen() != nullptr) {
         put();

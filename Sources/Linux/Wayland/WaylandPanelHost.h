@@ -24,8 +24,7 @@ class WaylandPanelHost : public PanelHost {
     Q_OBJECT
 public:
     /// The displays must outlive it.
-    WaylandPanelHost(std::shared_ptr<WaylandConnection> connection,
-                     const WaylandDisplays &displays);
+    WaylandPanelHost(std::shared_ptr<WaylandConnection> connection, WaylandDisplays &displays);
 
     void attach(QWindow *panel) override;
     void place(const ScreenRect &frame, const QMarginsF &margins) override;
@@ -71,7 +70,7 @@ private:
     [[nodiscard]] static QScreen *screenAt(const QRect &geometry);
 
     const std::shared_ptr<WaylandConnection> m_connection;
-    const WaylandDisplays &m_displays;
+    WaylandDisplays &m_displays;
     QPointer<QWindow> m_panel;
     std::unique_ptr<LayerSurface> m_role;
     bool m_isShown = false;

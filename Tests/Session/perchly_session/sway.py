@@ -15,6 +15,7 @@ from .screen import KEY_SECONDS, PRESS_SECONDS, Window
 from .waiting import wait_until
 
 DESKTOP = (0, 255, 0)  # shadows have no other colour
+OTHER = "Other program"
 BUTTONS = {1: 272, 2: 274, 3: 273}
 CONFIGURATION = """
 output * bg #00ff00 solid_color
@@ -27,8 +28,6 @@ xwayland disable
 for_window [title=".*"] floating enable
 bar bar-0 {{
     mode invisible
-    position bottom
-    height 200
     workspace_buttons no
     colors background #00ff00
 }}
@@ -178,6 +177,8 @@ class Screen(Hands):
                 x, y, *_ = self._scaled(output["rect"])
                 picture = self._grab("-o", output["name"])
                 for node in self._tree():
+                    if node["name"] == OTHER:  # in the colour of the desktop
+                        continue
                     left, top, width, height = self._scaled(node["rect"])
                     left, top = left - x, top - y
                     place = (left, top, left + width - 1, top + height - 1)
@@ -216,9 +217,10 @@ class Screen(Hands):
         self.tell(f"output {name} enable resolution {width}x{height} position {x} {y}")
         self.width, self.height = max(self.width, x + width), max(self.height, y + height)
 
-    def show_bar(self):
-        """Reserves 200 pixels at the bottom of each display; returns a function that ends that."""
-        self.tell("bar bar-0 mode dock")
+    def show_bar(self, edge, height):
+        """Shows a bar at that edge of each display; returns a function that ends that."""
+        for setting in (f"position {edge}", f"height {height}", "mode dock"):
+            self.tell(f"bar bar-0 {setting}")
         return lambda: self.tell("bar bar-0 mode invisible")
 
     # Pictures
@@ -235,11 +237,12 @@ class Screen(Hands):
 
 
 class OtherWindow:
-    """A window, hidden at first, that records key and button presses."""
+    """A window, hidden at first, that records key and button presses. state may be FULLSCREEN."""
 
-    def __init__(self, session, rect=(200, 300, 400, 200)):
+    def __init__(self, session, rect=(200, 300, 400, 200), state=None):
         self._session = session
         self._rect = rect
+        self._state = state
         self._log = session.folder / f"other-{id(self)}"
         self._process = None
         self._read = 0
@@ -251,6 +254,8 @@ class OtherWindow:
             windows = lambda: self._session.screen.windows_of(self._process.pid)
             self.id = wait_until(windows, "the other window")[0].id
             self._session.screen.place(self.id, *self._rect)
+            if self._state:
+                self._session.screen.tell(f"[con_id={self.id}] fullscreen enable")
         return self
 
     def close(self):
