@@ -7,7 +7,7 @@ from pathlib import Path
 
 from gi.repository import GLib
 from perchly_session.accessibility import call, connect
-from perchly_session.case import NO_BUS, WORKSPACE, SessionCase
+from perchly_session.case import NO_BUS, ON_X, OPEN, WORKSPACE, SessionCase
 from perchly_session.waiting import wait_until
 
 COMPLETIONS = Path(__file__).parents[2] / "Packaging/completions"
@@ -50,13 +50,16 @@ class RestartTest(SessionCase):
     def test_command_starts_the_program(self):
         self.start_session(bus=False)
         self.tell("quit", says="not running")
-        display = self.session.environment.pop("DISPLAY")
+        variable = "DISPLAY" if ON_X else "WAYLAND_DISPLAY"
+        display = self.session.environment.pop(variable)
         self.tell("toggle", status=1, says="needs a display")
-        self.session.environment["DISPLAY"] = display
+        self.session.environment[variable] = display
         self.tell("toggle")
         pid = int(self.session.call("pgrep", "-f", f"^{self.session.executable} toggle"))
-        focused = lambda: [self.screen.focus()] == [w.id for w in self.screen.windows_of(pid)]
-        wait_until(focused, "the shelf with the keyboard")
+        if ON_X:
+            focused = lambda: [self.screen.focus()] == [w.id for w in self.screen.windows_of(pid)]
+            wait_until(focused, "the shelf with the keyboard")
+        wait_until(lambda: self.screen.frame(pid) == OPEN, "the shelf open")
         self.tell("quit")
         wait_until(lambda: not os.path.exists(f"/proc/{pid}"), "the program gone")
 
@@ -78,6 +81,8 @@ class RestartTest(SessionCase):
         self.tell("launch", "99", status=1, says="no entry “99”")
         self.tell("focus", "pause", status=1, says="No focus session")
         self.tell("player", "next", status=1, says="Nothing is playing")
+        self.screen.key("Escape")
+        self.expect_closed(WORKSPACE)
         self.tell("toggle")
         self.expect_open()
         self.expect_keyboard()
@@ -99,6 +104,8 @@ class RestartTest(SessionCase):
         wait_until(lambda: self.tree.rows() == ["etc"], "a held folder")
         with self.assertRaisesRegex(GLib.Error, "no command “explode”"):
             activate("explode")
+        self.screen.key("Escape")
+        self.expect_closed(WORKSPACE)
         activate("focus-start")
         self.tell("focus", "stop")
         call(*program, f"{interface}.Activate", "(a{sv})", {})

@@ -8,7 +8,7 @@ from perchly_session.accessibility import ENABLED, FOCUSED, SELECTED
 from perchly_session.case import (
     AWAY, ON_X, OPEN, SEARCH, TOGGLE, WORKSPACE, SessionCase, on_x_only,
 )
-from perchly_session.other_programs import DragPartner, SettingsManager, pasted
+from perchly_session.other_programs import DragPartner, SettingsManager, copy, pasted
 from perchly_session.waiting import wait_until
 
 MENU = [
@@ -161,6 +161,16 @@ class WindowTest(SessionCase):
         self.click("Copy path / link", subject="hosts")
         self.tree.find(COPIED)
         self.assertEqual(pasted(self.session), "/etc/hosts")
+
+    def test_copies_of_other_programs_are_kept_and_pasted_there(self):
+        self.start()
+        self.open_workspace("Clipboard")
+        self.click("Enable clipboard history for this session", "check box")
+        for text in ("tea", "milk"):
+            copy(self.session, text)
+            self.tree.find(text, "list item")
+        self.click("Copy", subject="tea")
+        wait_until(lambda: pasted(self.session) == "tea", "the older copy pasted")
 
     def test_search_launches_an_application(self):
         self.start_session()

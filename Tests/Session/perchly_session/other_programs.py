@@ -99,6 +99,10 @@ class OtherWindow:
         """The codes of the keys pressed in this window since the last call."""
         return [press.detail for press in self.events(X.KeyPress)]
 
+    def pressed(self):
+        """The button presses in it since the last call."""
+        return self.events(X.ButtonPress)
+
     def expect_typed(self, name):
         typed = lambda: self.typed() == [self.screen.code(name)]
         wait_until(typed, f"{name} typed into the other window")

@@ -214,6 +214,8 @@ class Session:
         self.call("xrandr", "--setmonitor", f"monitor{number}", geometry, output)
 
     def start_compositor(self):
+        if self.is_wayland:
+            return
         self.spawn("picom", "--backend", "xrender", "--no-use-damage", "--config", "/dev/null")
         selection = self.screen.atom("_NET_WM_CM_S0")
         owner = lambda: self.screen.display.get_selection_owner(selection)
