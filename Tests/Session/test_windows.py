@@ -48,7 +48,6 @@ class WindowTest(SessionCase):
     def expect_menu(self, x, y):
         wait_until(lambda: self.has_menu(x, y), f"a menu at {x}, {y}")
 
-    @on_x_only
     def test_status_item_opens_windows_and_quits(self):
         self.start()
         item = self.session.start_status_watcher()
@@ -58,21 +57,26 @@ class WindowTest(SessionCase):
                 self.screen.key(*TOGGLE)
                 self.expect_open()
                 item.choose(entry)
-                first = self.window(title)
+                window = self.window(title)
+                first = window.id
                 self.expect_pill()
-                self.assertEqual(first.rect[2:], (*size,))
-                resource = self.screen.resource(first.id)
-                self.assertIn("perchly", resource.get_wm_class())  # as in the desktop entry
-                self.assertGreater(len(self.screen.property(resource, "_NET_WM_ICON")), 16 * 16)
+                self.assertEqual(window.rect[2:], (*size,))
+                if ON_X:
+                    resource = self.screen.resource(first)
+                    self.assertIn("perchly", resource.get_wm_class())  # as in the desktop entry
+                    self.assertGreater(len(self.screen.property(resource, "_NET_WM_ICON")), 16 * 16)
                 for put_away in (self.screen.close_window, self.screen.minimize):
                     # The window may be visible before all of its requests are sent.
                     wait_until(self.program.rests, "the program at rest", interval=0)
-                    put_away(first.id)
+                    put_away(window.id)
                     self.expect_closed(title)
                     item.choose(entry)
-                    self.assertEqual(self.window(title).id, first.id)
+                    window = self.window(title)
+                    self.assertTrue(window.id == first or not ON_X)
                 if entry == "Volume Mixer…":
                     self.tree.find(NO_SOUND)
+                self.screen.key("Escape")
+                self.expect_closed(title)
         item.choose("Quit Perchly")
         self.assertEqual(self.program.process.wait(10), 0)
 

@@ -229,6 +229,9 @@ bool WaylandPanelHost::hasKeyboard() const {
 
 void WaylandPanelHost::activate(QWindow *window) {
     giveKeyboardBack();
+    if (!window->isActive()) {
+        window->hide(); // of windows without an activation token, only new ones come to the front
+    }
     window->setWindowStates(window->windowStates() & ~Qt::WindowMinimized);
     window->show();
     window->raise();
