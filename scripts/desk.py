@@ -13,6 +13,7 @@ from Xlib import Xatom
 
 from perchly_session.other_programs import MPV
 from perchly_session.sound import Sound
+from perchly_session.sway import PLAIN
 
 SKY = ((0x24, 0x2F, 0x66), (0x66, 0x55, 0x96), (0xC8, 0x6B, 0x85), (0xF6, 0xB2, 0x7A))
 HILLS = ((0.72, "#8A5A86"), (0.8, "#5B4178"), (0.9, "#33285A"))
@@ -48,6 +49,7 @@ class Desk:
         if "XDG_DATA_DIRS" in os.environ:
             session.environment["XDG_DATA_DIRS"] = os.environ["XDG_DATA_DIRS"]
         self.photo = session.folder / "photo.png"
+        self._wallpaper = session.folder / "wallpaper.png"
         self._paint_wallpaper(session.screen)
         self._store_preferences()
         self._store_meetings()
@@ -69,12 +71,22 @@ class Desk:
             "--no-first-run",
             "--disable-background-networking",
             "--autoplay-policy=no-user-gesture-required",
+            f"--ozone-platform={'wayland' if self._session.is_wayland else 'x11'}",
             f"--user-data-dir={self._session.folder}/browser",
         ]
         self._session.spawn("chromium", *options, page.as_uri())
 
+    def show_wallpaper(self):
+        """On Wayland, where finding the shelf needs a desktop in one colour, only for pictures."""
+        if self._session.is_wayland:
+            self._session.screen.set_background(self._wallpaper, "fill")
+
+    def hide_wallpaper(self):
+        if self._session.is_wayland:
+            self._session.screen.set_background(*PLAIN)
+
     def _paint_wallpaper(self, screen):
-        """Draws a wallpaper of morning hills and sets it for compositors and window managers."""
+        """Draws a wallpaper of morning hills and, on X, sets it for compositors and window managers."""
         width, height = screen.width, screen.height
         sky = Image.new("RGB", (1, len(SKY)))
         sky.putdata(SKY)
@@ -85,6 +97,9 @@ class Desk:
                 wave = math.sin(x / 190 + 2 * number) + math.sin(x / 71 + 5 * number) / 3
                 pen.line((x, top * height - 40 * wave, x, height), colour)
         image.crop((0, height - 400, 560, height)).save(self.photo)
+        if self._session.is_wayland:
+            image.save(self._wallpaper)
+            return
         pixmap = screen.root.create_pixmap(width, height, screen.root.get_geometry().depth)
         pixmap.put_pil_image(pixmap.create_gc(), 0, 0, image)
         screen.root.change_attributes(background_pixmap=pixmap)

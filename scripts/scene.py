@@ -1,5 +1,5 @@
-"""scene.py PROGRAM FOLDER: plays a scene with Perchly on a virtual display and leaves every picture
-of docs/ in the folder."""
+"""scene.py PROGRAM FOLDER [sway]: plays a scene with Perchly on a virtual display, of X or of sway, and
+leaves every picture of docs/ in the folder."""
 
 import sys
 import tempfile
@@ -120,7 +120,7 @@ class Scene(User):
     # Helpers
 
     def resize(self, window, height):
-        self.screen.resource(window.id).configure(height=height)
+        self.screen.resize_window(window.id, height)
         resized = lambda: self.program.window(window.title).rect[3] == height
         wait_until(resized, "the new height")
         return self.program.window(window.title)
@@ -151,6 +151,7 @@ class Scene(User):
 
     def picture(self, name, rect):
         """Takes a picture of a part of the screen once it is still, apart from a blinking caret."""
+        self._desk.show_wallpaper()
         picture, since = None, time.monotonic()
 
         def at_rest():
@@ -163,6 +164,7 @@ class Scene(User):
         wait_until(at_rest, f"{name} at rest", interval=0.05)
         path = self._folder / f"{name}.png"
         picture.save(path)
+        self._desk.hide_wallpaper()
         self.pictures.add(path.name)
         print(f"  {path}")
 
@@ -170,7 +172,7 @@ class Scene(User):
 def main():
     program, folder = Path(sys.argv[1]).resolve(), Path(sys.argv[2])
     folder.mkdir(parents=True, exist_ok=True)
-    session = Session(program, size=SIZE)
+    session = Session(program, sys.argv[3] if len(sys.argv) > 3 else "openbox", size=SIZE)
     try:
         session.start_compositor()
         session.screen.move_to(*FREE_PLACE, step=200)

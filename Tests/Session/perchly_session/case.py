@@ -8,12 +8,11 @@ import unittest
 from pathlib import Path
 
 from . import sway
+from .hands import SEARCH, TOGGLE
 from .other_programs import OtherWindow
 from .session import Session
 from .waiting import wait_until, wait_while
 
-TOGGLE = ("Control_L", "Alt_L", "space")
-SEARCH = ("Control_L", "Alt_L", "k")
 PILL = (495, 0, 290, 34)
 OPEN = (310, 0, 660, 429)
 AWAY = (640, 740)
@@ -90,11 +89,6 @@ class SessionCase(unittest.TestCase, User):
         self.session = Session(os.environ["PERCHLY_PROGRAM"], **options)
         self.addCleanup(self._end_session, self.session)
         self.screen = self.session.screen
-        if self.session.is_wayland:
-            self.screen.bound = {
-                TOGGLE: (self.session.executable, "toggle"),
-                SEARCH: (self.session.executable, "search"),
-            }
         self.screen.move_to(*AWAY, step=100)
 
     def start(self, preferences=None, **options):

@@ -1,5 +1,7 @@
 """What a user does with pointer and keys in any window system."""
 
+TOGGLE = ("Control_L", "Alt_L", "space")
+SEARCH = ("Control_L", "Alt_L", "k")
 STEP_PIXELS = 8
 STEP_SECONDS = 0.004
 

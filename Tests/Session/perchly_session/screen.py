@@ -169,6 +169,9 @@ class Screen(Hands):
         states = [self.atom(f"_NET_WM_STATE_MAXIMIZED_{axis}") for axis in ("HORZ", "VERT")]
         self._ask(number, "_NET_WM_STATE", 1, *states, 2, 0)
 
+    def resize_window(self, number, height):
+        self.resource(number).configure(height=height)
+
     def minimize(self, number):
         self._ask(number, "WM_CHANGE_STATE", 3, 0, 0, 0, 0)
 

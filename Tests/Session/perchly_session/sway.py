@@ -10,13 +10,14 @@ import time
 from PIL import Image, ImageDraw
 from Xlib import XK
 
-from .hands import Hands
+from .hands import SEARCH, TOGGLE, Hands
 from .screen import KEY_SECONDS, PRESS_SECONDS, Window
 from .waiting import wait_until
 
 DESKTOP = (0, 255, 0)  # shadows have no other colour
 OTHER = "Other program"
 BUTTONS = {1: 272, 2: 274, 3: 273}
+PLAIN = ("#00ff00", "solid_color")
 CONFIGURATION = """
 output * bg #00ff00 solid_color
 output HEADLESS-1 resolution {width}x{height} position 0 0 scale {scale}
@@ -42,15 +43,15 @@ def invisible_pointer():
 
 
 class Screen(Hands):
-    """Acts and sees like a user. Places are in pixels. `bound` holds what the user has bound to keys
-    in the compositor."""
+    """Acts and sees like a user, who has bound the chords to commands in the compositor. Places are in
+    pixels."""
 
     def __init__(self, session, size, scale):
         self._session = session
         self.width, self.height = size
         self._scale = scale
         self._at = (0, 0)
-        self.bound = {}
+        self._bound = {TOGGLE: "toggle", SEARCH: "search"}
         folder = session.folder / "sway"
         folder.mkdir()
         (folder / "icons/none/cursors").mkdir(parents=True)
@@ -136,8 +137,8 @@ class Screen(Hands):
             self._act("key", self._name(key), 0, rest=KEY_SECONDS)
 
     def key(self, *keys):
-        if keys in self.bound:
-            self._session.call(*self.bound[keys])
+        if keys in self._bound:
+            self._session.call(self._session.executable, self._bound[keys])
         else:
             super().key(*keys)
 
@@ -200,6 +201,9 @@ class Screen(Hands):
         self.tell(f"[con_id={number}] move absolute position {x} {y}")
         time.sleep(0.3)  # sway waits up to 0.2 s for the program
 
+    def resize_window(self, number, height):
+        self.tell(f"[con_id={number}] resize set height {height} px")
+
     def close_window(self, number):
         self.tell(f"[con_id={number}] kill")
 
@@ -207,6 +211,12 @@ class Screen(Hands):
         self.tell(f"[con_id={number}] move to scratchpad")
 
     # Displays
+
+    def set_background(self, *background):
+        """Sets it on all displays, as in set_background("#00ff00", "solid_color"), and waits for it."""
+        is_plain = lambda: all(self.shows(DESKTOP, x, self.height - 1, 0) for x in (0, self.width - 1))
+        self.tell(f"output * bg {' '.join(map(str, background))}")
+        wait_until(lambda: is_plain() == (background == PLAIN), "the background")
 
     def add_output(self, number, rect):
         names = [output["name"] for output in self.tell("-t", "get_outputs")]
