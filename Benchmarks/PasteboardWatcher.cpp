@@ -1,5 +1,6 @@
 // Reads every text and image that other programs copy, as the clipboard's history does.
 
+#include "WaylandPasteboard.h"
 #include "X11Pasteboard.h"
 
 #include <QCoreApplication>
@@ -7,10 +8,13 @@
 int main(int argc, char **argv) {
     using namespace perchly;
     QCoreApplication application(argc, argv);
-    X11Pasteboard pasteboard;
+    std::unique_ptr<Pasteboard> pasteboard = std::make_unique<X11Pasteboard>();
+    if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY")) {
+        pasteboard = std::make_unique<WaylandPasteboard>();
+    }
     Task reading;
-    QObject::connect(&pasteboard, &Pasteboard::changed, &application, [&] {
-        reading = pasteboard.read({.unwanted = {pasteboardtype::concealed},
+    QObject::connect(pasteboard.get(), &Pasteboard::changed, &application, [&] {
+        reading = pasteboard->read({.unwanted = {pasteboardtype::concealed},
                                    .maxImageBytes = 5'000'000,
                                    .maxTextBytes = 100'000},
                                   [](const PasteboardContent &) {});

@@ -15,7 +15,7 @@ from pathlib import Path
 from Xlib import X, XK
 from Xlib.ext import xtest
 
-from measuring import AWAY, HEIGHT, WIDTH, high, measured_session
+from measuring import AWAY, HEIGHT, WIDTH, high, measured_session, watch
 from painting import Painting
 from perchly_session.waiting import wait_until
 from processes import cost_of_a_minute, proportional_megabytes
@@ -67,20 +67,22 @@ def root_painted(rounds):
 
 
 def started(program, rounds):
-    samples = []
     with measured_session(program) as session:
         session.run().stop()  # the first start fills the caches
-        for _ in range(min(rounds, 40)):
-            wait_until(lambda: not session.programs[-1].windows(), "the windows gone")
-            time.sleep(0.05)
-            painting = Painting(session.screen, PILL_STRIP)
-            start = time.perf_counter()
-            running = session.run(wait=False)
-            samples.append(painting.wait(start))
-            painting.close()
-            wait_until(running.panel, "the shelf")
-            running.stop()
-    return samples
+        return [one_start(session) for _ in range(min(rounds, 40))]
+
+
+def one_start(session):
+    wait_until(lambda: not session.programs[-1].panel(), "the shelf gone")
+    time.sleep(0.05)
+    painting = watch(session, PILL_STRIP)
+    start = time.perf_counter()
+    running = session.run(wait=False)
+    taken = painting.wait(start)
+    painting.close()
+    wait_until(running.panel, "the shelf")
+    running.stop()
+    return taken
 
 
 # Opening
@@ -88,29 +90,28 @@ def started(program, rounds):
 
 def measure_opening(session, times, rounds):
     time.sleep(1)
-    times.append(("pointer onto the pill to the first open frame", by_pointer(session, rounds)))
+    samples = [by_pointer(session) for _ in range(rounds)]
+    times.append(("pointer onto the pill to the first open frame", samples))
     times.append(("hot key to the first open frame", by_hot_key(session, rounds)))
 
 
 def closed(session):
     program = session.programs[-1]
     wait_until(lambda: program.frame() and program.frame()[3] == 34, "the shelf closed")
-    time.sleep(0.1)
+    wait_until(program.rests, "the program at rest", interval=0)
 
 
-def by_pointer(session, rounds):
-    samples = []
+def by_pointer(session):
     screen = session.screen
-    for _ in range(rounds):
-        screen.move_to(*AWAY, step=200)
-        closed(session)
-        x, y = screen.pointer()
-        painting = Painting(screen, BELOW_PILL)
-        start = time.perf_counter()
-        screen.move_by(PILL_CENTRE[0] - x, PILL_CENTRE[1] - y)
-        samples.append(painting.wait(start))
-        painting.close()
-    return samples
+    screen.move_to(*AWAY, step=200)
+    closed(session)
+    x, y = screen.pointer()
+    painting = watch(session, BELOW_PILL)
+    start = time.perf_counter()
+    screen.move_by(PILL_CENTRE[0] - x, PILL_CENTRE[1] - y)
+    taken = painting.wait(start)
+    painting.close()
+    return taken
 
 
 def by_hot_key(session, rounds):

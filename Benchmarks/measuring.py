@@ -6,6 +6,7 @@ import sys
 
 sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "Tests" / "Session"))
 
+from painting import Painting  # noqa: E402
 from perchly_session.session import Session  # noqa: E402
 
 SIZE = WIDTH, HEIGHT = 1280, 800
@@ -22,6 +23,11 @@ def measured_session(program, **options):
         yield session
     finally:
         session.stop()
+
+
+def watch(session, rect):
+    """Returns a Painting of this part of the screen; on sway, a WaylandProbe watches."""
+    return session.probe.watch(rect) if session.is_wayland else Painting(session.screen, rect)
 
 
 def install_applications(session, count):
