@@ -1254,6 +1254,17 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
     </message>
 </context>
 <context>
+    <name>ShelfOpener</name>
+    <message>
+        <source>This desktop does not let the shelf use the keyboard.</source>
+        <translation>Die Desktopumgebung überlässt der Leiste die Tastatur nicht.</translation>
+    </message>
+    <message>
+        <source>No keyboard</source>
+        <translation>Keine Tastatur</translation>
+    </message>
+</context>
+<context>
     <name>ShelfSettings</name>
     <message>
         <source>Choose your widgets and apps. Changes save automatically.</source>

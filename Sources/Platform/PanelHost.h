@@ -76,6 +76,9 @@ Q_SIGNALS:
 
     /// Another window has taken the keyboard. Also emitted if the panel did not have it.
     void keyboardLost();
+
+    /// The desktop has not given the panel the keyboard that it was to take.
+    void keyboardRefused();
 };
 
 } // namespace perchly

@@ -75,6 +75,10 @@ private Q_SLOTS:
         QCOMPARE(shell.fake.applications.opened, (QStringList(2, QStringLiteral("/apps/three"))));
         Q_EMIT shell.fake.panel.keyboardLost();
         QVERIFY2(!shell.expanded(), "it stays open without the keyboard");
+        shell.delegate->toggleKeyboardOpen();
+        Q_EMIT shell.fake.panel.keyboardRefused();
+        QVERIFY(!shell.expanded());
+        QCOMPARE(shell.fake.notifications.open.first().title, QStringLiteral("No keyboard"));
     }
 
     void reportsHotKeysTakenByOtherPrograms() {

@@ -34,6 +34,10 @@ xcb_window_t KeyboardFocus::current() {
     return answer ? answer->focus : xcb_window_t{XCB_WINDOW_NONE};
 }
 
+bool KeyboardFocus::isAt(xcb_window_t window) {
+    return current() == window && (!m_isXWayland || activeWindow() != XCB_WINDOW_NONE);
+}
+
 void KeyboardFocus::take(xcb_window_t window) {
     m_leave.stop();
     const xcb_window_t holder = current();
@@ -61,7 +65,7 @@ void KeyboardFocus::pressedOutside(xcb_window_t holder) {
 
 void KeyboardFocus::retakeFromNobody(xcb_window_t window) {
     const xcb_window_t holder = current();
-    if (holder != window && isNobody(holder)) {
+    if (holder != window && !m_isXWayland && isNobody(holder)) {
         setFocus(window);
     }
 }
@@ -127,7 +131,8 @@ void KeyboardFocus::askWindowManager(xcb_window_t window) {
 void KeyboardFocus::restoreDirectly() {
     const bool isGone = m_before.focus == XCB_WINDOW_NONE;
     if (isGone || !setFocus(m_before.focus)) {
-        setFocus(XCB_INPUT_FOCUS_POINTER_ROOT);
+        // At the root, a Wayland compositor gives it to the window of Wayland that had it.
+        setFocus(m_isXWayland ? m_connection.root() : XCB_INPUT_FOCUS_POINTER_ROOT);
     }
 }
 

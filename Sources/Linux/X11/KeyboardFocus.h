@@ -1,6 +1,7 @@
 #pragma once
 
 #include "XcbConnection.h"
+#include "XWaylandPointerMonitor.h"
 
 #include <QTimer>
 
@@ -16,6 +17,9 @@ public:
     /// The window with the focus; XCB_WINDOW_NONE if none has it or the server does not answer.
     [[nodiscard]] xcb_window_t current();
 
+    /// Whether keys go to that window: it has the focus, and under XWayland the compositor agrees.
+    [[nodiscard]] bool isAt(xcb_window_t window);
+
     /// Gives the focus to a shown unmanaged window and remembers the window that had it.
     void take(xcb_window_t window);
 
@@ -29,7 +33,8 @@ public:
 
     /// Takes the focus again if it was lost because the window that had it was closed and the
     /// window manager parked it on the root or on its own window outside the screen. giveBack()
-    /// still gives it to the window remembered before.
+    /// still gives it to the window remembered before. Does nothing under XWayland, where a window
+    /// of Wayland may have it.
     void retakeFromNobody(xcb_window_t window);
 
     /// Makes an ordinary window active, even if the window manager prevents programs from stealing
@@ -53,6 +58,7 @@ private:
     void expectLeaving(xcb_window_t holder, xcb_window_t wanted);
 
     XcbConnection &m_connection;
+    const bool m_isXWayland = isXWayland();
     Holder m_before;
     xcb_window_t m_wanted = XCB_WINDOW_NONE;  ///< none if the focus is to be given back
     xcb_window_t m_leaving = XCB_WINDOW_NONE; ///< the window that should lose the focus

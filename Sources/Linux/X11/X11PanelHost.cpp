@@ -14,6 +14,8 @@ namespace {
 
 // After losing the active window, a window manager activates another one within this time.
 constexpr std::chrono::milliseconds retakeDelay{60};
+// How long a Wayland compositor may take to give the keyboard to a window of XWayland.
+constexpr std::chrono::milliseconds grantTimeout{400};
 
 void flushQt() {
     xcb_flush(qtConnection());
@@ -88,6 +90,11 @@ void X11PanelHost::takeKeyboard() {
     m_holdsKeyboard = true;
     m_focus.take(panelId());
     m_outsidePress.watch(panelId());
+    QTimer::singleShot(grantTimeout, this, [this] {
+        if (m_holdsKeyboard && !hasKeyboard()) {
+            Q_EMIT keyboardRefused();
+        }
+    });
 }
 
 void X11PanelHost::giveKeyboardBack() {
@@ -110,7 +117,7 @@ void X11PanelHost::checkKeyboard() {
 }
 
 bool X11PanelHost::hasKeyboard() const {
-    return panelId() != XCB_WINDOW_NONE && m_focus.current() == panelId();
+    return panelId() != XCB_WINDOW_NONE && m_focus.isAt(panelId());
 }
 
 void X11PanelHost::activate(QWindow *window) {

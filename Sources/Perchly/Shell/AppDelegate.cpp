@@ -95,6 +95,8 @@ void AppDelegate::followPointer() {
         Qt::QueuedConnection);
     connect(m_hosts.panel.get(), &PanelHost::keyboardLost, this,
             [this] { m_opener.keyboardLost(); });
+    connect(m_hosts.panel.get(), &PanelHost::keyboardRefused, this,
+            [this] { m_opener.keyboardRefused(); });
     m_hosts.pointer->start();
 }
 

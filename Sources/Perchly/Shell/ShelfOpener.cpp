@@ -179,6 +179,14 @@ void ShelfOpener::keyboardLost() {
     }
 }
 
+void ShelfOpener::keyboardRefused() {
+    if (isKeyboardOpen()) {
+        setKeyboardOpen(false);
+    }
+    m_model.setControlError(tr("This desktop does not let the shelf use the keyboard."),
+                            tr("No keyboard"));
+}
+
 void ShelfOpener::closeForDrag() {
     if (isKeyboardOpen()) {
         m_hosts.panel->giveKeyboardBack();

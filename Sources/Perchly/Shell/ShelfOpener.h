@@ -3,6 +3,8 @@
 #include "Clock.h"
 #include "Geometry.h"
 
+#include <QCoreApplication>
+
 namespace perchly {
 
 struct Hosts;
@@ -15,6 +17,7 @@ class ShelfPreferences;
 /// leaves, and in keyboard mode, which ignores the pointer. The arguments must outlive it. Main
 /// thread only.
 class ShelfOpener {
+    Q_DECLARE_TR_FUNCTIONS(ShelfOpener)
 public:
     ShelfOpener(Hosts &hosts, const ShelfPreferences &preferences, ShelfModel &model,
                 ShelfPlacement &placement, const ShelfPanel &panel);
@@ -42,6 +45,9 @@ public:
 
     /// Another window has taken the keyboard: closes a shelf in keyboard mode.
     void keyboardLost();
+
+    /// The shelf does not get the keyboard: closes it in keyboard mode and says so.
+    void keyboardRefused();
 
     /// Closes the shelf for a drag, which places the panel itself.
     void closeForDrag();
