@@ -27,6 +27,8 @@ inline constexpr QLatin1StringView announceMeetings("announceMeetings");
 
 inline constexpr QLatin1StringView toggleChord("toggleChord");
 inline constexpr QLatin1StringView searchChord("searchChord");
+/// Whether the user has dismissed the hint to bind commands to keys.
+inline constexpr QLatin1StringView knowsToBindKeys("knowsToBindKeys");
 
 inline constexpr QLatin1StringView leftWidget("leftWidget");
 inline constexpr QLatin1StringView rightWidget("rightWidget");

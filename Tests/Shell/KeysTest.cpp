@@ -106,6 +106,21 @@ private Q_SLOTS:
                      "Could not register Ctrl+Alt+Space. Another app may use that shortcut."));
         QVERIFY(message({search}, {}, false).contains(QStringLiteral("“perchly search”")));
     }
+
+    void dismissedHintToBindKeysStaysAway() {
+        QMap<QString, PreferenceValue> stored;
+        for (const bool isHinting : {true, false}) {
+            ShellFixture shell([&](FakeHosts &fake) {
+                fake.preferences.values = stored;
+                fake.hotKeys.supported = false;
+                fake.hotKeys.heldByOthers = {ShelfHotKey::Toggle, ShelfHotKey::Search};
+            });
+            Productivity &tools = shell.delegate->productivity();
+            QCOMPARE(!tools.message().isEmpty(), isHinting);
+            tools.dismissMessage();
+            stored = shell.fake.preferences.values;
+        }
+    }
 };
 
 static const RegisteredTest<KeysTest> registeredKeysTest;

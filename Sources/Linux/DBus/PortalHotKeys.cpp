@@ -8,6 +8,7 @@ namespace perchly {
 
 namespace {
 
+constexpr std::chrono::minutes bindingTimeout{2};
 const QString desktopPortal = QStringLiteral("org.freedesktop.portal.Desktop");
 const QString desktopPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString shortcutsInterface = QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
@@ -95,7 +96,8 @@ void PortalHotKeys::begin() {
             } else {
                 QMetaObject::invokeMethod(this, &PortalHotKeys::bind, Qt::QueuedConnection);
             }
-        });
+        },
+        bindingTimeout);
 }
 
 void PortalHotKeys::end() {
@@ -118,11 +120,13 @@ void PortalHotKeys::bind() {
         m_bus->connection(), QStringLiteral("GlobalShortcuts"), QStringLiteral("BindShortcuts"),
         QVariantList{QVariant::fromValue(QDBusObjectPath(m_session)),
                      QVariant::fromValue(shortcuts), QString()},
-        QVariantMap(), [this](PortalRequest::Response, const QVariantMap &results) {
+        QVariantMap(),
+        [this](PortalRequest::Response, const QVariantMap &results) {
             if (results.isEmpty()) {
                 refuse();
             }
-        });
+        },
+        bindingTimeout);
 }
 
 void PortalHotKeys::refuse() {

@@ -2,9 +2,9 @@
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
+#include <QDBusServiceWatcher>
 
 #include <algorithm>
-#include <chrono>
 #include <utility>
 
 namespace perchly {
@@ -22,7 +22,8 @@ const QString requestInterface = QStringLiteral("org.freedesktop.portal.Request"
 
 PortalRequest::PortalRequest(const QDBusConnection &bus, const QString &interface,
                              const QString &method, const QVariantList &arguments,
-                             QVariantMap options, Completion completion)
+                             QVariantMap options, Completion completion,
+                             std::optional<std::chrono::seconds> answerTimeout)
     : m_bus(bus)
     , m_completion(std::move(completion)) {
     static int number = 0;
@@ -37,12 +38,20 @@ PortalRequest::PortalRequest(const QDBusConnection &bus, const QString &interfac
         requestService, requestPath, QStringLiteral("org.freedesktop.portal.") + interface, method);
     call.setArguments(arguments + QVariantList{options});
     auto *pending = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
-    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending] {
+    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending, answerTimeout] {
         m_timeout.stop();
         if (pending->isError()) {
             m_answered = true;
             finish(Unavailable);
+        } else if (answerTimeout) {
+            m_timeout.start(*answerTimeout);
         }
+    });
+    auto *portal = new QDBusServiceWatcher(requestService, m_bus,
+                                           QDBusServiceWatcher::WatchForUnregistration, this);
+    connect(portal, &QDBusServiceWatcher::serviceUnregistered, this, [this] {
+        m_answered = true;
+        finish(Ended);
     });
     m_timeout.setSingleShot(true);
     connect(&m_timeout, &QTimer::timeout, this, [this] { finish(Unavailable); });

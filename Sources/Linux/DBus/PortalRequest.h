@@ -5,7 +5,9 @@
 #include <QTimer>
 #include <QVariantMap>
 
+#include <chrono>
 #include <functional>
+#include <optional>
 
 namespace perchly {
 
@@ -17,7 +19,8 @@ public:
     enum Response : uint {
         Success,
         Cancelled,
-        Ended,       ///< failed, or the user closed a dialog of GTK by Escape or its close button
+        Ended,       ///< failed, or the user closed a dialog of GTK by Escape or its close button,
+                     ///< or the portal crashed
         Unavailable, ///< there is no such portal, or it does not answer in time
     };
     /// Called once, never before the constructor has returned. The results are empty unless the
@@ -25,8 +28,10 @@ public:
     using Completion = std::function<void(Response response, const QVariantMap &results)>;
 
     /// Calls a method of org.freedesktop.portal.INTERFACE, whose last argument are the options.
+    /// Without `answerTimeout`, the user may take any time.
     PortalRequest(const QDBusConnection &bus, const QString &interface, const QString &method,
-                  const QVariantList &arguments, QVariantMap options, Completion completion);
+                  const QVariantList &arguments, QVariantMap options, Completion completion,
+                  std::optional<std::chrono::seconds> answerTimeout = {});
     ~PortalRequest() override;
 
 private Q_SLOTS:

@@ -13,6 +13,8 @@ namespace perchly {
 
 namespace {
 
+constexpr std::chrono::minutes answerTimeout{2}; // the shelf does not open by hovering meanwhile
+
 /// Returns the exit status of the capture.
 int copyPrivately(const QString &from, const QString &to) {
     QFile source(from);
@@ -34,7 +36,8 @@ public:
               [this, &workers, path](PortalRequest::Response response, const QVariantMap &results) {
                   const bool failed = response >= PortalRequest::Ended;
                   finish(workers, path, failed ? EXIT_FAILURE : EXIT_SUCCESS, results);
-              }) {}
+              },
+              answerTimeout) {}
 
 private:
     void finish(Workers &workers, const QString &path, int status, const QVariantMap &results) {

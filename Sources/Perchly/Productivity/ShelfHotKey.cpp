@@ -47,7 +47,18 @@ void ShelfHotKey::registerChords() {
     // Queued: the action must not run inside the host's event handler.
     connect(&m_hotKeys, &HotKeys::pressed, this, &ShelfHotKey::perform, Qt::QueuedConnection);
     connect(&m_hotKeys, &HotKeys::keyboardChanged, this, &ShelfHotKey::retry);
+    connect(&m_productivity, &Productivity::messageChanged, this, &ShelfHotKey::rememberDismissal);
     retry();
+}
+
+bool ShelfHotKey::isHintNeeded() const {
+    return !m_preferences.boolean(keys::knowsToBindKeys).value_or(false);
+}
+
+void ShelfHotKey::rememberDismissal() {
+    if (!m_hotKeys.isSupported() && m_productivity.message().isEmpty() && isHintNeeded()) {
+        m_preferences.setBoolean(keys::knowsToBindKeys, true);
+    }
 }
 
 void ShelfHotKey::perform(int use) {
@@ -67,7 +78,8 @@ void ShelfHotKey::retry() {
         const QString now = works ? QString() : failureText(use);
         // Replaces the chord's own message, or none.
         const QString before = std::exchange(m_failures[use], now);
-        if (before != now && m_productivity.message() == before) {
+        if (before != now && m_productivity.message() == before &&
+            (m_hotKeys.isSupported() || isHintNeeded())) {
             m_productivity.setMessage(now);
         }
     }

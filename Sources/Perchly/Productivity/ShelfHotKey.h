@@ -34,7 +34,8 @@ public:
                 Productivity &productivity, QObject *parent = nullptr);
 
     /// Registers both chords. Call it once. If one fails, then or later, the workspace shows a
-    /// message unless it already shows one; if both fail, the toggle's.
+    /// message unless it already shows one; if both fail, the toggle's. Where chords cannot be
+    /// registered at all, it shows that at each start until a message has been dismissed.
     void registerChords();
 
     /// The chords as the user reads them.
@@ -73,6 +74,8 @@ Q_SIGNALS:
 
 private:
     void perform(int use);
+    [[nodiscard]] bool isHintNeeded() const;
+    void rememberDismissal();
     [[nodiscard]] QKeyCombination chord(Use use) const;
     [[nodiscard]] QString text(Use use) const;
     [[nodiscard]] QString failureText(Use use) const;

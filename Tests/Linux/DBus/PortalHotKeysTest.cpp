@@ -10,7 +10,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A portal that answers each request with this response.
+constexpr uint missing = 8;
+constexpr uint crash = 9;
+
+/// A portal that answers each request with this response, or crashes.
 class Portal : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.GlobalShortcuts")
@@ -51,7 +54,10 @@ private:
         QDBusMessage answer =
             QDBusMessage::createSignal(path, u"org.freedesktop.portal.Request"_s, u"Response"_s);
         answer << m_response << results;
-        m_bus.connection().send(answer);
+        if (m_response == crash)
+            m_bus.connection().unregisterService(u"org.freedesktop.portal.Desktop"_s);
+        else
+            m_bus.connection().send(answer);
         return QDBusObjectPath(path);
     }
 
@@ -83,17 +89,18 @@ private Q_SLOTS:
         QVERIFY(keys.isSupported());
     }
 
-    void missingOrDenyingPortalIsReported_data() {
-        QTest::addColumn<bool>("exists");
-        QTest::newRow("missing") << false;
-        QTest::newRow("denies") << true;
+    void failingPortalIsReported_data() {
+        QTest::addColumn<uint>("response");
+        QTest::newRow("missing") << missing;
+        QTest::newRow("denies") << 1U;
+        QTest::newRow("crashes") << crash;
     }
 
-    void missingOrDenyingPortalIsReported() {
-        QFETCH(const bool, exists);
+    void failingPortalIsReported() {
+        QFETCH(const uint, response);
         std::optional<Portal> portal;
-        if (exists)
-            portal.emplace(1);
+        if (response != missing)
+            portal.emplace(response);
         PortalHotKeys keys(std::make_shared<SessionBus>(u"keys"_s), {u"toggle"_s});
         const QSignalSpy changed(&keys, &HotKeys::keyboardChanged);
         const QKeyCombination chord = Qt::CTRL | Qt::ALT | Qt::Key_Space;
