@@ -24,6 +24,13 @@ void flushQt() {
 } // namespace
 
 X11PanelHost::X11PanelHost() {
+    m_grant.setSingleShot(true);
+    m_grant.setInterval(grantTimeout);
+    connect(&m_grant, &QTimer::timeout, this, [this] {
+        if (m_holdsKeyboard && !hasKeyboard()) {
+            Q_EMIT keyboardRefused();
+        }
+    });
     connect(&m_compositor, &SelectionWatch::changed, this, [this] {
         applyShape();
         Q_EMIT compositedChanged();
@@ -90,11 +97,7 @@ void X11PanelHost::takeKeyboard() {
     m_holdsKeyboard = true;
     m_focus.take(panelId());
     m_outsidePress.watch(panelId());
-    QTimer::singleShot(grantTimeout, this, [this] {
-        if (m_holdsKeyboard && !hasKeyboard()) {
-            Q_EMIT keyboardRefused();
-        }
-    });
+    m_grant.start();
 }
 
 void X11PanelHost::giveKeyboardBack() {

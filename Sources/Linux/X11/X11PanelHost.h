@@ -10,6 +10,7 @@
 
 #include <QPointer>
 #include <QRegion>
+#include <QTimer>
 #include <QWindow>
 
 #include <memory>
@@ -55,6 +56,7 @@ private:
     StackingGuard m_stacking{m_connection};
     QPointer<QWindow> m_panel;
     bool m_holdsKeyboard = false; ///< until it is given back or a button is pressed elsewhere
+    QTimer m_grant;               ///< from taking the keyboard until it should be there
     std::optional<QRegion> m_shape;
     std::unique_ptr<DockShade> m_shade;
 };
