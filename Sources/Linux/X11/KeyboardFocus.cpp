@@ -130,7 +130,8 @@ void KeyboardFocus::askWindowManager(xcb_window_t window) {
 
 void KeyboardFocus::restoreDirectly() {
     const bool isGone = m_before.focus == XCB_WINDOW_NONE;
-    if (isGone || !setFocus(m_before.focus)) {
+    const bool hadWayland = m_isXWayland && !isGone && isNobody(m_before.focus);
+    if (isGone || hadWayland || !setFocus(m_before.focus)) {
         // At the root, a Wayland compositor gives it to the window of Wayland that had it.
         setFocus(m_isXWayland ? m_connection.root() : XCB_INPUT_FOCUS_POINTER_ROOT);
     }
