@@ -265,6 +265,11 @@ bool WaylandPanelHost::eventFilter(QObject *watched, QEvent *event) {
         setPointer(std::nullopt); // an Enter follows a drop
         break;
     case QEvent::Leave:
+        if (m_ghost) { // the press has ended without a release, as when a display changes
+            if (QQuickItem *held = static_cast<QQuickWindow &>(*m_panel).mouseGrabberItem()) {
+                held->ungrabMouse();
+            }
+        }
         setPointer(std::nullopt);
         break;
     default:
