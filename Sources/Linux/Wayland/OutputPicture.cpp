@@ -96,14 +96,14 @@ private:
 };
 
 QImage copied(const WaylandConnection &connection, zwlr_screencopy_frame_v1 *source,
-              const Frame &frame, wl_shm *shm) {
+              const Frame &frame) {
     const int bytes = frame.stride * frame.height;
     const SharedMemory memory(bytes);
     const QImage::Format format = imageFormat(frame.format);
     if (memory.pixels() == nullptr || format == QImage::Format_Invalid) {
         return {};
     }
-    wl_shm_pool *pool = wl_shm_create_pool(shm, memory.file(), bytes);
+    wl_shm_pool *pool = wl_shm_create_pool(connection.shm(), memory.file(), bytes);
     wl_buffer *buffer =
         wl_shm_pool_create_buffer(pool, 0, frame.width, frame.height, frame.stride, frame.format);
     zwlr_screencopy_frame_v1_copy(source, buffer);
@@ -124,8 +124,7 @@ QImage copied(const WaylandConnection &connection, zwlr_screencopy_frame_v1 *sou
 QImage takeOutputPicture(const WaylandConnection &connection, QScreen &screen) {
     auto *manager = static_cast<zwlr_screencopy_manager_v1 *>(
         connection.bind(zwlr_screencopy_manager_v1_interface, 1));
-    auto *shm = static_cast<wl_shm *>(connection.bind(wl_shm_interface, 1));
-    if (manager == nullptr || shm == nullptr) {
+    if (manager == nullptr) {
         return {};
     }
     Frame frame;
@@ -134,10 +133,9 @@ QImage takeOutputPicture(const WaylandConnection &connection, QScreen &screen) {
     zwlr_screencopy_frame_v1_add_listener(source, &frameListener, &frame);
     while (frame.width == 0 && !frame.hasFailed && connection.dispatch()) {
     }
-    QImage picture = frame.width > 0 ? copied(connection, source, frame, shm) : QImage();
+    QImage picture = frame.width > 0 ? copied(connection, source, frame) : QImage();
     zwlr_screencopy_frame_v1_destroy(source);
     zwlr_screencopy_manager_v1_destroy(manager);
-    wl_shm_destroy(shm);
     return picture;
 }
 

@@ -1,9 +1,12 @@
 #include "PressCatcher.h"
 
 #include "PanelWindow.h"
+#include "WaylandConnection.h"
 
-#include <QPainter>
-#include <QPaintEvent>
+#include <QFile>
+
+#include <sys/mman.h>
+#include <wayland-client-protocol.h>
 
 namespace perchly {
 
@@ -19,12 +22,30 @@ PressCatcher::PressCatcher(WaylandConnection &connection, QScreen &screen, Place
     m_role.setInputRegion(QRegion(whole) - free);
     connect(&m_role, &LayerSurface::closed, this, [this] { m_role.release(); });
     show();
+    attachBuffer(connection);
 }
 
-void PressCatcher::paintEvent(QPaintEvent *event) {
-    QPainter painter(this);
-    painter.setCompositionMode(QPainter::CompositionMode_Clear);
-    painter.fillRect(event->rect(), Qt::transparent);
+PressCatcher::~PressCatcher() {
+    wl_buffer_destroy(m_buffer);
+}
+
+/// A picture that Qt paints would take megabytes. Pixels that are never written take no memory.
+void PressCatcher::attachBuffer(const WaylandConnection &connection) {
+    const QSize pixels = size() * devicePixelRatio();
+    const int stride = pixels.width() * 4;
+    const int bytes = stride * pixels.height();
+    QFile file;
+    static_cast<void>(file.open(memfd_create("perchly-outside", MFD_CLOEXEC), QIODevice::ReadWrite,
+                                QFileDevice::AutoCloseHandle));
+    file.resize(bytes);
+    wl_shm_pool *pool = wl_shm_create_pool(connection.shm(), file.handle(), bytes);
+    m_buffer = wl_shm_pool_create_buffer(pool, 0, pixels.width(), pixels.height(), stride,
+                                         WL_SHM_FORMAT_ARGB8888);
+    wl_shm_pool_destroy(pool);
+    wl_surface *surface = WaylandConnection::surfaceOf(*this);
+    wl_surface_attach(surface, m_buffer, 0, 0);
+    wl_surface_commit(surface);
+    connection.flush();
 }
 
 void PressCatcher::mousePressEvent(QMouseEvent * /*event*/) {

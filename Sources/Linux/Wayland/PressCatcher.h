@@ -2,14 +2,16 @@
 
 #include "LayerSurface.h"
 
-#include <QRasterWindow>
 #include <QRegion>
+#include <QWindow>
+
+struct wl_buffer;
 
 namespace perchly {
 
 /// A transparent surface over a display. Reports a press of a mouse button outside an area that it
 /// leaves to other surfaces. Main thread only.
-class PressCatcher : public QRasterWindow {
+class PressCatcher : public QWindow {
     Q_OBJECT
 public:
     enum class Place {
@@ -21,16 +23,19 @@ public:
     /// The size and the area are in points from that place. The first two must outlive it.
     PressCatcher(WaylandConnection &connection, QScreen &screen, Place place, QSize size,
                  const QRegion &free);
+    ~PressCatcher() override;
 
 Q_SIGNALS:
     void pressed();
 
 protected:
-    void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
 
 private:
+    void attachBuffer(const WaylandConnection &connection);
+
     LayerSurface m_role;
+    wl_buffer *m_buffer = nullptr;
 };
 
 } // namespace perchly

@@ -44,12 +44,14 @@ WaylandConnection::WaylandConnection()
     m_layerShellVersion = m_layerShell == nullptr
                               ? 0
                               : wl_proxy_get_version(reinterpret_cast<wl_proxy *>(m_layerShell));
+    m_shm = static_cast<wl_shm *>(bind(wl_shm_interface, 1));
 }
 
 WaylandConnection::~WaylandConnection() {
     if (m_layerShell != nullptr) {
         zwlr_layer_shell_v1_destroy(m_layerShell);
     }
+    wl_shm_destroy(m_shm);
     wl_event_queue_destroy(m_queue);
 }
 

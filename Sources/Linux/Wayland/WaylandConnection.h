@@ -10,6 +10,7 @@ struct wl_event_queue;
 struct wl_interface;
 struct wl_output;
 struct wl_proxy;
+struct wl_shm;
 struct wl_surface;
 struct zwlr_layer_shell_v1;
 
@@ -32,6 +33,7 @@ public:
     [[nodiscard]] unsigned layerShellVersion() const { return m_layerShellVersion; }
 
     [[nodiscard]] wl_compositor *compositor() const;
+    [[nodiscard]] wl_shm *shm() const { return m_shm; }
     [[nodiscard]] static wl_surface *surfaceOf(QWindow &window);
     [[nodiscard]] static wl_output *outputOf(QScreen &screen);
 
@@ -60,6 +62,7 @@ private:
     wl_event_queue *m_queue = nullptr;
     zwlr_layer_shell_v1 *m_layerShell = nullptr;
     unsigned m_layerShellVersion = 0;
+    wl_shm *m_shm = nullptr;
 };
 
 } // namespace perchly
