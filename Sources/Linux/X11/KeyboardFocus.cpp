@@ -133,7 +133,7 @@ void KeyboardFocus::restoreDirectly() {
     const bool hadWayland = m_isXWayland && !isGone && isNobody(m_before.focus);
     if (isGone || hadWayland || !setFocus(m_before.focus)) {
         // At the root, a Wayland compositor gives it to the window of Wayland that had it.
-        setFocus(m_isXWayland ? m_connection.root() : XCB_INPUT_FOCUS_POINTER_ROOT);
+        setFocus(m_isXWayland ? m_connection.root() : xcb_window_t{XCB_INPUT_FOCUS_POINTER_ROOT});
     }
 }
 
