@@ -1,5 +1,6 @@
 """The base class of the session tests, and common actions on the program."""
 
+import contextlib
 import os
 import re
 import subprocess
@@ -166,7 +167,8 @@ class SessionCase(unittest.TestCase, User):
         folder = Path(os.environ.get("PERCHLY_SESSION_REPORTS", "session-reports"))
         folder.mkdir(parents=True, exist_ok=True)
         picture = folder / f"{self.id()}-{session.window_manager or 'bare'}.png"
-        session.screen.screenshot().save(picture)
-        print(f"screenshot: {picture}", file=sys.stderr)
+        with contextlib.suppress(OSError):  # XWayland has no picture
+            session.screen.screenshot().save(picture)
+            print(f"screenshot: {picture}", file=sys.stderr)
         for program in session.programs:
             print(f"windows {program.windows()}, wrote: {program.errors()}", file=sys.stderr)

@@ -12,7 +12,7 @@ from pathlib import Path
 
 from Xlib import X
 
-from . import sway
+from . import sway, xwayland
 from .accessibility import Accessibility
 from .screen import Screen
 from .status_item import StatusWatcher
@@ -24,6 +24,7 @@ WINDOW_MANAGERS = {
     "xfwm4": ("xfwm4", "--compositor=off"),
     "xfwm4 compositor": ("xfwm4", "--compositor=on"),
 }
+XWAYLANDS = ("mutter", "kwin_wayland")  # compositors that run the shelf on their X server
 KEPT_VARIABLES = ("PATH", "LD_LIBRARY_PATH", "QT_QUICK_BACKEND")
 # Qt's animation timer when one QML Timer stops before another has started
 QT_NOISE = "perchly: QUnifiedTimer::stopAnimationDriver: driver is not running\n"
@@ -102,8 +103,8 @@ class Session:
     """An isolated session that runs until stop() and leaves the user's desktop alone.
 
     window_manager is "openbox", "xfwm4" (without its compositor), "xfwm4 compositor", None, or
-    "sway", a Wayland compositor. bus says whether Perchly may reach the session bus; the window manager always
-    can.
+    a Wayland compositor: "sway", "mutter" or "kwin_wayland". bus says whether Perchly may reach the
+    session bus; the window manager always can.
     """
 
     def __init__(self, executable, window_manager="openbox", bus=True, size=(1280, 800), scale=1):
@@ -131,12 +132,14 @@ class Session:
             self.environment[name] = str(self.folder / folder)
         self.home = self.folder / FOLDERS["HOME"]
         self.preferences_file = self.home / ".config" / "perchly" / "preferences.json"
+        self.start_bus()
         if self.is_wayland:
             self.screen = sway.Screen(self, size, scale)
+        elif self.window_manager in XWAYLANDS:
+            self.screen = xwayland.Screen(self, size)
         else:
             self._start_x_server(size, scale)
-        self.start_bus()
-        if self.window_manager and not self.is_wayland:
+        if self.window_manager in WINDOW_MANAGERS:
             self.start_window_manager()
         if not bus:
             self.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={self.folder}/no-bus"

@@ -42,55 +42,12 @@ def invisible_pointer():
     return b"Xcur" + struct.pack("<3I", 16, 0x10000, 1) + struct.pack("<3I", 0xFFFD0002, 1, 28) + image
 
 
-class Screen(Hands):
-    """Acts and sees like a user, who has bound the chords to commands in the compositor. Places are in
-    pixels."""
+class Seat(Hands):
+    """Pointer and keys of a user who has bound the chords to commands in the compositor. Needs
+    _act(*words, rest) of the derived class, its _session, width and height."""
 
-    def __init__(self, session, size, scale):
-        self._session = session
-        self.width, self.height = size
-        self._scale = scale
-        self._at = (0, 0)
-        self._bound = {TOGGLE: "toggle", SEARCH: "search"}
-        folder = session.folder / "sway"
-        folder.mkdir()
-        (folder / "icons/none/cursors").mkdir(parents=True)
-        (folder / "icons/none/cursors/left_ptr").write_bytes(invisible_pointer())
-        (folder / "icons/none/index.theme").write_text("[Icon Theme]\nName=none\n")
-        width, height = size
-        configuration = CONFIGURATION.format(width=width, height=height, scale=scale)
-        (folder / "config").write_text(configuration)
-        session.environment |= {
-            "WAYLAND_DISPLAY": f"{folder}/wayland-1",
-            "SWAYSOCK": f"{folder}/ipc",
-            "XCURSOR_PATH": f"{folder}/icons",
-            "XCURSOR_THEME": "none",
-        }
-        own = {"WLR_BACKENDS": "headless", "WLR_RENDERER": "pixman", "WLR_LIBINPUT_NO_DEVICES": "1"}
-        own |= {"XDG_RUNTIME_DIR": f"{folder}", "HOME": f"{folder}", "WAYLAND_DISPLAY": ""}
-        command = ["env", *(f"{name}={value}" for name, value in own.items())]
-        if os.getuid() == 0:
-            session.folder.chmod(0o711)
-            os.chown(folder, 65534, 65534)
-            command += NOBODY
-        session.spawn(*command, "sway", "-c", f"{folder}/config")
-        wait_until((folder / "wayland-1").exists, "sway")
-        self._hands = session.spawn(
-            os.environ["PERCHLY_WAYLAND_HANDS"], stdin=subprocess.PIPE, stdout=subprocess.PIPE
-        )
-        self._hands.stdout.readline()
-        blank = lambda: self.screenshot((0, 0, 1, 1)).getpixel((0, 0)) == DESKTOP
-        wait_until(blank, "the desktop")
-
-    def tell(self, *words):
-        """Sends a command to sway, or asks it with -t."""
-        return json.loads(self._session.call("swaymsg", "--raw", *words))
-
-    def _act(self, *words, rest=0.0):
-        self._hands.stdin.write(" ".join(map(str, words)).encode() + b"\n")
-        self._hands.stdin.flush()
-        assert self._hands.stdout.readline() == b"done\n", words
-        time.sleep(rest)
+    _at = (0, 0)
+    _bound = {TOGGLE: "toggle", SEARCH: "search"}
 
     # Pointer
 
@@ -141,6 +98,54 @@ class Screen(Hands):
             self._session.call(self._session.executable, self._bound[keys])
         else:
             super().key(*keys)
+
+
+class Screen(Seat):
+    """Acts and sees like a user. Places are in pixels."""
+
+    def __init__(self, session, size, scale):
+        self._session = session
+        self.width, self.height = size
+        self._scale = scale
+        folder = session.folder / "sway"
+        folder.mkdir()
+        (folder / "icons/none/cursors").mkdir(parents=True)
+        (folder / "icons/none/cursors/left_ptr").write_bytes(invisible_pointer())
+        (folder / "icons/none/index.theme").write_text("[Icon Theme]\nName=none\n")
+        width, height = size
+        configuration = CONFIGURATION.format(width=width, height=height, scale=scale)
+        (folder / "config").write_text(configuration)
+        session.environment |= {
+            "WAYLAND_DISPLAY": f"{folder}/wayland-1",
+            "SWAYSOCK": f"{folder}/ipc",
+            "XCURSOR_PATH": f"{folder}/icons",
+            "XCURSOR_THEME": "none",
+        }
+        own = {"WLR_BACKENDS": "headless", "WLR_RENDERER": "pixman", "WLR_LIBINPUT_NO_DEVICES": "1"}
+        own |= {"XDG_RUNTIME_DIR": f"{folder}", "HOME": f"{folder}", "WAYLAND_DISPLAY": ""}
+        command = ["env", *(f"{name}={value}" for name, value in own.items())]
+        if os.getuid() == 0:
+            session.folder.chmod(0o711)
+            os.chown(folder, 65534, 65534)
+            command += NOBODY
+        session.spawn(*command, "sway", "-c", f"{folder}/config")
+        wait_until((folder / "wayland-1").exists, "sway")
+        self._hands = session.spawn(
+            os.environ["PERCHLY_WAYLAND_HANDS"], stdin=subprocess.PIPE, stdout=subprocess.PIPE
+        )
+        self._hands.stdout.readline()
+        blank = lambda: self.screenshot((0, 0, 1, 1)).getpixel((0, 0)) == DESKTOP
+        wait_until(blank, "the desktop")
+
+    def tell(self, *words):
+        """Sends a command to sway, or asks it with -t."""
+        return json.loads(self._session.call("swaymsg", "--raw", *words))
+
+    def _act(self, *words, rest=0.0):
+        self._hands.stdin.write(" ".join(map(str, words)).encode() + b"\n")
+        self._hands.stdin.flush()
+        assert self._hands.stdout.readline() == b"done\n", words
+        time.sleep(rest)
 
     # Windows
 
@@ -282,12 +287,12 @@ class OtherWindow:
         self.expect_focus()
         return self
 
-    def expect_focus(self):
+    def expect_focus(self, focus=True):
         def focused():
             told = [value for word, value in self._words() if word == "focus"]
-            return told and told[-1] == "1"
+            return told and told[-1] == str(int(focus))
 
-        wait_until(focused, "the other window with the keyboard")
+        wait_until(focused, f"the other window's focus {focus}")
 
     def _since(self, kind):
         words, self._read = self._words()[self._read :], len(self._words())
