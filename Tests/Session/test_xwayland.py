@@ -1,9 +1,11 @@
-"""The shelf on compositors without layer shell, through XWayland, beside a window of Wayland."""
+"""The shelf on compositors without layer shell, through XWayland, beside a window of Wayland. On KWin
+also natively."""
 
 import unittest
 
 from perchly_session.case import WINDOW_MANAGER, SessionCase
 from perchly_session.hands import TOGGLE
+from perchly_session.waiting import wait_until
 from perchly_session.xwayland import OtherWindow
 
 
@@ -49,3 +51,15 @@ class XWaylandTest(SessionCase):
         self.expect_open()
         self.expect_pill()
         self.other.expect_focus()
+
+    @unittest.skipUnless(WINDOW_MANAGER == "kwin_wayland", "about KWin")
+    def test_native_shelf_gives_the_keyboard_back(self):
+        self.start_beside_other_window()
+        self.session.run(wait=False)
+        socket = self.session.folder / "runtime/perchly.socket"
+        wait_until(socket.exists, "the program ready for commands")
+        for _ in range(2):
+            self.tell("toggle")
+            self.other.expect_focus(False)
+            self.tell("toggle")
+            self.other.expect_focus()
