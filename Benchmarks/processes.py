@@ -24,13 +24,14 @@ def wake_ups(pid):
     return total
 
 
-def proportional_megabytes(pid):
-    """Returns the proportional memory (PSS): shared pages divided among their processes."""
+def proportional_megabytes(pid, kind="Pss:"):
+    """Returns the proportional memory (PSS): shared pages divided among their processes. The
+    resident memory ("Rss:") does not depend on other processes."""
     with open(f"/proc/{pid}/smaps_rollup") as rollup:
         for line in rollup:
-            if line.startswith("Pss:"):
+            if line.startswith(kind):
                 return int(line.split()[1]) / 1024
-    raise AssertionError(f"process {pid} has no proportional size")
+    raise AssertionError(f"process {pid} has no {kind}")
 
 
 def cost_of_a_minute(pid, seconds, meanwhile=None):

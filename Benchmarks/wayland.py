@@ -21,8 +21,9 @@ from measuring import AWAY, SIZE, high, measured_session
 from processes import cost_of_a_minute, proportional_megabytes
 
 REFRESH_RATE = 1000  # so that the display's cycle adds at most 1 ms
-OPENGL = re.compile(r"lib(?:EGL|GLX|LLVM|gallium)[^/\s]*")
+DRIVERS = re.compile(r"lib(?:EGL_|GLX_|LLVM|gallium)[^/\s]*")  # Qt itself links libEGL.so.1
 SETTLING_SECONDS = 10
+COST_ROUNDS = 3
 
 
 class Probe:
@@ -87,20 +88,24 @@ def copies(session, watcher, rounds):
     return [copier.copy(b"copy-%d" % number) for number in range(rounds)]
 
 
+def memory(program):
+    return [proportional_megabytes(program.pid, kind) for kind in ("Pss:", "Rss:")]
+
+
 class Cost:
     """Of a program that has just started, after it was given time to settle."""
 
     def __init__(self, session, seconds):
         program = session.run()
         time.sleep(SETTLING_SECONDS)
-        self.closed = proportional_megabytes(program.pid)
+        self.closed = memory(program)
         self.closed_idle = cost_of_a_minute(program.pid, seconds)
         session.call(session.executable, "toggle")
         time.sleep(2)
-        self.open = proportional_megabytes(program.pid)
+        self.open = memory(program)
         self.open_idle = cost_of_a_minute(program.pid, seconds)
         maps = Path(f"/proc/{program.pid}/maps").read_text()
-        self.opengl = sorted(set(OPENGL.findall(maps)))
+        self.drivers = sorted(set(DRIVERS.findall(maps)))
         program.stop()
 
 
@@ -120,10 +125,11 @@ def main():
         for session in sessions:
             session.run().stop()  # the first start fills the caches
         compare("start to painted pill", by_turns(sessions, options.rounds, one_start))
-        costs = by_turns(sessions, 5, lambda session: Cost(session, options.seconds))
+        costs = by_turns(sessions, COST_ROUNDS, lambda session: Cost(session, options.seconds))
         programs = [session.run() for session in sessions]
         time.sleep(1)
-        compare("pointer on the pill to the first open frame", by_turns(sessions, options.rounds, opening))
+        samples = by_turns(sessions, options.rounds, opening)
+        compare("pointer on the pill to the first open frame", samples)
         for program in programs:
             program.stop()
         watcher = build / "Benchmarks/PasteboardWatcher"
@@ -142,21 +148,26 @@ def compare(name, samples):
 
 
 def report_costs(costs):
-    print(f"\n{'medians':<50}{'X11':>9}{'sway':>9}")
+    print(f"\n{'medians (and ranges)':<34}{'X11':>24}{'sway':>24}")
 
     def row(name, value):
-        figures = [[value(cost) for cost in own] for own in costs]
-        x11, sway = map(statistics.median, figures)
-        print(f"{name:<50}{x11:>9.3f}{sway:>9.3f}   {figures}")
+        cells = ""
+        for own in costs:
+            figures = sorted(value(cost) for cost in own)
+            middle = statistics.median(figures)
+            cells += f"{f'{middle:.3f} ({figures[0]:.3f}–{figures[-1]:.3f})':>24}"
+        print(f"{name:<34}{cells}")
 
-    row("memory closed, MB", lambda cost: cost.closed)
-    row("memory open, MB", lambda cost: cost.open)
+    row("closed, proportional MB", lambda cost: cost.closed[0])
+    row("closed, resident MB", lambda cost: cost.closed[1])
+    row("open, proportional MB", lambda cost: cost.open[0])
+    row("open, resident MB", lambda cost: cost.open[1])
     row("idle closed, CPU s a minute", lambda cost: cost.closed_idle[0])
     row("idle closed, wake-ups a second", lambda cost: cost.closed_idle[1])
     row("idle open, CPU s a minute", lambda cost: cost.open_idle[0])
     row("idle open, wake-ups a second", lambda cost: cost.open_idle[1])
     for system, own in zip(("X11", "sway"), costs):
-        print(f"OpenGL libraries mapped on {system}: {own[-1].opengl or 'none'}")
+        print(f"OpenGL drivers mapped on {system}: {own[-1].drivers or 'none'}")
 
 
 def measure_waybar(seconds):
