@@ -5,6 +5,8 @@
 
 #include <QCoreApplication>
 
+#include <memory>
+
 int main(int argc, char **argv) {
     using namespace perchly;
     QCoreApplication application(argc, argv);
@@ -15,9 +17,9 @@ int main(int argc, char **argv) {
     Task reading;
     QObject::connect(pasteboard.get(), &Pasteboard::changed, &application, [&] {
         reading = pasteboard->read({.unwanted = {pasteboardtype::concealed},
-                                   .maxImageBytes = 5'000'000,
-                                   .maxTextBytes = 100'000},
-                                  [](const PasteboardContent &) {});
+                                    .maxImageBytes = 5'000'000,
+                                    .maxTextBytes = 100'000},
+                                   [](const PasteboardContent &) {});
     });
     return QCoreApplication::exec();
 }
