@@ -7,6 +7,7 @@
 namespace perchly::keys {
 
 inline constexpr QLatin1StringView displayIndex("displayIndex");
+inline constexpr QLatin1StringView displayConnector("displayConnector");
 inline constexpr QLatin1StringView shelfEdge("shelfEdge");
 inline constexpr QLatin1StringView shelfEdgePosition("shelfEdgePosition");
 inline constexpr QLatin1StringView shelfScale("shelfScale");

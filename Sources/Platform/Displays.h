@@ -13,6 +13,7 @@ namespace perchly {
 /// One attached display.
 struct Display {
     QString name = {};       ///< as the user knows it
+    QString connector = {};  ///< where it is plugged in, such as HDMI-1
     ScreenRect frame;        ///< the whole display
     ScreenRect visibleFrame; ///< without the area that docks and panels reserve on it
     /// Height of a camera housing at the top, or 0, and the usable areas beside it.

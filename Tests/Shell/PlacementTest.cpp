@@ -53,7 +53,8 @@ private Q_SLOTS:
     void dragCollapsesAndDocks() {
         ShellFixture shell([](FakeHosts &fake) {
             const ScreenRect frame{1440, 0, 800, 600};
-            fake.displays.displays.append({.frame = frame, .visibleFrame = frame});
+            fake.displays.displays.append(
+                {.connector = QStringLiteral("DP-1"), .frame = frame, .visibleFrame = frame});
         });
         shell.delegate->toggleKeyboardOpen();
         drag(shell, {500, 890}, {1450, 300});
@@ -74,9 +75,25 @@ private Q_SLOTS:
         shell.fake.preferences.written.clear();
         shell.delegate->handleReleased();
         QCOMPARE(shell.fake.preferences.written,
-                 QStringList(QStringLiteral("shelfEdge+shelfEdgePosition+displayIndex")));
+                 QStringList(QStringLiteral(
+                     "shelfEdge+shelfEdgePosition+displayIndex+displayConnector")));
         QCOMPARE(shell.fake.panel.frame, (ScreenRect{1440, 240, 34, 120}));
         QCOMPARE(shell.fake.panel.mark, ScreenRect());
+        shell.fake.displays.displays.swapItemsAt(0, 1); // follows the connector
+        Q_EMIT shell.fake.displays.changed();
+        QCOMPARE(shell.fake.panel.frame, (ScreenRect{1440, 240, 34, 120}));
+    }
+
+    void cancelledDragWithoutItsDisplayReturns() {
+        ShellFixture shell;
+        QList<perchly::Display> gone;
+        drag(shell, onPill, {5, 460});
+        gone.swap(shell.fake.displays.displays);
+        Q_EMIT shell.fake.displays.changed();
+        shell.delegate->handleCanceled();
+        gone.swap(shell.fake.displays.displays);
+        Q_EMIT shell.fake.displays.changed();
+        QCOMPARE(shell.fake.panel.frame, compactFrame);
     }
 
     void hangsBelowPanelsOrCoversThem() {

@@ -3,6 +3,8 @@
 #include "WaylandConnection.h"
 #include "wlr-layer-shell-unstable-v1-client.h"
 
+#include <QGuiApplication>
+
 #include <utility>
 
 namespace perchly {
@@ -16,7 +18,9 @@ struct LayerSurface::Listener {
         Q_EMIT surface->sizeAssigned();
     }
     static void close(void *data, zwlr_layer_surface_v1 * /*role*/) {
-        Q_EMIT static_cast<LayerSurface *>(data)->closed();
+        auto *surface = static_cast<LayerSurface *>(data);
+        surface->release();
+        Q_EMIT surface->closed();
     }
     static constexpr zwlr_layer_surface_v1_listener table{configure, close};
 };
@@ -32,6 +36,12 @@ LayerSurface::LayerSurface(WaylandConnection &connection, QWindow &window, const
     connect(&m_window, &QWindow::visibleChanged, this, [this](bool visible) {
         if (!visible) {
             destroyRole();
+        }
+    });
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, [this](const QScreen *screen) {
+        if (screen == m_screen) { // afterwards Qt would destroy the surface before its role
+            release();
+            Q_EMIT closed();
         }
     });
 }
@@ -110,6 +120,7 @@ void LayerSurface::destroyRole() {
 void LayerSurface::realize() {
     m_window.setScreen(m_screen);
     tellQt();
+    m_window.destroy(); // a role needs a surface that never had a picture
     m_window.create();
     m_surface = WaylandConnection::surfaceOf(m_window);
     m_role = zwlr_layer_shell_v1_get_layer_surface(
@@ -127,9 +138,11 @@ void LayerSurface::realize() {
     }
     commit();
     // Qt may attach a picture only after the first configure.
-    while (!m_assignedSize.isValid() && m_connection.roundtrip()) {
+    while (m_role != nullptr && !m_assignedSize.isValid() && m_connection.roundtrip()) {
     }
-    m_connection.moveTo(WaylandConnection::Queue::Qt, proxy);
+    if (m_role != nullptr) {
+        m_connection.moveTo(WaylandConnection::Queue::Qt, proxy);
+    }
 }
 
 /// For the positions that assistive programs and events report.

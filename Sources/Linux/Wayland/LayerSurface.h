@@ -33,8 +33,8 @@ public:
     ~LayerSurface() override;
 
     /// Moves the window to the frame, in points (y down) from the origin on that display. May
-    /// destroy the window and create it again: show() it then. Blocks
-    /// until the compositor knows a new window.
+    /// destroy the window and create it again: show() it then. Blocks until the compositor knows a
+    /// new window, or closes it, as when the display has just gone.
     void place(QScreen &screen, const QRect &frame, Origin origin);
 
     /// Fills the area that panels leave free, with a window of one point: for its size only.
@@ -54,12 +54,9 @@ public:
     /// The window has been painted.
     void handleFrame();
 
-    /// Destroys the window's surface, as when its display is gone; place() makes a new one.
-    void release();
-
 Q_SIGNALS:
-    /// The compositor closed the surface: the display is gone, or its shell wants it closed.
-    /// release() it.
+    /// The display is gone, or the compositor closed the surface. The window is destroyed; place()
+    /// makes a new one.
     void closed();
     void sizeAssigned();
 
@@ -68,6 +65,7 @@ private:
 
     void realize();
     void destroyRole();
+    void release();
     void tellQt();
     void send();
     void sendInputRegion();

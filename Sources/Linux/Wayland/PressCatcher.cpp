@@ -20,7 +20,6 @@ PressCatcher::PressCatcher(WaylandConnection &connection, QScreen &screen, Place
                  place == Place::FreeArea ? LayerSurface::Origin::FreeArea
                                           : LayerSurface::Origin::Display);
     m_role.setInputRegion(QRegion(whole) - free);
-    connect(&m_role, &LayerSurface::closed, this, [this] { m_role.release(); });
     show();
     attachBuffer(connection);
 }

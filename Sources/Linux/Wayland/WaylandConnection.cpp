@@ -4,6 +4,7 @@
 
 #include <QGuiApplication>
 #include <qpa/qplatformnativeinterface.h>
+#include <qpa/qplatformscreen.h>
 #include <QScreen>
 #include <QWindow>
 
@@ -89,6 +90,9 @@ wl_surface *WaylandConnection::surfaceOf(QWindow &window) {
 }
 
 wl_output *WaylandConnection::outputOf(QScreen &screen) {
+    if (screen.handle()->isPlaceholder()) { // which Qt takes for one of the compositor's
+        return nullptr;
+    }
     return static_cast<wl_output *>(
         QGuiApplication::platformNativeInterface()->nativeResourceForScreen("output", &screen));
 }

@@ -35,6 +35,7 @@ public:
     [[nodiscard]] wl_compositor *compositor() const;
     [[nodiscard]] wl_shm *shm() const { return m_shm; }
     [[nodiscard]] static wl_surface *surfaceOf(QWindow &window);
+    /// Null for the screen that Qt has while there is no display.
     [[nodiscard]] static wl_output *outputOf(QScreen &screen);
 
     /// Sends the buffered requests.

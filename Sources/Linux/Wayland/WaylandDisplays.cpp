@@ -19,7 +19,7 @@ WaylandDisplays::WaylandDisplays(std::shared_ptr<WaylandConnection> connection)
     });
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, [this](const QScreen *screen) {
         m_areas.erase(screen);
-        m_announcement.start();
+        announceIfChanged();
     });
     const QList<QScreen *> screens = QGuiApplication::screens();
     for (QScreen *screen : screens) {
@@ -37,6 +37,7 @@ QList<Display> WaylandDisplays::list() const {
         if (!screen->name().isEmpty() && !screen->geometry().isEmpty()) {
             const QRect visible = m_isOverPanels ? screen->geometry() : freeArea(*screen);
             displays.append(Display{.name = screen->name(),
+                                    .connector = screen->name(),
                                     .frame = space.fromQt(QRectF(screen->geometry())),
                                     .visibleFrame = space.fromQt(QRectF(visible))});
         }

@@ -73,7 +73,7 @@ void WaylandPanelHost::place(const ScreenRect &frame, const QMarginsF &margins) 
 
 void WaylandPanelHost::put() {
     QScreen *screen = screenAt(m_geometry);
-    if (screen == nullptr || WaylandConnection::outputOf(*screen) == nullptr) {
+    if (screen == nullptr) {
         return; // until a display is attached
     }
     m_placed.start();
@@ -92,6 +92,9 @@ void WaylandPanelHost::setOverPanels(bool over) {
 void WaylandPanelHost::carry(const ScreenRect &frame, const QMarginsF &margins) {
     const QRect geometry = geometryOf(frame, margins);
     QScreen *screen = screenAt(geometry);
+    if (screen == nullptr) {
+        return;
+    }
     if (!m_ghost || m_ghost->display() != screen) {
         const QRect area = m_origin == LayerSurface::Origin::Display ? screen->geometry()
                                                                      : m_displays.freeArea(*screen);
@@ -139,14 +142,17 @@ void WaylandPanelHost::markPlace(const ScreenRect &frame) {
 }
 
 void WaylandPanelHost::putAgain() {
-    m_role->release();
     setPointer(std::nullopt);
+    if (QQuickItem *held = static_cast<QQuickWindow &>(*m_panel).mouseGrabberItem()) {
+        held->ungrabMouse(); // its release goes elsewhere
+    }
     put();
 }
 
 QScreen *WaylandPanelHost::screenAt(const QRect &geometry) {
     QScreen *found = QGuiApplication::screenAt(geometry.center());
-    return found != nullptr ? found : QGuiApplication::primaryScreen();
+    found = found != nullptr ? found : QGuiApplication::primaryScreen();
+    return WaylandConnection::outputOf(*found) != nullptr ? found : nullptr;
 }
 
 void WaylandPanelHost::orderFront() {

@@ -52,6 +52,7 @@ QList<Display> X11Displays::list() const {
         const bool isTwin = names.count(names[i]) > 1 && names[i] != connector;
         displays.append(
             Display{.name = isTwin ? QStringLiteral("%1 (%2)").arg(names[i], connector) : names[i],
+                    .connector = connector,
                     .frame = space.fromQt(QRectF(screen.geometry)),
                     .visibleFrame = space.fromPixels(visible, screen)});
     }

@@ -37,7 +37,7 @@ ShelfPreferences::ShelfPreferences(Preferences &preferences, Displays &displays,
     connect(&preferences, &Preferences::changed, this, [this](const QString &key) {
         if (key == keys::shelfScale) {
             Q_EMIT scaleChanged();
-        } else if (key == keys::displayIndex) {
+        } else if (key == keys::displayIndex || key == keys::displayConnector) {
             Q_EMIT displaysChanged();
         } else if (std::ranges::find(otherKeys, key) != otherKeys.end()) {
             Q_EMIT changed();
@@ -68,12 +68,21 @@ QStringList ShelfPreferences::displays() const {
 }
 
 int ShelfPreferences::display() const {
-    const auto last = std::max<qint64>(0, m_displays.list().size() - 1);
+    const QList<Display> displays = m_displays.list();
+    const QString connector = text(keys::displayConnector, "");
+    const auto chosen = std::ranges::find_if(displays, [&connector](const Display &display) {
+        return !connector.isEmpty() && display.connector == connector;
+    });
+    if (chosen != displays.cend()) {
+        return int(std::distance(displays.cbegin(), chosen));
+    }
+    const auto last = std::max<qint64>(0, displays.size() - 1);
     return int(std::clamp<qint64>(wholeNumber(keys::displayIndex, 0), 0, last));
 }
 
 void ShelfPreferences::setDisplay(int index) {
-    m_stored.setNumber(keys::displayIndex, index);
+    m_stored.setValues(
+        {{keys::displayIndex, double(index)}, {keys::displayConnector, connectorOf(index)}});
     m_shell.resize();
 }
 
@@ -94,7 +103,8 @@ ShelfPosition ShelfPreferences::position() const {
 void ShelfPreferences::dock(const ShelfPosition &position, qsizetype display) {
     m_stored.setValues({{keys::shelfEdge, shelfEdgeName(position.edge)},
                         {keys::shelfEdgePosition, position.position},
-                        {keys::displayIndex, double(display)}});
+                        {keys::displayIndex, double(display)},
+                        {keys::displayConnector, connectorOf(display)}});
     m_shell.resize();
 }
 
@@ -145,6 +155,10 @@ double ShelfPreferences::number(const QString &key, double absent) const {
 int ShelfPreferences::wholeNumber(const QString &key, int absent) const {
     constexpr qint64 max = std::numeric_limits<int>::max();
     return int(std::clamp(m_stored.wholeNumber(key).value_or(absent), -max, max));
+}
+
+QString ShelfPreferences::connectorOf(qsizetype display) const {
+    return m_displays.list().value(display).connector;
 }
 
 QString ShelfPreferences::text(const QString &key, const char *absent) const {

@@ -76,7 +76,8 @@ public:
     void setOpacity(double opacity) { m_stored.setNumber(keys::shelfOpacity, opacity); }
     [[nodiscard]] bool compact() const { return flag(keys::compactMode, false); }
     void setCompact(bool compact) { m_stored.setBoolean(keys::compactMode, compact); }
-    /// Index of the shelf's display: the last one if the chosen display is not attached.
+    /// Index of the shelf's display: the one at the stored connector, else with the stored index,
+    /// else the last one.
     [[nodiscard]] int display() const;
     void setDisplay(int index);
     /// One of `edges`.
@@ -162,6 +163,7 @@ private:
     [[nodiscard]] double number(const QString &key, double absent) const;
     [[nodiscard]] int wholeNumber(const QString &key, int absent) const;
     [[nodiscard]] QString text(const QString &key, const char *absent) const;
+    [[nodiscard]] QString connectorOf(qsizetype display) const;
     /// The stored name if `names` contains it, else the first of `names`.
     [[nodiscard]] QString choice(const QString &key, const QStringList &names) const;
 

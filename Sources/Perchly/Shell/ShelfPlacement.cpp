@@ -16,11 +16,11 @@ ShelfPlacement::ShelfPlacement(Displays &displays, ShelfPreferences &preferences
     , m_panel(panel) {}
 
 void ShelfPlacement::update() {
-    if (m_model.dragging()) {
-        return;
-    }
     if (m_displays.list().isEmpty()) {
         m_frames.reset();
+        return;
+    }
+    if (m_model.dragging()) {
         return;
     }
     m_panel.setOverPanels(m_preferences.overPanels());
@@ -59,9 +59,10 @@ void ShelfPlacement::place(ShelfSize size) {
 }
 
 void ShelfPlacement::dock(ScreenPoint at) {
-    if (m_frames) {
-        const qsizetype index = displayAt(at);
-        m_preferences.dock(dropPlace(at, display(index)), index);
+    if (const auto index = displayAt(at)) {
+        m_preferences.dock(dropPlace(at, display(*index)), *index);
+    } else { // the display has gone: back to where it was
+        update();
     }
 }
 
@@ -69,7 +70,7 @@ ScreenRect ShelfPlacement::dockFrame(ScreenPoint at) const {
     if (!m_frames) {
         return {};
     }
-    const Display target = display(displayAt(at));
+    const Display target = display(displayAt(at).value_or(m_preferences.display()));
     return shelfFrame(ShelfSize::Compact, dropPlace(at, target), 1, target);
 }
 
@@ -77,18 +78,18 @@ ScreenRect ShelfPlacement::movedInside(const ScreenRect &frame, ScreenPoint at) 
     if (!m_frames) {
         return frame;
     }
-    const ScreenRect area = display(displayAt(at)).frame;
+    const ScreenRect area = display(displayAt(at).value_or(m_preferences.display())).frame;
     return {std::clamp(frame.x, area.minX(), std::max(area.minX(), area.maxX() - frame.width)),
             std::clamp(frame.y, area.minY(), std::max(area.minY(), area.maxY() - frame.height)),
             frame.width, frame.height};
 }
 
-/// The shelf's own display if the point is on none.
-qsizetype ShelfPlacement::displayAt(ScreenPoint point) const {
+std::optional<qsizetype> ShelfPlacement::displayAt(ScreenPoint point) const {
     const QList<Display> displays = m_displays.list();
     const auto hit = std::ranges::find_if(
         displays, [point](const Display &display) { return display.frame.contains(point); });
-    return hit != displays.cend() ? std::distance(displays.cbegin(), hit) : m_preferences.display();
+    return hit != displays.cend() ? std::optional(std::distance(displays.cbegin(), hit))
+                                  : std::nullopt;
 }
 
 /// With the panels at the edges visible if the shelf covers them.

@@ -30,7 +30,8 @@ public:
     /// Moves the panel to the frame of that size.
     void place(ShelfSize size);
 
-    /// Docks the shelf at the position nearest to the point and stores that position.
+    /// Docks the shelf at the position nearest to the point and stores that position. Puts it back
+    /// if the point is on no display.
     void dock(ScreenPoint at);
 
     /// The collapsed shelf's frame after dock().
@@ -45,7 +46,7 @@ private:
         ScreenRect expanded;
     };
 
-    [[nodiscard]] qsizetype displayAt(ScreenPoint point) const;
+    [[nodiscard]] std::optional<qsizetype> displayAt(ScreenPoint point) const;
     [[nodiscard]] Display display(qsizetype index) const;
 
     Displays &m_displays;

@@ -104,10 +104,13 @@ class Session:
 
     window_manager is "openbox", "xfwm4" (without its compositor), "xfwm4 compositor", None, or
     a Wayland compositor: "sway", "mutter" or "kwin_wayland". bus says whether Perchly may reach the
-    session bus; the window manager always can.
+    session bus; the window manager always can. Outputs of sway can be removed if removable_outputs.
     """
 
-    def __init__(self, executable, window_manager="openbox", bus=True, size=(1280, 800), scale=1):
+    def __init__(
+        self, executable, window_manager="openbox", bus=True, size=(1280, 800), scale=1,
+        removable_outputs=False,
+    ):
         self.executable = str(executable)
         self.window_manager = window_manager
         self.programs = []
@@ -134,7 +137,7 @@ class Session:
         self.preferences_file = self.home / ".config" / "perchly" / "preferences.json"
         self.start_bus()
         if self.is_wayland:
-            self.screen = sway.Screen(self, size, scale)
+            self.screen = sway.Screen(self, size, scale, removable_outputs)
         elif self.window_manager in XWAYLANDS:
             self.screen = xwayland.Screen(self, size)
         else:

@@ -20,7 +20,7 @@ BUTTONS = {1: 272, 2: 274, 3: 273}
 PLAIN = ("#00ff00", "solid_color")
 CONFIGURATION = """
 output * bg #00ff00 solid_color
-output HEADLESS-1 resolution {width}x{height} position 0 0 scale {scale}
+output {output} resolution {width}x{height} position 0 0 scale {scale}
 default_border none
 default_floating_border none
 seat seat0 xcursor_theme none 1
@@ -32,6 +32,13 @@ bar bar-0 {{
     workspace_buttons no
     colors background #00ff00
 }}
+"""
+OUTSIDE = """
+default_border none
+output HEADLESS-1 resolution 3000x3000
+xwayland disable
+default_floating_border none
+for_window [title=".*"] floating enable, resize set {width} {height}
 """
 NOBODY = ("setpriv", "--reuid=65534", "--regid=65534", "--clear-groups")  # sway refuses root
 
@@ -101,9 +108,10 @@ class Seat(Hands):
 
 
 class Screen(Seat):
-    """Acts and sees like a user. Places are in pixels."""
+    """Acts and sees like a user. Places are in pixels. Removable outputs are windows of another
+    sway, which decides their size: that of the session."""
 
-    def __init__(self, session, size, scale):
+    def __init__(self, session, size, scale, removable_outputs):
         self._session = session
         self.width, self.height = size
         self._scale = scale
@@ -113,29 +121,40 @@ class Screen(Seat):
         (folder / "icons/none/cursors/left_ptr").write_bytes(invisible_pointer())
         (folder / "icons/none/index.theme").write_text("[Icon Theme]\nName=none\n")
         width, height = size
-        configuration = CONFIGURATION.format(width=width, height=height, scale=scale)
-        (folder / "config").write_text(configuration)
+        backend = {"WLR_BACKENDS": "headless", "WLR_LIBINPUT_NO_DEVICES": "1"}
+        output = "HEADLESS-1"
+        if removable_outputs:
+            self._outside = session.folder / "outside"
+            self._start(self._outside, OUTSIDE.format(width=width, height=height), **backend)
+            backend = {"WLR_BACKENDS": "wayland", "WAYLAND_DISPLAY": f"{self._outside}/wayland-1"}
+            output = "WL-1"
+        configuration = CONFIGURATION.format(width=width, height=height, scale=scale, output=output)
         session.environment |= {
             "WAYLAND_DISPLAY": f"{folder}/wayland-1",
             "SWAYSOCK": f"{folder}/ipc",
             "XCURSOR_PATH": f"{folder}/icons",
             "XCURSOR_THEME": "none",
         }
-        own = {"WLR_BACKENDS": "headless", "WLR_RENDERER": "pixman", "WLR_LIBINPUT_NO_DEVICES": "1"}
-        own |= {"XDG_RUNTIME_DIR": f"{folder}", "HOME": f"{folder}", "WAYLAND_DISPLAY": ""}
-        command = ["env", *(f"{name}={value}" for name, value in own.items())]
-        if os.getuid() == 0:
-            session.folder.chmod(0o711)
-            os.chown(folder, 65534, 65534)
-            command += NOBODY
-        session.spawn(*command, "sway", "-c", f"{folder}/config")
-        wait_until((folder / "wayland-1").exists, "sway")
+        self._start(folder, configuration, **backend)
         self._hands = session.spawn(
             os.environ["PERCHLY_WAYLAND_HANDS"], stdin=subprocess.PIPE, stdout=subprocess.PIPE
         )
         self._hands.stdout.readline()
         blank = lambda: self.screenshot((0, 0, 1, 1)).getpixel((0, 0)) == DESKTOP
         wait_until(blank, "the desktop")
+
+    def _start(self, folder, configuration, **backend):
+        folder.mkdir(exist_ok=True)
+        (folder / "config").write_text(configuration)
+        own = {"WLR_RENDERER": "pixman", "WAYLAND_DISPLAY": "", "SWAYSOCK": f"{folder}/ipc"} | backend
+        own |= {"XDG_RUNTIME_DIR": f"{folder}", "HOME": f"{folder}"}
+        command = ["env", *(f"{name}={value}" for name, value in own.items())]
+        if os.getuid() == 0:
+            self._session.folder.chmod(0o711)
+            os.chown(folder, 65534, 65534)
+            command += NOBODY
+        self._session.spawn(*command, "sway", "-c", f"{folder}/config")
+        wait_until((folder / "wayland-1").exists, "sway")
 
     def tell(self, *words):
         """Sends a command to sway, or asks it with -t."""
@@ -223,14 +242,22 @@ class Screen(Seat):
         self.tell(f"output * bg {' '.join(map(str, background))}")
         wait_until(lambda: is_plain() == (background == PLAIN), "the background")
 
+    def _outputs(self):
+        return [output["name"] for output in self.tell("-t", "get_outputs")]
+
     def add_output(self, number, rect):
-        names = [output["name"] for output in self.tell("-t", "get_outputs")]
-        name = f"HEADLESS-{number + 1}"
-        if name not in names:
+        """The output with this number, or another one; returns its name."""
+        if number >= len(self._outputs()):
             self.tell("create_output")
+        name = wait_until(self._outputs, "an output")[number]
         x, y, width, height = rect
         self.tell(f"output {name} enable resolution {width}x{height} position {x} {y}")
         self.width, self.height = max(self.width, x + width), max(self.height, y + height)
+        return name
+
+    def remove_output(self, name):
+        self.tell("--socket", f"{self._outside}/ipc", f"[title={name}] kill")
+        wait_until(lambda: name not in self._outputs(), f"{name} removed")
 
     def show_bar(self, edge, height):
         """Shows a bar at that edge of each display; returns a function that ends that."""
