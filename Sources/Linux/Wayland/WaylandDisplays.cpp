@@ -62,8 +62,10 @@ void WaylandDisplays::follow(QScreen *screen) {
 
 void WaylandDisplays::announceIfChanged() {
     QList<Display> now = list();
-    if (now != m_announced) {
+    const QPoint corner = QGuiApplication::screens().constFirst()->geometry().topLeft();
+    if (now != m_announced || corner != m_firstCorner) { // points count from that display
         m_announced = std::move(now);
+        m_firstCorner = corner;
         Q_EMIT changed();
     }
 }
