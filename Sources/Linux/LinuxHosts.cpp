@@ -1,5 +1,6 @@
 #include "LinuxHosts.h"
 
+#include "ActivationTokens.h"
 #include "AutostartLoginItem.h"
 #include "BusNotifications.h"
 #include "BusPlayerNotifications.h"
@@ -110,14 +111,22 @@ std::unique_ptr<AudioSystem> audioSystem() {
     return std::make_unique<PipeWireAudioSystem>(findRunningApplication, keeper);
 }
 
-void addDesktop(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
+StartNotices startNotices(const std::shared_ptr<WaylandConnection> &connection) {
+    if (!connection) {
+        return {.begin = startupsequence::begin, .withdraw = startupsequence::withdraw};
+    }
+    const auto tokens = std::make_shared<ActivationTokens>(connection);
+    return {.token = [tokens] { return tokens->request(); }};
+}
+
+void addDesktop(Hosts &hosts, const std::shared_ptr<SessionBus> &bus,
+                const std::shared_ptr<WaylandConnection> &connection) {
     if (!bus->isConnected()) {
         tellOnce("no session bus: status icon, portals and control by other programs are missing");
     }
     hosts.preferences = std::make_unique<JsonPreferences>(JsonPreferences::defaultPath());
     hosts.statusItem = std::make_unique<TrayStatusItem>(bus);
-    const StartNotices notices{.begin = startupsequence::begin,
-                               .withdraw = startupsequence::withdraw};
+    const StartNotices notices = startNotices(connection);
     hosts.applications = std::make_unique<GioApplications>(notices);
     hosts.catalog = std::make_unique<DesktopCatalog>();
     hosts.loginItem = std::make_unique<AutostartLoginItem>(AutostartLoginItem::runningProgram());
@@ -174,8 +183,8 @@ void addX11(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
     }
 }
 
-void addWayland(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
-    const auto connection = std::make_shared<WaylandConnection>();
+void addWayland(Hosts &hosts, const std::shared_ptr<SessionBus> &bus,
+                const std::shared_ptr<WaylandConnection> &connection) {
     auto displays = std::make_unique<WaylandDisplays>(connection);
     auto panel = std::make_unique<WaylandPanelHost>(connection, *displays);
     hosts.displays = std::move(displays);
@@ -186,12 +195,13 @@ void addWayland(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
     hosts.pasteboard = std::make_unique<WaylandPasteboard>();
 }
 
-void addWindowSystem(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
+void addWindowSystem(Hosts &hosts, const std::shared_ptr<SessionBus> &bus,
+                     const std::shared_ptr<WaylandConnection> &connection) {
     const QString platform = QGuiApplication::platformName();
     if (platform == QStringLiteral("xcb")) {
         addX11(hosts, bus);
-    } else if (isWayland()) {
-        addWayland(hosts, bus);
+    } else if (connection) {
+        addWayland(hosts, bus, connection);
     } else {
         tellOnce("no display: the shelf's place, the pointer and the hot keys are missing");
         return;
@@ -282,8 +292,9 @@ Hosts makeHosts(const std::shared_ptr<SessionBus> &bus) {
     Hosts hosts = nullHosts();
     hosts.clock = std::make_unique<QtClock>();
     if (!wantsNullHosts()) {
-        addDesktop(hosts, bus);
-        addWindowSystem(hosts, bus);
+        const auto connection = isWayland() ? std::make_shared<WaylandConnection>() : nullptr;
+        addDesktop(hosts, bus, connection);
+        addWindowSystem(hosts, bus, connection);
     }
     return hosts;
 }

@@ -75,8 +75,8 @@ private Q_SLOTS:
         shell.fake.preferences.written.clear();
         shell.delegate->handleReleased();
         QCOMPARE(shell.fake.preferences.written,
-                 QStringList(QStringLiteral(
-                     "shelfEdge+shelfEdgePosition+displayIndex+displayConnector")));
+                 QStringList(
+                     QStringLiteral("shelfEdge+shelfEdgePosition+displayIndex+displayConnector")));
         QCOMPARE(shell.fake.panel.frame, (ScreenRect{1440, 240, 34, 120}));
         QCOMPARE(shell.fake.panel.mark, ScreenRect());
         shell.fake.displays.displays.swapItemsAt(0, 1); // follows the connector

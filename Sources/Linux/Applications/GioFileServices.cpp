@@ -33,7 +33,7 @@ QString fileError(const QUrl &url) {
 }
 
 /// Asks the file manager to select the file; false if no file manager can.
-bool showItem(const QUrl &file, GCancellable *cancellable) {
+bool showItem(const QUrl &file, const StartNotices &notices, GCancellable *cancellable) {
     const gio::Owned<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable, nullptr));
     if (!bus) {
         return false;
@@ -41,10 +41,12 @@ bool showItem(const QUrl &file, GCancellable *cancellable) {
     g_dbus_connection_set_exit_on_close(bus.get(), FALSE); // survive a lost bus
     const QByteArray uri = file.toEncoded(QUrl::FullyEncoded);
     const std::array<const char *, 2> uris{uri.constData(), nullptr};
+    const QByteArray token = notices.token ? notices.token() : QByteArray();
     GVariant *reply = g_dbus_connection_call_sync(
         bus.get(), "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1",
-        "org.freedesktop.FileManager1", "ShowItems", g_variant_new("(^ass)", uris.data(), ""),
-        nullptr, G_DBUS_CALL_FLAGS_NONE, fileManagerTimeout, cancellable, nullptr);
+        "org.freedesktop.FileManager1", "ShowItems",
+        g_variant_new("(^ass)", uris.data(), token.constData()), nullptr, G_DBUS_CALL_FLAGS_NONE,
+        fileManagerTimeout, cancellable, nullptr);
     if (reply == nullptr) {
         return false;
     }
@@ -54,7 +56,7 @@ bool showItem(const QUrl &file, GCancellable *cancellable) {
 
 QString revealFile(const QUrl &file, const StartNotices &notices, GCancellable *cancellable) {
     const QString error = fileError(file);
-    if (!error.isEmpty() || showItem(file, cancellable)) {
+    if (!error.isEmpty() || showItem(file, notices, cancellable)) {
         return error;
     }
     const QString folder = QFileInfo(file.toLocalFile()).absolutePath();

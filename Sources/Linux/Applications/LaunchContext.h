@@ -14,8 +14,8 @@ struct ReleaseLaunchContext {
 using LaunchContext = std::unique_ptr<_GAppLaunchContext, ReleaseLaunchContext>;
 
 /// The environment in which GIO launches programs: ours without what belongs to
-/// this program, and with a startup notice for each application that supports them. The notices
-/// must outlive the context. Use it on one thread at a time.
+/// this program, with a token to activate a window, and with a startup notice for each application
+/// that supports them. The notices must outlive the context. Use it on one thread at a time.
 [[nodiscard]] LaunchContext makeLaunchContext(const StartNotices &notices);
 
 } // namespace perchly

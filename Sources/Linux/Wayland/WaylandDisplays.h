@@ -35,7 +35,7 @@ private:
     std::map<const QScreen *, FreeArea> m_areas;
     bool m_isOverPanels = false;
     QList<Display> m_announced;
-    QPoint m_firstCorner; ///< of the first display, in Qt's points
+    QPoint m_firstCorner;  ///< of the first display, in Qt's points
     QTimer m_announcement; ///< Qt reports one change several times
 };
 
