@@ -2,7 +2,7 @@
 
 import json
 
-from perchly_session.case import AWAY, OPEN, TOGGLE, SessionCase
+from perchly_session.case import AWAY, ON_X, OPEN, TOGGLE, SessionCase
 from perchly_session.other_programs import ScriptedPlayer
 from perchly_session.waiting import wait_until
 
@@ -98,7 +98,9 @@ class CardsTest(SessionCase):
         self.hover()
         self.click("launched0")
         wait_until(lambda: traces[0].exists() and traces[0].read_text(), "the application started")
-        self.assertNotIn("QT_QPA", traces[0].read_text(), "Perchly's own environment")
+        environment = traces[0].read_text()
+        self.assertNotIn("QT_QPA", environment, "Perchly's own environment")
+        self.assertEqual("XDG_ACTIVATION_TOKEN=" in environment, not ON_X)
         self.screen.key(*TOGGLE)
         self.expect_keyboard()
         self.assertFalse(traces[1].exists())

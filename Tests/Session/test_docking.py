@@ -1,5 +1,7 @@
 """The shelf docks at an edge of any display and accepts dropped files."""
 
+import unittest
+
 from Xlib import Xatom
 
 from perchly_session.case import AWAY, ON_X, PILL, SEARCH, WORKSPACE, SessionCase
@@ -8,6 +10,8 @@ from perchly_session.waiting import wait_until
 
 
 class DockingTest(SessionCase):
+    expected_errors = ("perchly: Creating a fake screen in order for Qt not to crash",)
+
     def show_dock(self, top=0, bottom=0):
         """Reserves one edge of the screen; returns a function that ends that."""
         if not ON_X:
@@ -59,7 +63,7 @@ class DockingTest(SessionCase):
         if ON_X:  # elsewhere the compositor chooses
             self.assertGreater(x + width / 2, 800)
         self.screen.key("Escape")
-        if ON_X:  # sway keeps outputs without devices
+        if ON_X:
             self.session.call("xrandr", "--delmonitor", "monitor1")
             self.expect_frame((606, 680, 34, 120), "the strip on the first display")
             self.screen.move_to(*self.on_pill())
@@ -88,6 +92,28 @@ class DockingTest(SessionCase):
         self.expect_frame((0, 360, 34, 120), "the strip in the middle of the free area")
         hide_bar()
         self.expect_frame((0, 340, 34, 120), "the strip without a bar")
+
+    @unittest.skipIf(ON_X, "about Wayland")
+    def test_shelf_outlives_its_displays(self):
+        self.start_session(size=(640, 800), removable_outputs=True)
+        first, second = (self.screen.add_output(n, (640 * n, 0, 640, 800)) for n in range(2))
+        stored = {"shelfEdge": "right", "displayIndex": 1, "displayConnector": "WL-3"}
+        self.session.store(shelfEdgePosition=0.0, openOnHover=False, **stored)
+        self.run_program()
+        self.expect_frame((1246, 680, 34, 120), "the strip on the display with the index")
+        self.screen.move_to(*self.on_pill())
+        self.screen.press()
+        self.screen.move_to(900, 300)
+        self.screen.remove_output(second)
+        self.expect_frame((606, 680, 34, 120), "the drag over, on the display that is left")
+        self.screen.release()
+        self.expect_stored(**stored)
+        self.screen.remove_output(first)
+        self.screen.add_output(0, (640, 0, 640, 800))
+        self.expect_frame((1246, 680, 34, 120), "the strip on a new display")
+        self.screen.add_output(1, (0, 0, 640, 800))
+        self.screen.click(1263, 740)
+        self.expect_frame((640, 404, 640, 396), "the shelf open at its connector")
 
     def test_scale_two_doubles_all_sizes(self):
         self.start(scale=2)

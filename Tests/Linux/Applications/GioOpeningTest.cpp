@@ -113,6 +113,9 @@ private Q_SLOTS:
                                           }});
         applications.open(desktopEntryPath(QStringLiteral("noticed")), recorder());
         QTRY_COMPARE(mark(), QStringLiteral("a program start noticed"));
+        GioApplications withTokens({.token = [] { return "token"; }});
+        withTokens.open(desktopEntryPath(QStringLiteral("noticed")));
+        QTRY_COMPARE(mark(), QStringLiteral("a program token noticed"));
         applications.open(desktopEntryPath(QStringLiteral("broken")), recorder());
         QTRY_COMPARE(m_errors.size(), 2);
         QVERIFY(!m_errors.last().isEmpty());
