@@ -54,6 +54,9 @@ public:
     /// The window has been painted.
     void handleFrame();
 
+    /// Destroys the window; place() makes a new one.
+    void release();
+
 Q_SIGNALS:
     /// The display is gone, or the compositor closed the surface. The window is destroyed; place()
     /// makes a new one.
@@ -65,7 +68,6 @@ private:
 
     void realize();
     void destroyRole();
-    void release();
     void tellQt();
     void send();
     void sendInputRegion();

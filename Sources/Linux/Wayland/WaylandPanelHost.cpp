@@ -213,9 +213,16 @@ void WaylandPanelHost::loseKeyboard() {
 }
 
 void WaylandPanelHost::giveKeyboardBack() {
-    m_holdsKeyboard = false;
     m_catchers.clear();
     m_role->setKeyboard(LayerSurface::Keyboard::None);
+    if (std::exchange(m_holdsKeyboard, false)) {
+        QTimer::singleShot(focusDelay, this, [this] {
+            if (!m_holdsKeyboard && hasKeyboard()) { // KWin 5.27 lets go of a new surface only
+                m_role->release();
+                put();
+            }
+        });
+    }
 }
 
 /// The menu needs the keyboard, and the surfaces that catch presses elsewhere.
