@@ -111,8 +111,9 @@ void ActivationTokens::ask(const std::shared_ptr<Answer> &answer) {
     }
     // Compositors refuse a surface without the keyboard, such as the shelf's under the pointer.
     QWindow *window = QGuiApplication::focusWindow();
-    if (window != nullptr && window->handle() != nullptr) {
-        xdg_activation_token_v1_set_surface(token, WaylandConnection::surfaceOf(*window));
+    wl_surface *surface = window != nullptr ? WaylandConnection::surfaceOf(*window) : nullptr;
+    if (surface != nullptr) { // a window that is being closed has none
+        xdg_activation_token_v1_set_surface(token, surface);
     }
     xdg_activation_token_v1_commit(token);
     m_connection->flush();

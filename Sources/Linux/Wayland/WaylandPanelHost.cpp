@@ -44,6 +44,8 @@ WaylandPanelHost::WaylandPanelHost(std::shared_ptr<WaylandConnection> connection
                     loseKeyboard();
                 }
             });
+        } else if (!m_holdsKeyboard && focused == m_panel) {
+            refuseKeyboard();
         }
     });
 }
@@ -170,6 +172,7 @@ void WaylandPanelHost::setShape(const QRegion &shape) {
 
 void WaylandPanelHost::takeKeyboard() {
     m_holdsKeyboard = true;
+    m_heldKeyboard = true;
     m_role->setKeyboard(LayerSurface::Keyboard::Exclusive);
     catchPresses();
 }
@@ -216,13 +219,18 @@ void WaylandPanelHost::giveKeyboardBack() {
     m_catchers.clear();
     m_role->setKeyboard(LayerSurface::Keyboard::None);
     if (std::exchange(m_holdsKeyboard, false)) {
-        QTimer::singleShot(focusDelay, this, [this] {
-            if (!m_holdsKeyboard && hasKeyboard()) { // KWin 5.27 lets go of a new surface only
-                m_role->release();
-                put();
-            }
-        });
+        refuseKeyboard();
     }
+}
+
+/// KWin 5.27 lets a surface that once wanted the keyboard keep it, or gives it back to it later.
+void WaylandPanelHost::refuseKeyboard() {
+    QTimer::singleShot(focusDelay, this, [this] {
+        if (!m_holdsKeyboard && hasKeyboard() && std::exchange(m_heldKeyboard, false)) {
+            m_role->release();
+            put();
+        }
+    });
 }
 
 /// The menu needs the keyboard, and the surfaces that catch presses elsewhere.

@@ -67,6 +67,7 @@ private:
     void catchPresses(PressCatcher::Place place, QScreen &screen, QSize size, const QRegion &free);
     void handlePressElsewhere();
     void loseKeyboard();
+    void refuseKeyboard();
     [[nodiscard]] static QScreen *screenAt(const QRect &geometry);
 
     const std::shared_ptr<WaylandConnection> m_connection;
@@ -84,6 +85,7 @@ private:
     bool m_isMenuOpen = false;
     bool m_menuTookKeyboard = false;
     bool m_holdsKeyboard = false;
+    bool m_heldKeyboard = false;                           ///< its present surface, at any time
     QRegion m_shape;                                       ///< in the panel's points
     std::vector<std::unique_ptr<PressCatcher>> m_catchers; ///< while it holds the keyboard
 };
