@@ -116,7 +116,7 @@ StartNotices startNotices(const std::shared_ptr<WaylandConnection> &connection) 
         return {.begin = startupsequence::begin, .withdraw = startupsequence::withdraw};
     }
     const auto tokens = std::make_shared<ActivationTokens>(connection);
-    return {.token = [tokens] { return tokens->request(); }};
+    return {.askToken = [tokens] { return tokens->ask(); }};
 }
 
 void addDesktop(Hosts &hosts, const std::shared_ptr<SessionBus> &bus,

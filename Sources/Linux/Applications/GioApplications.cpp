@@ -31,8 +31,8 @@ void GioApplications::open(const QString &path, Completion completion) {
 
 void GioApplications::launch(const QString &path, Completion completion) {
     m_workers.run(
-        [this, path](_GCancellable *cancellable) {
-            return giolaunch::application(path, m_notices, cancellable);
+        [path, notices = m_notices.forLaunch()](_GCancellable *cancellable) {
+            return giolaunch::application(path, notices, cancellable);
         },
         orNothing(std::move(completion)));
 }
@@ -64,8 +64,8 @@ QImage GioApplications::themeIcon(const QStringList &names, int side) {
 
 void GioApplications::openUrl(const QUrl &url, Completion completion) {
     m_workers.run(
-        [this, url](_GCancellable *cancellable) {
-            return giolaunch::url(url, m_notices, cancellable);
+        [url, notices = m_notices.forLaunch()](_GCancellable *cancellable) {
+            return giolaunch::url(url, notices, cancellable);
         },
         orNothing(std::move(completion)));
 }

@@ -109,11 +109,9 @@ GioFileServices::GioFileServices(StartNotices notices)
     : m_notices(std::move(notices)) {}
 
 void GioFileServices::reveal(const QUrl &file, Completion completion) {
-    m_workers.run(
-        [this, file](GCancellable *cancellable) {
-            return revealFile(file, m_notices, cancellable);
-        },
-        std::move(completion));
+    m_workers.run([file, notices = m_notices.forLaunch()](
+                      GCancellable *cancellable) { return revealFile(file, notices, cancellable); },
+                  std::move(completion));
 }
 
 void GioFileServices::findShareTargets(const QUrl &url, TargetsCompletion completion) {
@@ -127,9 +125,9 @@ void GioFileServices::share(const QUrl &url, const QString &targetId, Completion
         return;
     }
     m_workers.run(
-        [this, url, targetId](GCancellable *cancellable) {
+        [url, targetId, notices = m_notices.forLaunch()](GCancellable *cancellable) {
             const QString error = fileError(url);
-            return error.isEmpty() ? giolaunch::openWith(targetId, url, m_notices, cancellable)
+            return error.isEmpty() ? giolaunch::openWith(targetId, url, notices, cancellable)
                                    : error;
         },
         std::move(completion));

@@ -34,7 +34,7 @@ struct ActivationTokens::Listener {
             wl_keyboard_add_listener(tokens->m_keyboard, &keyboard, data);
         }
     }
-    static void press(void *data, uint32_t serial) {
+    static void note(void *data, uint32_t serial) {
         static_cast<ActivationTokens *>(data)->m_serial = serial;
     }
     static void done(void *data, xdg_activation_token_v1 *request, const char *token) {
@@ -51,7 +51,7 @@ struct ActivationTokens::Listener {
         table.enter = [](auto...) {};
         table.leave = [](auto...) {};
         table.motion = [](auto...) {};
-        table.button = [](void *data, auto, uint32_t serial, auto...) { press(data, serial); };
+        table.button = [](void *data, auto, uint32_t serial, auto...) { note(data, serial); };
         table.axis = [](auto...) {};
         return table;
     }();
@@ -60,7 +60,7 @@ struct ActivationTokens::Listener {
         table.keymap = [](auto, auto, auto, int32_t file, auto) { close(file); };
         table.enter = [](auto...) {};
         table.leave = [](auto...) {};
-        table.key = [](void *data, auto, uint32_t serial, auto...) { press(data, serial); };
+        table.key = [](void *data, auto, uint32_t serial, auto...) { note(data, serial); };
         table.modifiers = [](auto...) {};
         return table;
     }();
@@ -93,17 +93,11 @@ ActivationTokens::~ActivationTokens() {
     }
 }
 
-QByteArray ActivationTokens::request() {
-    const auto answer = std::make_shared<Answer>();
-    QMetaObject::invokeMethod(this, [this, answer] { ask(answer); });
-    return answer->isReady.tryAcquire(1, tokenTimeout) ? answer->token : QByteArray();
-}
-
-void ActivationTokens::ask(const std::shared_ptr<Answer> &answer) {
+std::function<QByteArray()> ActivationTokens::ask() {
     if (m_activation == nullptr) {
-        answer->isReady.release();
-        return;
+        return {};
     }
+    const auto answer = std::make_shared<Answer>();
     xdg_activation_token_v1 *token = xdg_activation_v1_get_activation_token(m_activation);
     xdg_activation_token_v1_add_listener(token, &Listener::token, new std::shared_ptr(answer));
     if (m_serial != 0) {
@@ -117,6 +111,11 @@ void ActivationTokens::ask(const std::shared_ptr<Answer> &answer) {
     }
     xdg_activation_token_v1_commit(token);
     m_connection->flush();
+    return [answer] {
+        const bool isReady = answer->isReady.tryAcquire(1, tokenTimeout);
+        answer->isReady.release(isReady ? 1 : 0); // for the next call
+        return isReady ? answer->token : QByteArray();
+    };
 }
 
 } // namespace perchly

@@ -113,7 +113,7 @@ private Q_SLOTS:
                                           }});
         applications.open(desktopEntryPath(QStringLiteral("noticed")), recorder());
         QTRY_COMPARE(mark(), QStringLiteral("a program start noticed"));
-        GioApplications withTokens({.token = [] { return "token"; }});
+        GioApplications withTokens({.askToken = [] { return [] { return "token"; }; }});
         withTokens.open(desktopEntryPath(QStringLiteral("noticed")));
         QTRY_COMPARE(mark(), QStringLiteral("a program token noticed"));
         applications.open(desktopEntryPath(QStringLiteral("broken")), recorder());
