@@ -148,6 +148,7 @@ class Screen(Seat):
         (folder / "config").write_text(configuration)
         own = {"WLR_RENDERER": "pixman", "WAYLAND_DISPLAY": "", "SWAYSOCK": f"{folder}/ipc"} | backend
         own |= {"XDG_RUNTIME_DIR": f"{folder}", "HOME": f"{folder}"}
+        own |= {"DBUS_SESSION_BUS_ADDRESS": ""}  # refuses another user, at which swaybar stops
         command = ["env", *(f"{name}={value}" for name, value in own.items())]
         if os.getuid() == 0:
             self._session.folder.chmod(0o711)
