@@ -14,9 +14,10 @@ private Q_SLOTS:
     void initTestCase() {
         const QString endless = QDir::tempPath() + QStringLiteral("/endless/applications");
         QVERIFY(QDir().mkpath(endless));
-        for (const QString &link : {endless + u"/a"_qs, endless + u"/b"_qs}) {
-            QVERIFY(
-                QFile::link(endless, link)); // 2^40 subfolders for GIO, which would never answer
+        for (const QString &link :
+             {endless + QStringLiteral("/a"), endless + QStringLiteral("/b")}) {
+            // 2^40 subfolders for GIO, which would never answer
+            QVERIFY(QFile::link(endless, link));
         }
         qputenv("XDG_DATA_DIRS", QFile::encodeName(QFileInfo(endless).path()));
         hideEndlessApplicationFolders();
