@@ -114,6 +114,10 @@ class DockingTest(SessionCase):
         self.screen.add_output(1, (0, 0, 640, 800))
         self.screen.click(1263, 740)
         self.expect_frame((640, 404, 640, 396), "the shelf open at its connector")
+        self.screen.add_output(2, (1280, 0, 640, 800))
+        wait_until(self.program.rests, "the display noticed")
+        self.screen.click(1600, 400)
+        self.expect_frame((1246, 680, 34, 120), "the shelf closed by a press on a new display")
 
     def test_scale_two_doubles_all_sizes(self):
         self.start(scale=2)

@@ -37,6 +37,13 @@ WaylandPanelHost::WaylandPanelHost(std::shared_ptr<WaylandConnection> connection
                                    WaylandDisplays &displays)
     : m_connection(std::move(connection))
     , m_displays(displays) {
+    // Queued, so that the panel is in its new place.
+    const auto catchAgain = [this] {
+        if (m_holdsKeyboard) {
+            catchPresses();
+        }
+    };
+    connect(&displays, &Displays::changed, this, catchAgain, Qt::QueuedConnection);
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow *focused) {
         if (m_holdsKeyboard && focused != m_panel) {
             QTimer::singleShot(focusDelay, this, [this] {
