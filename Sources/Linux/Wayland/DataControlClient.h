@@ -47,7 +47,7 @@ public:
 private:
     struct Listeners;
     struct Offer {
-        zwlr_data_control_offer_v1 *object;
+        zwlr_data_control_offer_v1 *object = nullptr;
         QByteArrayList formats = {};
     };
     class Sending;
