@@ -1,6 +1,7 @@
 #include "X11PointerMonitor.h"
 #include "XClient.h"
 
+#include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTest>
 
