@@ -55,6 +55,10 @@ public:
     /// panel keeps the keyboard.
     virtual void setMenuOpen(bool open) = 0;
 
+    /// Lets the overlay of a screen capture cover the panel, where the window system does not do so
+    /// by itself.
+    virtual void setCapturing(bool /*capturing*/) {}
+
     /// Whether the panel has the keyboard. Asks the window system.
     [[nodiscard]] virtual bool hasKeyboard() const = 0;
 

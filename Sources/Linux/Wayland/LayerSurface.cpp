@@ -77,6 +77,15 @@ void LayerSurface::fill(QScreen &screen) {
 
 void LayerSurface::setKeyboard(Keyboard keyboard) {
     m_keyboard = keyboard;
+    sendNow();
+}
+
+void LayerSurface::setLayer(Layer layer) {
+    m_layer = layer;
+    sendNow();
+}
+
+void LayerSurface::sendNow() {
     if (m_role != nullptr) {
         send();
         if (!m_isResizing) {
@@ -152,6 +161,9 @@ void LayerSurface::tellQt() {
 }
 
 void LayerSurface::send() {
+    if (m_connection.layerShellVersion() >= ZWLR_LAYER_SURFACE_V1_SET_LAYER_SINCE_VERSION) {
+        zwlr_layer_surface_v1_set_layer(m_role, static_cast<uint32_t>(m_layer));
+    }
     zwlr_layer_surface_v1_set_exclusive_zone(m_role, static_cast<int32_t>(m_origin));
     zwlr_layer_surface_v1_set_size(m_role, uint32_t(m_frame.width()), uint32_t(m_frame.height()));
     zwlr_layer_surface_v1_set_margin(m_role, m_frame.top(), 0, 0, m_frame.left());

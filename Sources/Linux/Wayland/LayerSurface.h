@@ -47,6 +47,8 @@ public:
 
     void setKeyboard(Keyboard keyboard);
 
+    void setLayer(Layer layer);
+
     /// Limits input to the region, in points. Takes effect together with a new size, if that is
     /// still to be painted.
     void setInputRegion(const QRegion &region);
@@ -70,6 +72,7 @@ private:
     void destroyRole();
     void tellQt();
     void send();
+    void sendNow();
     void sendInputRegion();
     void commit() const;
 

@@ -251,6 +251,10 @@ void WaylandPanelHost::setMenuOpen(bool open) {
     }
 }
 
+void WaylandPanelHost::setCapturing(bool capturing) {
+    m_role->setLayer(capturing ? LayerSurface::Layer::Top : LayerSurface::Layer::Overlay);
+}
+
 bool WaylandPanelHost::hasKeyboard() const {
     return m_panel->isActive();
 }
@@ -278,8 +282,13 @@ bool WaylandPanelHost::eventFilter(QObject *watched, QEvent *event) {
             setPointer(static_cast<QEnterEvent *>(event)->position());
         }
         break;
-    case QEvent::MouseMove:
+    case QEvent::MouseButtonRelease:
+        m_isPressed = false;
+        break;
     case QEvent::MouseButtonPress:
+        m_isPressed = true;
+        [[fallthrough]];
+    case QEvent::MouseMove:
         setPointer(static_cast<QMouseEvent *>(event)->position());
         break;
     case QEvent::DragEnter:
@@ -308,6 +317,7 @@ bool WaylandPanelHost::eventFilter(QObject *watched, QEvent *event) {
 
 void WaylandPanelHost::setPointer(std::optional<QPointF> inPanel) {
     std::optional<ScreenPoint> pointer;
+    m_isPressed = m_isPressed && inPanel;
     if (inPanel) {
         pointer = ScreenSpace::current().fromQt(m_geometry.topLeft() + *inPanel + QPointF(0, 1));
     }

@@ -36,6 +36,7 @@ public:
     void takeKeyboard() override;
     void giveKeyboardBack() override;
     void setMenuOpen(bool open) override;
+    void setCapturing(bool capturing) override;
     [[nodiscard]] bool hasKeyboard() const override;
     void activate(QWindow *window) override;
     [[nodiscard]] bool isComposited() const override { return true; }
@@ -48,6 +49,9 @@ public:
     [[nodiscard]] QWindow *panel() const { return m_panel; }
     /// Whether something is being dragged over the panel.
     [[nodiscard]] bool isDraggedOver() const { return m_isDraggedOver; }
+    /// Whether a button that was pressed on the panel is held. Qt would not notice the release of a
+    /// button that was pressed on a surface that has gone.
+    [[nodiscard]] bool isPressed() const { return m_isPressed; }
 
 Q_SIGNALS:
     void pointerMoved();
@@ -82,6 +86,7 @@ private:
     QElapsedTimer m_placed;
     std::optional<ScreenPoint> m_pointer;
     bool m_isDraggedOver = false;
+    bool m_isPressed = false;
     bool m_isMenuOpen = false;
     bool m_menuTookKeyboard = false;
     bool m_holdsKeyboard = false;

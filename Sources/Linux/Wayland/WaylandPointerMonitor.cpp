@@ -2,8 +2,6 @@
 
 #include "WaylandPanelHost.h"
 
-#include <QGuiApplication>
-
 namespace perchly {
 
 void WaylandPointerMonitor::start() {
@@ -20,7 +18,7 @@ ScreenPoint WaylandPointerMonitor::position() const {
 }
 
 bool WaylandPointerMonitor::isButtonHeld() const {
-    return m_host.isDraggedOver() || QGuiApplication::mouseButtons() != Qt::NoButton;
+    return m_host.isDraggedOver() || m_host.isPressed();
 }
 
 } // namespace perchly

@@ -36,6 +36,9 @@ AppDelegate::~AppDelegate() = default;
 ShelfExtras &AppDelegate::extras() {
     if (!m_extras) {
         m_extras = std::make_unique<ShelfExtras>(m_hosts, m_library, m_productivity, *this);
+        const Capture *capture = m_extras->capture();
+        connect(capture, &Capture::activeChanged, this,
+                [this, capture] { m_hosts.panel->setCapturing(capture->active()); });
     }
     return *m_extras;
 }
