@@ -114,17 +114,19 @@ public:
             row->addWidget(button);
         }
         layout->addLayout(row);
-        QObject::connect(m_dialog, &QDialog::finished, m_dialog, [this, answer](int result) {
-            m_dialog->disconnect(); // a second click may be queued
-            answer(result == QDialog::Rejected ? std::nullopt : std::optional(result == Yes));
-        });
-        m_dialog->winId(); // creates the window
+        QObject::connect(
+            m_dialog, &QDialog::finished, m_dialog,
+            [answer](int result) {
+                answer(result == QDialog::Rejected ? std::nullopt : std::optional(result == Yes));
+            },
+            Qt::SingleShotConnection); // a second click may be queued
+        m_dialog->winId();             // creates the window
         m_dialog->windowHandle()->installEventFilter(m_dialog);
         m_dialog->windowHandle()->setTransientParent(QGuiApplication::focusWindow());
         m_dialog->open();
     }
     ~Question() override {
-        m_dialog->disconnect();
+        QObject::disconnect(m_dialog, &QDialog::finished, nullptr, nullptr);
         m_dialog->hide();
         m_dialog->deleteLater();
     }
