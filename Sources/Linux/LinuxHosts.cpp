@@ -165,8 +165,9 @@ void addWindows(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {
 
 std::unique_ptr<HotKeys> portalHotKeys(const std::shared_ptr<SessionBus> &bus) {
     return std::make_unique<PortalHotKeys>(
-        bus, QStringList{QCoreApplication::translate("HotKeys", "Toggle shelf"),
-                         QCoreApplication::translate("HotKeys", "Search")});
+        std::make_shared<SessionBus>(QStringLiteral("perchly-keys"), bus->isConnected()),
+        QStringList{QCoreApplication::translate("HotKeys", "Toggle shelf"),
+                    QCoreApplication::translate("HotKeys", "Search")});
 }
 
 void addX11(Hosts &hosts, const std::shared_ptr<SessionBus> &bus) {

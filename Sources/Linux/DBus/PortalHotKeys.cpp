@@ -2,6 +2,8 @@
 
 #include <QDBusMessage>
 #include <QDBusMetaType>
+#include <QDBusPendingCallWatcher>
+#include <QGuiApplication>
 #include <QKeySequence>
 
 namespace perchly {
@@ -9,6 +11,7 @@ namespace perchly {
 namespace {
 
 constexpr std::chrono::minutes bindingTimeout{2};
+constexpr int namingTimeout = 3000; // milliseconds
 const QString desktopPortal = QStringLiteral("org.freedesktop.portal.Desktop");
 const QString desktopPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString shortcutsInterface = QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
@@ -86,8 +89,23 @@ void PortalHotKeys::begin() {
     // Without the service, whose owner QtDBus would wait for.
     bus.connect({}, desktopPath, shortcutsInterface, QStringLiteral("Activated"), this,
                 SLOT(onActivated(QDBusObjectPath, QString, qulonglong, QVariantMap)));
+    // The portal wants an application. It knows that of a program that systemd has started; newer
+    // ones let others name theirs, once, before other calls. An error changes nothing.
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        desktopPortal, desktopPath, QStringLiteral("org.freedesktop.host.portal.Registry"),
+        QStringLiteral("Register"));
+    call.setArguments({QGuiApplication::desktopFileName(), QVariantMap()});
+    auto *naming = new QDBusPendingCallWatcher(bus.asyncCall(call, namingTimeout), this);
+    connect(naming, &QDBusPendingCallWatcher::finished, this, [this, naming] {
+        naming->deleteLater();
+        createSession();
+    });
+}
+
+void PortalHotKeys::createSession() {
     m_request = std::make_unique<PortalRequest>(
-        bus, QStringLiteral("GlobalShortcuts"), QStringLiteral("CreateSession"), QVariantList(),
+        m_bus->connection(), QStringLiteral("GlobalShortcuts"), QStringLiteral("CreateSession"),
+        QVariantList(),
         QVariantMap{{QStringLiteral("session_handle_token"), QStringLiteral("perchly")}},
         [this](PortalRequest::Response, const QVariantMap &results) {
             m_session = results.value(QStringLiteral("session_handle")).toString();

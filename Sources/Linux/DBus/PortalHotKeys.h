@@ -26,7 +26,8 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, PortalShortcut &s
 class PortalHotKeys : public HotKeys {
     Q_OBJECT
 public:
-    /// `names` are those of the identifiers from 0 on, as the user reads them.
+    /// `names` are those of the identifiers from 0 on, as the user reads them. Nothing else may
+    /// call portals on that connection: they take the application only before the first call.
     PortalHotKeys(std::shared_ptr<SessionBus> bus, QStringList names);
     ~PortalHotKeys() override;
 
@@ -41,6 +42,7 @@ private Q_SLOTS:
 
 private:
     void begin();
+    void createSession();
     void end();
     void bind();
     void refuse();
