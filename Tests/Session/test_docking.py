@@ -40,8 +40,9 @@ class DockingTest(SessionCase):
         self.assertEqual(self.session.preferences(), before)
         self.screen.click(*self.on_pill())
         self.expect_frame((0, 287, 694, 429), "the shelf open, flush with the edge")
-        self.screen.key("Escape")
-        self.expect_frame((0, 441, 34, 120), "the strip")
+        self.screen.drag((8, 500), (640, 3))
+        self.expect_pill()
+        self.assertFalse(self.program.has_keyboard())
 
     def test_quick_drag_uses_press_and_release_positions(self):
         self.start({"openOnHover": False})

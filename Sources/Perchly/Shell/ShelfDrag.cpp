@@ -81,6 +81,7 @@ void ShelfDrag::begin(ScreenPoint start) {
 void ShelfDrag::end(ScreenPoint at) {
     m_model.setDragging(false);
     m_panel.markPlace({});
+    m_opener.returnKeyboard();
     m_placement.dock(at);
 }
 

@@ -29,7 +29,7 @@ bool ShelfKeys::handle(const KeyPress &press) {
         }
         return true;
     }
-    if (m_panel.hasKeyboard()) {
+    if (m_panel.hasKeyboard() && !m_model.dragging()) {
         if (press.key == Qt::Key_Escape) {
             return handleEscape(press);
         }

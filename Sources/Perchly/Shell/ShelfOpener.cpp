@@ -188,11 +188,8 @@ void ShelfOpener::keyboardRefused() {
 }
 
 void ShelfOpener::closeForDrag() {
-    if (isKeyboardOpen()) {
-        m_hosts.panel->giveKeyboardBack();
-    }
+    m_keyboardBorrowed = m_keyboardBorrowed || isKeyboardOpen();
     setKeyboardMode(false);
-    returnKeyboard();
     m_openTask.reset();
     m_closeTask.reset();
     m_settleTask.reset();

@@ -49,7 +49,8 @@ public:
     /// The shelf does not get the keyboard: closes it in keyboard mode and says so.
     void keyboardRefused();
 
-    /// Closes the shelf for a drag, which places the panel itself.
+    /// Closes the shelf for a drag, which places the panel itself. The panel keeps the keyboard
+    /// until returnKeyboard(): Qt Quick cancels a press in a window that loses it.
     void closeForDrag();
 
 private:
