@@ -80,6 +80,10 @@ void *WaylandConnection::nativeResource(const QByteArray &name) {
     return QGuiApplication::platformNativeInterface()->nativeResourceForIntegration(name);
 }
 
+bool WaylandConnection::hasKeyboard() {
+    return nativeResource("wl_keyboard") != nullptr;
+}
+
 wl_compositor *WaylandConnection::compositor() const {
     return static_cast<wl_compositor *>(nativeResource("compositor"));
 }

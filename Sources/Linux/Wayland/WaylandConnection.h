@@ -38,6 +38,9 @@ public:
     /// Null for the screen that Qt has while there is no display.
     [[nodiscard]] static wl_output *outputOf(QScreen &screen);
 
+    /// Whether there is a keyboard, also one on the screen.
+    [[nodiscard]] static bool hasKeyboard();
+
     /// Sends the buffered requests.
     void flush() const;
 

@@ -8,7 +8,6 @@
 #include <QMouseEvent>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QTimer>
 
 #include <utility>
 
@@ -20,6 +19,10 @@ namespace {
 constexpr qint64 entryMilliseconds = 50;
 // Between two of our windows, no window has the keyboard for less than this time.
 constexpr std::chrono::milliseconds focusDelay{60};
+// By then, another program's menu has closed. While one is open, sway gives the keyboard to no one.
+constexpr std::chrono::milliseconds menuDelay{200};
+// How long the compositor may take to give the keyboard to the panel.
+constexpr std::chrono::milliseconds grantTimeout{600};
 
 QRect geometryOf(const ScreenRect &frame, const QMarginsF &margins) {
     QRect geometry = ScreenSpace::current().toQt(frame);
@@ -45,14 +48,23 @@ WaylandPanelHost::WaylandPanelHost(std::shared_ptr<WaylandConnection> connection
     };
     connect(&displays, &Displays::changed, this, catchAgain, Qt::QueuedConnection);
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow *focused) {
-        if (m_holdsKeyboard && focused != m_panel) {
-            QTimer::singleShot(focusDelay, this, [this] {
-                if (m_holdsKeyboard && !m_isMenuOpen && !hasKeyboard()) {
-                    loseKeyboard();
-                }
-            });
-        } else if (!m_holdsKeyboard && focused == m_panel) {
+        if (!m_holdsKeyboard && focused == m_panel) {
             refuseKeyboard();
+        }
+    });
+    m_askAgain.setSingleShot(true);
+    m_askAgain.setInterval(menuDelay);
+    connect(&m_askAgain, &QTimer::timeout, this, [this] {
+        if (lacksKeyboard()) {
+            m_role->setKeyboard(LayerSurface::Keyboard::None);
+            m_role->setKeyboard(LayerSurface::Keyboard::Exclusive);
+        }
+    });
+    m_grant.setSingleShot(true);
+    m_grant.setInterval(grantTimeout);
+    connect(&m_grant, &QTimer::timeout, this, [this] {
+        if (lacksKeyboard() && WaylandConnection::hasKeyboard()) {
+            Q_EMIT keyboardRefused();
         }
     });
 }
@@ -182,6 +194,12 @@ void WaylandPanelHost::takeKeyboard() {
     m_heldKeyboard = true;
     m_role->setKeyboard(LayerSurface::Keyboard::Exclusive);
     catchPresses();
+    m_askAgain.start();
+    m_grant.start();
+}
+
+bool WaylandPanelHost::lacksKeyboard() const {
+    return m_holdsKeyboard && !m_isMenuOpen && !hasKeyboard();
 }
 
 /// Compositors leave the keyboard to the panel when another window is pressed.
@@ -300,6 +318,12 @@ bool WaylandPanelHost::eventFilter(QObject *watched, QEvent *event) {
     case QEvent::Drop:
         m_isDraggedOver = false;
         setPointer(std::nullopt); // an Enter follows a drop
+        break;
+    case QEvent::FocusOut:
+        // At once: sway 1.7 returns it when the screen is locked.
+        if (lacksKeyboard()) {
+            QMetaObject::invokeMethod(this, &WaylandPanelHost::loseKeyboard, Qt::QueuedConnection);
+        }
         break;
     case QEvent::Leave:
         if (m_ghost) { // the press has ended without a release, as when a display changes

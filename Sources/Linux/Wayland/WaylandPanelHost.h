@@ -9,6 +9,7 @@
 #include <QElapsedTimer>
 #include <QQuickItemGrabResult>
 #include <QRegion>
+#include <QTimer>
 
 #include <memory>
 #include <optional>
@@ -70,6 +71,7 @@ private:
     void catchPresses();
     void catchPresses(PressCatcher::Place place, QScreen &screen, QSize size, const QRegion &free);
     void handlePressElsewhere();
+    [[nodiscard]] bool lacksKeyboard() const;
     void loseKeyboard();
     void refuseKeyboard();
     [[nodiscard]] static QScreen *screenAt(const QRect &geometry);
@@ -91,6 +93,8 @@ private:
     bool m_menuTookKeyboard = false;
     bool m_holdsKeyboard = false;
     bool m_heldKeyboard = false;                           ///< its present surface, at any time
+    QTimer m_askAgain;
+    QTimer m_grant;
     QRegion m_shape;                                       ///< in the panel's points
     std::vector<std::unique_ptr<PressCatcher>> m_catchers; ///< while it holds the keyboard
 };
