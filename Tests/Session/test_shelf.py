@@ -1,6 +1,7 @@
 """The shelf opens and closes by pointer and keyboard, and leaves the keyboard to other windows."""
 
 import time
+import unittest
 from pathlib import Path
 
 from Xlib import X
@@ -91,6 +92,14 @@ class ShelfTest(SessionCase):
         self.screen.key("Escape")
         third.expect_typed("Escape")
         self.assertEqual(self.screen.focus(), third.id, "the keyboard was taken from its user")
+
+    @unittest.skipIf(ON_X, "about Wayland")
+    def test_shelf_closes_if_a_menu_has_the_keyboard(self):
+        self.start_beside_other_window()
+        self.screen.click(200, 650, button=3)
+        self.tell("toggle")
+        wait_until(lambda: self.program.frame() != PILL, "the shelf opening")
+        self.expect_pill()
 
     @on_x_only
     def test_keyboard_returns_without_bus_and_window_manager(self):
