@@ -101,6 +101,12 @@ ShelfTestCase {
         mousePress(root.view, 100, 15);
         compare(root.fixture.toolTips(), []);
         mouseRelease(root.view, 100, 15);
+        mouseMove(root.view, 1, 15);
+        mouseMove(root.view, 100, 15);
+        tryVerify(() => root.fixture.toolTips().length > 0, 2000);
+        root.fixture.model.setChoosingWidget(true); // a menu opens
+        compare(root.fixture.toolTips(), []);
+        root.fixture.model.setChoosingWidget(false);
     }
 
     name: "ShelfContent"

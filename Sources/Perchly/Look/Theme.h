@@ -40,6 +40,7 @@ class Theme : public QObject {
     Q_PROPERTY(QColor line READ line NOTIFY contrastChanged FINAL)
     Q_PROPERTY(
         bool highContrast READ highContrast WRITE setHighContrast NOTIFY contrastChanged FINAL)
+    Q_PROPERTY(bool menuOpen MEMBER m_menuOpen NOTIFY menuOpenChanged FINAL)
     Q_PROPERTY(QString iconTheme MEMBER m_iconTheme NOTIFY iconThemeChanged FINAL)
     Q_PROPERTY(QColor shelf READ shelf WRITE setShelf NOTIFY shelfChanged FINAL)
     Q_PROPERTY(QColor shelfGrey READ shelfGrey NOTIFY shelfChanged FINAL)
@@ -121,6 +122,7 @@ Q_SIGNALS:
     void keysUsedChanged();
     void accentChanged();
     void contrastChanged();
+    void menuOpenChanged();
     void iconThemeChanged();
     void shelfChanged();
 
@@ -134,6 +136,7 @@ private:
     bool m_reduceMotion = false;
     bool m_keysUsed = false;
     bool m_highContrast = false;
+    bool m_menuOpen = false; ///< on the shelf; no tooltip appears meanwhile
     QColor m_accent = mint();
     QColor m_shelf = Qt::black;
     QString m_iconTheme;

@@ -3,7 +3,7 @@ import Perchly.Look
 
 /// Gives its parent a tooltip: after the pointer has rested on it for a moment, the text appears in
 /// a separate window, since the collapsed shelf has no room for it. The window exists only then. An
-/// open tooltip follows changes of `text`.
+/// open tooltip follows changes of `text`. A menu of the shelf hides it.
 Item {
     id: root
 
@@ -25,9 +25,7 @@ Item {
     anchors.fill: parent
 
     onTextChanged: {
-        if (root.text === "") {
-            root.dismiss();
-        } else if (root.shown && window.item) {
+        if (root.text !== "" && root.shown && window.item) {
             (window.item as ToolTipWindow).present(root, root.text, root.side);
         }
     }
@@ -36,7 +34,8 @@ Item {
     HoverHandler {
         id: hover
 
-        enabled: root.text !== ""
+        enabled: root.text !== "" && !Theme.menuOpen
+        onEnabledChanged: root.dismiss()
         onHoveredChanged: {
             if (hover.hovered) {
                 rest.restart();

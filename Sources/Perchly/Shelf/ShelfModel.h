@@ -41,6 +41,7 @@ class ShelfModel : public QObject {
     Q_PROPERTY(QString controlError READ controlError WRITE setControlError NOTIFY
                    controlErrorChanged FINAL)
     Q_PROPERTY(QString errorTitle READ errorTitle NOTIFY controlErrorChanged FINAL)
+    Q_PROPERTY(bool choosingWidget READ choosingWidget NOTIFY choosingWidgetChanged FINAL)
     Q_PROPERTY(bool controlling READ controlling NOTIFY controllingChanged FINAL)
     Q_PROPERTY(QString mediaSource READ mediaSource NOTIFY mediaChanged FINAL)
     Q_PROPERTY(bool mediaIsBrowser READ mediaIsBrowser NOTIFY mediaChanged FINAL)
@@ -71,7 +72,7 @@ public:
     /// Whether a focus button started a focus session; the strip makes room for a quiet message.
     [[nodiscard]] bool quietFocus() const { return m_quietFocus; }
     void setQuietFocus(bool quiet);
-    /// Whether the widget chooser is open, which keeps the shelf open. Not announced.
+    /// Whether the widget chooser or a menu is open, which keeps the shelf open.
     [[nodiscard]] bool choosingWidget() const { return m_choosingWidget; }
     Q_INVOKABLE void setChoosingWidget(bool choosing);
 

@@ -52,10 +52,7 @@ MouseArea {
     MenuArea {
         id: menu
 
-        onAsked: (position, byKey) => {
-            tip.dismiss();
-            root.shell.showMenu(position, byKey);
-        }
+        onAsked: (position, byKey) => root.shell.showMenu(position, byKey)
     }
     FocusRing {
         anchors.margins: 4

@@ -61,7 +61,7 @@ Item {
         plate: Qt.rgba(1, 1, 1, menu.containsMouse || root.popovers.anchorItem === menu ? 0.075 : 0)
         plateRadius: 7
         subject: title.text
-        toolTip: root.popovers.open ? "" : menu.label
+        toolTip: menu.label
         width: 26
         onActivated: root.popovers.chooseWidget(menu, root.side, root.widget)
 

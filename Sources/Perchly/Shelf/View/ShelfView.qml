@@ -111,6 +111,11 @@ FocusScope {
         value: root.appearance.highContrast
     }
     Binding {
+        property: "menuOpen"
+        target: Theme
+        value: root.model.choosingWidget
+    }
+    Binding {
         property: "iconTheme"
         target: Theme
         value: root.appearance.iconTheme

@@ -19,7 +19,7 @@ PressButton {
     label: qsTr("Pin %1").arg(WidgetLook.name(root.widget))
     plateRadius: 12
     subject: root.pinned ? qsTr("Pinned") : ""
-    toolTip: root.popovers.open ? "" : root.label
+    toolTip: root.label
     width: StripPaging.entryWidth
 
     onActivated: root.popovers.choosePin(face, root.widget, root.activeFocus)
