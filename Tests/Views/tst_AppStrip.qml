@@ -62,8 +62,12 @@ ShelfTestCase {
         root.fixture.repeatKey(root.view, Qt.Key_Return);
         compare(root.fixture.takeCalls(), []);
         keyClick(Qt.Key_Right);
-        compare(root.strip.offset, -480);
+        keyClick(Qt.Key_Return);
+        compare(root.fixture.takeCalls(), ["launch /apps/b"]);
         keyClick(Qt.Key_Left);
+        keyClick(Qt.Key_PageDown);
+        compare(root.strip.offset, -480);
+        keyClick(Qt.Key_PageUp);
         root.tab(9);
         verify(root.strip.offset < 0);
     }

@@ -51,6 +51,16 @@ Item {
         }
     }
 
+    /// Moves the focus by that many entries; turns the page while no entry has it.
+    function step(by: int) {
+        const focused = root.focusedEntry();
+        if (focused < 0) {
+            root.page(by > 0);
+        } else {
+            ((entries.itemAt(focused + by) as Loader)?.item as Item)?.forceActiveFocus(Qt.TabFocusReason);
+        }
+    }
+
     function focusedEntry(): int {
         for (let index = 0; index < entries.count; ++index) {
             if (((entries.itemAt(index) as Loader)?.item as Item)?.activeFocus) {
@@ -60,8 +70,8 @@ Item {
         return -1;
     }
 
-    Keys.onLeftPressed: root.page(false)
-    Keys.onRightPressed: root.page(true)
+    Keys.onLeftPressed: root.step(-1)
+    Keys.onRightPressed: root.step(1)
     Keys.onPressed: event => {
         if (event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown) {
             event.accepted = true;
