@@ -1131,6 +1131,10 @@ Der Exit-Status ist 0, 1 nach einem Fehlschlag oder 2 bei einem falschen Befehl.
         <source>Install Perchly before you turn on launch at login.</source>
         <translation>Dafür muss Perchly zuerst installiert werden.</translation>
     </message>
+    <message>
+        <source>Keyboard: %1 launches the corresponding visible app while the shelf is open. Escape closes it.</source>
+        <translation>Tastatur: %1 startet bei geöffneter Leiste die entsprechende sichtbare Anwendung, Esc schließt sie.</translation>
+    </message>
 </context>
 <context>
     <name>ProductivityView</name>

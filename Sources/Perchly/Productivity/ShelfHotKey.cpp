@@ -51,12 +51,16 @@ void ShelfHotKey::registerChords() {
     retry();
 }
 
+bool ShelfHotKey::isSupported() const {
+    return m_hotKeys.isSupported();
+}
+
 bool ShelfHotKey::isHintNeeded() const {
     return !m_preferences.boolean(keys::knowsToBindKeys).value_or(false);
 }
 
 void ShelfHotKey::rememberDismissal() {
-    if (!m_hotKeys.isSupported() && m_productivity.message().isEmpty() && isHintNeeded()) {
+    if (!isSupported() && m_productivity.message().isEmpty() && isHintNeeded()) {
         m_preferences.setBoolean(keys::knowsToBindKeys, true);
     }
 }
@@ -79,7 +83,7 @@ void ShelfHotKey::retry() {
         // Replaces the chord's own message, or none.
         const QString before = std::exchange(m_failures[use], now);
         if (before != now && m_productivity.message() == before &&
-            (m_hotKeys.isSupported() || isHintNeeded())) {
+            (isSupported() || isHintNeeded())) {
             m_productivity.setMessage(now);
         }
     }
@@ -156,7 +160,7 @@ QString ShelfHotKey::text(Use use) const {
 }
 
 QString ShelfHotKey::failureText(Use use) const {
-    if (!m_hotKeys.isSupported()) {
+    if (!isSupported()) {
         return tr("Perchly cannot register keys here. Bind one to “%1” in the settings of your "
                   "desktop.")
             .arg(use == Search ? QStringLiteral("perchly search")

@@ -23,6 +23,7 @@ class ShelfHotKey : public QObject {
     Q_PROPERTY(QString searchText READ searchText NOTIFY changed FINAL)
     Q_PROPERTY(QString toggleFailure READ toggleFailure NOTIFY changed FINAL)
     Q_PROPERTY(QString searchFailure READ searchFailure NOTIFY changed FINAL)
+    Q_PROPERTY(bool isSupported READ isSupported NOTIFY changed FINAL)
     Q_PROPERTY(bool toggleIsDefault READ toggleIsDefault NOTIFY changed FINAL)
     Q_PROPERTY(bool searchIsDefault READ searchIsDefault NOTIFY changed FINAL)
 public:
@@ -44,6 +45,8 @@ public:
     /// Why the chord does not work; null if it does.
     [[nodiscard]] QString toggleFailure() const { return m_failures[Toggle]; }
     [[nodiscard]] QString searchFailure() const { return m_failures[Search]; }
+    /// False where only the user can bind keys, in the desktop's settings.
+    [[nodiscard]] bool isSupported() const;
     [[nodiscard]] bool toggleIsDefault() const { return isDefault(Toggle); }
     [[nodiscard]] bool searchIsDefault() const { return isDefault(Search); }
 

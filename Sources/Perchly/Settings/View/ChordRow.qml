@@ -4,6 +4,7 @@ import Perchly.Stores
 
 /// A form row with a global chord. Pressing its field records another one: Escape keeps the old
 /// chord, Backspace restores the default. The row says why a chord is refused or does not work.
+/// Where chords cannot be registered, it only names the command that the user can bind.
 Column {
     id: root
 
@@ -53,6 +54,7 @@ Column {
             label: root.text
             pressedScale: 1
             subject: root.shown
+            visible: root.hotKey.isSupported
             width: 200
 
             onActivated: recorder.forceActiveFocus()
@@ -154,6 +156,7 @@ Column {
             subject: root.text
             text: qsTr("Reset")
             usable: !root.isDefault
+            visible: root.hotKey.isSupported
 
             onActivated: {
                 restore.forceActiveFocus(Qt.MouseFocusReason); // ends a recording
@@ -173,12 +176,12 @@ Column {
         BodyText {
             id: words
 
-            Accessible.role: Accessible.AlertMessage
+            Accessible.role: root.hotKey.isSupported ? Accessible.AlertMessage : Accessible.StaticText
             anchors.left: parent.left
             anchors.right: again.visible ? again.left : parent.right
             anchors.rightMargin: again.visible ? 12 : 0
             anchors.verticalCenter: parent.verticalCenter
-            color: Theme.orange
+            color: root.hotKey.isSupported ? Theme.orange : Theme.grey
             font.pixelSize: 12
             text: problem.reason
 
@@ -195,7 +198,7 @@ Column {
             size: 12
             subject: root.text
             text: qsTr("Try again")
-            visible: root.refusal === "" && root.failure !== ""
+            visible: root.hotKey.isSupported && root.refusal === "" && root.failure !== ""
 
             onActivated: {
                 again.forceActiveFocus(Qt.MouseFocusReason); // ends a recording

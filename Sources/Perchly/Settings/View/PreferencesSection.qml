@@ -137,7 +137,7 @@ ScrollArea {
         }
         SecondaryText {
             font.pixelSize: 12
-            text: qsTr("Keyboard: %1 opens search. %2 toggles the shelf. %3 launches the corresponding visible app while the shelf is open. Escape closes it.").arg(root.hotKey.searchText).arg(root.hotKey.toggleText).arg(root.preferences.launchKeys)
+            text: !root.hotKey.isSupported ? qsTr("Keyboard: %1 launches the corresponding visible app while the shelf is open. Escape closes it.").arg(root.preferences.launchKeys) : qsTr("Keyboard: %1 opens search. %2 toggles the shelf. %3 launches the corresponding visible app while the shelf is open. Escape closes it.").arg(root.hotKey.searchText).arg(root.hotKey.toggleText).arg(root.preferences.launchKeys)
             width: parent.width
         }
         BodyText {
