@@ -23,9 +23,10 @@ public:
     virtual ~StatusItem() = default;
 
     /// Call it once. The icon must be visible on light and dark panels; a desktop with a symbolic
-    /// icon for the program shows that one instead.
+    /// icon for the program shows that one instead. A click opens the menu, or calls `activated`
+    /// where programs cannot place menus at the icon.
     virtual void show(const QIcon &icon, const QString &accessibleName,
-                      const QList<StatusMenuEntry> &menu) = 0;
+                      const QList<StatusMenuEntry> &menu, std::function<void()> activated) = 0;
 };
 
 } // namespace perchly

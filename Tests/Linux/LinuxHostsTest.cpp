@@ -39,7 +39,7 @@ private Q_SLOTS:
         QVERIFY(isComplete(hosts));
         hosts.preferences->setNumber(QStringLiteral("key"), 1);
         QVERIFY(QFile::exists(file()));
-        hosts.statusItem->show({}, QStringLiteral("Perchly"), {});
+        hosts.statusItem->show({}, QStringLiteral("Perchly"), {}, {});
         QVERIFY(hosts.displays->list().isEmpty());
     }
 };

@@ -127,7 +127,8 @@ private:
 
 class NullStatusItem : public StatusItem {
 public:
-    void show(const QIcon &, const QString &, const QList<StatusMenuEntry> &) override {}
+    void show(const QIcon &, const QString &, const QList<StatusMenuEntry> &,
+              std::function<void()>) override {}
 };
 
 class NullApplications : public Applications {

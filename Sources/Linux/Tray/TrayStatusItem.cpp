@@ -30,8 +30,9 @@ TrayStatusItem::TrayStatusItem(std::shared_ptr<SessionBus> bus)
 TrayStatusItem::~TrayStatusItem() = default;
 
 void TrayStatusItem::show(const QIcon &icon, const QString &accessibleName,
-                          const QList<StatusMenuEntry> &menu) {
+                          const QList<StatusMenuEntry> &menu, std::function<void()> activated) {
     fillMenu(m_menu, menu);
+    m_activated = std::move(activated);
     const auto findTray = [this, icon, accessibleName] {
         m_trayIcon.reset();
         m_finder = std::make_unique<TrayFinder>(m_bus->connection());
@@ -49,9 +50,15 @@ void TrayStatusItem::makeTrayIcon(const QIcon &icon, const QString &accessibleNa
     m_trayIcon = std::make_unique<QSystemTrayIcon>(name.isEmpty() ? icon : namedIcon(name, icon));
     m_trayIcon->setToolTip(accessibleName);
     m_trayIcon->setContextMenu(&m_menu);
+    // On Wayland, a menu without a window of ours below it becomes an ordinary window.
+    const bool canPlaceMenu = QGuiApplication::platformName() != QStringLiteral("wayland");
     QObject::connect(m_trayIcon.get(), &QSystemTrayIcon::activated, &m_menu,
-                     [this](QSystemTrayIcon::ActivationReason reason) {
-                         if (reason == QSystemTrayIcon::Trigger) {
+                     [this, canPlaceMenu](QSystemTrayIcon::ActivationReason reason) {
+                         const bool isClick = reason == QSystemTrayIcon::Trigger;
+                         const bool asksForMenu = reason == QSystemTrayIcon::Context;
+                         if (!canPlaceMenu && (isClick || asksForMenu)) {
+                             m_activated();
+                         } else if (isClick) {
                              m_menu.popup(QCursor::pos());
                          }
                      });

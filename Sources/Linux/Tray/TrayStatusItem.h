@@ -21,14 +21,15 @@ public:
     explicit TrayStatusItem(std::shared_ptr<SessionBus> bus);
     ~TrayStatusItem() override;
 
-    void show(const QIcon &icon, const QString &accessibleName,
-              const QList<StatusMenuEntry> &menu) override;
+    void show(const QIcon &icon, const QString &accessibleName, const QList<StatusMenuEntry> &menu,
+              std::function<void()> activated) override;
 
 private:
     void makeTrayIcon(const QIcon &icon, const QString &accessibleName);
 
     const std::shared_ptr<SessionBus> m_bus;
     QMenu m_menu;
+    std::function<void()> m_activated;
     std::unique_ptr<TrayFinder> m_finder;
     std::unique_ptr<QSystemTrayIcon> m_trayIcon;
 };

@@ -62,7 +62,8 @@ void AppDelegate::launch() {
     m_hotKey.registerChords();
     m_hosts.keys->start([this](const KeyPress &press) { return m_keys.handle(press); });
     followPointer();
-    m_hosts.statusItem->show(m_resources.statusIcon, QStringLiteral("Perchly"), menu());
+    m_hosts.statusItem->show(m_resources.statusIcon, QStringLiteral("Perchly"), menu(),
+                             [this] { toggleKeyboardOpen(); });
     m_announcements = std::make_unique<Announcements>(
         m_hosts,
         Announcements::Sources{.preferences = m_shelfPreferences,

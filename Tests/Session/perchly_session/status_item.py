@@ -54,6 +54,9 @@ class StatusWatcher:
 
         return wait_until(read, "a status item")[0]
 
+    def click(self, method):
+        call(self._bus, *self._item, f"{ITEM}.{method}", "(ii)", 0, 0)
+
     def menu(self):
         """The entries as (id, title, shortcut), without separators and mnemonic marks."""
         method = f"{MENU}.GetLayout"
