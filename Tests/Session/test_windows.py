@@ -9,7 +9,7 @@ from perchly_session.case import (
     AWAY, ON_X, OPEN, SEARCH, TOGGLE, WORKSPACE, SessionCase, on_x_only,
 )
 from perchly_session.other_programs import DragPartner, SettingsManager, copy, pasted
-from perchly_session.waiting import wait_until
+from perchly_session.waiting import wait_until, wait_while
 
 MENU = [
     ("Show shelf", None),
@@ -31,7 +31,16 @@ NO_CALENDARS = (
     "Calendar access is off. Press “Connect Calendar” to turn it on."
 )
 COPIED = "Copied. Paste into your app with Ctrl+V."
-URLS = ["file:///etc/hosts", "file:///etc", "https://example.org/page", "ftp://example.org/file"]
+URLS = [
+    "file:///etc/hosts", "file:///tmp/a%20%25%0A%23%C3%A4%D7%90", "https://example.org/%C3%A4?b=1#c",
+    "ftp://example.org/file",
+]
+DROP = {
+    "urls": URLS[:3],
+    "text": "/etc/hosts\n/tmp/a %\n#äא\nhttps://example.org/%C3%A4?b=1#c",
+    "may copy": True,
+    "may move": False,
+}
 MENU_COLOUR = (28, 29, 33)
 OCEAN = (5, 20, 36)
 COLOURS = {"Red": (200, 0, 0), "Blue": (0, 0, 200)}
@@ -158,13 +167,20 @@ class WindowTest(SessionCase):
         x, y = self.tree.find("Drop here").centre
         self.assertEqual(partner.drag_to((x - 10, y), (x, y)), "copy")
         self.tree.find("hosts", "list item")
-        self.assertEqual(self.tree.rows(), ["hosts", "etc", "https://example.org/page"])
-        x, y, _, _ = self.tree.find("hosts", "list item").extents
-        self.assertEqual(partner.drag_from((x + 200, y + 14)), URLS[:1])
-        self.assertEqual(partner.drag_from(self.tree.find("Drag all 3").centre), URLS[:3])
+        self.assertEqual(self.tree.rows(), ["hosts", "a % #äא", URLS[2]])
         self.click("Copy path / link", subject="hosts")
         self.tree.find(COPIED)
         self.assertEqual(pasted(self.session), "/etc/hosts")
+        self.assertEqual(partner.drag_from(self.tree.find("Drag all 3").centre), DROP)
+        x, y, _, _ = self.tree.find("hosts", "list item").extents
+        row, below, before = (x + 200, y + 14), (x + 200, y + 54), partner.output()
+        self.screen.move_to(*row)
+        self.screen.fling(below, then=below)  # a drag started after the release would not end
+        wait_until(self.program.rests, "the program at rest")
+        self.screen.move_to(*partner.PLACE)
+        wait_while(lambda: partner.output() == before, "no drag after the release", 0.3)
+        show_other_section = lambda: self.tell("workspace", "clipboard")  # destroys the row
+        self.assertEqual(partner.drag_from(row, show_other_section)["urls"], URLS[:1])
 
     def test_copies_of_other_programs_are_kept_and_pasted_there(self):
         self.start()

@@ -153,20 +153,24 @@ class DragPartner:
         """Drags its URLs through the positions; returns the action of the drop."""
         return self._drag(self.PLACE, *places)
 
-    def drag_from(self, start):
-        """Drags from the start into its window; returns the URLs that were dropped."""
+    def drag_from(self, start, meanwhile=lambda: None):
+        """Drags from the start into its window; returns what was dropped."""
         x, y = self.PLACE
         places = ((start[0] + 20, start[1] + 10), (x - 20, y), (x, y))
-        return json.loads(self._drag(start, *places))["urls"]
+        return json.loads(self._drag(start, *places, meanwhile=meanwhile))
 
-    def _drag(self, start, *places):
-        before = self._said.stat().st_size
-        said = lambda: self._said.read_text()[before:].splitlines()
+    def output(self):
+        return self._said.read_text()
+
+    def _drag(self, start, *places, meanwhile=lambda: None):
+        before = len(self.output())
+        said = lambda: self.output()[before:].splitlines()
         self._screen.move_to(*start)
         self._screen.press()
         for place in places:
             self._screen.move_to(*place, pause=0.01)
             time.sleep(0.3)
+            meanwhile()
         wait_until(said, "the drag accepted")
         self._screen.release()
         return wait_until(lambda: said()[-1] != "accepted" and said()[-1], "the drop")
