@@ -1,6 +1,7 @@
 """The status item and the program's windows, used beside other programs."""
 
 import json
+import signal
 
 from PIL import Image
 
@@ -8,7 +9,7 @@ from perchly_session.accessibility import ENABLED, FOCUSED, SELECTED
 from perchly_session.case import (
     AWAY, ON_X, OPEN, SEARCH, TOGGLE, WORKSPACE, SessionCase, on_x_only,
 )
-from perchly_session.other_programs import DragPartner, SettingsManager, copy, pasted
+from perchly_session.other_programs import DragPartner, copy, pasted
 from perchly_session.waiting import wait_until, wait_while
 
 MENU = [
@@ -32,8 +33,8 @@ NO_CALENDARS = (
 )
 COPIED = "Copied. Paste into your app with Ctrl+V."
 URLS = [
-    "file:///etc/hosts", "file:///tmp/a%20%25%0A%23%C3%A4%D7%90", "https://example.org/%C3%A4?b=1#c",
-    "ftp://example.org/file",
+    "file:///etc/hosts", "file:///tmp/a%20%25%0A%23%C3%A4%D7%90",
+    "https://example.org/%C3%A4?b=1#c", "ftp://example.org/file",
 ]
 DROP = {
     "urls": URLS[:3],
@@ -129,14 +130,16 @@ class WindowTest(SessionCase):
         item = {"id": str(entry), "path": str(entry), "name": "Paint", "visible": True}
         library = json.dumps([item | {"favorite": False}])
         self.session.store(shelfLibrary={"encoding": "utf-8", "data": library})
-        desktop = SettingsManager(self.screen)
-        self.addCleanup(desktop.close)
-        desktop.publish("Red")
+        settings = self.session.folder / "xsettings"
+        choose = lambda theme: settings.write_text(f'Net/IconThemeName "{theme}"\n')
+        choose("Red")
+        desktop = self.session.spawn("xsettingsd", "-c", settings)
         self.run_program()
         self.hover()
         x, y, width, _ = self.tree.find("Paint", "push button").extents
         for theme in ("Red", "Blue"):
-            desktop.publish(theme)
+            choose(theme)
+            desktop.send_signal(signal.SIGHUP)
             shown = lambda: self.screen.shows(COLOURS[theme], x + width // 2, y + 33)
             wait_until(shown, f"the icon of the theme {theme}")
 

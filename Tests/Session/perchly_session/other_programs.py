@@ -2,7 +2,6 @@
 
 import json
 import os
-import struct
 import subprocess
 import sys
 import time
@@ -14,27 +13,6 @@ from .waiting import wait_until
 
 SCRIPTED_PLAYER = Path(__file__).parents[2] / "ScriptHost" / "scripted_player.py"
 MPV = ("mpv", "--no-config", "--no-terminal")
-
-
-class SettingsManager:
-    """A desktop's settings daemon, which publishes an icon theme."""
-
-    def __init__(self, screen):
-        self.display = display.Display(screen.name)
-        root = self.display.screen().root
-        self.window = root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
-        self.window.set_selection_owner(self.display.get_atom("_XSETTINGS_S0"), X.CurrentTime)
-
-    def publish(self, theme):
-        name, value = b"Net/IconThemeName", theme.encode()
-        header = struct.pack("<BxxxIIBxH", 0, 1, 1, 1, len(name))
-        texts = name + bytes(3) + struct.pack("<II", 1, len(value)) + value + bytes(-len(value) % 4)
-        atom = self.display.get_atom("_XSETTINGS_SETTINGS")
-        self.window.change_property(atom, atom, 8, header + texts)
-        self.display.flush()
-
-    def close(self):
-        self.display.close()
 
 
 class OtherWindow:
