@@ -1,9 +1,8 @@
 """The cards and the strip on the open shelf, and the media players that they follow."""
 
-import json
-
 from perchly_session.case import AWAY, ON_X, OPEN, TOGGLE, SessionCase
 from perchly_session.other_programs import ScriptedPlayer
+from perchly_session.session import entries
 from perchly_session.waiting import wait_until
 
 REFUSED = "Player could not receive this playback command."
@@ -67,9 +66,7 @@ class CardsTest(SessionCase):
         self.expect_stored(quickNote=" a" * 40 + "b")
 
     def test_failures_are_told_and_quick_presses_all_count(self):
-        gone = {"id": "gone", "path": "/gone.desktop", "name": "Gone", "visible": True}
-        library = {"data": json.dumps([gone | {"favorite": False}]), "encoding": "utf-8"}
-        self.open_beside_other_window(leftWidget="Music", shelfLibrary=library)
+        self.open_beside_other_window(leftWidget="Music", shelfLibrary=entries("/Gone.desktop"))
         for button, alert in (("Gone", "Launch failed"), ("Play", "Media controls unavailable")):
             self.click(button)
             self.tree.find(alert)
@@ -90,10 +87,8 @@ class CardsTest(SessionCase):
     def test_click_and_digit_launch_entries(self):
         self.start_session()
         traces = [self.session.folder / f"launched{number}" for number in range(2)]
-        paths = [str(self.session.install(t.name, f'sh -c "env >{t}"')) for t in traces]
-        shown = {"visible": True, "favorite": False}
-        entries = [{"id": path, "path": path, "name": path[-17:-8]} | shown for path in paths]
-        self.session.store(shelfLibrary={"data": json.dumps(entries), "encoding": "utf-8"})
+        paths = [self.session.install(t.name, f'sh -c "env >{t}"') for t in traces]
+        self.session.store(shelfLibrary=entries(*paths))
         self.run_program()
         self.hover()
         self.click("launched0")

@@ -1,6 +1,5 @@
 """The status item and the program's windows, used beside other programs."""
 
-import json
 import signal
 
 from PIL import Image
@@ -10,6 +9,7 @@ from perchly_session.case import (
     AWAY, ON_X, OPEN, SEARCH, TOGGLE, WORKSPACE, SessionCase, on_x_only,
 )
 from perchly_session.other_programs import DragPartner, copy, pasted
+from perchly_session.session import entries
 from perchly_session.waiting import wait_until, wait_while
 
 MENU = [
@@ -28,9 +28,7 @@ WINDOWS = {
 }
 NO_SOUND = "Needs PipeWire, which is not running."
 NO_MEETINGS = "No meetings in the next seven days."
-NO_CALENDARS = (
-    "Calendar access is off. Press “Connect Calendar” to turn it on."
-)
+NO_CALENDARS = "Calendar access is off. Press “Connect Calendar” to turn it on."
 COPIED = "Copied. Paste into your app with Ctrl+V."
 URLS = [
     "file:///etc/hosts", "file:///tmp/a%20%25%0A%23%C3%A4%D7%90",
@@ -127,9 +125,7 @@ class WindowTest(SessionCase):
             (folder / "index.theme").write_text(index)
             (folder / "apps").mkdir()
             Image.new("RGB", (48, 48), colour).save(folder / "apps" / "paint.png")
-        item = {"id": str(entry), "path": str(entry), "name": "Paint", "visible": True}
-        library = json.dumps([item | {"favorite": False}])
-        self.session.store(shelfLibrary={"encoding": "utf-8", "data": library})
+        self.session.store(shelfLibrary=entries(entry))
         settings = self.session.folder / "xsettings"
         choose = lambda theme: settings.write_text(f'Net/IconThemeName "{theme}"\n')
         choose("Red")

@@ -67,9 +67,6 @@ class Soak(User):
         frame = lambda: self.program.frame() or (0, 0, 0, 0)
         wait_until(lambda: frame()[2] in widths, f"the shelf's width in {widths}")
 
-    def expect_keyboard(self):
-        wait_until(lambda: self.screen.focus() == self.program.panel().id, "the keyboard")
-
     def close(self, title):
         self.window(title)
         self.screen.key("Control_L", "w")

@@ -46,6 +46,9 @@ class User:
         wait_until(lambda: self.screen.focus() == window.id, f"{title} with the keyboard")
         return window
 
+    def expect_keyboard(self):
+        wait_until(lambda: self.program.has_keyboard(), "the shelf with the keyboard")
+
     def expect_closed(self, title):
         wait_until(lambda: not self.program.window(title), f"{title} closed")
 
@@ -138,9 +141,6 @@ class SessionCase(unittest.TestCase, User):
 
     def expect_open(self):
         self.expect_frame(OPEN, "the shelf open")
-
-    def expect_keyboard(self):
-        wait_until(self.program.has_keyboard, "the shelf with the keyboard")
 
     def hover(self):
         self.screen.move_to(*self.on_pill())

@@ -15,6 +15,15 @@ SCRIPTED_PLAYER = Path(__file__).parents[2] / "ScriptHost" / "scripted_player.py
 MPV = ("mpv", "--no-config", "--no-terminal")
 
 
+class SpawnedProgram:
+    _process = None
+
+    def close(self):
+        if self._process:
+            self._process.kill()
+            self._process.wait()
+
+
 class OtherWindow:
     """A window, hidden at first, that records key and button presses. state and kind are the ends of
     its _NET_WM_STATE and _NET_WM_WINDOW_TYPE."""
@@ -107,7 +116,7 @@ def pasted(session):
 # Drag and drop
 
 
-class DragPartner:
+class DragPartner(SpawnedProgram):
     """A window to drag URLs from, and to drop on."""
 
     PLACE = (800, 600)
@@ -122,10 +131,6 @@ class DragPartner:
         window = wait_until(shown, "the drag partner's window")[0]
         if session.is_wayland:
             self._screen.place(window.id, 700, 550)
-
-    def close(self):
-        self._process.kill()
-        self._process.wait()
 
     def drag_to(self, *places):
         """Drags its URLs through the positions; returns the action of the drop."""
@@ -165,17 +170,13 @@ def moving_picture(file):
     return file.read_bytes()
 
 
-class ScriptedPlayer:
+class ScriptedPlayer(SpawnedProgram):
     """A scripted player, see Tests/ScriptHost/scripted_player.py."""
 
     def __init__(self, session, name="scripted", **script):
         command = (sys.executable, "-B", str(SCRIPTED_PLAYER), name, json.dumps(script))
         self._process = session.spawn(*command, stdout=subprocess.PIPE)
         self.expect("ready")
-
-    def close(self):
-        self._process.kill()
-        self._process.wait()
 
     def expect(self, word):
         """Waits until the player receives this command."""

@@ -261,6 +261,13 @@ class Session:
         return service, line
 
 
+def entries(*paths):
+    """Applications as the shelf stores its entries, named after their files."""
+    shown = {"visible": True, "favorite": False}
+    items = [shown | {"id": str(p), "path": str(p), "name": Path(p).stem} for p in paths]
+    return {"data": json.dumps(items), "encoding": "utf-8"}
+
+
 def end(service):
     """Ends a service and its children."""
     for number in (signal.SIGTERM, signal.SIGKILL):

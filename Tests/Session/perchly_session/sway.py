@@ -11,6 +11,7 @@ from PIL import Image, ImageDraw
 from Xlib import XK
 
 from .hands import SEARCH, TOGGLE, Hands
+from .other_programs import SpawnedProgram
 from .screen import KEY_SECONDS, PRESS_SECONDS, Window
 from .waiting import wait_until
 
@@ -279,7 +280,7 @@ class Screen(Seat):
         return picture.crop((x, y, x + width, y + height))
 
 
-class OtherWindow:
+class OtherWindow(SpawnedProgram):
     """A window, hidden at first, that records key and button presses. state may be FULLSCREEN."""
 
     def __init__(self, session, rect=(200, 300, 400, 200), state=None):
@@ -287,7 +288,6 @@ class OtherWindow:
         self._rect = rect
         self._state = state
         self._log = session.folder / f"other-{id(self)}"
-        self._process = None
         self._read = 0
 
     def show(self):
@@ -300,11 +300,6 @@ class OtherWindow:
             if self._state:
                 self._session.screen.tell(f"[con_id={self.id}] fullscreen enable")
         return self
-
-    def close(self):
-        if self._process:
-            self._process.kill()
-            self._process.wait()
 
     def _words(self):
         return [line.split() for line in self._log.read_text().splitlines()]

@@ -4,16 +4,15 @@ import os
 import shutil
 import time
 
-from gi.repository import Gio, GLib
-
 from . import screen, sway
+from .accessibility import call, connect
 from .waiting import wait_until
 
 REMOTE = "org.gnome.Mutter.RemoteDesktop"
 NOTIFY = {
-    "move": ("NotifyPointerMotionRelative", "(dd)"),
-    "button": ("NotifyPointerButton", "(ib)"),
-    "key": ("NotifyKeyboardKeysym", "(ub)"),
+    "move": (f"{REMOTE}.Session.NotifyPointerMotionRelative", "(dd)"),
+    "button": (f"{REMOTE}.Session.NotifyPointerButton", "(ib)"),
+    "key": (f"{REMOTE}.Session.NotifyKeyboardKeysym", "(ub)"),
 }
 
 
@@ -44,26 +43,16 @@ class Screen(sway.Seat, screen.Screen):
             session.environment[name] = os.environ[name] = own[name]
         super().__init__(own["DISPLAY"])
         if session.window_manager == "mutter":
-            flags = Gio.DBusConnectionFlags
-            self._bus = Gio.DBusConnection.new_for_address_sync(
-                session.bus_address,
-                flags.AUTHENTICATION_CLIENT | flags.MESSAGE_BUS_CONNECTION,
-            )
+            self._bus = connect(session.bus_address)
             path = "/" + REMOTE.replace(".", "/")
-            (self._remote,) = self._call(path, REMOTE, "CreateSession", None)
-            self._call(self._remote, f"{REMOTE}.Session", "Start", None)
+            (self._remote,) = call(self._bus, REMOTE, path, f"{REMOTE}.CreateSession")
+            call(self._bus, REMOTE, self._remote, f"{REMOTE}.Session.Start")
             self.move_by(-width, -height)
             self.key("Shift_L")  # gives windows a keyboard
 
-    def _call(self, path, interface, method, arguments):
-        reply = self._bus.call_sync(REMOTE, path, interface, method, arguments, None, 0, 5000)
-        return reply.unpack()
-
     def _act(self, kind, *values, rest=0.0):
         if self._remote:
-            method, form = NOTIFY[kind]
-            arguments = GLib.Variant(form, values)
-            self._call(self._remote, f"{REMOTE}.Session", method, arguments)
+            call(self._bus, REMOTE, self._remote, *NOTIFY[kind], *values)
         time.sleep(rest)
 
     def move_by(self, dx, dy, rest=0.0):
