@@ -1,6 +1,7 @@
 #include "Meetings.h"
 #include "FakeHosts.h"
 #include "MeetingLinks.h"
+#include "RowFields.h"
 #include "TestRegistry.h"
 
 #include <QSignalSpy>
@@ -28,11 +29,7 @@ struct MeetingsFixture {
         QVERIFY(fake.calendars.answerEvents());
     }
     [[nodiscard]] QString all(const char *field) const {
-        QStringList values;
-        for (int row = 0; row < meetings.count(); ++row) {
-            values.append(meetings.field(row, field).toString());
-        }
-        return values.join(u'|');
+        return fieldsOf(meetings, field).join(u'|');
     }
 
     FakeHosts fake;

@@ -1,5 +1,6 @@
 #include "PreviewContent.h"
 #include "TestFiles.h"
+#include "TestPictures.h"
 
 #include <QBuffer>
 #include <QPainter>
@@ -14,14 +15,6 @@ using namespace perchly;
 namespace {
 
 using Kind = FileFacts::Kind;
-
-QByteArray png(int width, int height) {
-    QImage picture(width, height, QImage::Format_RGB32);
-    picture.fill(Qt::red);
-    QBuffer buffer;
-    picture.save(&buffer, "PNG");
-    return buffer.data();
-}
 
 QByteArray pdf() {
     QBuffer document;
@@ -43,9 +36,9 @@ private Q_SLOTS:
             Kind kind;
         };
         const Case cases[] = {
-            {"picture.png", png(40, 30), Kind::Picture},
-            {"PNG by another name.jpg", png(40, 30), Kind::Picture},
-            {"ends early.png", png(400, 300).left(60), Kind::Other},
+            {"picture.png", encodedPicture({40, 30}, "PNG"), Kind::Picture},
+            {"PNG by another name.jpg", encodedPicture({40, 30}, "PNG"), Kind::Picture},
+            {"ends early.png", encodedPicture({400, 300}, "PNG").left(60), Kind::Other},
             {"needs 160 GB.ppm", "P6\n200000 200000\n255\nxxxxxx", Kind::Other},
             {"drawing.svgz",
              QByteArray::fromBase64("H4sIAAAAAAACA7MpLktXKM9MKcmwVbdUV8hIzUzPKAEx9e0AGAnoBRsAAAA="),

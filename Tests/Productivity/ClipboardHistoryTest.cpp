@@ -1,5 +1,6 @@
 #include "ClipboardHistory.h"
 #include "FakeHosts.h"
+#include "RowFields.h"
 #include "TestRegistry.h"
 
 #include <QTest>
@@ -29,13 +30,7 @@ struct ClipboardFixture {
         fake.clock.advance(1s);
     }
 
-    [[nodiscard]] QString labels() const {
-        QStringList labels;
-        for (int row = 0; row < history.count(); ++row) {
-            labels.append(history.field(row, "label").toString());
-        }
-        return labels.join(u'|');
-    }
+    [[nodiscard]] QString labels() const { return fieldsOf(history, "label").join(u'|'); }
 
     FakeHosts fake;
     ClipboardHistory history{fake.pasteboard, fake.pictures, fake.clock, [](const QString &) {}};

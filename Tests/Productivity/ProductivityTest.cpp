@@ -1,6 +1,7 @@
 #include "Productivity.h"
 #include "FakeHosts.h"
 #include "PreferenceKeys.h"
+#include "RowFields.h"
 #include "ShelfLibrary.h"
 #include "ShelfModel.h"
 #include "TestFiles.h"
@@ -71,11 +72,7 @@ private Q_SLOTS:
             urls("file:///tmp/100%25%20%C3%A4/ file:/// "
                  "file:///%E2%80%AEg%0A%F0%9F%91%A9%E2%80%8D%F0%9F%91%A7 file:///%E2%80%8B "
                  "https://example.org/a%20b"));
-        QStringList labels;
-        for (int row = 0; row < f.held.count(); ++row) {
-            labels.append(f.held.field(row, "label").toString());
-        }
-        QCOMPARE(labels.join(u'|'),
+        QCOMPARE(fieldsOf(f.held, "label").join(u'|'),
                  QStringLiteral(
                      "100% ä|/|g \U0001F469\u200d\U0001F467|%E2%80%8B|https://example.org/a%20b"));
     }

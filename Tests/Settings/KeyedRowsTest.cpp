@@ -1,4 +1,5 @@
 #include "KeyedRows.h"
+#include "RowFields.h"
 #include "TestRegistry.h"
 
 #include <QAbstractItemModelTester>
@@ -24,13 +25,7 @@ struct Letters : KeyedRows {
     void set(const QString &names, int number = 0) { setRows(rowsOf(names, number)); }
     void overwrite(const QString &names) { overwriteRows(rowsOf(names, 0)); }
 
-    [[nodiscard]] QString names() const {
-        QString names;
-        for (int row = 0; row < count(); ++row) {
-            names += field(row, "name").toString();
-        }
-        return names;
-    }
+    [[nodiscard]] QString names() const { return fieldsOf(*this, "name").join(QString()); }
 };
 
 } // namespace

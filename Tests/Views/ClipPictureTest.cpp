@@ -1,20 +1,12 @@
 #include "ClipPicture.h"
+#include "TestPictures.h"
 #include "TestRegistry.h"
 
-#include <QBuffer>
 #include <QTest>
 
 namespace perchly {
 
 namespace {
-
-QByteArray encoded(const QSize &size, const char *format) {
-    QImage picture(size, QImage::Format_RGB32);
-    picture.fill(Qt::green);
-    QBuffer buffer;
-    picture.save(&buffer, format);
-    return buffer.data();
-}
 
 /// A PNG whose header claims 60,000 × 60,000 pixels, but with only a few bytes of data.
 QByteArray hugePng() {
@@ -31,11 +23,11 @@ private Q_SLOTS:
     void decodesPicturesToTheShownSize_data() {
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QSize>("size");
-        QTest::newRow("a large PNG") << encoded({700, 350}, "PNG") << QSize(70, 35);
-        QTest::newRow("a large TIFF") << encoded({100, 500}, "TIFF") << QSize(10, 50);
-        QTest::newRow("a small PNG") << encoded({7, 5}, "PNG") << QSize(7, 5);
+        QTest::newRow("a large PNG") << encodedPicture({700, 350}, "PNG") << QSize(70, 35);
+        QTest::newRow("a large TIFF") << encodedPicture({100, 500}, "TIFF") << QSize(10, 50);
+        QTest::newRow("a small PNG") << encodedPicture({7, 5}, "PNG") << QSize(7, 5);
         QTest::newRow("a PNG that claims gigabytes") << hugePng() << QSize(0, 0);
-        QTest::newRow("another format") << encoded({7, 5}, "BMP") << QSize(0, 0);
+        QTest::newRow("another format") << encodedPicture({7, 5}, "BMP") << QSize(0, 0);
     }
 
     void decodesPicturesToTheShownSize() {

@@ -1,6 +1,7 @@
 #include "VolumeMixer.h"
 #include "FakeAudio.h"
 #include "FakeClock.h"
+#include "RowFields.h"
 #include "TestRegistry.h"
 
 #include <QCoreApplication>
@@ -213,13 +214,7 @@ private Q_SLOTS:
     }
 
 private:
-    QStringList names() const {
-        QStringList names;
-        for (const AudioApp &app : m_mixer->apps()) {
-            names.append(app.name);
-        }
-        return names;
-    }
+    QStringList names() const { return fieldsOf(*m_mixer->appList(), "name"); }
 
     std::unique_ptr<FakeAudioSystem> m_audio;
     std::unique_ptr<FakeClock> m_clock;

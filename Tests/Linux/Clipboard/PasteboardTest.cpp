@@ -1,8 +1,8 @@
 #include "HistoryReading.h"
 #include "OtherProgram.h"
+#include "TestPictures.h"
 #include "X11Pasteboard.h"
 
-#include <QBuffer>
 #include <QClipboard>
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -14,19 +14,6 @@
 
 using namespace perchly;
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QByteArray image(int side, const char *format) {
-    QImage picture(side, side, QImage::Format_RGB32);
-    picture.fill(0x804020);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    picture.save(&buffer, format, 90);
-    return bytes;
-}
-
-} // namespace
 
 class PasteboardTest : public QObject {
     Q_OBJECT
@@ -129,9 +116,10 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("expected");
         QTest::newRow("UTF8_STRING") << u"text"_s << QByteArray("ü🙂");
         QTest::newRow("text/plain;charset=utf-8") << u"text"_s << QByteArray("ü🙂");
-        QTest::newRow("image/png") << u"image"_s << image(20, "png");
-        QTest::newRow("image/tiff") << u"image"_s << image(20, "tiff");
-        QTest::newRow("image/tiff") << u"image in increments"_s << image(2'100, "tiff");
+        QTest::newRow("image/png") << u"image"_s << encodedPicture({20, 20}, "png");
+        QTest::newRow("image/tiff") << u"image"_s << encodedPicture({20, 20}, "tiff");
+        QTest::newRow("image/tiff")
+            << u"image in increments"_s << encodedPicture({2'100, 2'100}, "tiff");
         const QByteArray file = "file:///tmp/%C3%A4%20b.txt";
         QTest::newRow("text/uri-list") << u"files"_s << file + "\r\n";
         QTest::newRow("x-special/gnome-copied-files") << u"files"_s << "copy\n" + file;
@@ -152,7 +140,8 @@ private Q_SLOTS:
         else if (kind == u"links")
             m_pasteboard->writeItems({file, QUrl(u"https://example.org/?q=1"_s)});
         else
-            m_pasteboard->writeImage(image(kind == u"image" ? 20 : 2'100, "png"));
+            m_pasteboard->writeImage(
+                encodedPicture(kind == u"image" ? QSize(20, 20) : QSize(2'100, 2'100), "png"));
         QTRY_COMPARE(OtherProgram::paste(target), expected);
     }
 

@@ -1,32 +1,21 @@
 #include "ProcessPictureReader.h"
 #include "TestFiles.h"
+#include "TestPictures.h"
 
-#include <QBuffer>
-#include <QImage>
 #include <QTemporaryDir>
 
 #include <sys/stat.h>
 
 using namespace perchly;
 
-namespace {
-
-QByteArray picture(const char *format) {
-    QBuffer buffer;
-    QImage(30, 20, QImage::Format_RGB32).save(&buffer, format);
-    return buffer.data();
-}
-
-} // namespace
-
 class PictureReaderTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void readsAnyFormatAsPng() {
-        const QByteArray withMetadata = picture("png") + "more";
+        const QByteArray withMetadata = encodedPicture({30, 20}, "png") + "more";
         QCOMPARE(read(withMetadata), withMetadata);
         for (const char *format : {"jpg", "bmp", "tiff"}) {
-            const QByteArray png = read(picture(format));
+            const QByteArray png = read(encodedPicture({30, 20}, format));
             QVERIFY2(QImage::fromData(png, "png").size() == QSize(30, 20), format);
             QVERIFY2(QImage::fromData(answer(15), "png").size() == QSize(15, 10), format);
         }
