@@ -6,16 +6,6 @@
 
 using namespace perchly;
 
-namespace {
-
-bool isComplete(const Hosts &hosts) {
-    return hosts.clock && hosts.preferences && hosts.displays && hosts.panel && hosts.hotKeys &&
-           hosts.statusItem && hosts.applications && hosts.motion && hosts.alertSound &&
-           hosts.scriptHost && hosts.catalog && hosts.openPanel && hosts.loginItem && hosts.audio;
-}
-
-} // namespace
-
 class LinuxHostsTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
@@ -23,7 +13,10 @@ private Q_SLOTS:
         qputenv("PERCHLY_HOSTS", "null");
         const auto resetVariable = qScopeGuard([] { qunsetenv("PERCHLY_HOSTS"); });
         const Hosts hosts = makeHosts(nullptr);
-        QVERIFY(isComplete(hosts));
+        QVERIFY(hosts.clock && hosts.preferences && hosts.displays && hosts.panel &&
+                hosts.hotKeys && hosts.statusItem && hosts.applications && hosts.motion &&
+                hosts.alertSound && hosts.scriptHost && hosts.catalog && hosts.openPanel &&
+                hosts.loginItem && hosts.audio);
         hosts.preferences->setNumber(QStringLiteral("key"), 1);
         QVERIFY(QDir(qEnvironmentVariable("XDG_CONFIG_HOME")).isEmpty());
         QVERIFY(!makeSingleInstance(nullptr)->claim({}));

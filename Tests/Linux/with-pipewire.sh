@@ -75,9 +75,7 @@ CONF
     trap 'exit 143' HUP INT TERM
     start
     eventually is_ready
-    status=0
-    "$@" || status=$?
-    exit "$status"
+    "$@"
     ;;
 *)
     echo "with-pipewire: no command $1" >&2

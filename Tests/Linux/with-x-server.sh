@@ -48,6 +48,4 @@ if [ "$manager" != none ]; then
     eventually has_manager || fail "$manager did not start"
 fi
 
-status=0
-"$@" || status=$?
-exit "$status"
+"$@"

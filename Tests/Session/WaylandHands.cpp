@@ -1,7 +1,6 @@
 // A pointer and a keyboard for a Wayland compositor, moved by commands on stdin, one per line:
 //   move X Y WIDTH HEIGHT   to a point of the layout, whose size follows
 //   button CODE 0|1         as in linux/input-event-codes.h
-//   wheel STEPS
 //   key KEYSYM 0|1          on a US keyboard
 // Each is answered by "done" once the compositor has handled it.
 
@@ -124,9 +123,6 @@ int main() {
             zwlr_virtual_pointer_v1_motion_absolute(pointer, now(), a, b, width, height);
         } else if (command == "button" && std::cin >> a >> b) {
             zwlr_virtual_pointer_v1_button(pointer, now(), a, b);
-        } else if (command == "wheel" && std::cin >> a) {
-            zwlr_virtual_pointer_v1_axis(pointer, now(), WL_POINTER_AXIS_VERTICAL_SCROLL,
-                                         wl_fixed_from_int(int(a) * 15));
         } else if (command == "key" && std::cin >> key >> b) {
             keyboard.press(key, b);
         }

@@ -87,7 +87,8 @@ class CardsTest(SessionCase):
     def test_click_and_digit_launch_entries(self):
         self.start_session()
         traces = [self.session.folder / f"launched{number}" for number in range(2)]
-        paths = [self.session.install(t.name, f'sh -c "env >{t}"') for t in traces]
+        command = 'sh -c "echo loud; echo loud >&2; env >{}"'  # on outputs of its own
+        paths = [self.session.install(t.name, command.format(t)) for t in traces]
         self.session.store(shelfLibrary=entries(*paths))
         self.run_program()
         self.hover()

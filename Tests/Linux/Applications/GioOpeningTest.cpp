@@ -78,18 +78,6 @@ private Q_SLOTS:
         QTRY_COMPARE(m_errors, QStringList(4, QString()));
     }
 
-    void childOutputIsNotInherited() {
-        const QString program = m_data.filePath(QStringLiteral("bin/loud"));
-        writeProgram(program, "readlink /proc/$$/fd/1 /proc/$$/fd/2 > '" + m_mark.toUtf8() + "'\n");
-        installApplication(QStringLiteral("loud"), "Exec=loud");
-        GioApplications applications;
-        applications.open(desktopEntryPath(QStringLiteral("loud")));
-        QTRY_VERIFY(!mark().isEmpty());
-        const QString own =
-            QFile::symLinkTarget(QStringLiteral("/proc/self/fd/1")).section(u'/', -1);
-        QVERIFY2(own == QStringLiteral("null") || !mark().contains(own), qPrintable(mark()));
-    }
-
     void systemTerminalEmulatorIsUsed() {
         const QByteArray path = qgetenv("PATH");
         const auto reset = qScopeGuard([&] { qputenv("PATH", path); });

@@ -26,10 +26,6 @@ public:
         m_process.start(u"wl-copy"_s, {u"--foreground"_s, u"--type"_s, type});
         m_process.waitForStarted();
     }
-    ~Copier() {
-        m_process.kill();
-        m_process.waitForFinished();
-    }
 
     void signal(int number) {
         if (m_process.processId() > 0)

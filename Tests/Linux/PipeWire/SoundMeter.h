@@ -25,11 +25,6 @@ public:
             qWarning("%s cannot be heard", qPrintable(output));
         }
     }
-    ~SoundMeter() {
-        m_recorder.kill();
-        m_recorder.waitForFinished();
-    }
-    Q_DISABLE_COPY_MOVE(SoundMeter)
 
     /// Waits, running the event loop, until the peak over 120 ms is `wanted` within 1 %.
     [[nodiscard]] bool comesTo(float wanted, int timeout = 4000) {
