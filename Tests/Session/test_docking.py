@@ -27,9 +27,10 @@ class DockingTest(SessionCase):
         self.start(kept | {"openOnHover": False})
         self.screen.key(*SEARCH)
         self.window(WORKSPACE)
-        self.screen.move_to(*self.on_pill())
+        pill = self.on_pill()
+        self.screen.move_to(*pill)
         self.screen.key("Escape")  # closing the window does not end the drag
-        self.screen.drag(self.on_pill(), (4, 500))
+        self.screen.drag(pill, (4, 500))
         self.screen.move_to(*AWAY)
         self.expect_frame((0, 441, 34, 120), "the strip at the left edge")
         self.expect_stored(shelfEdge="left", **kept)
