@@ -199,7 +199,7 @@ void WaylandPanelHost::takeKeyboard() {
 }
 
 bool WaylandPanelHost::lacksKeyboard() const {
-    return m_holdsKeyboard && !m_isMenuOpen && !hasKeyboard();
+    return m_holdsKeyboard && !hasKeyboard();
 }
 
 /// Compositors leave the keyboard to the panel when another window is pressed.
@@ -322,7 +322,13 @@ bool WaylandPanelHost::eventFilter(QObject *watched, QEvent *event) {
     case QEvent::FocusOut:
         // At once: sway 1.7 returns it when the screen is locked.
         if (lacksKeyboard()) {
-            QMetaObject::invokeMethod(this, &WaylandPanelHost::loseKeyboard, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                this,
+                [this] {
+                    Q_EMIT pressedBesideMenu();
+                    loseKeyboard();
+                },
+                Qt::QueuedConnection);
         }
         break;
     case QEvent::Leave:

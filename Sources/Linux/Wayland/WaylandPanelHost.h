@@ -56,7 +56,7 @@ public:
 
 Q_SIGNALS:
     void pointerMoved();
-    /// While the panel has the keyboard and a menu is open.
+    /// While the panel has the keyboard and a menu is open. Also when it loses the keyboard.
     void pressedBesideMenu();
 
 protected:
@@ -92,7 +92,7 @@ private:
     bool m_isMenuOpen = false;
     bool m_menuTookKeyboard = false;
     bool m_holdsKeyboard = false;
-    bool m_heldKeyboard = false;                           ///< its present surface, at any time
+    bool m_heldKeyboard = false; ///< its present surface, at any time
     QTimer m_askAgain;
     QTimer m_grant;
     QRegion m_shape;                                       ///< in the panel's points
