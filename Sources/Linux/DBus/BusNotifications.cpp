@@ -36,6 +36,12 @@ BusNotifications::BusNotifications(std::shared_ptr<SessionBus> bus)
     : m_bus(std::move(bus)) {
     connect(m_bus.get(), &SessionBus::connected, this, &BusNotifications::follow);
     connect(m_bus.get(), &SessionBus::lost, this, [this] { m_entries.clear(); });
+    m_owner.addWatchedService(notificationInterface); // named like its interface
+    connect(&m_owner, &QDBusServiceWatcher::serviceOwnerChanged, this, [this] {
+        for (auto &[tag, entry] : m_entries) {
+            entry.id = 0; // means another notification to the next server
+        }
+    });
     follow();
 }
 
@@ -46,6 +52,7 @@ void BusNotifications::follow() {
                 this, SLOT(onActionInvoked(uint, QString)));
     bus.connect(QString(), notificationPath, notificationInterface,
                 QStringLiteral("NotificationClosed"), this, SLOT(onClosed(uint, uint)));
+    m_owner.setConnection(bus);
 }
 
 void BusNotifications::show(const Notification &notification) {
@@ -82,10 +89,6 @@ void BusNotifications::update(const QString &tag) {
             return;
         }
         asked.isOutdated = false; // the latest content is sent now
-        if (reply.service() != asked.server) {
-            asked.server = reply.service();
-            asked.id = 0; // of another server
-        }
         send(tag, asked, reply.arguments().value(0).toStringList());
     });
 }

@@ -3,6 +3,7 @@
 #include "Notifications.h"
 #include "SessionBus.h"
 
+#include <QDBusServiceWatcher>
 #include <QObject>
 #include <QStringList>
 
@@ -30,8 +31,7 @@ private Q_SLOTS:
 private:
     struct Entry {
         Notification notification;
-        uint id = 0;    ///< at the server; 0 if not shown
-        QString server; ///< its unique name
+        uint id = 0; ///< at the server; 0 if not shown
         bool isClosed = false;
         bool isSending = false;
         bool isOutdated = false; ///< changed while being sent
@@ -47,6 +47,7 @@ private:
     void call(const QString &tag, const QDBusMessage &message, const Answer &answer);
 
     std::shared_ptr<SessionBus> m_bus;
+    QDBusServiceWatcher m_owner;
     Entries m_entries;
 };
 
