@@ -87,8 +87,12 @@ void WaylandPanelHost::place(const ScreenRect &frame, const QMarginsF &margins) 
     const QRect geometry = geometryOf(frame, margins);
     drop();
     if (geometry != m_geometry || m_role->screen() == nullptr) {
+        const QRect before = m_geometry;
+        const bool isResized =
+            geometry.size() != before.size() && m_role->screen() == screenAt(geometry);
         m_geometry = geometry;
         put();
+        m_before = isResized ? before : QRect();
     }
 }
 
@@ -98,6 +102,7 @@ void WaylandPanelHost::put() {
         return; // until a display is attached
     }
     m_placed.start();
+    m_before = QRect();
     m_role->place(*screen, m_geometry.translated(-screen->geometry().topLeft()), m_origin);
     m_panel->setVisible(m_isShown);
 }
@@ -296,9 +301,7 @@ ScreenPoint WaylandPanelHost::toScreen(QPointF point) const {
 bool WaylandPanelHost::eventFilter(QObject *watched, QEvent *event) {
     switch (event->type()) {
     case QEvent::Enter:
-        if (!m_placed.isValid() || m_placed.hasExpired(entryMilliseconds)) {
-            setPointer(static_cast<QEnterEvent *>(event)->position());
-        }
+        enter(static_cast<QEnterEvent *>(event)->position());
         break;
     case QEvent::MouseButtonRelease:
         m_isPressed = false;
@@ -343,6 +346,13 @@ bool WaylandPanelHost::eventFilter(QObject *watched, QEvent *event) {
         break;
     }
     return PanelHost::eventFilter(watched, event);
+}
+
+void WaylandPanelHost::enter(QPointF inPanel) {
+    const bool mayRest = m_placed.isValid() && !m_placed.hasExpired(entryMilliseconds);
+    if (!mayRest || m_before.contains((m_geometry.topLeft() + inPanel).toPoint())) {
+        setPointer(inPanel);
+    }
 }
 
 void WaylandPanelHost::setPointer(std::optional<QPointF> inPanel) {

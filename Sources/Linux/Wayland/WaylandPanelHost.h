@@ -67,6 +67,7 @@ private:
     void drop();
     void takePicture();
     void putAgain();
+    void enter(QPointF inPanel);
     void setPointer(std::optional<QPointF> inPanel);
     void catchPresses();
     void catchPresses(PressCatcher::Place place, QScreen &screen, QSize size, const QRegion &free);
@@ -86,6 +87,7 @@ private:
     std::unique_ptr<DragGhost> m_ghost; ///< while the pointer holds the panel
     QSharedPointer<QQuickItemGrabResult> m_picture;
     QElapsedTimer m_placed;
+    QRect m_before; ///< in Qt's points, if the panel was only resized since
     std::optional<ScreenPoint> m_pointer;
     bool m_isDraggedOver = false;
     bool m_isPressed = false;
