@@ -92,7 +92,7 @@ void WaylandPanelHost::place(const ScreenRect &frame, const QMarginsF &margins) 
             geometry.size() != before.size() && m_role->screen() == screenAt(geometry);
         m_geometry = geometry;
         put();
-        m_before = isResized ? before : QRect();
+        m_before = isResized && !m_pointer ? before : QRect();
     }
 }
 

@@ -87,7 +87,8 @@ private:
     std::unique_ptr<DragGhost> m_ghost; ///< while the pointer holds the panel
     QSharedPointer<QQuickItemGrabResult> m_picture;
     QElapsedTimer m_placed;
-    QRect m_before; ///< in Qt's points, if the panel was only resized since
+    QRect m_before; ///< in Qt's points, where the panel was, if it was only resized since, and
+                    ///< without the pointer
     std::optional<ScreenPoint> m_pointer;
     bool m_isDraggedOver = false;
     bool m_isPressed = false;
