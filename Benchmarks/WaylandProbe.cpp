@@ -154,7 +154,7 @@ private:
 std::pair<int64_t, int64_t> watch(const Rect &rect) {
     auto next = std::make_unique<Picture>(rect, Picture::When::Drawn);
     const std::string before = Picture(rect, Picture::When::AtOnce).pixels();
-    if (next->isReady()) { // it shows what was drawn earlier
+    if (next->isReady()) { // it shows an earlier frame
         next = std::make_unique<Picture>(rect, Picture::When::Drawn);
     }
     wl_display_roundtrip(display);

@@ -5,7 +5,6 @@ Compare figures of one run only: they come from the same machine under the same 
  Usage: benchmark.py PROGRAM [--rounds N] [--seconds N]
 """
 
-import argparse
 import shutil
 import statistics
 import subprocess
@@ -15,7 +14,7 @@ from pathlib import Path
 from Xlib import X, XK
 from Xlib.ext import xtest
 
-from measuring import AWAY, HEIGHT, WIDTH, high, measured_session, watch
+from measuring import AWAY, HEIGHT, WIDTH, command_line, high, measured_session, watch
 from painting import Painting
 from perchly_session.waiting import wait_until
 from processes import cost_of_a_minute, proportional_megabytes
@@ -27,11 +26,7 @@ TOGGLE = ("Control_L", "Alt_L", "space")
 
 
 def main():
-    arguments = argparse.ArgumentParser(description=__doc__)
-    arguments.add_argument("program")
-    arguments.add_argument("--rounds", type=int, default=100)
-    arguments.add_argument("--seconds", type=float, default=60)
-    options = arguments.parse_args()
+    options = command_line(__doc__, "program", rounds=100, seconds=60)
     program = Path(options.program).resolve()
 
     times = []

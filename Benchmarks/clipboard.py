@@ -7,7 +7,6 @@ figures of one run only.
 Usage: clipboard.py WATCHER [--rounds N] [--seconds N], WATCHER being build/Benchmarks/PasteboardWatcher.
 """
 
-import argparse
 import statistics
 import subprocess
 import sys
@@ -20,7 +19,7 @@ from Xlib.protocol import event
 ROOT = Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(ROOT / "Tests" / "Session"))
 
-from measuring import high  # noqa: E402
+from measuring import command_line, high  # noqa: E402
 from perchly_session.session import Session  # noqa: E402
 from processes import cost_of_a_minute, proportional_megabytes  # noqa: E402
 
@@ -111,11 +110,7 @@ def measure(name, command, options):
 
 
 def main():
-    parser = argparse.ArgumentParser(description=__doc__)
-    parser.add_argument("watcher")
-    parser.add_argument("--rounds", type=int, default=200)
-    parser.add_argument("--seconds", type=int, default=20)
-    options = parser.parse_args()
+    options = command_line(__doc__, "watcher", rounds=200, seconds=20)
     print(
         f"{'':<12}{'median':>8}{'p99':>8}{'missed':>8}{'CPU s/min':>10}{'woken/s':>10}{'MB':>8}"
     )

@@ -1,5 +1,6 @@
 """Shared by the benchmarks: a session to measure in, and statistics of samples."""
 
+import argparse
 from contextlib import contextmanager
 from pathlib import Path
 import sys
@@ -11,6 +12,15 @@ from perchly_session.session import Session  # noqa: E402
 
 SIZE = WIDTH, HEIGHT = 1280, 800
 AWAY = (200, 600)
+
+
+def command_line(description, subject, rounds, seconds):
+    """Parses SUBJECT [--rounds N] [--seconds N]."""
+    parser = argparse.ArgumentParser(description=description)
+    parser.add_argument(subject)
+    parser.add_argument("--rounds", type=int, default=rounds)
+    parser.add_argument("--seconds", type=float, default=seconds)
+    return parser.parse_args()
 
 
 @contextmanager

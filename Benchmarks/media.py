@@ -6,7 +6,6 @@ program follows that player in its own X session.
 Usage: media.py PROGRAM [--rounds N] [--seconds N], with the companion beside the program.
 """
 
-import argparse
 import os
 import statistics
 import subprocess
@@ -18,7 +17,7 @@ from pathlib import Path
 
 from gi.repository import Gio, GLib
 
-from measuring import high, measured_session
+from measuring import command_line, high, measured_session
 from processes import cpu_seconds
 
 ROOT = Path(__file__).resolve().parent.parent
@@ -163,11 +162,7 @@ def measure_program(program, seconds):
 
 
 def main():
-    arguments = argparse.ArgumentParser(description=__doc__)
-    arguments.add_argument("program")
-    arguments.add_argument("--rounds", type=int, default=300)
-    arguments.add_argument("--seconds", type=float, default=60)
-    options = arguments.parse_args()
+    options = command_line(__doc__, "program", rounds=300, seconds=60)
     if INSIDE not in os.environ:
         os.environ[INSIDE] = "1"
         os.execv(WRAPPER, [str(WRAPPER), sys.executable, *sys.argv])

@@ -5,7 +5,6 @@ Compare figures of one run only: they come from the same machine under the same 
 Usage: wayland.py PROGRAM [--rounds N] [--seconds N], PROGRAM being in a build tree with WaylandProbe.
 """
 
-import argparse
 import os
 import re
 import shutil
@@ -17,7 +16,7 @@ from pathlib import Path
 
 from benchmark import by_pointer, one_start
 from clipboard import Owner
-from measuring import AWAY, SIZE, high, measured_session
+from measuring import AWAY, SIZE, command_line, high, measured_session
 from processes import cost_of_a_minute, proportional_megabytes
 
 REFRESH_RATE = 1000  # so that the display's cycle adds at most 1 ms
@@ -110,11 +109,7 @@ class Cost:
 
 
 def main():
-    arguments = argparse.ArgumentParser(description=__doc__)
-    arguments.add_argument("program")
-    arguments.add_argument("--rounds", type=int, default=100)
-    arguments.add_argument("--seconds", type=float, default=20)
-    options = arguments.parse_args()
+    options = command_line(__doc__, "program", rounds=100, seconds=20)
     program = Path(options.program).resolve()
     build = program.parents[3]
     os.environ["PERCHLY_WAYLAND_HANDS"] = str(build / "Tests/Session/wayland_hands")

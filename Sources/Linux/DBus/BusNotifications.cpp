@@ -39,7 +39,7 @@ BusNotifications::BusNotifications(std::shared_ptr<SessionBus> bus)
     m_owner.addWatchedService(notificationInterface); // named like its interface
     connect(&m_owner, &QDBusServiceWatcher::serviceOwnerChanged, this, [this] {
         for (auto &[tag, entry] : m_entries) {
-            entry.id = 0; // means another notification to the next server
+            entry.id = 0; // the next server uses it for another notification
         }
     });
     follow();

@@ -87,15 +87,15 @@ private:
     std::unique_ptr<DragGhost> m_ghost; ///< while the pointer holds the panel
     QSharedPointer<QQuickItemGrabResult> m_picture;
     QElapsedTimer m_placed;
-    QRect m_before; ///< in Qt's points, where the panel was, if it was only resized since, and
-                    ///< without the pointer
+    QRect
+        m_before; ///< in Qt's points, before the panel was resized without the pointer; else empty
     std::optional<ScreenPoint> m_pointer;
     bool m_isDraggedOver = false;
     bool m_isPressed = false;
     bool m_isMenuOpen = false;
     bool m_menuTookKeyboard = false;
     bool m_holdsKeyboard = false;
-    bool m_heldKeyboard = false; ///< its present surface, at any time
+    bool m_heldKeyboard = false; ///< since its surface was made
     QTimer m_askAgain;
     QTimer m_grant;
     QRegion m_shape;                                       ///< in the panel's points
