@@ -34,6 +34,7 @@ private Q_SLOTS:
         QTest::qWait(50);
         told = 0;
         monitor.watch(PointerMonitor::Watch::Releases);
+        QVERIFY(!monitor.isButtonHeld()); // waits until the server reports releases
         m_client.pressButton();
         m_client.releaseButton();
         QTRY_COMPARE(told, 1);
